@@ -1,0 +1,38 @@
+# One target per folder. A room sees exactly the rooms it links: its headers are reached through a
+# folder of links in the build tree that holds this room alone, so `#include "model/…"` compiles only
+# in a target that links `model`.
+
+function(orvane_room NAME)
+    cmake_parse_arguments(ROOM "" "FOLDER" "LINKS;PRIVATE_LINKS" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ROOM_FOLDER}/*.cpp ${ROOM_FOLDER}/*.h)
+    add_library(${NAME} STATIC ${sources})
+    set(view ${CMAKE_BINARY_DIR}/rooms/${NAME})
+    file(MAKE_DIRECTORY ${view})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER} ${view}/${NAME} SYMBOLIC)
+    target_include_directories(${NAME} PUBLIC ${view})
+    target_link_libraries(${NAME} PUBLIC ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS} orvane_options)
+endfunction()
+
+# A program of test classes. Every `*_test.cpp` below FOLDERS holds one class of its own name, which
+# becomes one test of ctest.
+function(orvane_test_program NAME)
+    cmake_parse_arguments(PROGRAM "DBUS" "" "FOLDERS;LINKS" ${ARGN})
+    set(sources)
+    foreach(folder IN LISTS PROGRAM_FOLDERS)
+        file(GLOB_RECURSE found CONFIGURE_DEPENDS ${folder}/*.cpp)
+        list(APPEND sources ${found})
+    endforeach()
+    add_executable(${NAME} ${sources})
+    target_link_libraries(${NAME} PRIVATE ${PROGRAM_LINKS} test_support orvane_options)
+    set(runner)
+    if(PROGRAM_DBUS)
+        set(runner dbus-run-session --)
+    endif()
+    foreach(source IN LISTS sources)
+        get_filename_component(test ${source} NAME_WE)
+        if(test MATCHES "_test$")
+            add_test(NAME ${test} COMMAND ${runner} $<TARGET_FILE:${NAME}> ${test})
+            set_tests_properties(${test} PROPERTIES TIMEOUT 300)
+        endif()
+    endforeach()
+endfunction()
