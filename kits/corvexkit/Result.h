@@ -18,7 +18,12 @@ struct Error {
 template <class T>
 class [[nodiscard]] Result {
 public:
-    Result(T value) : state_{std::in_place_index<0>, std::move(value)} {}
+    /// From a value, or from whatever converts to one by itself.
+    template <class U = T>
+    requires(std::convertible_to<U, T> && !std::same_as<std::remove_cvref_t<U>, Result>) Result(U &&value)
+        : state_{std::in_place_index<0>, std::forward<U>(value)}
+    {
+    }
     Result(Error error) : state_{std::in_place_index<1>, std::move(error)} {}
 
     explicit operator bool() const { return state_.index() == 0; }
