@@ -19,9 +19,8 @@ template <class T>
 class [[nodiscard]] Result {
 public:
     /// From a value, or from whatever converts to one by itself.
-    template <class U = T>
-    requires(std::convertible_to<U, T> && !std::same_as<std::remove_cvref_t<U>, Result>) Result(U &&value)
-        : state_{std::in_place_index<0>, std::forward<U>(value)}
+    template <std::convertible_to<T> U = T>
+    Result(U &&value) : state_{std::in_place_index<0>, std::forward<U>(value)}
     {
     }
     Result(Error error) : state_{std::in_place_index<1>, std::move(error)} {}

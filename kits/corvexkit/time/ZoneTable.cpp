@@ -1,0 +1,101 @@
+#include "corvexkit/time/ZoneTable.h"
+
+#include "corvexkit/time/ZoneFile.h"
+
+#include <algorithm>
+#include <limits>
+
+using namespace std::chrono;
+
+namespace {
+
+// After 400 years of the Gregorian calendar, dates fall on the same weekdays again.
+constexpr int cycleYears = 400;
+constexpr std::int64_t cycleSeconds = seconds{days{146'097}}.count();
+
+std::vector<ZoneTransition> continued(std::vector<ZoneTransition> transitions, const ZoneRule &rule)
+{
+    constexpr year firstYear{1900};
+    const sys_seconds last = transitions.empty() ? sys_seconds::min() : transitions.back().at;
+    const year from = transitions.empty() ? firstYear : year_month_day{floor<days>(last)}.year();
+    std::vector<ZoneTransition> ruled;
+    rule.appendTransitions(from, cycleYears + 3, ruled);
+    // Some rules touch the turn of the year, where the end of one summer meets the start of the next.
+    std::ranges::stable_sort(ruled, {}, &ZoneTransition::at);
+    std::ranges::copy_if(ruled, std::back_inserter(transitions),
+                         [last](const auto &t) { return t.at > last; });
+    return transitions;
+}
+
+} // namespace
+
+ZoneTable::ZoneTable(QString identifier, seconds offset)
+    : ZoneTable{std::move(identifier), offset, {}, std::nullopt}
+{
+}
+
+ZoneTable::ZoneTable(QString identifier, seconds firstOffset, std::vector<ZoneTransition> transitions,
+                     const std::optional<ZoneRule> &rule)
+    : identifier_{std::move(identifier)}
+    , offsets_{std::int32_t(firstOffset.count())}
+    , repeatsAfter_{std::numeric_limits<std::int64_t>::max()}
+{
+    const bool goesOn = rule && rule->hasSummerTime();
+    if (goesOn) transitions = continued(std::move(transitions), *rule);
+    for (std::size_t i = 0; i < transitions.size(); ++i) {
+        const bool replacedAtOnce = i + 1 < transitions.size() && transitions[i + 1].at == transitions[i].at;
+        if (!replacedAtOnce) append(transitions[i]);
+    }
+    constexpr std::int64_t margin = seconds{days{2}}.count(); // more than any offset
+    if (goesOn && !starts_.empty()) repeatsAfter_ = starts_.back() - margin;
+}
+
+void ZoneTable::append(const ZoneTransition &transition)
+{
+    const auto offset = std::int32_t(transition.offset.count());
+    if (offset == offsets_.back()) return; // another name for the same time
+    const std::int64_t start = transition.at.time_since_epoch().count();
+    starts_.push_back(start);
+    localStarts_.push_back(start + std::min(offset, offsets_.back()));
+    offsets_.push_back(offset);
+}
+
+std::unique_ptr<ZoneTable> ZoneTable::fromFile(QString identifier, std::string_view bytes)
+{
+    std::optional<ZoneFile> file = ZoneFile::parse(bytes);
+    if (!file) return nullptr;
+    return std::make_unique<ZoneTable>(std::move(identifier), file->firstOffset, std::move(file->transitions),
+                                       ZoneRule::parse(file->rule));
+}
+
+std::int64_t ZoneTable::withinTable(std::int64_t second) const
+{
+    if (second <= repeatsAfter_) return second;
+    const std::int64_t cycles = (second - repeatsAfter_ + cycleSeconds - 1) / cycleSeconds;
+    return second - cycles * cycleSeconds;
+}
+
+seconds ZoneTable::offsetAt(Instant instant) const
+{
+    const std::int64_t second = withinTable(floor<seconds>(instant.time_since_epoch()).count());
+    return seconds{offsets_[std::size_t(std::ranges::upper_bound(starts_, second) - starts_.begin())]};
+}
+
+CXTimeZone::Resolution ZoneTable::resolve(LocalTime local) const
+{
+    using Kind = CXTimeZone::Resolution::Kind;
+    const std::int64_t given = floor<seconds>(local.time_since_epoch()).count();
+    const std::int64_t second = withinTable(given);
+    const auto passed = std::size_t(std::ranges::upper_bound(localStarts_, second) - localStarts_.begin());
+    const seconds offset{offsets_[passed]};
+    const auto read = [local](seconds with) { return Instant{local.time_since_epoch() - with}; };
+    if (passed > 0) {
+        const seconds earlier{offsets_[passed - 1]};
+        const std::int64_t start = starts_[passed - 1];
+        if (second < start + std::max(offset, earlier).count()) {
+            const Instant transition{seconds{start + (given - second)}};
+            return {offset > earlier ? Kind::Gap : Kind::Fold, read(earlier), read(offset), transition};
+        }
+    }
+    return {Kind::Unique, read(offset), read(offset), std::nullopt};
+}
