@@ -1,0 +1,129 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+// The values of the product's named constants that are ours to choose. They are stored, so they never
+// change; everything else compares by name.
+
+/// The stored text of an enumeration whose values are text constants.
+template <class Enum> using TextValues = std::pair<Enum, QLatin1StringView>;
+template <class Enum> inline constexpr auto textValues = nullptr;
+
+template <class Enum>
+concept TextConstant = !std::is_same_v<std::remove_cv_t<decltype(textValues<Enum>)>, std::nullptr_t>;
+
+template <TextConstant Enum> QLatin1StringView textOf(Enum value)
+{
+    for (const auto &[each, text] : textValues<Enum>)
+        if (each == value) return text;
+    return textValues<Enum>[0].second;
+}
+
+template <TextConstant Enum> std::optional<Enum> valueOf(QStringView text)
+{
+    for (const auto &[each, name] : textValues<Enum>)
+        if (name == text) return each;
+    return std::nullopt;
+}
+
+enum KWTaskKind { KWTaskKindText, KWTaskKindChecklist, KWTaskKindNote };
+template <>
+inline constexpr auto textValues<KWTaskKind> = std::to_array<TextValues<KWTaskKind>>({
+    {KWTaskKindText, QLatin1StringView{"TEXT"}},
+    {KWTaskKindChecklist, QLatin1StringView{"CHECKLIST"}},
+    {KWTaskKindNote, QLatin1StringView{"NOTE"}},
+});
+
+enum KWTaskStatus : std::int16_t { KWTaskStatusOpen = 0, KWTaskStatusCompleted = 2, KWTaskStatusAbandoned = -1 };
+
+/// 0 none, 1 low, 3 medium, 5 high.
+using KWTaskPriority = std::int16_t;
+inline constexpr KWTaskPriority KWTaskPriorityNone = 0;
+inline constexpr KWTaskPriority KWTaskPriorityLow = 1;
+inline constexpr KWTaskPriority KWTaskPriorityMedium = 3;
+inline constexpr KWTaskPriority KWTaskPriorityHigh = 5;
+
+/// The four priorities, highest first.
+inline constexpr std::array<KWTaskPriority, 4> KWTaskPriorities{KWTaskPriorityHigh, KWTaskPriorityMedium,
+                                                                KWTaskPriorityLow, KWTaskPriorityNone};
+
+inline constexpr std::int64_t KWTaskAssignedToNobody = -1;
+
+enum CXRecurrenceFrom { CXRecurrenceFromDefault, CXRecurrenceFromDueDate, CXRecurrenceFromCompletionDate };
+template <>
+inline constexpr auto textValues<CXRecurrenceFrom> = std::to_array<TextValues<CXRecurrenceFrom>>({
+    {CXRecurrenceFromDefault, QLatin1StringView{"DEFAULT"}},
+    {CXRecurrenceFromDueDate, QLatin1StringView{"DUE"}},
+    {CXRecurrenceFromCompletionDate, QLatin1StringView{"COMPLETION"}},
+});
+
+enum KWProjectKind { KWProjectKindTask, KWProjectKindNote };
+template <>
+inline constexpr auto textValues<KWProjectKind> = std::to_array<TextValues<KWProjectKind>>({
+    {KWProjectKindTask, QLatin1StringView{"TASK"}},
+    {KWProjectKindNote, QLatin1StringView{"NOTE"}},
+});
+
+enum KWProjectPermission { KWProjectPermissionWrite, KWProjectPermissionComment, KWProjectPermissionRead };
+template <>
+inline constexpr auto textValues<KWProjectPermission> = std::to_array<TextValues<KWProjectPermission>>({
+    {KWProjectPermissionWrite, QLatin1StringView{"WRITE"}},
+    {KWProjectPermissionComment, QLatin1StringView{"COMMENT"}},
+    {KWProjectPermissionRead, QLatin1StringView{"READ"}},
+});
+
+enum KWProjectViewMode { KWProjectViewModeList, KWProjectViewModeKanban };
+template <>
+inline constexpr auto textValues<KWProjectViewMode> = std::to_array<TextValues<KWProjectViewMode>>({
+    {KWProjectViewModeList, QLatin1StringView{"LIST"}},
+    {KWProjectViewModeKanban, QLatin1StringView{"KANBAN"}},
+});
+
+enum KWTaskSortType {
+    KWTaskSortTypeCustom,
+    KWTaskSortTypeDate,
+    KWTaskSortTypePriority,
+    KWTaskSortTypeTitle,
+    KWTaskSortTypeProject,
+    KWTaskSortTypeTag,
+    KWTaskSortTypeAssignee,
+    KWTaskSortTypeCreatedTime,
+    KWTaskSortTypeModifiedTime,
+    KWTaskSortTypeCompletionDate,
+    KWTaskSortTypePinnedDate,
+};
+template <>
+inline constexpr auto textValues<KWTaskSortType> = std::to_array<TextValues<KWTaskSortType>>({
+    {KWTaskSortTypeCustom, QLatin1StringView{"custom"}},
+    {KWTaskSortTypeDate, QLatin1StringView{"date"}},
+    {KWTaskSortTypePriority, QLatin1StringView{"priority"}},
+    {KWTaskSortTypeTitle, QLatin1StringView{"title"}},
+    {KWTaskSortTypeProject, QLatin1StringView{"project"}},
+    {KWTaskSortTypeTag, QLatin1StringView{"tag"}},
+    {KWTaskSortTypeAssignee, QLatin1StringView{"assignee"}},
+    {KWTaskSortTypeCreatedTime, QLatin1StringView{"createdTime"}},
+    {KWTaskSortTypeModifiedTime, QLatin1StringView{"modifiedTime"}},
+    {KWTaskSortTypeCompletionDate, QLatin1StringView{"completionDate"}},
+    {KWTaskSortTypePinnedDate, QLatin1StringView{"pinnedDate"}},
+});
+
+/// `KWProject::groupID` of a list in no folder.
+inline const QString KWProjectGroupIDUngrouped = QStringLiteral("none");
+
+/// Manual positions: 2^40 apart, so that 40 halvings fit between two neighbours.
+inline constexpr std::int64_t KWSortOrderMin = -(std::int64_t{1} << 62);
+inline constexpr std::int64_t KWSortOrderMax = std::int64_t{1} << 62;
+inline constexpr std::int64_t KWSortOrderStep = std::int64_t{1} << 40;
+
+/// Where a record stands with the service. The numbers are stored.
+enum KWSyncStatus : std::int16_t {
+    KWSyncStatusDone = 0,    ///< as last pulled or pushed
+    KWSyncStatusCreated = 1, ///< made here, not pushed yet
+    KWSyncStatusUpdated = 2, ///< changed here, not pushed yet
+    KWSyncStatusDeleted = 3, ///< deleted here, stays until pushed
+};

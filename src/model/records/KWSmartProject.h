@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QString>
+
+#include <span>
+
+/// A built-in list. There is one instance per kind; `all()` to `summary()` stand in this order in the
+/// smart-list settings, followed by the visibility entries of the Tags and Filters sections.
+class KWSmartProject {
+public:
+    static const KWSmartProject &all();
+    static const KWSmartProject &today();
+    static const KWSmartProject &tomorrow();
+    static const KWSmartProject &next7days();
+    static const KWSmartProject &assignedToMe();
+    static const KWSmartProject &completed();
+    static const KWSmartProject &abandoned();
+    static const KWSmartProject &trash();
+    static const KWSmartProject &summary();
+    static const KWSmartProject &tag();
+    static const KWSmartProject &filter();
+    /// The inbox is a real list that is treated as special.
+    static const KWSmartProject &inbox();
+    /// Headers of sidebar sections.
+    static const KWSmartProject &project();
+    static const KWSmartProject &subcal();
+
+    /// Every instance that has a visibility setting, in the order of the settings.
+    static std::span<const KWSmartProject *const> configurable();
+    /// The instance with that identifier, or none.
+    static const KWSmartProject *withIdentifier(const QString &identifier);
+
+    static bool isSmartProjectID(const QString &identifier) { return withIdentifier(identifier) != nullptr; }
+    static bool isCompletedSmartProjectID(const QString &identifier);
+    /// Whether the content of the list depends on the current date.
+    static bool isDateSensetiveSmartProjectID(const QString &identifier);
+
+    const QString &identifier() const { return m_identifier; }
+    QString displayName() const;
+
+    bool isAll() const { return this == &all(); }
+    bool isToday() const { return this == &today(); }
+    bool isTomorrow() const { return this == &tomorrow(); }
+    bool isNext7Days() const { return this == &next7days(); }
+    bool isAssigneedToMe() const { return this == &assignedToMe(); }
+    bool isCompleted() const { return this == &completed(); }
+    bool isAbandoned() const { return this == &abandoned(); }
+    bool isTrash() const { return this == &trash(); }
+    bool isSummary() const { return this == &summary(); }
+    bool isInbox() const { return this == &inbox(); }
+
+    KWSmartProject(const KWSmartProject &) = delete;
+    KWSmartProject &operator=(const KWSmartProject &) = delete;
+
+private:
+    KWSmartProject(QString identifier, const char *nameKey);
+
+    QString m_identifier;
+    const char *m_nameKey;
+};

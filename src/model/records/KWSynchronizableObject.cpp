@@ -1,0 +1,22 @@
+#include "model/records/KWSynchronizableObject.h"
+
+void KWSynchronizableObject::mark(Change change)
+{
+    KWSynchronizableFields &fields = editSynchronizable();
+    fields.pendingChanges |= std::uint8_t(change);
+    if (fields.syncStatus == KWSyncStatusDone) fields.syncStatus = KWSyncStatusUpdated;
+}
+
+void KWSynchronizableObject::markDelete()
+{
+    KWSynchronizableFields &fields = editSynchronizable();
+    fields.isDeleted = true;
+    fields.syncStatus = KWSyncStatusDeleted;
+}
+
+void KWSynchronizableObject::markDone()
+{
+    KWSynchronizableFields &fields = editSynchronizable();
+    fields.pendingChanges = std::uint8_t(Change::None);
+    fields.syncStatus = KWSyncStatusDone;
+}

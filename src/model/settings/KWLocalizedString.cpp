@@ -1,0 +1,31 @@
+#include "model/settings/KWLocalizedString.h"
+
+#include <QCoreApplication>
+
+#include <string_view>
+#include <utility>
+
+namespace {
+
+// Keys that are not themselves the English text.
+constexpr std::pair<std::string_view, const char *> englishTexts[] = {
+    {"priority_High", "High"},
+    {"priority_Medium", "Medium"},
+    {"priority_Low", "Low"},
+    {"priority_None", "None"},
+    {"Crash Protection Title", "Orvane closed unexpectedly several times"},
+    {"Crash Protection Message",
+     "The last starts each ended within five seconds. Your tasks are safe in the data folder. "
+     "You can start normally, or quit and look at the log there first."},
+};
+
+} // namespace
+
+QString KWLocalizedString(const char *key)
+{
+    const QString translated = QCoreApplication::translate("Orvane", key);
+    if (translated != QLatin1StringView{key}) return translated;
+    for (const auto &[name, text] : englishTexts)
+        if (name == key) return QString::fromUtf8(text);
+    return translated;
+}

@@ -1,0 +1,77 @@
+#include "model/store/KWCoreDataManager.h"
+
+#include "model/store/Connection.h"
+
+#include <QMetaObject>
+#include <QThread>
+
+Result<std::unique_ptr<KWCoreDataManager>> KWCoreDataManager::make(Store &store, KWEventBus &bus)
+{
+    Result<std::unique_ptr<ObjectContext>> context = store.makeContext();
+    if (!context) return context.error();
+    return std::unique_ptr<KWCoreDataManager>{new KWCoreDataManager{store, bus, std::move(*context)}};
+}
+
+KWCoreDataManager::KWCoreDataManager(Store &store, KWEventBus &bus, std::unique_ptr<ObjectContext> mainContext)
+    : m_store(store)
+    , m_bus(bus)
+    , m_mainContext(std::move(mainContext))
+    , m_mainThread(std::make_unique<QObject>())
+{
+    m_threads.setMaxThreadCount(2);
+    m_mainContext->onSaved = [this](const StoreChange &change) { m_bus.post(change); };
+}
+
+KWCoreDataManager::~KWCoreDataManager()
+{
+    m_threads.clear();
+    m_threads.waitForDone();
+}
+
+void KWCoreDataManager::announceFromBackground(const StoreChange &change)
+{
+    const auto announce = [this, change] {
+        m_mainContext->refresh(change);
+        m_bus.post(change);
+    };
+    if (QThread::currentThread() == m_mainThread->thread())
+        announce();
+    else
+        QMetaObject::invokeMethod(m_mainThread.get(), announce, Qt::QueuedConnection);
+}
+
+Result<void> KWCoreDataService::sync_save(const Block &block)
+{
+    Result<Store::Loan> loan = m_manager.store().borrowConnection();
+    if (!loan) return loan.error();
+    ObjectContext context{loan->take(), m_manager.store().clock()};
+    context.onSaved = [this](const StoreChange &change) { m_manager.announceFromBackground(change); };
+
+    Result<void> done = block(context);
+    if (done) {
+        const Result<StoreChange> saved = context.save();
+        if (!saved) done = saved.error();
+    }
+    m_manager.store().giveBack(context.releaseConnection());
+    return done;
+}
+
+Result<void> KWCoreDataService::sync_perform(const Block &block)
+{
+    Result<Store::Loan> loan = m_manager.store().borrowConnection();
+    if (!loan) return loan.error();
+    ObjectContext context{loan->take(), m_manager.store().clock()};
+    const Result<void> done = block(context);
+    m_manager.store().giveBack(context.releaseConnection());
+    return done;
+}
+
+void KWCoreDataService::async_perform(Block block, std::function<void(Result<void>)> completion)
+{
+    KWCoreDataManager &manager = m_manager;
+    manager.threadPool().start([&manager, block = std::move(block), completion = std::move(completion)] {
+        const Result<void> done = KWCoreDataService{manager}.sync_perform(block);
+        QMetaObject::invokeMethod(
+            manager.m_mainThread.get(), [completion, done] { completion(done); }, Qt::QueuedConnection);
+    });
+}

@@ -1,0 +1,229 @@
+#include "model/store/ObjectContext.h"
+
+#include "corvexkit/log/CXLog.h"
+#include "model/records/KWChecklistItem.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWProjectGroup.h"
+#include "model/records/KWTag.h"
+#include "model/records/KWTask.h"
+#include "model/records/KWUser.h"
+#include "model/records/KWUserSettings.h"
+#include "model/store/Connection.h"
+#include "model/store/RecordMapper.h"
+#include "model/store/StoreFailure.h"
+
+#include <QRandomGenerator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr CXLogger storeLog{u"store"};
+
+} // namespace
+
+QString newRecordIdentifier(Instant now)
+{
+    const quint64 time = quint64(now.time_since_epoch().count()) & 0xffff'ffff'ffff;
+    const quint64 random = QRandomGenerator::global()->generate64() & 0xffff'ffff'ffff;
+    return u"%1%2"_s.arg(time, 12, 16, QChar(u'0')).arg(random, 12, 16, QChar(u'0'));
+}
+
+ObjectContext::ObjectContext(std::unique_ptr<Connection> connection, const CXClock &clock)
+    : m_connection(std::move(connection))
+    , m_clock(clock)
+{
+}
+
+ObjectContext::~ObjectContext() = default;
+
+KWBaseEntity &ObjectContext::adopt(std::shared_ptr<KWBaseEntity> record)
+{
+    record->m_context = this;
+    KWBaseEntity &adopted = *record;
+    mapOf(adopted.recordKind()).insert(adopted.sid(), std::move(record));
+    return adopted;
+}
+
+void ObjectContext::prepareForInsertion(KWSynchronizableFields &fields) const
+{
+    const Instant now = m_clock.now();
+    if (fields.sid.isEmpty()) fields.sid = newRecordIdentifier(now);
+    if (!fields.createdTime) fields.createdTime = now;
+    if (!fields.modifiedTime) fields.modifiedTime = now;
+}
+
+template <class Record> Record &ObjectContext::insert(typename Record::Model model)
+{
+    prepareForInsertion(model);
+    auto record = std::make_shared<Record>();
+    record->m_current = std::move(model);
+    Record &inserted = static_cast<Record &>(adopt(std::move(record)));
+    noteChanged(inserted);
+    return inserted;
+}
+
+template <class Record> Record &ObjectContext::managed(typename Record::Model model)
+{
+    if (const auto known = mapOf(Record::Model::recordKind).value(model.sid)) return static_cast<Record &>(*known);
+    auto record = std::make_shared<Record>();
+    record->m_state = KWBaseEntity::State::Stored;
+    record->m_current = std::move(model);
+    return static_cast<Record &>(adopt(std::move(record)));
+}
+
+template <class Record> Record *ObjectContext::find(const QString &sid)
+{
+    using Model = typename Record::Model;
+    if (const auto known = mapOf(Model::recordKind).value(sid))
+        return known->isRemoved() ? nullptr : static_cast<Record *>(known.get());
+    try {
+        std::optional<Model> model = RecordMapper<Model>::find(*m_connection, sid);
+        return model ? &managed<Record>(std::move(*model)) : nullptr;
+    } catch (const SQLite::Exception &exception) {
+        storeLog.error(storeFailure(exception).sentence);
+        return nullptr;
+    }
+}
+
+template <class Record> QList<typename Record::Model> ObjectContext::models(const SqlCondition &condition)
+{
+    try {
+        return RecordMapper<typename Record::Model>::select(*m_connection, condition);
+    } catch (const SQLite::Exception &exception) {
+        storeLog.error(storeFailure(exception).sentence);
+        return {};
+    }
+}
+
+template <class Record> QList<Record *> ObjectContext::fetch(const SqlCondition &condition)
+{
+    QList<Record *> records;
+    for (auto &model : models<Record>(condition)) {
+        Record &record = managed<Record>(std::move(model));
+        if (!record.isRemoved()) records.append(&record);
+    }
+    return records;
+}
+
+std::int64_t ObjectContext::number(const char *sql, const SqlValues &values)
+{
+    try {
+        return m_connection->number(sql, values);
+    } catch (const SQLite::Exception &exception) {
+        storeLog.error(storeFailure(exception).sentence);
+        return 0;
+    }
+}
+
+void ObjectContext::remove(KWBaseEntity &record)
+{
+    if (record.isInserted()) {
+        forget(record);
+        return;
+    }
+    record.m_state = KWBaseEntity::State::Removed;
+    noteChanged(record);
+}
+
+void ObjectContext::forget(KWBaseEntity &record)
+{
+    std::erase(m_changed, &record);
+    mapOf(record.recordKind()).remove(record.sid());
+}
+
+bool ObjectContext::hasChanges() const
+{
+    return std::any_of(m_changed.begin(), m_changed.end(), [](const KWBaseEntity *each) { return each->hasChanges(); });
+}
+
+void ObjectContext::stampModification()
+{
+    const Instant now = m_clock.now();
+    for (KWBaseEntity *each : m_changed)
+        if (!each->isInserted() && !each->isRemoved())
+            static_cast<KWSynchronizableObject *>(each)->editSynchronizable().modifiedTime = now;
+}
+
+void ObjectContext::writeAll(StoreChange &change)
+{
+    WriteTransaction transaction{*m_connection};
+    for (KWBaseEntity *each : m_changed) {
+        each->write(*m_connection);
+        StoreChange::Ids &ids = change.of(each->recordKind());
+        (each->isRemoved() ? ids.deleted : each->isInserted() ? ids.inserted : ids.updated).append(each->sid());
+    }
+    transaction.commit();
+}
+
+Result<StoreChange> ObjectContext::save()
+{
+    std::erase_if(m_changed, [](KWBaseEntity *each) {
+        const bool isUnchanged = !each->hasChanges();
+        if (isUnchanged) each->didSave();
+        return isUnchanged;
+    });
+    StoreChange change;
+    if (m_changed.empty()) return change;
+
+    stampModification();
+    try {
+        writeAll(change);
+    } catch (const SQLite::Exception &exception) {
+        storeLog.error(storeFailure(exception).sentence);
+        return storeFailure(exception);
+    }
+    for (KWBaseEntity *each : std::exchange(m_changed, {}))
+        if (each->isRemoved())
+            forget(*each);
+        else
+            each->didSave();
+    if (onSaved) onSaved(change);
+    return change;
+}
+
+void ObjectContext::reset()
+{
+    m_changed.clear();
+    for (IdentityMap &map : m_records) map.clear();
+}
+
+void ObjectContext::refresh(KWBaseEntity &record)
+{
+    if (record.isInserted()) return;
+    try {
+        if (!record.refresh(*m_connection)) forget(record);
+    } catch (const SQLite::Exception &exception) {
+        storeLog.error(storeFailure(exception).sentence);
+    }
+}
+
+void ObjectContext::refresh(const StoreChange &change)
+{
+    for (std::size_t kind = 0; kind < recordKindCount; ++kind) {
+        const StoreChange::Ids &ids = change.byKind[kind];
+        for (const QStringList *list : {&ids.updated, &ids.deleted})
+            for (const QString &sid : *list)
+                if (const auto known = m_records[kind].value(sid)) refresh(*known);
+    }
+}
+
+void ObjectContext::refreshAll()
+{
+    for (IdentityMap &map : m_records)
+        for (const auto &each : map.values()) refresh(*each);
+}
+
+#define MANAGED(Record)                                                                                      \
+    template Record &ObjectContext::insert<Record>(Record::Model);                                           \
+    template Record *ObjectContext::find<Record>(const QString &);                                           \
+    template QList<Record *> ObjectContext::fetch<Record>(const SqlCondition &);                             \
+    template QList<Record::Model> ObjectContext::models<Record>(const SqlCondition &);
+MANAGED(KWUser)
+MANAGED(KWUserSettings)
+MANAGED(KWProjectGroup)
+MANAGED(KWProject)
+MANAGED(KWTag)
+MANAGED(KWTask)
+MANAGED(KWChecklistItem)
+#undef MANAGED

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "corvexkit/time/CXClock.h"
+#include "model/records/KWBaseEntity.h"
+#include "model/store/SqlValue.h"
+#include "model/store/StoreChange.h"
+
+#include <QHash>
+#include <QList>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class Connection;
+
+/// A unit of work over one connection: it owns the records it has read or made, one object a record,
+/// and writes what changed in one transaction. A context and its records are used by one thread.
+class ObjectContext {
+public:
+    ObjectContext(std::unique_ptr<Connection> connection, const CXClock &clock);
+    ~ObjectContext();
+
+    /// A new record with the values of `model`; an empty `sid`, creation or modification time is filled.
+    template <class Record> Record &insert(typename Record::Model model);
+    /// The record with that id, or none (also when the store cannot be read, which is logged).
+    template <class Record> Record *find(const QString &sid);
+    /// The stored records that fit, deleted ones included unless the condition says otherwise. Records
+    /// changed here and not saved yet are found by their stored values and show their changed ones.
+    template <class Record> QList<Record *> fetch(const SqlCondition &condition);
+    /// The same as values, without managing them.
+    template <class Record> QList<typename Record::Model> models(const SqlCondition &condition);
+    /// The first column of the first row of a query, 0 when there is none or it fails.
+    std::int64_t number(const char *sql, const SqlValues &values = {});
+
+    /// Removes the record's row for good at the next save.
+    void remove(KWBaseEntity &record);
+
+    bool hasChanges() const;
+    /// Writes all changes durably, or none: on failure the store is as before, the changes are still
+    /// here and can be saved again or rolled back.
+    Result<StoreChange> save();
+    /// Drops all unsaved changes and forgets every record; pointers to records are invalid afterwards.
+    void reset();
+
+    /// Reads again what another context or process has written.
+    void refresh(const StoreChange &change);
+    void refreshAll();
+
+    Connection &connection() { return *m_connection; }
+    /// Ends the context: only dropping it is allowed afterwards.
+    std::unique_ptr<Connection> releaseConnection() { return std::move(m_connection); }
+    const CXClock &clock() const { return m_clock; }
+
+    /// Called after every successful save that changed something.
+    std::function<void(const StoreChange &)> onSaved;
+
+    void noteChanged(KWBaseEntity &record) { m_changed.push_back(&record); }
+
+private:
+    using IdentityMap = QHash<QString, std::shared_ptr<KWBaseEntity>>;
+
+    IdentityMap &mapOf(RecordKind kind) { return m_records[std::size_t(kind)]; }
+    KWBaseEntity &adopt(std::shared_ptr<KWBaseEntity> record);
+    template <class Record> Record &managed(typename Record::Model model);
+    void refresh(KWBaseEntity &record);
+    void prepareForInsertion(KWSynchronizableFields &fields) const;
+    void stampModification();
+    void writeAll(StoreChange &change);
+    void forget(KWBaseEntity &record);
+
+    std::unique_ptr<Connection> m_connection;
+    const CXClock &m_clock;
+    std::array<IdentityMap, recordKindCount> m_records;
+    std::vector<KWBaseEntity *> m_changed; // in the order of their first change
+};
+
+/// A new identifier: 24 hexadecimal digits, the time of `now` in front, so that ids made later sort
+/// later, then 48 random bits.
+QString newRecordIdentifier(Instant now);

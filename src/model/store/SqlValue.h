@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <initializer_list>
+#include <variant>
+#include <vector>
+
+/// A value bound to a placeholder of a query.
+using SqlValue = std::variant<std::int64_t, QString>;
+using SqlValues = std::vector<SqlValue>;
+
+/// Which records a context is asked for: what follows WHERE, and what fills its placeholders.
+struct SqlCondition {
+    const char *where = "1";
+    SqlValues values{};
+    const char *orderBy = nullptr;
+    std::int64_t limit = -1; ///< negative: all
+};

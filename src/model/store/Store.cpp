@@ -1,0 +1,189 @@
+#include "model/store/Store.h"
+
+#include "corvexkit/log/CXLog.h"
+#include "corvexkit/time/TimeText.h"
+#include "model/store/Connection.h"
+#include "model/store/Migrations.h"
+#include "model/store/StoreFailure.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <sqlite3.h>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr CXLogger storeFileLog{u"store"};
+
+// "ORVA", in the header of every store of ours (SQLite file format, section 1.3).
+constexpr quint32 applicationID = 0x4f525641;
+constexpr qint64 headerSize = 100;
+constexpr int userVersionOffset = 60;
+constexpr int applicationIDOffset = 68;
+
+QString sentenceFor(StoreProblem problem, const QString &path)
+{
+    const QString shown = QDir::toNativeSeparators(path);
+    switch (problem) {
+    case StoreProblem::CannotWrite:
+        return storeText("Orvane cannot write its data in “%1”.").arg(QFileInfo{shown}.path());
+    case StoreProblem::NewerVersion:
+        return storeText("“%1” was written by a newer version of Orvane; this version leaves it untouched.").arg(shown);
+    case StoreProblem::NotAStore:
+        return storeText("“%1” is not an Orvane store; it was left untouched.").arg(shown);
+    case StoreProblem::Damaged:
+        return storeText("The store “%1” is damaged; it was left untouched.").arg(shown);
+    }
+    return {};
+}
+
+Store::Opening failed(StoreProblem problem, const QString &path)
+{
+    Store::Opening opening{nullptr, problem, sentenceFor(problem, path)};
+    storeFileLog.error(opening.sentence);
+    return opening;
+}
+
+// Read from the bytes: opening the database for it could already change the file.
+std::optional<StoreProblem> problemInHeader(const QString &path)
+{
+    QFile file{path};
+    if (!file.exists() || file.size() == 0) return std::nullopt;
+    if (QFileInfo{path}.isDir()) return StoreProblem::NotAStore;
+    if (!file.open(QIODevice::ReadOnly)) return StoreProblem::CannotWrite;
+    const QByteArray header = file.read(headerSize);
+    if (header.size() < headerSize || !header.startsWith(QByteArray{"SQLite format 3\0", 16}))
+        return StoreProblem::NotAStore;
+    const auto number = [&header](int offset) { return qFromBigEndian<quint32>(header.constData() + offset); };
+    if (number(applicationIDOffset) != applicationID) return StoreProblem::NotAStore;
+    if (number(userVersionOffset) > quint32(Migrations::currentVersion())) return StoreProblem::NewerVersion;
+    return std::nullopt;
+}
+
+StoreProblem problemOf(const SQLite::Exception &exception)
+{
+    switch (exception.getErrorCode()) {
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+    case SQLITE_ERROR: // the schema lacks what it must have
+        return StoreProblem::Damaged;
+    default:
+        return StoreProblem::CannotWrite;
+    }
+}
+
+void configure(Connection &connection)
+{
+    // An acknowledged save survives loss of power: WAL with a flush at every commit.
+    connection.execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; PRAGMA cache_size = -4000;"
+                       " PRAGMA temp_store = MEMORY;");
+}
+
+} // namespace
+
+Store::Store(QString path, const CXClock &clock)
+    : m_path(std::move(path))
+    , m_clock(clock)
+{
+}
+
+Store::~Store() = default;
+
+Store::Opening Store::open(const QString &path, const CXClock &clock)
+{
+    const QFileInfo folder{QFileInfo{path}.absolutePath()};
+    if (!QDir{}.mkpath(folder.filePath()) || !folder.isWritable()) return failed(StoreProblem::CannotWrite, path);
+    if (const auto problem = problemInHeader(path)) return failed(*problem, path);
+    if (QFile::exists(path) && !QFileInfo{path}.isWritable()) return failed(StoreProblem::CannotWrite, path);
+
+    std::unique_ptr<Store> store{new Store{path, clock}};
+    std::unique_ptr<Connection> connection;
+    try {
+        connection = std::make_unique<Connection>(path.toStdString(), Connection::Access::ReadWriteCreate);
+        // The first write of a new file, so that every store of ours is known by its header.
+        if (connection->number("PRAGMA application_id") != applicationID)
+            connection->execute(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
+        connection->execute("PRAGMA journal_mode = WAL");
+        configure(*connection);
+        Migrations::apply(*connection);
+        store->giveBack(std::move(connection));
+        return {std::move(store), {}, {}};
+    } catch (const SQLite::Exception &exception) {
+        storeFileLog.error(QString::fromUtf8(exception.what()));
+        // Closing would otherwise still copy the log into the file.
+        if (connection) sqlite3_db_config(connection->database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        return failed(problemOf(exception), path);
+    }
+}
+
+Result<QString> Store::setAside(const QString &path, LocalTime now)
+{
+    QString time = TimeText::fromLocalTime(now, TimeText::Fraction::Never);
+    time.remove(u':');
+    const QFileInfo info{path};
+    const QString kept = u"%1.damaged-%2.%3"_s.arg(info.completeBaseName(), time, info.suffix());
+    for (const char *suffix : {"-wal", "-shm", ""}) {
+        const QString from = path + QLatin1StringView{suffix};
+        if (QFile::exists(from) && !QFile::rename(from, info.dir().filePath(kept) + QLatin1StringView{suffix}))
+            return Error{storeText("“%1” could not be moved aside.").arg(from)};
+    }
+    return kept;
+}
+
+std::unique_ptr<Connection> Store::connect()
+{
+    auto connection = std::make_unique<Connection>(m_path.toStdString(), Connection::Access::ReadWrite);
+    configure(*connection);
+    return connection;
+}
+
+Result<Store::Loan> Store::borrowConnection()
+{
+    {
+        const std::scoped_lock lock{m_mutex};
+        if (!m_idle.empty()) {
+            auto connection = std::move(m_idle.back());
+            m_idle.pop_back();
+            return Loan{*this, std::move(connection)};
+        }
+    }
+    try {
+        return Loan{*this, connect()};
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+void Store::giveBack(std::unique_ptr<Connection> connection)
+{
+    const std::scoped_lock lock{m_mutex};
+    m_idle.push_back(std::move(connection));
+}
+
+Result<std::unique_ptr<ObjectContext>> Store::makeContext()
+{
+    Result<Loan> loan = borrowConnection();
+    if (!loan) return loan.error();
+    return std::make_unique<ObjectContext>(loan->take(), m_clock);
+}
+
+Store::Loan::Loan(Store &store, std::unique_ptr<Connection> connection)
+    : m_store(&store)
+    , m_connection(std::move(connection))
+{
+}
+
+Store::Loan::Loan(Loan &&) noexcept = default;
+
+Store::Loan::~Loan()
+{
+    if (m_connection) m_store->giveBack(std::move(m_connection));
+}
+
+std::unique_ptr<Connection> Store::Loan::take() { return std::move(m_connection); }

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "corvexkit/time/CXClock.h"
+#include "model/store/ObjectContext.h"
+
+#include <QString>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+/// Why a store cannot be opened. In every case its file is left as it is.
+enum class StoreProblem {
+    CannotWrite,  ///< the data folder or the file cannot be written
+    NewerVersion, ///< a later version of the program wrote it
+    NotAStore,    ///< the file is something else
+    Damaged,
+};
+
+/// The file that holds everything, a SQLite database in WAL mode. Hands out contexts, each over a
+/// connection of its own; connections are kept and used again. Any thread.
+class Store {
+public:
+    struct Opening {
+        std::unique_ptr<Store> store; ///< none when there is a problem
+        StoreProblem problem{};
+        QString sentence; ///< the problem for a person
+    };
+
+    /// Opens the store at `path`, makes it where there is none, and brings its schema up to date.
+    static Opening open(const QString &path, const CXClock &clock);
+
+    /// Moves a damaged store and what belongs to it aside, so that a fresh one can be made: answers the
+    /// name it was kept under, "store.damaged-2030-05-01T090000.sqlite".
+    static Result<QString> setAside(const QString &path, LocalTime now);
+
+    ~Store();
+
+    const QString &path() const { return m_path; }
+    const CXClock &clock() const { return m_clock; }
+
+    /// A context of its own, for the calling thread.
+    Result<std::unique_ptr<ObjectContext>> makeContext();
+
+    /// A connection lent until the handle goes.
+    class Loan {
+    public:
+        Loan(Store &store, std::unique_ptr<Connection> connection);
+        Loan(Loan &&) noexcept;
+        ~Loan();
+        Connection &operator*() { return *m_connection; }
+        Connection *operator->() { return m_connection.get(); }
+        std::unique_ptr<Connection> take();
+
+    private:
+        Store *m_store;
+        std::unique_ptr<Connection> m_connection;
+    };
+    Result<Loan> borrowConnection();
+    void giveBack(std::unique_ptr<Connection> connection);
+
+private:
+    Store(QString path, const CXClock &clock);
+    std::unique_ptr<Connection> connect(); // throws
+
+    QString m_path;
+    const CXClock &m_clock;
+    std::mutex m_mutex;
+    std::vector<std::unique_ptr<Connection>> m_idle;
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QColor>
+#include <QPixmap>
+#include <QRect>
+
+class QPainter;
+
+/// The icon set: line drawings on a grid of 20, tinted when painted. An icon is read at its first use
+/// and kept per colour, size and device pixel ratio. Main thread only.
+enum class Icon {
+    Inbox,
+    Today,
+    Tomorrow,
+    Next7Days,
+    Calendar,
+    Focus,
+    Habits,
+    All,
+    AssignedToMe,
+    Folder,
+    Archive,
+    Tag,
+    Filter,
+    Completed,
+    Abandoned,
+    Trash,
+    Summary,
+    Add,
+    Repeat,
+    Flag,
+    Check,
+    Search,
+    More,
+    ChevronDown,
+    ChevronRight,
+    Enter,
+    Close,
+    Restore,
+};
+
+namespace Icons {
+
+/// `size` is the side in device-independent pixels.
+QPixmap pixmap(Icon icon, int size, const QColor &color, double devicePixelRatio);
+
+/// Paints the icon centred in `bounds`, `size` wide, at the painter's device pixel ratio.
+void paint(QPainter &painter, const QRect &bounds, Icon icon, int size, const QColor &color);
+
+/// The product's own picture in its colours.
+QPixmap application(int size, double devicePixelRatio);
+
+} // namespace Icons

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "views/theme/Theme.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+/// Decides which theme is in force and dresses the application in it. There is one, made by shared()
+/// at its first use; it needs no application object before apply(). Main thread only.
+class ThemeConfigurator : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Mode { FollowDesktop, Light, Dark };
+    using DesktopScheme = std::function<std::optional<ColorScheme>()>;
+
+    static ThemeConfigurator &shared();
+
+    /// Sets style, palette and font of the application. Called once, before the first window.
+    void apply();
+
+    Mode mode() const { return m_mode; }
+    void setMode(Mode mode);
+
+    /// How to ask the desktop what it prefers; nothing means that it does not say. Without this, or
+    /// without an answer, the brightness of the palette that the program was started with decides.
+    void setDesktopScheme(DesktopScheme desktopScheme);
+
+    /// Looks at the desktop again; for waking up and for a change the desktop announces. Does nothing
+    /// unless the mode is FollowDesktop.
+    void autoSwitchDarkIfNeeded();
+
+    const Theme &theme() const { return *m_theme; }
+
+    /// Text size as the person set it: 1 is 100 %. Kept within 0.5 and 3.
+    double textSize() const { return m_textSize; }
+    void setTextSize(double size);
+    /// textSize() times the desktop's scaling of text.
+    double textScale() const { return m_textScale; }
+
+Q_SIGNALS:
+    /// Colours or sizes changed. Widgets that keep fonts, heights or pictures make them anew; all
+    /// windows repaint by themselves.
+    void themeChanged();
+
+private:
+    ThemeConfigurator();
+    ColorScheme wantedScheme() const;
+    void dress();
+
+    Mode m_mode = Mode::FollowDesktop;
+    const Theme *m_theme = &Theme::light();
+    double m_textSize = 1;
+    double m_textScale = 1;
+    bool m_isApplied = false;
+    ColorScheme m_startScheme = ColorScheme::Light;
+    DesktopScheme m_desktopScheme;
+};

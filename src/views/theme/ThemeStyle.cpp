@@ -1,0 +1,153 @@
+#include "views/theme/ThemeStyle.h"
+
+#include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
+#include "views/theme/Theme.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int scrollBarExtent = 10;
+constexpr int shortestThumb = 24;
+
+bool isAccented(const QStyleOptionButton &button) { return button.features & QStyleOptionButton::DefaultButton; }
+
+void drawButton(QPainter &painter, const QStyleOptionButton &button)
+{
+    const Theme &theme = Theme::current();
+    const bool pressed = button.state & QStyle::State_Sunken;
+    const bool hovered = button.state & QStyle::State_MouseOver;
+    const bool enabled = button.state & QStyle::State_Enabled;
+    QColor fill = isAccented(button) ? theme.accent : (hovered ? theme.hover : theme.window);
+    if (pressed) fill = fill.darker(112);
+    if (!enabled) fill = theme.hover;
+    const QColor outline = isAccented(button) && enabled ? fill : theme.control;
+    const QRect bounds = button.rect.adjusted(2, 2, -2, -2);
+    Painting::roundedBox(painter, bounds, Metrics::rowRadius, fill, outline);
+    if (button.state & QStyle::State_HasFocus) Painting::focusRing(painter, button.rect, Metrics::rowRadius + 2);
+}
+
+void drawThumb(QPainter &painter, const QStyleOptionSlider &bar, QRect thumb)
+{
+    const Theme &theme = Theme::current();
+    const bool active = bar.state & (QStyle::State_MouseOver | QStyle::State_Sunken);
+    const int inset = active ? 2 : 3;
+    if (bar.orientation == Qt::Vertical) thumb.adjust(inset, 2, -inset, -2);
+    else thumb.adjust(2, inset, -2, -inset);
+    QColor colour = theme.control;
+    colour.setAlphaF(active ? 0.9F : 0.45F);
+    Painting::roundedBox(painter, thumb, std::min(thumb.width(), thumb.height()) / 2.0, colour);
+}
+
+} // namespace
+
+ThemeStyle::ThemeStyle()
+    : QProxyStyle(u"Fusion"_s)
+{
+}
+
+void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                               const QWidget *widget) const
+{
+    switch (element) {
+    case PE_FrameFocusRect: Painting::focusRing(*painter, option->rect, Metrics::pillRadius); return;
+    case PE_PanelItemViewRow:
+    case PE_PanelItemViewItem: return;
+    case PE_PanelButtonCommand:
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
+            drawButton(*painter, *button);
+            return;
+        }
+        break;
+    default: break;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                             const QWidget *widget) const
+{
+    if (element == CE_Splitter) {
+        painter->fillRect(option->rect, Theme::current().hairline);
+        return;
+    }
+    if (element == CE_PushButton) {
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
+            QStyleOptionButton label = *button;
+            if (isAccented(*button) && (button->state & State_Enabled))
+                label.palette.setColor(QPalette::ButtonText, Theme::current().onAccent);
+            drawButton(*painter, *button);
+            proxy()->drawControl(CE_PushButtonLabel, &label, painter, widget);
+            return;
+        }
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                                    const QWidget *widget) const
+{
+    const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control != CC_ScrollBar || !bar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    if (bar->maximum <= bar->minimum) return;
+    drawThumb(*painter, *bar, proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget));
+}
+
+QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl subControl,
+                                 const QWidget *widget) const
+{
+    const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control != CC_ScrollBar || !bar)
+        return QProxyStyle::subControlRect(control, option, subControl, widget);
+
+    const bool vertical = bar->orientation == Qt::Vertical;
+    const int length = vertical ? bar->rect.height() : bar->rect.width();
+    const int range = bar->maximum - bar->minimum;
+    const qint64 share = qint64(length) * bar->pageStep / std::max(1, range + bar->pageStep);
+    const int thumb = range > 0 ? std::clamp(int(share), std::min(shortestThumb, length), length) : length;
+    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - thumb,
+                                              bar->upsideDown);
+    const auto part = [&](int from, int to) {
+        const QRect rect = vertical ? QRect{0, from, bar->rect.width(), to - from}
+                                    : QRect{from, 0, to - from, bar->rect.height()};
+        return visualRect(bar->direction, bar->rect, rect.translated(bar->rect.topLeft()));
+    };
+    switch (subControl) {
+    case SC_ScrollBarGroove: return part(0, length);
+    case SC_ScrollBarSlider: return part(start, start + thumb);
+    case SC_ScrollBarSubPage: return part(0, start);
+    case SC_ScrollBarAddPage: return part(start + thumb, length);
+    default: return {};
+    }
+}
+
+int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    switch (metric) {
+    case PM_ScrollBarExtent: return scrollBarExtent;
+    case PM_ScrollBarSliderMin: return shortestThumb;
+    case PM_ScrollView_ScrollBarSpacing: return 0;
+    case PM_SplitterWidth: return 1;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical: return 0;
+    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                          QStyleHintReturn *returnData) const
+{
+    switch (hint) {
+    case SH_ItemView_ActivateItemOnSingleClick: return 0;
+    case SH_ScrollBar_LeftClickAbsolutePosition: return 1;
+    case SH_UnderlineShortcut: return 0;
+    default: return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}
