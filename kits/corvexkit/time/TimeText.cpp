@@ -1,0 +1,236 @@
+#include "corvexkit/time/TimeText.h"
+
+#include <array>
+#include <cstdint>
+
+using namespace std::chrono;
+
+namespace {
+
+// Takes a text apart from left to right; once a step failed, good() is false for good.
+class TextReader {
+public:
+    explicit TextReader(QStringView text) : position_{text.begin()}, end_{text.end()} {}
+
+    bool good() const { return good_; }
+    bool done() const { return good_ && position_ == end_; }
+
+    bool next(char16_t character)
+    {
+        if (!good_ || position_ == end_ || *position_ != character) return false;
+        ++position_;
+        return true;
+    }
+    void expect(char16_t character) { good_ = next(character) && good_; }
+
+    int digits(int count)
+    {
+        int number = 0;
+        for (; count > 0; --count) {
+            const int value = digit();
+            if (value < 0) good_ = false;
+            if (!good_) return 0;
+            number = number * 10 + value;
+        }
+        return number;
+    }
+
+    // The places after a decimal point, as milliseconds.
+    milliseconds fraction()
+    {
+        int number = 0, places = 0;
+        for (int value = digit(); value >= 0; value = digit())
+            if (++places <= 3) number = number * 10 + value;
+        good_ = good_ && places >= 1 && places <= 9;
+        for (; places < 3; ++places)
+            number *= 10;
+        return milliseconds{number};
+    }
+
+    void refuseUnless(bool condition) { good_ = good_ && condition; }
+
+private:
+    int digit()
+    {
+        if (position_ == end_ || *position_ < u'0' || *position_ > u'9') return -1;
+        return (position_++)->unicode() - u'0';
+    }
+
+    const QChar *position_;
+    const QChar *end_;
+    bool good_ = true;
+};
+
+enum class Seconds { Optional, Required };
+
+Day takeDay(TextReader &reader)
+{
+    const year inYear{reader.digits(4)};
+    reader.expect(u'-');
+    const month inMonth{unsigned(reader.digits(2))};
+    reader.expect(u'-');
+    const year_month_day date{inYear, inMonth, day{unsigned(reader.digits(2))}};
+    reader.refuseUnless(date.ok());
+    return reader.good() ? Day{date} : Day{};
+}
+
+milliseconds takeTimeOfDay(TextReader &reader, Seconds need)
+{
+    const int hour = reader.digits(2);
+    reader.expect(u':');
+    const int minute = reader.digits(2);
+    milliseconds time = hours{hour} + minutes{minute};
+    int second = 0;
+    if (reader.next(u':')) {
+        second = reader.digits(2);
+        time += seconds{second};
+        if (reader.next(u'.')) time += reader.fraction();
+    } else {
+        reader.refuseUnless(need == Seconds::Optional);
+    }
+    reader.refuseUnless(hour < 24 && minute < 60 && second < 60);
+    return time;
+}
+
+seconds takeOffset(TextReader &reader)
+{
+    if (reader.next(u'Z') || reader.next(u'z')) return 0s;
+    const bool west = reader.next(u'-');
+    if (!west) reader.expect(u'+');
+    const int hour = reader.digits(2);
+    reader.expect(u':');
+    const int minute = reader.digits(2);
+    reader.refuseUnless(hour < 24 && minute < 60);
+    const seconds offset = hours{hour} + minutes{minute};
+    return west ? -offset : offset;
+}
+
+// Room for the longest of all: a sign, a year of five digits, milliseconds and "Z".
+class TextWriter {
+public:
+    void put(char16_t character) { text_[std::size_t(length_++)] = character; }
+
+    void number(unsigned value, int places)
+    {
+        for (int i = places - 1; i >= 0; --i, value /= 10)
+            text_[std::size_t(length_ + i)] = char16_t(u'0' + value % 10);
+        length_ += places;
+    }
+
+    void day(Day day)
+    {
+        const year_month_day date{day};
+        const int inYear = int(date.year());
+        if (inYear < 0) put(u'-');
+        const auto magnitude = unsigned(inYear < 0 ? -inYear : inYear);
+        number(magnitude, magnitude > 9999 ? 5 : 4);
+        put(u'-');
+        number(unsigned(date.month()), 2);
+        put(u'-');
+        number(unsigned(date.day()), 2);
+    }
+
+    void minutesOf(milliseconds time)
+    {
+        number(unsigned(time / 1h), 2);
+        put(u':');
+        number(unsigned(time % 1h / 1min), 2);
+    }
+
+    void secondsOf(milliseconds time)
+    {
+        put(u':');
+        number(unsigned(time % 1min / 1s), 2);
+    }
+
+    void dayAndTime(LocalTime moment, TimeText::Fraction fraction)
+    {
+        const Day onDay = floor<days>(moment);
+        const milliseconds time = moment - onDay;
+        day(onDay);
+        put(u'T');
+        minutesOf(time);
+        secondsOf(time);
+        const milliseconds rest = time % 1s;
+        using TimeText::Fraction;
+        if (fraction == Fraction::Never || (fraction == Fraction::WhenNeeded && rest == 0ms)) return;
+        put(u'.');
+        number(unsigned(rest.count()), 3);
+    }
+
+    QString text() const { return QString{reinterpret_cast<const QChar *>(text_.data()), length_}; }
+
+private:
+    std::array<char16_t, 32> text_;
+    int length_ = 0;
+};
+
+} // namespace
+
+namespace TimeText {
+
+std::optional<Day> toDay(QStringView text)
+{
+    TextReader reader{text};
+    const Day day = takeDay(reader);
+    return reader.done() ? std::optional{day} : std::nullopt;
+}
+
+QString fromDay(Day day)
+{
+    TextWriter writer;
+    writer.day(day);
+    return writer.text();
+}
+
+std::optional<milliseconds> toTimeOfDay(QStringView text)
+{
+    TextReader reader{text};
+    const milliseconds time = takeTimeOfDay(reader, Seconds::Optional);
+    return reader.done() ? std::optional{time} : std::nullopt;
+}
+
+QString fromTimeOfDay(milliseconds sinceMidnight)
+{
+    TextWriter writer;
+    writer.minutesOf(sinceMidnight);
+    if (sinceMidnight % 1min >= 1s) writer.secondsOf(sinceMidnight);
+    return writer.text();
+}
+
+std::optional<LocalTime> toLocalTime(QStringView text)
+{
+    TextReader reader{text};
+    const Day day = takeDay(reader);
+    if (!reader.next(u'T')) reader.expect(u' ');
+    const milliseconds time = takeTimeOfDay(reader, Seconds::Optional);
+    return reader.done() ? std::optional{day + time} : std::nullopt;
+}
+
+QString fromLocalTime(LocalTime time, Fraction fraction)
+{
+    TextWriter writer;
+    writer.dayAndTime(time, fraction);
+    return writer.text();
+}
+
+std::optional<Instant> toInstant(QStringView text)
+{
+    TextReader reader{text};
+    const Day day = takeDay(reader);
+    if (!reader.next(u'T') && !reader.next(u't')) reader.expect(u' ');
+    const milliseconds time = takeTimeOfDay(reader, Seconds::Required);
+    const seconds offset = takeOffset(reader);
+    if (!reader.done()) return {};
+    return Instant{day.time_since_epoch() + time - offset};
+}
+
+QString fromInstant(Instant instant, Fraction fraction)
+{
+    TextWriter writer;
+    writer.dayAndTime(LocalTime{instant.time_since_epoch()}, fraction);
+    writer.put(u'Z');
+    return writer.text();
+}
+
+} // namespace TimeText
