@@ -16,6 +16,8 @@ public:
     /// `ManualClock clock{"2030-03-09 23:59", "Europe/Berlin"};`
     explicit ManualClock(const char *localTime, const char *zone = "UTC");
 
+    ~ManualClock() override;
+
     Instant now() const override { return now_; }
     CXTimeZone zone() const override { return zone_; }
     std::chrono::milliseconds monotonicNow() const override { return monotonic_; }
@@ -39,8 +41,6 @@ public:
     bool isIdle() const;
 
 private:
-    void runDue();
-
     Instant now_;
     std::chrono::milliseconds monotonic_{0};
     CXTimeZone zone_;

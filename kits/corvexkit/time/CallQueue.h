@@ -1,11 +1,14 @@
 #pragma once
 
 #include "corvexkit/time/ClockCall.h"
-#include "corvexkit/time/Instant.h"
 
+#include <array>
+#include <chrono>
 #include <functional>
+#include <limits>
 #include <map>
 #include <optional>
+#include <set>
 
 /// The pending calls of one clock, in the order they are due. For makers of clocks. One thread.
 class CallQueue : public std::enable_shared_from_this<CallQueue> {
@@ -13,29 +16,33 @@ public:
     enum class Base { Wall, Monotonic };
     using Time = std::chrono::milliseconds; // since the base's fixed point
 
-    /// What the clock reads now on both bases.
+    /// What the clock reads at one moment.
     struct Reading {
         Time wall;
         Time monotonic;
         Time on(Base base) const { return base == Base::Wall ? wall : monotonic; }
     };
 
+    /// `onChange` is called whenever nextDue() may have changed.
+    explicit CallQueue(std::function<void()> onChange = {}) : onChange_{std::move(onChange)} {}
+
     ClockCall add(Base base, Time due, std::function<void()> action);
     void remove(quint64 number);
-    bool contains(quint64 number) const;
+    bool contains(quint64 number) const { return calls_.contains(number); }
+    bool isEmpty() const { return calls_.empty(); }
 
     /// The earliest due time on one base.
     std::optional<Time> nextDue(Base base) const;
-    /// How long until the next call is due on either base, never below zero; nothing when none is left.
+    /// How long until a call is due, zero when one is overdue; nothing when none is left.
     std::optional<Time> untilNext(Reading now) const;
 
-    /// The number the next call will get: calls below it are older than this moment.
+    /// The number the next call will get; all calls of now have lower ones.
     quint64 nextNumber() const { return nextNumber_; }
-    /// Runs the call that has been due longest, if one with a number below `limit` is due.
-    bool runNext(Reading now, quint64 limit);
+    /// Runs the call that has been due longest among those numbered below `limit`; false when none is.
+    bool runNext(Reading now, quint64 limit = std::numeric_limits<quint64>::max());
 
-    /// Called when a call was added or taken away.
-    void setOnChange(std::function<void()> onChange) { onChange_ = std::move(onChange); }
+    /// Drops all calls and stops announcing changes.
+    void close();
 
 private:
     struct Call {
@@ -43,12 +50,16 @@ private:
         Time due;
         std::function<void()> action;
     };
-    using Calls = std::map<quint64, Call>; // ordered by number
+    using Order = std::set<std::pair<Time, quint64>>;
+    using Overdue = std::pair<Time, quint64>; // below zero; number
 
-    Calls::const_iterator next(Reading now, quint64 limit) const;
-    void changed() const;
+    Order &order(Base base) { return orders_[std::size_t(base)]; }
+    const Order &order(Base base) const { return orders_[std::size_t(base)]; }
+    std::optional<Overdue> longestDue(Base base, Time now, quint64 limit) const;
+    Call take(std::map<quint64, Call>::iterator position);
 
-    Calls calls_;
+    std::map<quint64, Call> calls_; // by number
+    std::array<Order, 2> orders_;
     quint64 nextNumber_ = 1;
     std::function<void()> onChange_;
 };

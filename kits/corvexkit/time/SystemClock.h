@@ -8,7 +8,7 @@
 
 /// The computer's clock. Pending calls are kept by two kernel timers, one on the wall clock and one on
 /// monotonic time; with no call due nothing wakes up. Calls run from the Qt event loop of the thread
-/// that made the clock, nested loops included.
+/// that asks for them, nested loops included; the first one needs an application object.
 class SystemClock final : public CXClock {
 public:
     /// `zone`: a zone to use in place of the system's, for the life of this clock.
