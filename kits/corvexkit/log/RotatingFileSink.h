@@ -23,7 +23,7 @@ private:
     QString path(int age) const;
     bool open();
     bool rotate();
-    void giveUp(const QString &reason, const QByteArray &line);
+    void giveUp(const QByteArray &line);
 
     const QString folder_;
     const Limits limits_;
