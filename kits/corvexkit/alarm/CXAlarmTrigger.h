@@ -22,13 +22,13 @@ public:
     /// On time.
     CXAlarmTrigger() = default;
 
-    /// Reads a TRIGGER line. A text that is none (or an absolute one, or one relative to the end) gives
-    /// an invalid trigger that keeps the text and never fires.
+    /// Reads a TRIGGER line. A text that is none (or an absolute one, one relative to the end, or one
+    /// more than 68 years away) gives an invalid trigger that keeps the text and never fires.
     static CXAlarmTrigger triggerWithRepresentation(const QString &text, bool isAllDay);
 
     /// `value` units before the start; below zero, after it. With a remind time (time since midnight,
     /// below 24 hours) the trigger is an all-day one: `value` days or weeks before, at that time; with
-    /// a smaller unit the remind time is passed over.
+    /// a smaller unit the remind time is passed over. More than 68 years are cut to 68.
     static CXAlarmTrigger triggerWithUnit(Unit unit, int value,
                                           std::optional<std::chrono::seconds> remindTime = std::nullopt);
 
@@ -40,11 +40,12 @@ public:
     bool isAllDay() const { return isAllDay_; }
 
     /// The canonical text, which reads back as an equal trigger: "TRIGGER:PT0S", "TRIGGER:-PT10M",
-    /// "TRIGGER:-P1D"; for all-day triggers "TRIGGER:P0DT9H0M0S" (weeks are written as days). Of an
+    /// "TRIGGER:-P1D"; for all-day triggers "TRIGGER:P0DT9H0M0S" (their weeks read back as days). Of an
     /// invalid trigger, the text it was made from.
     QString representation() const;
 
-    /// The largest unit that says the trigger in one whole number; seconds for an invalid one.
+    /// Weeks as they were given; else the largest unit that says the trigger in one whole number. Minutes
+    /// for on time, seconds for an invalid one.
     Unit unit() const { return unit_; }
     /// How many units before the start; below zero, after it.
     int value() const;
@@ -60,9 +61,12 @@ public:
     friend size_t qHash(const CXAlarmTrigger &trigger, size_t seed);
 
 private:
+    enum class Kind { Timed, AllDay };
+    CXAlarmTrigger(std::chrono::days calendarDays, std::chrono::seconds time, Unit calendarUnit, Kind kind);
+
     std::chrono::days days_{0};    // calendar days from the start, below zero before it
     std::chrono::seconds time_{0}; // added after the days: a remind time, or an exact length
-    Unit unit_ = Unit::Seconds;
+    Unit unit_ = Unit::Minutes;
     bool isAllDay_ = false;
     QString invalidText_;
 };
