@@ -29,12 +29,17 @@ KWProject *KWProject::findProjectNamed(const QString &name, const QString &userI
     return nullptr;
 }
 
-std::int64_t KWProject::nextSortOrderOfUser(const QString &userID, ObjectContext &context)
+KWProject &KWProject::createProjectNamed(const QString &name, const QString &userID, ObjectContext &context)
 {
-    return context.number("SELECT max(sortOrder) FROM projects WHERE userID = ?", {userID}) + KWSortOrderStep;
+    KWProjectModel model;
+    model.userID = userID;
+    model.name = name;
+    model.sortOrder =
+        context.number("SELECT max(sortOrder) FROM projects WHERE userID = ?", {userID}) + KWSortOrderStep;
+    return context.insert<KWProject>(std::move(model));
 }
 
-std::int64_t KWProject::nextTaskSortOrder() const
+std::int64_t KWProject::sortOrderForNewTask() const
 {
-    return context().number("SELECT max(sortOrder) FROM tasks WHERE projectID = ?", {sid()}) + KWSortOrderStep;
+    return context().number("SELECT min(sortOrder) FROM tasks WHERE projectID = ?", {sid()}) - KWSortOrderStep;
 }

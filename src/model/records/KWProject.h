@@ -23,7 +23,8 @@ public:
     /// to its displayed name too. None when there is no such list.
     static KWProject *findProjectNamed(const QString &name, const QString &userID, ObjectContext &context);
 
-    /// The manual position after the last of the user's lists, or of a list's tasks.
-    static std::int64_t nextSortOrderOfUser(const QString &userID, ObjectContext &context);
-    std::int64_t nextTaskSortOrder() const;
+    /// A list of that name after the last of the user's lists.
+    static KWProject &createProjectNamed(const QString &name, const QString &userID, ObjectContext &context);
+    /// The manual position before the list's first task: new tasks stand on top.
+    std::int64_t sortOrderForNewTask() const;
 };

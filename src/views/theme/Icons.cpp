@@ -8,7 +8,6 @@
 
 #include <array>
 #include <cmath>
-#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -25,7 +24,10 @@ constexpr std::array<const char *, 28> fileNames{
 };
 static_assert(fileNames.size() == std::size_t(Icon::Restore) + 1);
 
-using PixmapKey = std::tuple<Icon, int, QRgb>; // icon, side in device pixels, colour
+quint64 keyOf(Icon icon, int side, const QColor &color)
+{
+    return quint64(icon) << 56 | quint64(side & 0xffffff) << 32 | color.rgba();
+}
 
 QImage rendered(const QString &name, int side)
 {
@@ -44,9 +46,9 @@ QImage rendered(const QString &name, int side)
 
 QPixmap Icons::pixmap(Icon icon, int size, const QColor &color, double devicePixelRatio)
 {
-    static QHash<PixmapKey, QPixmap> kept;
+    static QHash<quint64, QPixmap> kept;
     const int side = int(std::lround(size * devicePixelRatio));
-    QPixmap &pixmap = kept[{icon, side, color.rgba()}];
+    QPixmap &pixmap = kept[keyOf(icon, side, color)];
     if (pixmap.isNull()) {
         QImage image = rendered(QString::fromLatin1(fileNames[std::size_t(icon)]), side);
         QPainter painter{&image};

@@ -1,0 +1,102 @@
+#include "model/account/KWAccountManager.h"
+
+#include "model/events/NotificationNames.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
+#include "model/records/KWUser.h"
+#include "model/records/KWUserSettings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Qt counts Monday 1 … Sunday 7, the settings Sunday 1 … Saturday 7.
+int firstWeekdayOf(const QLocale &locale) { return int(locale.firstDayOfWeek()) % 7 + 1; }
+
+KWUser &makeLocalAccount(ObjectContext &context, const QLocale &locale)
+{
+    KWUserModel user;
+    user.sid = newRecordIdentifier(context.clock().now());
+    user.userID = user.sid;
+    KWUser &account = context.insert<KWUser>(std::move(user));
+
+    KWUserSettingsModel settings;
+    settings.sid = settings.userID = account.userID();
+    settings.firstWeekday = firstWeekdayOf(locale);
+    context.insert<KWUserSettings>(std::move(settings));
+
+    KWProjectModel inbox;
+    inbox.sid = KWProject::inboxIDOfUser(account.userID());
+    inbox.userID = account.userID();
+    inbox.name = KWSmartProject::inbox().displayName();
+    inbox.isInbox = true;
+    context.insert<KWProject>(std::move(inbox));
+    return account;
+}
+
+} // namespace
+
+KWAccountManager::KWAccountManager(KWCoreDataManager &manager, KWNotificationCenter &center, KWUserDefaults &defaults)
+    : m_manager(manager)
+    , m_center(center)
+    , m_defaults(defaults)
+{
+}
+
+void KWAccountManager::refreshCurrentUser()
+{
+    ObjectContext &context = m_manager.MR_defaultContext();
+    const QList<KWUser *> signedIn = context.fetch<KWUser>({.where = "isSignedIn = 1 AND isDeleted = 0", .limit = 1});
+    m_currentUser = signedIn.isEmpty() ? std::nullopt : std::optional{signedIn.first()->model()};
+    m_settings = m_currentUser ? context.find<KWUserSettings>(m_currentUser->sid) : nullptr;
+}
+
+Result<void> KWAccountManager::openLocalAccount(const QLocale &locale)
+{
+    const Result<void> saved = KWCoreDataService{m_manager}.sync_save([&locale](ObjectContext &context) -> Result<void> {
+        const QList<KWUser *> existing = context.fetch<KWUser>({.where = "userServerID = 0 AND isDeleted = 0", .limit = 1});
+        KWUser &account = existing.isEmpty() ? makeLocalAccount(context, locale) : *existing.first();
+        account.set(&KWUserModel::isSignedIn, true);
+        return {};
+    });
+    if (saved) refreshCurrentUser();
+    return saved;
+}
+
+Result<void> KWAccountManager::signInLocally(const QLocale &locale)
+{
+    const Result<void> opened = openLocalAccount(locale);
+    if (opened) m_center.post(KWUserDidSignInNotification);
+    return opened;
+}
+
+Result<void> KWAccountManager::signOut()
+{
+    const Result<void> saved = KWCoreDataService{m_manager}.sync_save([](ObjectContext &context) -> Result<void> {
+        for (KWUser *each : context.fetch<KWUser>({.where = "isSignedIn = 1"})) each->set(&KWUserModel::isSignedIn, false);
+        return {};
+    });
+    if (!saved) return saved;
+    refreshCurrentUser();
+    m_center.post(KWUserDidSignOutNotification);
+    return saved;
+}
+
+const KWUserSettingsModel &KWAccountManager::userSettings() const
+{
+    static const KWUserSettingsModel nobody;
+    return m_settings ? m_settings->model() : nobody;
+}
+
+QString KWAccountManager::defaultAddtoList() const
+{
+    const KWProject *chosen = m_manager.MR_defaultContext().find<KWProject>(userSettings().defaultListID);
+    const bool isUsable = chosen && chosen->isNotDeleted() && !chosen->isClosed()
+        && chosen->model().permission == KWProjectPermissionWrite;
+    return isUsable ? chosen->sid() : KWProject::inboxIDOfUser(currentUserID());
+}
+
+KWTaskDefaultConfiguration KWAccountManager::taskDefaultConfiguration() const
+{
+    return KWTaskDefaultConfigurationManager::current(m_defaults, userSettings());
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// Where the program keeps its files.
+struct DataFolders {
+    QString data;   ///< the store, its lock and the log
+    QString config; ///< the preferences
+
+    /// `home`, when given, holds everything; else ORVANE_HOME does; else the XDG data and config folders
+    /// each have a folder "orvane".
+    static DataFolders locate(const QString &home);
+
+    QString store() const { return data + QStringLiteral("/store.sqlite"); }
+    QString lock() const { return data + QStringLiteral("/lock"); }
+    QString log() const { return data + QStringLiteral("/log"); }
+    /// Written by a process that has changed the store beside the one that holds the lock.
+    QString outsideChange() const { return data + QStringLiteral("/outside-change"); }
+};
