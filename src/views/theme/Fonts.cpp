@@ -53,13 +53,15 @@ int digitWidth(const QFontMetrics &metrics)
 }
 
 // Calls `visit(piece, width, isDigit)` for every digit and for every run without digits.
-template <class Visitor> void forEachTabularPiece(const QFontMetrics &metrics, const QString &text, Visitor visit)
+template <class Visitor>
+void forEachTabularPiece(const QFontMetrics &metrics, const QString &text, Visitor visit)
 {
     const int digit = digitWidth(metrics);
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start + 1;
         const bool digits = isDigit(text.at(start));
-        while (!digits && end < text.size() && !isDigit(text.at(end))) ++end;
+        while (!digits && end < text.size() && !isDigit(text.at(end)))
+            ++end;
         const QString piece = text.mid(start, end - start);
         visit(piece, digits ? digit : metrics.horizontalAdvance(piece), digits);
         start = end;
@@ -96,15 +98,18 @@ int Fonts::tabularWidth(const QFont &font, const QString &text)
 void Fonts::drawTabular(QPainter &painter, const QRect &bounds, Qt::Alignment alignment, const QString &text)
 {
     if (!needsTabular(text)) {
-        painter.drawText(bounds, int(alignment | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine), text);
+        painter.drawText(bounds, int(alignment | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine),
+                         text);
         return;
     }
     const QFontMetrics metrics{painter.font()};
     const int baseline = bounds.top() + (bounds.height() - metrics.height()) / 2 + metrics.ascent();
     int x = bounds.left();
     const int spare = bounds.width() - tabularWidth(painter.font(), text);
-    if (alignment & Qt::AlignRight) x += spare;
-    else if (alignment & Qt::AlignHCenter) x += spare / 2;
+    if (alignment & Qt::AlignRight)
+        x += spare;
+    else if (alignment & Qt::AlignHCenter)
+        x += spare / 2;
     forEachTabularPiece(metrics, text, [&](const QString &piece, int advance, bool digit) {
         const double inset = digit ? (advance - metrics.horizontalAdvance(piece)) / 2.0 : 0;
         painter.drawText(QPointF{x + inset, double(baseline)}, piece);

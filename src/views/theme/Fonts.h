@@ -10,13 +10,13 @@ class QRect;
 namespace Fonts {
 
 enum class Role {
-    PageTitle,   ///< 20, weight 650
-    DetailTitle, ///< 17, weight 600
-    Body,        ///< 13
-    BodyStrong,  ///< 13, weight 600
-    Secondary,   ///< 12
-    Strong,      ///< 12, weight 600
-    Caption,     ///< 11
+    PageTitle,     ///< 20, weight 650
+    DetailTitle,   ///< 17, weight 600
+    Body,          ///< 13
+    BodyStrong,    ///< 13, weight 600
+    Secondary,     ///< 12
+    Strong,        ///< 12, weight 600
+    Caption,       ///< 11
     CaptionStrong, ///< 11, weight 600
 };
 

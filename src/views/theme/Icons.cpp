@@ -17,10 +17,10 @@ static void registerIcons() { Q_INIT_RESOURCE(icons); }
 namespace {
 
 constexpr std::array<const char *, 28> fileNames{
-    "inbox",     "today",     "tomorrow",     "next7days",     "calendar", "focus",  "habits",
-    "all",       "assigned",  "folder",       "archive",       "tag",      "filter", "completed",
-    "abandoned", "trash",     "summary",      "add",           "repeat",   "flag",   "check",
-    "search",    "more",      "chevron-down", "chevron-right", "enter",    "close",  "restore",
+    "inbox",     "today",    "tomorrow",     "next7days",     "calendar", "focus",  "habits",
+    "all",       "assigned", "folder",       "archive",       "tag",      "filter", "completed",
+    "abandoned", "trash",    "summary",      "add",           "repeat",   "flag",   "check",
+    "search",    "more",     "chevron-down", "chevron-right", "enter",    "close",  "restore",
 };
 static_assert(fileNames.size() == std::size_t(Icon::Restore) + 1);
 

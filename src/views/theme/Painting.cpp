@@ -14,8 +14,7 @@ namespace {
 
 class Saved {
 public:
-    explicit Saved(QPainter &painter)
-        : m_painter(painter)
+    explicit Saved(QPainter &painter) : m_painter(painter)
     {
         m_painter.save();
         m_painter.setRenderHint(QPainter::Antialiasing);
@@ -40,7 +39,8 @@ QPainterPath firstPart(const QPolygonF &line, double share)
         QPainterPath upToHere;
         upToHere.addPolygon(line.first(i + 1));
         const double corner = upToHere.length() / whole.length();
-        part.lineTo(corner < share ? line.at(i) : whole.pointAtPercent(whole.percentAtLength(whole.length() * share)));
+        part.lineTo(corner < share ? line.at(i)
+                                   : whole.pointAtPercent(whole.percentAtLength(whole.length() * share)));
         if (corner >= share) break;
     }
     return part;
@@ -56,8 +56,8 @@ void drawTick(QPainter &painter, const QRectF &bounds, double share)
 
 void drawCross(QPainter &painter, const QRectF &bounds)
 {
-    const QRectF inner = bounds.adjusted(bounds.width() * 0.32, bounds.height() * 0.32, -bounds.width() * 0.32,
-                                         -bounds.height() * 0.32);
+    const QRectF inner = bounds.adjusted(bounds.width() * 0.32, bounds.height() * 0.32,
+                                         -bounds.width() * 0.32, -bounds.height() * 0.32);
     painter.drawLine(inner.topLeft(), inner.bottomRight());
     painter.drawLine(inner.topRight(), inner.bottomLeft());
 }
@@ -107,8 +107,10 @@ void Painting::checkbox(QPainter &painter, const QRectF &bounds, const Checkbox 
     painter.drawRoundedRect(bounds, radius, radius);
     painter.setPen(QPen{theme.window, line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
     painter.setBrush(Qt::NoBrush);
-    if (state.isAbandoned) drawCross(painter, bounds);
-    else drawTick(painter, bounds, state.checked);
+    if (state.isAbandoned)
+        drawCross(painter, bounds);
+    else
+        drawTick(painter, bounds, state.checked);
 }
 
 void Painting::dot(QPainter &painter, const QPointF &centre, const QString &color)
@@ -138,5 +140,7 @@ void Painting::pill(QPainter &painter, const QRect &bounds, const QString &text)
     const Saved saved{painter};
     painter.setFont(Fonts::font(Fonts::Role::Caption));
     painter.setPen(theme.secondaryText);
-    Fonts::drawTabular(painter, box, Qt::AlignHCenter, text);
+    const QString shown =
+        QFontMetrics{painter.font()}.elidedText(text, Qt::ElideRight, box.width() - pillPadding);
+    Fonts::drawTabular(painter, box, Qt::AlignHCenter, shown);
 }

@@ -14,7 +14,10 @@ namespace {
 constexpr int scrollBarExtent = 10;
 constexpr int shortestThumb = 24;
 
-bool isAccented(const QStyleOptionButton &button) { return button.features & QStyleOptionButton::DefaultButton; }
+bool isAccented(const QStyleOptionButton &button)
+{
+    return button.features & QStyleOptionButton::DefaultButton;
+}
 
 void drawButton(QPainter &painter, const QStyleOptionButton &button)
 {
@@ -28,7 +31,8 @@ void drawButton(QPainter &painter, const QStyleOptionButton &button)
     const QColor outline = isAccented(button) && enabled ? fill : theme.control;
     const QRect bounds = button.rect.adjusted(2, 2, -2, -2);
     Painting::roundedBox(painter, bounds, Metrics::rowRadius, fill, outline);
-    if (button.state & QStyle::State_HasFocus) Painting::focusRing(painter, button.rect, Metrics::rowRadius + 2);
+    if (button.state & QStyle::State_HasFocus)
+        Painting::focusRing(painter, button.rect, Metrics::rowRadius + 2);
 }
 
 void drawThumb(QPainter &painter, const QStyleOptionSlider &bar, QRect thumb)
@@ -36,8 +40,10 @@ void drawThumb(QPainter &painter, const QStyleOptionSlider &bar, QRect thumb)
     const Theme &theme = Theme::current();
     const bool active = bar.state & (QStyle::State_MouseOver | QStyle::State_Sunken);
     const int inset = active ? 2 : 3;
-    if (bar.orientation == Qt::Vertical) thumb.adjust(inset, 2, -inset, -2);
-    else thumb.adjust(2, inset, -2, -inset);
+    if (bar.orientation == Qt::Vertical)
+        thumb.adjust(inset, 2, -inset, -2);
+    else
+        thumb.adjust(2, inset, -2, -inset);
     QColor colour = theme.control;
     colour.setAlphaF(active ? 0.9F : 0.45F);
     Painting::roundedBox(painter, thumb, std::min(thumb.width(), thumb.height()) / 2.0, colour);
@@ -45,25 +51,26 @@ void drawThumb(QPainter &painter, const QStyleOptionSlider &bar, QRect thumb)
 
 } // namespace
 
-ThemeStyle::ThemeStyle()
-    : QProxyStyle(u"Fusion"_s)
-{
-}
+ThemeStyle::ThemeStyle() : QProxyStyle(u"Fusion"_s) {}
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                                const QWidget *widget) const
 {
     switch (element) {
-    case PE_FrameFocusRect: Painting::focusRing(*painter, option->rect, Metrics::pillRadius); return;
+    case PE_FrameFocusRect:
+        Painting::focusRing(*painter, option->rect, Metrics::pillRadius);
+        return;
     case PE_PanelItemViewRow:
-    case PE_PanelItemViewItem: return;
+    case PE_PanelItemViewItem:
+        return;
     case PE_PanelButtonCommand:
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
             drawButton(*painter, *button);
             return;
         }
         break;
-    default: break;
+    default:
+        break;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
@@ -88,8 +95,8 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
-                                    const QWidget *widget) const
+void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                    QPainter *painter, const QWidget *widget) const
 {
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control != CC_ScrollBar || !bar) {
@@ -100,8 +107,8 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     drawThumb(*painter, *bar, proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget));
 }
 
-QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl subControl,
-                                 const QWidget *widget) const
+QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                                 SubControl subControl, const QWidget *widget) const
 {
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control != CC_ScrollBar || !bar)
@@ -120,24 +127,35 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
         return visualRect(bar->direction, bar->rect, rect.translated(bar->rect.topLeft()));
     };
     switch (subControl) {
-    case SC_ScrollBarGroove: return part(0, length);
-    case SC_ScrollBarSlider: return part(start, start + thumb);
-    case SC_ScrollBarSubPage: return part(0, start);
-    case SC_ScrollBarAddPage: return part(start + thumb, length);
-    default: return {};
+    case SC_ScrollBarGroove:
+        return part(0, length);
+    case SC_ScrollBarSlider:
+        return part(start, start + thumb);
+    case SC_ScrollBarSubPage:
+        return part(0, start);
+    case SC_ScrollBarAddPage:
+        return part(start + thumb, length);
+    default:
+        return {};
     }
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
 {
     switch (metric) {
-    case PM_ScrollBarExtent: return scrollBarExtent;
-    case PM_ScrollBarSliderMin: return shortestThumb;
-    case PM_ScrollView_ScrollBarSpacing: return 0;
-    case PM_SplitterWidth: return 1;
+    case PM_ScrollBarExtent:
+        return scrollBarExtent;
+    case PM_ScrollBarSliderMin:
+        return shortestThumb;
+    case PM_ScrollView_ScrollBarSpacing:
+        return 0;
+    case PM_SplitterWidth:
+        return 1;
     case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical: return 0;
-    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_ButtonShiftVertical:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
     }
 }
 
@@ -145,9 +163,13 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWid
                           QStyleHintReturn *returnData) const
 {
     switch (hint) {
-    case SH_ItemView_ActivateItemOnSingleClick: return 0;
-    case SH_ScrollBar_LeftClickAbsolutePosition: return 1;
-    case SH_UnderlineShortcut: return 0;
-    default: return QProxyStyle::styleHint(hint, option, widget, returnData);
+    case SH_ItemView_ActivateItemOnSingleClick:
+        return 0;
+    case SH_ScrollBar_LeftClickAbsolutePosition:
+        return 1;
+    case SH_UnderlineShortcut:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
 }

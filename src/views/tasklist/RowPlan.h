@@ -1,0 +1,28 @@
+#pragma once
+
+#include "model/store/KWTaskListItemModel.h"
+
+#include <QList>
+
+#include <optional>
+#include <vector>
+
+/// How to turn one list of rows into another by few steps, rows being the same when their ids are.
+/// The steps are carried out in this order, each on the list as the ones before left it.
+struct RowPlan {
+    struct Range {
+        int first;
+        int count;
+    };
+    struct Move {
+        int from;
+        int to; ///< the row's place after the move, as in QList::move
+    };
+    std::vector<Range> removals; ///< from the back
+    std::vector<Move> moves;
+    std::vector<Range> insertions; ///< from the front; `first` is also the place in the new list
+};
+
+/// Nothing when more than `limit` steps would be needed, or when an id stands in a list twice.
+std::optional<RowPlan> planRows(const QList<KWTaskListItemModel> &before,
+                                const QList<KWTaskListItemModel> &after, std::size_t limit);

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "views/tasklist/CheckAnimations.h"
+#include "views/tasklist/TaskListModel.h"
+
+#include <QListView>
+
+#include <optional>
+
+class TaskRowDelegate;
+
+/// The list of tasks in the middle of the window. Arrows move, Space completes, Enter opens the
+/// detail, F2 edits the title; a click on a checkbox completes without selecting.
+class TaskListView : public QListView {
+    Q_OBJECT
+
+public:
+    explicit TaskListView(TaskListModel &model, QWidget *parent = nullptr);
+
+    /// Gives the rows to the model; while a checkbox moves, as soon as it rests, the last given alone.
+    /// Selection and scroll position survive, also a reset of the model.
+    void setRows(QList<KWTaskListItemModel> rows);
+
+    /// What an empty list says: what it is, and what to do next.
+    void setEmptyText(const QString &text, const QString &hint);
+
+    /// The selected task, empty for none.
+    QString currentTask() const;
+    /// Selects the task and scrolls to it; nothing happens when it is not in the list.
+    void selectTask(const QString &sid);
+
+Q_SIGNALS:
+    void completionToggled(const QString &sid);
+    void currentTaskChanged(const QString &sid);
+    /// Enter or a double click: show the task's detail and go there.
+    void opened(const QString &sid);
+    void titleEdited(const QString &sid, const QString &title);
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void rememberPlace();
+    void returnToPlace();
+    void toggle(const QModelIndex &index);
+    QModelIndex checkboxAt(const QPoint &position) const;
+    void setHoveredCheckbox(const QModelIndex &index);
+
+    // The row at the top of the viewport and how far it is scrolled out of it.
+    struct Place {
+        QString currentSid;
+        QString topSid;
+        int topOffset = 0;
+    };
+
+    TaskListModel &m_model;
+    CheckAnimations m_animations;
+    TaskRowDelegate *m_delegate;
+    QPersistentModelIndex m_pressedCheckbox;
+    QPersistentModelIndex m_hoveredCheckbox;
+    std::optional<QList<KWTaskListItemModel>> m_waitingRows;
+    std::optional<Place> m_place;
+    QString m_emptyText;
+    QString m_emptyHint;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "corvexkit/time/Instant.h"
+
+#include <QLocale>
+#include <QString>
+
+/// Days and times in words, the way a person reads them in a list. Pure functions, any thread.
+namespace DateWording {
+
+/// "09:30" or "9:30 AM", in the locale's short time format.
+QString timeOfDay(LocalTime time, const QLocale &locale);
+
+/// "24 Nov" or "Nov 24": day and short month in the order of the locale's long date format.
+QString dayAndMonth(Day day, const QLocale &locale);
+/// "24 Nov 2031".
+QString dayMonthAndYear(Day day, const QLocale &locale);
+/// "Sat 21 Nov"; with the year when it is not that of `today`.
+QString weekdayAndDay(Day day, Day today, const QLocale &locale);
+
+/// Whether a day of the past week may be called by its weekday alone; a day of the coming week always is.
+enum class PastWeekdays { Named, Dated };
+
+/// "Today", "Tomorrow", "Yesterday"; a weekday within six days; else the date.
+QString relativeDay(Day day, Day today, const QLocale &locale,
+                    PastWeekdays pastWeekdays = PastWeekdays::Named);
+
+} // namespace DateWording
