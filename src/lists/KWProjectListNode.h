@@ -1,10 +1,13 @@
 #pragma once
 
+#include "model/records/KWListIdentifier.h"
+
 #include <QList>
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// What a node of the sidebar stands for. The raw values are compared against and stored.
@@ -48,6 +51,10 @@ public:
     const std::vector<std::unique_ptr<KWProjectListNode>> &children() const { return m_children; }
     int row() const;
     void setChildren(std::vector<std::unique_ptr<KWProjectListNode>> children);
+    KWProjectListNode &addChild(std::unique_ptr<KWProjectListNode> child);
+
+    /// The list that selecting the node shows; nothing for nodes that show none.
+    std::optional<KWListIdentifier> listIdentifier() const;
 
     // Set by the row that shows the node.
     std::function<void(int count, KWProjectListNode &)> countChangedHandler;

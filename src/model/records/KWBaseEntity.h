@@ -38,6 +38,7 @@ private:
     virtual bool hasChanges() const = 0;
     virtual void write(Connection &connection) = 0;
     virtual void didSave() = 0;
+    virtual void revert() = 0;
     /// Reads the stored values again, keeping the fields changed here. Answers false when the store
     /// holds the record no longer.
     virtual bool refresh(Connection &connection) = 0;

@@ -90,6 +90,13 @@ private:
         m_stored.reset();
     }
 
+    void revert() override
+    {
+        m_state = State::Stored;
+        if (m_stored) m_current = std::move(*m_stored);
+        m_stored.reset();
+    }
+
     bool refresh(Connection &connection) override
     {
         std::optional<Twin> fresh = RecordMapper<Twin>::find(connection, sid());

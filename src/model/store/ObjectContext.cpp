@@ -37,6 +37,8 @@ ObjectContext::ObjectContext(std::unique_ptr<Connection> connection, const CXClo
 
 ObjectContext::~ObjectContext() = default;
 
+std::unique_ptr<Connection> ObjectContext::releaseConnection() { return std::move(m_connection); }
+
 KWBaseEntity &ObjectContext::adopt(std::shared_ptr<KWBaseEntity> record)
 {
     record->m_context = this;
@@ -182,10 +184,13 @@ Result<StoreChange> ObjectContext::save()
     return change;
 }
 
-void ObjectContext::reset()
+void ObjectContext::rollback()
 {
-    m_changed.clear();
-    for (IdentityMap &map : m_records) map.clear();
+    for (KWBaseEntity *each : std::exchange(m_changed, {}))
+        if (each->isInserted())
+            forget(*each);
+        else
+            each->revert();
 }
 
 void ObjectContext::refresh(KWBaseEntity &record)

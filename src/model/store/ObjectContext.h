@@ -42,8 +42,8 @@ public:
     /// Writes all changes durably, or none: on failure the store is as before, the changes are still
     /// here and can be saved again or rolled back.
     Result<StoreChange> save();
-    /// Drops all unsaved changes and forgets every record; pointers to records are invalid afterwards.
-    void reset();
+    /// Takes every unsaved change back. Pointers to records made since the last save are invalid then.
+    void rollback();
 
     /// Reads again what another context or process has written.
     void refresh(const StoreChange &change);
@@ -51,7 +51,7 @@ public:
 
     Connection &connection() { return *m_connection; }
     /// Ends the context: only dropping it is allowed afterwards.
-    std::unique_ptr<Connection> releaseConnection() { return std::move(m_connection); }
+    std::unique_ptr<Connection> releaseConnection();
     const CXClock &clock() const { return m_clock; }
 
     /// Called after every successful save that changed something.

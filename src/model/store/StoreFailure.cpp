@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <SQLiteCpp/Exception.h>
 #include <sqlite3.h>
 
 QString storeText(const char *english) { return QCoreApplication::translate("Store", english); }

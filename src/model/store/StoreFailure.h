@@ -2,7 +2,9 @@
 
 #include "corvexkit/Result.h"
 
-#include <SQLiteCpp/Exception.h>
+namespace SQLite {
+class Exception;
+}
 
 /// A sentence about the store in the language of the interface.
 QString storeText(const char *english);

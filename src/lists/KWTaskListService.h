@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/account/KWAccountManager.h"
+#include "model/events/KWEventBus.h"
+#include "model/store/KWListDataFetcher.h"
+
+#include <functional>
+#include <vector>
+
+/// The rows of the list that the middle pane shows, kept true while tasks and the day change. The top
+/// of a long list is there at once; the rest follows from the background. Main thread.
+class KWTaskListService {
+public:
+    KWTaskListService(KWCoreDataManager &manager, KWAccountManager &account, KWNotificationCenter &center,
+                      KWEventBus &bus);
+
+    const KWListIdentifier &list() const { return m_list; }
+    const QList<KWTaskListItemModel> &rows() const { return m_rows; }
+
+    void select(const KWListIdentifier &list);
+    void reload();
+    void clear();
+
+    /// The rows are other ones now.
+    std::function<void()> onRowsChanged;
+    /// The rows could not be read; the sentence says why.
+    std::function<void(const QString &)> onFailure;
+
+private:
+    void readTop();
+    void readAll();
+    void take(QList<KWTaskListItemModel> rows);
+    bool isLongList() const;
+
+    KWCoreDataManager &m_manager;
+    KWAccountManager &m_account;
+    KWListIdentifier m_list;
+    QList<KWTaskListItemModel> m_rows;
+    bool m_showsOtherList = false; // the rows are still those of the list selected before
+    int m_generation = 0; // of the request: an answer to an older one is dropped
+    std::vector<KWNotificationCenter::Observation> m_observations;
+    KWEventBus::Registration m_registration;
+};
