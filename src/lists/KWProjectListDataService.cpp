@@ -12,7 +12,8 @@ using Nodes = std::vector<std::unique_ptr<Node>>;
 
 std::unique_ptr<Node> smartNode(const KWSmartProject &smart)
 {
-    return std::make_unique<Node>(KWProjectListNodeType::smartProject, smart.identifier(), smart.displayName());
+    return std::make_unique<Node>(KWProjectListNodeType::smartProject, smart.identifier(),
+                                  smart.displayName());
 }
 
 std::unique_ptr<Node> projectNode(const KWProjectModel &project)
@@ -60,7 +61,8 @@ Nodes listNodes(const ProjectListContents &contents)
     }
     std::ranges::stable_sort(ordered, {}, [](const auto &each) { return each.first; });
     Nodes nodes;
-    for (auto &[order, node] : ordered) nodes.push_back(std::move(node));
+    for (auto &[order, node] : ordered)
+        nodes.push_back(std::move(node));
     return nodes;
 }
 
@@ -102,12 +104,12 @@ ProjectListContents ProjectListContents::read(const QString &userID, ObjectConte
         contents.projects.append(each->model());
     for (const KWProjectGroup *each : KWProjectGroup::findGroupsOfUser(userID, context))
         contents.groups.append(each->model());
-    for (const KWTag *each : KWTag::findTagsOfUser(userID, context)) contents.tags.append(each->model());
+    for (const KWTag *each : KWTag::findTagsOfUser(userID, context))
+        contents.tags.append(each->model());
     return contents;
 }
 
-KWProjectListDataService::KWProjectListDataService()
-    : m_rootNode(KWProjectListNodeType::none, {}, {})
+KWProjectListDataService::KWProjectListDataService() : m_rootNode(KWProjectListNodeType::none, {}, {})
 {
     const auto section = [](KWProjectListNode &parent) {
         return &parent.addChild(std::make_unique<Node>(KWProjectListNodeType::none, QString{}, QString{}));
@@ -135,7 +137,8 @@ void KWProjectListDataService::rebuild(const ProjectListContents &contents,
 
 void KWProjectListDataService::clear()
 {
-    for (Node *each : {m_topNode, m_filterNode, m_tagNode, m_listNode, m_subCalNode, m_bottomNode}) each->setChildren({});
+    for (Node *each : {m_topNode, m_filterNode, m_tagNode, m_listNode, m_subCalNode, m_bottomNode})
+        each->setChildren({});
 }
 
 KWProjectListNode *KWProjectListDataService::nodeFor(const KWListIdentifier &list)

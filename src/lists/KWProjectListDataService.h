@@ -36,7 +36,8 @@ public:
     KWProjectListNode &subCalNode() { return *m_subCalNode; }
 
     /// `isFolded` tells which sections and folders the user has folded.
-    void rebuild(const ProjectListContents &contents, const std::function<bool(const KWProjectListNode &)> &isFolded);
+    void rebuild(const ProjectListContents &contents,
+                 const std::function<bool(const KWProjectListNode &)> &isFolded);
     void clear();
 
     /// The node that shows the list, or none.

@@ -3,9 +3,7 @@
 #include <algorithm>
 
 KWProjectListNode::KWProjectListNode(KWProjectListNodeType type, QString entityID, QString title)
-    : m_type(type)
-    , m_entityID(std::move(entityID))
-    , m_title(std::move(title))
+    : m_type(type), m_entityID(std::move(entityID)), m_title(std::move(title))
 {
 }
 
@@ -34,7 +32,8 @@ int KWProjectListNode::row() const
 void KWProjectListNode::setChildren(std::vector<std::unique_ptr<KWProjectListNode>> children)
 {
     m_children = std::move(children);
-    for (const auto &each : m_children) each->m_parent = this;
+    for (const auto &each : m_children)
+        each->m_parent = this;
 }
 
 KWProjectListNode &KWProjectListNode::addChild(std::unique_ptr<KWProjectListNode> child)
@@ -47,10 +46,15 @@ KWProjectListNode &KWProjectListNode::addChild(std::unique_ptr<KWProjectListNode
 std::optional<KWListIdentifier> KWProjectListNode::listIdentifier() const
 {
     switch (m_type) {
-    case KWProjectListNodeType::smartProject: return KWListIdentifier::smartProject(m_entityID);
-    case KWProjectListNodeType::project: return KWListIdentifier::project(m_entityID);
-    case KWProjectListNodeType::group: return KWListIdentifier::group(m_entityID);
-    case KWProjectListNodeType::tag: return KWListIdentifier::tag(m_entityID);
-    default: return std::nullopt;
+    case KWProjectListNodeType::smartProject:
+        return KWListIdentifier::smartProject(m_entityID);
+    case KWProjectListNodeType::project:
+        return KWListIdentifier::project(m_entityID);
+    case KWProjectListNodeType::group:
+        return KWListIdentifier::group(m_entityID);
+    case KWProjectListNodeType::tag:
+        return KWListIdentifier::tag(m_entityID);
+    default:
+        return std::nullopt;
     }
 }

@@ -15,13 +15,11 @@ QString foldingKey(const KWProjectListNode &node)
 KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAccountManager &account,
                                                KWProjectListCountFetcher &counts, KWUserDefaults &defaults,
                                                KWNotificationCenter &center, KWEventBus &bus)
-    : m_manager(manager)
-    , m_account(account)
-    , m_counts(counts)
-    , m_defaults(defaults)
+    : m_manager(manager), m_account(account), m_counts(counts), m_defaults(defaults)
 {
     const auto observe = [this, &center](const QString &name, auto action) {
-        m_observations.push_back(center.addObserver(name, [this, action](const KWNotification &) { (this->*action)(); }));
+        m_observations.push_back(
+            center.addObserver(name, [this, action](const KWNotification &) { (this->*action)(); }));
     };
     observe(KWNewDayComesNotification, &KWProjectListPresenter::recount);
     observe(KWSyncDidBatchPullNotification, &KWProjectListPresenter::reload);
@@ -30,8 +28,9 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
         if (onCountsChanged) onCountsChanged();
     }));
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        const bool mayChangeTree = change.touches(RecordKind::Project) || change.touches(RecordKind::ProjectGroup)
-            || change.touches(RecordKind::Tag);
+        const bool mayChangeTree = change.touches(RecordKind::Project) ||
+                                   change.touches(RecordKind::ProjectGroup) ||
+                                   change.touches(RecordKind::Tag);
         if (!m_account.isSignedIn() || !m_contents) return;
         if (mayChangeTree) rebuildIfChanged();
         if (mayChangeTree || change.touches(RecordKind::Task)) recount();
@@ -40,11 +39,13 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
 
 bool KWProjectListPresenter::rebuildIfChanged()
 {
-    ProjectListContents contents = ProjectListContents::read(m_account.currentUserID(), m_manager.MR_defaultContext());
+    ProjectListContents contents =
+        ProjectListContents::read(m_account.currentUserID(), m_manager.MR_defaultContext());
     if (contents == m_contents) return false;
     m_contents = std::move(contents);
-    m_dataService.rebuild(*m_contents,
-                          [this](const KWProjectListNode &node) { return m_foldedNodes.contains(foldingKey(node)); });
+    m_dataService.rebuild(*m_contents, [this](const KWProjectListNode &node) {
+        return m_foldedNodes.contains(foldingKey(node));
+    });
     if (onTreeRebuilt) onTreeRebuilt();
     restoreSelection();
     return true;

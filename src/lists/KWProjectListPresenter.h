@@ -13,8 +13,9 @@ class KWUserDefaults;
 /// the day do, and remembers what is selected and folded. Main thread.
 class KWProjectListPresenter {
 public:
-    KWProjectListPresenter(KWCoreDataManager &manager, KWAccountManager &account, KWProjectListCountFetcher &counts,
-                           KWUserDefaults &defaults, KWNotificationCenter &center, KWEventBus &bus);
+    KWProjectListPresenter(KWCoreDataManager &manager, KWAccountManager &account,
+                           KWProjectListCountFetcher &counts, KWUserDefaults &defaults,
+                           KWNotificationCenter &center, KWEventBus &bus);
 
     KWProjectListDataService &dataService() { return m_dataService; }
     KWProjectListNode &listsRootNode() { return m_dataService.rootNode(); }

@@ -14,8 +14,7 @@ constexpr std::int64_t topRows = 300;
 
 KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManager &account,
                                      KWNotificationCenter &center, KWEventBus &bus)
-    : m_manager(manager)
-    , m_account(account)
+    : m_manager(manager), m_account(account)
 {
     const auto reloadOn = [this, &center](const QString &name) {
         m_observations.push_back(center.addObserver(name, [this](const KWNotification &) { reload(); }));
@@ -26,8 +25,8 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
         if (KWSmartProject::isDateSensetiveSmartProjectID(m_list.entityID)) reload();
     }));
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        if (change.touches(RecordKind::Task) || change.touches(RecordKind::ChecklistItem)
-            || change.touches(RecordKind::Project))
+        if (change.touches(RecordKind::Task) || change.touches(RecordKind::ChecklistItem) ||
+            change.touches(RecordKind::Project))
             reload();
     });
 }
@@ -61,9 +60,8 @@ void KWTaskListService::reload()
 
 void KWTaskListService::readTop()
 {
-    Result<QList<KWTaskListItemModel>> rows =
-        KWListDataFetcher{m_manager.store().clock()}.reloadDataModel({m_account.currentUserID(), m_list, topRows},
-                                                                     m_manager.MR_defaultContext().connection());
+    Result<QList<KWTaskListItemModel>> rows = KWListDataFetcher{m_manager.store().clock()}.reloadDataModel(
+        {m_account.currentUserID(), m_list, topRows}, m_manager.MR_defaultContext().connection());
     if (rows)
         take(std::move(*rows));
     else if (onFailure)
@@ -73,20 +71,22 @@ void KWTaskListService::readTop()
 void KWTaskListService::readAll()
 {
     auto rows = std::make_shared<QList<KWTaskListItemModel>>();
-    const auto read = [rows, request = ListDataRequest{m_account.currentUserID(), m_list},
-                       fetcher = KWListDataFetcher{m_manager.store().clock()}](ObjectContext &context) -> Result<void> {
+    const auto read =
+        [rows, request = ListDataRequest{m_account.currentUserID(), m_list},
+         fetcher = KWListDataFetcher{m_manager.store().clock()}](ObjectContext &context) -> Result<void> {
         Result<QList<KWTaskListItemModel>> all = fetcher.reloadDataModel(request, context.connection());
         if (!all) return all.error();
         *rows = std::move(*all);
         return {};
     };
-    KWCoreDataService{m_manager}.async_perform(read, [this, rows, generation = m_generation](const Result<void> &done) {
-        if (generation != m_generation) return;
-        if (done)
-            take(std::move(*rows));
-        else if (onFailure)
-            onFailure(done.error().sentence);
-    });
+    KWCoreDataService{m_manager}.async_perform(
+        read, [this, rows, generation = m_generation](const Result<void> &done) {
+            if (generation != m_generation) return;
+            if (done)
+                take(std::move(*rows));
+            else if (onFailure)
+                onFailure(done.error().sentence);
+        });
 }
 
 void KWTaskListService::take(QList<KWTaskListItemModel> rows)

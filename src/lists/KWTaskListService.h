@@ -37,7 +37,7 @@ private:
     KWListIdentifier m_list;
     QList<KWTaskListItemModel> m_rows;
     bool m_showsOtherList = false; // the rows are still those of the list selected before
-    int m_generation = 0; // of the request: an answer to an older one is dropped
+    int m_generation = 0;          // of the request: an answer to an older one is dropped
     std::vector<KWNotificationCenter::Observation> m_observations;
     KWEventBus::Registration m_registration;
 };

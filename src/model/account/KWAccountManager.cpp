@@ -36,29 +36,31 @@ KWUser &makeLocalAccount(ObjectContext &context, const QLocale &locale)
 
 } // namespace
 
-KWAccountManager::KWAccountManager(KWCoreDataManager &manager, KWNotificationCenter &center, KWUserDefaults &defaults)
-    : m_manager(manager)
-    , m_center(center)
-    , m_defaults(defaults)
+KWAccountManager::KWAccountManager(KWCoreDataManager &manager, KWNotificationCenter &center,
+                                   KWUserDefaults &defaults)
+    : m_manager(manager), m_center(center), m_defaults(defaults)
 {
 }
 
 void KWAccountManager::refreshCurrentUser()
 {
     ObjectContext &context = m_manager.MR_defaultContext();
-    const QList<KWUser *> signedIn = context.fetch<KWUser>({.where = "isSignedIn = 1 AND isDeleted = 0", .limit = 1});
+    const QList<KWUser *> signedIn =
+        context.fetch<KWUser>({.where = "isSignedIn = 1 AND isDeleted = 0", .limit = 1});
     m_currentUser = signedIn.isEmpty() ? std::nullopt : std::optional{signedIn.first()->model()};
     m_settings = m_currentUser ? context.find<KWUserSettings>(m_currentUser->sid) : nullptr;
 }
 
 Result<void> KWAccountManager::openLocalAccount(const QLocale &locale)
 {
-    const Result<void> saved = KWCoreDataService{m_manager}.sync_save([&locale](ObjectContext &context) -> Result<void> {
-        const QList<KWUser *> existing = context.fetch<KWUser>({.where = "userServerID = 0 AND isDeleted = 0", .limit = 1});
-        KWUser &account = existing.isEmpty() ? makeLocalAccount(context, locale) : *existing.first();
-        account.set(&KWUserModel::isSignedIn, true);
-        return {};
-    });
+    const Result<void> saved =
+        KWCoreDataService{m_manager}.sync_save([&locale](ObjectContext &context) -> Result<void> {
+            const QList<KWUser *> existing =
+                context.fetch<KWUser>({.where = "userServerID = 0 AND isDeleted = 0", .limit = 1});
+            KWUser &account = existing.isEmpty() ? makeLocalAccount(context, locale) : *existing.first();
+            account.set(&KWUserModel::isSignedIn, true);
+            return {};
+        });
     if (saved) refreshCurrentUser();
     return saved;
 }
@@ -72,10 +74,12 @@ Result<void> KWAccountManager::signInLocally(const QLocale &locale)
 
 Result<void> KWAccountManager::signOut()
 {
-    const Result<void> saved = KWCoreDataService{m_manager}.sync_save([](ObjectContext &context) -> Result<void> {
-        for (KWUser *each : context.fetch<KWUser>({.where = "isSignedIn = 1"})) each->set(&KWUserModel::isSignedIn, false);
-        return {};
-    });
+    const Result<void> saved =
+        KWCoreDataService{m_manager}.sync_save([](ObjectContext &context) -> Result<void> {
+            for (KWUser *each : context.fetch<KWUser>({.where = "isSignedIn = 1"}))
+                each->set(&KWUserModel::isSignedIn, false);
+            return {};
+        });
     if (!saved) return saved;
     refreshCurrentUser();
     m_center.post(KWUserDidSignOutNotification);
@@ -91,8 +95,8 @@ const KWUserSettingsModel &KWAccountManager::userSettings() const
 QString KWAccountManager::defaultAddtoList() const
 {
     const KWProject *chosen = m_manager.MR_defaultContext().find<KWProject>(userSettings().defaultListID);
-    const bool isUsable = chosen && chosen->isNotDeleted() && !chosen->isClosed()
-        && chosen->model().permission == KWProjectPermissionWrite;
+    const bool isUsable = chosen && chosen->isNotDeleted() && !chosen->isClosed() &&
+                          chosen->model().permission == KWProjectPermissionWrite;
     return isUsable ? chosen->sid() : KWProject::inboxIDOfUser(currentUserID());
 }
 

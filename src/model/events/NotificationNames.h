@@ -12,8 +12,10 @@ inline const QString KWSyncWillBatchPushNotification = QStringLiteral("KWSyncWil
 inline const QString KWSyncDidBatchPushNotification = QStringLiteral("KWSyncDidBatchPushNotification");
 inline const QString KWUserDidSignInNotification = QStringLiteral("KWUserDidSignInNotification");
 inline const QString KWUserDidSignOutNotification = QStringLiteral("KWUserDidSignOutNotification");
-inline const QString kKWAccountStatusChangedNotification = QStringLiteral("kKWAccountStatusChangedNotification");
-inline const QString kKWAccountProfileChangedNotification = QStringLiteral("kKWAccountProfileChangedNotification");
+inline const QString kKWAccountStatusChangedNotification =
+    QStringLiteral("kKWAccountStatusChangedNotification");
+inline const QString kKWAccountProfileChangedNotification =
+    QStringLiteral("kKWAccountProfileChangedNotification");
 
 // The clock, posted by the application; the object is the moment, as a QDateTime.
 inline const QString KWNewMinuteComesNotification = QStringLiteral("KWNewMinuteComesNotification");
@@ -33,7 +35,8 @@ inline const QString KWTaskDefaultConfigurationChangedNotification =
     QStringLiteral("KWTaskDefaultConfigurationChangedNotification");
 inline const QString KWSmartRecognitionConfigurationDidChangeNotification =
     QStringLiteral("KWSmartRecognitionConfigurationDidChangeNotification");
-inline const QString KWSyncDidPullHabitSettingsNotification = QStringLiteral("KWSyncDidPullHabitSettingsNotification");
+inline const QString KWSyncDidPullHabitSettingsNotification =
+    QStringLiteral("KWSyncDidPullHabitSettingsNotification");
 inline const QString KWThemeDidChangeNotification = QStringLiteral("KWThemeDidChangeNotification");
 
 /// Counts were worked out again; posted by KWProjectListCountFetcher.

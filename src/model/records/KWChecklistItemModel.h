@@ -21,10 +21,10 @@ struct KWChecklistItemModel : KWSynchronizableFields {
 };
 
 template <>
-inline constexpr auto recordFields<KWChecklistItemModel> =
-    synchronized(field("taskID", &KWChecklistItemModel::taskID, Json{"taskId"}),
-                 field("title", &KWChecklistItemModel::title, Change::Content),
-                 field("status", &KWChecklistItemModel::status), field("startDate", &KWChecklistItemModel::startDate),
-                 field("isAllDay", &KWChecklistItemModel::isAllDay),
-                 field("snoozedRemindDate", &KWChecklistItemModel::snoozedRemindDate),
-                 field("completionDate", &KWChecklistItemModel::completionDate));
+inline constexpr auto recordFields<KWChecklistItemModel> = synchronized(
+    field("taskID", &KWChecklistItemModel::taskID, Json{"taskId"}),
+    field("title", &KWChecklistItemModel::title, Change::Content),
+    field("status", &KWChecklistItemModel::status), field("startDate", &KWChecklistItemModel::startDate),
+    field("isAllDay", &KWChecklistItemModel::isAllDay),
+    field("snoozedRemindDate", &KWChecklistItemModel::snoozedRemindDate),
+    field("completionDate", &KWChecklistItemModel::completionDate));

@@ -11,20 +11,24 @@
 // change; everything else compares by name.
 
 /// The stored text of an enumeration whose values are text constants.
-template <class Enum> using TextValues = std::pair<Enum, QLatin1StringView>;
-template <class Enum> inline constexpr auto textValues = nullptr;
+template <class Enum>
+using TextValues = std::pair<Enum, QLatin1StringView>;
+template <class Enum>
+inline constexpr auto textValues = nullptr;
 
 template <class Enum>
 concept TextConstant = !std::is_same_v<std::remove_cv_t<decltype(textValues<Enum>)>, std::nullptr_t>;
 
-template <TextConstant Enum> QLatin1StringView textOf(Enum value)
+template <TextConstant Enum>
+QLatin1StringView textOf(Enum value)
 {
     for (const auto &[each, text] : textValues<Enum>)
         if (each == value) return text;
     return textValues<Enum>[0].second;
 }
 
-template <TextConstant Enum> std::optional<Enum> valueOf(QStringView text)
+template <TextConstant Enum>
+std::optional<Enum> valueOf(QStringView text)
 {
     for (const auto &[each, name] : textValues<Enum>)
         if (name == text) return each;
@@ -39,7 +43,11 @@ inline constexpr auto textValues<KWTaskKind> = std::to_array<TextValues<KWTaskKi
     {KWTaskKindNote, QLatin1StringView{"NOTE"}},
 });
 
-enum KWTaskStatus : std::int16_t { KWTaskStatusOpen = 0, KWTaskStatusCompleted = 2, KWTaskStatusAbandoned = -1 };
+enum KWTaskStatus : std::int16_t {
+    KWTaskStatusOpen = 0,
+    KWTaskStatusCompleted = 2,
+    KWTaskStatusAbandoned = -1
+};
 
 /// 0 none, 1 low, 3 medium, 5 high.
 using KWTaskPriority = std::int16_t;

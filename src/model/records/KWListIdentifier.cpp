@@ -14,13 +14,25 @@ KWListIdentifier KWListIdentifier::project(const QString &projectID)
     return {projectID, KWListIdentifierType::Project};
 }
 
-KWListIdentifier KWListIdentifier::group(const QString &groupID) { return {groupID, KWListIdentifierType::Group}; }
+KWListIdentifier KWListIdentifier::group(const QString &groupID)
+{
+    return {groupID, KWListIdentifierType::Group};
+}
 
-KWListIdentifier KWListIdentifier::tag(const QString &tagName) { return {tagName, KWListIdentifierType::Tag}; }
+KWListIdentifier KWListIdentifier::tag(const QString &tagName)
+{
+    return {tagName, KWListIdentifierType::Tag};
+}
 
-KWListIdentifier KWListIdentifier::todayProject() { return smartProject(KWSmartProject::today().identifier()); }
+KWListIdentifier KWListIdentifier::todayProject()
+{
+    return smartProject(KWSmartProject::today().identifier());
+}
 
-KWListIdentifier KWListIdentifier::monthCalendarViewID() { return {u"calendar-month"_s, KWListIdentifierType::View}; }
+KWListIdentifier KWListIdentifier::monthCalendarViewID()
+{
+    return {u"calendar-month"_s, KWListIdentifierType::View};
+}
 
 QString KWListIdentifier::userDefaultEncode() const { return QString::number(int(type)) + u':' + entityID; }
 

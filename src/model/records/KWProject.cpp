@@ -5,7 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
-QList<KWProject *> KWProject::findProjectsOfUser(const QString &userID, ProjectScope scope, ObjectContext &context)
+QList<KWProject *> KWProject::findProjectsOfUser(const QString &userID, ProjectScope scope,
+                                                 ObjectContext &context)
 {
     return context.fetch<KWProject>({.where = "userID = ? AND isDeleted = 0 AND closed <= ?",
                                      .values = {userID, std::int64_t(scope == ProjectScope::OpenAndClosed)},
@@ -41,5 +42,6 @@ KWProject &KWProject::createProjectNamed(const QString &name, const QString &use
 
 std::int64_t KWProject::sortOrderForNewTask() const
 {
-    return context().number("SELECT min(sortOrder) FROM tasks WHERE projectID = ?", {sid()}) - KWSortOrderStep;
+    return context().number("SELECT min(sortOrder) FROM tasks WHERE projectID = ?", {sid()}) -
+           KWSortOrderStep;
 }

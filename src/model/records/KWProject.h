@@ -14,7 +14,8 @@ public:
     bool isNoteKind() const { return model().kind == KWProjectKindNote; }
 
     /// The user's lists, the inbox first, then in their manual order.
-    static QList<KWProject *> findProjectsOfUser(const QString &userID, ProjectScope scope, ObjectContext &context);
+    static QList<KWProject *> findProjectsOfUser(const QString &userID, ProjectScope scope,
+                                                 ObjectContext &context);
     /// The user's inbox; none before the account was made.
     static KWProject *findInboxOfUser(const QString &userID, ObjectContext &context);
     /// The id the user's inbox has, also before it is made.

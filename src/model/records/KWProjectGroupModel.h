@@ -15,5 +15,6 @@ struct KWProjectGroupModel : KWSynchronizableFields {
 };
 
 template <>
-inline constexpr auto recordFields<KWProjectGroupModel> = synchronized(
-    field("name", &KWProjectGroupModel::name), field("sortType", &KWProjectGroupModel::sortType));
+inline constexpr auto
+    recordFields<KWProjectGroupModel> = synchronized(field("name", &KWProjectGroupModel::name),
+                                                     field("sortType", &KWProjectGroupModel::sortType));

@@ -34,6 +34,7 @@ inline constexpr auto recordFields<KWProjectModel> = synchronized(
     field("sortType", &KWProjectModel::sortType), field("closed", &KWProjectModel::closed),
     field("isInbox", &KWProjectModel::isInbox), field("isShared", &KWProjectModel::isShared),
     field("userCount", &KWProjectModel::userCount), field("isOwner", &KWProjectModel::isOwner),
-    field("permission", &KWProjectModel::permission), field("teamID", &KWProjectModel::teamID, Json{"teamId"}),
-    field("isMuted", &KWProjectModel::isMuted), field("showsInSmartList", &KWProjectModel::showsInSmartList),
+    field("permission", &KWProjectModel::permission),
+    field("teamID", &KWProjectModel::teamID, Json{"teamId"}), field("isMuted", &KWProjectModel::isMuted),
+    field("showsInSmartList", &KWProjectModel::showsInSmartList),
     field("viewMode", &KWProjectModel::viewMode));

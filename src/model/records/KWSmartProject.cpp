@@ -7,8 +7,7 @@
 using namespace Qt::StringLiterals;
 
 KWSmartProject::KWSmartProject(QString identifier, const char *nameKey)
-    : m_identifier(std::move(identifier))
-    , m_nameKey(nameKey)
+    : m_identifier(std::move(identifier)), m_nameKey(nameKey)
 {
 }
 
@@ -60,6 +59,6 @@ bool KWSmartProject::isCompletedSmartProjectID(const QString &identifier)
 
 bool KWSmartProject::isDateSensetiveSmartProjectID(const QString &identifier)
 {
-    return identifier == today().identifier() || identifier == tomorrow().identifier()
-        || identifier == next7days().identifier();
+    return identifier == today().identifier() || identifier == tomorrow().identifier() ||
+           identifier == next7days().identifier();
 }

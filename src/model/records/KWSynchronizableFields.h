@@ -24,19 +24,20 @@ struct KWSynchronizableFields {
     bool operator==(const KWSynchronizableFields &) const = default;
 };
 
-inline constexpr auto synchronizableFields = fields(
-    field("sid", &KWSynchronizableFields::sid, Json{"id"}, Change::None),
-    field("userID", &KWSynchronizableFields::userID, Change::None),
-    field("etag", &KWSynchronizableFields::etag, Change::None),
-    field("sortOrder", &KWSynchronizableFields::sortOrder, Change::Order),
-    field("createdTime", &KWSynchronizableFields::createdTime),
-    field("modifiedTime", &KWSynchronizableFields::modifiedTime, Change::None),
-    field("syncStatus", &KWSynchronizableFields::syncStatus, Change::None),
-    field("pendingChanges", &KWSynchronizableFields::pendingChanges, Change::None),
-    field("isDeleted", &KWSynchronizableFields::isDeleted, Change::None));
+inline constexpr auto synchronizableFields =
+    fields(field("sid", &KWSynchronizableFields::sid, Json{"id"}, Change::None),
+           field("userID", &KWSynchronizableFields::userID, Change::None),
+           field("etag", &KWSynchronizableFields::etag, Change::None),
+           field("sortOrder", &KWSynchronizableFields::sortOrder, Change::Order),
+           field("createdTime", &KWSynchronizableFields::createdTime),
+           field("modifiedTime", &KWSynchronizableFields::modifiedTime, Change::None),
+           field("syncStatus", &KWSynchronizableFields::syncStatus, Change::None),
+           field("pendingChanges", &KWSynchronizableFields::pendingChanges, Change::None),
+           field("isDeleted", &KWSynchronizableFields::isDeleted, Change::None));
 
 /// The field table of a synchronised twin: the common fields, then its own.
-template <class... Fields> constexpr auto synchronized(Fields... own)
+template <class... Fields>
+constexpr auto synchronized(Fields... own)
 {
     return std::tuple_cat(synchronizableFields, fields(own...));
 }

@@ -8,8 +8,9 @@ QList<KWTag *> KWTag::findTagsOfUser(const QString &userID, ObjectContext &conte
 
 KWTag *KWTag::findTagNamed(const QString &name, const QString &userID, ObjectContext &context)
 {
-    const QList<KWTag *> found = context.fetch<KWTag>(
-        {.where = "userID = ? AND name = ? AND isDeleted = 0", .values = {userID, nameForLabel(name)}, .limit = 1});
+    const QList<KWTag *> found = context.fetch<KWTag>({.where = "userID = ? AND name = ? AND isDeleted = 0",
+                                                       .values = {userID, nameForLabel(name)},
+                                                       .limit = 1});
     return found.value(0);
 }
 

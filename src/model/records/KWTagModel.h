@@ -18,7 +18,8 @@ struct KWTagModel : KWSynchronizableFields {
 };
 
 template <>
-inline constexpr auto recordFields<KWTagModel> =
-    synchronized(field("name", &KWTagModel::name), field("label", &KWTagModel::label),
-                 field("color", &KWTagModel::color), field("sortType", &KWTagModel::sortType),
-                 field("parent", &KWTagModel::parent));
+inline constexpr auto recordFields<KWTagModel> = synchronized(field("name", &KWTagModel::name),
+                                                              field("label", &KWTagModel::label),
+                                                              field("color", &KWTagModel::color),
+                                                              field("sortType", &KWTagModel::sortType),
+                                                              field("parent", &KWTagModel::parent));

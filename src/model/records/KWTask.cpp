@@ -16,7 +16,8 @@ bool KWTask::isOverdue() const
     const Instant now = context().clock().now();
     if (!model().isAllDay) return model().endDate.value_or(*model().startDate) < now;
     const CXTimeZone zone = context().clock().zone();
-    const Day lastDay = zone.dayOf(model().endDate ? *model().endDate - std::chrono::milliseconds{1} : *model().startDate);
+    const Day lastDay =
+        zone.dayOf(model().endDate ? *model().endDate - std::chrono::milliseconds{1} : *model().startDate);
     return lastDay < zone.dayOf(now);
 }
 

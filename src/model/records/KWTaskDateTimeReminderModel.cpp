@@ -9,7 +9,8 @@ void KWTaskDateTimeReminderModel::presetDefaultDateIfNeeded(const KWTaskDefaultC
 {
     if (startDateTime || !defaults.dateOffset) return;
     const CXTimeZone zone = clock.zone();
-    startDateTime = KWDateTime::dateTimeWithDate(zone.startOfDay(clock.today() + *defaults.dateOffset), false);
+    startDateTime =
+        KWDateTime::dateTimeWithDate(zone.startOfDay(clock.today() + *defaults.dateOffset), false);
 }
 
 bool KWTaskDateTimeReminderModel::presetDefaultRemindersIfNeeded(const KWTaskDefaultConfiguration &defaults)
@@ -31,7 +32,8 @@ void KWTaskDateTimeReminderModel::applyTo(KWTaskModel &task, const QString &time
     task.repeatRule = repeatRule;
     task.repeatFrom = repeatFrom;
     task.reminders.clear();
-    for (const CXAlarmTrigger &each : alarmTriggers) task.reminders.append(each.representation());
+    for (const CXAlarmTrigger &each : alarmTriggers)
+        task.reminders.append(each.representation());
 }
 
 KWTaskDateTimeReminderModel KWTaskDateTimeReminderModel::ofTask(const KWTaskModel &task)

@@ -10,7 +10,8 @@
 
 /// A record made of its value twin: reading goes through `->`, writing through `set`, which flags the
 /// kind of change that the field table gives the field.
-template <class Twin> class ManagedRecord : public KWSynchronizableObject {
+template <class Twin>
+class ManagedRecord : public KWSynchronizableObject {
 public:
     using Model = Twin;
 
@@ -22,7 +23,7 @@ public:
 
     /// Sets one field; setting the value it has changes nothing.
     template <class Value, std::derived_from<KWSynchronizableFields> Owner>
-        requires std::derived_from<Twin, Owner>
+    requires std::derived_from<Twin, Owner>
     void set(Value Owner::*member, std::type_identity_t<Value> value)
     {
         if (m_current.*member == value) return;
@@ -64,7 +65,8 @@ private:
         m_context->noteChanged(*this);
     }
 
-    template <class Value, class Owner> void markFieldOf(Value Owner::*member)
+    template <class Value, class Owner>
+    void markFieldOf(Value Owner::*member)
     {
         forEachField<Twin>([&](const auto &each, std::size_t) {
             if constexpr (std::same_as<decltype(each.member), Value Owner::*>)
@@ -72,7 +74,10 @@ private:
         });
     }
 
-    bool hasChanges() const override { return isInserted() || isRemoved() || (m_stored && *m_stored != m_current); }
+    bool hasChanges() const override
+    {
+        return isInserted() || isRemoved() || (m_stored && *m_stored != m_current);
+    }
 
     void write(Connection &connection) override
     {

@@ -14,14 +14,23 @@ enum class Change : std::uint8_t { None = 0, General = 1, Content = 2, Order = 4
 /// One field of a value twin: its name (also the column's), the member, the key in JSON, and the kind
 /// of change that setting it is. Everything that treats fields alike (columns, reading and writing,
 /// JSON, change masks, differences) is made from these.
-template <class Owner, class Value> struct Field {
+template <class Owner, class Value>
+struct Field {
     std::string_view name;
     Value Owner::*member;
     std::string_view jsonKey;
     Change change;
 
-    template <class Twin> const Value &of(const Twin &twin) const { return twin.*member; }
-    template <class Twin> Value &of(Twin &twin) const { return twin.*member; }
+    template <class Twin>
+    const Value &of(const Twin &twin) const
+    {
+        return twin.*member;
+    }
+    template <class Twin>
+    Value &of(Twin &twin) const
+    {
+        return twin.*member;
+    }
 };
 
 struct Json {
@@ -29,7 +38,8 @@ struct Json {
 };
 
 template <class Owner, class Value>
-constexpr Field<Owner, Value> field(std::string_view name, Value Owner::*member, Change change = Change::General)
+constexpr Field<Owner, Value> field(std::string_view name, Value Owner::*member,
+                                    Change change = Change::General)
 {
     return {name, member, name, change};
 }
@@ -41,15 +51,22 @@ constexpr Field<Owner, Value> field(std::string_view name, Value Owner::*member,
     return {name, member, json.key, change};
 }
 
-template <class... Fields> constexpr std::tuple<Fields...> fields(Fields... list) { return {list...}; }
+template <class... Fields>
+constexpr std::tuple<Fields...> fields(Fields... list)
+{
+    return {list...};
+}
 
 /// The field table of a value twin; specialised beside each twin. The order is the order of columns.
-template <class Twin> inline constexpr auto recordFields = std::tuple<>{};
+template <class Twin>
+inline constexpr auto recordFields = std::tuple<>{};
 
-template <class Twin> inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(recordFields<Twin>)>;
+template <class Twin>
+inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(recordFields<Twin>)>;
 
 /// Calls `visit(field, index)` for every field of the twin, in table order.
-template <class Twin, class Visitor> constexpr void forEachField(Visitor &&visit)
+template <class Twin, class Visitor>
+constexpr void forEachField(Visitor &&visit)
 {
     std::size_t index = 0;
     std::apply([&](const auto &...each) { (visit(each, index++), ...); }, recordFields<Twin>);
@@ -59,7 +76,8 @@ template <class Twin, class Visitor> constexpr void forEachField(Visitor &&visit
 using FieldMask = std::uint64_t;
 
 /// The fields in which the two versions differ.
-template <class Twin> FieldMask difference(const Twin &one, const Twin &other)
+template <class Twin>
+FieldMask difference(const Twin &one, const Twin &other)
 {
     static_assert(fieldCount<Twin> <= 64);
     FieldMask mask = 0;
@@ -70,7 +88,8 @@ template <class Twin> FieldMask difference(const Twin &one, const Twin &other)
 }
 
 /// The kinds of change, as a mask of `Change` bits, that the fields in `mask` amount to.
-template <class Twin> std::uint8_t changesOf(FieldMask mask)
+template <class Twin>
+std::uint8_t changesOf(FieldMask mask)
 {
     std::uint8_t changes = 0;
     forEachField<Twin>([&](const auto &each, std::size_t index) {

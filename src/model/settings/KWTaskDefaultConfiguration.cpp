@@ -13,7 +13,8 @@ std::set<CXAlarmTrigger> triggers(const QStringList &representations, TriggerDay
 {
     std::set<CXAlarmTrigger> set;
     for (const QString &each : representations) {
-        const CXAlarmTrigger trigger = CXAlarmTrigger::triggerWithRepresentation(each, day == TriggerDay::AllDay);
+        const CXAlarmTrigger trigger =
+            CXAlarmTrigger::triggerWithRepresentation(each, day == TriggerDay::AllDay);
         if (trigger.isValid()) set.insert(trigger);
     }
     return set;
@@ -26,7 +27,8 @@ KWTaskDefaultConfiguration KWTaskDefaultConfigurationManager::current(const KWUs
 {
     KWTaskDefaultConfiguration configuration;
     const auto priority = KWTaskPriority(defaults.value(Settings::newTaskPriority));
-    if (std::ranges::find(KWTaskPriorities, priority) != KWTaskPriorities.end()) configuration.priority = priority;
+    if (std::ranges::find(KWTaskPriorities, priority) != KWTaskPriorities.end())
+        configuration.priority = priority;
     if (const int offset = defaults.value(Settings::newTaskDateOffset); offset >= 0)
         configuration.dateOffset = std::chrono::days{offset};
     configuration.reminders = triggers(settings.defaultReminderRules, TriggerDay::Timed);

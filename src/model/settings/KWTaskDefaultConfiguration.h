@@ -24,5 +24,6 @@ struct KWTaskDefaultConfiguration {
 /// user settings.
 class KWTaskDefaultConfigurationManager {
 public:
-    static KWTaskDefaultConfiguration current(const KWUserDefaults &defaults, const KWUserSettingsModel &settings);
+    static KWTaskDefaultConfiguration current(const KWUserDefaults &defaults,
+                                              const KWUserSettingsModel &settings);
 };

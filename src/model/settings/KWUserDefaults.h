@@ -10,7 +10,8 @@ enum class DefaultsScope { Standard, Group };
 
 /// A preference: its key, where it is kept and what it is when nothing was set. A preference of one user
 /// is read with the user's id, which is appended to the key.
-template <class Value> struct Setting {
+template <class Value>
+struct Setting {
     const char *key;
     DefaultsScope scope;
     Value fallback;
@@ -28,14 +29,19 @@ inline const Setting<QString> selectedNode{"selected_node_id_in_proejct_list_of_
 /// Of a user: the ids of the folded nodes of the sidebar.
 inline const Setting<QStringList> foldedNodes{"folded_nodes_of_", DefaultsScope::Group, {}};
 
-inline constexpr Setting<bool> recognitionEnablesDate{"smart_recognition_date_enabled_of_", DefaultsScope::Standard, true};
-inline constexpr Setting<bool> recognitionRemovesDate{"smart_recognition_removes_date_of_", DefaultsScope::Standard, true};
-inline constexpr Setting<bool> recognitionRemovesTag{"smart_recognition_removes_tag_of_", DefaultsScope::Standard, true};
+inline constexpr Setting<bool> recognitionEnablesDate{"smart_recognition_date_enabled_of_",
+                                                      DefaultsScope::Standard, true};
+inline constexpr Setting<bool> recognitionRemovesDate{"smart_recognition_removes_date_of_",
+                                                      DefaultsScope::Standard, true};
+inline constexpr Setting<bool> recognitionRemovesTag{"smart_recognition_removes_tag_of_",
+                                                     DefaultsScope::Standard, true};
 // Where older versions kept the three above, for all users.
 inline constexpr Setting<bool> olderDateParsing{"KWSmartDateParsingKey", DefaultsScope::Standard, true};
-inline constexpr Setting<bool> olderDateParsingType{"KWSmartDateParsingTypeKey", DefaultsScope::Standard, true};
+inline constexpr Setting<bool> olderDateParsingType{"KWSmartDateParsingTypeKey", DefaultsScope::Standard,
+                                                    true};
 inline constexpr Setting<bool> olderTagParsingType{"KWTagParsingTypeKey", DefaultsScope::Standard, true};
-inline constexpr Setting<bool> didShowDateParsingTips{"didShowDateParsingTips", DefaultsScope::Standard, false};
+inline constexpr Setting<bool> didShowDateParsingTips{"didShowDateParsingTips", DefaultsScope::Standard,
+                                                      false};
 
 inline constexpr Setting<int> newTaskPriority{"new_task_priority", DefaultsScope::Standard, 0};
 /// Days from today; below zero: no date.
@@ -54,24 +60,29 @@ class KWUserDefaults {
 public:
     explicit KWUserDefaults(const QString &folder);
 
-    template <class Value> Value value(const Setting<Value> &setting, const QString &user = {}) const
+    template <class Value>
+    Value value(const Setting<Value> &setting, const QString &user = {}) const
     {
         return valueOr(setting, setting.fallback, user);
     }
-    template <class Value> Value valueOr(const Setting<Value> &setting, const Value &fallback, const QString &user = {}) const
+    template <class Value>
+    Value valueOr(const Setting<Value> &setting, const Value &fallback, const QString &user = {}) const
     {
         const QVariant stored = file(setting.scope).value(keyOf(setting, user));
         return stored.canConvert<Value>() ? stored.value<Value>() : fallback;
     }
-    template <class Value> bool contains(const Setting<Value> &setting, const QString &user = {}) const
+    template <class Value>
+    bool contains(const Setting<Value> &setting, const QString &user = {}) const
     {
         return file(setting.scope).contains(keyOf(setting, user));
     }
-    template <class Value> void set(const Setting<Value> &setting, const Value &value, const QString &user = {})
+    template <class Value>
+    void set(const Setting<Value> &setting, const Value &value, const QString &user = {})
     {
         file(setting.scope).setValue(keyOf(setting, user), QVariant::fromValue(value));
     }
-    template <class Value> void remove(const Setting<Value> &setting, const QString &user = {})
+    template <class Value>
+    void remove(const Setting<Value> &setting, const QString &user = {})
     {
         file(setting.scope).remove(keyOf(setting, user));
     }
@@ -80,11 +91,15 @@ public:
     void synchronise();
 
 private:
-    template <class Value> static QString keyOf(const Setting<Value> &setting, const QString &user)
+    template <class Value>
+    static QString keyOf(const Setting<Value> &setting, const QString &user)
     {
         return QLatin1StringView{setting.key} + user;
     }
-    QSettings &file(DefaultsScope scope) const { return scope == DefaultsScope::Standard ? m_standard : m_group; }
+    QSettings &file(DefaultsScope scope) const
+    {
+        return scope == DefaultsScope::Standard ? m_standard : m_group;
+    }
 
     mutable QSettings m_standard;
     mutable QSettings m_group;

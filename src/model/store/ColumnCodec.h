@@ -23,13 +23,15 @@ inline void bind(SQLite::Statement &statement, int index, const QString &value)
 }
 
 template <class Number>
-    requires std::integral<Number> || (std::is_enum_v<Number> && !TextConstant<Number>)
-void bind(SQLite::Statement &statement, int index, Number value)
+requires std::integral<Number> ||
+    (std::is_enum_v<Number> && !TextConstant<Number>)void bind(SQLite::Statement &statement, int index,
+                                                               Number value)
 {
     statement.bind(index, std::int64_t(value));
 }
 
-template <TextConstant Enum> void bind(SQLite::Statement &statement, int index, Enum value)
+template <TextConstant Enum>
+void bind(SQLite::Statement &statement, int index, Enum value)
 {
     statement.bind(index, textOf(value).data());
 }
@@ -44,17 +46,21 @@ inline void bind(SQLite::Statement &statement, int index, const QStringList &val
     if (value.isEmpty())
         statement.bind(index, "[]");
     else
-        statement.bind(index, QJsonDocument{QJsonArray::fromStringList(value)}.toJson(QJsonDocument::Compact).toStdString());
+        statement.bind(
+            index,
+            QJsonDocument{QJsonArray::fromStringList(value)}.toJson(QJsonDocument::Compact).toStdString());
 }
 
 inline void bind(SQLite::Statement &statement, int index, const QList<Instant> &value)
 {
     QJsonArray array;
-    for (const Instant &each : value) array.append(qint64(each.time_since_epoch().count()));
+    for (const Instant &each : value)
+        array.append(qint64(each.time_since_epoch().count()));
     statement.bind(index, QJsonDocument{array}.toJson(QJsonDocument::Compact).toStdString());
 }
 
-template <class Value> void bind(SQLite::Statement &statement, int index, const std::optional<Value> &value)
+template <class Value>
+void bind(SQLite::Statement &statement, int index, const std::optional<Value> &value)
 {
     if (value)
         bind(statement, index, *value);
@@ -68,13 +74,14 @@ inline void read(const SQLite::Column &column, QString &value)
 }
 
 template <class Number>
-    requires std::integral<Number> || (std::is_enum_v<Number> && !TextConstant<Number>)
-void read(const SQLite::Column &column, Number &value)
+requires std::integral<Number> ||
+    (std::is_enum_v<Number> && !TextConstant<Number>)void read(const SQLite::Column &column, Number &value)
 {
     value = Number(column.getInt64());
 }
 
-template <TextConstant Enum> void read(const SQLite::Column &column, Enum &value)
+template <TextConstant Enum>
+void read(const SQLite::Column &column, Enum &value)
 {
     value = valueOf<Enum>(QString::fromUtf8(column.getText(), column.getBytes())).value_or(Enum{});
 }
@@ -93,17 +100,20 @@ inline void read(const SQLite::Column &column, QStringList &value)
 {
     value.clear();
     if (column.getBytes() <= 2) return; // "[]"
-    for (const QJsonValue &each : readArray(column)) value.append(each.toString());
+    for (const QJsonValue &each : readArray(column))
+        value.append(each.toString());
 }
 
 inline void read(const SQLite::Column &column, QList<Instant> &value)
 {
     value.clear();
     if (column.getBytes() <= 2) return;
-    for (const QJsonValue &each : readArray(column)) value.append(Instant{std::chrono::milliseconds{each.toInteger()}});
+    for (const QJsonValue &each : readArray(column))
+        value.append(Instant{std::chrono::milliseconds{each.toInteger()}});
 }
 
-template <class Value> void read(const SQLite::Column &column, std::optional<Value> &value)
+template <class Value>
+void read(const SQLite::Column &column, std::optional<Value> &value)
 {
     if (column.isNull())
         value.reset();

@@ -40,7 +40,8 @@ void Connection::Prepared::bind(int index, const SqlValue &value)
 void Connection::Prepared::bind(const SqlValues &values)
 {
     int index = 0;
-    for (const SqlValue &value : values) bind(++index, value);
+    for (const SqlValue &value : values)
+        bind(++index, value);
 }
 
 Connection::Prepared Connection::prepare(std::string_view sql)
@@ -62,8 +63,7 @@ std::int64_t Connection::number(std::string_view sql, const SqlValues &values)
     return statement->executeStep() ? statement->getColumn(0).getInt64() : 0;
 }
 
-WriteTransaction::WriteTransaction(Connection &connection)
-    : m_connection(connection)
+WriteTransaction::WriteTransaction(Connection &connection) : m_connection(connection)
 {
     m_connection.execute("BEGIN IMMEDIATE");
 }

@@ -22,10 +22,7 @@ public:
     /// A prepared statement, reset and unbound when the handle goes.
     class Prepared {
     public:
-        explicit Prepared(SQLite::Statement &statement)
-            : m_statement(statement)
-        {
-        }
+        explicit Prepared(SQLite::Statement &statement) : m_statement(statement) {}
         Prepared(const Prepared &) = delete;
         Prepared &operator=(const Prepared &) = delete;
         ~Prepared();

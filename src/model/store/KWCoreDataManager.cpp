@@ -12,7 +12,8 @@ Result<std::unique_ptr<KWCoreDataManager>> KWCoreDataManager::make(Store &store,
     return std::unique_ptr<KWCoreDataManager>{new KWCoreDataManager{store, bus, std::move(*context)}};
 }
 
-KWCoreDataManager::KWCoreDataManager(Store &store, KWEventBus &bus, std::unique_ptr<ObjectContext> mainContext)
+KWCoreDataManager::KWCoreDataManager(Store &store, KWEventBus &bus,
+                                     std::unique_ptr<ObjectContext> mainContext)
     : m_store(store)
     , m_bus(bus)
     , m_mainContext(std::move(mainContext))

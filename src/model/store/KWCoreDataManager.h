@@ -44,10 +44,7 @@ class KWCoreDataService {
 public:
     using Block = std::function<Result<void>(ObjectContext &)>;
 
-    explicit KWCoreDataService(KWCoreDataManager &manager)
-        : m_manager(manager)
-    {
-    }
+    explicit KWCoreDataService(KWCoreDataManager &manager) : m_manager(manager) {}
 
     /// Runs the block on the calling thread and saves what it changed, all or nothing. A block that
     /// answers an error saves nothing, and its error is the answer. The change is announced before it

@@ -9,10 +9,15 @@ namespace {
 
 constexpr const char *isOpen = "t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0";
 constexpr const char *isClosed = "t.status <> 0 AND t.isDeleted = 0 AND t.isTrashed = 0";
-constexpr const char *inSmartLists =
-    " AND t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0 AND showsInSmartList = 1)";
+constexpr const char *tasksByList = "tasks t INDEXED BY openTasksByList";
+constexpr const char *tasksByDate = "tasks t INDEXED BY openTasksByDate";
+constexpr const char *closedTasks = "tasks t INDEXED BY closedTasksByCompletion";
+constexpr const char *anyTasks = "tasks t";
+
+constexpr const char *inSmartLists = " AND +t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND "
+                                     "isDeleted = 0 AND closed = 0 AND showsInSmartList = 1)";
 constexpr const char *inOpenLists =
-    " AND t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0)";
+    " AND +t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0)";
 
 constexpr const char *byDate = "t.startDate IS NULL, t.startDate, t.priority DESC, t.sortOrder, t.id";
 constexpr const char *byManualOrder = "t.sortOrder, t.id";
@@ -51,11 +56,12 @@ std::int64_t milliseconds(Instant instant) { return instant.time_since_epoch().c
 
 } // namespace
 
-KWListDataFetcher::Query KWListDataFetcher::openTasksBetween(const ListDataRequest &request, std::optional<Day> from,
+KWListDataFetcher::Query KWListDataFetcher::openTasksBetween(const ListDataRequest &request,
+                                                             std::optional<Day> from,
                                                              std::optional<Day> until) const
 {
     const CXTimeZone zone = m_clock.zone();
-    Query query{isOpen, {}, byDate};
+    Query query{tasksByDate, isOpen, {}, byDate};
     query.where += " AND t.startDate IS NOT NULL";
     if (until) {
         query.where += " AND t.startDate < ?";
@@ -78,14 +84,17 @@ std::optional<KWListDataFetcher::Query> KWListDataFetcher::queryFor(const ListDa
     const Day today = m_clock.today();
     switch (request.selection.type) {
     case KWListIdentifierType::Project:
-        return Query{std::string{isOpen} + " AND t.projectID = ?", {id}, byManualOrder};
+        return Query{tasksByList, std::string{isOpen} + " AND t.projectID = ?", {id}, byManualOrder};
     case KWListIdentifierType::Group:
-        return Query{std::string{isOpen} + " AND t.projectID IN (SELECT sid FROM projects WHERE groupID = ?"
+        return Query{tasksByList,
+                     std::string{isOpen} + " AND t.projectID IN (SELECT sid FROM projects WHERE groupID = ?"
                                            " AND userID = ? AND isDeleted = 0 AND closed = 0)",
                      {id, request.userID},
                      byDate};
     case KWListIdentifierType::Tag:
-        return Query{std::string{isOpen} + " AND t.id IN (SELECT task FROM taskTags WHERE name = ?)" + inOpenLists,
+        return Query{anyTasks,
+                     std::string{isOpen} + " AND t.id IN (SELECT task FROM taskTags WHERE name = ?)" +
+                         inOpenLists,
                      {id, request.userID},
                      byDate};
     case KWListIdentifierType::SmartProject: {
@@ -94,9 +103,13 @@ std::optional<KWListDataFetcher::Query> KWListDataFetcher::queryFor(const ListDa
         if (smart->isToday()) return openTasksBetween(request, std::nullopt, today + oneDay);
         if (smart->isTomorrow()) return openTasksBetween(request, today + oneDay, today + 2 * oneDay);
         if (smart->isNext7Days()) return openTasksBetween(request, std::nullopt, today + 7 * oneDay);
-        if (smart->isAll()) return Query{std::string{isOpen} + inSmartLists, {request.userID}, byDate};
+        if (smart->isAll())
+            return Query{tasksByList, std::string{isOpen} + inSmartLists, {request.userID}, byDate};
         if (smart->isCompleted())
-            return Query{std::string{isClosed} + " AND t.status = 2" + inSmartLists, {request.userID}, latestCompletedFirst};
+            return Query{closedTasks,
+                         std::string{isClosed} + " AND t.status = 2" + inSmartLists,
+                         {request.userID},
+                         latestCompletedFirst};
         return std::nullopt;
     }
     case KWListIdentifierType::Filter:
@@ -113,25 +126,32 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
     QList<KWTaskListItemModel> rows;
     if (!query) return rows;
     try {
-        auto statement = connection.prepare(std::string{"SELECT "} + rowColumns + " FROM tasks t WHERE " + query->where
-                                            + " ORDER BY " + query->orderBy + " LIMIT ?");
+        // Chosen and put in order first, so that the sorter carries ids and not whole rows.
+        auto statement =
+            connection.prepare(std::string{"SELECT "} + rowColumns + " FROM (SELECT t.id AS chosen FROM " +
+                               query->from + " WHERE " + query->where + " ORDER BY " + query->orderBy +
+                               " LIMIT ?) JOIN tasks t ON t.id = chosen ORDER BY " + query->orderBy);
         int index = 0;
-        for (const SqlValue &value : query->values) statement.bind(++index, value);
+        for (const SqlValue &value : query->values)
+            statement.bind(++index, value);
         statement.bind(++index, request.limit);
-        while (statement->executeStep()) rows.append(readRow(*statement));
+        while (statement->executeStep())
+            rows.append(readRow(*statement));
         return rows;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
 }
 
-Result<std::optional<int>> KWListDataFetcher::count(const ListDataRequest &request, Connection &connection) const
+Result<std::optional<int>> KWListDataFetcher::count(const ListDataRequest &request,
+                                                    Connection &connection) const
 {
     const bool isCompletedList = KWSmartProject::isCompletedSmartProjectID(request.selection.entityID);
     const std::optional<Query> query = isCompletedList ? std::nullopt : queryFor(request);
     if (!query) return std::optional<int>{};
     try {
-        return std::optional{int(connection.number("SELECT count(*) FROM tasks t WHERE " + query->where, query->values))};
+        return std::optional{int(connection.number(
+            std::string{"SELECT count(*) FROM "} + query->from + " WHERE " + query->where, query->values))};
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

@@ -12,8 +12,7 @@ constexpr CXLogger countLog{u"counts"};
 } // namespace
 
 KWProjectListCountFetcher::KWProjectListCountFetcher(KWCoreDataManager &manager, KWNotificationCenter &center)
-    : m_manager(manager)
-    , m_center(center)
+    : m_manager(manager), m_center(center)
 {
 }
 
@@ -42,8 +41,9 @@ void KWProjectListCountFetcher::recount()
     if (m_wanted.isEmpty()) return;
     m_isCounting = true;
     auto counts = std::make_shared<Counts>();
-    const auto count = [counts, userID = m_userID, lists = std::exchange(m_wanted, {}),
-                        fetcher = KWListDataFetcher{m_manager.store().clock()}](ObjectContext &context) -> Result<void> {
+    const auto count =
+        [counts, userID = m_userID, lists = std::exchange(m_wanted, {}),
+         fetcher = KWListDataFetcher{m_manager.store().clock()}](ObjectContext &context) -> Result<void> {
         for (const KWListIdentifier &each : lists) {
             const Result<std::optional<int>> number = fetcher.count({userID, each}, context.connection());
             if (!number) return number.error();
@@ -51,13 +51,14 @@ void KWProjectListCountFetcher::recount()
         }
         return {};
     };
-    KWCoreDataService{m_manager}.async_perform(count, [this, counts, generation = m_generation](const Result<void> &done) {
-        m_isCounting = false;
-        if (!done) countLog.error(done.error().sentence);
-        if (generation == m_generation && done) {
-            m_counts.insert(*counts);
-            m_center.post(countChanged);
-        }
-        recount();
-    });
+    KWCoreDataService{m_manager}.async_perform(
+        count, [this, counts, generation = m_generation](const Result<void> &done) {
+            m_isCounting = false;
+            if (!done) countLog.error(done.error().sentence);
+            if (generation == m_generation && done) {
+                m_counts.insert(*counts);
+                m_center.post(countChanged);
+            }
+            recount();
+        });
 }

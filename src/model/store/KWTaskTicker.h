@@ -9,10 +9,7 @@ class QString;
 /// Completes and reopens tasks. Main thread.
 class KWTaskTicker {
 public:
-    explicit KWTaskTicker(KWCoreDataManager &manager)
-        : m_manager(manager)
-    {
-    }
+    explicit KWTaskTicker(KWCoreDataManager &manager) : m_manager(manager) {}
 
     /// Completes an open task, reopens a closed one. Answers the status it has now.
     Result<KWTaskStatus> tick(const QString &taskID);

@@ -30,8 +30,7 @@ QString newRecordIdentifier(Instant now)
 }
 
 ObjectContext::ObjectContext(std::unique_ptr<Connection> connection, const CXClock &clock)
-    : m_connection(std::move(connection))
-    , m_clock(clock)
+    : m_connection(std::move(connection)), m_clock(clock)
 {
 }
 
@@ -55,7 +54,8 @@ void ObjectContext::prepareForInsertion(KWSynchronizableFields &fields) const
     if (!fields.modifiedTime) fields.modifiedTime = now;
 }
 
-template <class Record> Record &ObjectContext::insert(typename Record::Model model)
+template <class Record>
+Record &ObjectContext::insert(typename Record::Model model)
 {
     prepareForInsertion(model);
     auto record = std::make_shared<Record>();
@@ -65,16 +65,19 @@ template <class Record> Record &ObjectContext::insert(typename Record::Model mod
     return inserted;
 }
 
-template <class Record> Record &ObjectContext::managed(typename Record::Model model)
+template <class Record>
+Record &ObjectContext::managed(typename Record::Model model)
 {
-    if (const auto known = mapOf(Record::Model::recordKind).value(model.sid)) return static_cast<Record &>(*known);
+    if (const auto known = mapOf(Record::Model::recordKind).value(model.sid))
+        return static_cast<Record &>(*known);
     auto record = std::make_shared<Record>();
     record->m_state = KWBaseEntity::State::Stored;
     record->m_current = std::move(model);
     return static_cast<Record &>(adopt(std::move(record)));
 }
 
-template <class Record> Record *ObjectContext::find(const QString &sid)
+template <class Record>
+Record *ObjectContext::find(const QString &sid)
 {
     using Model = typename Record::Model;
     if (const auto known = mapOf(Model::recordKind).value(sid))
@@ -88,7 +91,8 @@ template <class Record> Record *ObjectContext::find(const QString &sid)
     }
 }
 
-template <class Record> QList<typename Record::Model> ObjectContext::models(const SqlCondition &condition)
+template <class Record>
+QList<typename Record::Model> ObjectContext::models(const SqlCondition &condition)
 {
     try {
         return RecordMapper<typename Record::Model>::select(*m_connection, condition);
@@ -98,7 +102,8 @@ template <class Record> QList<typename Record::Model> ObjectContext::models(cons
     }
 }
 
-template <class Record> QList<Record *> ObjectContext::fetch(const SqlCondition &condition)
+template <class Record>
+QList<Record *> ObjectContext::fetch(const SqlCondition &condition)
 {
     QList<Record *> records;
     for (auto &model : models<Record>(condition)) {
@@ -136,7 +141,8 @@ void ObjectContext::forget(KWBaseEntity &record)
 
 bool ObjectContext::hasChanges() const
 {
-    return std::any_of(m_changed.begin(), m_changed.end(), [](const KWBaseEntity *each) { return each->hasChanges(); });
+    return std::any_of(m_changed.begin(), m_changed.end(),
+                       [](const KWBaseEntity *each) { return each->hasChanges(); });
 }
 
 void ObjectContext::stampModification()
@@ -153,7 +159,10 @@ void ObjectContext::writeAll(StoreChange &change)
     for (KWBaseEntity *each : m_changed) {
         each->write(*m_connection);
         StoreChange::Ids &ids = change.of(each->recordKind());
-        (each->isRemoved() ? ids.deleted : each->isInserted() ? ids.inserted : ids.updated).append(each->sid());
+        (each->isRemoved()    ? ids.deleted
+         : each->isInserted() ? ids.inserted
+                              : ids.updated)
+            .append(each->sid());
     }
     transaction.commit();
 }
@@ -216,7 +225,8 @@ void ObjectContext::refresh(const StoreChange &change)
 void ObjectContext::refreshAll()
 {
     for (IdentityMap &map : m_records)
-        for (const auto &each : map.values()) refresh(*each);
+        for (const auto &each : map.values())
+            refresh(*each);
 }
 
 #define MANAGED(Record)                                                                                      \

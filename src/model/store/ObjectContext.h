@@ -24,14 +24,18 @@ public:
     ~ObjectContext();
 
     /// A new record with the values of `model`; an empty `sid`, creation or modification time is filled.
-    template <class Record> Record &insert(typename Record::Model model);
+    template <class Record>
+    Record &insert(typename Record::Model model);
     /// The record with that id, or none (also when the store cannot be read, which is logged).
-    template <class Record> Record *find(const QString &sid);
+    template <class Record>
+    Record *find(const QString &sid);
     /// The stored records that fit, deleted ones included unless the condition says otherwise. Records
     /// changed here and not saved yet are found by their stored values and show their changed ones.
-    template <class Record> QList<Record *> fetch(const SqlCondition &condition);
+    template <class Record>
+    QList<Record *> fetch(const SqlCondition &condition);
     /// The same as values, without managing them.
-    template <class Record> QList<typename Record::Model> models(const SqlCondition &condition);
+    template <class Record>
+    QList<typename Record::Model> models(const SqlCondition &condition);
     /// The first column of the first row of a query, 0 when there is none or it fails.
     std::int64_t number(const char *sql, const SqlValues &values = {});
 
@@ -64,7 +68,8 @@ private:
 
     IdentityMap &mapOf(RecordKind kind) { return m_records[std::size_t(kind)]; }
     KWBaseEntity &adopt(std::shared_ptr<KWBaseEntity> record);
-    template <class Record> Record &managed(typename Record::Model model);
+    template <class Record>
+    Record &managed(typename Record::Model model);
     void refresh(KWBaseEntity &record);
     void prepareForInsertion(KWSynchronizableFields &fields) const;
     void stampModification();

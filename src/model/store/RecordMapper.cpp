@@ -12,7 +12,8 @@
 
 namespace {
 
-template <class Twin> std::string columnList(const char *separator, const char *suffix = "")
+template <class Twin>
+std::string columnList(const char *separator, const char *suffix = "")
 {
     std::string list;
     forEachField<Twin>([&](const auto &each, std::size_t index) {
@@ -22,17 +23,21 @@ template <class Twin> std::string columnList(const char *separator, const char *
     return list;
 }
 
-template <class Twin> const std::string &insertStatement()
+template <class Twin>
+const std::string &insertStatement()
 {
     static const std::string sql = [] {
-        std::string text = std::string{"INSERT INTO "} + Twin::tableName + " (" + columnList<Twin>(", ") + ") VALUES (?";
-        for (std::size_t i = 1; i < fieldCount<Twin>; ++i) text += ", ?";
+        std::string text =
+            std::string{"INSERT INTO "} + Twin::tableName + " (" + columnList<Twin>(", ") + ") VALUES (?";
+        for (std::size_t i = 1; i < fieldCount<Twin>; ++i)
+            text += ", ?";
         return text + ')';
     }();
     return sql;
 }
 
-template <class Twin> std::string updateStatement(FieldMask changed)
+template <class Twin>
+std::string updateStatement(FieldMask changed)
 {
     std::string sql = std::string{"UPDATE "} + Twin::tableName + " SET ";
     const std::size_t start = sql.size();
@@ -44,31 +49,38 @@ template <class Twin> std::string updateStatement(FieldMask changed)
     return sql + " WHERE sid = ?";
 }
 
-template <class Twin> const std::string &selectStatement()
+template <class Twin>
+const std::string &selectStatement()
 {
-    static const std::string sql = "SELECT " + columnList<Twin>(", ") + " FROM " + Twin::tableName + " WHERE ";
+    static const std::string sql =
+        "SELECT " + columnList<Twin>(", ") + " FROM " + Twin::tableName + " WHERE ";
     return sql;
 }
 
-template <class Twin> Twin readRow(SQLite::Statement &statement)
+template <class Twin>
+Twin readRow(SQLite::Statement &statement)
 {
     Twin twin;
-    forEachField<Twin>(
-        [&](const auto &each, std::size_t index) { columns::read(statement.getColumn(int(index)), each.of(twin)); });
+    forEachField<Twin>([&](const auto &each, std::size_t index) {
+        columns::read(statement.getColumn(int(index)), each.of(twin));
+    });
     return twin;
 }
 
 } // namespace
 
-template <class Twin> void RecordMapper<Twin>::insert(Connection &connection, const Twin &twin)
+template <class Twin>
+void RecordMapper<Twin>::insert(Connection &connection, const Twin &twin)
 {
     auto statement = connection.prepare(insertStatement<Twin>());
-    forEachField<Twin>(
-        [&](const auto &each, std::size_t index) { columns::bind(*statement, int(index) + 1, each.of(twin)); });
+    forEachField<Twin>([&](const auto &each, std::size_t index) {
+        columns::bind(*statement, int(index) + 1, each.of(twin));
+    });
     statement->exec();
 }
 
-template <class Twin> void RecordMapper<Twin>::update(Connection &connection, const Twin &twin, FieldMask changed)
+template <class Twin>
+void RecordMapper<Twin>::update(Connection &connection, const Twin &twin, FieldMask changed)
 {
     if (changed == 0) return;
     auto statement = connection.prepare(updateStatement<Twin>(changed));
@@ -80,14 +92,16 @@ template <class Twin> void RecordMapper<Twin>::update(Connection &connection, co
     statement->exec();
 }
 
-template <class Twin> void RecordMapper<Twin>::remove(Connection &connection, const QString &sid)
+template <class Twin>
+void RecordMapper<Twin>::remove(Connection &connection, const QString &sid)
 {
     auto statement = connection.prepare(std::string{"DELETE FROM "} + Twin::tableName + " WHERE sid = ?");
     columns::bind(*statement, 1, sid);
     statement->exec();
 }
 
-template <class Twin> std::optional<Twin> RecordMapper<Twin>::find(Connection &connection, const QString &sid)
+template <class Twin>
+std::optional<Twin> RecordMapper<Twin>::find(Connection &connection, const QString &sid)
 {
     auto statement = connection.prepare(selectStatement<Twin>() + "sid = ?");
     columns::bind(*statement, 1, sid);
@@ -95,7 +109,8 @@ template <class Twin> std::optional<Twin> RecordMapper<Twin>::find(Connection &c
     return readRow<Twin>(*statement);
 }
 
-template <class Twin> QList<Twin> RecordMapper<Twin>::select(Connection &connection, const SqlCondition &condition)
+template <class Twin>
+QList<Twin> RecordMapper<Twin>::select(Connection &connection, const SqlCondition &condition)
 {
     std::string sql = selectStatement<Twin>() + condition.where;
     if (condition.orderBy) sql.append(" ORDER BY ").append(condition.orderBy);
@@ -103,7 +118,8 @@ template <class Twin> QList<Twin> RecordMapper<Twin>::select(Connection &connect
     auto statement = connection.prepare(sql);
     statement.bind(condition.values);
     QList<Twin> rows;
-    while (statement->executeStep()) rows.append(readRow<Twin>(*statement));
+    while (statement->executeStep())
+        rows.append(readRow<Twin>(*statement));
     return rows;
 }
 

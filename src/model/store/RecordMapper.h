@@ -12,7 +12,8 @@
 class Connection;
 
 /// Reads and writes the rows of one kind of record, by its field table. Throws SQLite::Exception.
-template <class Twin> struct RecordMapper {
+template <class Twin>
+struct RecordMapper {
     static void insert(Connection &connection, const Twin &twin);
     /// Writes only the columns of `changed`, so that two writers of different fields keep both.
     static void update(Connection &connection, const Twin &twin, FieldMask changed);

@@ -34,7 +34,8 @@ QString sentenceFor(StoreProblem problem, const QString &path)
     case StoreProblem::CannotWrite:
         return storeText("Orvane cannot write its data in “%1”.").arg(QFileInfo{shown}.path());
     case StoreProblem::NewerVersion:
-        return storeText("“%1” was written by a newer version of Orvane; this version leaves it untouched.").arg(shown);
+        return storeText("“%1” was written by a newer version of Orvane; this version leaves it untouched.")
+            .arg(shown);
     case StoreProblem::NotAStore:
         return storeText("“%1” is not an Orvane store; it was left untouched.").arg(shown);
     case StoreProblem::Damaged:
@@ -60,7 +61,9 @@ std::optional<StoreProblem> problemInHeader(const QString &path)
     const QByteArray header = file.read(headerSize);
     if (header.size() < headerSize || !header.startsWith(QByteArray{"SQLite format 3\0", 16}))
         return StoreProblem::NotAStore;
-    const auto number = [&header](int offset) { return qFromBigEndian<quint32>(header.constData() + offset); };
+    const auto number = [&header](int offset) {
+        return qFromBigEndian<quint32>(header.constData() + offset);
+    };
     if (number(applicationIDOffset) != applicationID) return StoreProblem::NotAStore;
     if (number(userVersionOffset) > quint32(Migrations::currentVersion())) return StoreProblem::NewerVersion;
     return std::nullopt;
@@ -87,18 +90,15 @@ void configure(Connection &connection)
 
 } // namespace
 
-Store::Store(QString path, const CXClock &clock)
-    : m_path(std::move(path))
-    , m_clock(clock)
-{
-}
+Store::Store(QString path, const CXClock &clock) : m_path(std::move(path)), m_clock(clock) {}
 
 Store::~Store() = default;
 
 Store::Opening Store::open(const QString &path, const CXClock &clock)
 {
     const QFileInfo folder{QFileInfo{path}.absolutePath()};
-    if (!QDir{}.mkpath(folder.filePath()) || !folder.isWritable()) return failed(StoreProblem::CannotWrite, path);
+    if (!QDir{}.mkpath(folder.filePath()) || !folder.isWritable())
+        return failed(StoreProblem::CannotWrite, path);
     if (const auto problem = problemInHeader(path)) return failed(*problem, path);
     if (QFile::exists(path) && !QFileInfo{path}.isWritable()) return failed(StoreProblem::CannotWrite, path);
 
@@ -117,7 +117,9 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
     } catch (const SQLite::Exception &exception) {
         storeFileLog.error(QString::fromUtf8(exception.what()));
         // Closing would otherwise still copy the log into the file.
-        if (connection) sqlite3_db_config(connection->database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        if (connection)
+            sqlite3_db_config(connection->database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1,
+                              nullptr);
         return failed(problemOf(exception), path);
     }
 }
@@ -130,7 +132,8 @@ Result<QString> Store::setAside(const QString &path, LocalTime now)
     const QString kept = u"%1.damaged-%2.%3"_s.arg(info.completeBaseName(), time, info.suffix());
     for (const char *suffix : {"-wal", "-shm", ""}) {
         const QString from = path + QLatin1StringView{suffix};
-        if (QFile::exists(from) && !QFile::rename(from, info.dir().filePath(kept) + QLatin1StringView{suffix}))
+        if (QFile::exists(from) &&
+            !QFile::rename(from, info.dir().filePath(kept) + QLatin1StringView{suffix}))
             return Error{storeText("“%1” could not be moved aside.").arg(from)};
     }
     return kept;
@@ -174,8 +177,7 @@ Result<std::unique_ptr<ObjectContext>> Store::makeContext()
 }
 
 Store::Loan::Loan(Store &store, std::unique_ptr<Connection> connection)
-    : m_store(&store)
-    , m_connection(std::move(connection))
+    : m_store(&store), m_connection(std::move(connection))
 {
 }
 

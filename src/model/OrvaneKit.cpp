@@ -1,0 +1,20 @@
+#include "model/OrvaneKit.h"
+
+OrvaneKit::OrvaneKit(const DataFolders &folders, std::unique_ptr<Store> store)
+    : m_folders(folders), m_defaults(folders.config), m_store(std::move(store))
+{
+}
+
+OrvaneKit::Opening OrvaneKit::open(const DataFolders &folders, const CXClock &clock)
+{
+    Store::Opening opening = Store::open(folders.store(), clock);
+    if (!opening.store) return {nullptr, opening.problem, opening.sentence};
+
+    std::unique_ptr<OrvaneKit> kit{new OrvaneKit{folders, std::move(opening.store)}};
+    Result<std::unique_ptr<KWCoreDataManager>> manager = KWCoreDataManager::make(*kit->m_store, kit->m_bus);
+    if (!manager) return {nullptr, StoreProblem::CannotWrite, manager.error().sentence};
+    kit->m_manager = std::move(*manager);
+    kit->m_account = std::make_unique<KWAccountManager>(*kit->m_manager, kit->m_center, kit->m_defaults);
+    kit->m_account->refreshCurrentUser();
+    return {std::move(kit), {}, {}};
+}
