@@ -1,0 +1,168 @@
+#include "support/ManualClock.h"
+
+#include "corvexkit/time/TimeText.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+// The rules of a clock's calls, on the clock that tests set: both clocks share them.
+class ManualClock_test : public QObject {
+    Q_OBJECT
+
+    // What ran, and when by the wall clock.
+    QStringList ran_;
+
+    std::function<void()> note(const ManualClock &clock, const QString &name)
+    {
+        return [this, &clock, name] {
+            ran_ << name + u' ' + TimeText::fromTimeOfDay(clock.now() - floor<days>(clock.now()));
+        };
+    }
+
+private Q_SLOTS:
+    void init() { ran_.clear(); }
+
+    void standsWhereItWasSet()
+    {
+        const ManualClock clock{"2030-03-09 23:59", "America/New_York"};
+        QCOMPARE(TimeText::fromInstant(clock.now()), u"2030-03-10T04:59:00Z"_s);
+        QCOMPARE(clock.today(), Day{2030y / 3 / 9});
+        QCOMPARE(TimeText::fromLocalTime(clock.localNow()), u"2030-03-09T23:59:00"_s);
+    }
+
+    void runsCallsInTimeOrder()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        const auto late = clock.callAt(at("2030-05-01 09:30"), note(clock, u"late"_s));
+        const auto early = clock.callAfter(10min, note(clock, u"early"_s));
+        const auto same = clock.callAt(at("2030-05-01 09:10"), note(clock, u"same"_s));
+        const auto last = clock.callAt(at("2030-05-01 10:00"), note(clock, u"last"_s));
+        clock.advance(59min);
+        QCOMPARE(ran_, QStringList({u"early 09:10"_s, u"same 09:10"_s, u"late 09:30"_s}));
+        clock.advance(1min);
+        QCOMPARE(ran_.last(), u"last 10:00"_s);
+        QVERIFY(clock.isIdle());
+        QCOMPARE(clock.now(), at("2030-05-01 10:00"));
+    }
+
+    void runsWhatCallsAskFor()
+    {
+        ManualClock clock{"2030-05-01 09:00:20"};
+        ClockCall minute;
+        std::function<void()> tick = [&] {
+            note(clock, u"tick"_s)();
+            minute = clock.callAt(ceil<minutes>(clock.now() + 1ms), tick);
+        };
+        minute = clock.callAt(at("2030-05-01 09:01"), tick);
+        clock.advance(3min);
+        QCOMPARE(ran_, QStringList({u"tick 09:01"_s, u"tick 09:02"_s, u"tick 09:03"_s}));
+    }
+
+    void cancels()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        ClockCall kept = clock.callAfter(1s, note(clock, u"kept"_s));
+        {
+            const auto dropped = clock.callAfter(1s, note(clock, u"dropped"_s));
+            QVERIFY(dropped.isPending());
+        }
+        ClockCall cancelled = clock.callAfter(1s, note(clock, u"cancelled"_s));
+        cancelled.cancel();
+        QVERIFY(!cancelled.isPending());
+        ClockCall replaced = clock.callAfter(1s, note(clock, u"replaced"_s));
+        replaced = clock.callAfter(1s, note(clock, u"replacing"_s));
+        ClockCall moved = std::move(kept);
+        QVERIFY(moved.isPending() && !kept.isPending());
+        clock.advance(1s);
+        QCOMPARE(ran_, QStringList({u"kept 09:00:01"_s, u"replacing 09:00:01"_s}));
+        QVERIFY(!moved.isPending());
+    }
+
+    void letsACallDropItsOwnHandle()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        auto handle = std::make_unique<ClockCall>();
+        const auto held = std::make_shared<int>(7);
+        int seen = 0;
+        *handle = clock.callAfter(1s, [&handle, &seen, held] {
+            handle.reset();
+            seen = *held; // what the call holds outlives its handle
+        });
+        clock.advance(1s);
+        QCOMPARE(seen, 7);
+        QCOMPARE(held.use_count(), 1);
+    }
+
+    void letsACallCancelAnotherOfTheSameMoment()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        ClockCall second;
+        const auto first = clock.callAfter(1s, [&] { second.cancel(); });
+        second = clock.callAfter(1s, note(clock, u"second"_s));
+        clock.advance(1min);
+        QVERIFY(ran_.isEmpty());
+    }
+
+    // A cancelled call may hold the handle of another one, or of itself.
+    void dropsHandlesWithTheCallsThatHoldThem()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        const auto inner = std::make_shared<ClockCall>(clock.callAfter(1s, note(clock, u"inner"_s)));
+        ClockCall outer = clock.callAfter(2s, [inner] {});
+        const auto own = std::make_shared<ClockCall>();
+        *own = clock.callAfter(2s, [own] {});
+        outer.cancel();
+        own->cancel();
+        clock.advance(3s);
+        QCOMPARE(ran_, QStringList{u"inner 09:00:01"_s});
+        QCOMPARE(inner.use_count(), 1);
+        QCOMPARE(own.use_count(), 1);
+    }
+
+    void outlivesItsClock()
+    {
+        auto clock = std::make_unique<ManualClock>("2030-05-01 09:00");
+        ClockCall call = clock->callAfter(1s, [] {});
+        clock.reset();
+        QVERIFY(!call.isPending());
+        call.cancel();
+    }
+
+    void followsAWallClockThatIsSet()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        const auto wall = clock.callAt(at("2030-05-01 10:00"), note(clock, u"wall"_s));
+        const auto steady = clock.callAfter(30min, note(clock, u"steady"_s));
+        clock.setNow(at("2030-05-01 08:00"));
+        clock.advance(1h);
+        QCOMPARE(ran_, QStringList{u"steady 08:30"_s});
+        clock.setNow(at("2030-05-02 12:00"));
+        QCOMPARE(ran_.last(), u"wall 12:00"_s);
+        QCOMPARE(clock.monotonicNow(), milliseconds{1h});
+    }
+
+    void wakesWithEverythingThatCameDue()
+    {
+        ManualClock clock{"2030-05-01 22:00"};
+        const auto second = clock.callAt(at("2030-05-02 01:00"), note(clock, u"second"_s));
+        const auto first = clock.callAt(at("2030-05-01 23:00"), note(clock, u"first"_s));
+        const auto steady = clock.callAfter(1h, note(clock, u"steady"_s));
+        clock.sleep(8h);
+        QCOMPARE(ran_, QStringList({u"first 06:00"_s, u"second 06:00"_s}));
+        clock.advance(1h);
+        QCOMPARE(ran_.last(), u"steady 07:00"_s);
+    }
+
+    void runsOverdueCallsAtOnce()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        const auto past = clock.callAt(at("2030-05-01 08:00"), note(clock, u"past"_s));
+        QVERIFY(ran_.isEmpty());
+        clock.advance(0ms);
+        QCOMPARE(ran_, QStringList{u"past 09:00"_s});
+    }
+};
+
+ORVANE_TEST(ManualClock_test)
+#include "ManualClock_test.moc"

@@ -1,0 +1,101 @@
+#include "corvexkit/time/SystemClock.h"
+
+#include "support/TestMain.h"
+
+#include <QEventLoop>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+class SystemClock_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void runsCallsFromTheLoopInOrder()
+    {
+        SystemClock clock;
+        QStringList ran;
+        const auto soon = clock.callAfter(2ms, [&] { ran << u"soon"_s; });
+        const auto now = clock.callAfter(0ms, [&] { ran << u"now"_s; });
+        const auto past = clock.callAt(clock.now() - 1h, [&] { ran << u"past"_s; });
+        const auto far = clock.callAt(Instant::max(), [&] { ran << u"far"_s; });
+        const auto ever = clock.callAfter(milliseconds::max(), [&] { ran << u"ever"_s; });
+        QVERIFY(ran.isEmpty());
+        QTRY_COMPARE(ran.size(), 3);
+        QCOMPARE(ran, QStringList({u"past"_s, u"now"_s, u"soon"_s}));
+        QVERIFY(far.isPending() && ever.isPending());
+    }
+
+    void isNeverEarly()
+    {
+        SystemClock clock;
+        const auto start = steady_clock::now();
+        const Instant due = clock.now() + 3ms;
+        std::optional<Instant> wall;
+        std::optional<steady_clock::time_point> steady;
+        const auto first = clock.callAt(due, [&] { wall = clock.now(); });
+        const auto second = clock.callAfter(3ms, [&] { steady = steady_clock::now(); });
+        QTRY_VERIFY(wall && steady);
+        QVERIFY(*wall >= due);
+        QVERIFY(*steady - start >= 3ms);
+    }
+
+    void leavesTurnsToOthers()
+    {
+        SystemClock clock;
+        int calls = 0;
+        ClockCall call;
+        std::function<void()> again = [&] {
+            ++calls;
+            call = clock.callAfter(0ms, again);
+        };
+        again();
+        bool otherRan = false;
+        QMetaObject::invokeMethod(
+            this, [&] { otherRan = true; }, Qt::QueuedConnection);
+        QTRY_VERIFY(otherRan && calls > 3);
+    }
+
+    void runsInNestedLoops()
+    {
+        SystemClock clock;
+        QEventLoop nested;
+        bool done = false;
+        ClockCall inner;
+        const auto outer = clock.callAfter(0ms, [&] {
+            inner = clock.callAfter(1ms, [&] { nested.quit(); });
+            nested.exec();
+            done = true;
+        });
+        QTRY_VERIFY(done);
+    }
+
+    void armsAgainAfterACancelledCall()
+    {
+        SystemClock clock;
+        bool ran = false;
+        ClockCall first = clock.callAfter(0ms, [] { QFAIL("cancelled"); });
+        const auto second = clock.callAfter(1ms, [&] { ran = true; });
+        first.cancel();
+        QTRY_VERIFY(ran);
+    }
+
+    void followsAChangedSystemZone()
+    {
+        qputenv("TZ", "Europe/Berlin");
+        SystemClock clock;
+        SystemClock fixed{CXTimeZone::named(u"Asia/Tokyo"_s)};
+        QCOMPARE(clock.zone().identifier(), u"Europe/Berlin"_s);
+        QVERIFY(!clock.refreshZone());
+        qputenv("TZ", "America/New_York");
+        QCOMPARE(clock.zone().identifier(), u"Europe/Berlin"_s);
+        QVERIFY(clock.refreshZone());
+        QCOMPARE(clock.zone().identifier(), u"America/New_York"_s);
+        QVERIFY(!fixed.refreshZone());
+        QCOMPARE(fixed.zone().identifier(), u"Asia/Tokyo"_s);
+        qputenv("TZ", "UTC");
+    }
+};
+
+ORVANE_TEST(SystemClock_test)
+#include "SystemClock_test.moc"

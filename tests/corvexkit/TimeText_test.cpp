@@ -1,0 +1,72 @@
+#include "corvexkit/time/TimeText.h"
+
+#include "support/CaseTable.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+
+QString readAndWritten(const QString &kind, const QString &text)
+{
+    const auto written = [](const auto &value, auto write) { return value ? write(*value) : u"-"_s; };
+    if (kind == u"day") return written(TimeText::toDay(text), TimeText::fromDay);
+    if (kind == u"time") return written(TimeText::toTimeOfDay(text), TimeText::fromTimeOfDay);
+    if (kind == u"local")
+        return written(TimeText::toLocalTime(text),
+                       [](LocalTime time) { return TimeText::fromLocalTime(time); });
+    return written(TimeText::toInstant(text), [](Instant instant) { return TimeText::fromInstant(instant); });
+}
+
+} // namespace
+
+class TimeText_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsAndWrites_data()
+    {
+        QTest::addColumn<QStringList>("cells");
+        for (const CaseRow &row : readCases("corvexkit/texts.txt", 3))
+            QTest::newRow(row.where.constData()) << row.cells;
+    }
+    void readsAndWrites()
+    {
+        QFETCH(QStringList, cells);
+        QCOMPARE(readAndWritten(cells[0], cells[1]), cells[2]);
+        if (cells[2] != u"-") QCOMPARE(readAndWritten(cells[0], cells[2]), cells[2]);
+    }
+
+    void readsNoPartOfAnInstant()
+    {
+        const QString whole = u"2030-05-01T09:00:00.25+02:00"_s;
+        for (qsizetype length = 0; length < whole.size(); ++length)
+            QVERIFY2(!TimeText::toInstant(whole.first(length)), qPrintable(whole.first(length)));
+        QVERIFY(TimeText::toInstant(whole));
+    }
+
+    void readsEveryDayOfFourCenturies()
+    {
+        for (Day day{1970y / 1 / 1}; day < Day{2370y / 1 / 1}; day += days{1})
+            QCOMPARE(TimeText::toDay(TimeText::fromDay(day)), std::optional{day});
+    }
+
+    void writesAFractionAsAsked()
+    {
+        using TimeText::Fraction;
+        const Instant round = *TimeText::toInstant(u"2030-05-01T09:00:00Z");
+        QCOMPARE(TimeText::fromInstant(round, Fraction::Always), u"2030-05-01T09:00:00.000Z"_s);
+        QCOMPARE(TimeText::fromInstant(round + 7ms, Fraction::Never), u"2030-05-01T09:00:00Z"_s);
+        QCOMPARE(TimeText::fromInstant(round + 7ms), u"2030-05-01T09:00:00.007Z"_s);
+    }
+
+    void writesYearsThatDoNotRead()
+    {
+        QCOMPARE(TimeText::fromDay(Day{12030y / 5 / 1}), u"12030-05-01"_s);
+        QCOMPARE(TimeText::fromDay(Day{-44y / 3 / 15}), u"-0044-03-15"_s);
+    }
+};
+
+ORVANE_TEST(TimeText_test)
+#include "TimeText_test.moc"
