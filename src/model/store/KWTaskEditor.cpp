@@ -1,0 +1,126 @@
+#include "model/store/KWTaskEditor.h"
+
+#include "model/records/KWChecklistItem.h"
+#include "model/records/KWTask.h"
+#include "model/store/KWCoreDataManager.h"
+#include "model/store/StoreFailure.h"
+
+#include <numeric>
+
+namespace {
+
+// Between the item and the one after it; half-way, so that a hundred can be put between two.
+std::int64_t orderBehind(const QString &itemID, const QList<KWChecklistItem *> &items)
+{
+    for (qsizetype i = 0; i + 1 < items.size(); ++i)
+        if (items.at(i)->sid() == itemID)
+            return std::midpoint(items.at(i)->model().sortOrder, items.at(i + 1)->model().sortOrder);
+    return items.isEmpty() ? KWSortOrderStep : items.last()->model().sortOrder + KWSortOrderStep;
+}
+
+} // namespace
+
+QString singleLine(const QString &text)
+{
+    QString line;
+    line.reserve(text.size());
+    bool isPending = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar each = text.at(i);
+        if (each.category() == QChar::Other_Control || each == QChar::LineSeparator ||
+            each == QChar::ParagraphSeparator) {
+            isPending = true;
+            continue;
+        }
+        if (isPending && !line.isEmpty() && !line.back().isSpace() && !each.isSpace()) line += u' ';
+        isPending = false;
+        const bool isPair = each.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (isPair)
+            line.append(each).append(text.at(++i));
+        else
+            line += each.isSurrogate() ? QChar{QChar::ReplacementCharacter} : each;
+    }
+    return line.trimmed();
+}
+
+std::optional<TaskWithChecklist> KWTaskEditor::read(const QString &taskID) const
+{
+    const KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
+    if (!task || task->isDeleted()) return std::nullopt;
+    TaskWithChecklist found{task->model(), {}};
+    for (const KWChecklistItem *each : task->orderedChecklistItems())
+        found.items.append(each->model());
+    return found;
+}
+
+Result<void> KWTaskEditor::save()
+{
+    ObjectContext &context = m_manager.MR_defaultContext();
+    const Result<StoreChange> saved = context.save();
+    if (saved) return {};
+    context.rollback();
+    return saved.error();
+}
+
+Result<void> KWTaskEditor::editTask(const QString &taskID, const std::function<void(KWTask &)> &edit)
+{
+    KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
+    if (!task || task->isDeleted()) return Error{storeText("There is no such task any more.")};
+    edit(*task);
+    return save();
+}
+
+Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit)
+{
+    KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
+    if (!item || item->isDeleted()) return Error{storeText("There is no such item any more.")};
+    edit(*item);
+    return save();
+}
+
+Result<void> KWTaskEditor::setTitle(const QString &taskID, const QString &title)
+{
+    const QString line = singleLine(title);
+    if (line.isEmpty()) return Error{storeText("A task needs a title.")};
+    return editTask(taskID, [&line](KWTask &task) { task.set(&KWTaskModel::title, line); });
+}
+
+Result<void> KWTaskEditor::setContent(const QString &taskID, const QString &content)
+{
+    return editTask(taskID, [&content](KWTask &task) { task.set(&KWTaskModel::content, content); });
+}
+
+Result<void> KWTaskEditor::setItemTitle(const QString &itemID, const QString &title)
+{
+    return editItem(itemID, [&title](KWChecklistItem &item) {
+        item.set(&KWChecklistItemModel::title, singleLine(title));
+    });
+}
+
+Result<void> KWTaskEditor::tickItem(const QString &itemID)
+{
+    return editItem(itemID, [](KWChecklistItem &item) {
+        item.updateStatus(item.isCompleted() ? KWTaskStatusOpen : KWTaskStatusCompleted);
+    });
+}
+
+Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afterItemID, const QString &title)
+{
+    QString itemID;
+    const Result<void> added = editTask(taskID, [&](KWTask &task) {
+        KWChecklistItemModel item;
+        item.userID = task.model().userID;
+        item.taskID = taskID;
+        item.title = singleLine(title);
+        item.sortOrder = orderBehind(afterItemID, task.orderedChecklistItems());
+        itemID = task.context().insert<KWChecklistItem>(std::move(item)).sid();
+        if (task.isTextKind()) task.set(&KWTaskModel::kind, KWTaskKindChecklist);
+    });
+    if (!added) return added.error();
+    return itemID;
+}
+
+Result<void> KWTaskEditor::removeItem(const QString &itemID)
+{
+    return editItem(itemID, [](KWChecklistItem &item) { item.markDelete(); });
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "model/records/KWChecklistItemModel.h"
+#include "model/records/KWTaskModel.h"
+
+#include <QList>
+
+#include <functional>
+
+class KWChecklistItem;
+class KWCoreDataManager;
+class KWTask;
+
+/// A task with its checklist, as the detail shows it.
+struct TaskWithChecklist {
+    KWTaskModel task;
+    QList<KWChecklistItemModel> items; ///< in their manual order
+};
+
+/// Edits of one task, each saved at once. An edit that fails leaves store and records as they were; an
+/// edit of a task or item that is gone fails with a sentence. Main thread.
+class KWTaskEditor {
+public:
+    explicit KWTaskEditor(KWCoreDataManager &manager) : m_manager(manager) {}
+
+    /// Nothing when there is no such task (any more).
+    std::optional<TaskWithChecklist> read(const QString &taskID) const;
+
+    /// A title is one line: line breaks become spaces. An empty one is refused.
+    Result<void> setTitle(const QString &taskID, const QString &title);
+    Result<void> setContent(const QString &taskID, const QString &content);
+
+    Result<void> setItemTitle(const QString &itemID, const QString &title);
+    Result<void> tickItem(const QString &itemID);
+    /// A new item behind `afterItemID`, or at the end when that is empty or gone. Answers its id.
+    Result<QString> addItem(const QString &taskID, const QString &afterItemID, const QString &title);
+    Result<void> removeItem(const QString &itemID);
+
+private:
+    Result<void> editTask(const QString &taskID, const std::function<void(KWTask &)> &edit);
+    Result<void> editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit);
+    Result<void> save();
+
+    KWCoreDataManager &m_manager;
+};
+
+/// A text as one line, as titles are: every run of line breaks and other control characters is a space,
+/// and none stands at the ends. Halves of surrogate pairs become U+FFFD.
+QString singleLine(const QString &text);
