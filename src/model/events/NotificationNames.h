@@ -22,6 +22,10 @@ inline const QString KWNewMinuteComesNotification = QStringLiteral("KWNewMinuteC
 inline const QString KWNewHourComesNotification = QStringLiteral("KWNewHourComesNotification");
 inline const QString KWNewDayComesNotification = QStringLiteral("KWNewDayComesNotification");
 
+// The computer, posted by the service in `platform`; neither comes where the system does not tell of sleep.
+inline const QString WorkspaceWillSleepNotification = QStringLiteral("WorkspaceWillSleepNotification");
+inline const QString WorkspaceDidWakeNotification = QStringLiteral("WorkspaceDidWakeNotification");
+
 /// Another process wrote the store. Posted after the main context has read it again.
 inline const QString KWDataDidChangeOutsideMainAppNotification =
     QStringLiteral("KWDataDidChangeOutsideMainAppNotification");

@@ -12,6 +12,11 @@ DataFolders DataFolders::locate(const QString &home)
         const QString folder = QDir::cleanPath(QDir::current().absoluteFilePath(chosen));
         return {folder, folder + u"/config"_s};
     }
+    return standard();
+}
+
+DataFolders DataFolders::standard()
+{
     return {QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/orvane"_s,
             QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/orvane"_s};
 }

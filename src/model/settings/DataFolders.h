@@ -10,6 +10,8 @@ struct DataFolders {
     /// `home`, when given, holds everything; else ORVANE_HOME does; else the XDG data and config folders
     /// each have a folder "orvane".
     static DataFolders locate(const QString &home);
+    /// The two XDG folders.
+    static DataFolders standard();
 
     QString store() const { return data + QStringLiteral("/store.sqlite"); }
     QString lock() const { return data + QStringLiteral("/lock"); }
