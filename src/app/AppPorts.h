@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/ports/AccountPorts.h"
+#include "app/ports/LaunchPorts.h"
+#include "app/ports/WindowPorts.h"
+#include "model/sync/KWSyncManager.h"
+
+/// The one object of a port that does nothing.
+template <class Port>
+Port &absent()
+{
+    static Port port;
+    return port;
+}
+
+/// Everything that starting, signing in and signing out reach for in other rooms. Whoever composes the
+/// program names the ports it fills; the others stay absent:
+/// `AppPorts ports{.account = account, .mainWindow = window};`
+/// The objects must outlive the AppDelegate.
+struct AppPorts {
+    AccountPort &account;
+    KWSyncManager &sync = absent<LocalOnlySync>();
+
+    AppManagerPort &appManager = absent<AppManagerPort>();
+    UsageTimerPort &usageTimer = absent<UsageTimerPort>();
+    KeyboardShortcutsPort &shortcuts = absent<KeyboardShortcutsPort>();
+    MainMenuPort &mainMenu = absent<MainMenuPort>();
+    ThemeFilesPort &themeFiles = absent<ThemeFilesPort>();
+    FocusCoordinatorPort &focusCoordinator = absent<FocusCoordinatorPort>();
+    ThemePort &theme = absent<ThemePort>();
+    SearchIndexPort &searchIndex = absent<SearchIndexPort>();
+    LinksPort &links = absent<LinksPort>();
+    SoftwareUpdatePort &softwareUpdate = absent<SoftwareUpdatePort>();
+    LoginItemHelperPort &loginItemHelper = absent<LoginItemHelperPort>();
+    UserNotificationsPort &userNotifications = absent<UserNotificationsPort>();
+    SignificantTimeChangePort &significantTimeChange = absent<SignificantTimeChangePort>();
+
+    AnalyticsPort &analytics = absent<AnalyticsPort>();
+    TeamLoaderPort &teamLoader = absent<TeamLoaderPort>();
+    AccountDetailsPort &accountDetails = absent<AccountDetailsPort>();
+    AttachmentsPort &attachments = absent<AttachmentsPort>();
+    HabitsPort &habits = absent<HabitsPort>();
+    HolidaysPort &holidays = absent<HolidaysPort>();
+    RemotePushPort &remotePush = absent<RemotePushPort>();
+    TaskTemplatesPort &taskTemplates = absent<TaskTemplatesPort>();
+
+    MainWindowPort &mainWindow = absent<MainWindowPort>();
+    WelcomeWindowPort &welcomeWindow = absent<WelcomeWindowPort>();
+    WindowsPort &windows = absent<WindowsPort>();
+    StatusItemPort &statusItem = absent<StatusItemPort>();
+    DockPort &dock = absent<DockPort>();
+    ListCountsPort &listCounts = absent<ListCountsPort>();
+    WidgetTimelinesPort &widgetTimelines = absent<WidgetTimelinesPort>();
+};

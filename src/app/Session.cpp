@@ -1,0 +1,139 @@
+#include "app/Session.h"
+
+#include "app/ApplicationName.h"
+#include "corvexkit/log/CXLog.h"
+#include "model/events/NotificationNames.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+constexpr CXLogger sessionLog{u"session"};
+}
+
+Session::Session(CXClock &clock, KWNotificationCenter &center, KWEventBus &bus, AppPorts ports)
+    : m_clock(clock), m_center(center), m_bus(bus), m_ports(ports), m_dayClock(clock, center, [this] {
+        refreshBadge();
+    })
+{
+}
+
+void Session::observe()
+{
+    const auto on = [this](const QString &name, void (Session::*reaction)()) {
+        m_observations.push_back(
+            m_center.addObserver(name, [this, reaction](const auto &) { (this->*reaction)(); }));
+    };
+    on(KWUserDidSignInNotification, &Session::userDidSignIn);
+    on(KWUserDidSignOutNotification, &Session::userDidSignOut);
+    on(KWSyncDidBatchPullNotification, &Session::syncDidBatchPull);
+    on(KWDataDidChangeOutsideMainAppNotification, &Session::listDisplayDidChange);
+    on(KWListDisplayConfigurationDidChangeNotification, &Session::listDisplayDidChange);
+    on(KWSyncDidPullHabitSettingsNotification, &Session::refreshBadge);
+    on(WorkspaceDidWakeNotification, &Session::computerDidAwake);
+    m_registration = m_bus.registerEventBus([this](const StoreChange &change) { recordsDidChange(change); });
+}
+
+void Session::notifyUserSignIn() { m_center.post(KWUserDidSignInNotification); }
+
+void Session::userDidSignIn()
+{
+    const std::optional<KWUserModel> user = m_ports.account.currentUser();
+    if (!user) return sessionLog.warning(u"A sign-in was announced, but nobody is signed in."_s);
+
+    bringUpAccount(*user);
+    bringUpSurfaces();
+    m_dayClock.start();
+}
+
+void Session::bringUpAccount(const KWUserModel &user)
+{
+    m_ports.analytics.setUser(user.sid, user.name);
+    m_ports.accountDetails.fetchProfile();
+    m_ports.accountDetails.fetchAvatar();
+    m_ports.accountDetails.fetchStatus();
+    m_ports.attachments.processLeftFromLastRun();
+    m_ports.sync.syncImmediatelyWithPushCompletionHandler([](const Result<void> &pushed) {
+        if (!pushed) sessionLog.warning(pushed.error().sentence);
+    });
+    m_ports.habits.batchSync();
+    m_ports.habits.runDailyCheck();
+    m_ports.holidays.userDidSignIn();
+    m_ports.remotePush.registerIfNeeded();
+    m_ports.taskTemplates.sync();
+    m_ports.shortcuts.refreshConfiguration();
+}
+
+void Session::bringUpSurfaces()
+{
+    m_ports.statusItem.create();
+    m_ports.dock.applyIconPreference();
+    m_ports.mainMenu.setApplicationTitles({.about = textWithApplicationName("About %@"),
+                                           .hide = textWithApplicationName("Hide %@"),
+                                           .quit = textWithApplicationName("Quit %@")});
+    m_ports.welcomeWindow.close();
+    if (!m_isLaunchedAsLoginItem) m_ports.mainWindow.show();
+}
+
+void Session::userDidSignOut()
+{
+    m_ports.statusItem.remove();
+    m_ports.dock.applyIconPreference();
+    m_ports.dock.clearBadge();
+    stopSecondLevelTimer();
+    m_dayClock.stop();
+    m_ports.listCounts.clear();
+    m_ports.mainWindow.close();
+    m_ports.windows.closePreferences();
+    m_ports.windows.closeAllOthers();
+    m_ports.welcomeWindow.switchToLastPage();
+    m_ports.welcomeWindow.showCentred();
+    m_ports.statusItem.resetPopover();
+    m_ports.windows.bringToFront({});
+    m_ports.widgetTimelines.reloadAll();
+}
+
+void Session::syncDidBatchPull()
+{
+    refreshBadge();
+    m_ports.mainMenu.refresh();
+}
+
+void Session::computerDidAwake()
+{
+    m_dayClock.minuteLevelTimerAction();
+    m_ports.theme.autoSwitchDarkIfNeeded();
+}
+
+void Session::showWindow(const QString &activationToken)
+{
+    if (m_ports.account.currentUser())
+        m_ports.mainWindow.show();
+    else
+        m_ports.welcomeWindow.showCentred();
+    m_ports.windows.bringToFront(activationToken);
+}
+
+void Session::startSecondLevelTimer()
+{
+    m_secondLevelTimer = m_clock.callAfter(1s, [this] {
+        refreshStatusItem();
+        startSecondLevelTimer();
+    });
+}
+
+void Session::refreshBadge()
+{
+    m_ports.dock.refreshBadge([&statusItem = m_ports.statusItem] { statusItem.refresh(); });
+}
+
+void Session::recordsDidChange(const StoreChange &change)
+{
+    if (change.touches(RecordKind::Task) || change.touches(RecordKind::ChecklistItem)) refreshBadge();
+}
+
+void Session::listDisplayDidChange()
+{
+    refreshBadge();
+    m_ports.mainMenu.refresh();
+}
