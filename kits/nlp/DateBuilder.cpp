@@ -1,0 +1,206 @@
+#include "nlp/DateBuilder.h"
+
+#include "nlp/RepeatSchedule.h"
+
+#include <algorithm>
+
+namespace nlp {
+
+using namespace std::chrono;
+
+namespace {
+
+constexpr minutes halfDay{720};
+
+std::wstring triggerText(const Quantity &lead)
+{
+    const std::wstring amount = std::to_wstring(lead.amount);
+    switch (lead.unit) {
+    case Unit::Minute:
+        return L"TRIGGER:-PT" + amount + L'M';
+    case Unit::Hour:
+        return L"TRIGGER:-PT" + amount + L'H';
+    case Unit::Week:
+        return L"TRIGGER:-P" + amount + L'W';
+    default:
+        return L"TRIGGER:-P" + amount + L'D';
+    }
+}
+
+minutes minutesOf(const ClockReference &clock) { return hours{clock.hour} + minutes{clock.minute}; }
+
+minutes minutesOf(const TimeOfDay &time) { return hours{time.hour} + minutes{time.minute}; }
+
+minutes minutesOf(const Quantity &length)
+{
+    return length.unit == Unit::Hour ? minutes{hours{length.amount}} : minutes{length.amount};
+}
+
+// Noon, and an hour read before it.
+minutes morningReading(const ClockReference &clock) { return hours{clock.hour % 12} + minutes{clock.minute}; }
+
+} // namespace
+
+bool DateBuilder::build(std::span<const Ranking::Candidate> chosen, Answer &answer) const
+{
+    Fragment date;
+    for (const auto &candidate : chosen)
+        date.merge(candidate.phrase->fragment);
+    if ((date.slots & (DaySlot | PartSlot | ClockSlot | RepeatSlot)) == 0) return false;
+
+    const auto time = startTime(date);
+    const bool isMoment =
+        (date.slots & DaySlot) != 0 && date.day.offset.amount != 0 && date.day.offset.isBelowOneDay();
+    std::optional<LocalTime> start;
+    if (isMoment)
+        start = moment(date.day);
+    else if (const auto day = startDay(date, time))
+        start = *day + time.value_or(minutes{0});
+    if (!start || !Calendar::validated(year_month_day{floor<days>(*start)})) return false;
+
+    answer.isFound = true;
+    answer.start = *start;
+    answer.isAllDay = !isMoment && !time;
+    answer.due = due(date, *start, answer.isAllDay);
+    if ((date.slots & RepeatSlot) != 0) {
+        std::optional<LocalDay> until;
+        if ((date.slots & LastDaySlot) != 0) {
+            const Calendar fromStart{floor<days>(*start), m_settings.firstWeekday};
+            until = fromStart.resolve(date.lastDay, Calendar::Today::Included);
+        }
+        answer.repeatRule = RepeatSchedule{date.repeat}.rule(date.count, until);
+    }
+    addReminders(date, answer);
+    return true;
+}
+
+std::optional<minutes> DateBuilder::startTime(const Fragment &date) const
+{
+    if ((date.slots & ClockSlot) == 0)
+        return (date.slots & PartSlot) != 0 ? std::optional{timeOf(date.part)} : std::nullopt;
+    const ClockReference clock = (date.slots & PartSlot) != 0 ? date.clock.within(date.part) : date.clock;
+    const bool isRange = (date.slots & EndSlot) != 0 && date.end == Fragment::End::Clock;
+    return isRange ? resolvedBefore(clock, date.endClock) : resolved(clock);
+}
+
+std::optional<LocalDay> DateBuilder::startDay(const Fragment &date, std::optional<minutes> time) const
+{
+    const LocalDay today = m_calendar.today();
+    const bool isStillAhead = time && today + *time > m_now;
+    const bool hasPassed = time && !isStillAhead;
+    const auto plainWeekday = isStillAhead ? Calendar::Today::Included : Calendar::Today::Excluded;
+    std::optional<LocalDay> day = hasPassed ? today + days{1} : today;
+    if ((date.slots & DaySlot) != 0) day = m_calendar.resolve(date.day, plainWeekday);
+    if (day && (date.slots & RepeatSlot) != 0) return RepeatSchedule{date.repeat}.firstDay(*day);
+    return day;
+}
+
+std::optional<LocalTime> DateBuilder::moment(const DayReference &day) const
+{
+    return m_now + minutesOf(day.offset);
+}
+
+std::optional<LocalTime> DateBuilder::due(const Fragment &date, LocalTime start, bool isAllDay) const
+{
+    if ((date.slots & EndSlot) == 0) return std::nullopt;
+    switch (date.end) {
+    case Fragment::End::Clock: {
+        const LocalDay day = floor<days>(start);
+        const auto end = resolvedAfter(date.endClock, start - day);
+        return day + end;
+    }
+    case Fragment::End::Day:
+        return dueOnDay(date, start);
+    case Fragment::End::Length:
+        return dueOfLength(date.length, start, isAllDay);
+    case Fragment::End::None:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<LocalTime> DateBuilder::dueOfLength(const Quantity &length, LocalTime start,
+                                                  bool isAllDay) const
+{
+    if (length.isBelowOneDay()) return start + minutesOf(length);
+    const LocalDay day = floor<days>(start);
+    const auto end = Calendar::moved(day, length);
+    if (!end) return std::nullopt;
+    return *end + (start - day) - (isAllDay ? days{1} : days{0});
+}
+
+std::optional<LocalTime> DateBuilder::dueOnDay(const Fragment &date, LocalTime start) const
+{
+    const LocalDay first = floor<days>(start);
+    const bool isCounted = date.lastDay.kind == DayReference::Kind::Ahead ||
+                           date.lastDay.kind == DayReference::Kind::NextWeekday;
+    const Calendar fromStart{first, m_settings.firstWeekday};
+    const auto last = (isCounted ? m_calendar : fromStart).resolve(date.lastDay, Calendar::Today::Excluded);
+    if (!last || *last < first) return std::nullopt;
+    return *last + (start - first);
+}
+
+bool DateBuilder::isAmbiguous(const ClockReference &clock) const
+{
+    using Certainty = ClockReference::Certainty;
+    return clock.certainty == Certainty::Spoken ||
+           (clock.certainty == Certainty::Written && m_settings.clockFace == ClockFace::TwelveHours);
+}
+
+// Of the two times people mean the one in the waking day, from 7 in the morning to 6:59 in the evening.
+minutes DateBuilder::resolved(const ClockReference &clock) const
+{
+    if (!isAmbiguous(clock)) return minutesOf(clock);
+    const minutes morning = morningReading(clock);
+    return morning < hours{7} ? morning + halfDay : morning;
+}
+
+minutes DateBuilder::resolvedBefore(const ClockReference &clock, const ClockReference &end) const
+{
+    if (!isAmbiguous(clock) || isAmbiguous(end)) return resolved(clock);
+    const minutes morning = morningReading(clock);
+    return morning + halfDay < minutesOf(end) ? morning + halfDay : morning;
+}
+
+minutes DateBuilder::resolvedAfter(const ClockReference &clock, minutes start) const
+{
+    minutes end = isAmbiguous(clock) ? morningReading(clock) : minutesOf(clock);
+    const minutes step = isAmbiguous(clock) ? halfDay : minutes{days{1}};
+    while (end <= start)
+        end += step;
+    return end;
+}
+
+minutes DateBuilder::timeOf(DayPart part) const
+{
+    switch (part) {
+    case DayPart::Noon:
+        return hours{12};
+    case DayPart::Afternoon:
+        return minutesOf(m_settings.afternoon);
+    case DayPart::Evening:
+        return minutesOf(m_settings.evening);
+    case DayPart::Night:
+        return minutesOf(m_settings.night);
+    default:
+        return minutesOf(m_settings.morning);
+    }
+}
+
+void DateBuilder::addReminders(const Fragment &date, Answer &answer) const
+{
+    const bool isNamed = (date.slots & ReminderSlot) != 0;
+    for (std::size_t i = 0; i < date.leadCount; ++i)
+        answer.reminders.push_back(triggerText(date.leads[i]));
+    if (date.leadCount > 0) return;
+    if (!answer.isAllDay) {
+        if (isNamed || m_implicitReminder == ImplicitReminder::Marked)
+            answer.reminders.emplace_back(L"TRIGGER:-PT0S");
+    } else if (isNamed) {
+        // At the time of midnight nobody wants to hear of the day.
+        answer.reminders.push_back(L"TRIGGER:P0DT" + std::to_wstring(m_settings.morning.hour) + L'H' +
+                                   std::to_wstring(m_settings.morning.minute) + L"M0S");
+    }
+}
+
+} // namespace nlp

@@ -1,0 +1,267 @@
+#include "nlp/Match.h"
+#include "nlp/Readings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace nlp::readings {
+
+namespace {
+
+using Kind = DayReference::Kind;
+
+constexpr std::array<int, 13> longestMonth{0, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+// A year of two digits lies in this century.
+int fullYear(int year, int digits) { return digits == 2 ? 2000 + year : year; }
+
+// Numbers written in words have no digits.
+bool isFullYear(int year, int digits) { return (digits == 4 || digits == 0) && year >= 1900 && year <= 9999; }
+
+bool isLeap(int year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
+
+bool setDate(Fragment &fragment, int year, int month, int day)
+{
+    if (month < 1 || month > 12 || day < 1 || day > longestMonth[std::size_t(month)]) return false;
+    if (month == 2 && day == 29 && year != 0 && !isLeap(year)) return false;
+    fragment.slots = DaySlot;
+    fragment.day.kind = Kind::Date;
+    fragment.day.year = std::int16_t(year);
+    fragment.day.month = std::uint8_t(month);
+    fragment.day.day = std::uint8_t(day);
+    return true;
+}
+
+bool setWeekday(Fragment &fragment, Kind kind, int weekday, int weeksAhead)
+{
+    fragment.slots |= DaySlot;
+    fragment.day.kind = kind;
+    fragment.day.weekday = std::uint8_t(weekday);
+    fragment.day.periodsAhead = std::int16_t(weeksAhead);
+    return true;
+}
+
+bool setDayOfMonth(Fragment &fragment, int day, int monthsAhead)
+{
+    if (day < 1 || day > 31) return false;
+    fragment.slots = DaySlot;
+    fragment.day.kind = Kind::DayOfMonth;
+    fragment.day.day = std::uint8_t(day);
+    fragment.day.periodsAhead = std::int16_t(monthsAhead);
+    return true;
+}
+
+bool setPeriod(Fragment &fragment, Kind kind, Unit unit, int periodsAhead)
+{
+    if (unit < Unit::Week) return false;
+    fragment.slots = DaySlot;
+    fragment.day.kind = kind;
+    fragment.day.offset = {0, unit};
+    fragment.day.periodsAhead = std::int16_t(periodsAhead);
+    return true;
+}
+
+void setRange(Fragment &fragment)
+{
+    fragment.slots = DaySlot | EndSlot;
+    fragment.end = Fragment::End::Day;
+}
+
+int dayNumber(const Match &match, int nth = 0)
+{
+    return match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal, nth) : match.value(Symbol::Number, nth);
+}
+
+int weekdayIn(const Match &match)
+{
+    if (match.has(Symbol::Weekday)) return match.value(Symbol::Weekday);
+    return match.fragment(Symbol::AnyWeekday).day.weekday;
+}
+
+} // namespace
+
+bool relativeDay(const Match &match, Fragment &fragment)
+{
+    fragment.slots = DaySlot;
+    fragment.day.offset = {match.value(Symbol::RelativeDay), Unit::Day};
+    return true;
+}
+
+bool weekday(const Match &match, Fragment &fragment)
+{
+    const Symbol symbol = match.has(Symbol::Weekday) ? Symbol::Weekday : Symbol::AmbiguousWeekday;
+    return setWeekday(fragment, Kind::Weekday, match.value(symbol), 0);
+}
+
+bool thisWeekday(const Match &match, Fragment &fragment)
+{
+    return setWeekday(fragment, Kind::ThisWeekday, weekdayIn(match), 0);
+}
+
+bool nextWeekday(const Match &match, Fragment &fragment)
+{
+    return setWeekday(fragment, Kind::NextWeekday, weekdayIn(match), match.value(Symbol::Next));
+}
+
+bool weekdayOfWeek(const Match &match, Fragment &fragment)
+{
+    if (Unit(match.value(Symbol::Unit)) != Unit::Week) return false;
+    return match.has(Symbol::Next) ? nextWeekday(match, fragment) : thisWeekday(match, fragment);
+}
+
+bool weekdayWithDate(const Match &match, Fragment &fragment)
+{
+    inner(match, fragment);
+    const Fragment &date = match.fragment(Symbol::Day);
+    fragment.day = date.day;
+    return date.day.kind == Kind::Date && date.slots == DaySlot;
+}
+
+bool weekend(const Match &match, Fragment &fragment)
+{
+    return setWeekday(fragment, Kind::Weekend, 6, match.value(Symbol::Next));
+}
+
+bool monthAndDay(const Match &match, Fragment &fragment)
+{
+    const int numbers = match.has(Symbol::Ordinal) ? 0 : 1;
+    const bool hasYear = match.has(Symbol::Number, numbers);
+    const int year = match.value(Symbol::Number, numbers);
+    if (hasYear && !isFullYear(year, match.digits(numbers))) return false;
+    // "5 may fail" is no day, "5 may" and "may 5 fails" are.
+    const bool dayLeads =
+        match.isBefore(match.has(Symbol::Ordinal) ? Symbol::Ordinal : Symbol::Number, Symbol::Month);
+    if (dayLeads && match.isAmbiguous(Symbol::Month) && !match.isClosed()) return false;
+    return setDate(fragment, hasYear ? year : 0, match.value(Symbol::Month), dayNumber(match));
+}
+
+bool yearMonthDay(const Match &match, Fragment &fragment)
+{
+    const int year = match.value(Symbol::Number);
+    if (!isFullYear(year, match.digits(0))) return false;
+    return setDate(fragment, year, match.value(Symbol::Number, 1), match.value(Symbol::Number, 2));
+}
+
+bool numericDate(const Match &match, Fragment &fragment)
+{
+    if (match.digits(0) > 2 || match.digits(1) > 2) return false;
+    const bool hasYear = match.has(Symbol::Number, 2);
+    const int year = fullYear(match.value(Symbol::Number, 2), match.digits(2));
+    if (hasYear && (match.digits(2) == 3 || match.digits(2) == 1 || !isFullYear(year, 4))) return false;
+    // Fields of other signs than the slash may be anything unless the year tells.
+    if (!match.has(Symbol::Slash) && match.digits(2) != 4) return false;
+    int month = match.value(Symbol::Number, 0);
+    int day = match.value(Symbol::Number, 1);
+    if (match.settings().fieldOrder == FieldOrder::DayFirst) std::swap(month, day);
+    const int yearOrNone = hasYear ? year : 0;
+    return setDate(fragment, yearOrNone, month, day) || setDate(fragment, yearOrNone, day, month);
+}
+
+bool numberedMonthAndDay(const Match &match, Fragment &fragment)
+{
+    fragment.day.periodsAhead = std::int16_t(match.value(Symbol::RelativeYear));
+    return setDate(fragment, 0, match.value(Symbol::Number), match.value(Symbol::Number, 1));
+}
+
+bool firstOfYear(const Match &match, Fragment &fragment)
+{
+    return setPeriod(fragment, Kind::FirstOf, Unit::Year, match.value(Symbol::RelativeYear));
+}
+
+bool dayOfMonth(const Match &match, Fragment &fragment)
+{
+    const bool namesMonth = match.has(Symbol::Next) || match.has(Symbol::This);
+    if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
+    return setDayOfMonth(fragment, dayNumber(match), namesMonth ? match.value(Symbol::Next) : -1);
+}
+
+bool firstOfPeriod(const Match &match, Fragment &fragment)
+{
+    return setPeriod(fragment, Kind::FirstOf, Unit(match.value(Symbol::Unit)), match.value(Symbol::Next));
+}
+
+bool lastOfPeriod(const Match &match, Fragment &fragment)
+{
+    return setPeriod(fragment, Kind::LastOf, Unit(match.value(Symbol::Unit)), match.value(Symbol::Next));
+}
+
+bool daysAhead(const Match &match, Fragment &fragment)
+{
+    fragment.slots = DaySlot;
+    fragment.day.offset = match.fragment(Symbol::Quantity).length;
+    return !fragment.day.offset.isBelowOneDay();
+}
+
+bool minutesAhead(const Match &match, Fragment &fragment)
+{
+    fragment.slots = DaySlot | ClockSlot;
+    fragment.day.offset = match.fragment(Symbol::Quantity).length;
+    return fragment.day.offset.isBelowOneDay();
+}
+
+bool quantityAfterDay(const Match &match, Fragment &fragment)
+{
+    const Fragment &day = match.fragment(Symbol::Day);
+    Quantity length = match.fragment(Symbol::Quantity).length;
+    if (day.slots != DaySlot || length.isBelowOneDay()) return false;
+    if (day.day.kind == Kind::FirstOf || day.day.kind == Kind::LastOf) return false;
+    if (day.day.offset.amount != 0) {
+        if (day.day.offset.unit != Unit::Day || length.unit > Unit::Week) return false;
+        length = {day.day.offset.amount + length.amount * (length.unit == Unit::Week ? 7 : 1), Unit::Day};
+    }
+    fragment = day;
+    fragment.day.offset = length;
+    return true;
+}
+
+bool dayRange(const Match &match, Fragment &fragment)
+{
+    const bool areDays = match.has(Symbol::Day, 1);
+    const bool areWeekdays = match.has(Symbol::AnyWeekday, 1);
+    const bool weekdayLeads =
+        match.isBefore(Symbol::AnyWeekday, Symbol::Day) && match.has(Symbol::AnyWeekday);
+    const Symbol first = areWeekdays || (!areDays && weekdayLeads) ? Symbol::AnyWeekday : Symbol::Day;
+    const Symbol last = areDays || (!areWeekdays && weekdayLeads) ? Symbol::Day : Symbol::AnyWeekday;
+    setRange(fragment);
+    fragment.day = match.fragment(first).day;
+    fragment.lastDay = match.fragment(last, first == last ? 1 : 0).day;
+    return true;
+}
+
+bool daysOfMonthRange(const Match &match, Fragment &fragment)
+{
+    const int month =
+        match.value(Symbol::Month) + (match.has(Symbol::Month) ? 0 : match.value(Symbol::Number));
+    const int days = match.has(Symbol::Month) ? 0 : 1;
+    const int last = dayNumber(match, days + 1);
+    if (last <= dayNumber(match, days) || !setDate(fragment, 0, month, last)) return false;
+    fragment.lastDay = fragment.day;
+    if (!setDate(fragment, 0, month, dayNumber(match, days))) return false;
+    setRange(fragment);
+    return true;
+}
+
+bool daysOfComingMonthRange(const Match &match, Fragment &fragment)
+{
+    const int first = match.value(Symbol::Number, 0);
+    const int last = match.value(Symbol::Number, 1);
+    if (last <= first || !setDayOfMonth(fragment, last, -1)) return false;
+    fragment.lastDay = fragment.day;
+    if (!setDayOfMonth(fragment, first, -1)) return false;
+    setRange(fragment);
+    return true;
+}
+
+bool dayToDayOfMonth(const Match &match, Fragment &fragment)
+{
+    const Fragment &first = match.fragment(Symbol::Day);
+    if (first.day.kind != Kind::Date && first.day.kind != Kind::DayOfMonth) return false;
+    const int last = match.value(Symbol::Number);
+    if (last <= first.day.day || !setDayOfMonth(fragment, last, -1)) return false;
+    fragment.lastDay = fragment.day;
+    fragment.day = first.day;
+    setRange(fragment);
+    return true;
+}
+
+} // namespace nlp::readings

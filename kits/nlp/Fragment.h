@@ -1,0 +1,100 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace nlp {
+
+enum class Unit : std::uint8_t { Minute, Hour, Day, Week, Month, Year };
+
+enum class DayPart : std::uint8_t { None, Dawn, Morning, Noon, Afternoon, Evening, Night };
+
+/// A span of time: minutes up to years.
+struct Quantity {
+    int amount = 0;
+    Unit unit = Unit::Day;
+
+    constexpr bool isBelowOneDay() const { return unit == Unit::Minute || unit == Unit::Hour; }
+};
+
+/// A day as the text names it, before it is looked up in the calendar.
+struct DayReference {
+    enum class Kind : std::uint8_t {
+        Ahead,       ///< `offset` from today
+        Weekday,     ///< the coming `weekday`, not today
+        ThisWeekday, ///< the coming `weekday`, may be today
+        NextWeekday, ///< `weekday` of the week `periodsAhead` weeks on
+        Date,        ///< `month` and `day`; year 0 is the next such day, or that `periodsAhead` years on
+        DayOfMonth,  ///< `day` of the month `periodsAhead` months on; -1 is the next such day
+        FirstOf,     ///< the first day of the week, month or year `periodsAhead` on
+        LastOf,      ///< the last day of the same
+        Weekend,     ///< the coming Saturday, or the one `periodsAhead` weeks after it
+    };
+    Kind kind = Kind::Ahead;
+    std::uint8_t weekday = 0;
+    std::uint8_t month = 0;
+    std::uint8_t day = 0;
+    std::int16_t year = 0;
+    std::int16_t periodsAhead = 0;
+    Quantity offset; ///< what to add to the day itself
+};
+
+/// A time of day as the text names it.
+struct ClockReference {
+    enum class Certainty : std::uint8_t {
+        Certain, ///< as it stands
+        Written, ///< "5:30": one of two unless the clock face has 24 hours
+        Spoken,  ///< "at 5": one of two on any clock face
+    };
+    std::uint8_t hour = 0; ///< from 24 on: of the next day, for the end of a night
+    std::uint8_t minute = 0;
+    Certainty certainty = Certainty::Certain;
+
+    /// The one of the two possible times that lies in `part` of the day.
+    ClockReference within(DayPart part) const;
+};
+
+/// How often, in the terms of RFC 5545, section 3.3.10.
+struct RepeatReference {
+    int interval = 1;
+    Unit unit = Unit::Day;
+    std::uint8_t weekdays = 0; ///< bit 0 = Sunday
+    std::uint8_t nth = 0;      ///< which of these weekdays of the month, 0 = each
+    std::uint8_t monthDay = 0; ///< 0 = that of the start
+    std::uint8_t month = 0;    ///< 0 = that of the start
+    bool needsCompany = false; ///< said with a word that may be an adjective
+};
+
+/// The parts that make up a task's date. A phrase fills some of them.
+enum Slot : unsigned {
+    DaySlot = 1 << 0,
+    PartSlot = 1 << 1,
+    ClockSlot = 1 << 2,
+    EndSlot = 1 << 3,
+    RepeatSlot = 1 << 4,
+    CountSlot = 1 << 5,
+    LastDaySlot = 1 << 6,
+    ReminderSlot = 1 << 7,
+    BygoneSlot = 1 << 8,
+};
+
+/// The meaning of a phrase. Only what `slots` names is meant.
+struct Fragment {
+    unsigned slots = 0;
+    DayReference day;
+    DayReference lastDay;    ///< EndSlot of a range of days; LastDaySlot of a repeat
+    ClockReference clock;    ///< ClockSlot, unless the day is an offset below one day
+    ClockReference endClock; ///< EndSlot of a range of times
+    enum class End : std::uint8_t { None, Day, Clock, Length } end = End::None;
+    DayPart part = DayPart::None;
+    Quantity length; ///< EndSlot of a duration; the amount of a bare quantity
+    RepeatReference repeat;
+    int count = 0;                   ///< CountSlot: how many times it repeats
+    std::array<Quantity, 3> leads{}; ///< ReminderSlot: how long before
+    std::uint8_t leadCount = 0;
+
+    /// Takes over what `other` fills and this does not.
+    void merge(const Fragment &other);
+};
+
+} // namespace nlp

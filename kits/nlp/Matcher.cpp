@@ -1,0 +1,120 @@
+#include "nlp/Matcher.h"
+
+namespace nlp {
+
+void Matcher::match(std::span<const Token> tokens, std::vector<Place> &places, std::vector<Phrase> &phrases)
+{
+    phrases.clear();
+    places.assign(tokens.size() + 1, Place{});
+    m_tokens = tokens;
+    m_places = &places;
+    m_phrases = &phrases;
+    for (auto index = std::uint32_t(tokens.size()); index-- > 0;)
+        matchAt(index);
+}
+
+void Matcher::matchAt(std::uint32_t index)
+{
+    (*m_places)[index].first = std::uint32_t(m_phrases->size());
+    const Token &token = m_tokens[index];
+    SymbolSet pending;
+    for (std::uint8_t i = 0; i < token.senseCount; ++i)
+        if (m_grammar.hasRulesFrom(token.senses[i].symbol)) pending.insert(token.senses[i].symbol);
+    while (!pending.isEmpty()) {
+        const Symbol symbol = pending.first();
+        pending.remove(symbol);
+        for (const Rule *rule : m_grammar.rulesFrom(symbol))
+            tryRule(*rule, index, pending);
+    }
+}
+
+void Matcher::tryRule(const Rule &rule, std::uint32_t index, SymbolSet &pending)
+{
+    Match match{m_settings};
+    if (!matchFrom(rule, 0, index, match)) return;
+    const Phrase *known = phraseAt(index, rule.product);
+    if (known != nullptr && known->end >= m_end) return;
+    const bool isClosed = isClosedBefore(m_end);
+    if (rule.guard == Guard::Closes && !isClosed) return;
+    if (rule.guard == Guard::NotCounted && isCountedAt(m_end)) return;
+    match.setClosed(isClosed);
+    Phrase phrase{rule.product, index, m_end, {}};
+    if (rule.reading(match, phrase.fragment)) keep(phrase, pending);
+}
+
+// The depth is that of a pattern.
+bool Matcher::matchFrom(const Rule &rule, std::size_t element, std::uint32_t index, Match &match)
+{
+    if (element == rule.pattern.size() || rule.pattern[element].symbol == Symbol::None) {
+        m_end = index;
+        return true;
+    }
+    const std::size_t size = match.size();
+    std::uint32_t next = index;
+    if (matchElement(rule.pattern[element].symbol, index, match, next) &&
+        matchFrom(rule, element + 1, next, match))
+        return true;
+    match.shrink(size);
+    return rule.pattern[element].isOptional && matchFrom(rule, element + 1, index, match);
+}
+
+bool Matcher::matchElement(Symbol symbol, std::uint32_t index, Match &match, std::uint32_t &next) const
+{
+    if (index == m_tokens.size()) return false;
+    if (symbol >= firstProduct) {
+        const Phrase *phrase = phraseAt(index, symbol);
+        if (phrase == nullptr) return false;
+        match.push(symbol, *phrase);
+        next = phrase->end;
+        return true;
+    }
+    const Sense *sense = m_tokens[index].sense(symbol);
+    if (sense == nullptr) return false;
+    match.push(symbol, m_tokens[index], *sense);
+    next = index + 1;
+    return true;
+}
+
+void Matcher::keep(const Phrase &phrase, SymbolSet &pending)
+{
+    if (m_grammar.hasRulesFrom(phrase.symbol)) pending.insert(phrase.symbol);
+    if (const Phrase *known = phraseAt(phrase.begin, phrase.symbol); known != nullptr) {
+        (*m_phrases)[std::size_t(known - m_phrases->data())] = phrase;
+        return;
+    }
+    m_phrases->push_back(phrase);
+    ++(*m_places)[phrase.begin].count;
+}
+
+const Phrase *Matcher::phraseAt(std::uint32_t index, Symbol symbol) const
+{
+    const Place place = (*m_places)[index];
+    const Phrase *const begin = m_phrases->data() + place.first;
+    for (const Phrase *phrase = begin; phrase != begin + place.count; ++phrase)
+        if (phrase->symbol == symbol) return phrase;
+    return nullptr;
+}
+
+bool Matcher::isClosedBefore(std::uint32_t index) const
+{
+    if (index >= m_tokens.size()) return true;
+    const Token &token = m_tokens[index];
+    switch (token.kind) {
+    case TokenKind::Word:
+        return !token.isUnknownWord() && !token.means(Symbol::Measure) && !token.means(Symbol::Unit);
+    case TokenKind::Number:
+        return (*m_places)[index].count > 0;
+    default:
+        return true;
+    }
+}
+
+bool Matcher::isCountedAt(std::uint32_t index) const
+{
+    if (index >= m_tokens.size()) return false;
+    const Token &token = m_tokens[index];
+    return token.means(Symbol::Measure) || token.means(Symbol::Unit) || token.means(Symbol::Counter) ||
+           token.means(Symbol::HourMark) || token.means(Symbol::MonthMark);
+}
+
+} // namespace nlp

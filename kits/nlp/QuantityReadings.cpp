@@ -1,0 +1,107 @@
+#include "nlp/Match.h"
+#include "nlp/Readings.h"
+
+#include <algorithm>
+
+namespace nlp::readings {
+
+namespace {
+
+constexpr int largestAmount = 9999;
+
+bool setQuantity(Quantity &quantity, int amount, Unit unit)
+{
+    if (amount < 1 || amount > largestAmount) return false;
+    quantity = {amount, unit};
+    return true;
+}
+
+// Halves and decimals are read in minutes; half a day may be anything.
+bool setMinutes(Quantity &quantity, int tenthsOfHour)
+{
+    return setQuantity(quantity, tenthsOfHour * 6, Unit::Minute);
+}
+
+Unit unitOf(const Match &match) { return Unit(match.value(Symbol::Unit)); }
+
+int amountOf(const Match &match)
+{
+    if (match.has(Symbol::Number)) return match.value(Symbol::Number);
+    return match.has(Symbol::Article) ? match.value(Symbol::Article) : 1;
+}
+
+} // namespace
+
+bool quantity(const Match &match, Fragment &fragment)
+{
+    return setQuantity(fragment.length, amountOf(match), unitOf(match));
+}
+
+// "3月" is March and "2026年" a year.
+bool uncountedQuantity(const Match &match, Fragment &fragment)
+{
+    const bool isDate =
+        unitOf(match) == Unit::Month || (unitOf(match) == Unit::Year && amountOf(match) >= 1000);
+    return !isDate && quantity(match, fragment);
+}
+
+bool decimalQuantity(const Match &match, Fragment &fragment)
+{
+    if (unitOf(match) != Unit::Hour || match.digits(1) != 1) return false;
+    const int whole = std::min(match.value(Symbol::Number), largestAmount);
+    return setMinutes(fragment.length, whole * 10 + match.value(Symbol::Number, 1));
+}
+
+bool halfQuantity(const Match &match, Fragment &fragment)
+{
+    return unitOf(match) == Unit::Hour && setMinutes(fragment.length, 5);
+}
+
+bool quantityAndHalf(const Match &match, Fragment &fragment)
+{
+    const int whole = std::min(amountOf(match), largestAmount);
+    return unitOf(match) == Unit::Hour && setMinutes(fragment.length, whole * 10 + 5);
+}
+
+bool duration(const Match &match, Fragment &fragment)
+{
+    fragment.slots = EndSlot;
+    fragment.end = Fragment::End::Length;
+    fragment.length = match.fragment(Symbol::Quantity).length;
+    return true;
+}
+
+bool lead(const Match &match, Fragment &fragment)
+{
+    fragment.slots = ReminderSlot;
+    fragment.leads[fragment.leadCount++] = match.fragment(Symbol::Quantity).length;
+    const Fragment &further = match.fragment(Symbol::Leads);
+    for (int i = 0; i < further.leadCount; ++i) {
+        if (fragment.leadCount == fragment.leads.size()) return false;
+        fragment.leads[fragment.leadCount++] = further.leads[std::size_t(i)];
+    }
+    const auto isTooVague = [](const Quantity &quantity) { return quantity.unit > Unit::Week; };
+    return std::none_of(fragment.leads.begin(), fragment.leads.begin() + fragment.leadCount, isTooVague);
+}
+
+bool reminder(const Match &match, Fragment &fragment)
+{
+    const bool isEnough = match.value(Symbol::Remind) != 0 || match.has(Symbol::Leads);
+    inner(match, fragment);
+    fragment.slots = ReminderSlot;
+    return isEnough;
+}
+
+bool inner(const Match &match, Fragment &fragment)
+{
+    match.forEachFragment([&](const Fragment &part) { fragment.merge(part); });
+    return true;
+}
+
+bool bygone(const Match &, Fragment &fragment)
+{
+    fragment.slots = BygoneSlot;
+    return true;
+}
+
+} // namespace nlp::readings

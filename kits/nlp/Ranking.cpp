@@ -1,0 +1,207 @@
+#include "nlp/Ranking.h"
+
+#include "nlp/Characters.h"
+
+#include <algorithm>
+
+namespace nlp {
+
+namespace {
+
+bool isPiece(Symbol symbol)
+{
+    switch (symbol) {
+    case Symbol::Clock:
+    case Symbol::ClockRange:
+    case Symbol::Day:
+    case Symbol::DayRange:
+    case Symbol::Repeat:
+    case Symbol::Moment:
+    case Symbol::Limit:
+    case Symbol::Duration:
+    case Symbol::Reminder:
+    case Symbol::Part:
+    case Symbol::Combined:
+    case Symbol::Bygone:
+        return true;
+    default:
+        return false;
+    }
+}
+
+int dayRank(const DayReference &day)
+{
+    switch (day.kind) {
+    case DayReference::Kind::Date:
+        return day.year != 0 ? 4 : 3;
+    case DayReference::Kind::DayOfMonth:
+        return 3;
+    case DayReference::Kind::Ahead:
+        return day.offset.isBelowOneDay() ? 1 : 2;
+    case DayReference::Kind::Weekday:
+    case DayReference::Kind::ThisWeekday:
+    case DayReference::Kind::NextWeekday:
+        return 2;
+    case DayReference::Kind::FirstOf:
+    case DayReference::Kind::LastOf:
+    case DayReference::Kind::Weekend:
+        return 1;
+    }
+    return 0;
+}
+
+// What says more ranks higher: by the days it names and by the time.
+int rankOf(const Phrase &phrase)
+{
+    const Fragment &fragment = phrase.fragment;
+    const auto fills = [&](unsigned slots) { return (fragment.slots & slots) != 0; };
+    // These give other phrases' words another sense, so they come first.
+    if (fills(BygoneSlot)) return 30;
+    if (fills(ReminderSlot | CountSlot | LastDaySlot)) return 20;
+    const int days = fills(RepeatSlot)                                      ? 6
+                     : fills(EndSlot) && fragment.end == Fragment::End::Day ? 5
+                     : fills(DaySlot)                                       ? dayRank(fragment.day)
+                                                                            : 0;
+    const int times = fills(ClockSlot) ? (fills(EndSlot) ? 4 : 3) : fills(PartSlot) ? 1 : 0;
+    return days * 2 + times;
+}
+
+bool isBetter(const Ranking::Candidate &a, const Ranking::Candidate &b)
+{
+    if (a.rank != b.rank) return a.rank > b.rank;
+    if (a.phrase->begin != b.phrase->begin) return a.phrase->begin < b.phrase->begin;
+    if (a.phrase->end != b.phrase->end) return a.phrase->end > b.phrase->end;
+    return a.phrase->symbol < b.phrase->symbol;
+}
+
+bool isAtHome(const Fragment &fragment, unsigned filled)
+{
+    if ((filled & (DaySlot | PartSlot | ClockSlot | RepeatSlot)) == 0) return false;
+    if ((fragment.slots & (CountSlot | LastDaySlot)) != 0) return (filled & RepeatSlot) != 0;
+    if ((fragment.slots & EndSlot) == 0 || fragment.end != Fragment::End::Length) return true;
+    return !fragment.length.isBelowOneDay() || (filled & (ClockSlot | PartSlot)) != 0;
+}
+
+} // namespace
+
+void Ranking::choose(std::span<const Phrase> phrases, std::vector<Candidate> &chosen)
+{
+    chosen.clear();
+    for (const Phrase &phrase : phrases)
+        if (isPiece(phrase.symbol) && standsFree(phrase)) chosen.push_back({&phrase, rankOf(phrase)});
+    const unsigned filled = fillSlots(chosen);
+    std::erase_if(chosen,
+                  [&](const auto &candidate) { return !isAtHome(candidate.phrase->fragment, filled); });
+    std::sort(chosen.begin(), chosen.end(),
+              [](const auto &a, const auto &b) { return a.phrase->begin < b.phrase->begin; });
+}
+
+unsigned Ranking::fillSlots(std::vector<Candidate> &candidates)
+{
+    m_claimed.assign(m_tokens.size(), 0);
+    std::sort(candidates.begin(), candidates.end(), isBetter);
+    unsigned filled = 0;
+    std::erase_if(candidates, [&](const Candidate &candidate) {
+        const Phrase &phrase = *candidate.phrase;
+        if (isClaimed(phrase)) return true;
+        // A phrase that comes too late still owns its words: its time belongs to its day.
+        std::fill(m_claimed.begin() + phrase.begin, m_claimed.begin() + phrase.end, 1);
+        if ((phrase.fragment.slots & (filled | BygoneSlot)) != 0) return true;
+        filled |= phrase.fragment.slots;
+        return false;
+    });
+    return filled;
+}
+
+// Phrases that hold others rank before them, so the ends tell whether two overlap.
+bool Ranking::isClaimed(const Phrase &phrase) const
+{
+    return m_claimed[phrase.begin] != 0 || m_claimed[phrase.end - 1] != 0;
+}
+
+bool Ranking::standsFree(const Phrase &phrase) const
+{
+    return isFreeBefore(m_tokens[phrase.begin]) && isFreeAfter(m_tokens[phrase.end - 1]) &&
+           !followsScore(phrase);
+}
+
+bool Ranking::isFreeBefore(const Token &token) const
+{
+    if (token.begin == 0 || token.kind == TokenKind::Ideograph) return true;
+    const wchar_t sign = at(token.begin - 1);
+    const wchar_t beyond = token.begin > 1 ? at(token.begin - 2) : L' ';
+    const wchar_t edge = at(token.begin);
+    if (isLetter(sign) || isDigit(sign)) return false;
+    switch (sign) {
+    case L'-':
+        if (isDigit(edge)) return false;
+        [[fallthrough]];
+    case L'/':
+    case L'\\':
+    case L'.':
+        return !isLetter(beyond) && !isDigit(beyond);
+    case L':':
+    case L',':
+        return !isDigit(edge) || !isDigit(beyond);
+    case L'$':
+    case L'#':
+    case L'@':
+    case L'_':
+    case L'=':
+    case L'&':
+    case L'~':
+    case L'+':
+    case L'^':
+    case 0xA3:   // pound
+    case 0xA5:   // yen
+    case 0xFFE5: // full-width yen
+    case 0x20AC: // euro
+        return false;
+    default:
+        return true;
+    }
+}
+
+bool Ranking::isFreeAfter(const Token &token) const
+{
+    if (token.kind == TokenKind::Ideograph) return true;
+    const wchar_t sign = at(token.end);
+    const wchar_t beyond = at(token.end + 1);
+    const wchar_t edge = at(token.end - 1);
+    const bool goesOn = isLetter(beyond) || isDigit(beyond);
+    if (isLetter(sign) || isDigit(sign)) return false;
+    switch (sign) {
+    case L'-':
+    case L'/':
+    case L'\\':
+    case L'.':
+    case L'@':
+    case L'&':
+    case L'\'':
+        return !goesOn;
+    case L':':
+    case L',':
+        return !isDigit(edge) || !isDigit(beyond);
+    case L'%':
+    case L'$':
+    case L'_':
+    case L'=':
+    case L'+':
+    case L'#':
+    case 0xA3:
+    case 0xA5:
+    case 0xB0: // degree
+    case 0x20AC:
+        return false;
+    default:
+        return true;
+    }
+}
+
+bool Ranking::followsScore(const Phrase &phrase) const
+{
+    return phrase.begin > 0 && m_tokens[phrase.begin].kind == TokenKind::Number &&
+           m_tokens[phrase.begin - 1].means(Symbol::ScoreWord);
+}
+
+} // namespace nlp

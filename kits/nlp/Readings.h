@@ -1,0 +1,85 @@
+#pragma once
+
+namespace nlp {
+
+class Match;
+struct Fragment;
+
+/// The meanings that grammar rules give. Each looks its values up by symbol and answers false when they
+/// make no sense together. `inner` and its like take over what the products of the pattern mean.
+namespace readings {
+
+// Any product.
+bool inner(const Match &match, Fragment &fragment);
+bool bygone(const Match &match, Fragment &fragment);
+
+// Amounts: a number or "a", halves included, and a unit.
+bool quantity(const Match &match, Fragment &fragment);
+bool uncountedQuantity(const Match &match, Fragment &fragment); ///< without a counter: "3天"
+bool decimalQuantity(const Match &match, Fragment &fragment);
+bool halfQuantity(const Match &match, Fragment &fragment);
+bool quantityAndHalf(const Match &match, Fragment &fragment);
+bool duration(const Match &match, Fragment &fragment);
+
+// Times of day.
+bool writtenTime(const Match &match, Fragment &fragment); ///< hour, minute, perhaps a.m. or p.m.
+bool spokenTime(const Match &match, Fragment &fragment);  ///< hour, perhaps minutes or a part of the day
+bool halfPast(const Match &match, Fragment &fragment);
+bool quarterPast(const Match &match, Fragment &fragment);
+bool quarterTo(const Match &match, Fragment &fragment);
+bool minutesPast(const Match &match, Fragment &fragment);
+bool namedTime(const Match &match, Fragment &fragment);
+bool clockRange(const Match &match, Fragment &fragment);
+bool dayPart(const Match &match, Fragment &fragment);
+bool dayWithPart(const Match &match, Fragment &fragment);
+bool thisPart(const Match &match, Fragment &fragment);
+
+// Days.
+bool relativeDay(const Match &match, Fragment &fragment);
+bool weekday(const Match &match, Fragment &fragment);
+bool thisWeekday(const Match &match, Fragment &fragment);
+bool nextWeekday(const Match &match, Fragment &fragment);
+bool weekdayOfWeek(const Match &match, Fragment &fragment); ///< "friday next week"
+bool weekdayWithDate(const Match &match, Fragment &fragment);
+bool weekend(const Match &match, Fragment &fragment);
+bool monthAndDay(const Match &match, Fragment &fragment);
+bool yearMonthDay(const Match &match, Fragment &fragment); ///< numbers in this order
+bool numericDate(const Match &match, Fragment &fragment);  ///< numbers in the order of the settings
+bool numberedMonthAndDay(const Match &match, Fragment &fragment);
+bool firstOfYear(const Match &match, Fragment &fragment);
+bool dayOfMonth(const Match &match, Fragment &fragment);
+bool firstOfPeriod(const Match &match, Fragment &fragment);
+bool lastOfPeriod(const Match &match, Fragment &fragment);
+bool daysAhead(const Match &match, Fragment &fragment);
+bool minutesAhead(const Match &match, Fragment &fragment);
+bool quantityAfterDay(const Match &match, Fragment &fragment);
+bool dayRange(const Match &match, Fragment &fragment);
+bool daysOfMonthRange(const Match &match, Fragment &fragment);
+bool daysOfComingMonthRange(const Match &match, Fragment &fragment);
+bool dayToDayOfMonth(const Match &match, Fragment &fragment);
+
+// Repeats.
+bool weekdays(const Match &match, Fragment &fragment);
+bool weekdaySpan(const Match &match, Fragment &fragment);
+bool weekdayNumbers(const Match &match, Fragment &fragment);
+bool everyUnit(const Match &match, Fragment &fragment);
+bool everySkippedUnit(const Match &match, Fragment &fragment);
+bool frequency(const Match &match, Fragment &fragment);
+bool repeatAlone(const Match &match, Fragment &fragment);
+bool everyWeekdays(const Match &match, Fragment &fragment);
+bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment);
+bool everyWorkday(const Match &match, Fragment &fragment);
+bool everyWeekend(const Match &match, Fragment &fragment);
+bool everyPart(const Match &match, Fragment &fragment);
+bool everyDayOfMonth(const Match &match, Fragment &fragment);
+bool everyDate(const Match &match, Fragment &fragment);
+bool untilDay(const Match &match, Fragment &fragment);
+bool countOfTimes(const Match &match, Fragment &fragment);
+
+// Reminders.
+bool lead(const Match &match, Fragment &fragment);
+bool reminder(const Match &match, Fragment &fragment);
+
+} // namespace readings
+
+} // namespace nlp

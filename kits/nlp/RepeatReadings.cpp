@@ -1,0 +1,158 @@
+#include "nlp/Match.h"
+#include "nlp/Readings.h"
+
+#include <algorithm>
+
+namespace nlp::readings {
+
+namespace {
+
+constexpr std::uint8_t mondayToFriday = 0b0111110;
+constexpr std::uint8_t saturdayAndSunday = 0b1000001;
+constexpr int longestInterval = 999;
+
+std::uint8_t weekdayBit(int weekday) { return std::uint8_t(1U << weekday); }
+
+bool setRepeat(Fragment &fragment, int interval, Unit unit)
+{
+    if (interval < 1 || interval > longestInterval || unit < Unit::Day) return false;
+    fragment.slots |= RepeatSlot;
+    fragment.repeat.interval = interval;
+    fragment.repeat.unit = unit;
+    return true;
+}
+
+int intervalOf(const Match &match)
+{
+    if (match.has(Symbol::Other)) return 2;
+    if (match.has(Symbol::Ordinal)) return match.value(Symbol::Ordinal);
+    return match.has(Symbol::Number) ? match.value(Symbol::Number) : 1;
+}
+
+} // namespace
+
+bool weekdays(const Match &match, Fragment &fragment)
+{
+    fragment.repeat.weekdays = weekdayBit(match.fragment(Symbol::AnyWeekday).day.weekday) |
+                               match.fragment(Symbol::Weekdays).repeat.weekdays |
+                               match.fragment(Symbol::WeekdayTail).repeat.weekdays;
+    return true;
+}
+
+bool weekdaySpan(const Match &match, Fragment &fragment)
+{
+    const int first = match.fragment(Symbol::AnyWeekday, 0).day.weekday;
+    const int last = match.fragment(Symbol::AnyWeekday, 1).day.weekday;
+    for (int weekday = first; weekday != last; weekday = (weekday + 1) % 7)
+        fragment.repeat.weekdays |= weekdayBit(weekday);
+    fragment.repeat.weekdays |= weekdayBit(last);
+    return first != last;
+}
+
+bool weekdayNumbers(const Match &match, Fragment &fragment)
+{
+    if (match.digits() != 0 || match.value(Symbol::Number) < 1) return false;
+    for (int numbers = match.value(Symbol::Number); numbers > 0; numbers /= 10) {
+        if (numbers % 10 < 1 || numbers % 10 > 6) return false;
+        fragment.repeat.weekdays |= weekdayBit(numbers % 10);
+    }
+    fragment.repeat.weekdays |= match.fragment(Symbol::WeekdayTail).repeat.weekdays;
+    return true;
+}
+
+bool everyUnit(const Match &match, Fragment &fragment)
+{
+    return setRepeat(fragment, intervalOf(match), Unit(match.value(Symbol::Unit)));
+}
+
+bool everySkippedUnit(const Match &match, Fragment &fragment)
+{
+    return setRepeat(fragment, intervalOf(match) + 1, Unit(match.value(Symbol::Unit)));
+}
+
+bool frequency(const Match &match, Fragment &fragment)
+{
+    const int value = match.value(Symbol::Frequency);
+    fragment.repeat.needsCompany = match.isAmbiguous(Symbol::Frequency);
+    return setRepeat(fragment, value / 16, Unit(value % 16));
+}
+
+bool repeatAlone(const Match &match, Fragment &fragment)
+{
+    inner(match, fragment);
+    return !fragment.repeat.needsCompany || match.isClosed();
+}
+
+bool everyWeekdays(const Match &match, Fragment &fragment)
+{
+    fragment = match.fragment(Symbol::EveryUnit);
+    if (fragment.slots == 0 && !setRepeat(fragment, intervalOf(match), Unit::Week)) return false;
+    fragment.repeat.weekdays = match.fragment(Symbol::Weekdays).repeat.weekdays;
+    return fragment.repeat.unit == Unit::Week;
+}
+
+bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment)
+{
+    const int nth = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
+    if (Unit(match.value(Symbol::Unit)) != Unit::Month || nth < 1 || nth > 5) return false;
+    fragment.repeat.nth = std::uint8_t(nth);
+    fragment.repeat.weekdays = weekdayBit(match.fragment(Symbol::AnyWeekday).day.weekday);
+    return setRepeat(fragment, 1, Unit::Month);
+}
+
+bool everyWorkday(const Match &, Fragment &fragment)
+{
+    fragment.repeat.weekdays = mondayToFriday;
+    return setRepeat(fragment, 1, Unit::Week);
+}
+
+bool everyWeekend(const Match &, Fragment &fragment)
+{
+    fragment.repeat.weekdays = saturdayAndSunday;
+    return setRepeat(fragment, 1, Unit::Week);
+}
+
+bool everyPart(const Match &match, Fragment &fragment)
+{
+    const Symbol symbol = match.has(Symbol::EveryPart) ? Symbol::EveryPart : Symbol::DayPart;
+    fragment.slots = PartSlot;
+    fragment.part = DayPart(match.value(symbol));
+    return setRepeat(fragment, 1, Unit::Day);
+}
+
+bool everyDayOfMonth(const Match &match, Fragment &fragment)
+{
+    const int day = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
+    fragment = match.fragment(Symbol::EveryUnit);
+    if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Month)) return false;
+    if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
+    fragment.repeat.monthDay = std::uint8_t(std::clamp(day, 0, 32));
+    return fragment.repeat.unit == Unit::Month && day >= 1 && day <= 31;
+}
+
+bool everyDate(const Match &match, Fragment &fragment)
+{
+    const DayReference &date = match.fragment(Symbol::Day).day;
+    fragment = match.fragment(Symbol::EveryUnit);
+    if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Year)) return false;
+    if (date.kind != DayReference::Kind::Date || date.year != 0) return false;
+    fragment.repeat.month = date.month;
+    fragment.repeat.monthDay = date.day;
+    return fragment.repeat.unit == Unit::Year;
+}
+
+bool untilDay(const Match &match, Fragment &fragment)
+{
+    fragment.slots = LastDaySlot;
+    fragment.lastDay = match.fragment(Symbol::Day).day;
+    return true;
+}
+
+bool countOfTimes(const Match &match, Fragment &fragment)
+{
+    fragment.slots = CountSlot;
+    fragment.count = match.value(Symbol::Number);
+    return fragment.count >= 1 && fragment.count <= longestInterval;
+}
+
+} // namespace nlp::readings

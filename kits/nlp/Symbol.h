@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+
+namespace nlp {
+
+/// What grammar patterns are made of. The terminals are the parts of speech that a language gives its
+/// words, and the shapes that the tokenizer gives to digits and signs; the products are what rules make.
+///
+/// The order of the products is part of the grammar: a rule's product stands after the first symbol of its
+/// pattern, so that one ascending pass over the symbols at a place of the text finds everything there.
+enum class Symbol : std::uint8_t {
+    None,  ///< an unknown word or sign; ends a pattern in a rule
+    Plain, ///< a word or idiom the language knows and means nothing by; it keeps its parts from being read
+
+    // Digits and signs. A sign is a terminal only where it touches what stands on both sides, but Comma.
+    Number,
+    Ordinal,
+    Colon,
+    Slash,
+    Dot,
+    Hyphen,
+    Comma,
+
+    // Words that carry a value.
+    Weekday,          ///< 0 = Sunday … 6 = Saturday
+    AmbiguousWeekday, ///< the same, for a word that means something else, too ("sun"); it needs company
+    Month,            ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
+    Unit,             ///< a nlp::Unit
+    RelativeDay,      ///< days from today
+    DayPart,          ///< a nlp::DayPart
+    DayWithPart,      ///< days from today × 16 + a nlp::DayPart ("tonight")
+    RelativeYear,     ///< years from this one
+    Meridiem,         ///< 0 before noon, 1 after
+    NamedTime,        ///< the hour
+    AmbiguousHour,    ///< the hour, for a word that means something else, too; it needs company
+    Frequency,        ///< interval × 16 + nlp::Unit, plus `AmbiguousWord` for an adjective ("weekly")
+    Remind,           ///< 1 when the word alone asks for a reminder, 0 when it needs to be told how early
+    Next,             ///< weeks, months … ahead
+    Article,          ///< "a": the amount it stands for
+
+    // Words that only join.
+    OClock,
+    Half,
+    Quarter,
+    Past,
+    To,
+    From,
+    Onwards,
+    Between,
+    At,
+    By,
+    On,
+    In,
+    Later,
+    Every,
+    EverySkipping,
+    EveryPart,
+    Other,
+    This,
+    Last,
+    Ago,
+    The,
+    Of,
+    And,
+    For,
+    Until,
+    Times,
+    Before,
+    Advance,
+    EndOf,
+    Weekend,
+    Workday,
+    PastDay,
+    YearMark,
+    MonthMark,
+    DayMark,
+    HourMark,
+    MinuteMark,
+    Counter,
+    FunctionWord, ///< a word that may follow a date without belonging to it ("with")
+    Measure,      ///< a thing that is counted ("pages"): a number before it is no date
+    ScoreWord,    ///< a word after which numbers are no times ("ratio")
+
+    // Products.
+    Quantity,
+    AnyWeekday,
+    Clock,
+    ClockRange,
+    Day,
+    DayRange,
+    WeekdayTail,
+    Weekdays,
+    EveryUnit,
+    Leads,
+    Repeat,
+    Moment,
+    Limit,
+    Duration,
+    Reminder,
+    Part,
+    Combined,
+    Bygone, ///< days gone by, which no task is planned for
+};
+
+inline constexpr auto firstProduct = Symbol::Quantity;
+inline constexpr int symbolCount = int(Symbol::Bygone) + 1;
+
+/// Added to the value of a word that also means something that is no date.
+inline constexpr int AmbiguousWord = 0x1000;
+
+} // namespace nlp
