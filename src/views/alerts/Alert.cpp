@@ -1,0 +1,27 @@
+#include "views/alerts/Alert.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+int Alert::run(const Content &content, QWidget *parent)
+{
+    QMessageBox box{QMessageBox::NoIcon, u"Orvane"_s, content.title, QMessageBox::NoButton, parent};
+    box.setObjectName(u"alert"_s);
+    box.setAccessibleName(content.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(content.text);
+
+    QList<QAbstractButton *> buttons;
+    for (const QString &text : content.buttons) {
+        QPushButton *button = box.addButton(text, QMessageBox::ActionRole);
+        button->setObjectName(u"alertButton%1"_s.arg(buttons.size()));
+        button->setAccessibleName(text);
+        if (buttons.isEmpty()) box.setDefaultButton(button);
+        box.setEscapeButton(button);
+        buttons.append(button);
+    }
+    box.exec();
+    return int(std::max<qsizetype>(0, buttons.indexOf(box.clickedButton())));
+}

@@ -1,0 +1,86 @@
+#include "views/sidebar/AccountHeader.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/theme/Fonts.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Theme.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QTextBoundaryFinder>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int headerMargin = 18;
+constexpr int headerHeight = 60;
+
+// The first character as a person counts them: one with combining marks or a pair of surrogates is one.
+QString initialOf(const QString &name)
+{
+    const QString trimmed = name.trimmed();
+    QTextBoundaryFinder finder{QTextBoundaryFinder::Grapheme, trimmed};
+    return trimmed.left(std::max<qsizetype>(0, finder.toNextBoundary())).toUpper();
+}
+
+} // namespace
+
+AccountHeader::AccountHeader(QWidget *parent) : QWidget(parent)
+{
+    setObjectName(u"accountHeader"_s);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void AccountHeader::setAccountName(const QString &name)
+{
+    m_name = name;
+    setAccessibleName(KWLocalizedString("Account: %1").arg(name));
+    update();
+}
+
+void AccountHeader::setShortcutHint(const QString &hint)
+{
+    m_hint = hint;
+    update();
+}
+
+QSize AccountHeader::sizeHint() const
+{
+    return {Metrics::sidebarMinimumWidth, Metrics::scaled(headerHeight)};
+}
+
+void AccountHeader::paintEvent(QPaintEvent *)
+{
+    const Theme &theme = Theme::current();
+    QPainter painter{this};
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto visual = [this](const QRect &bounds) {
+        return QStyle::visualRect(layoutDirection(), rect(), bounds);
+    };
+    const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    const auto trailing = layoutDirection() == Qt::RightToLeft ? Qt::AlignLeft : Qt::AlignRight;
+    const auto flags = [](Qt::Alignment side) { return int(side | Qt::AlignAbsolute | Qt::AlignVCenter); };
+
+    const int side = Metrics::scaled(Metrics::avatar);
+    const QRect avatar = visual({headerMargin, (height() - side) / 2, side, side});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme.accent);
+    painter.drawEllipse(avatar);
+    painter.setPen(theme.onAccent);
+    painter.setFont(Fonts::font(Fonts::Role::CaptionStrong));
+    painter.drawText(avatar, Qt::AlignCenter, initialOf(m_name));
+
+    painter.setFont(Fonts::font(Fonts::Role::Secondary));
+    painter.setPen(theme.faintText);
+    const int hintWidth = painter.fontMetrics().horizontalAdvance(m_hint);
+    const QRect hint{width() - headerMargin - hintWidth, 0, hintWidth, height()};
+    painter.drawText(visual(hint), flags(trailing), m_hint);
+
+    painter.setFont(Fonts::font(Fonts::Role::BodyStrong));
+    painter.setPen(theme.text);
+    const int nameLeft = headerMargin + side + Metrics::grid * 2;
+    const QRect name{nameLeft, 0, hint.left() - Metrics::grid * 2 - nameLeft, height()};
+    painter.drawText(visual(name), flags(leading),
+                     painter.fontMetrics().elidedText(m_name, Qt::ElideRight, name.width()));
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "lists/KWProjectListNode.h"
+
+#include <QAbstractItemModel>
+#include <QList>
+
+/// The sidebar's tree for Qt's views. The three children of the root (top, centre, bottom) are not
+/// rows themselves: their children follow each other, with one empty row, the spacer, before those of
+/// the bottom. Sections without rows are left out. The nodes belong to whoever built them and outlive their
+/// time in the model. Main thread only.
+class ProjectListTreeModel : public QAbstractItemModel {
+    Q_OBJECT
+
+public:
+    using QAbstractItemModel::QAbstractItemModel;
+
+    /// Shows that tree, or nothing for null. Call it again after every change of the tree, and before
+    /// the tree goes.
+    void setRoot(KWProjectListNode *root);
+
+    /// The node of a row; null for the spacer and for an invalid index.
+    KWProjectListNode *nodeAt(const QModelIndex &index) const;
+    QModelIndex indexOf(const KWProjectListNode &node) const;
+    /// The row of that kind and id, wherever it stands; invalid when there is none.
+    QModelIndex find(KWProjectListNodeType type, const QString &entityID) const;
+
+    bool isSpacer(const QModelIndex &index) const;
+    /// Whether the row heads a section: it folds, and shows no list of its own.
+    bool isSectionHeader(const QModelIndex &index) const;
+    /// Whether the row is the list of what has no list yet.
+    bool isInbox(const QModelIndex &index) const;
+    /// How many rows stand above it in the tree, section headers not counted.
+    int indentation(const QModelIndex &index) const;
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+    QModelIndex parent(const QModelIndex &child) const override;
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex & = {}) const override { return 1; }
+    QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+private:
+    static bool isSectionHeader(const KWProjectListNode &node);
+    KWProjectListNode *pointerAt(const QModelIndex &index) const;
+
+    KWProjectListNode *m_root = nullptr;
+    QList<KWProjectListNode *> m_topLevel; // the bottom node itself stands for the spacer
+};

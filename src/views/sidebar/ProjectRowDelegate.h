@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include <functional>
+#include <optional>
+
+class KWProjectListNode;
+class ProjectListTreeModel;
+
+/// Paints the rows of the sidebar: icon or colour dot, title, count; section headers; the spacer.
+class ProjectRowDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using CountOf = std::function<std::optional<int>(const KWProjectListNode &)>;
+    using IsExpanded = std::function<bool(const QModelIndex &)>;
+    using SpacerHeight = std::function<int()>;
+
+    ProjectRowDelegate(const ProjectListTreeModel &model, IsExpanded isExpanded, SpacerHeight spacerHeight,
+                       QObject *parent = nullptr);
+
+    void setCountOf(CountOf countOf) { m_countOf = std::move(countOf); }
+    /// Section headers offer a "+" only for what can be added.
+    void setCanAdd(std::function<bool(const KWProjectListNode &)> canAdd) { m_canAdd = std::move(canAdd); }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+    /// The part of a row that folds and unfolds it: of a section header all but the "+".
+    QRect foldBounds(const QRect &row, Qt::LayoutDirection direction, const QModelIndex &index) const;
+    /// The "+" of a section header; empty for other rows.
+    QRect addBounds(const QRect &row, Qt::LayoutDirection direction, const QModelIndex &index) const;
+
+private:
+    void paintHeader(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    void paintNode(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    QRect titleBounds(const QRect &row, const QModelIndex &index) const;
+    QRect chevronBounds(const QRect &row, const QModelIndex &index) const;
+    void paintChevron(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+
+    const ProjectListTreeModel &m_model;
+    IsExpanded m_isExpanded;
+    SpacerHeight m_spacerHeight;
+    CountOf m_countOf;
+    std::function<bool(const KWProjectListNode &)> m_canAdd;
+};

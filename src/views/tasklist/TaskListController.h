@@ -1,0 +1,43 @@
+#pragma once
+
+#include "lists/KWProjectListPresenter.h"
+#include "lists/KWTaskListService.h"
+#include "model/store/KWTaskEditor.h"
+#include "model/store/KWTaskTicker.h"
+
+#include <QObject>
+
+class TaskListPane;
+
+/// Joins the middle column with the rooms: shows the rows of the selected list, ticks tasks off, keeps
+/// title, date and names true. Main thread.
+class TaskListController : public QObject {
+    Q_OBJECT
+
+public:
+    TaskListController(TaskListPane &pane, KWTaskListService &service, KWProjectListPresenter &sidebar,
+                       KWTaskTicker &ticker, KWTaskEditor &editor, KWNotificationCenter &center,
+                       CXClock &clock);
+
+    /// Shows that list.
+    void show(const KWListIdentifier &list);
+
+Q_SIGNALS:
+    /// A task was completed or reopened; `undo` takes it back.
+    void statusChanged(const QString &message, const std::function<void()> &undo);
+    void failed(const QString &sentence);
+
+private:
+    void tick(const QString &taskID);
+    void showRows();
+    void showHead();
+    void showNames();
+
+    TaskListPane &m_pane;
+    KWTaskListService &m_service;
+    KWProjectListPresenter &m_sidebar;
+    KWTaskTicker &m_ticker;
+    KWTaskEditor &m_editor;
+    CXClock &m_clock;
+    std::vector<KWNotificationCenter::Observation> m_observations;
+};

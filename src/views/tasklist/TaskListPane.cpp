@@ -1,0 +1,29 @@
+#include "views/tasklist/TaskListPane.h"
+
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/tasklist/PageHeader.h"
+#include "views/tasklist/TaskListView.h"
+#include "views/theme/Metrics.h"
+
+#include <QVBoxLayout>
+
+TaskListPane::TaskListPane(CXClock &clock, QWidget *parent)
+    : QWidget(parent)
+    , m_model(clock)
+    , m_header(new PageHeader)
+    , m_addField(new KWNewTaskTextField)
+    , m_list(new TaskListView{m_model})
+{
+    setObjectName(QStringLiteral("taskListPane"));
+    auto *head = new QVBoxLayout;
+    head->setContentsMargins(Metrics::margin, Metrics::gap + Metrics::grid, Metrics::margin, Metrics::gap);
+    head->setSpacing(Metrics::gap);
+    head->addWidget(m_header);
+    head->addWidget(m_addField);
+
+    auto *column = new QVBoxLayout{this};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(head);
+    column->addWidget(m_list, 1);
+}

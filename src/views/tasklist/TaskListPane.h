@@ -1,0 +1,28 @@
+#pragma once
+
+#include "views/tasklist/TaskListModel.h"
+
+#include <QWidget>
+
+class KWNewTaskTextField;
+class PageHeader;
+class TaskListView;
+
+/// The middle column: the head of the page, the add field, the tasks.
+class TaskListPane : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TaskListPane(CXClock &clock, QWidget *parent = nullptr);
+
+    PageHeader &header() { return *m_header; }
+    KWNewTaskTextField &addField() { return *m_addField; }
+    TaskListView &list() { return *m_list; }
+    TaskListModel &model() { return m_model; }
+
+private:
+    TaskListModel m_model;
+    PageHeader *m_header;
+    KWNewTaskTextField *m_addField;
+    TaskListView *m_list;
+};

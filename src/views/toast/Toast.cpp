@@ -1,0 +1,116 @@
+#include "views/toast/Toast.h"
+
+#include "views/theme/Fonts.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
+#include "views/theme/Theme.h"
+#include "views/theme/ThemeConfigurator.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A button that is its text alone, coloured for the toast.
+class ToastButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+    QSize sizeHint() const override
+    {
+        return {fontMetrics().horizontalAdvance(text()) + 16, fontMetrics().height() + 12};
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter{this};
+        painter.setPen(Theme::current().toastAction);
+        painter.drawText(rect(), Qt::AlignCenter, text());
+        if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::pillRadius);
+    }
+};
+
+} // namespace
+
+Toast::Toast(QWidget &parent) : QWidget(&parent), m_message(new QLabel{this}), m_action(new ToastButton{this})
+{
+    setObjectName(u"toast"_s);
+    m_message->setObjectName(u"toastMessage"_s);
+    m_message->setTextFormat(Qt::PlainText);
+    m_action->setObjectName(u"toastAction"_s);
+    m_action->setCursor(Qt::PointingHandCursor);
+    auto *layout = new QHBoxLayout{this};
+    layout->setContentsMargins(14, Metrics::grid, Metrics::grid + 2, Metrics::grid);
+    layout->setSpacing(Metrics::grid);
+    layout->addWidget(m_message);
+    layout->addWidget(m_action);
+    hide();
+
+    parent.installEventFilter(this);
+    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &Toast::dress);
+    connect(m_action, &QPushButton::clicked, this, [this] {
+        dismiss();
+        Q_EMIT actionTriggered();
+    });
+    dress();
+}
+
+void Toast::dress()
+{
+    m_message->setFont(Fonts::font(Fonts::Role::Body));
+    m_action->setFont(Fonts::font(Fonts::Role::BodyStrong));
+    QPalette palette = m_message->palette();
+    palette.setColor(QPalette::WindowText, Theme::current().onToast);
+    m_message->setPalette(palette);
+    place();
+}
+
+void Toast::showMessage(const QString &message, const QString &action)
+{
+    m_message->setText(message);
+    m_action->setText(action);
+    m_action->setAccessibleName(action);
+    m_action->setVisible(!action.isEmpty());
+    const QMargins margins = layout()->contentsMargins();
+    layout()->setContentsMargins(margins.left(), margins.top(),
+                                 action.isEmpty() ? margins.left() : Metrics::grid + 2, margins.bottom());
+    setAccessibleName(message);
+    place();
+    show();
+    raise();
+    QAccessibleEvent announcement{this, QAccessible::Alert};
+    QAccessible::updateAccessibility(&announcement);
+}
+
+void Toast::dismiss() { hide(); }
+
+void Toast::place()
+{
+    const QWidget *parent = parentWidget();
+    QSize size = layout()->sizeHint().expandedTo({0, Metrics::scaled(36)});
+    size.setWidth(std::min(size.width(), parent->width() - 2 * Metrics::margin));
+    setGeometry((parent->width() - size.width()) / 2, parent->height() - size.height() - Metrics::margin,
+                size.width(), size.height());
+}
+
+bool Toast::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize) place();
+    return QWidget::eventFilter(watched, event);
+}
+
+void Toast::paintEvent(QPaintEvent *)
+{
+    const Theme &theme = Theme::current();
+    QPainter painter{this};
+    const bool needsOutline = theme.scheme == ColorScheme::Dark;
+    Painting::roundedBox(painter, rect(), Metrics::fieldRadius, theme.toast,
+                         needsOutline ? theme.control : QColor{});
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+/// A short message at the bottom of a window, centred, with one action at most. It stays on top of
+/// its parent and follows its size; whoever shows it decides when it goes. Screen readers announce it.
+class Toast : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Toast(QWidget &parent);
+
+    /// Shows the message in place of the one before. Without `action` there is no button.
+    void showMessage(const QString &message, const QString &action = {});
+    void dismiss();
+
+Q_SIGNALS:
+    /// The button was pressed; the toast has gone.
+    void actionTriggered();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void dress();
+    void place();
+
+    QLabel *m_message;
+    QPushButton *m_action;
+};
