@@ -5,10 +5,11 @@
 #include <QDir>
 #include <QFile>
 #include <QHash>
-#include <QReadWriteLock>
 #include <QTimeZone>
 
 #include <algorithm>
+#include <mutex>
+#include <shared_mutex>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -64,7 +65,7 @@ std::unique_ptr<ZoneTable> loadTable(const QString &identifier)
 
 // Of every identifier ever asked for, unknown ones too: records repeat theirs thousands of times.
 struct LoadedZones {
-    QReadWriteLock lock;
+    std::shared_mutex mutex;
     QHash<QString, const ZoneTable *> tables;
 };
 
@@ -78,11 +79,11 @@ const ZoneTable *tableOf(const QString &identifier)
 {
     LoadedZones &zones = loadedZones();
     {
-        const QReadLocker reading{&zones.lock};
+        const std::shared_lock reading{zones.mutex};
         const auto found = zones.tables.constFind(identifier);
         if (found != zones.tables.cend()) return *found;
     }
-    const QWriteLocker writing{&zones.lock};
+    const std::unique_lock writing{zones.mutex};
     const auto found = zones.tables.constFind(identifier);
     if (found != zones.tables.cend()) return *found;
     return *zones.tables.insert(identifier, loadTable(identifier).release());
