@@ -1,0 +1,146 @@
+#include "app/DayClock.h"
+
+#include "corvexkit/time/TimeText.h"
+#include "model/events/KWNotificationCenter.h"
+#include "model/events/NotificationNames.h"
+#include "support/CaseTable.h"
+#include "support/LogRecorder.h"
+#include "support/ManualClock.h"
+#include "support/TestMain.h"
+
+#include <QDateTime>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+
+// A running day clock and what it announces, by the wall.
+struct Scene {
+    Scene(const QString &start, const QString &zone) : clock{qUtf8Printable(start), qUtf8Printable(zone)}
+    {
+        observation = center.addObserver([this](const KWNotification &each) { note(each); });
+        dayClock.start();
+    }
+
+    void note(const KWNotification &notification)
+    {
+        const Instant moment{milliseconds{notification.object.toDateTime().toMSecsSinceEpoch()}};
+        const QString wall = TimeText::fromLocalTime(clock.zone().toLocal(moment)).replace(u'T', u' ');
+        if (notification.name == KWNewMinuteComesNotification) minutes << wall.mid(11);
+        if (notification.name == KWNewHourComesNotification) hoursAndDays << u"hour "_s + wall;
+        if (notification.name == KWNewDayComesNotification) hoursAndDays << u"day "_s + wall;
+    }
+
+    void happens(const QString &step)
+    {
+        const auto secondsAfter = [&step](const QString &word) {
+            return seconds{QStringView{step}.mid(word.size()).chopped(1).trimmed().toInt()};
+        };
+        if (step.startsWith(u'+'))
+            clock.advance(secondsAfter(u"+"_s));
+        else if (step.startsWith(u"sleep"_s))
+            clock.sleep(secondsAfter(u"sleep"_s));
+        else if (step.startsWith(u"set "_s))
+            clock.setNow(at(qUtf8Printable(step.mid(4))));
+        else if (step.startsWith(u"zone "_s))
+            clock.setZone(qUtf8Printable(step.mid(5)));
+        else
+            qFatal("%s is no step", qUtf8Printable(step));
+    }
+
+    ManualClock clock;
+    KWNotificationCenter center;
+    DayClock dayClock{clock, center};
+    KWNotificationCenter::Observation observation;
+    QStringList minutes, hoursAndDays;
+};
+
+QStringList listOf(const QString &cell) { return cell == u'-' ? QStringList{} : cell.split(u", "_s); }
+
+} // namespace
+
+class DayClock_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void announces_data()
+    {
+        QTest::addColumn<QStringList>("cells");
+        for (const CaseRow &row : readCases("app/day-clock.txt", 5))
+            QTest::newRow(row.where.constData()) << row.cells;
+    }
+
+    void announces()
+    {
+        QFETCH(QStringList, cells);
+        Scene scene{cells.at(1), cells.at(0)};
+        for (const QString &step : cells.at(2).split(u';'))
+            scene.happens(step.trimmed());
+        QCOMPARE(scene.minutes, listOf(cells.at(3)));
+        QCOMPARE(scene.hoursAndDays, listOf(cells.at(4)));
+    }
+
+    void announcesTheMinuteThenItsListenerThenHourAndDay()
+    {
+        ManualClock clock{"2030-03-09 23:59:59"};
+        KWNotificationCenter center;
+        QStringList order;
+        const auto observation = center.addObserver([&](const KWNotification &each) { order << each.name; });
+        DayClock day{clock, center, [&order] { order << u"listener"_s; }};
+        day.start();
+        clock.advance(1s);
+        QCOMPARE(order, QStringList({KWNewMinuteComesNotification, u"listener"_s, KWNewHourComesNotification,
+                                     KWNewDayComesNotification}));
+        QCOMPARE(day.dateForNewDayChecking(), at("2030-03-10 00:00"));
+        QCOMPARE(day.dateForNewHourChecking(), at("2030-03-10 00:00"));
+    }
+
+    void logsHoursAndDays()
+    {
+        LogRecorder log;
+        Scene scene{u"2030-05-01 23:59"_s, u"Europe/Berlin"_s};
+        scene.clock.advance(1min);
+        QCOMPARE(log.lines(u"clock"_s),
+                 QStringList({u"New Hour: 2030-05-02 00:00:00"_s, u"New Day: 2030-05-02 00:00:00"_s}));
+    }
+
+    void restsWhileStopped()
+    {
+        Scene scene{u"2030-05-01 09:00"_s, u"UTC"_s};
+        scene.dayClock.stop();
+        QVERIFY(scene.clock.isIdle());
+        scene.dayClock.minuteLevelTimerAction();
+        scene.dayClock.startMinuteLevelTimer();
+        QVERIFY(scene.clock.isIdle());
+        QCOMPARE(scene.minutes, QStringList{});
+        // What passed meanwhile is not announced later.
+        scene.clock.advance(48h);
+        scene.dayClock.start();
+        scene.clock.advance(1min);
+        QCOMPARE(scene.hoursAndDays, QStringList{});
+    }
+
+    void staysStoppedWhenAListenerStopsIt()
+    {
+        Scene scene{u"2030-05-01 23:59"_s, u"UTC"_s};
+        const auto stopping = scene.center.addObserver(KWNewHourComesNotification,
+                                                       [&scene](const auto &) { scene.dayClock.stop(); });
+        scene.clock.advance(1h);
+        QCOMPARE(scene.minutes, QStringList{u"00:00:00"_s});
+        QVERIFY(scene.clock.isIdle());
+    }
+
+    void keepsOnePendingMinute()
+    {
+        Scene scene{u"2030-05-01 09:00:10"_s, u"UTC"_s};
+        scene.dayClock.startMinuteLevelTimer();
+        scene.dayClock.minuteLevelTimerAction();
+        scene.minutes.clear();
+        scene.clock.advance(2min);
+        QCOMPARE(scene.minutes, QStringList({u"09:01:00"_s, u"09:02:00"_s}));
+    }
+};
+
+ORVANE_TEST(DayClock_test)
+#include "DayClock_test.moc"
