@@ -111,10 +111,9 @@ bool weekdayOfWeek(const Match &match, Fragment &fragment)
 
 bool weekdayWithDate(const Match &match, Fragment &fragment)
 {
-    inner(match, fragment);
-    const Fragment &date = match.fragment(Symbol::Day);
-    fragment.day = date.day;
-    return date.day.kind == Kind::Date && date.slots == DaySlot;
+    // Where the two do not agree, the date is the one that somebody looked up.
+    fragment = match.fragment(Symbol::Date);
+    return true;
 }
 
 bool weekend(const Match &match, Fragment &fragment)
@@ -128,10 +127,11 @@ bool monthAndDay(const Match &match, Fragment &fragment)
     const bool hasYear = match.has(Symbol::Number, numbers);
     const int year = match.value(Symbol::Number, numbers);
     if (hasYear && !isFullYear(year, match.digits(numbers))) return false;
-    // "5 may fail" is no day, "5 may" and "may 5 fails" are.
+    // "5 may fail" and "may second the motion" are no days, "5 may" and "may 5 fails" are.
     const bool dayLeads =
         match.isBefore(match.has(Symbol::Ordinal) ? Symbol::Ordinal : Symbol::Number, Symbol::Month);
-    if (dayLeads && match.isAmbiguous(Symbol::Month) && !match.isClosed()) return false;
+    const bool isDoubtful = dayLeads ? !match.isClosed() : match.isSpelled(Symbol::Ordinal);
+    if (match.isAmbiguous(Symbol::Month) && isDoubtful) return false;
     return setDate(fragment, hasYear ? year : 0, match.value(Symbol::Month), dayNumber(match));
 }
 
@@ -170,6 +170,7 @@ bool firstOfYear(const Match &match, Fragment &fragment)
 
 bool dayOfMonth(const Match &match, Fragment &fragment)
 {
+    if (match.isSpelled(Symbol::Ordinal)) return false;
     const bool namesMonth = match.has(Symbol::Next) || match.has(Symbol::This);
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
     return setDayOfMonth(fragment, dayNumber(match), namesMonth ? match.value(Symbol::Next) : -1);

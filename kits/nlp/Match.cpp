@@ -21,6 +21,18 @@ int Match::digits(int nth) const
     return capture == nullptr ? 0 : capture->digits;
 }
 
+bool Match::isSpelled(Symbol symbol) const
+{
+    const Capture *capture = find(symbol, 0);
+    return capture != nullptr && capture->kind == TokenKind::Word;
+}
+
+bool Match::isIdeographic() const
+{
+    const Capture *capture = find(Symbol::Number, 0);
+    return capture != nullptr && capture->kind == TokenKind::Number && capture->digits == 0;
+}
+
 const Fragment &Match::fragment(Symbol symbol, int nth) const
 {
     static const Fragment nothing;
@@ -30,10 +42,13 @@ const Fragment &Match::fragment(Symbol symbol, int nth) const
 
 void Match::push(Symbol symbol, const Token &token, const Sense &sense)
 {
-    m_captures[m_size++] = {symbol, nullptr, token.valueAs(sense), token.digits};
+    m_captures[m_size++] = {symbol, nullptr, token.valueAs(sense), token.digits, token.kind};
 }
 
-void Match::push(Symbol symbol, const Phrase &phrase) { m_captures[m_size++] = {symbol, &phrase, 0, 0}; }
+void Match::push(Symbol symbol, const Phrase &phrase)
+{
+    m_captures[m_size++] = {symbol, &phrase, 0, 0, TokenKind::Opaque};
+}
 
 const Match::Capture *Match::find(Symbol symbol, int nth) const
 {

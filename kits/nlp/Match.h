@@ -31,6 +31,12 @@ public:
     /// How many digits the `nth` number was written with, 0 when it was written in words.
     int digits(int nth = 0) const;
 
+    /// True when the first number or ordinal was written as a word: "five", "second".
+    bool isSpelled(Symbol symbol) const;
+
+    /// True when the first number was written in ideographs.
+    bool isIdeographic() const;
+
     /// The meaning of the `nth` product `symbol`; the empty one when there is none.
     const Fragment &fragment(Symbol symbol, int nth = 0) const;
 
@@ -57,6 +63,7 @@ private:
         const Phrase *phrase; ///< of a product
         int value;
         int digits;
+        TokenKind kind;
     };
     const Capture *find(Symbol symbol, int nth) const;
 

@@ -113,6 +113,7 @@ bool Matcher::isCountedAt(std::uint32_t index) const
 {
     if (index >= m_tokens.size()) return false;
     const Token &token = m_tokens[index];
+    if (token.kind == TokenKind::Word && token.means(Symbol::Of)) return true; // "2/3 of the budget"
     return token.means(Symbol::Measure) || token.means(Symbol::Unit) || token.means(Symbol::Counter) ||
            token.means(Symbol::HourMark) || token.means(Symbol::MonthMark);
 }

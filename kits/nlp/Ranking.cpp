@@ -56,10 +56,11 @@ int rankOf(const Phrase &phrase)
     const Fragment &fragment = phrase.fragment;
     const auto fills = [&](unsigned slots) { return (fragment.slots & slots) != 0; };
     // These give other phrases' words another sense, so they come first.
+    if (fills(ReminderSlot)) return 40;
     if (fills(BygoneSlot)) return 30;
-    if (fills(ReminderSlot | CountSlot | LastDaySlot)) return 20;
-    const int days = fills(RepeatSlot)                                      ? 6
-                     : fills(EndSlot) && fragment.end == Fragment::End::Day ? 5
+    if (fills(CountSlot | LastDaySlot)) return 11;
+    const int days = fills(RepeatSlot)                                      ? 7
+                     : fills(EndSlot) && fragment.end == Fragment::End::Day ? 6
                      : fills(DaySlot)                                       ? dayRank(fragment.day)
                                                                             : 0;
     const int times = fills(ClockSlot) ? (fills(EndSlot) ? 4 : 3) : fills(PartSlot) ? 1 : 0;
@@ -121,8 +122,7 @@ bool Ranking::isClaimed(const Phrase &phrase) const
 
 bool Ranking::standsFree(const Phrase &phrase) const
 {
-    return isFreeBefore(m_tokens[phrase.begin]) && isFreeAfter(m_tokens[phrase.end - 1]) &&
-           !followsScore(phrase);
+    return isFreeBefore(m_tokens[phrase.begin]) && isFreeAfter(m_tokens[phrase.end - 1]) && !isCount(phrase);
 }
 
 bool Ranking::isFreeBefore(const Token &token) const
@@ -137,7 +137,6 @@ bool Ranking::isFreeBefore(const Token &token) const
         if (isDigit(edge)) return false;
         [[fallthrough]];
     case L'/':
-    case L'\\':
     case L'.':
         return !isLetter(beyond) && !isDigit(beyond);
     case L':':
@@ -152,6 +151,7 @@ bool Ranking::isFreeBefore(const Token &token) const
     case L'~':
     case L'+':
     case L'^':
+    case L'\\':
     case 0xA3:   // pound
     case 0xA5:   // yen
     case 0xFFE5: // full-width yen
@@ -198,10 +198,14 @@ bool Ranking::isFreeAfter(const Token &token) const
     }
 }
 
-bool Ranking::followsScore(const Phrase &phrase) const
+bool Ranking::isCount(const Phrase &phrase) const
 {
-    return phrase.begin > 0 && m_tokens[phrase.begin].kind == TokenKind::Number &&
-           m_tokens[phrase.begin - 1].means(Symbol::ScoreWord);
+    const Token &first = m_tokens[phrase.begin];
+    const bool hasNumber = first.kind == TokenKind::Number || first.means(Symbol::From);
+    if (!hasNumber || phrase.begin == 0) return false;
+    // A day whose month is none is no day either.
+    const Token &previous = m_tokens[phrase.begin - 1];
+    return previous.means(Symbol::ScoreWord) || (previous.means(Symbol::MonthMark) && first.touchesPrevious);
 }
 
 } // namespace nlp

@@ -36,7 +36,7 @@ private:
     bool standsFree(const Phrase &phrase) const;
     bool isFreeBefore(const Token &token) const;
     bool isFreeAfter(const Token &token) const;
-    bool followsScore(const Phrase &phrase) const;
+    bool isCount(const Phrase &phrase) const;
     wchar_t at(std::size_t index) const { return index < m_text.size() ? m_text[index] : L' '; }
 
     std::wstring_view m_text;

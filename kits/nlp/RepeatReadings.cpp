@@ -51,7 +51,7 @@ bool weekdaySpan(const Match &match, Fragment &fragment)
 
 bool weekdayNumbers(const Match &match, Fragment &fragment)
 {
-    if (match.digits() != 0 || match.value(Symbol::Number) < 1) return false;
+    if (!match.isIdeographic() || match.value(Symbol::Number) < 1) return false;
     for (int numbers = match.value(Symbol::Number); numbers > 0; numbers /= 10) {
         if (numbers % 10 < 1 || numbers % 10 > 6) return false;
         fragment.repeat.weekdays |= weekdayBit(numbers % 10);
@@ -114,7 +114,9 @@ bool everyWeekend(const Match &, Fragment &fragment)
 
 bool everyPart(const Match &match, Fragment &fragment)
 {
-    const Symbol symbol = match.has(Symbol::EveryPart) ? Symbol::EveryPart : Symbol::DayPart;
+    const Symbol symbol = match.has(Symbol::EveryPart) ? Symbol::EveryPart
+                          : match.has(Symbol::DayPart) ? Symbol::DayPart
+                                                       : Symbol::FreeDayPart;
     fragment.slots = PartSlot;
     fragment.part = DayPart(match.value(symbol));
     return setRepeat(fragment, 1, Unit::Day);
@@ -123,6 +125,7 @@ bool everyPart(const Match &match, Fragment &fragment)
 bool everyDayOfMonth(const Match &match, Fragment &fragment)
 {
     const int day = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
+    if (match.isSpelled(Symbol::Ordinal)) return false;
     fragment = match.fragment(Symbol::EveryUnit);
     if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Month)) return false;
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
@@ -132,10 +135,10 @@ bool everyDayOfMonth(const Match &match, Fragment &fragment)
 
 bool everyDate(const Match &match, Fragment &fragment)
 {
-    const DayReference &date = match.fragment(Symbol::Day).day;
+    const DayReference &date = match.fragment(Symbol::Date).day;
     fragment = match.fragment(Symbol::EveryUnit);
     if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Year)) return false;
-    if (date.kind != DayReference::Kind::Date || date.year != 0) return false;
+    if (date.year != 0 || date.periodsAhead != 0) return false;
     fragment.repeat.month = date.month;
     fragment.repeat.monthDay = date.day;
     return fragment.repeat.unit == Unit::Year;

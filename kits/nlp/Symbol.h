@@ -28,7 +28,8 @@ enum class Symbol : std::uint8_t {
     Month,            ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
     Unit,             ///< a nlp::Unit
     RelativeDay,      ///< days from today
-    DayPart,          ///< a nlp::DayPart
+    DayPart,          ///< a nlp::DayPart, for a word that needs company ("morning")
+    FreeDayPart,      ///< the same, for a word that says when on its own
     DayWithPart,      ///< days from today × 16 + a nlp::DayPart ("tonight")
     RelativeYear,     ///< years from this one
     Meridiem,         ///< 0 before noon, 1 after
@@ -70,6 +71,7 @@ enum class Symbol : std::uint8_t {
     Advance,
     EndOf,
     Weekend,
+    FreeWeekend, ///< one that says when on its own
     Workday,
     PastDay,
     YearMark,
@@ -87,6 +89,7 @@ enum class Symbol : std::uint8_t {
     AnyWeekday,
     Clock,
     ClockRange,
+    Date,
     Day,
     DayRange,
     WeekdayTail,

@@ -9,6 +9,13 @@ namespace {
 
 using Certainty = ClockReference::Certainty;
 
+bool hasPart(const Match &match) { return match.has(Symbol::DayPart) || match.has(Symbol::FreeDayPart); }
+
+DayPart partOf(const Match &match)
+{
+    return DayPart(match.value(match.has(Symbol::DayPart) ? Symbol::DayPart : Symbol::FreeDayPart));
+}
+
 bool setClock(ClockReference &clock, int hour, int minute, Certainty certainty)
 {
     if (hour < 0 || hour > 23 || minute < 0 || minute > 59) return false;
@@ -29,9 +36,9 @@ bool fill(const Match &match, Fragment &fragment, int hour, int minute, Certaint
     if (match.has(Symbol::Meridiem))
         return setHalfDayClock(fragment.clock, hour, minute, match.value(Symbol::Meridiem) == 1);
     if (!setClock(fragment.clock, hour, minute, certainty)) return false;
-    if (!match.has(Symbol::DayPart)) return true;
+    if (!hasPart(match)) return true;
     fragment.slots |= PartSlot;
-    fragment.part = DayPart(match.value(Symbol::DayPart));
+    fragment.part = partOf(match);
     fragment.clock = fragment.clock.within(fragment.part);
     return true;
 }
@@ -114,7 +121,7 @@ bool dayPart(const Match &match, Fragment &fragment)
 {
     inner(match, fragment);
     fragment.slots |= PartSlot;
-    fragment.part = DayPart(match.value(Symbol::DayPart));
+    fragment.part = partOf(match);
     if (fragment.slots & ClockSlot) fragment.clock = fragment.clock.within(fragment.part);
     // The settings have no time for the hours before the morning.
     return fragment.part != DayPart::Dawn || (fragment.slots & ClockSlot) != 0;

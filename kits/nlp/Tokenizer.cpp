@@ -14,12 +14,13 @@ struct QuotationMarks {
     wchar_t closing;
 };
 
-constexpr std::array<QuotationMarks, 7> quotationMarks{{{L'"', L'"'},
+constexpr std::array<QuotationMarks, 8> quotationMarks{{{L'"', L'"'},
                                                         {0x201C, 0x201D},
                                                         {0x201E, 0x201C},
                                                         {0x00AB, 0x00BB},
                                                         {0x300C, 0x300D},
                                                         {0x300E, 0x300F},
+                                                        {0x300A, 0x300B},
                                                         {0x2018, 0x2019}}};
 
 constexpr std::uint8_t mostDigits = 8;

@@ -4,10 +4,10 @@
 
 namespace nlp {
 
-namespace chineseTables {
+// Among the readings, so that the rules can name them.
+namespace readings::chineseTables {
 
 using enum Symbol;
-using namespace readings;
 
 constexpr int value(nlp::Unit unit) { return int(unit); }
 constexpr int value(nlp::DayPart part) { return int(part); }
@@ -23,7 +23,7 @@ constexpr Word words[] = {
     {L"周四|星期四|礼拜四|週四|禮拜四", Weekday, 4},
     {L"周五|星期五|礼拜五|週五|禮拜五", Weekday, 5},
     {L"周六|星期六|礼拜六|週六|禮拜六", Weekday, 6},
-    {L"周末|週末", Weekend},
+    {L"周末|週末", FreeWeekend},
     {L"工作日|平日", Workday},
 
     {L"分钟|分鐘", Unit, value(nlp::Unit::Minute)},
@@ -58,13 +58,13 @@ constexpr Word words[] = {
     {L"后年|後年", RelativeYear, 2},
     {L"昨天|昨日|昨晚|前天|大前天|前晚|去年|前年", PastDay},
 
-    {L"凌晨|清晨", DayPart, value(nlp::DayPart::Dawn)},
-    {L"早上|早晨|上午|早间", DayPart, value(nlp::DayPart::Morning)},
-    {L"中午|正午", DayPart, value(nlp::DayPart::Noon)},
-    {L"下午|午后|午後", DayPart, value(nlp::DayPart::Afternoon)},
-    {L"傍晚|黄昏|黃昏", DayPart, value(nlp::DayPart::Evening)},
-    {L"晚上|夜里|夜裡|夜晚|深夜|晚间|晚間", DayPart, value(nlp::DayPart::Night)},
-    {L"午夜|半夜", DayPart, value(nlp::DayPart::Night)},
+    {L"凌晨|清晨", FreeDayPart, value(nlp::DayPart::Dawn)},
+    {L"早上|早晨|上午|早间", FreeDayPart, value(nlp::DayPart::Morning)},
+    {L"中午|正午", FreeDayPart, value(nlp::DayPart::Noon)},
+    {L"下午|午后|午後", FreeDayPart, value(nlp::DayPart::Afternoon)},
+    {L"傍晚|黄昏|黃昏", FreeDayPart, value(nlp::DayPart::Evening)},
+    {L"晚上|夜里|夜裡|夜晚|深夜|晚间|晚間", FreeDayPart, value(nlp::DayPart::Night)},
+    {L"午夜|半夜", FreeDayPart, value(nlp::DayPart::Night)},
 
     {L"到|至", To},
     {L"从|從|自", From},
@@ -100,7 +100,8 @@ constexpr Word words[] = {
     {L"第|共|有|版本|比分|比例|得分|评分|評分|第几", ScoreWord},
 
     // Words whose parts would be read.
-    {L"一下|上下|以下|以上|以后再|以後再|天后宫|天气|天氣|天空|天然|天线|天線|日本|日记|日記|日报|日報|日程|"
+    {L"一下|上下|以下|以上|以后再|以後再|天后宫|天天向上|后天性|後天性|天气|天氣|天空|天然|天线|天線|日本|"
+     L"日记|日記|日报|日報|日程|"
      L"日常|日志|日誌|"
      L"周末愉快|周末快乐|周年|週年|周期|週期|周报|週報|周到|周围|周边|周刊|月饼|月餅|月亮|月票|月报|月報|"
      L"月球|年轻|"
@@ -146,27 +147,28 @@ constexpr Rule rules[] = {
     {Clock, {AmbiguousHour, Quarter}, spokenTime},
     {Clock, {AmbiguousHour, Number, MinuteMark}, spokenTime},
     {Clock, {AmbiguousHour, Number, Quarter}, spokenTime},
-    {Clock, {DayPart, maybe(Of), AmbiguousHour}, spokenTime},
-    {Clock, {DayPart, maybe(Of), Clock}, dayPart},
+    {Clock, {FreeDayPart, maybe(Of), AmbiguousHour}, spokenTime},
+    {Clock, {FreeDayPart, maybe(Of), Clock}, dayPart},
     {Clock, {On, Clock}, inner},
     {ClockRange, {Clock, To, Clock}, clockRange},
     {ClockRange, {Number, To, Clock}, clockRange},
     {ClockRange, {From, ClockRange}, inner},
-    {ClockRange, {DayPart, maybe(Of), ClockRange}, dayPart},
+    {ClockRange, {FreeDayPart, maybe(Of), ClockRange}, dayPart},
 
     // Days.
     {Day, {RelativeDay}, relativeDay},
+    {Day, {Date}, inner},
     {Day, {Weekday}, weekday},
     {Day, {This, maybe(Counter), AnyWeekday}, thisWeekday},
     {Day, {Next, AnyWeekday}, nextWeekday},
     {Day, {Next, Unit, maybe(Of), AnyWeekday}, weekdayOfWeek},
-    {Day, {Weekend}, weekend},
-    {Day, {This, Weekend}, weekend},
-    {Day, {Next, Weekend}, weekend},
-    {Day, {Number, MonthMark, Number, DayMark}, numberedMonthAndDay},
-    {Day, {Number, MonthMark, Number}, numberedMonthAndDay, Guard::NotCounted},
-    {Day, {Number, YearMark, Number, MonthMark, Number, maybe(DayMark)}, yearMonthDay, Guard::NotCounted},
-    {Day, {RelativeYear, maybe(Of), Number, MonthMark, Number, DayMark}, numberedMonthAndDay},
+    {Day, {FreeWeekend}, weekend},
+    {Day, {This, FreeWeekend}, weekend},
+    {Day, {Next, FreeWeekend}, weekend},
+    {Date, {Number, MonthMark, Number, DayMark}, numberedMonthAndDay},
+    {Date, {Number, MonthMark, Number}, numberedMonthAndDay, Guard::NotCounted},
+    {Date, {Number, YearMark, Number, MonthMark, Number, maybe(DayMark)}, yearMonthDay, Guard::NotCounted},
+    {Date, {RelativeYear, maybe(Of), Number, MonthMark, Number, DayMark}, numberedMonthAndDay},
     {Day, {RelativeYear}, firstOfYear},
     {Day, {Number, DayMark}, dayOfMonth},
     {Day, {Next, MonthMark, maybe(Of), Number, DayMark}, dayOfMonth},
@@ -197,12 +199,12 @@ constexpr Rule rules[] = {
     {EveryUnit, {Frequency}, frequency},
     {Repeat, {EveryUnit}, repeatAlone},
     {Repeat, {EveryUnit, maybe(Of), Number, DayMark}, everyDayOfMonth},
-    {Repeat, {EveryUnit, maybe(Of), Day}, everyDate},
+    {Repeat, {EveryUnit, maybe(Of), Date}, everyDate},
     {Repeat, {EveryUnit, maybe(Of), Weekdays}, everyWeekdays},
     {Repeat, {Every, maybe(Counter), Weekdays}, everyWeekdays},
     {Repeat, {Every, maybe(Counter), Workday}, everyWorkday},
-    {Repeat, {Every, maybe(Counter), Weekend}, everyWeekend},
-    {Repeat, {Every, maybe(Counter), DayPart}, everyPart},
+    {Repeat, {Every, maybe(Counter), FreeWeekend}, everyWeekend},
+    {Repeat, {Every, maybe(Counter), FreeDayPart}, everyPart},
     {Repeat, {EveryPart}, everyPart},
     {Limit, {Until, Day}, untilDay},
 
@@ -217,29 +219,29 @@ constexpr Rule rules[] = {
     {Reminder, {Leads, Remind}, reminder},
 
     // Parts of a day, and what belongs together only side by side.
-    {Part, {DayPart}, dayPart},
+    {Part, {FreeDayPart}, dayPart},
     {Combined, {DayWithPart}, dayWithPart},
     {Combined, {Day, maybe(Of), Clock}, inner},
     {Combined, {Day, maybe(Of), ClockRange}, inner},
     {Combined, {Day, maybe(Of), AmbiguousHour}, spokenTime},
-    {Combined, {Day, DayPart}, dayPart},
+    {Combined, {Day, FreeDayPart}, dayPart},
     {Combined, {Repeat, maybe(Of), Clock}, inner},
     {Combined, {Repeat, maybe(Of), ClockRange}, inner},
     {Combined, {Day, Before}, inner},
     {Combined, {Clock, Before}, inner},
 
     // What lies in the past.
-    {Bygone, {PastDay, maybe(DayPart)}, bygone},
+    {Bygone, {PastDay, maybe(FreeDayPart)}, bygone},
     {Bygone, {Last, Unit}, bygone},
     {Bygone, {Last, maybe(Counter), AnyWeekday}, bygone},
-    {Bygone, {Last, Weekend}, bygone},
+    {Bygone, {Last, FreeWeekend}, bygone},
     {Bygone, {Quantity, Ago}, bygone},
 };
 
 static_assert(areOrdered(rules));
 
-} // namespace chineseTables
+} // namespace readings::chineseTables
 
-const LanguageTable chinese{L"zh", chineseTables::words, chineseTables::rules};
+constinit const LanguageTable chinese{L"zh", readings::chineseTables::words, readings::chineseTables::rules};
 
 } // namespace nlp

@@ -4,10 +4,10 @@
 
 namespace nlp {
 
-namespace englishTables {
+// Among the readings, so that the rules can name them.
+namespace readings::englishTables {
 
 using enum Symbol;
-using namespace readings;
 
 constexpr int value(nlp::Unit unit) { return int(unit); }
 constexpr int value(nlp::DayPart part) { return int(part); }
@@ -15,13 +15,14 @@ constexpr int every(int interval, nlp::Unit unit) { return interval * 16 + int(u
 
 constexpr Word words[] = {
     {L"sunday|sundays", Weekday, 0},
-    {L"monday|mondays|mon", Weekday, 1},
+    {L"monday|mondays", Weekday, 1},
     {L"tuesday|tuesdays|tue|tues", Weekday, 2},
     {L"wednesday|wednesdays|weds", Weekday, 3},
     {L"thursday|thursdays|thu|thur|thurs", Weekday, 4},
     {L"friday|fridays|fri", Weekday, 5},
     {L"saturday|saturdays", Weekday, 6},
     {L"sun", AmbiguousWeekday, 0},
+    {L"mon", AmbiguousWeekday, 1},
     {L"wed", AmbiguousWeekday, 3},
     {L"sat", AmbiguousWeekday, 6},
 
@@ -72,7 +73,7 @@ constexpr Word words[] = {
     {L"month|months", Unit, value(nlp::Unit::Month)},
     {L"year|years|yr|yrs", Unit, value(nlp::Unit::Year)},
 
-    {L"today|tod", RelativeDay, 0},
+    {L"today", RelativeDay, 0},
     {L"tomorrow|tmr|tmrw|tmw|tomorow|tommorow|tommorrow", RelativeDay, 1},
     {L"day after tomorrow|the day after tomorrow", RelativeDay, 2},
     {L"tonight|tonite", DayWithPart, value(nlp::DayPart::Night)},
@@ -167,6 +168,7 @@ constexpr Rule rules[] = {
     {Clock, {NamedTime}, namedTime},
     {Clock, {Number, OClock, maybe(Meridiem)}, spokenTime},
     {Clock, {Number, In, The, DayPart}, spokenTime},
+    {Clock, {Number, At, DayPart}, spokenTime},
     {Clock, {Half, Past, Number, maybe(Meridiem)}, halfPast, Guard::Closes},
     {Clock, {Quarter, Past, Number, maybe(Meridiem)}, quarterPast, Guard::Closes},
     {Clock, {Quarter, To, Number, maybe(Meridiem)}, quarterTo, Guard::Closes},
@@ -187,6 +189,7 @@ constexpr Rule rules[] = {
 
     // Days.
     {Day, {RelativeDay}, relativeDay},
+    {Day, {Date}, inner},
     {Day, {Weekday}, weekday},
     {Day, {This, AnyWeekday}, thisWeekday},
     {Day, {Next, AnyWeekday}, nextWeekday},
@@ -195,30 +198,30 @@ constexpr Rule rules[] = {
     {Day, {Weekday, This, Unit}, weekdayOfWeek},
     {Day, {Next, Unit, maybe(On), AnyWeekday}, weekdayOfWeek},
     {Day, {This, Unit, maybe(On), AnyWeekday}, weekdayOfWeek},
-    {Day, {Weekday, maybe(Comma), Day}, weekdayWithDate},
-    {Day, {AmbiguousWeekday, maybe(Comma), Day}, weekdayWithDate},
+    {Day, {Weekday, maybe(Comma), Date}, weekdayWithDate},
+    {Day, {AmbiguousWeekday, maybe(Comma), Date}, weekdayWithDate},
     {Day, {This, Weekend}, weekend},
     {Day, {Next, Weekend}, weekend},
     {Day, {On, The, Weekend}, weekend, Guard::Closes},
     {Day, {At, The, Weekend}, weekend, Guard::Closes},
-    {Day, {Month, Number}, monthAndDay, Guard::NotCounted},
-    {Day, {Month, Ordinal}, monthAndDay},
-    {Day, {Month, The, Ordinal}, monthAndDay},
-    {Day, {Month, Number, maybe(Comma), Number}, monthAndDay},
-    {Day, {Month, Ordinal, maybe(Comma), Number}, monthAndDay},
-    {Day, {Number, maybe(Of), Month}, monthAndDay},
-    {Day, {Ordinal, maybe(Of), Month}, monthAndDay},
-    {Day, {Number, maybe(Of), Month, maybe(Comma), Number}, monthAndDay},
-    {Day, {Ordinal, maybe(Of), Month, maybe(Comma), Number}, monthAndDay},
-    {Day, {The, Ordinal, maybe(Of), Month}, monthAndDay},
-    {Day, {The, Ordinal, maybe(Of), Month, maybe(Comma), Number}, monthAndDay},
-    {Day, {Number, Slash, Number}, numericDate, Guard::NotCounted},
-    {Day, {Number, Slash, Number, Slash, Number}, numericDate},
-    {Day, {Number, Hyphen, Number, Hyphen, Number}, numericDate},
-    {Day, {Number, Dot, Number, Dot, Number}, numericDate},
-    {Day, {Number, Hyphen, Number, Hyphen, Number}, yearMonthDay},
-    {Day, {Number, Slash, Number, Slash, Number}, yearMonthDay},
-    {Day, {Number, Dot, Number, Dot, Number}, yearMonthDay},
+    {Date, {Month, Number}, monthAndDay, Guard::NotCounted},
+    {Date, {Month, Ordinal}, monthAndDay},
+    {Date, {Month, The, Ordinal}, monthAndDay},
+    {Date, {Month, Number, maybe(Comma), Number}, monthAndDay},
+    {Date, {Month, Ordinal, maybe(Comma), Number}, monthAndDay},
+    {Date, {Number, maybe(Of), Month}, monthAndDay},
+    {Date, {Ordinal, maybe(Of), Month}, monthAndDay},
+    {Date, {Number, maybe(Of), Month, maybe(Comma), Number}, monthAndDay},
+    {Date, {Ordinal, maybe(Of), Month, maybe(Comma), Number}, monthAndDay},
+    {Date, {The, Ordinal, maybe(Of), Month}, monthAndDay},
+    {Date, {The, Ordinal, maybe(Of), Month, maybe(Comma), Number}, monthAndDay},
+    {Date, {Number, Slash, Number}, numericDate, Guard::NotCounted},
+    {Date, {Number, Slash, Number, Slash, Number}, numericDate},
+    {Date, {Number, Hyphen, Number, Hyphen, Number}, numericDate},
+    {Date, {Number, Dot, Number, Dot, Number}, numericDate},
+    {Date, {Number, Hyphen, Number, Hyphen, Number}, yearMonthDay},
+    {Date, {Number, Slash, Number, Slash, Number}, yearMonthDay},
+    {Date, {Number, Dot, Number, Dot, Number}, yearMonthDay},
     {Day, {On, maybe(The), Ordinal}, dayOfMonth, Guard::Closes},
     {Day, {The, Ordinal, Of, Next, Unit}, dayOfMonth},
     {Day, {The, Ordinal, Of, This, Unit}, dayOfMonth},
@@ -257,7 +260,7 @@ constexpr Rule rules[] = {
     {Repeat, {EveryUnit}, repeatAlone},
     {Repeat, {EveryUnit, maybe(On), Weekdays}, everyWeekdays},
     {Repeat, {EveryUnit, On, maybe(The), Ordinal}, everyDayOfMonth, Guard::Closes},
-    {Repeat, {EveryUnit, Day}, everyDate},
+    {Repeat, {EveryUnit, maybe(Comma), maybe(On), Date}, everyDate},
     {Repeat, {Every, Weekdays}, everyWeekdays},
     {Repeat, {Every, Other, Weekdays}, everyWeekdays},
     {Repeat, {Every, Ordinal, Weekdays}, everyWeekdays},
@@ -267,7 +270,7 @@ constexpr Rule rules[] = {
     {Repeat, {Every, DayPart}, everyPart},
     {Repeat, {Every, Ordinal}, everyDayOfMonth, Guard::Closes},
     {Repeat, {Every, Ordinal, Of, The, Unit}, everyDayOfMonth},
-    {Repeat, {Every, Day}, everyDate},
+    {Repeat, {Every, Date}, everyDate},
     {Limit, {Until, Day}, untilDay},
     {Limit, {For, Number, Times}, countOfTimes},
     {Limit, {Number, Times}, countOfTimes},
@@ -313,8 +316,8 @@ constexpr Rule rules[] = {
 
 static_assert(areOrdered(rules));
 
-} // namespace englishTables
+} // namespace readings::englishTables
 
-const LanguageTable english{L"en", englishTables::words, englishTables::rules};
+constinit const LanguageTable english{L"en", readings::englishTables::words, readings::englishTables::rules};
 
 } // namespace nlp
