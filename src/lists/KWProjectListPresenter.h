@@ -18,6 +18,8 @@ public:
                            KWNotificationCenter &center, KWEventBus &bus);
 
     KWProjectListDataService &dataService() { return m_dataService; }
+    /// What the tree was built from; nothing while it is empty.
+    const std::optional<ProjectListContents> &contents() const { return m_contents; }
     KWProjectListNode &listsRootNode() { return m_dataService.rootNode(); }
 
     /// Builds the tree of the signed-in user and selects the stored node, or Today when it is gone.

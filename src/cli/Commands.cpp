@@ -1,0 +1,117 @@
+#include "cli/Commands.h"
+
+#include "cli/AddCommand.h"
+#include "cli/DemoAccount.h"
+#include "cli/FixedClock.h"
+#include "cli/ListCommand.h"
+#include "cli/RunSettings.h"
+#include "cli/StatusCommand.h"
+#include "corvexkit/time/SystemClock.h"
+#include "corvexkit/time/TimeText.h"
+#include "model/OrvaneKit.h"
+#include "model/store/OutsideChange.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+namespace {
+
+QString commandText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
+
+// A client that has the folder open reads again what the command saved.
+class ChangeReport {
+public:
+    explicit ChangeReport(OrvaneKit &kit)
+        : m_folders(kit.folders())
+        , m_registration(kit.bus().registerEventBus([this](const StoreChange &) { m_hasChanges = true; }))
+    {
+    }
+    ChangeReport(const ChangeReport &) = delete;
+    ChangeReport &operator=(const ChangeReport &) = delete;
+    ~ChangeReport()
+    {
+        // The tasks are saved; a window that shows them late is no failure of the command.
+        if (m_hasChanges) static_cast<void>(bool(announceOutsideChange(m_folders)));
+    }
+
+private:
+    DataFolders m_folders;
+    bool m_hasChanges = false;
+    KWEventBus::Registration m_registration;
+};
+
+/// The folder a command works on, for as long as it does.
+class CommandHome {
+public:
+    explicit CommandHome(const Invocation &invocation) : m_folders(DataFolders::locate(invocation.home))
+    {
+        // A dry run leaves nothing behind, nor does the demo of a moment.
+        const bool wouldBeMade = invocation.isDryRun && !QFile::exists(m_folders.store());
+        const bool isMomentary = invocation.isDemo && invocation.home.isEmpty();
+        if (wouldBeMade || isMomentary) m_folders = DataFolders::locate(m_throwAway.emplace().path());
+    }
+    const DataFolders &folders() const { return m_folders; }
+
+private:
+    std::optional<QTemporaryDir> m_throwAway;
+    DataFolders m_folders;
+};
+
+ExitStatus run(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
+{
+    const ChangeReport report{kit};
+    if (invocation.command == u"add") return runAdd(invocation, kit, streams);
+    if (invocation.command == u"list") return runList(invocation, kit, streams);
+    const KWTaskStatus status = invocation.command == u"done" ? KWTaskStatusCompleted : KWTaskStatusOpen;
+    return runStatus(status, invocation, kit, streams);
+}
+
+Result<std::optional<LocalTime>> nowOf(const Invocation &invocation)
+{
+    if (invocation.now.isEmpty()) return std::optional<LocalTime>{};
+    const std::optional<LocalTime> now = TimeText::toLocalTime(invocation.now);
+    if (!now)
+        return Error{commandText("“%1” is no local time such as 2030-05-01T09:00:00.").arg(invocation.now)};
+    return now;
+}
+
+// Whoever adds the first task on a fresh computer gets the local account that the window would make.
+Result<void> prepareAccount(const Invocation &invocation, OrvaneKit &kit)
+{
+    if (invocation.isDemo) return fillDemoAccount(kit);
+    if (invocation.isDryRun || kit.account().isSignedIn()) return {};
+    return kit.account().openLocalAccount(QLocale{});
+}
+
+} // namespace
+
+ExitStatus failWith(const QString &sentence, ExitStatus status, QTextStream &err)
+{
+    err << sentence << '\n';
+    return status;
+}
+
+ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
+{
+    const Result<std::optional<CXTimeZone>> zone = zoneOf(invocation);
+    if (!zone) return failWith(zone.error().sentence, ExitStatus::WrongUsage, streams.err);
+    const Result<std::optional<LocalTime>> now = nowOf(invocation);
+    if (!now) return failWith(now.error().sentence, ExitStatus::WrongUsage, streams.err);
+    if (const Result<void> locale = applyLocale(invocation); !locale)
+        return failWith(locale.error().sentence, ExitStatus::WrongUsage, streams.err);
+
+    const SystemClock systemClock{*zone};
+    FixedClock fixedClock{*now ? systemClock.zone().toInstant(**now) : systemClock.now(), systemClock.zone()};
+    const bool bringsTimes = invocation.readsStandardInput || *now;
+    const CXClock &clock = bringsTimes ? static_cast<const CXClock &>(fixedClock) : systemClock;
+
+    const CommandHome home{invocation};
+    const OrvaneKit::Opening opening = OrvaneKit::open(home.folders(), clock);
+    if (!opening.kit) return failWith(opening.sentence, ExitStatus::CouldNot, streams.err);
+    if (const Result<void> prepared = prepareAccount(invocation, *opening.kit); !prepared)
+        return failWith(prepared.error().sentence, ExitStatus::CouldNot, streams.err);
+    return invocation.readsStandardInput ? runDryRunOfLines(fixedClock, *opening.kit, streams)
+                                         : run(invocation, *opening.kit, streams);
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+
+class OrvaneKit;
+
+/// A small believable account: lists in a folder, tags, dated, overdue and repeating tasks, checklists.
+/// The same every time, relative to the day. Fills a folder in which nobody has signed in yet; any
+/// other is left as it is.
+Result<void> fillDemoAccount(OrvaneKit &kit);

@@ -1,0 +1,195 @@
+#include "cli/Invocation.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char *text) { return QCoreApplication::translate("CommandLine", text); }
+
+struct Option {
+    QLatin1StringView name;
+    bool Invocation::*flag = nullptr;
+    QString Invocation::*value = nullptr;
+    const char *commands = ""; // those it belongs to; "" for any run
+};
+
+constexpr Option options[] = {
+    {.name = "--home"_L1, .value = &Invocation::home},
+    {.name = "--locale"_L1, .value = &Invocation::locale},
+    {.name = "--zone"_L1, .value = &Invocation::zone},
+    {.name = "--demo"_L1, .flag = &Invocation::isDemo},
+    {.name = "--login-item"_L1, .flag = &Invocation::isLoginItem},
+    {.name = "--picture"_L1, .value = &Invocation::pictureFile},
+    {.name = "--page"_L1, .value = &Invocation::page},
+    {.name = "--theme"_L1, .value = &Invocation::theme},
+    {.name = "--size"_L1, .value = &Invocation::size},
+    {.name = "--scale"_L1, .value = &Invocation::scale},
+    {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
+    {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list"},
+    {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
+    {.name = "--stdin"_L1, .flag = &Invocation::readsStandardInput, .commands = "add"},
+    {.name = "--json"_L1, .flag = &Invocation::answersJson, .commands = "add list"},
+};
+
+struct Command {
+    QLatin1StringView name;
+    const char *usage;
+};
+
+constexpr Command commands[] = {
+    {"add"_L1, "orvane add [--list NAME] [--now ISO] [--dry-run] [--json] TITLE…\n"
+               "    Adds a task. Dates, #tags, !priorities and ~lists in the title are understood.\n"
+               "    --list NAME  puts it into that list unless the title names one\n"
+               "    --now ISO    reads relative dates as of this local time (with --dry-run)\n"
+               "    --dry-run    shows what is understood, as JSON, and changes nothing\n"
+               "    --json       answers the saved task as JSON\n"
+               "orvane add --dry-run --stdin\n"
+               "    Reads lines LOCAL-ISO <TAB> TITLE, answers one JSON object a line.\n"},
+    {"list"_L1,
+     "orvane list [--json] [NAME]\n"
+     "    Shows the open tasks of a list, of Today, Tomorrow, \"Next 7 Days\" or All, or of a #tag;\n"
+     "    without NAME, all of them. Each line: id, date, title.\n"},
+    {"done"_L1, "orvane done ID…\n"
+                "    Completes tasks. ID is what `orvane list` shows, or any longer part of the id.\n"},
+    {"undo"_L1, "orvane undo ID…\n    Opens completed tasks again.\n"},
+};
+
+constexpr const char *programUsage =
+    "orvane [--home DIR] [--locale xx_YY] [--zone TZID] [--demo] [--login-item] [orvane://…]\n"
+    "    Opens the client. --demo opens a throw-away folder with a small account; together with --home\n"
+    "    it fills that folder.\n"
+    "orvane add|list|done|undo …\n"
+    "    See `orvane COMMAND --help`.\n"
+    "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
+    "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
+    "    completed, list:NAME or tag:NAME.\n"
+    "orvane --version | --help\n";
+
+const Option *optionNamed(QStringView name)
+{
+    const auto found = std::ranges::find_if(options, [&](const Option &each) { return each.name == name; });
+    return found == std::end(options) ? nullptr : found;
+}
+
+const Command *commandNamed(QStringView name)
+{
+    const auto found = std::ranges::find_if(commands, [&](const Command &each) { return each.name == name; });
+    return found == std::end(commands) ? nullptr : found;
+}
+
+bool belongsTo(const Option &option, const QString &command)
+{
+    const QStringList owners = QString::fromLatin1(option.commands).split(u' ', Qt::SkipEmptyParts);
+    return owners.isEmpty() || owners.contains(command);
+}
+
+class Parser {
+public:
+    explicit Parser(QStringList words) : m_words(std::move(words)) {}
+
+    Result<Invocation> parse()
+    {
+        while (m_next < m_words.size()) {
+            const QString word = m_words.at(m_next++);
+            if (m_optionsEnded || !word.startsWith(u"--"))
+                takeArgument(word);
+            else if (word == u"--")
+                m_optionsEnded = true;
+            else if (const auto error = takeOption(word))
+                return *error;
+        }
+        return finish();
+    }
+
+private:
+    void takeArgument(const QString &word)
+    {
+        const bool isCommand = m_invocation.command.isEmpty() && m_invocation.arguments.isEmpty() &&
+                               !m_optionsEnded && !word.startsWith(u"orvane://");
+        if (isCommand)
+            m_invocation.command = word;
+        else
+            m_invocation.arguments.append(word);
+    }
+
+    std::optional<Error> takeOption(const QString &word)
+    {
+        const qsizetype equals = word.indexOf(u'=');
+        const QString name = word.left(equals);
+        if (name == u"--help" || name == u"--version") {
+            m_invocation.action = name == u"--help" ? Invocation::Action::Help : Invocation::Action::Version;
+            return std::nullopt;
+        }
+        const Option *option = optionNamed(name);
+        if (!option) return Error{tr("There is no option “%1”.").arg(name)};
+        m_used.append(option);
+        if (option->flag) {
+            if (equals >= 0) return Error{tr("“%1” takes no value.").arg(name)};
+            m_invocation.*option->flag = true;
+            return std::nullopt;
+        }
+        if (equals < 0 && m_next == m_words.size()) return Error{tr("“%1” needs a value.").arg(name)};
+        m_invocation.*option->value = equals >= 0 ? word.mid(equals + 1) : m_words.at(m_next++);
+        if ((m_invocation.*option->value).isEmpty()) return Error{tr("“%1” needs a value.").arg(name)};
+        return std::nullopt;
+    }
+
+    Result<Invocation> finish()
+    {
+        using Action = Invocation::Action;
+        const QString &command = m_invocation.command;
+        if (!command.isEmpty() && !commandNamed(command))
+            return Error{tr("There is no command “%1”.").arg(command)};
+        if (m_invocation.action != Action::Window) return m_invocation;
+        for (const Option *each : m_used)
+            if (!belongsTo(*each, command))
+                return Error{tr("“%1” does not belong to this command.").arg(QString{each->name})};
+        if (const auto error = contradiction()) return *error;
+        if (!m_invocation.pictureFile.isEmpty()) {
+            if (!command.isEmpty()) return Error{tr("“--picture” does not belong to this command.")};
+            m_invocation.action = Action::Picture;
+        } else if (!command.isEmpty()) {
+            m_invocation.action = Action::Command;
+        }
+        return m_invocation;
+    }
+
+    std::optional<Error> contradiction() const
+    {
+        const Invocation &all = m_invocation;
+        if (all.readsStandardInput && !all.isDryRun) return Error{tr("“--stdin” goes with “--dry-run”.")};
+        if (all.readsStandardInput && !all.arguments.isEmpty())
+            return Error{tr("With “--stdin” the titles come from there, not from the command line.")};
+        if (!all.now.isEmpty() && all.command == u"add" && !all.isDryRun)
+            return Error{tr("“--now” goes with “--dry-run”.")};
+        const bool needsTitle = all.command == u"add" && !all.readsStandardInput;
+        if (needsTitle && all.arguments.isEmpty()) return Error{tr("What is to be added? Give its title.")};
+        if (all.command.isEmpty())
+            for (const QString &each : all.arguments)
+                if (!each.startsWith(u"orvane://"))
+                    return Error{tr("“%1” is no command and no link.").arg(each)};
+        return std::nullopt;
+    }
+
+    QStringList m_words;
+    qsizetype m_next = 0;
+    bool m_optionsEnded = false;
+    QList<const Option *> m_used;
+    Invocation m_invocation;
+};
+
+} // namespace
+
+Result<Invocation> Invocation::parse(const QStringList &words) { return Parser{words}.parse(); }
+
+QString usageOf(const QString &command)
+{
+    const Command *found = commandNamed(command);
+    return QString::fromUtf8(found ? found->usage : programUsage);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+/// What was asked for on the command line. Options stand anywhere; `--` ends them.
+struct Invocation {
+    enum class Action { Window, Picture, Version, Help, Command };
+
+    Action action = Action::Window;
+    QString command;       ///< "add", "list", …; empty without one
+    QStringList arguments; ///< what is left: a title, a name, ids, links
+
+    QString home;
+    QString locale;
+    QString zone;
+    QString now;
+    QString list;
+    QString page;
+    QString theme;
+    QString size;
+    QString scale;
+    QString pictureFile;
+    bool isDemo = false;
+    bool isLoginItem = false;
+    bool isDryRun = false;
+    bool readsStandardInput = false;
+    bool answersJson = false;
+
+    /// `words` without the program's name. An error is wrong usage: its sentence names the word.
+    static Result<Invocation> parse(const QStringList &words);
+};
+
+/// The usage of one command, or of the whole program for an empty name.
+QString usageOf(const QString &command);
