@@ -1,0 +1,26 @@
+#pragma once
+
+#include "capture/RecognitionOptions.h"
+#include "corvexkit/time/Instant.h"
+#include "model/records/KWTaskDateTimeReminderModel.h"
+
+#include <QStringList>
+
+#include <optional>
+
+/// What decides about a new task besides its typed text.
+struct NewTaskContext {
+    // What the view implies.
+    std::optional<QString> presetList; ///< id
+    std::optional<Day> presetDay;
+    std::optional<KWTaskPriority> presetPriority;
+    QStringList presetTags;     ///< labels or names
+    bool isNotedFilter = false; ///< the view shows notes only
+
+    // What was chosen by hand.
+    std::optional<QString> manualList; ///< id
+    std::optional<KWTaskPriority> manualPriority;
+    std::optional<KWTaskDateTimeReminderModel> manualDate;
+
+    RecognitionOptions recognition;
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "capture/NewTaskContext.h"
+#include "model/records/KWListIdentifier.h"
+
+class CXClock;
+
+/// What a list implies for a task made in it: a list itself, a tag, or the day that it stands for (for
+/// the next seven days, today).
+NewTaskContext newTaskContextOf(const KWListIdentifier &list, const CXClock &clock);

@@ -1,0 +1,190 @@
+#include "capture/NewTaskService.h"
+
+#include "capture/KWNewTaskPriorityReferee.h"
+#include "capture/KWNewTaskProjectReferee.h"
+#include "capture/RecognitionJson.h"
+#include "capture/TitleText.h"
+#include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTag.h"
+#include "model/records/KWTask.h"
+#include "model/settings/KWLocalizedString.h"
+
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+RecognitionSettings settingsOf(OrvaneKit &kit)
+{
+    const QString user = kit.account().currentUserID();
+    QList<KWProjectModel> projects;
+    for (const KWProject *each : KWProject::findProjectsOfUser(user, ProjectScope::Open, kit.context()))
+        projects.append(each->model());
+    return {KWSmartTimeModel::ofSettings(kit.account().userSettings()),
+            KWSmartRecognitionConfiguration::ofUser(user, kit.defaults()),
+            kit.account().taskDefaultConfiguration(), ListNames{projects}};
+}
+
+bool mattersToRecognition(const StoreChange &change)
+{
+    return change.touches(RecordKind::Project) || change.touches(RecordKind::User) ||
+           change.touches(RecordKind::UserSettings);
+}
+
+Error blankRefusal()
+{
+    return {KWLocalizedString("Type a title for the task: nothing but white space was entered.")};
+}
+
+Error onlyPiecesRefusal(const QList<RecognizedPiece> &pieces)
+{
+    constexpr qsizetype shown = 3;
+    QStringList texts;
+    for (const RecognizedPiece &each : pieces.first(std::min(shown, pieces.size())))
+        texts.append(u"“%1”"_s.arg(onOneLine(each.text.left(60))));
+    if (pieces.size() > shown) texts.append(u"…"_s);
+    return {KWLocalizedString(
+                "Type a title for the task: %1 says more about it, but nothing is left to be its title.")
+                .arg(texts.join(u", "_s))};
+}
+
+} // namespace
+
+NewTaskService::NewTaskService(OrvaneKit &kit) : m_kit(kit)
+{
+    m_recordsChanged = kit.bus().registerEventBus([this](const StoreChange &change) {
+        if (mattersToRecognition(change)) m_recognizer.reset();
+    });
+    for (const QString &name :
+         {KWUserDidSignInNotification, KWUserDidSignOutNotification,
+          KWDataDidChangeOutsideMainAppNotification, KWSmartRecognitionConfigurationDidChangeNotification,
+          KWTaskDefaultConfigurationChangedNotification})
+        m_settingsChanged.append(
+            kit.center().addObserver(name, [this](const KWNotification &) { m_recognizer.reset(); }));
+}
+
+const TitleRecognizer &NewTaskService::recognizer()
+{
+    if (!m_recognizer) m_recognizer.emplace(m_kit.clock(), settingsOf(m_kit));
+    return *m_recognizer;
+}
+
+TitleRecognition NewTaskService::recognize(const QString &text, const RecognitionOptions &options)
+{
+    return recognizer().recognize(text, options);
+}
+
+NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &context)
+{
+    NewTaskDraft draft;
+    draft.recognition = recognize(text, context.recognition);
+    draft.task.title = draft.recognition.title;
+    draft.task.userID = m_kit.account().currentUserID();
+
+    for (const QString &label : context.presetTags + draft.recognition.tags) {
+        const QString name = KWTag::nameForLabel(label);
+        if (draft.task.tags.contains(name)) continue;
+        draft.task.tags.append(name);
+        draft.tagLabels.append(label);
+    }
+
+    const std::optional<RecognizedList> &list = draft.recognition.list;
+    if (list && list->isNew() && !context.manualList) draft.newListName = list->name;
+    draft.task.projectID = projectIDFor(draft, context);
+    decidePriority(draft, context);
+
+    KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
+    present(draft.recognition, text, context, dates);
+    dates.finalWithUsesDefault(true).applyTo(draft.task, m_kit.clock().zone().identifier());
+    return draft;
+}
+
+QString NewTaskService::projectIDFor(const NewTaskDraft &draft, const NewTaskContext &context) const
+{
+    if (draft.newListName) return {};
+    KWNewTaskProjectReferee referee;
+    referee.setManual(context.manualList);
+    referee.setPreset(context.presetList);
+    if (const auto &list = draft.recognition.list; list && !list->isNew()) referee.setNlp(list->id);
+    return referee.projectID().value_or(m_kit.account().defaultAddtoList());
+}
+
+void NewTaskService::decidePriority(NewTaskDraft &draft, const NewTaskContext &context) const
+{
+    const KWProject *project = m_kit.context().find<KWProject>(draft.task.projectID);
+    const bool isNotesList = project && project->isNoteKind();
+    if (isNotesList) draft.task.kind = KWTaskKindNote;
+
+    KWNewTaskPriorityReferee referee{m_kit.center(),
+                                     [defaults = currentDefaults()] { return defaults().priority; }};
+    referee.setManual(context.manualPriority);
+    referee.setNlp(draft.recognition.priority);
+    referee.setPreset(context.presetPriority);
+    draft.task.priority = referee.priority(isNotesList             ? NewTaskPlace::NotesList
+                                           : context.isNotedFilter ? NewTaskPlace::NotesFilter
+                                                                   : NewTaskPlace::TaskList);
+}
+
+void NewTaskService::present(const TitleRecognition &recognition, const QString &text,
+                             const NewTaskContext &context, KWNewTaskDateReferee &referee) const
+{
+    referee.setWithNlp(recognition.date.dateTimeReminderModel, text);
+    referee.setManual(context.manualDate);
+    if (context.presetDay) referee.setPresetDay(*context.presetDay);
+}
+
+KWNewTaskDateReferee::CurrentDefaults NewTaskService::currentDefaults() const
+{
+    return [this] { return m_kit.account().taskDefaultConfiguration(); };
+}
+
+Result<KWTaskModel> NewTaskService::add(const QString &text, const NewTaskContext &context)
+{
+    if (!m_kit.account().isSignedIn())
+        return Error{KWLocalizedString("Nobody is signed in, so there is no list to put the task into.")};
+    if (onOneLine(text).isEmpty()) return blankRefusal();
+    const NewTaskDraft draft = compose(text, context);
+    if (draft.task.title.isEmpty()) return onlyPiecesRefusal(draft.recognition.pieces);
+    return save(draft);
+}
+
+Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
+{
+    KWTaskModel task = draft.task;
+    const Result<void> saved =
+        KWCoreDataService{m_kit.manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
+            for (const QString &label : draft.tagLabels)
+                KWTag::createNewTagWithName(label, task.userID, TagUniqueness::MayExist, context);
+            const KWProject *project = projectFor(draft, context);
+            if (!project) return Error{KWLocalizedString("The account has no inbox to put the task into.")};
+            task.projectID = project->sid();
+            task.sortOrder = project->sortOrderForNewTask();
+            task = context.insert<KWTask>(std::move(task)).model();
+            return {};
+        });
+    if (!saved) return saved.error();
+    return task;
+}
+
+KWProject *NewTaskService::projectFor(const NewTaskDraft &draft, ObjectContext &context) const
+{
+    const QString &user = draft.task.userID;
+    if (draft.newListName) {
+        KWProject *existing = KWProject::findProjectNamed(*draft.newListName, user, context);
+        return existing ? existing : &KWProject::createProjectNamed(*draft.newListName, user, context);
+    }
+    KWProject *project = context.find<KWProject>(draft.task.projectID);
+    return project && project->isNotDeleted() ? project : KWProject::findInboxOfUser(user, context);
+}
+
+QJsonObject NewTaskService::dryRun(const QString &text, const NewTaskContext &context)
+{
+    TitleRecognition recognition = recognize(text, context.recognition);
+    KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
+    present(recognition, text, context, dates);
+    recognition.date.dateTimeReminderModel = dates.nlp();
+    return dryRunObject(recognition, m_kit.clock().zone());
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "capture/KWNewTaskDateReferee.h"
+#include "capture/NewTaskContext.h"
+#include "capture/NewTaskDraft.h"
+#include "capture/TitleRecognizer.h"
+#include "corvexkit/Result.h"
+#include "model/events/KWEventBus.h"
+
+class OrvaneKit;
+class KWProject;
+class ObjectContext;
+class QJsonObject;
+
+/// Turns typed text into a saved task, for the window and the command line alike. Recognises with the
+/// signed-in user's settings and lists, which it keeps at hand and reads again when they change. Main
+/// thread only.
+class NewTaskService {
+public:
+    /// The kit must outlive it.
+    explicit NewTaskService(OrvaneKit &kit);
+
+    /// What the text says, for showing it while it is typed.
+    TitleRecognition recognize(const QString &text, const RecognitionOptions &options = {});
+
+    /// The task that the text means there. Every field comes from the hand's choice, else from the text,
+    /// else from the view, else from the user's defaults. A task in a notes list is a note.
+    NewTaskDraft compose(const QString &text, const NewTaskContext &context = {});
+
+    /// Saves that task on top of its list, with the tags and the list that are missing, all or nothing.
+    /// A text that leaves no title is refused; so is any without a signed-in user. Where the list is gone
+    /// meanwhile, the task goes to the inbox.
+    Result<KWTaskModel> add(const QString &text, const NewTaskContext &context = {});
+
+    /// What add() would recognise, as JSON; see dryRunObject().
+    QJsonObject dryRun(const QString &text, const NewTaskContext &context = {});
+
+private:
+    const TitleRecognizer &recognizer();
+    /// Puts the candidates for the date before a referee.
+    void present(const TitleRecognition &recognition, const QString &text, const NewTaskContext &context,
+                 KWNewTaskDateReferee &referee) const;
+    KWNewTaskDateReferee::CurrentDefaults currentDefaults() const;
+    QString projectIDFor(const NewTaskDraft &draft, const NewTaskContext &context) const;
+    void decidePriority(NewTaskDraft &draft, const NewTaskContext &context) const;
+    Result<KWTaskModel> save(const NewTaskDraft &draft);
+    KWProject *projectFor(const NewTaskDraft &draft, ObjectContext &context) const;
+
+    OrvaneKit &m_kit;
+    std::optional<TitleRecognizer> m_recognizer; // dropped when what it knows has changed
+    KWEventBus::Registration m_recordsChanged;
+    QList<KWNotificationCenter::Observation> m_settingsChanged;
+};

@@ -1,0 +1,95 @@
+#include "capture/OpaqueText.h"
+
+#include "capture/UnicodeText.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isGraphicAscii(QChar unit) { return unit > u' ' && unit < u'\u007F'; }
+bool isAsciiWordUnit(QChar unit) { return unit < u'\u0080' && isWordCharacter(unit.unicode()); }
+
+bool isMailAddress(QStringView chunk)
+{
+    const qsizetype at = chunk.indexOf(u'@');
+    if (at <= 0 || !isAsciiWordUnit(chunk[at - 1])) return false;
+    const QStringView domain = chunk.sliced(at + 1);
+    const qsizetype dot = domain.indexOf(u'.');
+    return dot > 0 && dot + 1 < domain.size() && isAsciiWordUnit(domain[0]) &&
+           isAsciiWordUnit(domain[dot + 1]);
+}
+
+bool isLink(QStringView chunk)
+{
+    const qsizetype scheme = chunk.indexOf("://"_L1);
+    if (scheme > 0 && isAsciiWordUnit(chunk[scheme - 1])) return true;
+    return chunk.startsWith("www."_L1, Qt::CaseInsensitive) || isMailAddress(chunk);
+}
+
+struct QuotationMarks {
+    char16_t opening;
+    char16_t closing;
+};
+
+constexpr std::array<QuotationMarks, 7> quotationMarks{{
+    {u'"', u'"'},
+    {u'“', u'”'},
+    {u'„', u'“'},
+    {u'«', u'»'},
+    {u'「', u'」'},
+    {u'『', u'』'},
+    {u'‘', u'’'},
+}};
+
+bool mayOpen(QStringView text, qsizetype position)
+{
+    return text[position] != u'"' || !isWordCharacter(characterAt(text, position - 1));
+}
+
+} // namespace
+
+bool holdsLinkMark(QStringView text)
+{
+    return text.contains("://"_L1) || text.contains(u'@') || text.contains("www."_L1, Qt::CaseInsensitive);
+}
+
+QList<TextRange> linkRanges(QStringView text)
+{
+    QList<TextRange> links;
+    for (qsizetype start = 0; start < text.size();) {
+        qsizetype end = start;
+        while (end < text.size() && isGraphicAscii(text[end]))
+            ++end;
+        if (end > start && isLink(text.sliced(start, end - start))) links.append({start, end - start});
+        start = end + 1;
+    }
+    return links;
+}
+
+QList<TextRange> quotationRanges(QStringView text)
+{
+    QList<TextRange> quotations;
+    std::array<bool, quotationMarks.size()> isUnclosed{};
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        for (std::size_t kind = 0; kind < quotationMarks.size(); ++kind) {
+            if (text[i] != QChar{quotationMarks[kind].opening} || isUnclosed[kind] || !mayOpen(text, i))
+                continue;
+            const qsizetype closing = text.indexOf(QChar{quotationMarks[kind].closing}, i + 1);
+            isUnclosed[kind] = closing < 0;
+            if (closing < 0) continue;
+            quotations.append({i, closing + 1 - i});
+            i = closing;
+            break;
+        }
+    }
+    return quotations;
+}
+
+bool isInside(const QList<TextRange> &ranges, qsizetype position)
+{
+    const auto after = std::ranges::upper_bound(ranges, position, {}, &TextRange::location);
+    return after != ranges.begin() && std::prev(after)->contains(position);
+}

@@ -1,0 +1,252 @@
+#include "capture/TitleReading.h"
+
+#include "capture/KWNativeParser.h"
+#include "capture/TitleText.h"
+#include "capture/UnicodeText.h"
+#include "corvexkit/time/CXClock.h"
+#include "model/records/KWTag.h"
+
+#include <algorithm>
+
+namespace {
+
+QStringView contentOf(const KWCandidateEntity &token) { return QStringView{token.string}.sliced(1); }
+
+bool standsAfterWhiteSpace(QStringView text, qsizetype position)
+{
+    return position == 0 || text[position - 1].isSpace();
+}
+
+TextRange rangeOf(const RecognizedPiece &piece) { return {piece.location, piece.length}; }
+
+TextRange withoutTrailingSpace(QStringView text, TextRange range)
+{
+    while (!range.isEmpty() && text[range.end() - 1].isSpace())
+        --range.length;
+    return range;
+}
+
+} // namespace
+
+TitleReading::TitleReading(const QString &text, const RecognitionSettings &settings,
+                           const PriorityLabels &labels, const RecognitionOptions &options)
+    : m_text(text)
+    , m_settings(settings)
+    , m_labels(labels)
+    , m_options(options)
+    , m_kinds(TokenScanner::kindsIn(text) & TokenKinds{int(options.parseOption)})
+    , m_links(holdsLinkMark(text) ? linkRanges(text) : QList<TextRange>{})
+    , m_free(text)
+{
+}
+
+QList<KWCandidateEntity> TitleReading::tokens(TokenKind kind) const
+{
+    if (!m_kinds.testFlag(kind)) return {};
+    QList<KWCandidateEntity> found = TokenScanner::scan(kind, m_text);
+    if (!m_links.isEmpty())
+        found.removeIf(
+            [this](const KWCandidateEntity &each) { return isInside(m_links, each.range.location); });
+    return found;
+}
+
+bool TitleReading::isFree(TextRange range) const
+{
+    return QStringView{m_free}.sliced(range.location, range.length) ==
+           QStringView{m_text}.sliced(range.location, range.length);
+}
+
+void TitleReading::occupy(TextRange range)
+{
+    std::fill_n(m_free.begin() + range.location, range.length, QChar{QChar::ObjectReplacementCharacter});
+}
+
+void TitleReading::addPiece(RecognizedPieceType type, TextRange range, const QString &value)
+{
+    occupy(range);
+    m_pieces.append({type, range.location, range.length, m_text.mid(range.location, range.length), value});
+}
+
+void TitleReading::readLists()
+{
+    for (const KWCandidateEntity &each : tokens(TokenKind::List)) {
+        m_newList.reset();
+        const auto match = m_settings.lists.longestAtStartOf(contentOf(each), m_options.blockedProjects);
+        if (!match) {
+            if (mayNameNewList(each)) m_newList = each.range;
+        } else if (match->entry) {
+            m_result.list = RecognizedList{match->entry->id, match->entry->name};
+            addPiece(RecognizedPieceType::List, {each.range.location, 1 + match->length}, match->entry->id);
+        }
+    }
+}
+
+bool TitleReading::mayNameNewList(const KWCandidateEntity &token) const
+{
+    return standsAfterWhiteSpace(m_text, token.range.location) &&
+           QChar::isLetter(characterAt(token.string, 1));
+}
+
+void TitleReading::readTags()
+{
+    if (!m_kinds.testFlag(TokenKind::Tag)) return;
+    QSet<QString> names;
+    for (const auto &each : KWTagTextEntity::validEntitiesInText(m_text)) {
+        if (!isFree(each->range())) continue;
+        occupy(each->range());
+        m_tagEntities.append(each);
+        const QString name = KWTag::nameForLabel(each->tagName());
+        if (names.contains(name)) continue;
+        names.insert(name);
+        m_result.tags.append(each->tagName());
+    }
+}
+
+void TitleReading::readPriorities()
+{
+    for (const KWCandidateEntity &each : tokens(TokenKind::Priority)) {
+        const std::optional<KWTaskPriority> priority = m_labels.priorityLabelled(each.absString);
+        if (!priority || m_options.blockedPriorities.contains(*priority)) continue;
+        const TextRange range = withoutTrailingSpace(m_text, each.range);
+        if (!isFree(range)) continue;
+        m_result.priority = priority;
+        addPiece(RecognizedPieceType::Priority, range, QString::number(*priority));
+    }
+}
+
+void TitleReading::readNewList()
+{
+    if (!m_newList) return;
+    qsizetype end = m_newList->end();
+    const auto endAt = [this, &end](qsizetype position) {
+        if (position > m_newList->location) end = std::min(end, position);
+    };
+    for (const RecognizedPiece &each : std::as_const(m_pieces))
+        endAt(each.location);
+    for (const auto &each : std::as_const(m_tagEntities))
+        endAt(each->range().location);
+    for (const KWCandidateEntity &each : tokens(TokenKind::Assignee))
+        if (standsAfterWhiteSpace(m_text, each.range.location)) endAt(each.range.location);
+    endNewListAt(end);
+    occupy({m_newList->location, 1});
+}
+
+void TitleReading::endNewListAt(qsizetype position)
+{
+    m_newList = withoutTrailingSpace(m_text, {m_newList->location, position - m_newList->location});
+}
+
+void TitleReading::addNewList()
+{
+    const QString name = m_text.mid(m_newList->location + 1, m_newList->length - 1);
+    if (m_options.blockedProjects.contains(name)) return;
+    m_result.list = RecognizedList{{}, name};
+    addPiece(RecognizedPieceType::List, *m_newList, name);
+}
+
+void TitleReading::readDate(const CXClock &clock)
+{
+    const QList<KWCandidateEntity> dateTokens = tokens(TokenKind::Date);
+    parseDate(clock, dateTokens);
+    if (m_newList) {
+        const std::optional<qsizetype> date = firstDateInNewList();
+        const bool beginsName = date == m_newList->location + 1;
+        if (date && !beginsName) endNewListAt(*date);
+        addNewList();
+        if (beginsName) parseDate(clock, dateTokens);
+    }
+    includeMarks(dateTokens);
+}
+
+void TitleReading::parseDate(const CXClock &clock, const QList<KWCandidateEntity> &dateTokens)
+{
+    m_result.date = {};
+    const bool readsPlainDates = reads(ParseOption::Date) && m_settings.recognition.dateEnabled;
+    if (m_options.donotParseDate || (!readsPlainDates && dateTokens.isEmpty())) return;
+    const KWSmartTimeModel &times = m_settings.smartTimes;
+    m_result.date = KWNativeParser::parse(textForDates(dateTokens), clock.now(), times.firstWeekday,
+                                          times.morning, times.afternoon, times.evening, times.night, m_text,
+                                          occupiedEntities(), {clock.zone(), m_settings.defaults});
+}
+
+QString TitleReading::textForDates(const QList<KWCandidateEntity> &dateTokens) const
+{
+    QString text = masked(m_free, m_links);
+    if (reads(ParseOption::Date) && m_settings.recognition.dateEnabled) return text;
+    QList<TextRange> between;
+    qsizetype position = 0;
+    for (const KWCandidateEntity &each : dateTokens) {
+        between.append({position, each.range.location + 1 - position});
+        position = each.range.end();
+    }
+    between.append({position, text.size() - position});
+    return masked(std::move(text), between);
+}
+
+TextEntities TitleReading::occupiedEntities() const
+{
+    TextEntities entities{m_tagEntities.begin(), m_tagEntities.end()};
+    const auto add = [&](TextRange range) {
+        entities.append(std::make_shared<KWTextEntity>(range, QString{}, KWTextEntity::Tag));
+    };
+    for (const RecognizedPiece &each : m_pieces)
+        add(rangeOf(each));
+    for (const TextRange &each : m_links)
+        add(each);
+    for (const TextRange &each : quotationRanges(m_text))
+        add(each);
+    return entities;
+}
+
+std::optional<qsizetype> TitleReading::firstDateInNewList() const
+{
+    for (const auto &each : m_result.date.recognizedStrings)
+        if (m_newList->contains(each->range().location)) return each->range().location;
+    return std::nullopt;
+}
+
+void TitleReading::includeMarks(const QList<KWCandidateEntity> &dateTokens)
+{
+    if (dateTokens.isEmpty()) return;
+    for (const auto &each : m_result.date.recognizedStrings) {
+        const TextRange range{each->range().location - 1, each->range().length + 1};
+        const auto isMarkOfIt = [&range](const KWCandidateEntity &token) {
+            return token.range.location == range.location;
+        };
+        if (std::ranges::none_of(dateTokens, isMarkOfIt)) continue;
+        each->setRange(range);
+        each->setText(m_text.mid(range.location, range.length));
+    }
+}
+
+TitleRecognition TitleReading::finished()
+{
+    m_result.title = cutTitle();
+    m_result.pieces = m_pieces + splicedPieces();
+    std::ranges::sort(m_result.pieces, {}, &RecognizedPiece::location);
+    return std::move(m_result);
+}
+
+QString TitleReading::cutTitle() const
+{
+    QList<TextRange> cuts;
+    std::ranges::transform(m_pieces, std::back_inserter(cuts), rangeOf);
+    if (m_settings.recognition.removesTag) cuts += rangesCutWithTags(m_text, m_tagEntities);
+    if (m_settings.recognition.removesDate)
+        for (const auto &each : m_result.date.recognizedStrings)
+            cuts.append(each->range());
+    return titleWithout(m_text, std::move(cuts));
+}
+
+QList<RecognizedPiece> TitleReading::splicedPieces() const
+{
+    TextEntities entities{m_result.date.recognizedStrings.begin(), m_result.date.recognizedStrings.end()};
+    entities.append({m_tagEntities.begin(), m_tagEntities.end()});
+    if (entities.isEmpty()) return {};
+    QList<RecognizedPiece> pieces;
+    for (const auto &each : KWTextEntity::splicedTextEntitis(entities, m_text)) {
+        const auto type = each->isTag() ? RecognizedPieceType::Tag : RecognizedPieceType::Date;
+        pieces.append({type, each->range().location, each->range().length, each->text(), {}});
+    }
+    return pieces;
+}

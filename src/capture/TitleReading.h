@@ -1,0 +1,56 @@
+#pragma once
+
+#include "capture/KWTagTextEntity.h"
+#include "capture/OpaqueText.h"
+#include "capture/PriorityLabels.h"
+#include "capture/RecognitionOptions.h"
+#include "capture/RecognitionSettings.h"
+#include "capture/TitleRecognition.h"
+#include "capture/TokenScanner.h"
+
+class CXClock;
+
+/// The reading of one title: recognises its pieces one kind after the other, each in what the kinds
+/// before it have left. Used once.
+class TitleReading {
+public:
+    /// `text` is well-formed UTF-16; all of the arguments outlive the reading.
+    TitleReading(const QString &text, const RecognitionSettings &settings, const PriorityLabels &labels,
+                 const RecognitionOptions &options);
+
+    void readLists();
+    void readTags();
+    void readPriorities();
+    void readNewList();
+    void readDate(const CXClock &clock);
+    TitleRecognition finished();
+
+private:
+    bool reads(ParseOption option) const { return m_options.parseOption.testFlag(option); }
+    QList<KWCandidateEntity> tokens(TokenKind kind) const;
+    bool isFree(TextRange range) const;
+    void occupy(TextRange range);
+    void addPiece(RecognizedPieceType type, TextRange range, const QString &value);
+    bool mayNameNewList(const KWCandidateEntity &token) const;
+    void endNewListAt(qsizetype position);
+    void addNewList();
+    void parseDate(const CXClock &clock, const QList<KWCandidateEntity> &dateTokens);
+    QString textForDates(const QList<KWCandidateEntity> &dateTokens) const;
+    TextEntities occupiedEntities() const;
+    std::optional<qsizetype> firstDateInNewList() const;
+    void includeMarks(const QList<KWCandidateEntity> &dateTokens);
+    QString cutTitle() const;
+    QList<RecognizedPiece> splicedPieces() const;
+
+    const QString &m_text;
+    const RecognitionSettings &m_settings;
+    const PriorityLabels &m_labels;
+    const RecognitionOptions &m_options;
+    const TokenKinds m_kinds;
+    const QList<TextRange> m_links;
+    QString m_free;                     // the text with what is recognised masked
+    QList<RecognizedPiece> m_pieces;    // lists and priorities
+    TagTextEntities m_tagEntities;      // in text order
+    std::optional<TextRange> m_newList; // mark and name of the list to be made, as far as known
+    TitleRecognition m_result;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "capture/KWReminderModelFromNaturalLanguage.h"
+#include "capture/RecognizedPiece.h"
+
+#include <QStringList>
+
+/// The list that a title names.
+struct RecognizedList {
+    QString id; ///< empty: the list is made when the task is saved
+    QString name;
+
+    bool isNew() const { return id.isEmpty(); }
+    bool operator==(const RecognizedList &) const = default;
+};
+
+/// What a typed title says.
+struct TitleRecognition {
+    QString title;    ///< one line, without the pieces that are cut
+    QStringList tags; ///< as typed, without marks, each name once
+    std::optional<KWTaskPriority> priority;
+    std::optional<RecognizedList> list;
+    KWReminderModelFromNaturalLanguage date;
+    QList<RecognizedPiece> pieces; ///< disjoint, in text order
+};

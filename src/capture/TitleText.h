@@ -1,0 +1,18 @@
+#pragma once
+
+#include "capture/TextRange.h"
+
+#include <QList>
+#include <QString>
+
+// The text of a title, apart from what is recognised in it.
+
+/// The typed text without `cuts`, which may come in any order and overlap. Where something was cut, the
+/// white space around it becomes one space, or none at the ends of the title.
+QString titleWithout(const QString &text, QList<TextRange> cuts);
+
+/// The text on one line: every line break becomes a space, the ends are trimmed.
+QString onOneLine(QString text);
+
+/// The text with U+FFFC in place of every unit of `ranges`, so that all places stay where they are.
+QString masked(QString text, const QList<TextRange> &ranges);
