@@ -174,6 +174,13 @@ private Q_SLOTS:
         QCOMPARE(contents(folder, u"orvane.log"_s), u"three\n"_s);
     }
 
+    void givesALongFirstLineNoEmptyFileBeforeIt()
+    {
+        const QTemporaryDir home;
+        RotatingFileSink{home.path(), {.bytes = 5, .files = 3}}.write("beyond the limit\n");
+        QCOMPARE(filesIn(QDir{home.path()}), QStringList{u"orvane.log"_s});
+    }
+
     void keepsOneFileWhereOneIsAllowed()
     {
         const QTemporaryDir home;

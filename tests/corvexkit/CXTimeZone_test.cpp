@@ -94,7 +94,9 @@ private Q_SLOTS:
             QCOMPARE(zone->toLocal(got.after), local);
         }
         QCOMPARE(got.transition.has_value(), got.kind != Kind::Unique);
-        if (got.transition) QVERIFY(zone->offsetAt(*got.transition) != zone->offsetAt(*got.transition - 1ms));
+        if (!got.transition) return;
+        QVERIFY(zone->offsetAt(*got.transition) != zone->offsetAt(*got.transition - 1ms));
+        QVERIFY(abs(*got.transition - got.before) <= 24h);
     }
 
     void beginsDays_data()
@@ -150,6 +152,17 @@ private Q_SLOTS:
             ++rules;
         }
         QVERIFY(rules > 50);
+    }
+
+    void keepsSummerTimeForAThousandYears()
+    {
+        for (const QString &name : {u"America/New_York"_s, u"EST5EDT,M3.2.0,M11.1.0"_s}) {
+            const CXTimeZone zone = *CXTimeZone::named(name);
+            for (year current = 2030y; current < 3030y; ++current) {
+                QCOMPARE(zone.offsetAt(Instant{sys_days{current / 7 / 1}}), seconds{-4h});
+                QCOMPARE(zone.offsetAt(Instant{sys_days{current / 12 / 1}}), seconds{-5h});
+            }
+        }
     }
 
     void knowsWhatIsNoZone_data()

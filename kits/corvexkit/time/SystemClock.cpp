@@ -121,5 +121,6 @@ void SystemClock::runDue()
     const quint64 limit = calls_->nextNumber();
     while (calls_->runNext(readingOf(*this), limit)) {
     }
+    // When the wall clock was set back in this very moment, nothing ran and its timer is spent.
     arm();
 }
