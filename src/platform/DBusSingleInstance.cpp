@@ -33,6 +33,13 @@ QDBusError answerTo(const QDBusMessage &message, const QDBusConnection &bus)
     return call.error();
 }
 
+bool isNobodyThere(const QDBusError &error)
+{
+    // The answer of the bus to a call that must not start a service; QDBusError has no type for it.
+    return error.type() == QDBusError::ServiceUnknown ||
+           error.name() == u"org.freedesktop.DBus.Error.NameHasNoOwner"_s;
+}
+
 } // namespace
 
 QString DBusSingleInstance::busName(const DataFolders &folders)
@@ -79,12 +86,16 @@ bool DBusSingleInstance::handOver(const LaunchRequest &request)
     // Watched before the call, so that a name which comes in between is not missed.
     QDBusServiceWatcher watcher{m_name, bus, QDBusServiceWatcher::WatchForRegistration};
     QEventLoop loop;
-    QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &loop, &QEventLoop::quit);
+    bool hasCome = false;
+    QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &loop, [&loop, &hasCome] {
+        hasCome = true;
+        loop.quit();
+    });
 
     QDBusError error = answerTo(callFor(request), bus);
-    if (error.type() == QDBusError::ServiceUnknown) {
+    if (isNobodyThere(error)) {
         const ClockCall enough = m_clock.callAfter(patience, [&loop] { loop.quit(); });
-        loop.exec();
+        if (!hasCome) loop.exec();
         error = answerTo(callFor(request), bus);
     }
     if (error.isValid()) instanceLog.warning(u"The request was not handed over: "_s + error.message());

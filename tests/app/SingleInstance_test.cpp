@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -92,6 +93,22 @@ private Q_SLOTS:
         SingleInstance second{folders(), channel};
         const auto role = second.start({}, {});
         QVERIFY(role && *role == Role::First);
+    }
+
+    void letsTheFolderGoThoughAProgramItStartedLivesOn()
+    {
+        FakeChannel channel;
+        SingleInstance first{folders(), channel};
+        QVERIFY(first.start({}, {}));
+        QProcess child;
+        child.start(u"cat"_s);
+        QVERIFY(child.waitForStarted());
+        first.release();
+        SingleInstance second{folders(), channel};
+        const auto role = second.start({}, {});
+        QVERIFY(role && *role == Role::First);
+        child.closeWriteChannel();
+        QVERIFY(child.waitForFinished());
     }
 
     void takesAFileThatWasLeftBehind()

@@ -1,0 +1,184 @@
+#include "platform/DBusSingleInstance.h"
+
+#include "support/LogRecorder.h"
+#include "support/ManualClock.h"
+#include "support/TestMain.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A connection of its own, as another process would have.
+QDBusConnection connectionOf(const QString &party)
+{
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, party);
+}
+
+QDBusConnection noBus() { return QDBusConnection::connectToBus(u"unix:path=/no/such/bus"_s, u"nobody"_s); }
+
+} // namespace
+
+class DBusSingleInstance_test : public QObject {
+    Q_OBJECT
+
+    std::optional<QTemporaryDir> m_folder;
+    ManualClock m_clock{"2030-05-01 09:00"};
+    QList<LaunchRequest> m_received;
+
+    DataFolders folders() const { return DataFolders::locate(m_folder->path()); }
+    InstanceChannel::Handler receiver()
+    {
+        return [this](const LaunchRequest &request) { m_received << request; };
+    }
+    DBusSingleInstance channelOf(const char *party)
+    {
+        return {folders(), m_clock, [party] { return connectionOf(QLatin1String{party}); }};
+    }
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY2(connectionOf(u"first"_s).isConnected(), "run it on a bus"); }
+    void init()
+    {
+        m_folder.emplace();
+        m_received.clear();
+    }
+
+    void namesTheFolder()
+    {
+        const DataFolders standard = DataFolders::standard();
+        QCOMPARE(DBusSingleInstance::busName(standard), u"org.orvane.Orvane"_s);
+        QCOMPARE(DBusSingleInstance::objectPath(u"org.orvane.Orvane"_s), u"/org/orvane/Orvane"_s);
+
+        const QString name = DBusSingleInstance::busName(folders());
+        static const QRegularExpression form{u"^org\\.orvane\\.Orvane\\.h[0-9a-f]{16}$"_s};
+        QVERIFY2(form.match(name).hasMatch(), qUtf8Printable(name));
+        QCOMPARE(DBusSingleInstance::busName(folders()), name);
+        const QTemporaryDir another;
+        QVERIFY(DBusSingleInstance::busName(DataFolders::locate(another.path())) != name);
+        const QString link = another.path() + u"/link"_s;
+        QVERIFY(QFile::link(m_folder->path(), link));
+        QCOMPARE(DBusSingleInstance::busName(DataFolders::locate(link)), name);
+    }
+
+    void handsOver_data()
+    {
+        QTest::addColumn<LaunchRequest>("request");
+        QTest::newRow("window") << LaunchRequest{};
+        QTest::newRow("token") << LaunchRequest{.activationToken = u"token"_s};
+        QTest::newRow("links") << LaunchRequest{.links = {u"orvane://task/1"_s, u"ORVANE://list/ü?x=1"_s},
+                                                .activationToken = u"token"_s};
+        QTest::newRow("login item") << LaunchRequest{.cause = LaunchCause::LoginItem};
+    }
+
+    void handsOver()
+    {
+        QFETCH(LaunchRequest, request);
+        DBusSingleInstance first = channelOf("first"), second = channelOf("second");
+        first.listen(receiver());
+        QVERIFY(second.handOver(request));
+        QTRY_COMPARE(m_received, QList<LaunchRequest>{request});
+    }
+
+    void meetsAFirstThatComesWithTheCall()
+    {
+        DBusSingleInstance first = channelOf("first"), second = channelOf("second");
+        QMetaObject::invokeMethod(
+            this, [&] { first.listen(receiver()); }, Qt::QueuedConnection);
+        QVERIFY(second.handOver({}));
+        QTRY_COMPARE(m_received.size(), 1);
+    }
+
+    void waitsForAFirstThatIsJustStarting()
+    {
+        DBusSingleInstance first = channelOf("first"), second = channelOf("second");
+        // Time stands still, so that nothing but its coming ends the wait.
+        const auto waiting = onceWaiting([&] { first.listen(receiver()); });
+        QVERIFY(second.handOver({}));
+        QTRY_COMPARE(m_received.size(), 1);
+    }
+
+    void givesUpWhenNobodyListens()
+    {
+        DBusSingleInstance second = channelOf("second");
+        const auto waiting = onceWaiting([this] { m_clock.advance(DBusSingleInstance::patience); });
+        const Instant before = m_clock.now();
+        QVERIFY(!second.handOver({}));
+        QCOMPARE(m_clock.now() - before, DBusSingleInstance::patience);
+    }
+
+    void isNotReachedOnceStopped()
+    {
+        DBusSingleInstance first = channelOf("first");
+        first.listen(receiver());
+        first.stopListening();
+        QVERIFY(!connectionOf(u"second"_s)
+                     .interface()
+                     ->isServiceRegistered(DBusSingleInstance::busName(folders())));
+    }
+
+    void passesOverWhatIsNoLink()
+    {
+        DBusSingleInstance first = channelOf("first");
+        first.listen(receiver());
+        call(u"Open"_s,
+             {QStringList{u"file:///etc/passwd"_s, u"orvane://task/1"_s, u"orvanex://y"_s}, QVariantMap{}});
+        QTRY_COMPARE(m_received.size(), 1);
+        QCOMPARE(m_received.first().links, QStringList{u"orvane://task/1"_s});
+    }
+
+    void refusesAnUnknownAction()
+    {
+        DBusSingleInstance first = channelOf("first");
+        first.listen(receiver());
+        const QDBusMessage answer = call(u"ActivateAction"_s, {u"erase"_s, QVariantList{}, QVariantMap{}});
+        QCOMPARE(answer.errorName(), u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+        QCOMPARE(answer.errorMessage(), u"There is no action “erase”."_s);
+        QCOMPARE(m_received.size(), 0);
+    }
+
+    void doesWithoutABus()
+    {
+        LogRecorder log;
+        DBusSingleInstance channel{folders(), m_clock, noBus};
+        channel.listen(receiver());
+        QCOMPARE(log.lines(u"launch"_s), QStringList{u"No session bus: later starts are not heard."_s});
+        QVERIFY(!channel.handOver({}));
+    }
+
+private:
+    // Does `action` from the event loop when somebody has begun to wait.
+    std::unique_ptr<QTimer> onceWaiting(std::function<void()> action)
+    {
+        auto timer = std::make_unique<QTimer>();
+        connect(timer.get(), &QTimer::timeout, timer.get(), [this, timer = timer.get(), action] {
+            if (m_clock.isIdle()) return;
+            timer->stop();
+            action();
+        });
+        timer->start();
+        return timer;
+    }
+
+    QDBusMessage call(const QString &method, const QVariantList &arguments) const
+    {
+        const QString name = DBusSingleInstance::busName(folders());
+        QDBusMessage message = QDBusMessage::createMethodCall(name, DBusSingleInstance::objectPath(name),
+                                                              u"org.freedesktop.Application"_s, method);
+        message.setArguments(arguments);
+        const QDBusPendingCallWatcher pending{connectionOf(u"second"_s).asyncCall(message)};
+        if (!QTest::qWaitFor([&pending] { return pending.isFinished(); })) return {};
+        return pending.reply();
+    }
+};
+
+ORVANE_TEST(DBusSingleInstance_test)
+#include "DBusSingleInstance_test.moc"

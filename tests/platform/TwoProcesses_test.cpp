@@ -1,0 +1,108 @@
+#include "support/TestMain.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+// Several real processes on one data folder.
+class TwoProcesses_test : public QObject {
+    Q_OBJECT
+
+    struct EndProcess {
+        void operator()(QProcess *process) const
+        {
+            process->closeWriteChannel();
+            hasEnded(*process);
+            delete process;
+        }
+    };
+    using Process = std::unique_ptr<QProcess, EndProcess>;
+    enum class Bus { Session, None };
+
+    std::optional<QTemporaryDir> m_folder;
+
+    Process start(const QStringList &links = {}, Bus bus = Bus::Session) const
+    {
+        Process process{new QProcess};
+        if (bus == Bus::None) {
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s,
+                               u"unix:path="_s + m_folder->path() + u"/no-bus"_s);
+            process->setProcessEnvironment(environment);
+        }
+        process->start(QStringLiteral(ORVANE_ONE_START), QStringList{m_folder->path()} + links);
+        return process;
+    }
+
+    static QString nextLine(QProcess &process)
+    {
+        if (!QTest::qWaitFor([&process] { return process.canReadLine(); })) return u"(nothing)"_s;
+        return QString::fromUtf8(process.readLine()).trimmed();
+    }
+
+    static bool hasEnded(QProcess &process)
+    {
+        return QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; });
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY2(!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"), "run it on a bus");
+    }
+    void init() { m_folder.emplace(); }
+
+    void laterStartsHandOver()
+    {
+        const Process first = start();
+        QCOMPARE(nextLine(*first), u"first"_s);
+        for (const QString &link : {u"orvane://task/1"_s, u"orvane://task/2"_s}) {
+            const Process later = start({link});
+            QCOMPARE(nextLine(*later), u"handed over"_s);
+            QVERIFY(hasEnded(*later));
+            QCOMPARE(later->exitCode(), 0);
+            QCOMPARE(nextLine(*first), link);
+        }
+        first->closeWriteChannel();
+        QVERIFY(hasEnded(*first));
+        QCOMPARE(nextLine(*start()), u"first"_s);
+    }
+
+    void ofTwoAtOnceOneIsTheFirst()
+    {
+        const Process one = start({u"orvane://one"_s}), other = start({u"orvane://other"_s});
+        QStringList said{nextLine(*one), nextLine(*other)};
+        const Process &first = said.at(0) == u"first"_s ? one : other;
+        said.sort();
+        QCOMPARE(said, QStringList({u"first"_s, u"handed over"_s}));
+        QVERIFY(nextLine(*first).startsWith(u"orvane://"_s));
+    }
+
+    void aKilledProcessLocksNobodyOut()
+    {
+        const Process killed = start();
+        QCOMPARE(nextLine(*killed), u"first"_s);
+        killed->kill();
+        QVERIFY(hasEnded(*killed));
+        QVERIFY(QFileInfo::exists(m_folder->path() + u"/lock"_s));
+        QCOMPARE(nextLine(*start()), u"first"_s);
+    }
+
+    void withoutABusTheSecondSaysWhy()
+    {
+        const Process first = start({}, Bus::None);
+        QCOMPARE(nextLine(*first), u"first"_s);
+        const Process second = start({}, Bus::None);
+        QVERIFY(hasEnded(*second));
+        QCOMPARE(second->exitCode(), 1);
+        QCOMPARE(QString::fromUtf8(second->readAllStandardError()).section(u'\n', -1),
+                 u"Orvane is already open with this data folder."_s);
+    }
+};
+
+ORVANE_TEST(TwoProcesses_test)
+#include "TwoProcesses_test.moc"
