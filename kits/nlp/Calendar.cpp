@@ -43,6 +43,8 @@ std::optional<LocalDay> Calendar::unmoved(const DayReference &reference, Today p
         return date(reference);
     case Kind::DayOfMonth:
         return dayOfMonth(reference.day, reference.periodsAhead);
+    case Kind::NthWeekday:
+        return nthWeekday(reference);
     case Kind::FirstOf:
         return firstOf(reference.offset.unit, reference.periodsAhead);
     case Kind::LastOf:
@@ -102,6 +104,25 @@ std::optional<LocalDay> Calendar::date(const DayReference &reference) const
     for (year candidate = first; candidate <= first + years{8}; ++candidate) {
         const auto found = validated(candidate / inMonth);
         if (found && (*found >= m_today || reference.periodsAhead > 0)) return found;
+    }
+    return std::nullopt;
+}
+
+std::optional<LocalDay> Calendar::nthWeekday(const DayReference &reference) const
+{
+    const year_month_day today{m_today};
+    const year_month current{today.year(), today.month()};
+    const bool isFixed = reference.month == 0 && reference.periodsAhead >= 0;
+    // The 29th of February falls on a given weekday once in 28 years, or in 40 around 2100.
+    const months furthest = isFixed ? months{0} : reference.month == 0 ? months{4} : months{12 * 40};
+    const months nearest{isFixed ? reference.periodsAhead : 0};
+    for (months ahead = nearest; ahead <= nearest + furthest; ++ahead) {
+        const year_month month = current + ahead;
+        if (reference.month != 0 && unsigned(month.month()) != reference.month) continue;
+        const weekday_indexed wanted{weekday{reference.weekday}, reference.nth};
+        const year_month_weekday day = month / wanted;
+        if (day.ok() && (isFixed || local_days{day} >= m_today))
+            return validated(year_month_day{local_days{day}});
     }
     return std::nullopt;
 }

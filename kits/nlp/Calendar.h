@@ -36,6 +36,7 @@ private:
     LocalDay firstOf(Unit unit, int periodsAhead) const;
     std::optional<LocalDay> date(const DayReference &reference) const;
     std::optional<LocalDay> dayOfMonth(int day, int monthsAhead) const;
+    std::optional<LocalDay> nthWeekday(const DayReference &reference) const;
     std::optional<LocalDay> unmoved(const DayReference &reference, Today plainWeekday) const;
 
     LocalDay m_today;

@@ -36,7 +36,17 @@ minutes minutesOf(const Quantity &length)
     return length.unit == Unit::Hour ? minutes{hours{length.amount}} : minutes{length.amount};
 }
 
-// Noon, and an hour read before it.
+bool isMoment(const Fragment &date)
+{
+    return (date.slots & DaySlot) != 0 && date.day.offset.amount != 0 && date.day.offset.isBelowOneDay();
+}
+
+bool isInCalendar(LocalTime time)
+{
+    return Calendar::validated(year_month_day{floor<days>(time)}).has_value();
+}
+
+// The one of the two possible times that lies before noon.
 minutes morningReading(const ClockReference &clock) { return hours{clock.hour % 12} + minutes{clock.minute}; }
 
 } // namespace
@@ -49,33 +59,25 @@ bool DateBuilder::build(std::span<const Ranking::Candidate> chosen, Answer &answ
     if ((date.slots & (DaySlot | PartSlot | ClockSlot | RepeatSlot)) == 0) return false;
 
     const auto time = startTime(date);
-    const bool isMoment =
-        (date.slots & DaySlot) != 0 && date.day.offset.amount != 0 && date.day.offset.isBelowOneDay();
-    std::optional<LocalTime> start;
-    if (isMoment)
-        start = moment(date.day);
-    else if (const auto day = startDay(date, time))
-        start = *day + time.value_or(minutes{0});
-    if (!start || !Calendar::validated(year_month_day{floor<days>(*start)})) return false;
-
+    const auto day = startDay(date, time);
+    if (!day) return false;
     answer.isFound = true;
-    answer.start = *start;
-    answer.isAllDay = !isMoment && !time;
-    answer.due = due(date, *start, answer.isAllDay);
-    if ((date.slots & RepeatSlot) != 0) {
-        std::optional<LocalDay> until;
-        if ((date.slots & LastDaySlot) != 0) {
-            const Calendar fromStart{floor<days>(*start), m_settings.firstWeekday};
-            until = fromStart.resolve(date.lastDay, Calendar::Today::Included);
-        }
-        answer.repeatRule = RepeatSchedule{date.repeat}.rule(date.count, until);
-    }
+    answer.isAllDay = !time;
+    answer.start = *day + time.value_or(minutes{0});
+    answer.due = due(date, answer.start, answer.isAllDay);
+    if (answer.due && !isInCalendar(*answer.due)) answer.due.reset();
+    if ((date.slots & RepeatSlot) != 0)
+        answer.repeatRule = RepeatSchedule{date.repeat}.rule(date.count, untilDay(date, *day));
     addReminders(date, answer);
     return true;
 }
 
 std::optional<minutes> DateBuilder::startTime(const Fragment &date) const
 {
+    if (isMoment(date)) {
+        const LocalTime moment = m_now + minutesOf(date.day.offset);
+        return moment - floor<days>(moment);
+    }
     if ((date.slots & ClockSlot) == 0)
         return (date.slots & PartSlot) != 0 ? std::optional{timeOf(date.part)} : std::nullopt;
     const ClockReference clock = (date.slots & PartSlot) != 0 ? date.clock.within(date.part) : date.clock;
@@ -83,6 +85,7 @@ std::optional<minutes> DateBuilder::startTime(const Fragment &date) const
     return isRange ? resolvedBefore(clock, date.endClock) : resolved(clock);
 }
 
+// The day from which the time counts: a night's end at 1:00 has 25 hours.
 std::optional<LocalDay> DateBuilder::startDay(const Fragment &date, std::optional<minutes> time) const
 {
     const LocalDay today = m_calendar.today();
@@ -90,14 +93,19 @@ std::optional<LocalDay> DateBuilder::startDay(const Fragment &date, std::optiona
     const bool hasPassed = time && !isStillAhead;
     const auto plainWeekday = isStillAhead ? Calendar::Today::Included : Calendar::Today::Excluded;
     std::optional<LocalDay> day = hasPassed ? today + days{1} : today;
-    if ((date.slots & DaySlot) != 0) day = m_calendar.resolve(date.day, plainWeekday);
-    if (day && (date.slots & RepeatSlot) != 0) return RepeatSchedule{date.repeat}.firstDay(*day);
+    if (isMoment(date))
+        day = floor<days>(m_now + minutesOf(date.day.offset));
+    else if ((date.slots & DaySlot) != 0)
+        day = m_calendar.resolve(date.day, plainWeekday);
+    if (day && (date.slots & RepeatSlot) != 0) day = RepeatSchedule{date.repeat}.firstDay(*day);
+    if (!day || !isInCalendar(*day + time.value_or(minutes{0}))) return std::nullopt;
     return day;
 }
 
-std::optional<LocalTime> DateBuilder::moment(const DayReference &day) const
+std::optional<LocalDay> DateBuilder::untilDay(const Fragment &date, LocalDay start) const
 {
-    return m_now + minutesOf(day.offset);
+    if ((date.slots & LastDaySlot) == 0) return std::nullopt;
+    return Calendar{start, m_settings.firstWeekday}.resolve(date.lastDay, Calendar::Today::Included);
 }
 
 std::optional<LocalTime> DateBuilder::due(const Fragment &date, LocalTime start, bool isAllDay) const

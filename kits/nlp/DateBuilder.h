@@ -28,7 +28,7 @@ private:
 
     std::optional<TimeOfDayMinutes> startTime(const Fragment &date) const;
     std::optional<LocalDay> startDay(const Fragment &date, std::optional<TimeOfDayMinutes> time) const;
-    std::optional<LocalTime> moment(const DayReference &day) const;
+    std::optional<LocalDay> untilDay(const Fragment &date, LocalDay start) const;
     std::optional<LocalTime> due(const Fragment &date, LocalTime start, bool isAllDay) const;
     std::optional<LocalTime> dueOfLength(const Quantity &length, LocalTime start, bool isAllDay) const;
     std::optional<LocalTime> dueOnDay(const Fragment &date, LocalTime start) const;

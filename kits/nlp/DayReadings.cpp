@@ -176,6 +176,17 @@ bool dayOfMonth(const Match &match, Fragment &fragment)
     return setDayOfMonth(fragment, dayNumber(match), namesMonth ? match.value(Symbol::Next) : -1);
 }
 
+bool nthWeekdayOfMonth(const Match &match, Fragment &fragment)
+{
+    const int nth = match.value(Symbol::Ordinal);
+    if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
+    const bool namesMonth = match.has(Symbol::Next) || match.has(Symbol::This);
+    setWeekday(fragment, Kind::NthWeekday, weekdayIn(match), namesMonth ? match.value(Symbol::Next) : -1);
+    fragment.day.month = std::uint8_t(match.value(Symbol::Month));
+    fragment.day.nth = std::uint8_t(std::clamp(nth, 0, 6));
+    return nth >= 1 && nth <= 5;
+}
+
 bool firstOfPeriod(const Match &match, Fragment &fragment)
 {
     return setPeriod(fragment, Kind::FirstOf, Unit(match.value(Symbol::Unit)), match.value(Symbol::Next));

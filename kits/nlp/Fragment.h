@@ -26,6 +26,7 @@ struct DayReference {
         NextWeekday, ///< `weekday` of the week `periodsAhead` weeks on
         Date,        ///< `month` and `day`; year 0 is the next such day, or that `periodsAhead` years on
         DayOfMonth,  ///< `day` of the month `periodsAhead` months on; -1 is the next such day
+        NthWeekday,  ///< the `nth` `weekday` of `month`; of month 0 as DayOfMonth has it
         FirstOf,     ///< the first day of the week, month or year `periodsAhead` on
         LastOf,      ///< the last day of the same
         Weekend,     ///< the coming Saturday, or the one `periodsAhead` weeks after it
@@ -34,6 +35,7 @@ struct DayReference {
     std::uint8_t weekday = 0;
     std::uint8_t month = 0;
     std::uint8_t day = 0;
+    std::uint8_t nth = 0; ///< 1 … 5
     std::int16_t year = 0;
     std::int16_t periodsAhead = 0;
     Quantity offset; ///< what to add to the day itself

@@ -35,6 +35,7 @@ int dayRank(const DayReference &day)
     case DayReference::Kind::Date:
         return day.year != 0 ? 4 : 3;
     case DayReference::Kind::DayOfMonth:
+    case DayReference::Kind::NthWeekday:
         return 3;
     case DayReference::Kind::Ahead:
         return day.offset.isBelowOneDay() ? 1 : 2;

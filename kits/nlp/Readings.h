@@ -48,6 +48,7 @@ bool numericDate(const Match &match, Fragment &fragment);  ///< numbers in the o
 bool numberedMonthAndDay(const Match &match, Fragment &fragment);
 bool firstOfYear(const Match &match, Fragment &fragment);
 bool dayOfMonth(const Match &match, Fragment &fragment);
+bool nthWeekdayOfMonth(const Match &match, Fragment &fragment);
 bool firstOfPeriod(const Match &match, Fragment &fragment);
 bool lastOfPeriod(const Match &match, Fragment &fragment);
 bool daysAhead(const Match &match, Fragment &fragment);
@@ -68,6 +69,8 @@ bool frequency(const Match &match, Fragment &fragment);
 bool repeatAlone(const Match &match, Fragment &fragment);
 bool everyWeekdays(const Match &match, Fragment &fragment);
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment);
+bool pluralWeekday(const Match &match, Fragment &fragment);
+bool everyDayExcept(const Match &match, Fragment &fragment);
 bool everyWorkday(const Match &match, Fragment &fragment);
 bool everyWeekend(const Match &match, Fragment &fragment);
 bool everyPart(const Match &match, Fragment &fragment);

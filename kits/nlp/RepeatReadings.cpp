@@ -8,6 +8,7 @@ namespace nlp::readings {
 namespace {
 
 constexpr std::uint8_t mondayToFriday = 0b0111110;
+constexpr std::uint8_t everyWeekday = 0b1111111;
 constexpr std::uint8_t saturdayAndSunday = 0b1000001;
 constexpr int longestInterval = 999;
 
@@ -98,6 +99,22 @@ bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment)
     fragment.repeat.nth = std::uint8_t(nth);
     fragment.repeat.weekdays = weekdayBit(match.fragment(Symbol::AnyWeekday).day.weekday);
     return setRepeat(fragment, 1, Unit::Month);
+}
+
+bool pluralWeekday(const Match &match, Fragment &fragment)
+{
+    fragment.repeat.weekdays = std::uint8_t(weekdayBit(match.value(Symbol::PluralWeekday)) |
+                                            match.fragment(Symbol::Weekdays).repeat.weekdays);
+    fragment.repeat.needsCompany = true;
+    return setRepeat(fragment, 1, Unit::Week);
+}
+
+bool everyDayExcept(const Match &match, Fragment &fragment)
+{
+    const RepeatReference &every = match.fragment(Symbol::EveryUnit).repeat;
+    fragment.repeat.weekdays = everyWeekday & ~match.fragment(Symbol::Weekdays).repeat.weekdays;
+    const bool isDaily = every.unit == Unit::Day && every.interval == 1;
+    return isDaily && fragment.repeat.weekdays != 0 && setRepeat(fragment, 1, Unit::Week);
 }
 
 bool everyWorkday(const Match &, Fragment &fragment)

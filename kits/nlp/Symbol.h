@@ -25,6 +25,7 @@ enum class Symbol : std::uint8_t {
     // Words that carry a value.
     Weekday,          ///< 0 = Sunday … 6 = Saturday
     AmbiguousWeekday, ///< the same, for a word that means something else, too ("sun"); it needs company
+    PluralWeekday,    ///< the same, for a word that says "each of them"
     Month,            ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
     Unit,             ///< a nlp::Unit
     RelativeDay,      ///< days from today
@@ -56,6 +57,7 @@ enum class Symbol : std::uint8_t {
     Later,
     Every,
     EverySkipping,
+    Except,
     EveryPart,
     Other,
     This,
@@ -90,6 +92,7 @@ enum class Symbol : std::uint8_t {
     Clock,
     ClockRange,
     Date,
+    NthDay,
     Day,
     DayRange,
     WeekdayTail,

@@ -2,6 +2,7 @@
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -97,6 +98,35 @@ void addCases(const char *file, int columns)
         QTest::newRow(row.where.constData()) << row.cells;
 }
 
+// The phrases in backticks of the tables between two headings of docs/quick-add.md, from the first
+// `cells` cells of each row.
+QStringList documentedPhrases(const QString &from, const QString &to, int cells)
+{
+    QFile document{QStringLiteral(ORVANE_TEST_DATA "/../../docs/quick-add.md")};
+    if (!document.open(QIODevice::ReadOnly)) qFatal("docs/quick-add.md cannot be read");
+    const QString text = QString::fromUtf8(document.readAll());
+    const qsizetype begin = text.indexOf(from);
+    QStringList phrases;
+    for (const QString &line : text.mid(begin, text.indexOf(to) - begin).split(u'\n')) {
+        const QStringList row = line.split(u'|').mid(1, cells);
+        if (!line.startsWith(u'|')) continue;
+        for (const QString &cell : row) {
+            const QStringList pieces = cell.split(u'`');
+            for (qsizetype i = 1; i < pieces.size(); i += 2)
+                phrases << pieces.at(i);
+        }
+    }
+    if (begin < 0 || phrases.isEmpty()) qFatal("docs/quick-add.md has no phrases");
+    return phrases;
+}
+
+void addPhrases(const QString &from, const QString &to, int cells)
+{
+    QTest::addColumn<QString>("phrase");
+    for (const QString &phrase : documentedPhrases(from, to, cells))
+        QTest::addRow("%s", qUtf8Printable(phrase)) << phrase;
+}
+
 } // namespace
 
 class NLPNativeTitleParser_test : public QObject {
@@ -142,6 +172,26 @@ private Q_SLOTS:
     void leavesOtherLanguagesAlone_data() { addCases("dates/english-other.txt", 1); }
     void leavesOtherLanguagesAlone() { checkNothing(L"en"); }
 
+    void readsWhatIsDocumented_data() { addPhrases(u"## What you can type"_s, u"## How it is read"_s, 2); }
+    void readsWhatIsDocumented()
+    {
+        QFETCH(QString, phrase);
+        const auto answer =
+            decoded(parserWith({}).parse(phrase.toStdWString(), wednesdayMorning, true, L"zh"));
+        QCOMPARE(answer.value("recognizeStrings"_L1), QJsonArray{phrase});
+    }
+
+    void leavesAloneWhatIsDocumented_data()
+    {
+        addPhrases(u"## What is left alone"_s, u"## A further language"_s, 1);
+    }
+    void leavesAloneWhatIsDocumented()
+    {
+        QFETCH(QString, phrase);
+        const auto answer = parserWith({}).parse(phrase.toStdWString(), wednesdayMorning, true, L"zh");
+        QVERIFY2(isEmptyAnswer(decoded(answer)), qUtf8Printable(QString::fromStdWString(answer)));
+    }
+
     void followsSettings_data() { addCases("dates/settings.txt", 9); }
     void followsSettings()
     {
@@ -177,6 +227,9 @@ private Q_SLOTS:
             const auto answer = parserWith({}).parse(title, L"9999-12-31T10:00:00", true, L"en");
             QVERIFY2(isEmptyAnswer(decoded(answer)), qUtf8Printable(QString::fromStdWString(answer)));
         }
+        const auto open = decoded(parserWith({}).parse(L"10pm-1am", L"9999-12-31T10:00:00", true, L"en"));
+        QCOMPARE(open.value("startDate"_L1).toString(), u"9999-12-31T22:00:00"_s);
+        QCOMPARE(open.value("dueDate"_L1).toString(u"?"_s), QString{});
     }
 
     void answersAnyTextWithJson_data()
