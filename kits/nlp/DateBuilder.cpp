@@ -41,6 +41,11 @@ bool isMoment(const Fragment &date)
     return (date.slots & DaySlot) != 0 && date.day.offset.amount != 0 && date.day.offset.isBelowOneDay();
 }
 
+bool isRangeOfTimes(const Fragment &date)
+{
+    return (date.slots & EndClockSlot) != 0 && (date.slots & LengthSlot) == 0;
+}
+
 bool isInCalendar(LocalTime time)
 {
     return Calendar::validated(year_month_day{floor<days>(time)}).has_value();
@@ -81,8 +86,7 @@ std::optional<minutes> DateBuilder::startTime(const Fragment &date) const
     if ((date.slots & ClockSlot) == 0)
         return (date.slots & PartSlot) != 0 ? std::optional{timeOf(date.part)} : std::nullopt;
     const ClockReference clock = (date.slots & PartSlot) != 0 ? date.clock.within(date.part) : date.clock;
-    const bool isRange = (date.slots & EndSlot) != 0 && date.end == Fragment::End::Clock;
-    return isRange ? resolvedBefore(clock, date.endClock) : resolved(clock);
+    return isRangeOfTimes(date) ? resolvedBefore(clock, date.endClock) : resolved(clock);
 }
 
 // The day from which the time counts: a night's end at 1:00 has 25 hours.
@@ -104,27 +108,19 @@ std::optional<LocalDay> DateBuilder::startDay(const Fragment &date, std::optiona
 
 std::optional<LocalDay> DateBuilder::untilDay(const Fragment &date, LocalDay start) const
 {
-    if ((date.slots & LastDaySlot) == 0) return std::nullopt;
-    return Calendar{start, m_settings.firstWeekday}.resolve(date.lastDay, Calendar::Today::Included);
+    if ((date.slots & UntilSlot) == 0) return std::nullopt;
+    return Calendar{start, m_settings.firstWeekday}.resolve(date.untilDay, Calendar::Today::Included);
 }
 
 std::optional<LocalTime> DateBuilder::due(const Fragment &date, LocalTime start, bool isAllDay) const
 {
-    if ((date.slots & EndSlot) == 0) return std::nullopt;
-    switch (date.end) {
-    case Fragment::End::Clock: {
-        const LocalDay day = floor<days>(start);
-        const auto end = resolvedAfter(date.endClock, start - day);
-        return day + end;
-    }
-    case Fragment::End::Day:
-        return dueOnDay(date, start);
-    case Fragment::End::Length:
-        return dueOfLength(date.length, start, isAllDay);
-    case Fragment::End::None:
-        break;
-    }
-    return std::nullopt;
+    if ((date.slots & LengthSlot) != 0) return dueOfLength(date.length, start, isAllDay);
+    if ((date.slots & (EndDaySlot | EndClockSlot)) == 0) return std::nullopt;
+    const LocalDay first = floor<days>(start);
+    const auto last = (date.slots & EndDaySlot) != 0 ? lastDay(date.endDay, first) : first;
+    if (!last) return std::nullopt;
+    const minutes time = start - first;
+    return *last + (isRangeOfTimes(date) ? resolvedAfter(date.endClock, time) : time);
 }
 
 std::optional<LocalTime> DateBuilder::dueOfLength(const Quantity &length, LocalTime start,
@@ -137,15 +133,13 @@ std::optional<LocalTime> DateBuilder::dueOfLength(const Quantity &length, LocalT
     return *end + (start - day) - (isAllDay ? days{1} : days{0});
 }
 
-std::optional<LocalTime> DateBuilder::dueOnDay(const Fragment &date, LocalTime start) const
+std::optional<LocalDay> DateBuilder::lastDay(const DayReference &reference, LocalDay first) const
 {
-    const LocalDay first = floor<days>(start);
-    const bool isCounted = date.lastDay.kind == DayReference::Kind::Ahead ||
-                           date.lastDay.kind == DayReference::Kind::NextWeekday;
-    const Calendar fromStart{first, m_settings.firstWeekday};
-    const auto last = (isCounted ? m_calendar : fromStart).resolve(date.lastDay, Calendar::Today::Excluded);
-    if (!last || *last < first) return std::nullopt;
-    return *last + (start - first);
+    const bool isCounted =
+        reference.kind == DayReference::Kind::Ahead || reference.kind == DayReference::Kind::NextWeekday;
+    const Calendar fromFirst{first, m_settings.firstWeekday};
+    const auto last = (isCounted ? m_calendar : fromFirst).resolve(reference, Calendar::Today::Excluded);
+    return last && *last >= first ? last : std::nullopt;
 }
 
 bool DateBuilder::isAmbiguous(const ClockReference &clock) const

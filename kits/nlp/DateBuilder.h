@@ -31,7 +31,7 @@ private:
     std::optional<LocalDay> untilDay(const Fragment &date, LocalDay start) const;
     std::optional<LocalTime> due(const Fragment &date, LocalTime start, bool isAllDay) const;
     std::optional<LocalTime> dueOfLength(const Quantity &length, LocalTime start, bool isAllDay) const;
-    std::optional<LocalTime> dueOnDay(const Fragment &date, LocalTime start) const;
+    std::optional<LocalDay> lastDay(const DayReference &reference, LocalDay first) const;
     TimeOfDayMinutes resolved(const ClockReference &clock) const;
     TimeOfDayMinutes resolvedBefore(const ClockReference &clock, const ClockReference &end) const;
     TimeOfDayMinutes resolvedAfter(const ClockReference &clock, TimeOfDayMinutes start) const;

@@ -61,11 +61,7 @@ bool setPeriod(Fragment &fragment, Kind kind, Unit unit, int periodsAhead)
     return true;
 }
 
-void setRange(Fragment &fragment)
-{
-    fragment.slots = DaySlot | EndSlot;
-    fragment.end = Fragment::End::Day;
-}
+void setRange(Fragment &fragment) { fragment.slots = DaySlot | EndDaySlot; }
 
 int dayNumber(const Match &match, int nth = 0)
 {
@@ -236,7 +232,7 @@ bool dayRange(const Match &match, Fragment &fragment)
     const Symbol last = areDays || (!areWeekdays && weekdayLeads) ? Symbol::Day : Symbol::AnyWeekday;
     setRange(fragment);
     fragment.day = match.fragment(first).day;
-    fragment.lastDay = match.fragment(last, first == last ? 1 : 0).day;
+    fragment.endDay = match.fragment(last, first == last ? 1 : 0).day;
     return true;
 }
 
@@ -247,7 +243,7 @@ bool daysOfMonthRange(const Match &match, Fragment &fragment)
     const int days = match.has(Symbol::Month) ? 0 : 1;
     const int last = dayNumber(match, days + 1);
     if (last <= dayNumber(match, days) || !setDate(fragment, 0, month, last)) return false;
-    fragment.lastDay = fragment.day;
+    fragment.endDay = fragment.day;
     if (!setDate(fragment, 0, month, dayNumber(match, days))) return false;
     setRange(fragment);
     return true;
@@ -258,7 +254,7 @@ bool daysOfComingMonthRange(const Match &match, Fragment &fragment)
     const int first = match.value(Symbol::Number, 0);
     const int last = match.value(Symbol::Number, 1);
     if (last <= first || !setDayOfMonth(fragment, last, -1)) return false;
-    fragment.lastDay = fragment.day;
+    fragment.endDay = fragment.day;
     if (!setDayOfMonth(fragment, first, -1)) return false;
     setRange(fragment);
     return true;
@@ -270,7 +266,7 @@ bool dayToDayOfMonth(const Match &match, Fragment &fragment)
     if (first.day.kind != Kind::Date && first.day.kind != Kind::DayOfMonth) return false;
     const int last = match.value(Symbol::Number);
     if (last <= first.day.day || !setDayOfMonth(fragment, last, -1)) return false;
-    fragment.lastDay = fragment.day;
+    fragment.endDay = fragment.day;
     fragment.day = first.day;
     setRange(fragment);
     return true;

@@ -39,12 +39,10 @@ void Fragment::merge(const Fragment &other)
     if (added & DaySlot) day = other.day;
     if (added & PartSlot) part = other.part;
     if (added & ClockSlot) clock = other.clock;
-    if (added & (EndSlot | LastDaySlot)) lastDay = other.lastDay;
-    if (added & EndSlot) {
-        end = other.end;
-        endClock = other.endClock;
-        length = other.length;
-    }
+    if (added & EndDaySlot) endDay = other.endDay;
+    if (added & EndClockSlot) endClock = other.endClock;
+    if (added & LengthSlot) length = other.length;
+    if (added & UntilSlot) untilDay = other.untilDay;
     if (added & RepeatSlot) repeat = other.repeat;
     if (added & CountSlot) count = other.count;
     if (added & ReminderSlot) {

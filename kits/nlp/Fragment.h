@@ -62,7 +62,7 @@ struct RepeatReference {
     Unit unit = Unit::Day;
     std::uint8_t weekdays = 0; ///< bit 0 = Sunday
     std::uint8_t nth = 0;      ///< which of these weekdays of the month, 0 = each
-    std::uint8_t monthDay = 0; ///< 0 = that of the start
+    std::int8_t monthDay = 0;  ///< 0 = that of the start, -1 = the last
     std::uint8_t month = 0;    ///< 0 = that of the start
     bool needsCompany = false; ///< said with a word that may be an adjective
 };
@@ -72,27 +72,30 @@ enum Slot : unsigned {
     DaySlot = 1 << 0,
     PartSlot = 1 << 1,
     ClockSlot = 1 << 2,
-    EndSlot = 1 << 3,
-    RepeatSlot = 1 << 4,
-    CountSlot = 1 << 5,
-    LastDaySlot = 1 << 6,
-    ReminderSlot = 1 << 7,
-    BygoneSlot = 1 << 8,
+    EndDaySlot = 1 << 3,
+    EndClockSlot = 1 << 4,
+    LengthSlot = 1 << 5,
+    RepeatSlot = 1 << 6,
+    CountSlot = 1 << 7,
+    UntilSlot = 1 << 8,
+    ReminderSlot = 1 << 9,
+    BygoneSlot = 1 << 10,
+    DurationSlots = LengthSlot | EndDaySlot | EndClockSlot, ///< a length leaves no other end
 };
 
 /// The meaning of a phrase. Only what `slots` names is meant.
 struct Fragment {
     unsigned slots = 0;
     DayReference day;
-    DayReference lastDay;    ///< EndSlot of a range of days; LastDaySlot of a repeat
-    ClockReference clock;    ///< ClockSlot, unless the day is an offset below one day
-    ClockReference endClock; ///< EndSlot of a range of times
-    enum class End : std::uint8_t { None, Day, Clock, Length } end = End::None;
+    DayReference endDay;   ///< the last day of a range
+    DayReference untilDay; ///< the last day of a repeat
+    ClockReference clock;  ///< unless the day is an offset below one day
+    ClockReference endClock;
     DayPart part = DayPart::None;
-    Quantity length; ///< EndSlot of a duration; the amount of a bare quantity
+    Quantity length; ///< of a duration, or a bare amount
     RepeatReference repeat;
-    int count = 0;                   ///< CountSlot: how many times it repeats
-    std::array<Quantity, 3> leads{}; ///< ReminderSlot: how long before
+    int count = 0;                   ///< how many times it repeats
+    std::array<Quantity, 3> leads{}; ///< of a reminder: how long before
     std::uint8_t leadCount = 0;
 
     /// Takes over what `other` fills and this does not.

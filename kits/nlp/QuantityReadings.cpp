@@ -65,8 +65,7 @@ bool quantityAndHalf(const Match &match, Fragment &fragment)
 
 bool duration(const Match &match, Fragment &fragment)
 {
-    fragment.slots = EndSlot;
-    fragment.end = Fragment::End::Length;
+    fragment.slots = DurationSlots;
     fragment.length = match.fragment(Symbol::Quantity).length;
     return true;
 }
@@ -75,6 +74,8 @@ bool lead(const Match &match, Fragment &fragment)
 {
     fragment.slots = ReminderSlot;
     fragment.leads[fragment.leadCount++] = match.fragment(Symbol::Quantity).length;
+    if (match.has(Symbol::Quantity, 1))
+        fragment.leads[fragment.leadCount++] = match.fragment(Symbol::Quantity, 1).length;
     const Fragment &further = match.fragment(Symbol::Leads);
     for (int i = 0; i < further.leadCount; ++i) {
         if (fragment.leadCount == fragment.leads.size()) return false;

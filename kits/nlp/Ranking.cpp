@@ -57,14 +57,14 @@ int rankOf(const Phrase &phrase)
     const Fragment &fragment = phrase.fragment;
     const auto fills = [&](unsigned slots) { return (fragment.slots & slots) != 0; };
     // These give other phrases' words another sense, so they come first.
-    if (fills(ReminderSlot)) return 40;
-    if (fills(BygoneSlot)) return 30;
-    if (fills(CountSlot | LastDaySlot)) return 11;
-    const int days = fills(RepeatSlot)                                      ? 7
-                     : fills(EndSlot) && fragment.end == Fragment::End::Day ? 6
-                     : fills(DaySlot)                                       ? dayRank(fragment.day)
-                                                                            : 0;
-    const int times = fills(ClockSlot) ? (fills(EndSlot) ? 4 : 3) : fills(PartSlot) ? 1 : 0;
+    if (fills(ReminderSlot)) return 20;
+    if (fills(BygoneSlot)) return 13;
+    if (fills(CountSlot | UntilSlot)) return 11;
+    const int days = fills(RepeatSlot)                     ? 7
+                     : fills(EndDaySlot) && fills(DaySlot) ? 6
+                     : fills(DaySlot)                      ? dayRank(fragment.day)
+                                                           : 0;
+    const int times = fills(ClockSlot) ? (fills(EndClockSlot) ? 4 : 3) : fills(PartSlot) ? 1 : 0;
     return days * 2 + times;
 }
 
@@ -79,8 +79,8 @@ bool isBetter(const Ranking::Candidate &a, const Ranking::Candidate &b)
 bool isAtHome(const Fragment &fragment, unsigned filled)
 {
     if ((filled & (DaySlot | PartSlot | ClockSlot | RepeatSlot)) == 0) return false;
-    if ((fragment.slots & (CountSlot | LastDaySlot)) != 0) return (filled & RepeatSlot) != 0;
-    if ((fragment.slots & EndSlot) == 0 || fragment.end != Fragment::End::Length) return true;
+    if ((fragment.slots & (CountSlot | UntilSlot)) != 0) return (filled & RepeatSlot) != 0;
+    if ((fragment.slots & LengthSlot) == 0) return true;
     return !fragment.length.isBelowOneDay() || (filled & (ClockSlot | PartSlot)) != 0;
 }
 

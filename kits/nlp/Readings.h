@@ -68,6 +68,7 @@ bool everySkippedUnit(const Match &match, Fragment &fragment);
 bool frequency(const Match &match, Fragment &fragment);
 bool repeatAlone(const Match &match, Fragment &fragment);
 bool everyWeekdays(const Match &match, Fragment &fragment);
+bool weekdaysEveryDay(const Match &match, Fragment &fragment); ///< "周一到周五每天"
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment);
 bool pluralWeekday(const Match &match, Fragment &fragment);
 bool everyDayExcept(const Match &match, Fragment &fragment);
@@ -75,6 +76,7 @@ bool everyWorkday(const Match &match, Fragment &fragment);
 bool everyWeekend(const Match &match, Fragment &fragment);
 bool everyPart(const Match &match, Fragment &fragment);
 bool everyDayOfMonth(const Match &match, Fragment &fragment);
+bool everyLastDayOfMonth(const Match &match, Fragment &fragment);
 bool everyDate(const Match &match, Fragment &fragment);
 bool untilDay(const Match &match, Fragment &fragment);
 bool countOfTimes(const Match &match, Fragment &fragment);

@@ -92,6 +92,14 @@ bool everyWeekdays(const Match &match, Fragment &fragment)
     return fragment.repeat.unit == Unit::Week;
 }
 
+bool weekdaysEveryDay(const Match &match, Fragment &fragment)
+{
+    const RepeatReference &every = match.fragment(Symbol::EveryUnit).repeat;
+    fragment.repeat.weekdays =
+        match.has(Symbol::Workday) ? mondayToFriday : match.fragment(Symbol::Weekdays).repeat.weekdays;
+    return every.unit == Unit::Day && every.interval == 1 && setRepeat(fragment, 1, Unit::Week);
+}
+
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment)
 {
     const int nth = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
@@ -146,8 +154,18 @@ bool everyDayOfMonth(const Match &match, Fragment &fragment)
     fragment = match.fragment(Symbol::EveryUnit);
     if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Month)) return false;
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
-    fragment.repeat.monthDay = std::uint8_t(std::clamp(day, 0, 32));
+    fragment.repeat.monthDay = std::int8_t(std::clamp(day, 0, 32));
     return fragment.repeat.unit == Unit::Month && day >= 1 && day <= 31;
+}
+
+bool everyLastDayOfMonth(const Match &match, Fragment &fragment)
+{
+    fragment = match.fragment(Symbol::EveryUnit);
+    if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Month)) return false;
+    if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Day) return false;
+    if (match.has(Symbol::Unit, 1) && Unit(match.value(Symbol::Unit, 1)) != Unit::Month) return false;
+    fragment.repeat.monthDay = -1;
+    return fragment.repeat.unit == Unit::Month;
 }
 
 bool everyDate(const Match &match, Fragment &fragment)
@@ -157,14 +175,14 @@ bool everyDate(const Match &match, Fragment &fragment)
     if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Year)) return false;
     if (date.year != 0 || date.periodsAhead != 0) return false;
     fragment.repeat.month = date.month;
-    fragment.repeat.monthDay = date.day;
+    fragment.repeat.monthDay = std::int8_t(date.day);
     return fragment.repeat.unit == Unit::Year;
 }
 
 bool untilDay(const Match &match, Fragment &fragment)
 {
-    fragment.slots = LastDaySlot;
-    fragment.lastDay = match.fragment(Symbol::Day).day;
+    fragment.slots = UntilSlot;
+    fragment.untilDay = match.fragment(Symbol::Day).day;
     return true;
 }
 

@@ -37,11 +37,15 @@ std::wstring compactDate(LocalDay day)
 
 std::optional<LocalDay> RepeatSchedule::firstDay(LocalDay earliest) const
 {
+    if (m_repeat.monthDay < 0) {
+        const DayReference reference{.kind = DayReference::Kind::LastOf, .offset = {0, Unit::Month}};
+        return Calendar{earliest, 1}.resolve(reference, Calendar::Today::Included);
+    }
     if (m_repeat.monthDay != 0) {
         DayReference reference;
         reference.kind = m_repeat.month != 0 ? DayReference::Kind::Date : DayReference::Kind::DayOfMonth;
         reference.month = m_repeat.month;
-        reference.day = m_repeat.monthDay;
+        reference.day = std::uint8_t(m_repeat.monthDay);
         reference.periodsAhead = m_repeat.month != 0 ? 0 : -1;
         return Calendar{earliest, 1}.resolve(reference, Calendar::Today::Included);
     }

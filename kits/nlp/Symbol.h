@@ -72,6 +72,7 @@ enum class Symbol : std::uint8_t {
     Before,
     Advance,
     EndOf,
+    LastDay,
     Weekend,
     FreeWeekend, ///< one that says when on its own
     Workday,

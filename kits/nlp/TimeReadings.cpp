@@ -112,8 +112,7 @@ bool namedTime(const Match &match, Fragment &fragment)
 bool clockRange(const Match &match, Fragment &fragment)
 {
     match.forEachFragment([&](const Fragment &time) { fragment.merge(time); });
-    fragment.slots |= ClockSlot | EndSlot;
-    fragment.end = Fragment::End::Clock;
+    fragment.slots |= ClockSlot | EndClockSlot;
     return rangeEnd(match, true, fragment.clock) && rangeEnd(match, false, fragment.endClock);
 }
 

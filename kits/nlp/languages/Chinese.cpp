@@ -1,6 +1,6 @@
-#include "nlp/Fragment.h"
 #include "nlp/Readings.h"
 #include "nlp/languages/Languages.h"
+#include "nlp/languages/WordValues.h"
 
 namespace nlp {
 
@@ -8,11 +8,6 @@ namespace nlp {
 namespace readings::chineseTables {
 
 using enum Symbol;
-
-constexpr int value(nlp::Unit unit) { return int(unit); }
-constexpr int value(nlp::DayPart part) { return int(part); }
-constexpr int every(int interval, nlp::Unit unit) { return interval * 16 + int(unit); }
-constexpr int dayWith(int day, nlp::DayPart part) { return day * 16 + int(part); }
 
 // Simplified and traditional side by side.
 constexpr Word words[] = {
@@ -85,6 +80,7 @@ constexpr Word words[] = {
     {L"的", Of},
     {L"和|与|及|跟|與", And},
     {L"底|末", EndOf},
+    {L"最后一天|最後一天", LastDay},
     {L"天天|每天一次|每日一次", Frequency, every(1, nlp::Unit::Day)},
     {L"隔天|隔日", Frequency, every(2, nlp::Unit::Day)},
     {L"每周一次|每星期一次|每週一次", Frequency, every(1, nlp::Unit::Week)},
@@ -96,7 +92,6 @@ constexpr Word words[] = {
     {L"提醒", Remind, 0},
     {L"持续|持續|为期|為期|历时|歷時", For},
     {L"直到|截止到|截至", Until},
-    {L"次", Times},
     {L"第|共|有|版本|比分|比例|得分|评分|評分|第几", ScoreWord},
 
     // Words whose parts would be read.
@@ -201,6 +196,9 @@ constexpr Rule rules[] = {
     {Repeat, {EveryUnit, maybe(Of), Number, DayMark}, everyDayOfMonth},
     {Repeat, {EveryUnit, maybe(Of), Date}, everyDate},
     {Repeat, {EveryUnit, maybe(Of), Weekdays}, everyWeekdays},
+    {Repeat, {EveryUnit, maybe(Of), LastDay}, everyLastDayOfMonth},
+    {Repeat, {Weekdays, EveryUnit}, weekdaysEveryDay},
+    {Repeat, {Workday, EveryUnit}, weekdaysEveryDay},
     {Repeat, {Every, maybe(Counter), Weekdays}, everyWeekdays},
     {Repeat, {Every, maybe(Counter), Workday}, everyWorkday},
     {Repeat, {Every, maybe(Counter), FreeWeekend}, everyWeekend},
@@ -213,6 +211,7 @@ constexpr Rule rules[] = {
     {Duration, {For, Quantity}, duration},
     {Leads, {Quantity, Before}, lead},
     {Leads, {Advance, Quantity}, lead},
+    {Leads, {Advance, Quantity, And, Quantity}, lead},
     {Leads, {Advance, Quantity, And, Leads}, lead},
     {Reminder, {Remind}, reminder},
     {Reminder, {Remind, Leads}, reminder},
@@ -227,6 +226,7 @@ constexpr Rule rules[] = {
     {Combined, {Day, FreeDayPart}, dayPart},
     {Combined, {Repeat, maybe(Of), Clock}, inner},
     {Combined, {Repeat, maybe(Of), ClockRange}, inner},
+    {Combined, {Day, maybe(Of), Clock, Before}, inner},
     {Combined, {Day, Before}, inner},
     {Combined, {Clock, Before}, inner},
 

@@ -1,6 +1,6 @@
-#include "nlp/Fragment.h"
 #include "nlp/Readings.h"
 #include "nlp/languages/Languages.h"
+#include "nlp/languages/WordValues.h"
 
 namespace nlp {
 
@@ -8,10 +8,6 @@ namespace nlp {
 namespace readings::englishTables {
 
 using enum Symbol;
-
-constexpr int value(nlp::Unit unit) { return int(unit); }
-constexpr int value(nlp::DayPart part) { return int(part); }
-constexpr int every(int interval, nlp::Unit unit) { return interval * 16 + int(unit); }
 
 constexpr Word words[] = {
     {L"sunday", Weekday, 0},
@@ -84,7 +80,7 @@ constexpr Word words[] = {
     {L"today", RelativeDay, 0},
     {L"tomorrow|tmr|tmrw|tmw|tomorow|tommorow|tommorrow", RelativeDay, 1},
     {L"day after tomorrow|the day after tomorrow", RelativeDay, 2},
-    {L"tonight|tonite", DayWithPart, value(nlp::DayPart::Night)},
+    {L"tonight|tonite", DayWithPart, dayWith(0, nlp::DayPart::Night)},
     {L"yesterday|day before yesterday|the day before yesterday", PastDay},
 
     {L"morning|mornings", DayPart, value(nlp::DayPart::Morning)},
@@ -284,6 +280,8 @@ constexpr Rule rules[] = {
     {Repeat, {EveryUnit, maybe(On), Weekdays}, everyWeekdays},
     {Repeat, {EveryUnit, On, maybe(The), Ordinal}, everyDayOfMonth, Guard::Closes},
     {Repeat, {EveryUnit, maybe(Comma), maybe(On), Date}, everyDate},
+    {Repeat, {EveryUnit, On, The, Last, Unit}, everyLastDayOfMonth},
+    {Repeat, {Every, Last, Unit, Of, The, Unit}, everyLastDayOfMonth},
     {Repeat, {Every, Weekdays}, everyWeekdays},
     {Repeat, {Every, Other, Weekdays}, everyWeekdays},
     {Repeat, {Every, Ordinal, Weekdays}, everyWeekdays},
