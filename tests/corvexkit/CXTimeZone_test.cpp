@@ -46,11 +46,11 @@ QString difference(const ZoneTable &zone, const date::time_zone &reference, date
         moment = info.end;
         const auto begin = std::max(info.begin, first);
         const auto middle = begin + (std::min(info.end, last) - begin) / 2;
-        for (const auto probe : {begin - 1s, begin, begin + 1s, middle}) {
+        for (const auto probe : {begin - 1s, begin, middle}) {
             if (zone.offsetAt(instantOf(probe)) != reference.get_info(probe).offset)
                 return TimeText::fromInstant(instantOf(probe));
-            // Readings on both sides of a change of at most a day, in a change, and in plain time.
-            for (const auto shift : {-24h, -1h, 0h, 1h, 24h}) {
+            // Readings on both sides of a change and in it.
+            for (const auto shift : {-1h, 0h, 1h}) {
                 const date::local_seconds local{probe.time_since_epoch() + info.offset + shift};
                 const auto expected = reference.get_info(local);
                 const auto got = zone.resolve(LocalTime{local.time_since_epoch()});
