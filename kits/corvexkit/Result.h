@@ -20,12 +20,12 @@ class [[nodiscard]] Result {
 public:
     /// From a value, or from whatever converts to one by itself.
     template <std::convertible_to<T> U = T>
-    Result(U &&value) : state_{std::in_place_index<0>, std::forward<U>(value)}
+    Result(U &&value) : m_state{std::in_place_index<0>, std::forward<U>(value)}
     {
     }
-    Result(Error error) : state_{std::in_place_index<1>, std::move(error)} {}
+    Result(Error error) : m_state{std::in_place_index<1>, std::move(error)} {}
 
-    explicit operator bool() const { return state_.index() == 0; }
+    explicit operator bool() const { return m_state.index() == 0; }
 
     const T &value() const & { return part<0>(*this); }
     T &value() & { return part<0>(*this); }
@@ -45,12 +45,12 @@ private:
     template <std::size_t I, class Self>
     static auto &part(Self &self)
     {
-        auto *found = std::get_if<I>(&self.state_);
+        auto *found = std::get_if<I>(&self.m_state);
         assert(found);
         return *found;
     }
 
-    std::variant<T, Error> state_;
+    std::variant<T, Error> m_state;
 };
 
 /// Something that may fail and has no value to give. A default-made one is a success.
@@ -58,16 +58,16 @@ template <>
 class [[nodiscard]] Result<void> {
 public:
     Result() = default;
-    Result(Error error) : error_{std::move(error)}, failed_{true} {}
+    Result(Error error) : m_error{std::move(error)}, m_failed{true} {}
 
-    explicit operator bool() const { return !failed_; }
+    explicit operator bool() const { return !m_failed; }
     const Error &error() const
     {
-        assert(failed_);
-        return error_;
+        assert(m_failed);
+        return m_error;
     }
 
 private:
-    Error error_;
-    bool failed_ = false;
+    Error m_error;
+    bool m_failed = false;
 };

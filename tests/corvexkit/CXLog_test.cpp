@@ -63,13 +63,13 @@ QString standardErrorOf(const std::function<void()> &action)
 class CXLog_test : public QObject {
     Q_OBJECT
 
-    std::shared_ptr<CapturingSink> sink_;
+    std::shared_ptr<CapturingSink> m_sink;
 
 private Q_SLOTS:
     void init()
     {
-        sink_ = std::make_shared<CapturingSink>();
-        CXLog::setSink(sink_);
+        m_sink = std::make_shared<CapturingSink>();
+        CXLog::setSink(m_sink);
         CXLog::setTimeSource([] { return at("2030-05-01 09:00:00.123"); });
     }
     void cleanup()
@@ -83,15 +83,15 @@ private Q_SLOTS:
     {
         logger.info(u"New Day: 2030-05-01"_s);
         logger.error(u"100 %1 of %2");
-        QCOMPARE(sink_->lines, QStringList({u"2030-05-01T09:00:00.123Z info app: New Day: 2030-05-01\n"_s,
-                                            u"2030-05-01T09:00:00.123Z error app: 100 %1 of %2\n"_s}));
+        QCOMPARE(m_sink->lines, QStringList({u"2030-05-01T09:00:00.123Z info app: New Day: 2030-05-01\n"_s,
+                                             u"2030-05-01T09:00:00.123Z error app: 100 %1 of %2\n"_s}));
     }
 
     void keepsOneEntryToALineThatBeginsWithATime()
     {
         logger.warning(u"one\ntwo\r\nthree\rfour\n\n");
-        QCOMPARE(sink_->lines, QStringList{u"2030-05-01T09:00:00.123Z warning app: one\n    two\n    three\n"
-                                           "    four\n"_s});
+        QCOMPARE(m_sink->lines, QStringList{u"2030-05-01T09:00:00.123Z warning app: one\n    two\n    three\n"
+                                            "    four\n"_s});
     }
 
     void leavesOutLevelsThatAreOff()
@@ -108,7 +108,7 @@ private Q_SLOTS:
         CXLog::setMinimumLevel(CXLogLevel::Error);
         logger.warning(text);
         QCOMPARE(built, 1);
-        QCOMPARE(sink_->lines, QStringList{u"2030-05-01T09:00:00.123Z debug app: dear\n"_s});
+        QCOMPARE(m_sink->lines, QStringList{u"2030-05-01T09:00:00.123Z debug app: dear\n"_s});
     }
 
     void takesInQtMessages()
@@ -121,7 +121,7 @@ private Q_SLOTS:
         qCCritical(category, "from a part");
         qDebug("not at this level");
         qInstallMessageHandler(before);
-        QCOMPARE(sink_->lines,
+        QCOMPARE(m_sink->lines,
                  QStringList({u"2030-05-01T09:00:00.123Z warning qt: from Qt\n"_s,
                               u"2030-05-01T09:00:00.123Z error qt.some.part: from a part\n"_s}));
     }
@@ -147,7 +147,7 @@ private Q_SLOTS:
                         logger.info(u"line");
                 });
         }
-        QCOMPARE(sink_->lines.size(), 400);
+        QCOMPARE(m_sink->lines.size(), 400);
     }
 
     void rotatesFiles()

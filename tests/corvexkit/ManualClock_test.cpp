@@ -11,17 +11,17 @@ class ManualClock_test : public QObject {
     Q_OBJECT
 
     // What ran, and when by the wall clock.
-    QStringList ran_;
+    QStringList m_ran;
 
     std::function<void()> note(const ManualClock &clock, const QString &name)
     {
         return [this, &clock, name] {
-            ran_ << name + u' ' + TimeText::fromTimeOfDay(clock.now() - floor<days>(clock.now()));
+            m_ran << name + u' ' + TimeText::fromTimeOfDay(clock.now() - floor<days>(clock.now()));
         };
     }
 
 private Q_SLOTS:
-    void init() { ran_.clear(); }
+    void init() { m_ran.clear(); }
 
     void standsWhereItWasSet()
     {
@@ -39,9 +39,9 @@ private Q_SLOTS:
         const auto same = clock.callAt(at("2030-05-01 09:10"), note(clock, u"same"_s));
         const auto last = clock.callAt(at("2030-05-01 10:00"), note(clock, u"last"_s));
         clock.advance(59min);
-        QCOMPARE(ran_, QStringList({u"early 09:10"_s, u"same 09:10"_s, u"late 09:30"_s}));
+        QCOMPARE(m_ran, QStringList({u"early 09:10"_s, u"same 09:10"_s, u"late 09:30"_s}));
         clock.advance(1min);
-        QCOMPARE(ran_.last(), u"last 10:00"_s);
+        QCOMPARE(m_ran.last(), u"last 10:00"_s);
         QVERIFY(clock.isIdle());
         QCOMPARE(clock.now(), at("2030-05-01 10:00"));
     }
@@ -56,7 +56,7 @@ private Q_SLOTS:
         };
         minute = clock.callAt(at("2030-05-01 09:01"), tick);
         clock.advance(3min);
-        QCOMPARE(ran_, QStringList({u"tick 09:01"_s, u"tick 09:02"_s, u"tick 09:03"_s}));
+        QCOMPARE(m_ran, QStringList({u"tick 09:01"_s, u"tick 09:02"_s, u"tick 09:03"_s}));
     }
 
     void cancels()
@@ -75,7 +75,7 @@ private Q_SLOTS:
         ClockCall moved = std::move(kept);
         QVERIFY(moved.isPending() && !kept.isPending());
         clock.advance(1s);
-        QCOMPARE(ran_, QStringList({u"kept 09:00:01"_s, u"replacing 09:00:01"_s}));
+        QCOMPARE(m_ran, QStringList({u"kept 09:00:01"_s, u"replacing 09:00:01"_s}));
         QVERIFY(!moved.isPending());
     }
 
@@ -101,7 +101,7 @@ private Q_SLOTS:
         const auto first = clock.callAfter(1s, [&] { second.cancel(); });
         second = clock.callAfter(1s, note(clock, u"second"_s));
         clock.advance(1min);
-        QVERIFY(ran_.isEmpty());
+        QVERIFY(m_ran.isEmpty());
     }
 
     // A cancelled call may hold the handle of another one, or of itself.
@@ -115,7 +115,7 @@ private Q_SLOTS:
         outer.cancel();
         own->cancel();
         clock.advance(3s);
-        QCOMPARE(ran_, QStringList{u"inner 09:00:01"_s});
+        QCOMPARE(m_ran, QStringList{u"inner 09:00:01"_s});
         QCOMPARE(inner.use_count(), 1);
         QCOMPARE(own.use_count(), 1);
     }
@@ -136,9 +136,9 @@ private Q_SLOTS:
         const auto steady = clock.callAfter(30min, note(clock, u"steady"_s));
         clock.setNow(at("2030-05-01 08:00"));
         clock.advance(1h);
-        QCOMPARE(ran_, QStringList{u"steady 08:30"_s});
+        QCOMPARE(m_ran, QStringList{u"steady 08:30"_s});
         clock.setNow(at("2030-05-02 12:00"));
-        QCOMPARE(ran_.last(), u"wall 12:00"_s);
+        QCOMPARE(m_ran.last(), u"wall 12:00"_s);
         QCOMPARE(clock.monotonicNow(), milliseconds{1h});
     }
 
@@ -149,18 +149,18 @@ private Q_SLOTS:
         const auto first = clock.callAt(at("2030-05-01 23:00"), note(clock, u"first"_s));
         const auto steady = clock.callAfter(1h, note(clock, u"steady"_s));
         clock.sleep(8h);
-        QCOMPARE(ran_, QStringList({u"first 06:00"_s, u"second 06:00"_s}));
+        QCOMPARE(m_ran, QStringList({u"first 06:00"_s, u"second 06:00"_s}));
         clock.advance(1h);
-        QCOMPARE(ran_.last(), u"steady 07:00"_s);
+        QCOMPARE(m_ran.last(), u"steady 07:00"_s);
     }
 
     void runsOverdueCallsAtOnce()
     {
         ManualClock clock{"2030-05-01 09:00"};
         const auto past = clock.callAt(at("2030-05-01 08:00"), note(clock, u"past"_s));
-        QVERIFY(ran_.isEmpty());
+        QVERIFY(m_ran.isEmpty());
         clock.advance(0ms);
-        QCOMPARE(ran_, QStringList{u"past 09:00"_s});
+        QCOMPARE(m_ran, QStringList{u"past 09:00"_s});
     }
 };
 

@@ -24,7 +24,7 @@ Instant at(const char *localTime, const char *zone)
 }
 
 ManualClock::ManualClock(Instant now, CXTimeZone zone)
-    : now_{now}, zone_{zone}, calls_{std::make_shared<CallQueue>()}
+    : m_now{now}, m_zone{zone}, m_calls{std::make_shared<CallQueue>()}
 {
 }
 
@@ -33,48 +33,48 @@ ManualClock::ManualClock(const char *localTime, const char *zone)
 {
 }
 
-ManualClock::~ManualClock() { calls_->close(); }
+ManualClock::~ManualClock() { m_calls->close(); }
 
 ClockCall ManualClock::callAt(Instant when, std::function<void()> action)
 {
-    return calls_->add(CallQueue::Base::Wall, when.time_since_epoch(), std::move(action));
+    return m_calls->add(CallQueue::Base::Wall, when.time_since_epoch(), std::move(action));
 }
 
 ClockCall ManualClock::callAfter(milliseconds delay, std::function<void()> action)
 {
-    return calls_->add(CallQueue::Base::Monotonic, monotonic_ + delay, std::move(action));
+    return m_calls->add(CallQueue::Base::Monotonic, m_monotonic + delay, std::move(action));
 }
 
 void ManualClock::advance(milliseconds duration)
 {
     if (duration < 0ms) qFatal("Time only goes on: use setNow() to set the clock back");
     const auto pass = [this](milliseconds step) {
-        now_ += step;
-        monotonic_ += step;
+        m_now += step;
+        m_monotonic += step;
     };
     milliseconds left = duration;
     for (;;) {
-        const CallQueue::Reading reading{now_.time_since_epoch(), monotonic_};
-        const auto wait = calls_->untilNext(reading);
+        const CallQueue::Reading reading{m_now.time_since_epoch(), m_monotonic};
+        const auto wait = m_calls->untilNext(reading);
         if (!wait || *wait > left) break;
         pass(*wait);
         left -= *wait;
-        calls_->runNext({now_.time_since_epoch(), monotonic_});
+        m_calls->runNext({m_now.time_since_epoch(), m_monotonic});
     }
     pass(left);
 }
 
-void ManualClock::advanceTo(Instant when) { advance(when - now_); }
+void ManualClock::advanceTo(Instant when) { advance(when - m_now); }
 
-void ManualClock::sleep(milliseconds duration) { setNow(now_ + duration); }
+void ManualClock::sleep(milliseconds duration) { setNow(m_now + duration); }
 
 void ManualClock::setNow(Instant now)
 {
-    now_ = now;
-    while (calls_->runNext({now_.time_since_epoch(), monotonic_})) {
+    m_now = now;
+    while (m_calls->runNext({m_now.time_since_epoch(), m_monotonic})) {
     }
 }
 
-void ManualClock::setZone(const char *identifier) { zone_ = zoneOf(identifier); }
+void ManualClock::setZone(const char *identifier) { m_zone = zoneOf(identifier); }
 
-bool ManualClock::isIdle() const { return calls_->isEmpty(); }
+bool ManualClock::isIdle() const { return m_calls->isEmpty(); }

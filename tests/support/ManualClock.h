@@ -18,9 +18,9 @@ public:
 
     ~ManualClock() override;
 
-    Instant now() const override { return now_; }
-    CXTimeZone zone() const override { return zone_; }
-    std::chrono::milliseconds monotonicNow() const override { return monotonic_; }
+    Instant now() const override { return m_now; }
+    CXTimeZone zone() const override { return m_zone; }
+    std::chrono::milliseconds monotonicNow() const override { return m_monotonic; }
     [[nodiscard]] ClockCall callAt(Instant when, std::function<void()> action) override;
     [[nodiscard]] ClockCall callAfter(std::chrono::milliseconds delay, std::function<void()> action) override;
 
@@ -34,15 +34,15 @@ public:
     void sleep(std::chrono::milliseconds duration);
     /// Somebody sets the wall clock, forward or back. Calls due at `now` or before run at once.
     void setNow(Instant now);
-    void setZone(CXTimeZone zone) { zone_ = zone; }
+    void setZone(CXTimeZone zone) { m_zone = zone; }
     void setZone(const char *identifier);
 
     /// Whether any call is pending.
     bool isIdle() const;
 
 private:
-    Instant now_;
-    std::chrono::milliseconds monotonic_{0};
-    CXTimeZone zone_;
-    std::shared_ptr<CallQueue> calls_;
+    Instant m_now;
+    std::chrono::milliseconds m_monotonic{0};
+    CXTimeZone m_zone;
+    std::shared_ptr<CallQueue> m_calls;
 };

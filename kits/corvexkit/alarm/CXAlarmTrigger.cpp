@@ -33,7 +33,7 @@ struct Duration {
 // RFC 5545 section 3.3.6.
 class DurationReader {
 public:
-    explicit DurationReader(QStringView text) : text_{text} {}
+    explicit DurationReader(QStringView text) : m_text{text} {}
 
     std::optional<Duration> read()
     {
@@ -41,7 +41,7 @@ public:
         if (!negative) take(u'+');
         if (!take(u'P')) return {};
         Duration duration;
-        if (!readParts(duration) || !text_.isEmpty()) return {};
+        if (!readParts(duration) || !m_text.isEmpty()) return {};
         if (negative) {
             duration.calendarDays = -duration.calendarDays;
             duration.exact = -duration.exact;
@@ -73,10 +73,10 @@ private:
         constexpr std::array parts{std::pair{u'H', seconds{1h}}, std::pair{u'M', seconds{1min}},
                                    std::pair{u'S', seconds{1s}}};
         auto part = parts.begin();
-        for (bool first = true; first || !text_.isEmpty(); first = false) {
+        for (bool first = true; first || !m_text.isEmpty(); first = false) {
             const std::optional<int> number = takeNumber();
             if (!number) return false;
-            while (first && part != parts.end() && !text_.startsWith(part->first, Qt::CaseInsensitive))
+            while (first && part != parts.end() && !m_text.startsWith(part->first, Qt::CaseInsensitive))
                 ++part;
             if (part == parts.end() || !take(part->first)) return false;
             duration.exact += *number * part->second;
@@ -87,8 +87,8 @@ private:
 
     bool take(char16_t letter)
     {
-        if (!text_.startsWith(QChar{letter}, Qt::CaseInsensitive)) return false;
-        text_ = text_.mid(1);
+        if (!m_text.startsWith(QChar{letter}, Qt::CaseInsensitive)) return false;
+        m_text = m_text.mid(1);
         return true;
     }
 
@@ -96,15 +96,15 @@ private:
     {
         int number = 0;
         qsizetype length = 0;
-        for (; length < text_.size() && text_[length] >= u'0' && text_[length] <= u'9'; ++length) {
+        for (; length < m_text.size() && m_text[length] >= u'0' && m_text[length] <= u'9'; ++length) {
             if (length == 9) return {};
-            number = number * 10 + (text_[length].unicode() - u'0');
+            number = number * 10 + (m_text[length].unicode() - u'0');
         }
-        text_ = text_.mid(length);
+        m_text = m_text.mid(length);
         return length > 0 ? std::optional{number} : std::nullopt;
     }
 
-    QStringView text_;
+    QStringView m_text;
 };
 
 bool countsFromStart(QStringView parameter)
@@ -171,12 +171,12 @@ QString allDayText(seconds fromMidnight)
 } // namespace
 
 CXAlarmTrigger::CXAlarmTrigger(days calendarDays, seconds time, Unit calendarUnit, Kind kind)
-    : days_{calendarDays}, time_{time}, unit_{Unit::Days}, isAllDay_{kind == Kind::AllDay}
+    : m_days{calendarDays}, m_time{time}, m_unit{Unit::Days}, m_isAllDay{kind == Kind::AllDay}
 {
-    if (!isAllDay_ && (time != 0s || calendarDays == days{0}))
-        unit_ = unitOf(time);
+    if (!m_isAllDay && (time != 0s || calendarDays == days{0}))
+        m_unit = unitOf(time);
     else if (calendarUnit == Unit::Weeks && calendarDays != days{0})
-        unit_ = Unit::Weeks;
+        m_unit = Unit::Weeks;
 }
 
 CXAlarmTrigger CXAlarmTrigger::triggerWithRepresentation(const QString &text, bool isAllDay)
@@ -184,8 +184,8 @@ CXAlarmTrigger CXAlarmTrigger::triggerWithRepresentation(const QString &text, bo
     const std::optional<Duration> duration = durationOfLine(text);
     if (!duration) {
         CXAlarmTrigger invalid;
-        invalid.unit_ = Unit::Seconds;
-        invalid.invalidText_ = text.isNull() ? u""_s : text;
+        invalid.m_unit = Unit::Seconds;
+        invalid.m_invalidText = text.isNull() ? u""_s : text;
         return invalid;
     }
     const auto unit = duration->inWeeks ? Unit::Weeks : Unit::Days;
@@ -216,53 +216,53 @@ CXAlarmTrigger CXAlarmTrigger::onTime_AllDay()
 
 QString CXAlarmTrigger::representation() const
 {
-    if (!isValid()) return invalidText_;
-    const seconds total = days_ + time_;
+    if (!isValid()) return m_invalidText;
+    const seconds total = m_days + m_time;
     const QString opening = total < 0s ? u"TRIGGER:-P"_s : u"TRIGGER:P"_s;
-    if (isAllDay_) return opening + allDayText(total);
-    if (unit_ == Unit::Weeks) return opening + number(days_, days{7}) + u'W';
-    const QString calendarText = days_ == days{0} ? QString{} : number(days_, days{1}) + u'D';
+    if (m_isAllDay) return opening + allDayText(total);
+    if (m_unit == Unit::Weeks) return opening + number(m_days, days{7}) + u'W';
+    const QString calendarText = m_days == days{0} ? QString{} : number(m_days, days{1}) + u'D';
     if (total == 0s) return opening + u"T0S"_s;
-    return opening + calendarText + (time_ == 0s ? QString{} : u'T' + exactText(time_));
+    return opening + calendarText + (m_time == 0s ? QString{} : u'T' + exactText(m_time));
 }
 
 int CXAlarmTrigger::value() const
 {
-    const seconds length = isAllDay_ ? seconds{days_} : days_ + time_;
-    return int(-length / lengthOf(unit_));
+    const seconds length = m_isAllDay ? seconds{m_days} : m_days + m_time;
+    return int(-length / lengthOf(m_unit));
 }
 
 std::optional<seconds> CXAlarmTrigger::remindTime() const
 {
-    return isAllDay_ ? std::optional{time_} : std::nullopt;
+    return m_isAllDay ? std::optional{m_time} : std::nullopt;
 }
 
 std::optional<Instant> CXAlarmTrigger::fireInstant(Instant start, bool isAllDay, const CXTimeZone &zone) const
 {
     if (!isValid()) return {};
     if (isAllDay) {
-        const Day day = zone.dayOf(start) + days_;
-        return isAllDay_ ? zone.toInstant(LocalTime{day} + time_) : zone.startOfDay(day) + time_;
+        const Day day = zone.dayOf(start) + m_days;
+        return m_isAllDay ? zone.toInstant(LocalTime{day} + m_time) : zone.startOfDay(day) + m_time;
     }
     // A start in the repeated hour keeps which of the two it is.
-    const Instant moved = days_ == days{0} ? start : zone.toInstant(zone.toLocal(start) + days_);
-    return moved + time_;
+    const Instant moved = m_days == days{0} ? start : zone.toInstant(zone.toLocal(start) + m_days);
+    return moved + m_time;
 }
 
 std::strong_ordering CXAlarmTrigger::operator<=>(const CXAlarmTrigger &other) const
 {
     const auto key = [](const CXAlarmTrigger &trigger) {
-        const seconds total = trigger.days_ + trigger.time_;
-        return std::tuple{total.count(), trigger.days_.count(), int(trigger.unit_), trigger.isAllDay_};
+        const seconds total = trigger.m_days + trigger.m_time;
+        return std::tuple{total.count(), trigger.m_days.count(), int(trigger.m_unit), trigger.m_isAllDay};
     };
     if (const auto order = key(*this) <=> key(other); order != 0) return order;
     if (isValid() != other.isValid())
         return isValid() ? std::strong_ordering::less : std::strong_ordering::greater;
-    return invalidText_.compare(other.invalidText_) <=> 0;
+    return m_invalidText.compare(other.m_invalidText) <=> 0;
 }
 
 size_t qHash(const CXAlarmTrigger &trigger, size_t seed)
 {
-    return qHashMulti(seed, trigger.days_.count(), trigger.time_.count(), int(trigger.unit_),
-                      trigger.isAllDay_, trigger.invalidText_);
+    return qHashMulti(seed, trigger.m_days.count(), trigger.m_time.count(), int(trigger.m_unit),
+                      trigger.m_isAllDay, trigger.m_invalidText);
 }

@@ -36,8 +36,8 @@ public:
     /// 09:00 of the day.
     static CXAlarmTrigger onTime_AllDay();
 
-    bool isValid() const { return invalidText_.isNull(); }
-    bool isAllDay() const { return isAllDay_; }
+    bool isValid() const { return m_invalidText.isNull(); }
+    bool isAllDay() const { return m_isAllDay; }
 
     /// The canonical text, which reads back as an equal trigger: "TRIGGER:PT0S", "TRIGGER:-PT10M",
     /// "TRIGGER:-P1D"; for all-day triggers "TRIGGER:P0DT9H0M0S" (their weeks read back as days). Of an
@@ -46,7 +46,7 @@ public:
 
     /// Weeks as they were given; else the largest unit that says the trigger in one whole number. Minutes
     /// for on time, seconds for an invalid one.
-    Unit unit() const { return unit_; }
+    Unit unit() const { return m_unit; }
     /// How many units before the start; below zero, after it.
     int value() const;
     /// The time of day an all-day trigger reminds at; nothing for the others.
@@ -64,11 +64,11 @@ private:
     enum class Kind { Timed, AllDay };
     CXAlarmTrigger(std::chrono::days calendarDays, std::chrono::seconds time, Unit calendarUnit, Kind kind);
 
-    std::chrono::days days_{0};    // calendar days from the start, below zero before it
-    std::chrono::seconds time_{0}; // added after the days: a remind time, or an exact length
-    Unit unit_ = Unit::Minutes;
-    bool isAllDay_ = false;
-    QString invalidText_;
+    std::chrono::days m_days{0};    // calendar days from the start, below zero before it
+    std::chrono::seconds m_time{0}; // added after the days: a remind time, or an exact length
+    Unit m_unit = Unit::Minutes;
+    bool m_isAllDay = false;
+    QString m_invalidText;
 };
 
 size_t qHash(const CXAlarmTrigger &trigger, size_t seed = 0);

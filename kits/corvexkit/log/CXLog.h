@@ -51,7 +51,7 @@ void write(CXLogLevel level, QStringView category, QStringView text);
 /// instead of a text where building the text is dear.
 class CXLogger {
 public:
-    constexpr explicit CXLogger(const char16_t *category) : category_{category} {}
+    constexpr explicit CXLogger(const char16_t *category) : m_category{category} {}
 
     void debug(const auto &text) const { write(CXLogLevel::Debug, text); }
     void info(const auto &text) const { write(CXLogLevel::Info, text); }
@@ -64,10 +64,10 @@ private:
     {
         if (!CXLog::isEnabled(level)) return;
         if constexpr (std::invocable<const Text &>)
-            CXLog::write(level, category_, text());
+            CXLog::write(level, m_category, text());
         else
-            CXLog::write(level, category_, text);
+            CXLog::write(level, m_category, text);
     }
 
-    const char16_t *category_;
+    const char16_t *m_category;
 };

@@ -25,9 +25,9 @@ private:
     bool rotate();
     void giveUp(const QByteArray &line);
 
-    const QString folder_;
-    const Limits limits_;
-    QFile file_;
-    qint64 size_ = 0;
-    bool gaveUp_ = false;
+    const QString m_folder;
+    const Limits m_limits;
+    QFile m_file;
+    qint64 m_size = 0;
+    bool m_gaveUp = false;
 };

@@ -94,7 +94,7 @@ const ZoneTable *tableOf(const QString &identifier)
 CXTimeZone::CXTimeZone()
 {
     static const ZoneTable &table = *new ZoneTable{u"UTC"_s, 0s};
-    table_ = &table;
+    m_table = &table;
 }
 
 std::optional<CXTimeZone> CXTimeZone::named(const QString &identifier)
@@ -113,11 +113,11 @@ QString CXTimeZone::systemIdentifier()
 
 CXTimeZone CXTimeZone::system() { return named(systemIdentifier()).value_or(utc()); }
 
-QString CXTimeZone::identifier() const { return table_->identifier(); }
+QString CXTimeZone::identifier() const { return m_table->identifier(); }
 
-seconds CXTimeZone::offsetAt(Instant instant) const { return table_->offsetAt(instant); }
+seconds CXTimeZone::offsetAt(Instant instant) const { return m_table->offsetAt(instant); }
 
-CXTimeZone::Resolution CXTimeZone::resolve(LocalTime local) const { return table_->resolve(local); }
+CXTimeZone::Resolution CXTimeZone::resolve(LocalTime local) const { return m_table->resolve(local); }
 
 Instant CXTimeZone::startOfDay(Day day) const
 {
@@ -127,5 +127,5 @@ Instant CXTimeZone::startOfDay(Day day) const
 
 bool CXTimeZone::operator==(const CXTimeZone &other) const
 {
-    return table_ == other.table_ || identifier() == other.identifier();
+    return m_table == other.m_table || identifier() == other.identifier();
 }

@@ -66,7 +66,7 @@ public:
     bool operator==(const CXTimeZone &other) const;
 
 private:
-    explicit CXTimeZone(const ZoneTable *table) : table_{table} {}
+    explicit CXTimeZone(const ZoneTable *table) : m_table{table} {}
 
-    const ZoneTable *table_; // never freed
+    const ZoneTable *m_table; // never freed
 };

@@ -6,10 +6,10 @@ using Base = CallQueue::Base;
 
 ClockCall CallQueue::add(Base base, Time due, std::function<void()> action)
 {
-    const quint64 number = nextNumber_++;
-    calls_.emplace(number, Call{base, due, std::move(action)});
+    const quint64 number = m_nextNumber++;
+    m_calls.emplace(number, Call{base, due, std::move(action)});
     order(base).emplace(due, number);
-    if (onChange_) onChange_();
+    if (m_onChange) m_onChange();
     return ClockCall{weak_from_this(), number};
 }
 
@@ -17,15 +17,15 @@ CallQueue::Call CallQueue::take(std::map<quint64, Call>::iterator position)
 {
     Call call = std::move(position->second);
     order(call.base).erase({call.due, position->first});
-    calls_.erase(position);
-    if (onChange_) onChange_();
+    m_calls.erase(position);
+    if (m_onChange) m_onChange();
     return call;
 }
 
 void CallQueue::remove(quint64 number)
 {
-    const auto found = calls_.find(number);
-    if (found != calls_.end()) take(found);
+    const auto found = m_calls.find(number);
+    if (found != m_calls.end()) take(found);
 }
 
 std::optional<CallQueue::Time> CallQueue::nextDue(Base base) const
@@ -61,14 +61,14 @@ bool CallQueue::runNext(Reading now, quint64 limit)
     const auto monotonic = longestDue(Base::Monotonic, now.monotonic, limit);
     if (!wall && !monotonic) return false;
     const Overdue chosen = !wall ? *monotonic : !monotonic ? *wall : std::min(*wall, *monotonic);
-    const Call call = take(calls_.find(chosen.second));
+    const Call call = take(m_calls.find(chosen.second));
     if (call.action) call.action();
     return true;
 }
 
 void CallQueue::close()
 {
-    onChange_ = {};
-    const auto dropped = std::exchange(calls_, {});
-    orders_ = {};
+    m_onChange = {};
+    const auto dropped = std::exchange(m_calls, {});
+    m_orders = {};
 }

@@ -24,12 +24,12 @@ public:
     };
 
     /// `onChange` is called whenever nextDue() may have changed.
-    explicit CallQueue(std::function<void()> onChange = {}) : onChange_{std::move(onChange)} {}
+    explicit CallQueue(std::function<void()> onChange = {}) : m_onChange{std::move(onChange)} {}
 
     ClockCall add(Base base, Time due, std::function<void()> action);
     void remove(quint64 number);
-    bool contains(quint64 number) const { return calls_.contains(number); }
-    bool isEmpty() const { return calls_.empty(); }
+    bool contains(quint64 number) const { return m_calls.contains(number); }
+    bool isEmpty() const { return m_calls.empty(); }
 
     /// The earliest due time on one base.
     std::optional<Time> nextDue(Base base) const;
@@ -37,7 +37,7 @@ public:
     std::optional<Time> untilNext(Reading now) const;
 
     /// The number the next call will get; all calls of now have lower ones.
-    quint64 nextNumber() const { return nextNumber_; }
+    quint64 nextNumber() const { return m_nextNumber; }
     /// Runs the call that has been due longest among those numbered below `limit`; false when none is.
     bool runNext(Reading now, quint64 limit = std::numeric_limits<quint64>::max());
 
@@ -53,13 +53,13 @@ private:
     using Order = std::set<std::pair<Time, quint64>>;
     using Overdue = std::pair<Time, quint64>; // below zero; number
 
-    Order &order(Base base) { return orders_[std::size_t(base)]; }
-    const Order &order(Base base) const { return orders_[std::size_t(base)]; }
+    Order &order(Base base) { return m_orders[std::size_t(base)]; }
+    const Order &order(Base base) const { return m_orders[std::size_t(base)]; }
     std::optional<Overdue> longestDue(Base base, Time now, quint64 limit) const;
     Call take(std::map<quint64, Call>::iterator position);
 
-    std::map<quint64, Call> calls_; // by number
-    std::array<Order, 2> orders_;
-    quint64 nextNumber_ = 1;
-    std::function<void()> onChange_;
+    std::map<quint64, Call> m_calls; // by number
+    std::array<Order, 2> m_orders;
+    quint64 m_nextNumber = 1;
+    std::function<void()> m_onChange;
 };

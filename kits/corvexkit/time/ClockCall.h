@@ -25,6 +25,6 @@ private:
     friend class CallQueue;
     ClockCall(std::weak_ptr<CallQueue> queue, quint64 number);
 
-    std::weak_ptr<CallQueue> queue_;
-    quint64 number_ = 0;
+    std::weak_ptr<CallQueue> m_queue;
+    quint64 m_number = 0;
 };

@@ -19,30 +19,30 @@ using namespace std::chrono;
 class SystemClock::KernelTimer {
 public:
     KernelTimer(clockid_t clock, const std::function<void()> &onTime)
-        : descriptor_{timerfd_create(clock, TFD_NONBLOCK | TFD_CLOEXEC)}
-        , notifier_{descriptor_, QSocketNotifier::Read}
+        : m_descriptor{timerfd_create(clock, TFD_NONBLOCK | TFD_CLOEXEC)}
+        , m_notifier{m_descriptor, QSocketNotifier::Read}
     {
-        if (descriptor_ < 0) qFatal("No timer can be made: %s", std::strerror(errno));
-        QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this, onTime] {
+        if (m_descriptor < 0) qFatal("No timer can be made: %s", std::strerror(errno));
+        QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this, onTime] {
             // Only read to make it unreadable again; the count does not matter.
             quint64 expirations = 0;
-            [[maybe_unused]] const auto size = ::read(descriptor_, &expirations, sizeof expirations);
-            armedFor_.reset();
+            [[maybe_unused]] const auto size = ::read(m_descriptor, &expirations, sizeof expirations);
+            m_armedFor.reset();
             onTime();
         });
     }
     ~KernelTimer()
     {
-        notifier_.setEnabled(false);
-        ::close(descriptor_);
+        m_notifier.setEnabled(false);
+        ::close(m_descriptor);
     }
     KernelTimer(const KernelTimer &) = delete;
     KernelTimer &operator=(const KernelTimer &) = delete;
 
     void arm(std::optional<milliseconds> due)
     {
-        if (due == armedFor_) return;
-        armedFor_ = due;
+        if (due == m_armedFor) return;
+        m_armedFor = due;
         itimerspec setting{};
         if (due) {
             // All zero would mean never, and times before the epoch are refused.
@@ -50,13 +50,13 @@ public:
             setting.it_value.tv_sec = time_t(floor<seconds>(when).count());
             setting.it_value.tv_nsec = long(nanoseconds{when % 1s}.count());
         }
-        timerfd_settime(descriptor_, TFD_TIMER_ABSTIME, &setting, nullptr);
+        timerfd_settime(m_descriptor, TFD_TIMER_ABSTIME, &setting, nullptr);
     }
 
 private:
-    const int descriptor_;
-    QSocketNotifier notifier_;
-    std::optional<milliseconds> armedFor_;
+    const int m_descriptor;
+    QSocketNotifier m_notifier;
+    std::optional<milliseconds> m_armedFor;
 };
 
 namespace {
@@ -69,13 +69,13 @@ CallQueue::Reading readingOf(const SystemClock &clock)
 } // namespace
 
 SystemClock::SystemClock(std::optional<CXTimeZone> zone)
-    : zone_{zone ? *zone : CXTimeZone::system()}
-    , followsSystemZone_{!zone}
-    , calls_{std::make_shared<CallQueue>([this] { arm(); })}
+    : m_zone{zone ? *zone : CXTimeZone::system()}
+    , m_followsSystemZone{!zone}
+    , m_calls{std::make_shared<CallQueue>([this] { arm(); })}
 {
 }
 
-SystemClock::~SystemClock() { calls_->close(); }
+SystemClock::~SystemClock() { m_calls->close(); }
 
 Instant SystemClock::now() const { return floor<milliseconds>(system_clock::now()); }
 
@@ -86,7 +86,7 @@ milliseconds SystemClock::monotonicNow() const
 
 ClockCall SystemClock::callAt(Instant when, std::function<void()> action)
 {
-    return calls_->add(CallQueue::Base::Wall, when.time_since_epoch(), std::move(action));
+    return m_calls->add(CallQueue::Base::Wall, when.time_since_epoch(), std::move(action));
 }
 
 ClockCall SystemClock::callAfter(milliseconds delay, std::function<void()> action)
@@ -94,32 +94,32 @@ ClockCall SystemClock::callAfter(milliseconds delay, std::function<void()> actio
     // Upwards, so that the whole delay has gone by.
     const milliseconds start = ceil<milliseconds>(steady_clock::now().time_since_epoch());
     const milliseconds due = delay > milliseconds::max() - start ? milliseconds::max() : start + delay;
-    return calls_->add(CallQueue::Base::Monotonic, due, std::move(action));
+    return m_calls->add(CallQueue::Base::Monotonic, due, std::move(action));
 }
 
 bool SystemClock::refreshZone()
 {
-    if (!followsSystemZone_) return false;
+    if (!m_followsSystemZone) return false;
     const CXTimeZone zone = CXTimeZone::system();
-    return zone_.exchange(zone) != zone;
+    return m_zone.exchange(zone) != zone;
 }
 
 void SystemClock::arm()
 {
     const auto armOne = [this](std::unique_ptr<KernelTimer> &timer, clockid_t clock, CallQueue::Base base) {
-        const std::optional<milliseconds> due = calls_->nextDue(base);
+        const std::optional<milliseconds> due = m_calls->nextDue(base);
         if (due && !timer) timer = std::make_unique<KernelTimer>(clock, [this] { runDue(); });
         if (timer) timer->arm(due);
     };
-    armOne(wallTimer_, CLOCK_REALTIME, CallQueue::Base::Wall);
-    armOne(monotonicTimer_, CLOCK_MONOTONIC, CallQueue::Base::Monotonic);
+    armOne(m_wallTimer, CLOCK_REALTIME, CallQueue::Base::Wall);
+    armOne(m_monotonicTimer, CLOCK_MONOTONIC, CallQueue::Base::Monotonic);
 }
 
 void SystemClock::runDue()
 {
     // Calls that these calls ask for wait for the next turn of the loop, so that input has its turn too.
-    const quint64 limit = calls_->nextNumber();
-    while (calls_->runNext(readingOf(*this), limit)) {
+    const quint64 limit = m_calls->nextNumber();
+    while (m_calls->runNext(readingOf(*this), limit)) {
     }
     // When the wall clock was set back in this very moment, nothing ran and its timer is spent.
     arm();

@@ -16,7 +16,7 @@ public:
     ~SystemClock() override;
 
     Instant now() const override;
-    CXTimeZone zone() const override { return zone_; }
+    CXTimeZone zone() const override { return m_zone; }
     std::chrono::milliseconds monotonicNow() const override;
     [[nodiscard]] ClockCall callAt(Instant when, std::function<void()> action) override;
     [[nodiscard]] ClockCall callAfter(std::chrono::milliseconds delay, std::function<void()> action) override;
@@ -30,9 +30,9 @@ private:
     void arm();
     void runDue();
 
-    std::atomic<CXTimeZone> zone_;
-    const bool followsSystemZone_;
-    std::shared_ptr<CallQueue> calls_;
-    std::unique_ptr<KernelTimer> wallTimer_;
-    std::unique_ptr<KernelTimer> monotonicTimer_;
+    std::atomic<CXTimeZone> m_zone;
+    const bool m_followsSystemZone;
+    std::shared_ptr<CallQueue> m_calls;
+    std::unique_ptr<KernelTimer> m_wallTimer;
+    std::unique_ptr<KernelTimer> m_monotonicTimer;
 };

@@ -10,26 +10,26 @@ namespace {
 // Takes a text apart from left to right; once a step failed, good() is false for good.
 class TextReader {
 public:
-    explicit TextReader(QStringView text) : position_{text.begin()}, end_{text.end()} {}
+    explicit TextReader(QStringView text) : m_position{text.begin()}, m_end{text.end()} {}
 
-    bool good() const { return good_; }
-    bool done() const { return good_ && position_ == end_; }
+    bool good() const { return m_good; }
+    bool done() const { return m_good && m_position == m_end; }
 
     bool next(char16_t character)
     {
-        if (!good_ || position_ == end_ || *position_ != character) return false;
-        ++position_;
+        if (!m_good || m_position == m_end || *m_position != character) return false;
+        ++m_position;
         return true;
     }
-    void expect(char16_t character) { good_ = next(character) && good_; }
+    void expect(char16_t character) { m_good = next(character) && m_good; }
 
     int digits(int count)
     {
         int number = 0;
         for (; count > 0; --count) {
             const int value = digit();
-            if (value < 0) good_ = false;
-            if (!good_) return 0;
+            if (value < 0) m_good = false;
+            if (!m_good) return 0;
             number = number * 10 + value;
         }
         return number;
@@ -41,24 +41,24 @@ public:
         int number = 0, places = 0;
         for (int value = digit(); value >= 0; value = digit())
             if (++places <= 3) number = number * 10 + value;
-        good_ = good_ && places >= 1 && places <= 9;
+        m_good = m_good && places >= 1 && places <= 9;
         for (; places < 3; ++places)
             number *= 10;
         return milliseconds{number};
     }
 
-    void refuseUnless(bool condition) { good_ = good_ && condition; }
+    void refuseUnless(bool condition) { m_good = m_good && condition; }
 
 private:
     int digit()
     {
-        if (position_ == end_ || *position_ < u'0' || *position_ > u'9') return -1;
-        return (position_++)->unicode() - u'0';
+        if (m_position == m_end || *m_position < u'0' || *m_position > u'9') return -1;
+        return (m_position++)->unicode() - u'0';
     }
 
-    const QChar *position_;
-    const QChar *end_;
-    bool good_ = true;
+    const QChar *m_position;
+    const QChar *m_end;
+    bool m_good = true;
 };
 
 enum class Seconds { Optional, Required };
@@ -108,13 +108,13 @@ seconds takeOffset(TextReader &reader)
 // Room for the longest of all: a sign, a year of five digits, milliseconds and "Z".
 class TextWriter {
 public:
-    void put(char16_t character) { text_[std::size_t(length_++)] = character; }
+    void put(char16_t character) { m_text[std::size_t(m_length++)] = character; }
 
     void number(unsigned value, int places)
     {
         for (int i = places - 1; i >= 0; --i, value /= 10)
-            text_[std::size_t(length_ + i)] = char16_t(u'0' + value % 10);
-        length_ += places;
+            m_text[std::size_t(m_length + i)] = char16_t(u'0' + value % 10);
+        m_length += places;
     }
 
     void day(Day day)
@@ -158,11 +158,11 @@ public:
         number(unsigned(rest.count()), 3);
     }
 
-    QString text() const { return QString{reinterpret_cast<const QChar *>(text_.data()), length_}; }
+    QString text() const { return QString{reinterpret_cast<const QChar *>(m_text.data()), m_length}; }
 
 private:
-    std::array<char16_t, 32> text_;
-    int length_ = 0;
+    std::array<char16_t, 32> m_text;
+    int m_length = 0;
 };
 
 } // namespace

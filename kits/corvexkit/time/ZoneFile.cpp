@@ -8,15 +8,15 @@ namespace {
 
 class ByteReader {
 public:
-    explicit ByteReader(std::string_view bytes) : bytes_{bytes} {}
+    explicit ByteReader(std::string_view bytes) : m_bytes{bytes} {}
 
-    std::size_t left() const { return bytes_.size(); }
-    std::string_view rest() const { return bytes_; }
+    std::size_t left() const { return m_bytes.size(); }
+    std::string_view rest() const { return m_bytes; }
 
     std::string_view take(std::size_t count)
     {
-        const std::string_view taken = bytes_.substr(0, count);
-        bytes_.remove_prefix(taken.size());
+        const std::string_view taken = m_bytes.substr(0, count);
+        m_bytes.remove_prefix(taken.size());
         return taken;
     }
 
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    std::string_view bytes_;
+    std::string_view m_bytes;
 };
 
 constexpr std::size_t headerSize = 44;

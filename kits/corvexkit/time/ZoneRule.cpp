@@ -7,15 +7,15 @@ namespace {
 // Takes a rule apart from left to right. Each step answers whether it found what it looked for.
 class RuleReader {
 public:
-    explicit RuleReader(std::string_view text) : text_{text} {}
+    explicit RuleReader(std::string_view text) : m_text{text} {}
 
-    bool atEnd() const { return text_.empty(); }
-    bool atDate() const { return text_.starts_with(','); }
+    bool atEnd() const { return m_text.empty(); }
+    bool atDate() const { return m_text.starts_with(','); }
 
     bool take(char character)
     {
-        if (!text_.starts_with(character)) return false;
-        text_.remove_prefix(1);
+        if (!m_text.starts_with(character)) return false;
+        m_text.remove_prefix(1);
         return true;
     }
 
@@ -27,20 +27,20 @@ public:
             return letter || (quoted && ((c >= '0' && c <= '9') || c == '+' || c == '-'));
         };
         std::size_t length = 0;
-        while (length < text_.size() && belongs(text_[length]))
+        while (length < m_text.size() && belongs(m_text[length]))
             ++length;
-        text_.remove_prefix(length);
+        m_text.remove_prefix(length);
         return length >= 3 && (!quoted || take('>'));
     }
 
     bool takeNumber(unsigned least, unsigned most, unsigned &number)
     {
         std::size_t length = 0;
-        for (number = 0; length < text_.size() && length < 3; ++length) {
-            if (text_[length] < '0' || text_[length] > '9') break;
-            number = number * 10 + unsigned(text_[length] - '0');
+        for (number = 0; length < m_text.size() && length < 3; ++length) {
+            if (m_text[length] < '0' || m_text[length] > '9') break;
+            number = number * 10 + unsigned(m_text[length] - '0');
         }
-        text_.remove_prefix(length);
+        m_text.remove_prefix(length);
         return length > 0 && number >= least && number <= most;
     }
 
@@ -76,7 +76,7 @@ public:
     }
 
 private:
-    std::string_view text_;
+    std::string_view m_text;
 };
 
 } // namespace
@@ -105,31 +105,31 @@ std::optional<ZoneRule> ZoneRule::parse(std::string_view text)
     RuleReader reader{text};
     ZoneRule rule;
     // POSIX counts offsets west of Greenwich.
-    if (!reader.takeName() || !reader.takeTime(24, rule.standardOffset_)) return {};
-    rule.standardOffset_ = -rule.standardOffset_;
+    if (!reader.takeName() || !reader.takeTime(24, rule.m_standardOffset)) return {};
+    rule.m_standardOffset = -rule.m_standardOffset;
     if (reader.atEnd()) return rule;
 
     Summer summer;
     if (!reader.takeName()) return {};
-    summer.offset = rule.standardOffset_ + hours{1};
+    summer.offset = rule.m_standardOffset + hours{1};
     if (!reader.atDate()) {
         if (!reader.takeTime(24, summer.offset)) return {};
         summer.offset = -summer.offset;
     }
     if (!reader.take(',') || !reader.takeDate(summer.start)) return {};
     if (!reader.take(',') || !reader.takeDate(summer.end) || !reader.atEnd()) return {};
-    rule.summer_ = summer;
+    rule.m_summer = summer;
     return rule;
 }
 
 void ZoneRule::appendTransitions(year first, int years, std::vector<ZoneTransition> &list) const
 {
-    if (!summer_) return;
+    if (!m_summer) return;
     for (int i = 0; i < years; ++i) {
         const year current = first + std::chrono::years{i};
-        const auto start = summer_->start.inYear(current).time_since_epoch() - standardOffset_;
-        const auto end = summer_->end.inYear(current).time_since_epoch() - summer_->offset;
-        list.push_back({sys_seconds{start}, summer_->offset});
-        list.push_back({sys_seconds{end}, standardOffset_});
+        const auto start = m_summer->start.inYear(current).time_since_epoch() - m_standardOffset;
+        const auto end = m_summer->end.inYear(current).time_since_epoch() - m_summer->offset;
+        list.push_back({sys_seconds{start}, m_summer->offset});
+        list.push_back({sys_seconds{end}, m_standardOffset});
     }
 }

@@ -18,8 +18,8 @@ public:
     /// Nothing for a text that is no such rule, or one that leaves the dates of summer time open.
     static std::optional<ZoneRule> parse(std::string_view text);
 
-    std::chrono::seconds standardOffset() const { return standardOffset_; }
-    bool hasSummerTime() const { return summer_.has_value(); }
+    std::chrono::seconds standardOffset() const { return m_standardOffset; }
+    bool hasSummerTime() const { return m_summer.has_value(); }
 
     /// Appends the transitions of `years` years from `first` on, in no set order.
     void appendTransitions(std::chrono::year first, int years, std::vector<ZoneTransition> &list) const;
@@ -43,6 +43,6 @@ private:
         Date end;
     };
 
-    std::chrono::seconds standardOffset_{0};
-    std::optional<Summer> summer_;
+    std::chrono::seconds m_standardOffset{0};
+    std::optional<Summer> m_summer;
 };

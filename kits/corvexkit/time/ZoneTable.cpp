@@ -36,9 +36,9 @@ ZoneTable::ZoneTable(QString identifier, seconds offset)
 
 ZoneTable::ZoneTable(QString identifier, seconds firstOffset, std::vector<ZoneTransition> transitions,
                      const std::optional<ZoneRule> &rule)
-    : identifier_{std::move(identifier)}
-    , offsets_{std::int32_t(firstOffset.count())}
-    , repeatsAfter_{std::numeric_limits<std::int64_t>::max()}
+    : m_identifier{std::move(identifier)}
+    , m_offsets{std::int32_t(firstOffset.count())}
+    , m_repeatsAfter{std::numeric_limits<std::int64_t>::max()}
 {
     const bool goesOn = rule && rule->hasSummerTime();
     if (goesOn) transitions = continued(std::move(transitions), *rule);
@@ -47,17 +47,17 @@ ZoneTable::ZoneTable(QString identifier, seconds firstOffset, std::vector<ZoneTr
         if (!replacedAtOnce) append(transitions[i]);
     }
     constexpr std::int64_t margin = seconds{days{2}}.count(); // more than any offset
-    if (goesOn && !starts_.empty()) repeatsAfter_ = starts_.back() - margin;
+    if (goesOn && !m_starts.empty()) m_repeatsAfter = m_starts.back() - margin;
 }
 
 void ZoneTable::append(const ZoneTransition &transition)
 {
     const auto offset = std::int32_t(transition.offset.count());
-    if (offset == offsets_.back()) return; // another name for the same time
+    if (offset == m_offsets.back()) return; // another name for the same time
     const std::int64_t start = transition.at.time_since_epoch().count();
-    starts_.push_back(start);
-    localStarts_.push_back(start + std::min(offset, offsets_.back()));
-    offsets_.push_back(offset);
+    m_starts.push_back(start);
+    m_localStarts.push_back(start + std::min(offset, m_offsets.back()));
+    m_offsets.push_back(offset);
 }
 
 std::unique_ptr<ZoneTable> ZoneTable::fromFile(QString identifier, std::string_view bytes)
@@ -70,15 +70,15 @@ std::unique_ptr<ZoneTable> ZoneTable::fromFile(QString identifier, std::string_v
 
 std::int64_t ZoneTable::withinTable(std::int64_t second) const
 {
-    if (second <= repeatsAfter_) return second;
-    const std::int64_t cycles = (second - repeatsAfter_ + cycleSeconds - 1) / cycleSeconds;
+    if (second <= m_repeatsAfter) return second;
+    const std::int64_t cycles = (second - m_repeatsAfter + cycleSeconds - 1) / cycleSeconds;
     return second - cycles * cycleSeconds;
 }
 
 seconds ZoneTable::offsetAt(Instant instant) const
 {
     const std::int64_t second = withinTable(floor<seconds>(instant.time_since_epoch()).count());
-    return seconds{offsets_[std::size_t(std::ranges::upper_bound(starts_, second) - starts_.begin())]};
+    return seconds{m_offsets[std::size_t(std::ranges::upper_bound(m_starts, second) - m_starts.begin())]};
 }
 
 CXTimeZone::Resolution ZoneTable::resolve(LocalTime local) const
@@ -86,12 +86,12 @@ CXTimeZone::Resolution ZoneTable::resolve(LocalTime local) const
     using Kind = CXTimeZone::Resolution::Kind;
     const std::int64_t given = floor<seconds>(local.time_since_epoch()).count();
     const std::int64_t second = withinTable(given);
-    const auto passed = std::size_t(std::ranges::upper_bound(localStarts_, second) - localStarts_.begin());
-    const seconds offset{offsets_[passed]};
+    const auto passed = std::size_t(std::ranges::upper_bound(m_localStarts, second) - m_localStarts.begin());
+    const seconds offset{m_offsets[passed]};
     const auto read = [local](seconds with) { return Instant{local.time_since_epoch() - with}; };
     if (passed > 0) {
-        const seconds earlier{offsets_[passed - 1]};
-        const std::int64_t start = starts_[passed - 1];
+        const seconds earlier{m_offsets[passed - 1]};
+        const std::int64_t start = m_starts[passed - 1];
         if (second < start + std::max(offset, earlier).count()) {
             const Instant transition{seconds{start + (given - second)}};
             return {offset > earlier ? Kind::Gap : Kind::Fold, read(earlier), read(offset), transition};

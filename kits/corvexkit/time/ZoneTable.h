@@ -19,7 +19,7 @@ public:
     /// From the bytes of a zone file, or nothing when they are none.
     static std::unique_ptr<ZoneTable> fromFile(QString identifier, std::string_view bytes);
 
-    const QString &identifier() const { return identifier_; }
+    const QString &identifier() const { return m_identifier; }
     std::chrono::seconds offsetAt(Instant instant) const;
     CXTimeZone::Resolution resolve(LocalTime local) const;
 
@@ -27,10 +27,10 @@ private:
     void append(const ZoneTransition &transition);
     std::int64_t withinTable(std::int64_t second) const;
 
-    QString identifier_;
+    QString m_identifier;
     // Apart, so that a search touches keys alone. In seconds since the epoch.
-    std::vector<std::int64_t> starts_;      // of the transitions
-    std::vector<std::int64_t> localStarts_; // the first local second that is skipped or repeated
-    std::vector<std::int32_t> offsets_;     // one more: offsets_[i] holds before transition i
-    std::int64_t repeatsAfter_;             // from here the table repeats every 400 years
+    std::vector<std::int64_t> m_starts;      // of the transitions
+    std::vector<std::int64_t> m_localStarts; // the first local second that is skipped or repeated
+    std::vector<std::int32_t> m_offsets;     // one more: m_offsets[i] holds before transition i
+    std::int64_t m_repeatsAfter;             // from here the table repeats every 400 years
 };
