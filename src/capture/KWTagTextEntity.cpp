@@ -15,6 +15,12 @@ TagTextEntities tagEntitiesAt(const QList<TextRange> &ranges, const QString &tex
     return entities;
 }
 
+// Half of a character must not stay behind.
+bool isSeparatorAt(QStringView title, qsizetype position)
+{
+    return position < title.size() && !title[position].isSurrogate();
+}
+
 /// What is left of a title that is cut from its end on.
 class Rest {
 public:
@@ -73,7 +79,8 @@ QList<TextRange> rangesCutWithTags(const QString &title, const TagTextEntities &
     qsizetype nextTag = -1;
     for (const auto &each : std::as_const(lastFirst)) {
         TextRange cut = each->range().within(title.size());
-        if (cut.end() != nextTag && !rest.endsWith(each->text())) ++cut.length;
+        if (cut.end() != nextTag && isSeparatorAt(title, cut.end()) && !rest.endsWith(each->text()))
+            ++cut.length;
         nextTag = cut.location;
         cut = cut.within(rest.uncutSize());
         rest.cut(cut);

@@ -26,7 +26,8 @@ public:
 };
 
 /// What cutting tags out of a title takes away, in text order: each tag and the character that parts it
-/// from what follows; only the tag where the text, cut so far from its end on, ends with it.
+/// from what follows. Only the tag where the text, cut so far from its end on, ends with it, where another
+/// tag follows at once, and where the next character has two units.
 QList<TextRange> rangesCutWithTags(const QString &title, const TagTextEntities &entities);
 
 /// Cuts the tags out of `title`. Hands back the rest in `result` and the names of the tags in `tags`,

@@ -20,6 +20,7 @@ struct TitleRecognition {
     QStringList tags; ///< as typed, without marks, each name once
     std::optional<KWTaskPriority> priority;
     std::optional<RecognizedList> list;
+    /// Where a phrase touches a tag, its entity has grown over both.
     KWReminderModelFromNaturalLanguage date;
     QList<RecognizedPiece> pieces; ///< disjoint, in text order
 };

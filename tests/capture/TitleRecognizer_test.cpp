@@ -1,10 +1,13 @@
 #include "capture/TitleRecognizer.h"
 
 #include "capture/CaseText.h"
+#include "capture/UnicodeText.h"
 #include "corvexkit/time/TimeText.h"
 #include "support/CaseTable.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
+
+#include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +69,7 @@ private Q_SLOTS:
     void tellsWhatUndoingAPieceBlocks();
     void readsLongTextsInLinearTime_data();
     void readsLongTextsInLinearTime();
+    void answersAnyText();
 };
 
 void TitleRecognizer_test::understandsTitles_data()
@@ -185,6 +189,34 @@ void TitleRecognizer_test::readsLongTextsInLinearTime()
         end = each.location + each.length;
     }
     QVERIFY(end <= typed.size());
+}
+
+void TitleRecognizer_test::answersAnyText()
+{
+    static const QStringList parts{
+        u"#"_s,  u"a"_s,        u"!"_s,        u"high"_s,   u"~"_s,   u"Home"_s,        u" "_s,
+        u"  "_s, u"@"_s,        u"*"_s,        u"today"_s,  u"5pm"_s, u"every"_s,       u"\n"_s,
+        u"\""_s, u"“"_s,        u"”"_s,        u"明天"_s,   u"＃"_s,  u"！"_s,          u"～"_s,
+        u"("_s,  u"\uFFFC"_s,   u"\u0301"_s,   u"\u200D"_s, u"-"_s,   u"http://x.y/"_s, u"remind me"_s,
+        u"😀"_s,  QChar{0xD83D}, QChar{0xDE00}, QChar{0}};
+    QRandomGenerator random{20300501};
+    for (int round = 0; round < 5000; ++round) {
+        QString typed;
+        for (int count = random.bounded(12); count > 0; --count)
+            typed += parts[random.bounded(int(parts.size()))];
+        const TitleRecognition found = m_recognizer.recognize(typed);
+        const QString whole = withoutBrokenSurrogates(typed);
+        qsizetype end = 0;
+        for (const RecognizedPiece &each : found.pieces) {
+            QVERIFY2(each.location >= end && each.length > 0, qPrintable(typed));
+            QCOMPARE(each.text, whole.mid(each.location, each.length));
+            end = each.location + each.length;
+        }
+        QVERIFY2(end <= typed.size(), qPrintable(typed));
+        QVERIFY2(found.title.isValidUtf16() && !found.title.contains(u'\n'), qPrintable(typed));
+        QCOMPARE(found.title, found.title.trimmed());
+        QCOMPARE(m_recognizer.recognize(whole).title, found.title);
+    }
 }
 
 ORVANE_TEST(TitleRecognizer_test)
