@@ -4,7 +4,7 @@
 
 function(orvane_room NAME)
     cmake_parse_arguments(ROOM "" "FOLDER" "LINKS;PRIVATE_LINKS" ${ARGN})
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ROOM_FOLDER}/*.cpp ${ROOM_FOLDER}/*.h)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ROOM_FOLDER}/*.cpp ${ROOM_FOLDER}/*.h ${ROOM_FOLDER}/*.qrc)
     add_library(${NAME} STATIC ${sources})
     set(view ${CMAKE_BINARY_DIR}/rooms/${NAME})
     file(MAKE_DIRECTORY ${view})

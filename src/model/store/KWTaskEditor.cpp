@@ -9,9 +9,10 @@
 
 namespace {
 
-// Between the item and the one after it; half-way, so that a hundred can be put between two.
+// Between the item and the one after it; half-way, so that forty fit between two.
 std::int64_t orderBehind(const QString &itemID, const QList<KWChecklistItem *> &items)
 {
+    if (itemID.isEmpty() && !items.isEmpty()) return items.first()->model().sortOrder - KWSortOrderStep;
     for (qsizetype i = 0; i + 1 < items.size(); ++i)
         if (items.at(i)->sid() == itemID)
             return std::midpoint(items.at(i)->model().sortOrder, items.at(i + 1)->model().sortOrder);

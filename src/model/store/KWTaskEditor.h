@@ -33,7 +33,8 @@ public:
 
     Result<void> setItemTitle(const QString &itemID, const QString &title);
     Result<void> tickItem(const QString &itemID);
-    /// A new item behind `afterItemID`, or at the end when that is empty or gone. Answers its id.
+    /// A new item behind `afterItemID`; before the first when that is empty, at the end when it is gone.
+    /// Answers the new id.
     Result<QString> addItem(const QString &taskID, const QString &afterItemID, const QString &title);
     Result<void> removeItem(const QString &itemID);
 

@@ -21,6 +21,8 @@ public:
 
     /// Shows that list.
     void show(const KWListIdentifier &list);
+    /// Completes the task or reopens it.
+    void tick(const QString &taskID);
 
 Q_SIGNALS:
     /// A task was completed or reopened; `undo` takes it back.
@@ -28,7 +30,6 @@ Q_SIGNALS:
     void failed(const QString &sentence);
 
 private:
-    void tick(const QString &taskID);
     void showRows();
     void showHead();
     void showNames();

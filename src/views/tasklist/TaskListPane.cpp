@@ -25,5 +25,9 @@ TaskListPane::TaskListPane(CXClock &clock, QWidget *parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addLayout(head);
-    column->addWidget(m_list, 1);
+    auto *rows = new QVBoxLayout;
+    constexpr int side = Metrics::margin - Metrics::rowOutset;
+    rows->setContentsMargins(side, 0, side, 0);
+    rows->addWidget(m_list);
+    column->addLayout(rows, 1);
 }

@@ -1,0 +1,54 @@
+#include "views/addfield/AddFieldController.h"
+
+#include "capture/NewTaskContextOfList.h"
+#include "capture/NewTaskService.h"
+#include "views/addfield/KWNewTaskTextField.h"
+
+AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService &service, CXClock &clock)
+    : m_field(field), m_service(service), m_clock(clock)
+{
+    connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
+    connect(&m_field, &KWNewTaskTextField::pieceClicked, this, &AddFieldController::undo);
+    connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
+}
+
+void AddFieldController::recognize(const QString &text)
+{
+    if (text.isEmpty()) m_options = {};
+    m_field.setPieces(text.isEmpty() ? QList<RecognizedPiece>{}
+                                     : m_service.recognize(text, m_options).pieces);
+}
+
+void AddFieldController::undo(const RecognizedPiece &piece)
+{
+    switch (piece.type) {
+    case RecognizedPieceType::Date:
+        m_options.donotParseDate = true;
+        break;
+    case RecognizedPieceType::Assignee:
+        m_options.donotParseAssignee = true;
+        break;
+    case RecognizedPieceType::List:
+        m_options.blockedProjects.insert(piece.value);
+        break;
+    case RecognizedPieceType::Priority:
+        m_options.blockedPriorities.insert(KWTaskPriority(piece.value.toInt()));
+        break;
+    case RecognizedPieceType::Tag:
+        return;
+    }
+    recognize(m_field.text());
+}
+
+void AddFieldController::submit(const QString &text)
+{
+    NewTaskContext context = newTaskContextOf(m_list, m_clock);
+    context.recognition = m_options;
+    const Result<KWTaskModel> task = m_service.add(text, context);
+    if (!task) {
+        Q_EMIT failed(task.error().sentence);
+        return;
+    }
+    m_field.setText({});
+    Q_EMIT added(task->sid);
+}

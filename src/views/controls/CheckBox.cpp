@@ -1,0 +1,62 @@
+#include "views/controls/CheckBox.h"
+
+#include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
+
+#include <QPainter>
+
+namespace {
+constexpr int ringSpace = 3;
+}
+
+CheckBox::CheckBox(QWidget *parent) : QAbstractButton(parent)
+{
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void CheckBox::setStatus(KWTaskStatus status)
+{
+    m_status = status;
+    setChecked(status != KWTaskStatusOpen);
+    update();
+}
+
+void CheckBox::setPriority(KWTaskPriority priority)
+{
+    m_priority = priority;
+    update();
+}
+
+QSize CheckBox::sizeHint() const
+{
+    const int side = Metrics::scaled(Metrics::checkbox) + 2 * ringSpace;
+    return {side, side};
+}
+
+void CheckBox::paintEvent(QPaintEvent *)
+{
+    QPainter painter{this};
+    const int side = Metrics::scaled(Metrics::checkbox);
+    const QRect box{(width() - side) / 2, (height() - side) / 2, side, side};
+    Painting::checkbox(painter, box,
+                       {.checked = m_status == KWTaskStatusOpen ? 0.0 : 1.0,
+                        .priority = m_priority,
+                        .isAbandoned = m_status == KWTaskStatusAbandoned,
+                        .isHovered = underMouse()});
+    if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::checkboxRadius + ringSpace);
+}
+
+void CheckBox::enterEvent(QEnterEvent *event)
+{
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void CheckBox::leaveEvent(QEvent *event)
+{
+    QAbstractButton::leaveEvent(event);
+    update();
+}

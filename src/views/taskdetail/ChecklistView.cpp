@@ -1,0 +1,186 @@
+#include "views/taskdetail/ChecklistView.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/controls/AddButton.h"
+#include "views/controls/CommittingTextEdit.h"
+#include "views/taskdetail/ChecklistItemRow.h"
+#include "views/theme/Metrics.h"
+
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+ChecklistView::ChecklistView(CXClock &clock, QWidget *parent)
+    : QWidget(parent)
+    , m_clock(clock)
+    , m_layout(new QVBoxLayout{this})
+    , m_addButton(new AddButton{KWLocalizedString("Add an item"), this})
+{
+    setObjectName(u"checklist"_s);
+    setAccessibleName(KWLocalizedString("Checklist"));
+    m_addButton->setObjectName(u"addChecklistItem"_s);
+    m_layout->setContentsMargins({});
+    m_layout->setSpacing(0);
+    m_layout->addWidget(m_addButton);
+    connect(m_addButton, &QAbstractButton::clicked, this,
+            [this] { addDraft(int(m_rows.size()), {}).editor().setFocus(); });
+}
+
+void ChecklistView::startWith(const QList<KWChecklistItemModel> &items)
+{
+    while (!m_rows.isEmpty())
+        drop(m_rows.last());
+    setItems(items);
+}
+
+void ChecklistView::setItems(const QList<KWChecklistItemModel> &items)
+{
+    QList<ChecklistItemRow *> rows;
+    QString previousSid;
+    for (const KWChecklistItemModel &item : items) {
+        ChecklistItemRow *row = rowFor(item, previousSid);
+        row->setItem(item);
+        rows.append(row);
+        previousSid = item.sid;
+    }
+    // A draft stays behind the row it was begun behind.
+    for (int i = 0; i < m_rows.size(); ++i) {
+        if (!m_rows.at(i)->isDraft()) continue;
+        const qsizetype before = i == 0 ? -1 : rows.indexOf(m_rows.at(i - 1));
+        rows.insert(i > 0 && before < 0 ? rows.size() : before + 1, m_rows.at(i));
+    }
+    for (ChecklistItemRow *row : QList{m_rows})
+        if (!rows.contains(row)) drop(row);
+    m_rows = rows;
+    for (int i = 0; i < m_rows.size(); ++i)
+        if (m_layout->indexOf(m_rows.at(i)) != i) m_layout->insertWidget(i, m_rows.at(i));
+}
+
+// The row of the item, else a draft that was handed over as this item, else a new row.
+ChecklistItemRow *ChecklistView::rowFor(const KWChecklistItemModel &item, const QString &previousSid)
+{
+    for (ChecklistItemRow *row : m_rows)
+        if (row->sid() == item.sid) return row;
+    for (ChecklistItemRow *row : m_rows)
+        if (row->isDraft() && row->editor().committedText() == item.title && !item.title.isEmpty() &&
+            sidBefore(*row) == previousSid)
+            return row;
+    ChecklistItemRow *row = makeRow();
+    row->editor().startWith(item.title);
+    return row;
+}
+
+ChecklistItemRow *ChecklistView::makeRow()
+{
+    auto *row = new ChecklistItemRow{m_clock, this};
+    CommittingTextEdit &editor = row->editor();
+    connect(row, &ChecklistItemRow::toggled, this, [this, row] {
+        if (!row->isDraft()) Q_EMIT itemToggled(row->sid());
+    });
+    connect(&editor, &CommittingTextEdit::committed, this,
+            [this, row](const QString &title) { handOver(*row, title); });
+    connect(&editor, &CommittingTextEdit::editingFinished, this, [this, row] {
+        if (row->isDraft() && row->editor().text().isEmpty()) drop(row);
+    });
+    connect(&editor, &CommittingTextEdit::entered, this, [this, row] { enterNext(*row); });
+    connect(&editor, &CommittingTextEdit::backspacedAtStart, this, [this, row] {
+        if (row->editor().text().isEmpty()) remove(*row);
+    });
+    connect(&editor, &CommittingTextEdit::leftUpwards, this, [this, row] { moveFocus(*row, -1); });
+    connect(&editor, &CommittingTextEdit::leftDownwards, this, [this, row] { moveFocus(*row, 1); });
+    return row;
+}
+
+ChecklistItemRow &ChecklistView::addDraft(int place, const QString &title)
+{
+    ChecklistItemRow *row = makeRow();
+    m_rows.insert(place, row);
+    m_layout->insertWidget(place, row);
+    row->show();
+    row->editor().insertPlainText(title);
+    row->editor().moveCursor(QTextCursor::Start);
+    return *row;
+}
+
+void ChecklistView::drop(ChecklistItemRow *row)
+{
+    m_rows.removeOne(row);
+    m_layout->removeWidget(row);
+    row->disconnect(this);
+    row->editor().disconnect(this);
+    row->hide();
+    row->deleteLater();
+}
+
+void ChecklistView::handOver(ChecklistItemRow &row, const QString &title)
+{
+    if (!row.isDraft())
+        Q_EMIT itemTitleEdited(row.sid(), title);
+    else if (!title.isEmpty())
+        Q_EMIT itemAdded(sidBefore(row), title);
+}
+
+QString ChecklistView::sidBefore(const ChecklistItemRow &row) const
+{
+    QString before;
+    for (const ChecklistItemRow *each : m_rows) {
+        if (each == &row) break;
+        if (!each->isDraft()) before = each->sid();
+    }
+    return before;
+}
+
+void ChecklistView::enterNext(ChecklistItemRow &row)
+{
+    CommittingTextEdit &editor = row.editor();
+    if (row.isDraft() && editor.text().isEmpty()) {
+        m_addButton->setFocus(); // leaving it empty drops it
+        return;
+    }
+    QTextCursor behind = editor.textCursor();
+    behind.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    const QString rest = behind.selectedText();
+    ChecklistItemRow &next = addDraft(int(m_rows.indexOf(&row)) + 1, rest);
+    // The new item is kept before the old one is cut short.
+    next.editor().commit();
+    behind.removeSelectedText();
+    editor.commit();
+    next.editor().setFocus();
+}
+
+void ChecklistView::remove(ChecklistItemRow &row)
+{
+    const QString sid = row.sid();
+    const qsizetype place = m_rows.indexOf(&row);
+    if (place > 0)
+        m_rows.at(place - 1)->editor().setFocus();
+    else if (m_rows.size() > 1)
+        m_rows.at(1)->editor().setFocus();
+    else
+        m_addButton->setFocus();
+    if (m_rows.contains(&row)) drop(&row);
+    if (!sid.isEmpty()) Q_EMIT itemRemoved(sid);
+}
+
+void ChecklistView::moveFocus(const ChecklistItemRow &from, int by)
+{
+    const qsizetype place = m_rows.indexOf(&from) + by;
+    if (place >= 0 && place < m_rows.size())
+        m_rows.at(place)->editor().setFocus();
+    else if (place == m_rows.size())
+        m_addButton->setFocus();
+}
+
+void ChecklistView::commit()
+{
+    for (ChecklistItemRow *row : QList{m_rows})
+        if (m_rows.contains(row)) row->editor().commit();
+}
+
+void ChecklistView::dress()
+{
+    for (ChecklistItemRow *row : std::as_const(m_rows))
+        row->dress();
+}

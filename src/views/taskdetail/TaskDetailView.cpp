@@ -1,0 +1,142 @@
+#include "views/taskdetail/TaskDetailView.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/controls/CommittingTextEdit.h"
+#include "views/taskdetail/ChecklistView.h"
+#include "views/taskdetail/DetailFooter.h"
+#include "views/taskdetail/DetailHeader.h"
+#include "views/theme/Fonts.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Theme.h"
+#include "views/theme/ThemeConfigurator.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+TaskDetailView::TaskDetailView(CXClock &clock, QWidget *parent)
+    : QWidget(parent)
+    , m_page(new QWidget{this})
+    , m_header(new DetailHeader{clock})
+    , m_title(new CommittingTextEdit{clock, CommittingTextEdit::Lines::One})
+    , m_content(new CommittingTextEdit{clock, CommittingTextEdit::Lines::Many})
+    , m_checklist(new ChecklistView{clock})
+    , m_footer(new DetailFooter)
+{
+    setObjectName(u"taskDetail"_s);
+    setAccessibleName(KWLocalizedString("Task"));
+    m_title->setObjectName(u"taskTitle"_s);
+    m_title->setAccessibleName(KWLocalizedString("Title"));
+    m_content->setObjectName(u"taskContent"_s);
+    m_content->setAccessibleName(KWLocalizedString("Description"));
+    m_content->setPlaceholderText(KWLocalizedString("Add a description"));
+
+    auto *page = new QVBoxLayout{m_page};
+    page->setContentsMargins({});
+    page->setSpacing(0);
+    page->addWidget(m_header);
+    page->addWidget(makeScrolledPart(), 1);
+    page->addWidget(m_footer);
+    auto *layout = new QVBoxLayout{this};
+    layout->setContentsMargins({});
+    layout->addWidget(m_page);
+
+    connectParts();
+    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &TaskDetailView::dress);
+    dress();
+    setFocusProxy(m_title);
+    m_page->hide();
+}
+
+QScrollArea *TaskDetailView::makeScrolledPart()
+{
+    auto *parts = new QWidget;
+    auto *column = new QVBoxLayout{parts};
+    column->setContentsMargins(Metrics::sideMargin, Metrics::margin, Metrics::sideMargin, Metrics::margin);
+    column->setSpacing(Metrics::gap);
+    column->addWidget(m_title);
+    column->addWidget(m_content);
+    column->addWidget(m_checklist);
+    column->addStretch(1);
+
+    auto *area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(parts);
+    area->viewport()->setAutoFillBackground(false);
+    parts->setAutoFillBackground(false);
+    return area;
+}
+
+void TaskDetailView::connectParts()
+{
+    connect(m_header, &DetailHeader::completionToggled, this, &TaskDetailView::completionToggled);
+    connect(m_title, &CommittingTextEdit::committed, this, &TaskDetailView::titleEdited);
+    connect(m_content, &CommittingTextEdit::committed, this, &TaskDetailView::contentEdited);
+    connect(m_title, &CommittingTextEdit::entered, m_content, [this] { m_content->setFocus(); });
+    connect(m_title, &CommittingTextEdit::leftDownwards, m_content, [this] { m_content->setFocus(); });
+    connect(m_content, &CommittingTextEdit::leftUpwards, m_title, [this] { m_title->setFocus(); });
+    connect(m_checklist, &ChecklistView::itemToggled, this, &TaskDetailView::itemToggled);
+    connect(m_checklist, &ChecklistView::itemTitleEdited, this, &TaskDetailView::itemTitleEdited);
+    connect(m_checklist, &ChecklistView::itemAdded, this, &TaskDetailView::itemAdded);
+    connect(m_checklist, &ChecklistView::itemRemoved, this, &TaskDetailView::itemRemoved);
+}
+
+void TaskDetailView::dress()
+{
+    const Theme &theme = Theme::current();
+    m_title->setFont(Fonts::font(Fonts::Role::DetailTitle));
+    m_content->setFont(Fonts::font(Fonts::Role::Body));
+    m_title->setTextColor(m_isClosed ? theme.doneText : theme.text);
+    m_content->setTextColor(theme.secondaryText);
+    m_title->setStruckOut(m_isClosed);
+    m_checklist->dress();
+}
+
+void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
+{
+    if (!shown) {
+        m_sid.clear();
+        m_page->hide();
+        return;
+    }
+    if (shown->task.sid == m_sid)
+        follow(*shown);
+    else
+        startWith(*shown);
+    m_isClosed = shown->task.status != KWTaskStatusOpen;
+    m_header->setTask(shown->task);
+    QStringList tags;
+    for (const QString &name : shown->task.tags)
+        tags.append(shown->tagLabels.value(name, name));
+    m_footer->setContent(shown->listName, shown->listColor, tags);
+    dress();
+    m_page->show();
+}
+
+void TaskDetailView::startWith(const TaskDetailData &shown)
+{
+    m_sid = shown.task.sid;
+    m_title->startWith(shown.task.title);
+    m_content->startWith(shown.task.content);
+    m_checklist->startWith(shown.items);
+}
+
+void TaskDetailView::follow(const TaskDetailData &shown)
+{
+    m_title->setStoredText(shown.task.title);
+    m_content->setStoredText(shown.task.content);
+    m_checklist->setItems(shown.items);
+}
+
+void TaskDetailView::commitEdits()
+{
+    m_title->commit();
+    m_content->commit();
+    m_checklist->commit();
+}
+
+void TaskDetailView::paintEvent(QPaintEvent *) { QPainter{this}.fillRect(rect(), Theme::current().window); }

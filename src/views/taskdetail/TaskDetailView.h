@@ -1,0 +1,57 @@
+#pragma once
+
+#include "corvexkit/time/CXClock.h"
+#include "views/taskdetail/TaskDetailData.h"
+
+#include <QScrollArea>
+#include <QWidget>
+
+#include <optional>
+
+class ChecklistView;
+class CommittingTextEdit;
+class DetailFooter;
+class DetailHeader;
+
+/// The right column: everything about one task. What is typed is handed over when it rests and is never
+/// lost; an update from outside leaves alone what is being typed. Without a task it is empty.
+class TaskDetailView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TaskDetailView(CXClock &clock, QWidget *parent = nullptr);
+
+    /// Shows the task as it is now, or none. Call commitEdits() before showing another one.
+    void setTask(const std::optional<TaskDetailData> &shown);
+    /// Hands over what is typed and not handed over yet.
+    void commitEdits();
+
+Q_SIGNALS:
+    void titleEdited(const QString &title);
+    void contentEdited(const QString &content);
+    void completionToggled();
+    void itemToggled(const QString &sid);
+    void itemTitleEdited(const QString &sid, const QString &title);
+    /// A new item behind that one; an empty id is the place before the first.
+    void itemAdded(const QString &afterSid, const QString &title);
+    void itemRemoved(const QString &sid);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QScrollArea *makeScrolledPart();
+    void connectParts();
+    void dress();
+    void startWith(const TaskDetailData &shown);
+    void follow(const TaskDetailData &shown);
+
+    QString m_sid; // of the task shown
+    bool m_isClosed = false;
+    QWidget *m_page;
+    DetailHeader *m_header;
+    CommittingTextEdit *m_title;
+    CommittingTextEdit *m_content;
+    ChecklistView *m_checklist;
+    DetailFooter *m_footer;
+};
