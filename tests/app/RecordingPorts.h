@@ -11,8 +11,10 @@ struct PortCalls {
 
     void operator()(const char *name, const QString &details = {})
     {
-        names << QString::fromLatin1(name) + (details.isEmpty() ? QString{} : QLatin1Char(' ') + details);
-        onCall(names.last());
+        const QString call =
+            QString::fromLatin1(name) + (details.isEmpty() ? QString{} : QLatin1Char(' ') + details);
+        names << call;
+        onCall(call);
     }
     QStringList take() { return std::exchange(names, {}); }
 };

@@ -19,7 +19,12 @@ const bool hasFakeSystemBus = qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_S
 class FakeLogind {
 public:
     FakeLogind() { m_bus.registerService(u"org.freedesktop.login1"_s); }
-    ~FakeLogind() { QDBusConnection::disconnectFromBus(u"logind"_s); }
+    ~FakeLogind()
+    {
+        // Answered by the bus, so that the next test does not meet the name.
+        m_bus.unregisterService(u"org.freedesktop.login1"_s);
+        QDBusConnection::disconnectFromBus(u"logind"_s);
+    }
 
     void prepareForSleep(bool start)
     {
@@ -64,6 +69,9 @@ private Q_SLOTS:
     {
         QVERIFY(hasFakeSystemBus);
         QVERIFY2(QDBusConnection::systemBus().isConnected(), "run it on a bus");
+        // Qt keeps the first messages of a new connection back until the event loop runs, and may then
+        // deliver them after later ones.
+        QCoreApplication::processEvents();
     }
     void init() { m_posted.clear(); }
 
