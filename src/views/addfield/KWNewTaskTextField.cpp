@@ -21,11 +21,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int glow = 3;           // the ring around the focused field
 constexpr int documentMargin = 4; // room for a pill at either end of the text
 constexpr int padding = 12;       // from the outline to the text
 constexpr double wordSpacing = 3; // what a pill stands out by comes from the spaces between words
-constexpr double pillOutset = 3;
+constexpr double pillOutset = 2.5;
 
 bool isLineBreak(QChar character)
 {
@@ -123,13 +122,14 @@ void KWNewTaskTextField::setPieces(QList<RecognizedPiece> pieces)
 
 void KWNewTaskTextField::setPlaceholder(const QString &placeholder)
 {
-    setPlaceholderText(placeholder);
+    m_placeholder = placeholder;
     setAccessibleDescription(placeholder);
+    viewport()->update();
 }
 
 QSize KWNewTaskTextField::minimumSizeHint() const
 {
-    return {Metrics::scaled(160), Metrics::scaled(Metrics::addField) + 2 * glow};
+    return {Metrics::scaled(160), Metrics::scaled(Metrics::addField) + 2 * ring};
 }
 
 QSize KWNewTaskTextField::sizeHint() const { return minimumSizeHint() + QSize{240, 0}; }
@@ -281,8 +281,8 @@ void KWNewTaskTextField::paintFrame()
 {
     const Theme &theme = Theme::current();
     QPainter painter{this};
-    if (hasFocus()) Painting::roundedBox(painter, rect(), Metrics::fieldRadius + glow, theme.softAccent);
-    const QRect box = rect().adjusted(glow, glow, -glow, -glow);
+    if (hasFocus()) Painting::roundedBox(painter, rect(), Metrics::fieldRadius + ring, theme.softAccent);
+    const QRect box = rect().adjusted(ring, ring, -ring, -ring);
     Painting::roundedBox(painter, box, Metrics::fieldRadius, theme.window,
                          hasFocus() ? theme.accent : theme.control);
     if (document()->isEmpty()) return;
@@ -307,8 +307,20 @@ void KWNewTaskTextField::paintEvent(QPaintEvent *event)
         if (bounds.intersects(event->rect()))
             Painting::roundedBox(painter, bounds, Metrics::pillRadius, pieceSoftColor(piece));
     }
+    if (document()->isEmpty() && document()->firstBlock().layout()->preeditAreaText().isEmpty())
+        paintPlaceholder(painter);
     painter.end();
     QTextEdit::paintEvent(event);
+}
+
+// Not the one of QTextEdit, which would break into lines and space its words as the text does.
+void KWNewTaskTextField::paintPlaceholder(QPainter &painter) const
+{
+    painter.setFont(Fonts::font(Fonts::Role::Body));
+    painter.setPen(Theme::current().faintText);
+    const QRect bounds = viewport()->rect().adjusted(documentMargin, 0, -documentMargin, 0);
+    const QString shown = painter.fontMetrics().elidedText(m_placeholder, Qt::ElideRight, bounds.width());
+    painter.drawText(bounds, int(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine), shown);
 }
 
 void KWNewTaskTextField::resizeEvent(QResizeEvent *event)
@@ -322,7 +334,7 @@ void KWNewTaskTextField::placeViewport()
 {
     const int line = fontMetrics().height() + 2 * documentMargin;
     const int above = std::max(0, (height() - line) / 2);
-    const int before = glow + padding - documentMargin;
+    const int before = ring + padding - documentMargin;
     const QMargins margins{before, above, before + hintWidth() + padding,
                            std::max(0, height() - line - above)};
     if (margins != viewportMargins()) setViewportMargins(margins);

@@ -13,6 +13,9 @@ class KWNewTaskTextField : public QTextEdit {
     Q_OBJECT
 
 public:
+    /// How far the ring of the focused field stands out of its outline, on every side of the widget.
+    static constexpr int ring = 3;
+
     explicit KWNewTaskTextField(QWidget *parent = nullptr);
 
     /// What was typed, character for character.
@@ -62,10 +65,12 @@ private:
     QRectF pieceBounds(const RecognizedPiece &piece) const;
     std::optional<RecognizedPiece> pieceAt(const QPoint &position) const;
     void paintFrame();
+    void paintPlaceholder(QPainter &painter) const;
     void placeViewport();
 
     QList<RecognizedPiece> m_pieces;
     QString m_announcedText;
+    QString m_placeholder;
     std::optional<RecognizedPiece> m_pressedPiece;
     QPoint m_pressPosition;
 };

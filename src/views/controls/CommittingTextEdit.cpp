@@ -102,6 +102,12 @@ void CommittingTextEdit::commit()
     Q_EMIT committed(m_committedText);
 }
 
+void CommittingTextEdit::forgetCommittedText()
+{
+    m_committedText.clear();
+    textTyped();
+}
+
 void CommittingTextEdit::setStruckOut(bool isStruckOut)
 {
     QFont struck = font();

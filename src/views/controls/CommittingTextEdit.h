@@ -34,6 +34,8 @@ public:
     /// What was handed over last, or given from outside since.
     const QString &committedText() const { return m_committedText; }
     bool hasUncommittedText() const { return text() != m_committedText; }
+    /// The record is gone: what stands here is to be handed over as new text.
+    void forgetCommittedText();
 
     /// Draws the text struck through, for a closed task or item.
     void setStruckOut(bool isStruckOut);

@@ -38,6 +38,12 @@ void ChecklistItemRow::setItem(const KWChecklistItemModel &item)
     dress();
 }
 
+void ChecklistItemRow::becomeDraft()
+{
+    m_sid.clear();
+    m_editor->forgetCommittedText();
+}
+
 void ChecklistItemRow::dress()
 {
     const int outset = (m_checkBox->sizeHint().width() - Metrics::scaled(Metrics::checkbox)) / 2;

@@ -22,6 +22,9 @@ public:
     /// Shows the item; typed text that is not handed over yet stays. A draft becomes the item.
     void setItem(const KWChecklistItemModel &item);
 
+    /// The record of the item is gone.
+    void becomeDraft();
+
     CommittingTextEdit &editor() { return *m_editor; }
     void dress();
 

@@ -37,6 +37,13 @@ void ChecklistView::startWith(const QList<KWChecklistItemModel> &items)
 
 void ChecklistView::setItems(const QList<KWChecklistItemModel> &items)
 {
+    // What is being typed outlives its item, as a new one.
+    for (ChecklistItemRow *row : std::as_const(m_rows)) {
+        const auto isRow = [row](const KWChecklistItemModel &item) { return item.sid == row->sid(); };
+        if (!row->isDraft() && row->editor().hasUncommittedText() &&
+            std::none_of(items.begin(), items.end(), isRow))
+            row->becomeDraft();
+    }
     QList<ChecklistItemRow *> rows;
     QString previousSid;
     for (const KWChecklistItemModel &item : items) {

@@ -52,11 +52,15 @@ TaskDetailView::TaskDetailView(CXClock &clock, QWidget *parent)
 QScrollArea *TaskDetailView::makeScrolledPart()
 {
     auto *parts = new QWidget;
+    auto *texts = new QVBoxLayout;
+    texts->setContentsMargins(Metrics::sideMargin, Metrics::gap + 2, Metrics::sideMargin, Metrics::gap);
+    texts->setSpacing(Metrics::grid * 2);
+    texts->addWidget(m_title);
+    texts->addWidget(m_content);
     auto *column = new QVBoxLayout{parts};
-    column->setContentsMargins(Metrics::sideMargin, Metrics::margin, Metrics::sideMargin, Metrics::margin);
-    column->setSpacing(Metrics::gap);
-    column->addWidget(m_title);
-    column->addWidget(m_content);
+    column->setContentsMargins(0, 0, 0, Metrics::gap);
+    column->setSpacing(0);
+    column->addLayout(texts);
     column->addWidget(m_checklist);
     column->addStretch(1);
 
@@ -139,4 +143,15 @@ void TaskDetailView::commitEdits()
     m_checklist->commit();
 }
 
-void TaskDetailView::paintEvent(QPaintEvent *) { QPainter{this}.fillRect(rect(), Theme::current().window); }
+void TaskDetailView::paintEvent(QPaintEvent *)
+{
+    const Theme &theme = Theme::current();
+    QPainter painter{this};
+    painter.fillRect(rect(), theme.window);
+    if (!m_sid.isEmpty()) return;
+    painter.setFont(Fonts::font(Fonts::Role::Body));
+    painter.setPen(theme.faintText);
+    painter.drawText(rect().adjusted(Metrics::margin, height() / 4, -Metrics::margin, 0),
+                     Qt::AlignHCenter | Qt::TextWordWrap,
+                     KWLocalizedString("Select a task to see all of it"));
+}

@@ -19,7 +19,11 @@ TaskListPane::TaskListPane(CXClock &clock, QWidget *parent)
     head->setContentsMargins(Metrics::margin, Metrics::gap + Metrics::grid, Metrics::margin, Metrics::gap);
     head->setSpacing(Metrics::gap);
     head->addWidget(m_header);
-    head->addWidget(m_addField);
+    // The outline of the field stands in line with the rows; its ring stands out.
+    auto *field = new QVBoxLayout;
+    field->setContentsMargins(-KWNewTaskTextField::ring, 0, -KWNewTaskTextField::ring, 0);
+    field->addWidget(m_addField);
+    head->addLayout(field);
 
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(0, 0, 0, 0);
