@@ -83,7 +83,7 @@ requires std::integral<Number> ||
 template <TextConstant Enum>
 void read(const SQLite::Column &column, Enum &value)
 {
-    value = valueOf<Enum>(QString::fromUtf8(column.getText(), column.getBytes())).value_or(Enum{});
+    value = valueOf<Enum>(QString::fromUtf8(column.getText(), column.getBytes())).value_or(value);
 }
 
 inline void read(const SQLite::Column &column, Instant &value)
