@@ -46,4 +46,7 @@ private:
 protected:
     ObjectContext *m_context = nullptr;
     State m_state = State::Inserted;
+
+private:
+    bool m_isNoted = false; // among the changed records of the context
 };

@@ -1,6 +1,7 @@
 #include "model/records/KWProject.h"
 
 #include "model/records/KWSmartProject.h"
+#include "model/records/SortOrder.h"
 #include "model/store/FoldedName.h"
 
 using namespace Qt::StringLiterals;
@@ -35,8 +36,7 @@ KWProject &KWProject::createProjectNamed(const QString &name, const QString &use
     KWProjectModel model;
     model.userID = userID;
     model.name = name;
-    model.sortOrder =
-        context.number("SELECT max(sortOrder) FROM projects WHERE userID = ?", {userID}) + KWSortOrderStep;
+    model.sortOrder = sortOrderBehindAll<KWProject>(userID, context);
     return context.insert<KWProject>(std::move(model));
 }
 

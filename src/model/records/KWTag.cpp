@@ -1,5 +1,7 @@
 #include "model/records/KWTag.h"
 
+#include "model/records/SortOrder.h"
+
 QList<KWTag *> KWTag::findTagsOfUser(const QString &userID, ObjectContext &context)
 {
     return context.fetch<KWTag>(
@@ -8,10 +10,15 @@ QList<KWTag *> KWTag::findTagsOfUser(const QString &userID, ObjectContext &conte
 
 KWTag *KWTag::findTagNamed(const QString &name, const QString &userID, ObjectContext &context)
 {
-    const QList<KWTag *> found = context.fetch<KWTag>({.where = "userID = ? AND name = ? AND isDeleted = 0",
-                                                       .values = {userID, nameForLabel(name)},
-                                                       .limit = 1});
-    return found.value(0);
+    const QString key = nameForLabel(name);
+    const auto isMeant = [&](const KWTag *each) {
+        return (*each)->userID == userID && (*each)->name == key && each->isNotDeleted();
+    };
+    QList<KWTag *> candidates =
+        context.fetch<KWTag>({.where = "userID = ? AND name = ? AND isDeleted = 0", .values = {userID, key}});
+    candidates += context.inserted<KWTag>();
+    const auto found = std::ranges::find_if(candidates, isMeant);
+    return found == candidates.end() ? nullptr : *found;
 }
 
 KWTag *KWTag::createNewTagWithName(const QString &name, const QString &userID, TagUniqueness uniqueness,
@@ -23,7 +30,6 @@ KWTag *KWTag::createNewTagWithName(const QString &name, const QString &userID, T
     model.userID = userID;
     model.name = nameForLabel(name);
     model.label = name;
-    model.sortOrder =
-        context.number("SELECT max(sortOrder) FROM tags WHERE userID = ?", {userID}) + KWSortOrderStep;
+    model.sortOrder = sortOrderBehindAll<KWTag>(userID, context);
     return &context.insert<KWTag>(std::move(model));
 }

@@ -113,6 +113,16 @@ QList<Record *> ObjectContext::fetch(const SqlCondition &condition)
     return records;
 }
 
+template <class Record>
+QList<Record *> ObjectContext::inserted() const
+{
+    QList<Record *> records;
+    for (KWBaseEntity *each : m_changed)
+        if (each->isInserted() && each->recordKind() == Record::Model::recordKind)
+            records.append(static_cast<Record *>(each));
+    return records;
+}
+
 std::int64_t ObjectContext::number(const char *sql, const SqlValues &values)
 {
     try {
@@ -121,6 +131,12 @@ std::int64_t ObjectContext::number(const char *sql, const SqlValues &values)
         storeLog.error(storeFailure(exception).sentence);
         return 0;
     }
+}
+
+void ObjectContext::noteChanged(KWBaseEntity &record)
+{
+    if (std::exchange(record.m_isNoted, true)) return;
+    m_changed.push_back(&record);
 }
 
 void ObjectContext::remove(KWBaseEntity &record)
@@ -171,7 +187,10 @@ Result<StoreChange> ObjectContext::save()
 {
     std::erase_if(m_changed, [](KWBaseEntity *each) {
         const bool isUnchanged = !each->hasChanges();
-        if (isUnchanged) each->didSave();
+        if (isUnchanged) {
+            each->didSave();
+            each->m_isNoted = false;
+        }
         return isUnchanged;
     });
     StoreChange change;
@@ -184,22 +203,26 @@ Result<StoreChange> ObjectContext::save()
         storeLog.error(storeFailure(exception).sentence);
         return storeFailure(exception);
     }
-    for (KWBaseEntity *each : std::exchange(m_changed, {}))
+    for (KWBaseEntity *each : std::exchange(m_changed, {})) {
+        each->m_isNoted = false;
         if (each->isRemoved())
             forget(*each);
         else
             each->didSave();
+    }
     if (onSaved) onSaved(change);
     return change;
 }
 
 void ObjectContext::rollback()
 {
-    for (KWBaseEntity *each : std::exchange(m_changed, {}))
+    for (KWBaseEntity *each : std::exchange(m_changed, {})) {
+        each->m_isNoted = false;
         if (each->isInserted())
             forget(*each);
         else
             each->revert();
+    }
 }
 
 void ObjectContext::refresh(KWBaseEntity &record)
@@ -233,7 +256,8 @@ void ObjectContext::refreshAll()
     template Record &ObjectContext::insert<Record>(Record::Model);                                           \
     template Record *ObjectContext::find<Record>(const QString &);                                           \
     template QList<Record *> ObjectContext::fetch<Record>(const SqlCondition &);                             \
-    template QList<Record::Model> ObjectContext::models<Record>(const SqlCondition &);
+    template QList<Record::Model> ObjectContext::models<Record>(const SqlCondition &);                       \
+    template QList<Record *> ObjectContext::inserted<Record>() const;
 MANAGED(KWUser)
 MANAGED(KWUserSettings)
 MANAGED(KWProjectGroup)

@@ -36,6 +36,9 @@ public:
     /// The same as values, without managing them.
     template <class Record>
     QList<typename Record::Model> models(const SqlCondition &condition);
+    /// The records made here and not saved yet.
+    template <class Record>
+    QList<Record *> inserted() const;
     /// The first column of the first row of a query, 0 when there is none or it fails.
     std::int64_t number(const char *sql, const SqlValues &values = {});
 
@@ -61,7 +64,7 @@ public:
     /// Called after every successful save that changed something.
     std::function<void(const StoreChange &)> onSaved;
 
-    void noteChanged(KWBaseEntity &record) { m_changed.push_back(&record); }
+    void noteChanged(KWBaseEntity &record);
 
 private:
     using IdentityMap = QHash<QString, std::shared_ptr<KWBaseEntity>>;
@@ -79,7 +82,7 @@ private:
     std::unique_ptr<Connection> m_connection;
     const CXClock &m_clock;
     std::array<IdentityMap, recordKindCount> m_records;
-    std::vector<KWBaseEntity *> m_changed; // in the order of their first change
+    std::vector<KWBaseEntity *> m_changed; // each once, in the order of their first change
 };
 
 /// A new identifier: 24 hexadecimal digits, the time of `now` in front, so that ids made later sort
