@@ -1,0 +1,36 @@
+#pragma once
+
+#include "model/records/KWTaskModel.h"
+#include "support/StoreFixture.h"
+
+/// Makes tasks for tests: `aTask("Pay rent").dueOn("2030-04-01").tagged("errand").in(list).savedIn(store)`.
+/// Days and times are read in the zone given to `aTask`; without a list, the task goes to the inbox.
+class TaskBuilder {
+public:
+    TaskBuilder(const char *title, const char *zone);
+
+    /// All day.
+    TaskBuilder &dueOn(const char *day);
+    /// All day, `last` included.
+    TaskBuilder &dueFrom(const char *first, const char *last);
+    TaskBuilder &startingAt(const char *localTime);
+    TaskBuilder &endingAt(const char *localTime);
+    TaskBuilder &tagged(const char *tag);
+    TaskBuilder &prioritized(KWTaskPriority priority);
+    TaskBuilder &ordered(std::int64_t sortOrder);
+    TaskBuilder &in(const QString &listID);
+    TaskBuilder &completedAt(const char *localTime);
+
+    KWTaskModel model() const { return m_task; }
+    /// Saves it and answers its id.
+    QString savedIn(StoreFixture &store) const;
+
+private:
+    const char *m_zone;
+    KWTaskModel m_task;
+};
+
+inline TaskBuilder aTask(const char *title, const char *zone = "UTC") { return {title, zone}; }
+
+/// Runs the block in a background context and saves; a failure ends the program with a message.
+void saved(StoreFixture &store, const std::function<void(ObjectContext &)> &block);
