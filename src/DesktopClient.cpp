@@ -1,7 +1,8 @@
 #include "DesktopClient.h"
 
-#include "DesktopRooms.h"
 #include "FirstPaintReport.h"
+#include "OpenClient.h"
+#include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
 #include "cli/Commands.h"
 #include "cli/DemoAccount.h"
@@ -9,14 +10,14 @@
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
 #include "platform/DBusSingleInstance.h"
-#include "platform/LogindSleepMonitor.h"
-#include "platform/OutsideChangeWatcher.h"
-#include "views/alerts/StoreProblemAlert.h"
+#include "views/alerts/Alert.h"
+#include "views/alerts/CrashProtectionWindow.h"
 #include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
 #include "views/pictures/PagePicture.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/theme/FontWarmUp.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/welcome/WelcomeWindow.h"
 
@@ -42,6 +43,17 @@ LaunchRequest launchRequestOf(const Invocation &invocation)
             .activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN")};
 }
 
+// For bench/start_bench.
+void reportFirstPaintIfAsked(OpenClient &client)
+{
+    MainWindow *window = client.rooms().mainWindow().window();
+    if (!window || !qEnvironmentVariableIsSet("ORVANE_REPORT_FIRST_PAINT")) return;
+    new FirstPaint{*window->listPane().list().viewport(), [] {
+                       reportFirstPaint();
+                       QCoreApplication::quit();
+                   }};
+}
+
 // The counts are on their way from the background, and what they bring is still to be laid out.
 void finishWork(OrvaneKit &kit)
 {
@@ -65,18 +77,19 @@ int DesktopClient::run(int &argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
         if (!m_invocation.scale.isEmpty()) qputenv("QT_SCALE_FACTOR", m_invocation.scale.toUtf8());
     }
-    QApplication application{argc, argv};
+    FontWarmUp fonts;
+    const QApplication application{argc, argv};
     QApplication::setDesktopFileName(u"org.orvane.Orvane"_s);
 
     const Result<std::optional<CXTimeZone>> zone = zoneOf(m_invocation);
     if (!zone) return fail(zone.error().sentence, ExitStatus::WrongUsage);
     if (const Result<void> locale = applyLocale(m_invocation); !locale)
         return fail(locale.error().sentence, ExitStatus::WrongUsage);
-    if (const Result<void> theme = applyTheme(); !theme)
-        return fail(theme.error().sentence, ExitStatus::WrongUsage);
 
     SystemClock clock{*zone};
-    return isPicture ? drawPicture(clock) : runWindow(clock);
+    if (!isPicture) return runWindow(clock, fonts);
+    fonts.finish();
+    return drawPicture(clock);
 }
 
 Result<void> DesktopClient::applyTheme()
@@ -92,75 +105,55 @@ Result<void> DesktopClient::applyTheme()
     return {};
 }
 
-std::unique_ptr<OrvaneKit> DesktopClient::openAsking(const CXClock &clock)
-{
-    for (;;) {
-        OrvaneKit::Opening opening = OrvaneKit::open(m_folders, clock);
-        if (opening.kit) return std::move(opening.kit);
-        fail(opening.sentence, ExitStatus::CouldNot);
-        if (askAboutStoreProblem(opening.problem, opening.sentence) == StoreProblemAnswer::Quit)
-            return nullptr;
-        if (const Result<QString> kept = Store::setAside(m_folders.store(), clock.localNow()); !kept) {
-            fail(kept.error().sentence, ExitStatus::CouldNot);
-            return nullptr;
-        }
-    }
-}
-
-int DesktopClient::runWindow(SystemClock &clock)
+int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
 {
     DBusSingleInstance channel{m_folders, clock};
     SingleInstance instance{m_folders, channel};
-    AppDelegate *delegate = nullptr;
-    const Result<SingleInstance::Role> role =
-        instance.start(launchRequestOf(m_invocation), [&delegate](const LaunchRequest &request) {
-            if (delegate) delegate->open(request);
-        });
+    KWUserDefaults defaults{m_folders.config};
+    CrashProtectionWindow alert;
+    std::unique_ptr<OpenClient> client;
+    AppDelegate delegate{clock, defaults, alert, [&]() -> RunningApplication * {
+                             client = OpenClient::open(m_folders, m_invocation, clock, fonts);
+                             return client ? &client->rooms().application() : nullptr;
+                         }};
+
+    const LaunchRequest request = launchRequestOf(m_invocation);
+    const auto role =
+        instance.start(request, [&delegate](const LaunchRequest &later) { delegate.open(later); });
+    if (role && *role == SingleInstance::Role::HandedOver) return 0;
+    if (const Result<void> theme = applyTheme(); !theme)
+        return fail(theme.error().sentence, ExitStatus::WrongUsage);
     if (!role) {
-        fail(role.error().sentence, ExitStatus::CouldNot);
-        askAboutStoreProblem(StoreProblem::CannotWrite, role.error().sentence);
-        return int(ExitStatus::CouldNot);
+        const int status = fail(role.error().sentence, ExitStatus::CouldNot);
+        Alert::run({clientText("Orvane cannot start"), role.error().sentence, {clientText("Quit")}});
+        return status;
     }
-    if (*role == SingleInstance::Role::HandedOver) return 0;
 
     CXLog::setSink(std::make_shared<RotatingFileSink>(m_folders.log()));
     CXLog::installQtMessageHandler();
-    const std::unique_ptr<OrvaneKit> kit = openAsking(clock);
-    if (!kit) return int(ExitStatus::CouldNot);
-    if (m_invocation.isDemo)
-        if (const Result<void> filled = fillDemoAccount(*kit); !filled)
-            return fail(filled.error().sentence, ExitStatus::CouldNot);
-
-    OutsideChangeWatcher outsideChanges{m_folders, kit->manager(), kit->center(), clock};
-    LogindSleepMonitor sleepMonitor{kit->center(), clock};
-    outsideChanges.start();
-    sleepMonitor.start();
-
-    DesktopRooms rooms{*kit, clock};
-    delegate = &rooms.delegate();
-    rooms.delegate().applicationDidFinishLaunching(launchRequestOf(m_invocation));
-    if (qEnvironmentVariableIsSet("ORVANE_REPORT_FIRST_PAINT") && rooms.mainWindow().window())
-        new FirstPaint{*rooms.mainWindow().window()->listPane().list().viewport(), [] {
-                           reportFirstPaint();
-                           QCoreApplication::quit();
-                       }};
+    delegate.applicationDidFinishLaunching(request);
+    if (!client) {
+        delegate.applicationWillTerminate();
+        return int(ExitStatus::CouldNot);
+    }
+    reportFirstPaintIfAsked(*client);
     const int status = QApplication::exec();
-    rooms.delegate().applicationWillTerminate();
-    delegate = nullptr;
+    delegate.applicationWillTerminate();
     return status;
 }
 
 int DesktopClient::drawPicture(SystemClock &clock)
 {
+    if (const Result<void> theme = applyTheme(); !theme)
+        return fail(theme.error().sentence, ExitStatus::WrongUsage);
     const Result<PictureRequest> request =
         pictureRequest(m_invocation.pictureFile, m_invocation.page, m_invocation.size, m_invocation.scale);
     if (!request) return fail(request.error().sentence, ExitStatus::WrongUsage);
     const OrvaneKit::Opening opening = OrvaneKit::open(m_folders, clock);
     if (!opening.kit) return fail(opening.sentence, ExitStatus::CouldNot);
     OrvaneKit &kit = *opening.kit;
-    if (m_invocation.isDemo)
-        if (const Result<void> filled = fillDemoAccount(kit); !filled)
-            return fail(filled.error().sentence, ExitStatus::CouldNot);
+    if (const Result<void> filled = m_invocation.isDemo ? fillDemoAccount(kit) : Result<void>{}; !filled)
+        return fail(filled.error().sentence, ExitStatus::CouldNot);
 
     const auto list = listOfPage(request->page, kit);
     if (!list) return fail(list.error().sentence, ExitStatus::WrongUsage);

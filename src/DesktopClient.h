@@ -1,17 +1,16 @@
 #pragma once
 
 #include "cli/Invocation.h"
-#include "model/OrvaneKit.h"
+#include "model/settings/DataFolders.h"
 
 #include <QTemporaryDir>
 
-#include <memory>
 #include <optional>
 
-class CXClock;
-class QApplication;
+class FontWarmUp;
+class SystemClock;
 
-/// One run of the client with its window, on one data folder; or the drawing of one page of it.
+/// One run of the client with its window on one data folder, or the drawing of one page of it.
 class DesktopClient {
 public:
     explicit DesktopClient(Invocation invocation);
@@ -21,11 +20,9 @@ public:
     int run(int &argc, char **argv);
 
 private:
-    int runWindow(class SystemClock &clock);
-    int drawPicture(class SystemClock &clock);
     Result<void> applyTheme();
-    /// Opens the folder, asking what to do where that cannot be done; none when the answer is to quit.
-    std::unique_ptr<OrvaneKit> openAsking(const CXClock &clock);
+    int runWindow(SystemClock &clock, FontWarmUp &fonts);
+    int drawPicture(SystemClock &clock);
 
     Invocation m_invocation;
     std::optional<QTemporaryDir> m_throwAway;

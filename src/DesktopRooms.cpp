@@ -15,7 +15,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock)
     , m_counts(m_sidebar)
     , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks})
     , m_welcomeWindow(kit.account())
-    , m_delegate(clock, kit.center(), kit.bus(), kit.defaults(), m_crashProtection, ports())
+    , m_application(clock, kit.center(), kit.bus(), ports())
 {
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "app/AccountManagerPort.h"
-#include "app/AppDelegate.h"
+#include "app/RunningApplication.h"
 #include "capture/NewTaskService.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
-#include "views/alerts/CrashProtectionWindow.h"
 #include "views/main/MainWindowController.h"
 #include "views/welcome/WelcomeWindowController.h"
 
@@ -20,7 +19,7 @@ public:
     KWProjectListPresenter &sidebar() { return m_sidebar; }
     MainWindowController &mainWindow() { return m_mainWindow; }
     WelcomeWindowController &welcomeWindow() { return m_welcomeWindow; }
-    AppDelegate &delegate() { return m_delegate; }
+    RunningApplication &application() { return m_application; }
 
 private:
     class Counts : public ListCountsPort {
@@ -50,8 +49,7 @@ private:
     Counts m_counts;
     ThemeSchedule m_theme;
     TopWindows m_windows;
-    CrashProtectionWindow m_crashProtection;
     MainWindowController m_mainWindow;
     WelcomeWindowController m_welcomeWindow;
-    AppDelegate m_delegate;
+    RunningApplication m_application;
 };

@@ -2,36 +2,34 @@
 
 #include "app/LaunchGuard.h"
 #include "app/LaunchRequest.h"
-#include "app/Session.h"
-#include "app/StartupSequence.h"
 
+#include <functional>
 #include <vector>
 
-/// The life of the program: the guard before the start, the start, later requests, the end.
-/// `main` makes one, calls applicationDidFinishLaunching() once the event loop is about to run, and
+class RunningApplication;
+
+/// The life of the program: the guard before anything else, the launch, later requests, the end. `main`
+/// makes one, calls applicationDidFinishLaunching() before the event loop runs, and
 /// applicationWillTerminate() when it has ended. Main thread.
 class AppDelegate {
 public:
-    AppDelegate(CXClock &clock, KWNotificationCenter &center, KWEventBus &bus, KWUserDefaults &defaults,
-                CrashProtectionAlert &alert, AppPorts ports);
+    /// Opens the data folder and puts the rooms together, after the guard has counted the launch: a
+    /// crash in it counts too. None where that cannot be done and the program is to end.
+    using BringUp = std::function<RunningApplication *()>;
+
+    AppDelegate(CXClock &clock, KWUserDefaults &defaults, CrashProtectionAlert &alert, BringUp bringUp);
 
     void applicationDidFinishLaunching(const LaunchRequest &launch);
     void applicationWillTerminate() { m_guard.applicationWillTerminate(); }
 
-    /// A later start of the program handed its request over: shows the window and opens the links. While
-    /// the crash-protection alert is up this waits for the launch.
+    /// A later start of the program. Before the launch, and while an alert is up in its place, it waits.
     void open(const LaunchRequest &request);
-
-    Session &session() { return m_session; }
 
 private:
     void launch(const LaunchRequest &request);
-    void openLinks(const QStringList &links);
 
-    LinksPort &m_links;
     LaunchGuard m_guard;
-    Session m_session;
-    StartupSequence m_startup;
-    bool m_isLaunched = false;
+    BringUp m_bringUp;
+    RunningApplication *m_running = nullptr;
     std::vector<LaunchRequest> m_waiting;
 };

@@ -8,7 +8,7 @@
 namespace {
 
 // More than any screen shows; read in a few milliseconds.
-constexpr std::int64_t topRows = 300;
+constexpr std::int64_t topRows = 120;
 
 } // namespace
 

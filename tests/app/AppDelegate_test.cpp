@@ -2,6 +2,7 @@
 
 #include "app/Orders.h"
 #include "app/RecordingPorts.h"
+#include "app/RunningApplication.h"
 #include "model/settings/KWUserDefaults.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
@@ -30,7 +31,9 @@ struct DelegateScene {
     KWEventBus bus;
     RecordingPorts recording;
     WaitingAlert alert;
-    AppDelegate delegate{clock, center, bus, defaults, alert, recording.ports()};
+    RunningApplication application{clock, center, bus, recording.ports()};
+    bool canBringUp = true;
+    AppDelegate delegate{clock, defaults, alert, [this] { return canBringUp ? &application : nullptr; }};
 };
 
 const LaunchRequest aLink{.links = {u"orvane://task/1"_s, u"orvane://task/2"_s},
@@ -74,6 +77,16 @@ private Q_SLOTS:
         QCOMPARE(calls.mid(calls.size() - 4),
                  QStringList({u"mainWindow.show"_s, u"windows.bringToFront token"_s,
                               u"links.open orvane://task/1"_s, u"links.open orvane://task/2"_s}));
+    }
+
+    void aLaunchThatCannotBringUpTheRoomsStartsNothingAndCounts()
+    {
+        DelegateScene scene;
+        scene.canBringUp = false;
+        scene.delegate.applicationDidFinishLaunching(aLink);
+        scene.delegate.open({});
+        QCOMPARE(scene.recording.calls.names, QStringList{});
+        QCOMPARE(scene.defaults.value(Settings::crashCount), 1);
     }
 
     void takesLaterStarts_data()

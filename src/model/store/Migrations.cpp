@@ -64,7 +64,7 @@ CREATE TABLE tasks (
     completionDate INTEGER, assignee INTEGER NOT NULL, pinnedDate INTEGER, estimatedPomo INTEGER NOT NULL,
     estimatedDuration INTEGER NOT NULL, isTrashed INTEGER NOT NULL);
 CREATE INDEX openTasksByList ON tasks (projectID, sortOrder) WHERE status = 0 AND isDeleted = 0 AND isTrashed = 0;
-CREATE INDEX openTasksByDate ON tasks (startDate, projectID)
+CREATE INDEX openTasksByDate ON tasks (startDate, projectID, priority DESC, sortOrder, endDate)
     WHERE status = 0 AND isDeleted = 0 AND isTrashed = 0 AND startDate IS NOT NULL;
 CREATE INDEX closedTasksByCompletion ON tasks (completionDate) WHERE status <> 0 AND isDeleted = 0 AND isTrashed = 0;
 CREATE INDEX tasksByList ON tasks (projectID, sortOrder);

@@ -60,8 +60,8 @@ QColor pieceTextColor(const RecognizedPiece &piece)
 
 int hintWidth()
 {
-    return QFontMetrics{Fonts::font(Fonts::Role::Secondary)}.horizontalAdvance(KWLocalizedString("add")) +
-           Metrics::scaled(Metrics::icon) + Metrics::grid;
+    return Fonts::width(Fonts::Role::Secondary, KWLocalizedString("add")) + Metrics::scaled(Metrics::icon) +
+           Metrics::grid;
 }
 
 } // namespace

@@ -60,7 +60,6 @@ void AccountHeader::paintEvent(QPaintEvent *)
     };
     const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
     const auto trailing = layoutDirection() == Qt::RightToLeft ? Qt::AlignLeft : Qt::AlignRight;
-    const auto flags = [](Qt::Alignment side) { return int(side | Qt::AlignAbsolute | Qt::AlignVCenter); };
 
     const int side = Metrics::scaled(Metrics::avatar);
     const QRect avatar = visual({headerMargin, (height() - side) / 2, side, side});
@@ -68,19 +67,15 @@ void AccountHeader::paintEvent(QPaintEvent *)
     painter.setBrush(theme.accent);
     painter.drawEllipse(avatar);
     painter.setPen(theme.onAccent);
-    painter.setFont(Fonts::font(Fonts::Role::CaptionStrong));
-    painter.drawText(avatar, Qt::AlignCenter, initialOf(m_name));
+    Fonts::drawLine(painter, Fonts::Role::CaptionStrong, avatar, Qt::AlignHCenter, initialOf(m_name));
 
-    painter.setFont(Fonts::font(Fonts::Role::Secondary));
     painter.setPen(theme.faintText);
-    const int hintWidth = painter.fontMetrics().horizontalAdvance(m_hint);
+    const int hintWidth = Fonts::width(Fonts::Role::Secondary, m_hint);
     const QRect hint{width() - headerMargin - hintWidth, 0, hintWidth, height()};
-    painter.drawText(visual(hint), flags(trailing), m_hint);
+    Fonts::drawLine(painter, Fonts::Role::Secondary, visual(hint), trailing, m_hint);
 
-    painter.setFont(Fonts::font(Fonts::Role::BodyStrong));
     painter.setPen(theme.text);
     const int nameLeft = headerMargin + side + Metrics::grid * 2;
     const QRect name{nameLeft, 0, hint.left() - Metrics::grid * 2 - nameLeft, height()};
-    painter.drawText(visual(name), flags(leading),
-                     painter.fontMetrics().elidedText(m_name, Qt::ElideRight, name.width()));
+    Fonts::drawLine(painter, Fonts::Role::BodyStrong, visual(name), leading, m_name);
 }

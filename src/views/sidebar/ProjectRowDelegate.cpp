@@ -68,11 +68,9 @@ std::optional<Icon> iconOf(const KWProjectListNode &node, bool isInbox)
 
 QRect backgroundBounds(const QRect &row) { return row.adjusted(outerMargin, 0, -outerMargin, -rowGap); }
 
-void drawElided(QPainter &painter, const QRect &bounds, Qt::LayoutDirection direction, const QString &text)
+Qt::Alignment leading(const QStyleOptionViewItem &option)
 {
-    const auto side = direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(bounds, int(side | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine),
-                     painter.fontMetrics().elidedText(text, Qt::ElideRight, bounds.width()));
+    return option.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
 }
 
 } // namespace
@@ -104,9 +102,9 @@ QRect ProjectRowDelegate::titleBounds(const QRect &row, const QModelIndex &index
 QRect ProjectRowDelegate::chevronBounds(const QRect &row, const QModelIndex &index) const
 {
     const bool isHeader = m_model.isSectionHeader(index);
-    const QFontMetrics metrics{Fonts::font(isHeader ? Fonts::Role::CaptionStrong : Fonts::Role::Body)};
     const QRect title = titleBounds(row, index);
-    const int text = metrics.horizontalAdvance(index.data().toString());
+    const int text =
+        Fonts::width(isHeader ? Fonts::Role::CaptionStrong : Fonts::Role::Body, index.data().toString());
     return {title.left() + std::min(text, title.width()) + Metrics::grid, title.top(),
             Metrics::scaled(chevronSize), title.height()};
 }
@@ -169,10 +167,9 @@ void ProjectRowDelegate::paintHeader(QPainter &painter, const QStyleOptionViewIt
                                      const QModelIndex &index) const
 {
     const Theme &theme = Theme::current();
-    painter.setFont(Fonts::font(Fonts::Role::CaptionStrong));
     painter.setPen(theme.faintText);
     const QRect title = QStyle::visualRect(option.direction, option.rect, titleBounds(option.rect, index));
-    drawElided(painter, title, option.direction, index.data().toString());
+    Fonts::drawLine(painter, Fonts::Role::CaptionStrong, title, leading(option), index.data().toString());
     paintChevron(painter, option, index);
     if (const QRect add = addBounds(option.rect, option.direction, index); !add.isEmpty())
         Icons::paint(painter, add, Icon::Add, iconWidth() - 2, theme.faintText);
@@ -198,18 +195,17 @@ void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem
     else if (isEnabled)
         Painting::dot(painter, QRectF{visualMark}.center(), node.color());
 
-    painter.setFont(Fonts::font(Fonts::Role::Body));
     painter.setPen(isEnabled ? theme.text : theme.faintText);
-    drawElided(painter, QStyle::visualRect(option.direction, option.rect, title), option.direction,
-               node.title());
+    Fonts::drawLine(painter, Fonts::Role::Body, QStyle::visualRect(option.direction, option.rect, title),
+                    leading(option), node.title());
     paintChevron(painter, option, index);
 
     const auto count = m_countOf ? m_countOf(node) : std::nullopt;
     if (!count || *count == 0) return;
     const QRect bounds{title.right() + 1, title.top(), countWidth(), title.height()};
-    painter.setFont(Fonts::font(Fonts::Role::Secondary));
     painter.setPen(isSelected ? theme.secondaryText : theme.faintText);
     const auto side = option.direction == Qt::RightToLeft ? Qt::AlignLeft : Qt::AlignRight;
-    Fonts::drawTabular(painter, QStyle::visualRect(option.direction, option.rect, bounds), side,
-                       option.locale.toString(*count));
+    Fonts::drawLine(painter, Fonts::Role::Secondary,
+                    QStyle::visualRect(option.direction, option.rect, bounds), side,
+                    option.locale.toString(*count));
 }

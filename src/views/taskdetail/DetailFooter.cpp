@@ -46,11 +46,10 @@ void DetailFooter::paintEvent(QPaintEvent *)
     if (!m_listName.isEmpty()) Painting::dot(painter, QRectF{dot}.center(), m_listColor);
     x += Metrics::dot + Metrics::gap;
 
-    painter.setFont(Fonts::font(Fonts::Role::Secondary));
     painter.setPen(theme.secondaryText);
-    const QString list = painter.fontMetrics().elidedText(m_listName, Qt::ElideRight, (right - x) / 2);
-    const int listWidth = painter.fontMetrics().horizontalAdvance(list);
-    painter.drawText(visual({x, 0, listWidth + 1, height()}), int(Qt::AlignLeft | Qt::AlignVCenter), list);
+    const int listWidth = std::min((right - x) / 2, Fonts::width(Fonts::Role::Secondary, m_listName));
+    Fonts::drawLine(painter, Fonts::Role::Secondary, visual({x, 0, listWidth, height()}), Qt::AlignLeft,
+                    m_listName);
     x += listWidth + Metrics::gap - 2;
 
     for (const QString &tag : std::as_const(m_tags)) {

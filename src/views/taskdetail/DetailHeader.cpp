@@ -90,14 +90,12 @@ void DetailHeader::paintEvent(QPaintEvent *)
                      theme.priority(m_task.priority).mark);
     if (!m_task.repeatRule.isEmpty()) textRight -= icon + Metrics::gap;
 
-    const QFont &font = Fonts::font(Fonts::Role::Secondary);
     const QString text = m_date.text.isEmpty() ? KWLocalizedString("No date") : m_date.text;
-    const QString shown = QFontMetrics{font}.elidedText(text, Qt::ElideRight, textRight - textLeft);
-    painter.setFont(font);
     painter.setPen(m_date.text.isEmpty() ? theme.faintText : toneColor(m_date.tone));
-    const int textWidth = std::min(textRight - textLeft, Fonts::tabularWidth(font, shown));
+    const int textWidth = std::min(textRight - textLeft, Fonts::width(Fonts::Role::Secondary, text));
     const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    Fonts::drawTabular(painter, visual({textLeft, 0, textWidth, height()}), leading, shown);
+    Fonts::drawLine(painter, Fonts::Role::Secondary, visual({textLeft, 0, textWidth, height()}), leading,
+                    text);
     if (!m_task.repeatRule.isEmpty())
         Icons::paint(painter, visual({textLeft + textWidth + Metrics::gap - 2, 0, icon, height()}),
                      Icon::Repeat, icon, theme.faintText);

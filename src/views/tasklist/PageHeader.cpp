@@ -30,29 +30,23 @@ void PageHeader::setNote(const QString &note)
 
 QSize PageHeader::sizeHint() const
 {
-    const QFontMetrics metrics{Fonts::font(Fonts::Role::PageTitle)};
-    return {metrics.horizontalAdvance(m_title), metrics.height() + Metrics::grid};
+    return {Metrics::scaled(120), QFontMetrics{Fonts::font(Fonts::Role::PageTitle)}.height() + Metrics::grid};
 }
 
 void PageHeader::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    const QFont &titleFont = Fonts::font(Fonts::Role::PageTitle);
-    const QFont &noteFont = Fonts::font(Fonts::Role::Body);
-    const QFontMetrics titleMetrics{titleFont};
-    const int noteWidth = m_note.isEmpty() ? 0 : Fonts::tabularWidth(noteFont, m_note) + Metrics::gap;
-    const QString title = titleMetrics.elidedText(m_title, Qt::ElideRight, width() - noteWidth);
-    const int titleWidth = titleMetrics.horizontalAdvance(title);
+    const int noteWidth = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
+    const int titleWidth = std::min(Fonts::width(Fonts::Role::PageTitle, m_title), width() - noteWidth);
 
     const auto mirrored = [this](const QRect &bounds) {
         return QStyle::visualRect(layoutDirection(), rect(), bounds);
     };
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
-    painter.setFont(titleFont);
     painter.setPen(Theme::current().text);
-    painter.drawText(mirrored({0, 0, titleWidth + 1, height()}), side | Qt::AlignVCenter, title);
-    painter.setFont(noteFont);
+    Fonts::drawLine(painter, Fonts::Role::PageTitle, mirrored({0, 0, titleWidth, height()}), side, m_title);
     painter.setPen(Theme::current().secondaryText);
-    // On the title's baseline, a hair below its middle.
-    Fonts::drawTabular(painter, mirrored({titleWidth + Metrics::gap, 2, noteWidth, height()}), side, m_note);
+    // A hair below the title's middle, on its baseline.
+    Fonts::drawLine(painter, Fonts::Role::Body, mirrored({titleWidth + Metrics::gap, 2, noteWidth, height()}),
+                    side, m_note);
 }

@@ -59,13 +59,10 @@ void paintTitle(QPainter &painter, const QRect &bounds, const KWTaskListItemMode
     if (isEmpty) title = KWLocalizedString("No Title");
     const bool isQuiet = isEmpty || task.isClosed();
 
-    QFont font = Fonts::font(Fonts::Role::Body);
-    font.setStrikeOut(task.isClosed());
-    painter.setFont(font);
     painter.setPen(!isQuiet ? theme.text : isSelected(option) ? theme.secondaryText : theme.doneText);
     const auto side = option.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    const QString elided = QFontMetrics{font}.elidedText(title, Qt::ElideRight, bounds.width());
-    painter.drawText(bounds, int(side | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine), elided);
+    Fonts::drawLine(painter, Fonts::Role::Body, bounds, side, title,
+                    task.isClosed() ? Fonts::LineStyle::StruckOut : Fonts::LineStyle::Plain);
 }
 
 void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QColor &date,
@@ -73,8 +70,6 @@ void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QCol
 {
     const Theme &theme = Theme::current();
     const QColor faint = isSelected(option) ? theme.secondaryText : theme.faintText;
-    const QFont &font = Fonts::font(Fonts::Role::Secondary);
-    painter.setFont(font);
     painter.setPen(faint);
     switch (piece.kind) {
     case TaskRowLayout::PieceKind::Tag:
@@ -89,11 +84,7 @@ void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QCol
     default:
         break;
     }
-    const QString shown =
-        piece.kind == TaskRowLayout::PieceKind::ListName
-            ? QFontMetrics{font}.elidedText(piece.text, Qt::ElideRight, piece.bounds.width())
-            : piece.text;
-    Fonts::drawTabular(painter, piece.bounds, Qt::AlignRight, shown);
+    Fonts::drawLine(painter, Fonts::Role::Secondary, piece.bounds, Qt::AlignRight, piece.text);
 }
 
 } // namespace

@@ -25,10 +25,9 @@ int widthOf(const Piece &piece)
     case PieceKind::Tag:
         return std::min(Painting::pillWidth(piece.text), Metrics::scaled(140));
     case PieceKind::ListName:
-        return std::min(Fonts::tabularWidth(Fonts::font(Fonts::Role::Secondary), piece.text),
-                        Metrics::scaled(140));
+        return std::min(Fonts::width(Fonts::Role::Secondary, piece.text), Metrics::scaled(140));
     default:
-        return Fonts::tabularWidth(Fonts::font(Fonts::Role::Secondary), piece.text);
+        return Fonts::width(Fonts::Role::Secondary, piece.text);
     }
 }
 

@@ -6,11 +6,13 @@
 #include <QGuiApplication>
 #include <QHash>
 #include <QPainter>
-#include <QStringList>
+#include <QStaticText>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -44,33 +46,87 @@ QFont makeFont(FontSize size, double scale)
 
 bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
 
-int digitWidth(const QFontMetrics &metrics)
+QStaticText shaped(const QString &text, const QFont &font)
 {
-    int widest = 0;
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
-        widest = std::max(widest, metrics.horizontalAdvance(QChar{digit}));
-    return widest;
+    QStaticText shape{text};
+    shape.setTextFormat(Qt::PlainText);
+    shape.setPerformanceHint(QStaticText::AggressiveCaching);
+    shape.prepare({}, font);
+    return shape;
 }
 
-// Calls `visit(piece, width, isDigit)` for every digit and for every run without digits.
-template <class Visitor>
-void forEachTabularPiece(const QFontMetrics &metrics, const QString &text, Visitor visit)
+/// The ten digits of a font, each in the middle of a box as wide as the widest.
+struct Digits {
+    explicit Digits(const QFont &font)
+    {
+        for (std::size_t digit = 0; digit < shapes.size(); ++digit) {
+            shapes[digit] = shaped(QString{QChar{char16_t(u'0' + digit)}}, font);
+            width = std::max(width, shapes[digit].size().width());
+        }
+    }
+    std::array<QStaticText, 10> shapes;
+    double width = 0;
+};
+
+/// A line of text, shaped.
+struct Line {
+    struct Piece {
+        double x;
+        QStaticText shape;
+    };
+    std::vector<Piece> pieces;
+    double width = 0;
+
+    void append(const QStaticText &shape, double advance)
+    {
+        pieces.push_back({width + (advance - shape.size().width()) / 2, shape});
+        width += advance;
+    }
+};
+
+Line makeLine(const QString &text, const QFont &font, std::optional<Digits> &digits)
 {
-    const int digit = digitWidth(metrics);
+    Line line;
+    const bool isTabular = !text.isRightToLeft() && std::any_of(text.begin(), text.end(), isDigit);
+    if (isTabular && !digits) digits.emplace(font);
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start + 1;
-        const bool digits = isDigit(text.at(start));
-        while (!digits && end < text.size() && !isDigit(text.at(end)))
-            ++end;
-        const QString piece = text.mid(start, end - start);
-        visit(piece, digits ? digit : metrics.horizontalAdvance(piece), digits);
+        if (isTabular && isDigit(text.at(start))) {
+            line.append(digits->shapes[std::size_t(text.at(start).unicode() - u'0')], digits->width);
+        } else {
+            while (end < text.size() && !(isTabular && isDigit(text.at(end))))
+                ++end;
+            const QStaticText shape = shaped(text.mid(start, end - start), font);
+            line.append(shape, shape.size().width());
+        }
         start = end;
     }
+    return line;
 }
 
-bool needsTabular(const QString &text)
+/// The lines of one font that were shaped lately.
+struct ShapedLines {
+    QFont font;
+    std::optional<Digits> digits;
+    QHash<QString, Line> lines;
+
+    const Line &line(const QString &text)
+    {
+        constexpr qsizetype mostKept = 1000;
+        if (const auto known = lines.constFind(text); known != lines.constEnd()) return *known;
+        if (lines.size() >= mostKept) lines.clear();
+        return *lines.insert(text, makeLine(text, font, digits));
+    }
+};
+
+ShapedLines &shapedLines(Fonts::Role role, Fonts::LineStyle style)
 {
-    return !text.isRightToLeft() && std::any_of(text.begin(), text.end(), isDigit);
+    static std::array<std::array<ShapedLines, 2>, fontSizes.size()> all;
+    ShapedLines &found = all[std::size_t(role)][std::size_t(style)];
+    QFont font = Fonts::font(role);
+    font.setStrikeOut(style == Fonts::LineStyle::StruckOut);
+    if (found.font != font) found = {font, std::nullopt, {}};
+    return found;
 }
 
 } // namespace
@@ -86,33 +142,26 @@ const QFont &Fonts::font(Role role)
     return font;
 }
 
-int Fonts::tabularWidth(const QFont &font, const QString &text)
+int Fonts::width(Role role, const QString &text)
 {
-    const QFontMetrics metrics{font};
-    if (!needsTabular(text)) return metrics.horizontalAdvance(text);
-    int width = 0;
-    forEachTabularPiece(metrics, text, [&](const QString &, int advance, bool) { width += advance; });
-    return width;
+    return int(std::ceil(shapedLines(role, LineStyle::Plain).line(text).width));
 }
 
-void Fonts::drawTabular(QPainter &painter, const QRect &bounds, Qt::Alignment alignment, const QString &text)
+void Fonts::drawLine(QPainter &painter, Role role, const QRect &bounds, Qt::Alignment side,
+                     const QString &text, LineStyle style)
 {
-    if (!needsTabular(text)) {
-        painter.drawText(bounds, int(alignment | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine),
-                         text);
-        return;
-    }
-    const QFontMetrics metrics{painter.font()};
-    const int baseline = bounds.top() + (bounds.height() - metrics.height()) / 2 + metrics.ascent();
-    int x = bounds.left();
-    const int spare = bounds.width() - tabularWidth(painter.font(), text);
-    if (alignment & Qt::AlignRight)
-        x += spare;
-    else if (alignment & Qt::AlignHCenter)
-        x += spare / 2;
-    forEachTabularPiece(metrics, text, [&](const QString &piece, int advance, bool digit) {
-        const double inset = digit ? (advance - metrics.horizontalAdvance(piece)) / 2.0 : 0;
-        painter.drawText(QPointF{x + inset, double(baseline)}, piece);
-        x += advance;
-    });
+    ShapedLines &shapes = shapedLines(role, style);
+    const bool fits = shapes.line(text).width <= bounds.width() + 1;
+    const Line &line =
+        fits ? shapes.line(text)
+             : shapes.line(QFontMetrics{shapes.font}.elidedText(text, Qt::ElideRight, bounds.width()));
+    double x = bounds.left();
+    if (side & Qt::AlignRight)
+        x += bounds.width() - line.width;
+    else if (side & Qt::AlignHCenter)
+        x += (bounds.width() - line.width) / 2;
+    const int top = bounds.top() + (bounds.height() - QFontMetrics{shapes.font}.height()) / 2;
+    painter.setFont(shapes.font);
+    for (const Line::Piece &piece : line.pieces)
+        painter.drawStaticText(QPointF{x + piece.x, double(top)}, piece.shape);
 }

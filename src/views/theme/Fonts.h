@@ -23,11 +23,15 @@ enum class Role {
 /// At the text size in force; ask again after a theme change.
 const QFont &font(Role role);
 
-/// Width of `text` when its digits all take the width of the widest digit.
-int tabularWidth(const QFont &font, const QString &text);
+enum class LineStyle { Plain, StruckOut };
 
-/// Draws one line of `text` with digits of equal width, so that numbers of a column stand below each
-/// other. Vertically centred; `alignment` is absolute. Text of right-to-left scripts is drawn as it is.
-void drawTabular(QPainter &painter, const QRect &bounds, Qt::Alignment alignment, const QString &text);
+/// Width of one line of `text`. Here and in drawLine() digits all take the width of the widest, so that
+/// numbers of a column stand below each other; text of right-to-left scripts is left as it is.
+int width(Role role, const QString &text);
+
+/// Draws one line with the painter's pen, vertically centred, its end replaced by "…" where it is wider
+/// than `bounds`. `side` is absolute. A line is shaped once and kept for the next time.
+void drawLine(QPainter &painter, Role role, const QRect &bounds, Qt::Alignment side, const QString &text,
+              LineStyle style = LineStyle::Plain);
 
 } // namespace Fonts

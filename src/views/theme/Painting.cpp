@@ -125,7 +125,7 @@ void Painting::dot(QPainter &painter, const QPointF &centre, const QString &colo
 
 int Painting::pillWidth(const QString &text)
 {
-    return Fonts::tabularWidth(Fonts::font(Fonts::Role::Caption), text) + 2 * pillPadding;
+    return Fonts::width(Fonts::Role::Caption, text) + 2 * pillPadding;
 }
 
 void Painting::pill(QPainter &painter, const QRect &bounds, const QString &text)
@@ -138,9 +138,7 @@ void Painting::pill(QPainter &painter, const QRect &bounds, const QString &text)
     roundedBox(painter, box, height / 2.0, theme.tag);
 
     const Saved saved{painter};
-    painter.setFont(Fonts::font(Fonts::Role::Caption));
     painter.setPen(theme.secondaryText);
-    const QString shown =
-        QFontMetrics{painter.font()}.elidedText(text, Qt::ElideRight, box.width() - pillPadding);
-    Fonts::drawTabular(painter, box, Qt::AlignHCenter, shown);
+    Fonts::drawLine(painter, Fonts::Role::Caption, box.adjusted(pillPadding / 2, 0, -pillPadding / 2, 0),
+                    Qt::AlignHCenter, text);
 }
