@@ -13,6 +13,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +26,8 @@ constexpr CXLogger storeFileLog{u"store"};
 // "ORVA", in the header of every store of ours (SQLite file format, section 1.3).
 constexpr quint32 applicationID = 0x4f525641;
 constexpr qint64 headerSize = 100;
+constexpr int pageSizeOffset = 16;
+constexpr int pageCountOffset = 28;
 constexpr int userVersionOffset = 60;
 constexpr int applicationIDOffset = 68;
 
@@ -51,12 +55,21 @@ Store::Opening failed(StoreProblem problem, const QString &path)
     return opening;
 }
 
+// A log that was not copied back yet may hold the rest.
+bool isCut(const QFile &file, const QByteArray &header)
+{
+    const auto pageSize = qFromBigEndian<quint16>(header.constData() + pageSizeOffset);
+    const auto pageCount = qFromBigEndian<quint32>(header.constData() + pageCountOffset);
+    const bool hasLog = QFileInfo{file.fileName() + u"-wal"_s}.size() > 0;
+    return !hasLog && file.size() < qint64(pageSize == 1 ? 65536 : pageSize) * pageCount;
+}
+
 // Read from the bytes: opening the database for it could already change the file.
 std::optional<StoreProblem> problemInHeader(const QString &path)
 {
     QFile file{path};
-    if (!file.exists() || file.size() == 0) return std::nullopt;
     if (QFileInfo{path}.isDir()) return StoreProblem::NotAStore;
+    if (!file.exists() || file.size() == 0) return std::nullopt;
     if (!file.open(QIODevice::ReadOnly)) return StoreProblem::CannotWrite;
     const QByteArray header = file.read(headerSize);
     if (header.size() < headerSize || !header.startsWith(QByteArray{"SQLite format 3\0", 16}))
@@ -66,7 +79,27 @@ std::optional<StoreProblem> problemInHeader(const QString &path)
     };
     if (number(applicationIDOffset) != applicationID) return StoreProblem::NotAStore;
     if (number(userVersionOffset) > quint32(Migrations::currentVersion())) return StoreProblem::NewerVersion;
+    if (isCut(file, header)) return StoreProblem::Damaged;
     return std::nullopt;
+}
+
+// What only an opened store tells; still without a change to it.
+std::optional<StoreProblem> problemInSchema(Connection &connection)
+{
+    // The header may be older than the log.
+    if (connection.number("PRAGMA user_version") > Migrations::currentVersion())
+        return StoreProblem::NewerVersion;
+    const bool holdsForeignTables =
+        connection.number("SELECT count(*) FROM sqlite_schema, pragma_user_version WHERE user_version = 0") >
+        0;
+    if (holdsForeignTables) return StoreProblem::Damaged;
+    return std::nullopt;
+}
+
+// Closing would otherwise still copy the log into the file.
+void leaveFileAsItIs(Connection &connection)
+{
+    sqlite3_db_config(connection.database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
 StoreProblem problemOf(const SQLite::Exception &exception)
@@ -86,6 +119,19 @@ void configure(Connection &connection)
     // An acknowledged save survives loss of power: WAL with a flush at every commit.
     connection.execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; PRAGMA cache_size = -4000;"
                        " PRAGMA temp_store = MEMORY;");
+}
+
+constexpr std::array partSuffixes{"-wal", "-shm", ""};
+
+QString unusedName(const QDir &folder, const QString &base, const QString &suffix)
+{
+    for (int number = 1;; ++number) {
+        const QString name = (number == 1 ? base : u"%1-%2"_s.arg(base).arg(number)) + u'.' + suffix;
+        if (std::ranges::none_of(partSuffixes, [&](const char *each) {
+                return folder.exists(name + QLatin1StringView{each});
+            }))
+            return name;
+    }
 }
 
 } // namespace
@@ -109,6 +155,10 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
         // The first write of a new file, so that every store of ours is known by its header.
         if (connection->number("PRAGMA application_id") != applicationID)
             connection->execute(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
+        if (const auto problem = problemInSchema(*connection)) {
+            leaveFileAsItIs(*connection);
+            return failed(*problem, path);
+        }
         connection->execute("PRAGMA journal_mode = WAL");
         configure(*connection);
         Migrations::apply(*connection);
@@ -116,10 +166,7 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
         return {std::move(store), {}, {}};
     } catch (const SQLite::Exception &exception) {
         storeFileLog.error(QString::fromUtf8(exception.what()));
-        // Closing would otherwise still copy the log into the file.
-        if (connection)
-            sqlite3_db_config(connection->database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1,
-                              nullptr);
+        if (connection) leaveFileAsItIs(*connection);
         return failed(problemOf(exception), path);
     }
 }
@@ -129,8 +176,9 @@ Result<QString> Store::setAside(const QString &path, LocalTime now)
     QString time = TimeText::fromLocalTime(now, TimeText::Fraction::Never);
     time.remove(u':');
     const QFileInfo info{path};
-    const QString kept = u"%1.damaged-%2.%3"_s.arg(info.completeBaseName(), time, info.suffix());
-    for (const char *suffix : {"-wal", "-shm", ""}) {
+    const QString kept =
+        unusedName(info.dir(), u"%1.damaged-%2"_s.arg(info.completeBaseName(), time), info.suffix());
+    for (const char *suffix : partSuffixes) {
         const QString from = path + QLatin1StringView{suffix};
         if (QFile::exists(from) &&
             !QFile::rename(from, info.dir().filePath(kept) + QLatin1StringView{suffix}))

@@ -31,7 +31,8 @@ public:
     static Opening open(const QString &path, const CXClock &clock);
 
     /// Moves a damaged store and what belongs to it aside, so that a fresh one can be made: answers the
-    /// name it was kept under, "store.damaged-2030-05-01T090000.sqlite".
+    /// name it was kept under, "store.damaged-2030-05-01T090000.sqlite", with "-2" and so on behind the
+    /// time when that is taken.
     static Result<QString> setAside(const QString &path, LocalTime now);
 
     ~Store();
