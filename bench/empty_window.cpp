@@ -1,7 +1,7 @@
 // The measure for start_bench: an empty Qt widgets window that tells when it has painted, and its
 // proportional memory, and ends.
 
-#include "FirstPaintReport.h"
+#include "client/FirstPaintReport.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "DesktopClient.h"
+#include "client/DesktopClient.h"
 #include "cli/Commands.h"
 
 #include <QApplication>

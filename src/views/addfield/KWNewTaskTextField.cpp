@@ -213,6 +213,8 @@ void KWNewTaskTextField::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Down:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
         event->ignore();
         return;
     default:

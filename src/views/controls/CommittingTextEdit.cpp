@@ -143,6 +143,10 @@ void CommittingTextEdit::keyPressEvent(QKeyEvent *event)
         commit();
         Q_EMIT entered();
         return;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        event->ignore();
+        return;
     case Qt::Key_Backspace:
         if (caret.position() > 0 || caret.hasSelection()) break;
         Q_EMIT backspacedAtStart();

@@ -1,4 +1,4 @@
-#include "OpenClient.h"
+#include "client/OpenClient.h"
 
 #include "cli/Commands.h"
 #include "cli/DemoAccount.h"

@@ -1,7 +1,7 @@
-#include "DesktopClient.h"
+#include "client/DesktopClient.h"
 
-#include "FirstPaintReport.h"
-#include "OpenClient.h"
+#include "client/FirstPaintReport.h"
+#include "client/OpenClient.h"
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
 #include "cli/Commands.h"

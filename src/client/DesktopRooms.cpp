@@ -1,4 +1,4 @@
-#include "DesktopRooms.h"
+#include "client/DesktopRooms.h"
 
 #include "model/OrvaneKit.h"
 #include "views/theme/ThemeConfigurator.h"

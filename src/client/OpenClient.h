@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DesktopRooms.h"
+#include "client/DesktopRooms.h"
 #include "cli/Invocation.h"
 #include "model/OrvaneKit.h"
 #include "platform/LogindSleepMonitor.h"
