@@ -1,12 +1,12 @@
 #include "client/DesktopClient.h"
 
-#include "client/FirstPaintReport.h"
-#include "client/OpenClient.h"
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
 #include "cli/Commands.h"
 #include "cli/DemoAccount.h"
 #include "cli/RunSettings.h"
+#include "client/FirstPaintReport.h"
+#include "client/OpenClient.h"
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
 #include "platform/DBusSingleInstance.h"
@@ -60,6 +60,15 @@ void finishWork(OrvaneKit &kit)
     QCoreApplication::processEvents();
     kit.manager().threadPool().waitForDone();
     QCoreApplication::processEvents();
+}
+
+// A picture shows the detail too: of the first task with a checklist, else of the first one.
+void selectTaskToShow(MainWindow &window)
+{
+    const QList<KWTaskListItemModel> &rows = window.listPane().model().rows();
+    if (rows.isEmpty()) return;
+    const auto found = std::ranges::find_if(rows, [](const auto &row) { return row.checklistCount > 0; });
+    window.listPane().list().selectTask(found == rows.end() ? rows.first().sid : found->sid);
 }
 
 } // namespace
@@ -162,6 +171,7 @@ int DesktopClient::drawPicture(SystemClock &clock)
     if (*list) {
         rooms.mainWindow().show();
         rooms.mainWindow().select(**list);
+        selectTaskToShow(*rooms.mainWindow().window());
         window = rooms.mainWindow().window();
     } else {
         rooms.welcomeWindow().showCentred();
