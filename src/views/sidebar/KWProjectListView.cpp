@@ -46,8 +46,10 @@ void KWProjectListView::setRoot(KWProjectListNode *root)
     m_isTakingOver = true;
     m_model.setRoot(root);
     takeOver({});
+    setAutoScroll(false); // scrolling to the selected row would unfold what hides it
     if (const QModelIndex selected = m_model.find(m_selectedType, m_selectedID); selected.isValid())
         setCurrentIndex(selected);
+    setAutoScroll(true);
     m_isTakingOver = false;
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(scrolled);
@@ -81,7 +83,7 @@ void KWProjectListView::installHandlers(KWProjectListNode &node)
         return true;
     };
     node.selectChangedHanlder = [view, changed = &node] {
-        if (view && changed->isSelected()) view->setCurrentIndex(view->m_model.indexOf(*changed));
+        if (view && changed->isSelected()) view->selectNode(changed->type(), changed->entityID());
     };
 }
 
@@ -122,6 +124,7 @@ bool KWProjectListView::selectNode(KWProjectListNodeType type, const QString &en
 {
     const QModelIndex index = m_model.find(type, entityID);
     if (!index.isValid() || !(m_model.flags(index) & Qt::ItemIsSelectable)) return false;
+    if (selectionModel()->isSelected(index)) return true;
     setCurrentIndex(index);
     scrollTo(index);
     return true;

@@ -28,7 +28,8 @@ public:
 
     /// Null when nothing is selected.
     KWProjectListNode *selectedNode() const;
-    /// Selects, unfolds what hides the row, and announces; false when there is no such row.
+    /// Selects, unfolds what hides the row, and announces; false when there is no such row. Does nothing
+    /// to a row that is selected already.
     bool selectNode(KWProjectListNodeType type, const QString &entityID);
 
 Q_SIGNALS:

@@ -1,0 +1,229 @@
+#include "views/sidebar/KWProjectListView.h"
+
+#include "model/records/KWSmartProject.h"
+#include "support/TestMain.h"
+
+#include <QAbstractItemModelTester>
+#include <QScrollBar>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Type = KWProjectListNodeType;
+
+KWProjectListNode &add(KWProjectListNode &parent, Type type, const QString &identifier)
+{
+    return parent.addChild(
+        std::make_unique<KWProjectListNode>(type, identifier, u"Title of "_s + identifier));
+}
+
+KWProjectListNode &add(KWProjectListNode &parent, const KWSmartProject &smart)
+{
+    return add(parent, Type::smartProject, smart.identifier());
+}
+
+// Inbox and Today; a folder of two lists and a list; no tags; Completed at the bottom.
+struct Tree {
+    Tree()
+    {
+        inbox = &add(top, Type::project, u"inbox"_s);
+        add(top, KWSmartProject::today());
+        add(center, KWSmartProject::tag());
+        add(bottom, KWSmartProject::completed());
+        fill();
+    }
+
+    void fill()
+    {
+        lists.setChildren({});
+        folder = &add(lists, Type::group, u"home"_s);
+        add(*folder, Type::project, u"groceries"_s);
+        add(*folder, Type::project, u"garden"_s);
+        add(lists, Type::project, u"work"_s);
+    }
+
+    KWProjectListNode root{Type::none, {}, {}};
+    KWProjectListNode &top = add(root, Type::none, {});
+    KWProjectListNode &center = add(root, Type::none, {});
+    KWProjectListNode &bottom = add(root, Type::none, {});
+    KWProjectListNode &lists = add(center, KWSmartProject::project());
+    KWProjectListNode *inbox = nullptr;
+    KWProjectListNode *folder = nullptr;
+};
+
+QStringList titles(const QAbstractItemModel &model, const QModelIndex &parent = {}, int depth = 0)
+{
+    QStringList found;
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        found.append(QString(depth, u'.') + index.data().toString().remove(u"Title of "_s));
+        found.append(titles(model, index, depth + 1));
+    }
+    return found;
+}
+
+} // namespace
+
+class KWProjectListView_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_tree = std::make_unique<Tree>();
+        m_view = std::make_unique<KWProjectListView>();
+        m_view->resize(248, 600);
+        m_view->setRoot(&m_tree->root);
+        m_view->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+        // As the presenter does.
+        connect(m_view.get(), &KWProjectListView::expansionChanged, this,
+                [](KWProjectListNode *node, bool isExpanded) { node->setIsExpanded(isExpanded); });
+    }
+    void cleanup()
+    {
+        m_view.reset();
+        m_tree.reset();
+    }
+
+    void showsTheThreePartsAsOneTree()
+    {
+        QCOMPARE(titles(model()),
+                 (QStringList{u"inbox"_s, u"smart.today"_s, u"smart.project"_s, u".home"_s, u"..groceries"_s,
+                              u"..garden"_s, u".work"_s, QString{}, u"smart.completed"_s}));
+        const QAbstractItemModelTester tester{&model(),
+                                              QAbstractItemModelTester::FailureReportingMode::QtTest};
+        m_view->setRoot(&m_tree->root);
+        m_view->setRoot(nullptr);
+        QCOMPARE(model().rowCount(), 0);
+    }
+
+    void tellsRowsApart()
+    {
+        QVERIFY(model().isInbox(index(u"inbox"_s)));
+        QVERIFY(!model().isInbox(index(u"work"_s)));
+        QVERIFY(model().isSectionHeader(model().find(Type::smartProject, u"smart.project"_s)));
+        QCOMPARE(model().indentation(index(u"work"_s)), 0);
+        QCOMPARE(model().indentation(index(u"garden"_s)), 1);
+        QVERIFY(!model().find(Type::project, u"smart.today"_s).isValid());
+    }
+
+    void arrowsSelectAndPassOverHeaders()
+    {
+        QSignalSpy selected{m_view.get(), &KWProjectListView::nodeSelected};
+        QVERIFY(m_view->selectNode(Type::smartProject, u"smart.today"_s));
+        QTest::keyClick(m_view.get(), Qt::Key_Down); // the header takes the keyboard, not the selection
+        QCOMPARE(m_view->selectedNode()->entityID(), u"smart.today"_s);
+        QTest::keyClick(m_view.get(), Qt::Key_Down);
+        QCOMPARE(m_view->selectedNode(), m_tree->folder);
+        QCOMPARE(selected.count(), 2);
+    }
+
+    void foldsByKeysAndClicks()
+    {
+        m_view->selectNode(Type::group, u"home"_s);
+        QTest::keyClick(m_view.get(), Qt::Key_Left);
+        QVERIFY(!m_tree->folder->isExpanded());
+        QTest::keyClick(m_view.get(), Qt::Key_Right);
+        QVERIFY(m_tree->folder->isExpanded());
+
+        const QModelIndex header = model().find(Type::smartProject, u"smart.project"_s);
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {},
+                          m_view->visualRect(header).center() - QPoint{60, 0});
+        QVERIFY(!m_tree->lists.isExpanded());
+        QVERIFY(!m_view->isExpanded(header));
+        QCOMPARE(m_view->selectedNode(), m_tree->folder);
+    }
+
+    void followsTheNodes()
+    {
+        m_tree->folder->setIsExpanded(false);
+        QTRY_VERIFY(!m_view->isExpanded(index(u"home"_s, Type::group)));
+        m_tree->inbox->setIsSelected(true);
+        QCOMPARE(m_view->selectedNode(), m_tree->inbox);
+    }
+
+    void aNewTreeKeepsSelectionAndFolding()
+    {
+        m_view->selectNode(Type::project, u"garden"_s);
+        QSignalSpy selected{m_view.get(), &KWProjectListView::nodeSelected};
+        m_tree->fill();
+        m_tree->folder->setIsExpanded(true);
+        m_view->setRoot(&m_tree->root);
+        QCOMPARE(m_view->selectedNode()->entityID(), u"garden"_s);
+        QCOMPARE(m_view->currentIndex(), index(u"garden"_s));
+        QCOMPARE(selected.count(), 0);
+
+        m_tree->fill();
+        m_tree->folder->setIsExpanded(false);
+        m_view->setRoot(&m_tree->root);
+        m_view->selectNode(Type::project, u"garden"_s); // as whoever rebuilt the tree may ask
+        QVERIFY(!m_view->isExpanded(index(u"home"_s, Type::group)));
+        QCOMPARE(m_view->selectedNode()->entityID(), u"garden"_s);
+    }
+
+    void aSelectionThatIsGoneIsNone()
+    {
+        m_view->selectNode(Type::project, u"work"_s);
+        m_tree->lists.setChildren({});
+        m_view->setRoot(&m_tree->root);
+        QVERIFY(!m_view->selectedNode());
+        QVERIFY(!model().find(Type::smartProject, u"smart.project"_s).isValid());
+        QVERIFY(!m_view->selectNode(Type::project, u"work"_s));
+    }
+
+    void nodesMayOutliveTheView()
+    {
+        m_view.reset();
+        m_tree->folder->setIsExpanded(false);
+        m_tree->inbox->setIsSelected(true);
+        QVERIFY(!m_tree->folder->isExpanded());
+    }
+
+    void bottomRowsStandAtTheBottom()
+    {
+        const QModelIndex completed = model().find(Type::smartProject, u"smart.completed"_s);
+        QTRY_COMPARE(m_view->visualRect(completed).bottom() + 1, m_view->viewport()->height());
+        m_view->resize(248, 200); // less than the rows need: then it follows the others
+        QTRY_VERIFY(m_view->verticalScrollBar()->maximum() > 0);
+        m_view->resize(248, 600);
+        QTRY_COMPARE(m_view->visualRect(completed).bottom() + 1, m_view->viewport()->height());
+    }
+
+    void paintsCounts()
+    {
+        const QImage bare = m_view->viewport()->grab().toImage();
+        m_view->setCountOf([](const KWProjectListNode &) { return std::optional{0}; });
+        QCOMPARE(m_view->viewport()->grab().toImage(), bare);
+        m_view->setCountOf([](const KWProjectListNode &) { return std::optional{12345}; });
+        QVERIFY(m_view->viewport()->grab().toImage() != bare);
+    }
+
+    void headerOffersToAddWhatCanBeAdded()
+    {
+        const QModelIndex header = model().find(Type::smartProject, u"smart.project"_s);
+        const QPoint plus{m_view->visualRect(header).right() - 20,
+                          m_view->visualRect(header).center().y() + 4};
+        QSignalSpy added{m_view.get(), &KWProjectListView::addRequested};
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, plus);
+        QCOMPARE(added.count(), 0);
+        m_view->setCanAdd([](const KWProjectListNode &) { return true; });
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, plus);
+        QCOMPARE(added.count(), 1);
+    }
+
+private:
+    ProjectListTreeModel &model() { return m_view->treeModel(); }
+    QModelIndex index(const QString &identifier, Type type = Type::project)
+    {
+        return model().find(type, identifier);
+    }
+
+    std::unique_ptr<Tree> m_tree;
+    std::unique_ptr<KWProjectListView> m_view;
+};
+
+ORVANE_TEST(KWProjectListView_test)
+#include "KWProjectListView_test.moc"
