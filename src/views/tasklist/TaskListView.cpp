@@ -75,6 +75,8 @@ void TaskListView::selectTask(const QString &sid)
 void TaskListView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
+    // Coming by Tab makes the first row current; what is current is what the detail shows.
+    if (current.isValid()) selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
     if (!m_place) Q_EMIT currentTaskChanged(currentTask());
 }
 

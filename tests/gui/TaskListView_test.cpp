@@ -1,0 +1,235 @@
+#include "views/tasklist/TaskListView.h"
+
+#include "support/ManualClock.h"
+#include "support/TestMain.h"
+#include "views/tasklist/TaskRowLayout.h"
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<KWTaskListItemModel> rowsFrom(int first, int last)
+{
+    QList<KWTaskListItemModel> rows;
+    for (int i = first; i <= last; ++i) {
+        KWTaskListItemModel row;
+        row.sid = u"task %1"_s.arg(i);
+        row.title = u"Title %1"_s.arg(i);
+        rows.append(row);
+    }
+    return rows;
+}
+
+QString firstOf(const QSignalSpy &spy) { return spy.isEmpty() ? u"(none)"_s : spy.last().first().toString(); }
+
+// A view of a size, shown, with the keyboard in it.
+struct Shown {
+    explicit Shown(QList<KWTaskListItemModel> rows)
+    {
+        view.resize(600, 400);
+        view.setRows(std::move(rows));
+        view.show();
+        view.setFocus();
+        if (!QTest::qWaitForWindowActive(&view)) qFatal("the window does not become active");
+    }
+
+    QPoint checkbox(const QString &sid) const
+    {
+        return taskRowCheckbox(view.visualRect(model.indexOf(sid)), view.layoutDirection()).center();
+    }
+    QPoint title(const QString &sid) const { return view.visualRect(model.indexOf(sid)).center(); }
+    QString topSid() const { return model.rowAt(view.indexAt({300, 0})).sid; }
+
+    ManualClock clock{"2030-05-01 09:00"};
+    TaskListModel model{clock};
+    TaskListView view{model};
+};
+
+} // namespace
+
+class TaskListView_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isDrivenByKeys()
+    {
+        Shown shown{rowsFrom(1, 5)};
+        QSignalSpy current{&shown.view, &TaskListView::currentTaskChanged};
+        QSignalSpy toggled{&shown.view, &TaskListView::completionToggled};
+        QSignalSpy opened{&shown.view, &TaskListView::opened};
+
+        // The keyboard came in on the first row.
+        QVERIFY(shown.view.selectionModel()->isSelected(shown.model.indexOf(u"task 1"_s)));
+        QTest::keyClick(&shown.view, Qt::Key_Down);
+        QCOMPARE(shown.view.currentTask(), u"task 2"_s);
+        QCOMPARE(firstOf(current), u"task 2"_s);
+        QTest::keyClick(&shown.view, Qt::Key_Space);
+        QCOMPARE(firstOf(toggled), u"task 2"_s);
+        QTest::keyClick(&shown.view, Qt::Key_Return);
+        QCOMPARE(firstOf(opened), u"task 2"_s);
+    }
+
+    void checkboxIsPressedWithoutSelecting()
+    {
+        Shown shown{rowsFrom(1, 5)};
+        shown.view.selectTask(u"task 1"_s);
+        QSignalSpy toggled{&shown.view, &TaskListView::completionToggled};
+        QTest::mouseClick(shown.view.viewport(), Qt::LeftButton, {}, shown.checkbox(u"task 3"_s));
+        QCOMPARE(firstOf(toggled), u"task 3"_s);
+        QCOMPARE(shown.view.currentTask(), u"task 1"_s);
+
+        // Pressed there, let go elsewhere: a change of mind.
+        QTest::mousePress(shown.view.viewport(), Qt::LeftButton, {}, shown.checkbox(u"task 4"_s));
+        QTest::mouseRelease(shown.view.viewport(), Qt::LeftButton, {}, shown.title(u"task 4"_s));
+        QCOMPARE(toggled.count(), 1);
+        QTest::mouseClick(shown.view.viewport(), Qt::LeftButton, {}, shown.title(u"task 4"_s));
+        QCOMPARE(shown.view.currentTask(), u"task 4"_s);
+        QCOMPARE(toggled.count(), 1);
+    }
+
+    void rowsWaitForTheTick()
+    {
+        Shown shown{rowsFrom(1, 3)};
+        shown.view.selectTask(u"task 1"_s);
+        QTest::keyClick(&shown.view, Qt::Key_Space);
+        shown.view.setRows(rowsFrom(2, 3));
+        QCOMPARE(shown.model.rowCount(), 3);
+        shown.view.setRows(rowsFrom(2, 9));
+        QTRY_COMPARE(shown.model.rowCount(), 8);
+    }
+
+    void selectionAndScrollSurvive_data()
+    {
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("last");
+        QTest::newRow("rows come above") << 1 << 400;
+        QTest::newRow("rows go above") << 150 << 400;
+        QTest::newRow("rows come below") << 101 << 900;
+        QTest::newRow("nearly all go") << 170 << 230;
+    }
+
+    void selectionAndScrollSurvive()
+    {
+        QFETCH(const int, first);
+        QFETCH(const int, last);
+        Shown shown{rowsFrom(101, 400)};
+        shown.view.selectTask(u"task 200"_s);
+        shown.view.verticalScrollBar()->setValue(shown.view.verticalScrollBar()->value() + 50);
+        const QString top = shown.topSid();
+        const int offset = shown.view.visualRect(shown.model.indexOf(top)).top();
+        QSignalSpy current{&shown.view, &TaskListView::currentTaskChanged};
+
+        shown.view.setRows(rowsFrom(first, last));
+        QCOMPARE(shown.view.currentTask(), u"task 200"_s);
+        QCOMPARE(shown.topSid(), top);
+        QCOMPARE(shown.view.visualRect(shown.model.indexOf(top)).top(), offset);
+        QCOMPARE(current.count(), 0);
+    }
+
+    void selectionSurvivesAnotherOrder()
+    {
+        Shown shown{rowsFrom(1, 100)};
+        shown.view.selectTask(u"task 50"_s);
+        QList<KWTaskListItemModel> reversed = rowsFrom(1, 100);
+        std::reverse(reversed.begin(), reversed.end());
+        QSignalSpy current{&shown.view, &TaskListView::currentTaskChanged};
+        shown.view.setRows(reversed);
+        QCOMPARE(shown.view.currentTask(), u"task 50"_s);
+        QCOMPARE(current.count(), 0);
+    }
+
+    void listAtItsBeginningStaysThere()
+    {
+        Shown shown{rowsFrom(101, 200)};
+        shown.view.setRows(rowsFrom(100, 200));
+        QCOMPARE(shown.topSid(), u"task 100"_s);
+    }
+
+    void titleIsEditedInPlace()
+    {
+        Shown shown{rowsFrom(1, 3)};
+        shown.view.selectTask(u"task 2"_s);
+        QSignalSpy edited{&shown.view, &TaskListView::titleEdited};
+        QTest::keyClick(&shown.view, Qt::Key_F2);
+        auto *editor = shown.view.findChild<QLineEdit *>(u"taskRowTitleEditor"_s);
+        QVERIFY(editor);
+        QCOMPARE(editor->text(), u"Title 2"_s);
+        QTest::keyClicks(editor, u"Other words"_s);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(edited.count(), 1);
+        QCOMPARE(edited[0][0].toString(), u"task 2"_s);
+        QCOMPARE(edited[0][1].toString(), u"Other words"_s);
+        QCOMPARE(shown.model.rows().at(1).title, u"Title 2"_s);
+    }
+
+    void emptyListIsPaintedAndDriven()
+    {
+        Shown shown{{}};
+        const QImage bare = shown.view.viewport()->grab().toImage();
+        shown.view.setEmptyText(u"Nothing to do"_s, u"Type to add a task."_s);
+        QVERIFY(shown.view.viewport()->grab().toImage() != bare);
+        QTest::keyClick(&shown.view, Qt::Key_Space);
+        QTest::keyClick(&shown.view, Qt::Key_Return);
+        QCOMPARE(shown.view.currentTask(), QString{});
+    }
+
+    void longTitlesAndLinesPaint()
+    {
+        QList<KWTaskListItemModel> rows = rowsFrom(1, 3);
+        rows[0].title = QString(100'000, u'x');
+        rows[1].title = u"one\ntwo\u2028three"_s;
+        rows[2].title = QString{QChar{0xd800}} + u" broken"_s;
+        Shown shown{rows};
+        QVERIFY(!shown.view.grab().isNull());
+    }
+
+    void rowLeavesOutWhatDoesNotFit()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        TaskListModel model{clock};
+        KWTaskListItemModel task;
+        task.tags = {u"errand"_s, u"deep-work"_s};
+        task.projectID = u"p"_s;
+        task.repeats = true;
+        task.checklistCount = 4;
+        task.startDate = at("2030-05-02 10:00");
+        model.setListNames({{u"p"_s, u"Client launch"_s}});
+
+        using Kind = TaskRowLayout::PieceKind;
+        const auto kinds = [&](int width) {
+            QList<Kind> found;
+            for (const auto &piece : layOutTaskRow({0, 0, width, 40}, Qt::LeftToRight, model, task).pieces)
+                found.append(piece.kind);
+            return found;
+        };
+        QCOMPARE(kinds(1000),
+                 (QList{Kind::Progress, Kind::Tag, Kind::Tag, Kind::Repeat, Kind::ListName, Kind::Date}));
+        QVERIFY(!kinds(700).contains(Kind::ListName) || kinds(700).contains(Kind::Tag));
+        QCOMPARE(kinds(260), (QList{Kind::Date}));
+    }
+
+    void rowIsMirroredForRightToLeft()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        TaskListModel model{clock};
+        KWTaskListItemModel task;
+        task.startDate = at("2030-05-02 10:00");
+        const QRect row{0, 0, 600, 40};
+        const TaskRowLayout one = layOutTaskRow(row, Qt::LeftToRight, model, task);
+        const TaskRowLayout other = layOutTaskRow(row, Qt::RightToLeft, model, task);
+        const auto mirrored = [&](const QRect &rect) {
+            return QStyle::visualRect(Qt::RightToLeft, row, rect);
+        };
+        QCOMPARE(other.checkbox, mirrored(one.checkbox));
+        QCOMPARE(other.title, mirrored(one.title));
+        QCOMPARE(other.pieces.first().bounds, mirrored(one.pieces.first().bounds));
+        QVERIFY(other.checkbox.left() > 500);
+    }
+};
+
+ORVANE_TEST(TaskListView_test)
+#include "TaskListView_test.moc"
