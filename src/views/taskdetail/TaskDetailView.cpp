@@ -49,6 +49,8 @@ TaskDetailView::TaskDetailView(CXClock &clock, QWidget *parent)
     m_page->hide();
 }
 
+TaskDetailView::~TaskDetailView() { commitEdits(); }
+
 QScrollArea *TaskDetailView::makeScrolledPart()
 {
     auto *parts = new QWidget;

@@ -20,6 +20,8 @@ class TaskDetailView : public QWidget {
 
 public:
     explicit TaskDetailView(CXClock &clock, QWidget *parent = nullptr);
+    /// Hands over what is typed, while there still is a view to hear from.
+    ~TaskDetailView() override;
 
     /// Shows the task as it is now, or none. Call commitEdits() before showing another one.
     void setTask(const std::optional<TaskDetailData> &shown);

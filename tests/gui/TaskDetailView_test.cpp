@@ -1,0 +1,282 @@
+#include "views/taskdetail/TaskDetailView.h"
+
+#include "support/ManualClock.h"
+#include "support/TestMain.h"
+#include "views/controls/CheckBox.h"
+#include "views/controls/CommittingTextEdit.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+KWChecklistItemModel item(const QString &sid, const QString &title)
+{
+    KWChecklistItemModel made;
+    made.sid = sid;
+    made.title = title;
+    return made;
+}
+
+TaskDetailData taskWith(const QList<KWChecklistItemModel> &items = {}, const QString &sid = u"task"_s)
+{
+    TaskDetailData data;
+    data.task.sid = sid;
+    data.task.title = u"Write the announcement"_s;
+    data.task.content = u"One page"_s;
+    data.items = items;
+    return data;
+}
+
+} // namespace
+
+/// The view with a record behind it that takes every edit, and shows it again, as the controller does.
+class TaskDetailView_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_clock = std::make_unique<ManualClock>("2030-05-01 09:00");
+        m_view = std::make_unique<TaskDetailView>(*m_clock);
+        m_view->resize(352, 700);
+        m_view->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+        m_record = taskWith();
+        m_edits.clear();
+    }
+    void cleanup() { m_view.reset(); }
+
+    void showsATaskAndNone()
+    {
+        m_view->setTask(m_record);
+        QCOMPARE(title().text(), u"Write the announcement"_s);
+        QVERIFY(title().isVisible());
+        m_view->setTask(std::nullopt);
+        QVERIFY(!title().isVisible());
+    }
+
+    void handsOverWhatIsTyped()
+    {
+        keepRecord();
+        QTest::keyClicks(&title(), u"x"_s);
+        m_view->commitEdits();
+        QTest::keyClicks(&content(), u"y"_s);
+        m_clock->advance(1s);
+        QCOMPARE(m_edits, (QStringList{u"title xWrite the announcement"_s, u"content yOne page"_s}));
+    }
+
+    void losesNothingWhenItIsHiddenOrEmptied()
+    {
+        keepRecord();
+        QTest::keyClicks(&title(), u"x"_s);
+        m_view->hide();
+        QCOMPARE(m_record.task.title, u"xWrite the announcement"_s);
+        m_view->show();
+        QTest::keyClicks(&content(), u"y"_s);
+        m_view->setTask(std::nullopt);
+        QCOMPARE(m_record.task.content, u"yOne page"_s);
+    }
+
+    void updateLeavesTheCaretAndTheWordsAlone()
+    {
+        m_view->setTask(m_record);
+        content().setFocus();
+        content().moveCursor(QTextCursor::End);
+        QTest::keyClicks(&content(), u" and more"_s);
+        m_record.task.title = u"Another title"_s;
+        m_record.task.content = u"Other words"_s;
+        m_view->setTask(m_record);
+        QCOMPARE(title().text(), u"Another title"_s);
+        QCOMPARE(content().text(), u"One page and more"_s);
+        QVERIFY(content().hasFocus());
+        QVERIFY(content().textCursor().atEnd());
+    }
+
+    void enterGoesOnToTheNextItem()
+    {
+        m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"Last"_s)});
+        keepRecord();
+        rows().at(0)->setFocus();
+        rows().at(0)->moveCursor(QTextCursor::End);
+        QTest::keyClick(rows().at(0), Qt::Key_Return);
+        QCOMPARE(titles(), (QStringList{u"First"_s, QString{}, u"Last"_s}));
+        QTest::keyClicks(focused(), u"Middle"_s);
+        QTest::keyClick(focused(), Qt::Key_Return);
+        QCOMPARE(stored(), (QStringList{u"First"_s, u"Middle"_s, u"Last"_s}));
+        // Enter in the empty one ends the list and leaves nothing behind.
+        QTest::keyClick(focused(), Qt::Key_Return);
+        QCOMPARE(titles(), (QStringList{u"First"_s, u"Middle"_s, u"Last"_s}));
+        QCOMPARE(stored().size(), 3);
+    }
+
+    void enterWithinAnItemPartsIt()
+    {
+        m_record = taskWith({item(u"a"_s, u"Bread and milk"_s)});
+        keepRecord();
+        rows().at(0)->setFocus();
+        QTextCursor caret = rows().at(0)->textCursor();
+        caret.setPosition(5);
+        rows().at(0)->setTextCursor(caret);
+        QTest::keyClick(rows().at(0), Qt::Key_Return);
+        QCOMPARE(stored(), (QStringList{u"Bread"_s, u" and milk"_s}));
+        QCOMPARE(titles(), stored());
+        QCOMPARE(focused()->textCursor().position(), 0);
+    }
+
+    void newItemIsKeptAndTypedOn()
+    {
+        keepRecord();
+        QTest::mouseClick(m_view->findChild<QWidget *>(u"addChecklistItem"_s), Qt::LeftButton);
+        QTest::keyClicks(focused(), u"Mi"_s);
+        m_clock->advance(1s);
+        QCOMPARE(stored(), QStringList{u"Mi"_s});
+        QTest::keyClicks(focused(), u"lk"_s);
+        m_clock->advance(1s);
+        QCOMPARE(stored(), QStringList{u"Milk"_s});
+        QCOMPARE(titles(), QStringList{u"Milk"_s});
+    }
+
+    void backspaceInAnEmptyItemRemovesIt()
+    {
+        m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"x"_s)});
+        keepRecord();
+        rows().at(1)->setFocus();
+        rows().at(1)->moveCursor(QTextCursor::End);
+        QTest::keyClick(rows().at(1), Qt::Key_Backspace);
+        QCOMPARE(titles().size(), 2);
+        QTest::keyClick(rows().at(1), Qt::Key_Backspace);
+        QCOMPARE(stored(), QStringList{u"First"_s});
+        QCOMPARE(titles(), QStringList{u"First"_s});
+        QCOMPARE(focused(), rows().at(0));
+    }
+
+    void typedTextOutlivesItsItem()
+    {
+        m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"Second"_s)});
+        keepRecord();
+        rows().at(1)->setFocus();
+        QTest::keyClicks(rows().at(1), u"My "_s);
+        // Somebody else removes the item meanwhile.
+        m_record.items.removeLast();
+        m_view->setTask(m_record);
+        QCOMPARE(titles(), (QStringList{u"First"_s, u"My Second"_s}));
+        m_clock->advance(1s);
+        QCOMPARE(stored(), (QStringList{u"First"_s, u"My Second"_s}));
+    }
+
+    void rowsFollowTheirItems()
+    {
+        m_record = taskWith({item(u"a"_s, u"A"_s), item(u"b"_s, u"B"_s), item(u"c"_s, u"C"_s)});
+        keepRecord();
+        CommittingTextEdit *second = rows().at(1);
+        second->setFocus();
+        m_record.items.move(1, 2);
+        m_record.items[0].title = u"A again"_s;
+        m_view->setTask(m_record);
+        QCOMPARE(titles(), (QStringList{u"A again"_s, u"C"_s, u"B"_s}));
+        QCOMPARE(rows().at(2), second);
+        QVERIFY(second->hasFocus());
+    }
+
+    void ticksItemsAndTask()
+    {
+        m_record = taskWith({item(u"a"_s, u"A"_s)});
+        keepRecord();
+        QTest::mouseClick(m_view->findChild<QWidget *>(u"checklistItemCheckbox"_s), Qt::LeftButton);
+        auto *box = m_view->findChild<CheckBox *>(u"detailCheckbox"_s);
+        QTest::mouseClick(box, Qt::LeftButton);
+        QCOMPARE(m_edits, (QStringList{u"toggle a"_s, u"complete"_s}));
+        QVERIFY(!box->isChecked()); // the record did not change
+    }
+
+    void everyPartHasAName()
+    {
+        m_record = taskWith({item(u"a"_s, u"A"_s)});
+        m_view->setTask(m_record);
+        for (const QWidget *widget : m_view->findChildren<QWidget *>())
+            if (widget->focusPolicy() & Qt::TabFocus && widget->isVisible())
+                QVERIFY2(!widget->accessibleName().isEmpty() && !widget->objectName().isEmpty(),
+                         widget->metaObject()->className());
+    }
+
+private:
+    CommittingTextEdit &title() { return *m_view->findChild<CommittingTextEdit *>(u"taskTitle"_s); }
+    CommittingTextEdit &content() { return *m_view->findChild<CommittingTextEdit *>(u"taskContent"_s); }
+    CommittingTextEdit *focused() { return qobject_cast<CommittingTextEdit *>(QApplication::focusWidget()); }
+
+    QList<CommittingTextEdit *> rows()
+    {
+        QApplication::sendPostedEvents(); // lays out, and takes away what was dropped
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto found = m_view->findChildren<CommittingTextEdit *>(u"checklistItemTitle"_s);
+        std::sort(found.begin(), found.end(), [this](const auto *one, const auto *other) {
+            return one->mapTo(m_view.get(), QPoint{}).y() < other->mapTo(m_view.get(), QPoint{}).y();
+        });
+        return found;
+    }
+    QStringList titles()
+    {
+        QStringList found;
+        for (const CommittingTextEdit *row : rows())
+            found.append(row->text());
+        return found;
+    }
+    QStringList stored() const
+    {
+        QStringList found;
+        for (const KWChecklistItemModel &each : m_record.items)
+            found.append(each.title);
+        return found;
+    }
+
+    void keepRecord()
+    {
+        TaskDetailView *view = m_view.get();
+        const auto note = [this, view](const QString &edit) {
+            m_edits.append(edit);
+            view->setTask(m_record);
+        };
+        const auto find = [this](const QString &sid) {
+            return std::find_if(m_record.items.begin(), m_record.items.end(),
+                                [&sid](const KWChecklistItemModel &each) { return each.sid == sid; });
+        };
+        connect(view, &TaskDetailView::titleEdited, view, [=, this](const QString &text) {
+            m_record.task.title = text;
+            note(u"title "_s + text);
+        });
+        connect(view, &TaskDetailView::contentEdited, view, [=, this](const QString &text) {
+            m_record.task.content = text;
+            note(u"content "_s + text);
+        });
+        connect(view, &TaskDetailView::completionToggled, view, [=] { note(u"complete"_s); });
+        connect(view, &TaskDetailView::itemToggled, view,
+                [=](const QString &sid) { note(u"toggle "_s + sid); });
+        connect(view, &TaskDetailView::itemTitleEdited, view, [=](const QString &sid, const QString &text) {
+            find(sid)->title = text;
+            note(u"item "_s + text);
+        });
+        connect(view, &TaskDetailView::itemAdded, view, [=, this](const QString &after, const QString &text) {
+            const auto place = after.isEmpty() ? m_record.items.begin() : find(after) + 1;
+            m_record.items.insert(place, item(u"new %1"_s.arg(++m_added), text));
+            note(u"add "_s + text);
+        });
+        connect(view, &TaskDetailView::itemRemoved, view, [=, this](const QString &sid) {
+            m_record.items.erase(find(sid));
+            note(u"remove "_s + sid);
+        });
+        view->setTask(m_record);
+    }
+
+    std::unique_ptr<ManualClock> m_clock;
+    std::unique_ptr<TaskDetailView> m_view;
+    TaskDetailData m_record;
+    QStringList m_edits;
+    int m_added = 0;
+};
+
+ORVANE_TEST(TaskDetailView_test)
+#include "TaskDetailView_test.moc"
