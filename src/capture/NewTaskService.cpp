@@ -3,12 +3,12 @@
 #include "capture/KWNewTaskPriorityReferee.h"
 #include "capture/KWNewTaskProjectReferee.h"
 #include "capture/RecognitionJson.h"
-#include "capture/TitleText.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
 
 #include <QJsonObject>

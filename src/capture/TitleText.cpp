@@ -1,14 +1,10 @@
 #include "capture/TitleText.h"
 
+#include "model/records/OneLine.h"
+
 #include <algorithm>
 
 namespace {
-
-bool isLineBreak(QChar unit)
-{
-    return unit == u'\n' || unit == u'\r' || unit == u'\v' || unit == u'\f' || unit == u'\u0085' ||
-           unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator;
-}
 
 /// Puts together what is kept of a text, part by part.
 class KeptText {
@@ -62,15 +58,6 @@ QString titleWithout(const QString &text, QList<TextRange> cuts)
     }
     kept.append(view.sliced(position));
     return onOneLine(kept.text());
-}
-
-QString onOneLine(QString text)
-{
-    if (std::ranges::any_of(text, isLineBreak)) {
-        text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-        std::ranges::replace_if(text, isLineBreak, QChar{u' '});
-    }
-    return text.trimmed();
 }
 
 QString masked(QString text, const QList<TextRange> &ranges)

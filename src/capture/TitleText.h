@@ -11,8 +11,5 @@
 /// white space around it becomes one space, or none at the ends of the title.
 QString titleWithout(const QString &text, QList<TextRange> cuts);
 
-/// The text on one line: every line break becomes a space, the ends are trimmed.
-QString onOneLine(QString text);
-
 /// The text with U+FFFC in place of every unit of `ranges`, so that all places stay where they are.
 QString masked(QString text, const QList<TextRange> &ranges);

@@ -39,9 +39,9 @@ QString KWListIdentifier::userDefaultEncode() const { return QString::number(int
 std::optional<KWListIdentifier> KWListIdentifier::userDefaultDecode(const QString &text)
 {
     const qsizetype colon = text.indexOf(u':');
-    bool isNumber = false;
-    const int type = text.left(colon).toInt(&isNumber);
-    if (colon <= 0 || !isNumber || colon + 1 == text.size()) return std::nullopt;
+    const int type = text.left(colon).toInt();
+    if (colon <= 0 || text.left(colon) != QString::number(type) || colon + 1 == text.size())
+        return std::nullopt;
     switch (KWListIdentifierType(type)) {
     case KWListIdentifierType::SmartProject:
     case KWListIdentifierType::Project:

@@ -26,9 +26,9 @@ KWTaskDefaultConfiguration KWTaskDefaultConfigurationManager::current(const KWUs
                                                                       const KWUserSettingsModel &settings)
 {
     KWTaskDefaultConfiguration configuration;
-    const auto priority = KWTaskPriority(defaults.value(Settings::newTaskPriority));
+    const int priority = defaults.value(Settings::newTaskPriority);
     if (std::ranges::find(KWTaskPriorities, priority) != KWTaskPriorities.end())
-        configuration.priority = priority;
+        configuration.priority = KWTaskPriority(priority);
     if (const int offset = defaults.value(Settings::newTaskDateOffset); offset >= 0)
         configuration.dateOffset = std::chrono::days{offset};
     configuration.reminders = triggers(settings.defaultReminderRules, TriggerDay::Timed);

@@ -68,8 +68,9 @@ public:
     template <class Value>
     Value valueOr(const Setting<Value> &setting, const Value &fallback, const QString &user = {}) const
     {
-        const QVariant stored = file(setting.scope).value(keyOf(setting, user));
-        return stored.canConvert<Value>() ? stored.value<Value>() : fallback;
+        QVariant stored = file(setting.scope).value(keyOf(setting, user));
+        // A text that somebody wrote into the file need not be a number.
+        return stored.convert(QMetaType::fromType<Value>()) ? stored.value<Value>() : fallback;
     }
     template <class Value>
     bool contains(const Setting<Value> &setting, const QString &user = {}) const

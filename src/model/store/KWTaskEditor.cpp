@@ -2,6 +2,7 @@
 
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
+#include "model/records/OneLine.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
 
@@ -20,29 +21,6 @@ std::int64_t orderBehind(const QString &itemID, const QList<KWChecklistItem *> &
 }
 
 } // namespace
-
-QString singleLine(const QString &text)
-{
-    QString line;
-    line.reserve(text.size());
-    bool isPending = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar each = text.at(i);
-        if (each.category() == QChar::Other_Control || each == QChar::LineSeparator ||
-            each == QChar::ParagraphSeparator) {
-            isPending = true;
-            continue;
-        }
-        if (isPending && !line.isEmpty() && !line.back().isSpace() && !each.isSpace()) line += u' ';
-        isPending = false;
-        const bool isPair = each.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-        if (isPair)
-            line.append(each).append(text.at(++i));
-        else
-            line += each.isSurrogate() ? QChar{QChar::ReplacementCharacter} : each;
-    }
-    return line.trimmed();
-}
 
 std::optional<TaskWithChecklist> KWTaskEditor::read(const QString &taskID) const
 {
@@ -81,7 +59,7 @@ Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<v
 
 Result<void> KWTaskEditor::setTitle(const QString &taskID, const QString &title)
 {
-    const QString line = singleLine(title);
+    const QString line = onOneLine(title);
     if (line.isEmpty()) return Error{storeText("A task needs a title.")};
     return editTask(taskID, [&line](KWTask &task) { task.set(&KWTaskModel::title, line); });
 }
@@ -94,7 +72,7 @@ Result<void> KWTaskEditor::setContent(const QString &taskID, const QString &cont
 Result<void> KWTaskEditor::setItemTitle(const QString &itemID, const QString &title)
 {
     return editItem(itemID, [&title](KWChecklistItem &item) {
-        item.set(&KWChecklistItemModel::title, singleLine(title));
+        item.set(&KWChecklistItemModel::title, onOneLine(title));
     });
 }
 
@@ -112,7 +90,7 @@ Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afte
         KWChecklistItemModel item;
         item.userID = task.model().userID;
         item.taskID = taskID;
-        item.title = singleLine(title);
+        item.title = onOneLine(title);
         item.sortOrder = orderBehind(afterItemID, task.orderedChecklistItems());
         itemID = task.context().insert<KWChecklistItem>(std::move(item)).sid();
         if (task.isTextKind()) task.set(&KWTaskModel::kind, KWTaskKindChecklist);

@@ -45,7 +45,3 @@ private:
 
     KWCoreDataManager &m_manager;
 };
-
-/// A text as one line, as titles are: every run of line breaks and other control characters is a space,
-/// and none stands at the ends. Halves of surrogate pairs become U+FFFD.
-QString singleLine(const QString &text);

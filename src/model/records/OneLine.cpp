@@ -1,0 +1,22 @@
+#include "model/records/OneLine.h"
+
+#include <algorithm>
+
+namespace {
+
+bool isLineBreak(QChar unit)
+{
+    return unit == u'\n' || unit == u'\r' || unit == u'\v' || unit == u'\f' || unit == u'\u0085' ||
+           unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator;
+}
+
+} // namespace
+
+QString onOneLine(QString text)
+{
+    if (std::ranges::any_of(text, isLineBreak)) {
+        text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+        std::ranges::replace_if(text, isLineBreak, QChar{u' '});
+    }
+    return text.trimmed();
+}
