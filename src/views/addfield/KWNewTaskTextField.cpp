@@ -318,7 +318,9 @@ void KWNewTaskTextField::paintEvent(QPaintEvent *event)
 // Not the one of QTextEdit, which would break into lines and space its words as the text does.
 void KWNewTaskTextField::paintPlaceholder(QPainter &painter) const
 {
-    painter.setFont(Fonts::font(Fonts::Role::Body));
+    QFont plain = font();
+    plain.setWordSpacing(0);
+    painter.setFont(plain);
     painter.setPen(Theme::current().faintText);
     const QRect bounds = viewport()->rect().adjusted(documentMargin, 0, -documentMargin, 0);
     const QString shown = painter.fontMetrics().elidedText(m_placeholder, Qt::ElideRight, bounds.width());
@@ -337,7 +339,9 @@ void KWNewTaskTextField::placeViewport()
     const int line = fontMetrics().height() + 2 * documentMargin;
     const int above = std::max(0, (height() - line) / 2);
     const int before = ring + padding - documentMargin;
-    const QMargins margins{before, above, before + hintWidth() + padding,
+    const int behind = before + hintWidth() + padding;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const QMargins margins{isMirrored ? behind : before, above, isMirrored ? before : behind,
                            std::max(0, height() - line - above)};
     if (margins != viewportMargins()) setViewportMargins(margins);
 }

@@ -15,23 +15,21 @@ TaskListPane::TaskListPane(CXClock &clock, QWidget *parent)
     , m_list(new TaskListView{m_model})
 {
     setObjectName(QStringLiteral("taskListPane"));
-    auto *head = new QVBoxLayout;
-    head->setContentsMargins(Metrics::margin, Metrics::gap + Metrics::grid, Metrics::margin, Metrics::gap);
-    head->setSpacing(Metrics::gap);
-    head->addWidget(m_header);
-    // The outline of the field stands in line with the rows; its ring stands out.
-    auto *field = new QVBoxLayout;
-    field->setContentsMargins(-KWNewTaskTextField::ring, 0, -KWNewTaskTextField::ring, 0);
-    field->addWidget(m_addField);
-    head->addLayout(field);
+    const auto inset = [](QWidget *widget, const QMargins &margins) {
+        auto *layout = new QVBoxLayout;
+        layout->setContentsMargins(margins);
+        layout->addWidget(widget);
+        return layout;
+    };
+    constexpr int side = Metrics::margin;
+    // The outline of the field stands in line with the rows, and so do their checkboxes.
+    constexpr int fieldSide = Metrics::margin - KWNewTaskTextField::ring;
+    constexpr int rowSide = Metrics::margin - Metrics::rowOutset;
 
     auto *column = new QVBoxLayout{this};
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addLayout(head);
-    auto *rows = new QVBoxLayout;
-    constexpr int side = Metrics::margin - Metrics::rowOutset;
-    rows->setContentsMargins(side, 0, side, 0);
-    rows->addWidget(m_list);
-    column->addLayout(rows, 1);
+    column->setContentsMargins(0, Metrics::gap + Metrics::grid, 0, 0);
+    column->setSpacing(Metrics::gap);
+    column->addLayout(inset(m_header, {side, 0, side, 0}));
+    column->addLayout(inset(m_addField, {fieldSide, 0, fieldSide, 0}));
+    column->addLayout(inset(m_list, {rowSide, 0, rowSide, 0}), 1);
 }

@@ -17,6 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int textMargin = 14;
+constexpr int actionMargin = 6;
+
 // A button that is its text alone, coloured for the toast.
 class ToastButton : public QPushButton {
 public:
@@ -47,7 +50,6 @@ Toast::Toast(QWidget &parent) : QWidget(&parent), m_message(new QLabel{this}), m
     m_action->setObjectName(u"toastAction"_s);
     m_action->setCursor(Qt::PointingHandCursor);
     auto *layout = new QHBoxLayout{this};
-    layout->setContentsMargins(14, Metrics::grid, Metrics::grid + 2, Metrics::grid);
     layout->setSpacing(Metrics::grid);
     layout->addWidget(m_message);
     layout->addWidget(m_action);
@@ -78,9 +80,10 @@ void Toast::showMessage(const QString &message, const QString &action)
     m_action->setText(action);
     m_action->setAccessibleName(action);
     m_action->setVisible(!action.isEmpty());
-    const QMargins margins = layout()->contentsMargins();
-    layout()->setContentsMargins(margins.left(), margins.top(),
-                                 action.isEmpty() ? margins.left() : Metrics::grid + 2, margins.bottom());
+    const int behind = action.isEmpty() ? textMargin : actionMargin;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    layout()->setContentsMargins(isMirrored ? behind : textMargin, Metrics::grid,
+                                 isMirrored ? textMargin : behind, Metrics::grid);
     setAccessibleName(message);
     place();
     show();
