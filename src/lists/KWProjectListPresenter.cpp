@@ -51,11 +51,16 @@ bool KWProjectListPresenter::rebuildIfChanged()
     return true;
 }
 
-void KWProjectListPresenter::reload()
+void KWProjectListPresenter::build()
 {
     if (!m_account.isSignedIn()) return;
     m_foldedNodes = m_defaults.value(Settings::foldedNodes, m_account.currentUserID());
     rebuildIfChanged();
+}
+
+void KWProjectListPresenter::reload()
+{
+    build();
     recount();
 }
 

@@ -22,7 +22,10 @@ public:
     const std::optional<ProjectListContents> &contents() const { return m_contents; }
     KWProjectListNode &listsRootNode() { return m_dataService.rootNode(); }
 
-    /// Builds the tree of the signed-in user and selects the stored node, or Today when it is gone.
+    /// Builds the tree of the signed-in user and selects the stored node, or Today when it is gone. Counts
+    /// are left to recount(): a window asks for them once it is painted.
+    void build();
+    /// Builds and counts again.
     void reload();
     /// Empties the tree, at sign-out.
     void clear();

@@ -3,7 +3,9 @@
 #include "model/OrvaneKit.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
+#include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarController.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
@@ -58,7 +60,8 @@ void MainWindowController::make()
 {
     m_content = std::make_unique<Content>(m_rooms);
     connectColumns();
-    m_rooms.sidebar.reload();
+    m_rooms.sidebar.build();
+    new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
     m_content->window.listPane().addField().setFocus();
 }
 
