@@ -22,6 +22,7 @@
 #include "views/welcome/WelcomeWindow.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
@@ -166,6 +167,7 @@ int DesktopClient::drawPicture(SystemClock &clock)
 
     const auto list = listOfPage(request->page, kit);
     if (!list) return fail(list.error().sentence, ExitStatus::WrongUsage);
+    QCursor::setPos(-1000, -1000); // no row is drawn as pointed at
     DesktopRooms rooms{kit, clock};
     QWidget *window = nullptr;
     if (*list) {
