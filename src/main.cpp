@@ -1,5 +1,5 @@
-#include "client/DesktopClient.h"
 #include "cli/Commands.h"
+#include "client/DesktopClient.h"
 
 #include <QApplication>
 #include <QTextStream>

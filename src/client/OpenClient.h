@@ -1,7 +1,7 @@
 #pragma once
 
-#include "client/DesktopRooms.h"
 #include "cli/Invocation.h"
+#include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
 #include "platform/LogindSleepMonitor.h"
 #include "platform/OutsideChangeWatcher.h"

@@ -28,7 +28,8 @@ public:
     void restart();
 
     /// The widget of that name in the main window; a missing one ends the program with a message.
-    template <class Widget> Widget &find(const char *objectName)
+    template <class Widget>
+    Widget &find(const char *objectName)
     {
         return *static_cast<Widget *>(findWidget(objectName));
     }

@@ -11,7 +11,7 @@
 /// zone UTC, locale C, no desktop.
 #define ORVANE_TEST(Class)                                                                                   \
     namespace {                                                                                              \
-    const TestRegistration registration_##Class{#Class, [] { return std::make_unique<Class>(); }};          \
+    const TestRegistration registration_##Class{#Class, [] { return std::make_unique<Class>(); }};           \
     }
 
 class TestRegistration {
