@@ -55,11 +55,14 @@ void reportFirstPaintIfAsked(OpenClient &client)
                    }};
 }
 
-// The counts are on their way from the background, and what they bring is still to be laid out.
+// The first paint asks for counts, they come from the background, and what they bring is laid out.
 void finishWork(OrvaneKit &kit)
 {
-    QCoreApplication::processEvents();
-    kit.manager().threadPool().waitForDone();
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        QCoreApplication::processEvents();
+        kit.manager().threadPool().waitForDone();
+    }
     QCoreApplication::processEvents();
 }
 
