@@ -84,11 +84,12 @@ void KWProjectListPresenter::restoreSelection()
 void KWProjectListPresenter::select(const KWListIdentifier &list)
 {
     KWProjectListNode *node = m_dataService.nodeFor(list);
-    if (!node || list == m_selectedList) return;
+    if (!node) return;
+    m_defaults.set(Settings::selectedNode, list.userDefaultEncode(), m_account.currentUserID());
+    if (list == m_selectedList) return;
     if (KWProjectListNode *before = selectedNode()) before->setIsSelected(false);
     m_selectedList = list;
     node->setIsSelected(true);
-    m_defaults.set(Settings::selectedNode, list.userDefaultEncode(), m_account.currentUserID());
     if (onSelectionChanged) onSelectionChanged(list);
 }
 

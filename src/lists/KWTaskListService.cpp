@@ -3,8 +3,6 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
 
-#include <memory>
-
 namespace {
 
 // More than any screen shows; read in a few milliseconds.
@@ -41,7 +39,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
 
 void KWTaskListService::clear()
 {
-    ++m_generation;
+    m_request.reset();
     m_list = {};
     m_showsOtherList = true;
     take({});
@@ -51,7 +49,7 @@ bool KWTaskListService::isLongList() const { return !m_showsOtherList && m_rows.
 
 void KWTaskListService::reload()
 {
-    ++m_generation;
+    m_request = std::make_shared<Request>();
     if (!m_account.isSignedIn() || m_list.entityID.isEmpty()) return;
     // A long list that is shown already is replaced whole, so that it never shrinks meanwhile.
     if (!isLongList()) readTop();
@@ -80,8 +78,8 @@ void KWTaskListService::readAll()
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(
-        read, [this, rows, generation = m_generation](const Result<void> &done) {
-            if (generation != m_generation) return;
+        read, [this, rows, answers = std::weak_ptr{m_request}](const Result<void> &done) {
+            if (answers.expired()) return;
             if (done)
                 take(std::move(*rows));
             else if (onFailure)

@@ -5,6 +5,7 @@
 #include "model/store/KWListDataFetcher.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 /// The rows of the list that the middle pane shows, kept true while tasks and the day change. The top
@@ -27,6 +28,8 @@ public:
     std::function<void(const QString &)> onFailure;
 
 private:
+    struct Request {};
+
     void readTop();
     void readAll();
     void take(QList<KWTaskListItemModel> rows);
@@ -36,8 +39,8 @@ private:
     KWAccountManager &m_account;
     KWListIdentifier m_list;
     QList<KWTaskListItemModel> m_rows;
-    bool m_showsOtherList = false; // the rows are still those of the list selected before
-    int m_generation = 0;          // of the request: an answer to an older one is dropped
+    bool m_showsOtherList = false;      // the rows are still those of the list selected before
+    std::shared_ptr<Request> m_request; // the latest; an answer to another one is dropped
     std::vector<KWNotificationCenter::Observation> m_observations;
     KWEventBus::Registration m_registration;
 };

@@ -3,8 +3,6 @@
 #include "corvexkit/log/CXLog.h"
 #include "model/events/NotificationNames.h"
 
-#include <memory>
-
 namespace {
 
 constexpr CXLogger countLog{u"counts"};
@@ -52,7 +50,9 @@ void KWProjectListCountFetcher::recount()
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(
-        count, [this, counts, generation = m_generation](const Result<void> &done) {
+        count,
+        [this, counts, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {
+            if (life.expired()) return;
             m_isCounting = false;
             if (!done) countLog.error(done.error().sentence);
             if (generation == m_generation && done) {

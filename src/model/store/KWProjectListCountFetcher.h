@@ -6,6 +6,8 @@
 
 #include <QHash>
 
+#include <memory>
+
 /// The counts of the sidebar. They are worked out in the background and kept; a recount ends in
 /// `countChanged`. Main thread.
 class KWProjectListCountFetcher {
@@ -19,6 +21,7 @@ public:
     void clear();
 
 private:
+    struct Life {};
     using Counts = QHash<QString, std::optional<int>>; // by encoded list
 
     void recount();
@@ -30,4 +33,5 @@ private:
     QList<KWListIdentifier> m_wanted;
     int m_generation = 0; // of the cache: an answer for an older one is dropped
     bool m_isCounting = false;
+    std::shared_ptr<Life> m_life = std::make_shared<Life>(); // an answer that outlives it is dropped
 };
