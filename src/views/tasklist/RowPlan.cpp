@@ -8,6 +8,9 @@ namespace {
 
 using Rows = QList<KWTaskListItemModel>;
 
+// Finding the steps between more rows than this takes longer than drawing from scratch.
+constexpr int mostRowsCompared = 10'000;
+
 // The part of both lists between the equal rows at the front and at the back.
 struct Middle {
     int first = 0;
@@ -97,6 +100,16 @@ bool planMoves(std::vector<int> order, int offset, std::size_t limit, std::vecto
 std::optional<RowPlan> planRows(const Rows &before, const Rows &after, std::size_t limit)
 {
     const Middle middle = middleOf(before, after);
+    // By far the most frequent changes need no more than this, however long the list.
+    if (middle.first == middle.afterEnd && middle.first == middle.beforeEnd) return RowPlan{};
+    if (middle.first == middle.afterEnd)
+        return RowPlan{
+            .removals = {{middle.first, middle.beforeEnd - middle.first}}, .moves = {}, .insertions = {}};
+    if (middle.first == middle.beforeEnd)
+        return RowPlan{
+            .removals = {}, .moves = {}, .insertions = {{middle.first, middle.afterEnd - middle.first}}};
+
+    if (std::max(middle.afterEnd, middle.beforeEnd) - middle.first > mostRowsCompared) return std::nullopt;
     const auto places = placesOf(after, middle.first, middle.afterEnd);
     const auto oldPlaces = placesOf(before, middle.first, middle.beforeEnd);
     if (!places || !oldPlaces) return std::nullopt;
@@ -114,6 +127,6 @@ std::optional<RowPlan> planRows(const Rows &before, const Rows &after, std::size
         if (!oldPlaces->contains(after.at(i).sid)) append(plan.insertions, i);
 
     if (!planMoves(std::move(order), middle.first, limit, plan.moves)) return std::nullopt;
-    if (plan.removals.size() + plan.moves.size() + plan.insertions.size() > limit) return std::nullopt;
+    if (plan.stepCount() > limit) return std::nullopt;
     return plan;
 }

@@ -21,8 +21,11 @@ struct RowPlan {
     std::vector<Range> removals; ///< from the back
     std::vector<Move> moves;
     std::vector<Range> insertions; ///< from the front; `first` is also the place in the new list
+
+    std::size_t stepCount() const { return removals.size() + moves.size() + insertions.size(); }
 };
 
-/// Nothing when more than `limit` steps would be needed, or when an id stands in a list twice.
+/// Nothing when more than `limit` steps would be needed, and where the two differ by thousands of rows or
+/// hold an id twice.
 std::optional<RowPlan> planRows(const QList<KWTaskListItemModel> &before,
                                 const QList<KWTaskListItemModel> &after, std::size_t limit);

@@ -35,38 +35,61 @@ QModelIndex TaskListModel::indexOf(const QString &sid) const
 void TaskListModel::setRows(QList<KWTaskListItemModel> rows)
 {
     const auto plan = planRows(m_rows, rows, mostSteps);
-    const bool staysInPlace =
-        plan && plan->removals.empty() && plan->moves.empty() && plan->insertions.empty();
-    if (staysInPlace) {
+    if (plan && plan->stepCount() == 0) {
         announceChangedRows(rows);
         return;
     }
     Q_EMIT rowsAboutToChange();
-    if (!plan) {
+    if (plan) {
+        carryOut(*plan, rows);
+    } else {
         beginResetModel();
         m_rows = std::move(rows);
         endResetModel();
-        Q_EMIT rowsDidChange();
-        return;
     }
-    for (const auto &[first, count] : plan->removals) {
+    Q_EMIT rowsDidChange();
+}
+
+void TaskListModel::carryOut(const RowPlan &plan, const QList<KWTaskListItemModel> &rows)
+{
+    // The new list is shared then, not copied, which counts for a long one.
+    const bool isWhole = isOneRangeOnly(plan, rows);
+    for (const auto &[first, count] : plan.removals) {
         beginRemoveRows({}, first, first + count - 1);
-        m_rows.remove(first, count);
+        if (isWhole)
+            m_rows = rows;
+        else
+            m_rows.remove(first, count);
         endRemoveRows();
     }
-    for (const auto &[from, to] : plan->moves) {
+    for (const auto &[from, to] : plan.moves) {
         beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
         m_rows.move(from, to);
         endMoveRows();
     }
-    for (const auto &[first, count] : plan->insertions) {
+    for (const auto &[first, count] : plan.insertions) {
         beginInsertRows({}, first, first + count - 1);
-        m_rows.insert(first, count, {});
-        std::copy_n(rows.begin() + first, count, m_rows.begin() + first);
+        if (isWhole) {
+            m_rows = rows;
+        } else {
+            m_rows.insert(first, count, {});
+            std::copy_n(rows.begin() + first, count, m_rows.begin() + first);
+        }
         endInsertRows();
     }
-    announceChangedRows(rows);
-    Q_EMIT rowsDidChange();
+    if (!isWhole) announceChangedRows(rows);
+}
+
+// Whether all that happens is that one range of rows comes or goes.
+bool TaskListModel::isOneRangeOnly(const RowPlan &plan, const QList<KWTaskListItemModel> &rows) const
+{
+    if (plan.stepCount() != 1 || !plan.moves.empty()) return false;
+    const bool grows = plan.removals.empty();
+    const auto [first, count] = grows ? plan.insertions.front() : plan.removals.front();
+    const auto &longer = grows ? rows : m_rows;
+    const auto &shorter = grows ? m_rows : rows;
+    return std::equal(longer.begin(), longer.begin() + first, shorter.begin()) &&
+           std::equal(longer.begin() + first + count, longer.end(), shorter.begin() + first);
 }
 
 void TaskListModel::announceChangedRows(const QList<KWTaskListItemModel> &rows)

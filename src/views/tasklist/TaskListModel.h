@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QList>
 
+struct RowPlan;
+
 /// The rows of a task list for Qt's views. Main thread only.
 class TaskListModel : public QAbstractListModel {
     Q_OBJECT
@@ -50,6 +52,8 @@ Q_SIGNALS:
     void rowsDidChange();
 
 private:
+    void carryOut(const RowPlan &plan, const QList<KWTaskListItemModel> &rows);
+    bool isOneRangeOnly(const RowPlan &plan, const QList<KWTaskListItemModel> &rows) const;
     void announceChangedRows(const QList<KWTaskListItemModel> &rows);
     void allChanged();
     QString spokenText(const KWTaskListItemModel &row) const;
