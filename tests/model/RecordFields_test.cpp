@@ -36,7 +36,7 @@ void forEachTwin(Visitor &&visit)
 void alter(QString &value, int number) { value = u"‘%1’ ü\n\"\\"_s.arg(number); }
 void alter(QStringList &value, int number) { value = {u"a%1"_s.arg(number), u"b, \"c\" 日本"_s, QString{}}; }
 void alter(bool &value, int) { value = !value; }
-void alter(Instant &value, int number) { value = Instant{milliseconds{-86'400'123 * number}}; }
+void alter(Instant &value, int number) { value = Instant{milliseconds{-86'400'123LL * number}}; }
 void alter(QList<Instant> &value, int number) { value = {Instant{milliseconds{1}}, Instant{days{number}}}; }
 void alter(KWTaskStatus &value, int) { value = KWTaskStatusAbandoned; }
 void alter(KWSyncStatus &value, int) { value = KWSyncStatusDeleted; }
