@@ -1,6 +1,7 @@
 #include "model/store/KWCoreDataManager.h"
 
 #include "model/records/KWProject.h"
+#include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/KWTaskTicker.h"
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void handsAnErrorToTheCompletion();
     void dropsWorkWhenTheManagerGoes();
     void savesFromManyThreadsAtOnce();
+    void makesWhatManyFindMissingOnce();
     void ticksAndReopens();
     void leavesATaskAsItWasWhenTickingFails();
 };
@@ -235,6 +237,33 @@ void KWCoreDataManager_test::savesFromManyThreadsAtOnce()
     QCOMPARE(failures.load(), 0);
     QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks"), 3 * each + 1);
     QTRY_COMPARE(m_announced.size(), 4 * each);
+}
+
+void KWCoreDataManager_test::makesWhatManyFindMissingOnce()
+{
+    constexpr int names = 25;
+    std::atomic_int failures = 0;
+    std::vector<std::unique_ptr<QThread>> threads;
+    const QString user = m_store->userID();
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back(QThread::create([&] {
+            for (int n = 0; n < names; ++n) {
+                const QString name = u"new%1"_s.arg(n);
+                failures += !service().sync_save([&](ObjectContext &context) -> Result<void> {
+                    KWTag::createNewTagWithName(name, user, TagUniqueness::MayExist, context);
+                    if (!KWProject::findProjectNamed(name, user, context))
+                        KWProject::createProjectNamed(name, user, context);
+                    return {};
+                });
+            }
+        }));
+        threads.back()->start();
+    }
+    for (const auto &thread : threads)
+        thread->wait();
+    QCOMPARE(failures.load(), 0);
+    QCOMPARE(m_store->context().number("SELECT count(*) FROM tags"), names);
+    QCOMPARE(m_store->context().number("SELECT count(*) FROM projects WHERE isInbox = 0"), names);
 }
 
 void KWCoreDataManager_test::ticksAndReopens()

@@ -48,7 +48,9 @@ Result<void> KWCoreDataService::sync_save(const Block &block)
     ObjectContext context{loan->take(), m_manager.store().clock()};
     context.onSaved = [this](const StoreChange &change) { m_manager.announceFromBackground(change); };
 
-    Result<void> done = block(context);
+    // Before the block reads: two processes that both find a tag missing must not both make it.
+    Result<void> done = context.beginWriting();
+    if (done) done = block(context);
     if (done) {
         const Result<StoreChange> saved = context.save();
         if (!saved) done = saved.error();

@@ -46,8 +46,9 @@ public:
 
     explicit KWCoreDataService(KWCoreDataManager &manager) : m_manager(manager) {}
 
-    /// Runs the block on the calling thread and saves what it changed, all or nothing. A block that
-    /// answers an error saves nothing, and its error is the answer. The change is announced before it
+    /// Runs the block on the calling thread and saves what it changed, all or nothing. Nobody else writes
+    /// from the block's first read to the save, so a block saves through its own context only. A block
+    /// that answers an error saves nothing, and its error is the answer. The change is announced before it
     /// returns on the main thread, and soon after on any other.
     Result<void> sync_save(const Block &block);
     /// Runs the block on the calling thread; nothing is saved.

@@ -36,7 +36,11 @@ ObjectContext::ObjectContext(std::unique_ptr<Connection> connection, const CXClo
 
 ObjectContext::~ObjectContext() = default;
 
-std::unique_ptr<Connection> ObjectContext::releaseConnection() { return std::move(m_connection); }
+std::unique_ptr<Connection> ObjectContext::releaseConnection()
+{
+    m_transaction.reset();
+    return std::move(m_connection);
+}
 
 KWBaseEntity &ObjectContext::adopt(std::shared_ptr<KWBaseEntity> record)
 {
@@ -169,9 +173,21 @@ void ObjectContext::stampModification()
             static_cast<KWSynchronizableObject *>(each)->editSynchronizable().modifiedTime = now;
 }
 
+Result<void> ObjectContext::beginWriting()
+{
+    try {
+        if (!m_transaction) m_transaction = std::make_unique<WriteTransaction>(*m_connection);
+        return {};
+    } catch (const SQLite::Exception &exception) {
+        storeLog.error(storeFailure(exception).sentence);
+        return storeFailure(exception);
+    }
+}
+
 void ObjectContext::writeAll(StoreChange &change)
 {
-    WriteTransaction transaction{*m_connection};
+    const auto transaction =
+        m_transaction ? std::move(m_transaction) : std::make_unique<WriteTransaction>(*m_connection);
     for (KWBaseEntity *each : m_changed) {
         each->write(*m_connection);
         StoreChange::Ids &ids = change.of(each->recordKind());
@@ -180,7 +196,7 @@ void ObjectContext::writeAll(StoreChange &change)
                               : ids.updated)
             .append(each->sid());
     }
-    transaction.commit();
+    transaction->commit();
 }
 
 Result<StoreChange> ObjectContext::save()
@@ -194,7 +210,10 @@ Result<StoreChange> ObjectContext::save()
         return isUnchanged;
     });
     StoreChange change;
-    if (m_changed.empty()) return change;
+    if (m_changed.empty()) {
+        m_transaction.reset();
+        return change;
+    }
 
     stampModification();
     try {

@@ -15,6 +15,7 @@
 #include <vector>
 
 class Connection;
+class WriteTransaction;
 
 /// A unit of work over one connection: it owns the records it has read or made, one object a record,
 /// and writes what changed in one transaction. A context and its records are used by one thread.
@@ -46,6 +47,9 @@ public:
     void remove(KWBaseEntity &record);
 
     bool hasChanges() const;
+    /// Takes the store's write lock now and keeps it until the next save, or until the context ends: what
+    /// is read meanwhile stays true until it is written. Waits a few seconds for another writer.
+    Result<void> beginWriting();
     /// Writes all changes durably, or none: on failure the store is as before, the changes are still
     /// here and can be saved again or rolled back.
     Result<StoreChange> save();
@@ -80,6 +84,7 @@ private:
     void forget(KWBaseEntity &record);
 
     std::unique_ptr<Connection> m_connection;
+    std::unique_ptr<WriteTransaction> m_transaction; // begun before the save; goes before the connection
     const CXClock &m_clock;
     std::array<IdentityMap, recordKindCount> m_records;
     std::vector<KWBaseEntity *> m_changed; // each once, in the order of their first change
