@@ -6,22 +6,33 @@
 
 namespace {
 
+ExitStatus answer(const Invocation &invocation, CommandStreams streams)
+{
+    switch (invocation.action) {
+    case Invocation::Action::Version:
+        streams.out << "orvane " ORVANE_VERSION "\n";
+        return ExitStatus::Done;
+    case Invocation::Action::Help:
+        streams.out << usageOf(invocation.command);
+        return ExitStatus::Done;
+    default:
+        return runCommand(invocation, streams);
+    }
+}
+
 int runHeadless(const Invocation &invocation, int &argc, char **argv)
 {
     const QCoreApplication application{argc, argv};
     QTextStream in{stdin};
     QTextStream out{stdout};
     QTextStream err{stderr};
-    switch (invocation.action) {
-    case Invocation::Action::Version:
-        out << "orvane " ORVANE_VERSION "\n";
-        return 0;
-    case Invocation::Action::Help:
-        out << usageOf(invocation.command);
-        return 0;
-    default:
-        return int(runCommand(invocation, {in, out, err}));
-    }
+    const ExitStatus status = answer(invocation, {in, out, err});
+    out.flush();
+    if (out.status() == QTextStream::Ok || status != ExitStatus::Done) return int(status);
+    return int(failWith(QCoreApplication::translate("CommandLine",
+                                                    "It is done, but the answer could not be written to "
+                                                    "standard output."),
+                        ExitStatus::CouldNot, err));
 }
 
 } // namespace

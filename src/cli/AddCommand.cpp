@@ -72,7 +72,7 @@ ExitStatus runDryRunOfLines(FixedClock &clock, OrvaneKit &kit, CommandStreams st
 {
     NewTaskService service{kit};
     QString line;
-    while (streams.in.readLineInto(&line))
+    while (streams.out.status() == QTextStream::Ok && streams.in.readLineInto(&line))
         streams.out << lineOf(dryRunOfLine(line, clock, service));
     return ExitStatus::Done;
 }

@@ -68,13 +68,14 @@ ExitStatus run(const Invocation &invocation, OrvaneKit &kit, CommandStreams stre
     return runStatus(status, invocation, kit, streams);
 }
 
-Result<std::optional<LocalTime>> nowOf(const Invocation &invocation)
+Result<std::optional<Instant>> nowOf(const Invocation &invocation, const CXTimeZone &zone)
 {
-    if (invocation.now.isEmpty()) return std::optional<LocalTime>{};
-    const std::optional<LocalTime> now = TimeText::toLocalTime(invocation.now);
-    if (!now)
-        return Error{commandText("“%1” is no local time such as 2030-05-01T09:00:00.").arg(invocation.now)};
-    return now;
+    if (invocation.now.isEmpty()) return std::optional<Instant>{};
+    if (const auto local = TimeText::toLocalTime(invocation.now))
+        return std::optional{zone.toInstant(*local)};
+    if (const auto instant = TimeText::toInstant(invocation.now)) return std::optional{*instant};
+    return Error{commandText("“%1” is no time such as 2030-05-01T09:00:00 or 2030-05-01T09:00:00+02:00.")
+                     .arg(invocation.now)};
 }
 
 // Whoever adds the first task on a fresh computer gets the local account that the window would make.
@@ -97,13 +98,13 @@ ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
 {
     const Result<std::optional<CXTimeZone>> zone = zoneOf(invocation);
     if (!zone) return failWith(zone.error().sentence, ExitStatus::WrongUsage, streams.err);
-    const Result<std::optional<LocalTime>> now = nowOf(invocation);
+    const SystemClock systemClock{*zone};
+    const Result<std::optional<Instant>> now = nowOf(invocation, systemClock.zone());
     if (!now) return failWith(now.error().sentence, ExitStatus::WrongUsage, streams.err);
     if (const Result<void> locale = applyLocale(invocation); !locale)
         return failWith(locale.error().sentence, ExitStatus::WrongUsage, streams.err);
 
-    const SystemClock systemClock{*zone};
-    FixedClock fixedClock{*now ? systemClock.zone().toInstant(**now) : systemClock.now(), systemClock.zone()};
+    FixedClock fixedClock{now->value_or(systemClock.now()), systemClock.zone()};
     const bool bringsTimes = invocation.readsStandardInput || *now;
     const CXClock &clock = bringsTimes ? static_cast<const CXClock &>(fixedClock) : systemClock;
 

@@ -19,17 +19,19 @@ struct Option {
     const char *commands = ""; // those it belongs to; "" for any run
 };
 
+constexpr const char *noCommand = "none"; // the client and its pictures
+
 constexpr Option options[] = {
     {.name = "--home"_L1, .value = &Invocation::home},
     {.name = "--locale"_L1, .value = &Invocation::locale},
     {.name = "--zone"_L1, .value = &Invocation::zone},
     {.name = "--demo"_L1, .flag = &Invocation::isDemo},
-    {.name = "--login-item"_L1, .flag = &Invocation::isLoginItem},
-    {.name = "--picture"_L1, .value = &Invocation::pictureFile},
-    {.name = "--page"_L1, .value = &Invocation::page},
-    {.name = "--theme"_L1, .value = &Invocation::theme},
-    {.name = "--size"_L1, .value = &Invocation::size},
-    {.name = "--scale"_L1, .value = &Invocation::scale},
+    {.name = "--login-item"_L1, .flag = &Invocation::isLoginItem, .commands = noCommand},
+    {.name = "--picture"_L1, .value = &Invocation::pictureFile, .commands = noCommand},
+    {.name = "--page"_L1, .value = &Invocation::page, .commands = noCommand},
+    {.name = "--theme"_L1, .value = &Invocation::theme, .commands = noCommand},
+    {.name = "--size"_L1, .value = &Invocation::size, .commands = noCommand},
+    {.name = "--scale"_L1, .value = &Invocation::scale, .commands = noCommand},
     {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
     {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list"},
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
@@ -46,7 +48,7 @@ constexpr Command commands[] = {
     {"add"_L1, "orvane add [--list NAME] [--now ISO] [--dry-run] [--json] TITLE…\n"
                "    Adds a task. Dates, #tags, !priorities and ~lists in the title are understood.\n"
                "    --list NAME  puts it into that list unless the title names one\n"
-               "    --now ISO    reads relative dates as of this local time (with --dry-run)\n"
+               "    --now ISO    reads relative dates as of this time, local unless it ends in an offset\n"
                "    --dry-run    shows what is understood, as JSON, and changes nothing\n"
                "    --json       answers the saved task as JSON\n"
                "orvane add --dry-run --stdin\n"
@@ -56,7 +58,7 @@ constexpr Command commands[] = {
      "    Shows the open tasks of a list, of Today, Tomorrow, \"Next 7 Days\" or All, or of a #tag;\n"
      "    without NAME, all of them. Each line: id, date, title.\n"},
     {"done"_L1, "orvane done ID…\n"
-                "    Completes tasks. ID is what `orvane list` shows, or any longer part of the id.\n"},
+                "    Completes tasks. ID is what `orvane list` shows, or any longer ending of the id.\n"},
     {"undo"_L1, "orvane undo ID…\n    Opens completed tasks again.\n"},
 };
 
@@ -86,7 +88,7 @@ const Command *commandNamed(QStringView name)
 bool belongsTo(const Option &option, const QString &command)
 {
     const QStringList owners = QString::fromLatin1(option.commands).split(u' ', Qt::SkipEmptyParts);
-    return owners.isEmpty() || owners.contains(command);
+    return owners.isEmpty() || owners.contains(command.isEmpty() ? QString::fromLatin1(noCommand) : command);
 }
 
 class Parser {
@@ -152,7 +154,6 @@ private:
                 return Error{tr("“%1” does not belong to this command.").arg(QString{each->name})};
         if (const auto error = contradiction()) return *error;
         if (!m_invocation.pictureFile.isEmpty()) {
-            if (!command.isEmpty()) return Error{tr("“--picture” does not belong to this command.")};
             m_invocation.action = Action::Picture;
         } else if (!command.isEmpty()) {
             m_invocation.action = Action::Command;
@@ -166,8 +167,6 @@ private:
         if (all.readsStandardInput && !all.isDryRun) return Error{tr("“--stdin” goes with “--dry-run”.")};
         if (all.readsStandardInput && !all.arguments.isEmpty())
             return Error{tr("With “--stdin” the titles come from there, not from the command line.")};
-        if (!all.now.isEmpty() && all.command == u"add" && !all.isDryRun)
-            return Error{tr("“--now” goes with “--dry-run”.")};
         const bool needsTitle = all.command == u"add" && !all.readsStandardInput;
         if (needsTitle && all.arguments.isEmpty()) return Error{tr("What is to be added? Give its title.")};
         if (all.command.isEmpty())

@@ -103,6 +103,25 @@ private Q_SLOTS:
         QVERIFY2(!QFile::exists(DataFolders::locate(m_home->path()).store()), "a dry run made a store");
     }
 
+    void titlesAreReadAsOfTheTimeGiven_data()
+    {
+        QTest::addColumn<QString>("now");
+        QTest::addColumn<QString>("tomorrow");
+        QTest::newRow("local") << u"2026-11-21T23:30"_s << u"2026-11-22"_s;
+        QTest::newRow("with an offset") << u"2026-11-21T23:30:00+01:00"_s << u"2026-11-23"_s;
+        QTest::newRow("in UTC") << u"2026-11-21T14:59:59Z"_s << u"2026-11-22"_s;
+    }
+
+    void titlesAreReadAsOfTheTimeGiven()
+    {
+        QFETCH(QString, now);
+        QFETCH(QString, tomorrow);
+        const Answer added = orvane(
+            {u"add"_s, u"--json"_s, u"--zone"_s, u"Asia/Tokyo"_s, u"--now"_s, now, u"Pay rent tomorrow"_s});
+        QCOMPARE(added.status, 0);
+        QCOMPARE(objectOf(added.out)[u"start"_s].toString(), tomorrow);
+    }
+
     void linesAreReadEachAtItsOwnTime()
     {
         const Answer answer =
