@@ -25,6 +25,9 @@
 #include <QCursor>
 #include <QTextStream>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -36,6 +39,13 @@ int fail(const QString &sentence, ExitStatus status)
 }
 
 QString clientText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
+
+// Qt would end the program with a core dump.
+bool hasDisplay()
+{
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"},
+                               [](const char *name) { return !qEnvironmentVariableIsEmpty(name); });
+}
 
 LaunchRequest launchRequestOf(const Invocation &invocation)
 {
@@ -90,6 +100,10 @@ int DesktopClient::run(int &argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
         if (!m_invocation.scale.isEmpty()) qputenv("QT_SCALE_FACTOR", m_invocation.scale.toUtf8());
     }
+    if (!isPicture && !hasDisplay())
+        return fail(clientText("There is no display to open the window on; commands such as `orvane list` "
+                               "need none."),
+                    ExitStatus::CouldNot);
     FontWarmUp fonts;
     const QApplication application{argc, argv};
     QApplication::setDesktopFileName(u"org.orvane.Orvane"_s);
