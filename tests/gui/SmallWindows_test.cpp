@@ -2,6 +2,7 @@
 
 #include "support/TestMain.h"
 #include "views/alerts/Alert.h"
+#include "views/alerts/StoreProblemAlert.h"
 #include "views/welcome/WelcomeWindow.h"
 
 #include <QApplication>
@@ -77,6 +78,16 @@ private Q_SLOTS:
         const int answer =
             Alert::run({u"The store is damaged"_s, u"What now?"_s, {u"Keep"_s, u"Look"_s, u"Quit"_s}});
         QTEST(answer, "answer");
+    }
+
+    void enterLeavesADamagedStoreAsItIs()
+    {
+        QTimer::singleShot(0, this, [] {
+            QVERIFY(QApplication::activeModalWidget());
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+        });
+        QVERIFY(askAboutStoreProblem(StoreProblem::Damaged, u"The store is damaged."_s) ==
+                StoreProblemAnswer::Quit);
     }
 
     void welcomeAsksForOneThing()

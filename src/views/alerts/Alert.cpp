@@ -18,7 +18,7 @@ int Alert::run(const Content &content, QWidget *parent)
         QPushButton *button = box.addButton(text, QMessageBox::ActionRole);
         button->setObjectName(u"alertButton%1"_s.arg(buttons.size()));
         button->setAccessibleName(text);
-        if (buttons.isEmpty()) box.setDefaultButton(button);
+        if (buttons.size() == content.defaultButton) box.setDefaultButton(button);
         box.setEscapeButton(button);
         buttons.append(button);
     }

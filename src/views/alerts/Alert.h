@@ -12,9 +12,11 @@ namespace Alert {
 struct Content {
     QString title;
     QString text;
-    /// From the one that goes on to the one that goes back; the first is the default, the last answers
-    /// to Escape and to closing the window. Never empty.
+    /// From the one that goes on to the one that goes back; the last answers to Escape and to closing
+    /// the window. Never empty.
     QStringList buttons;
+    /// The index of the one that answers to Enter.
+    int defaultButton = 0;
 };
 
 /// Shows the alert and waits. Answers the index of the chosen button. `parent` may be null.

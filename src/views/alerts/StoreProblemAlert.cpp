@@ -14,6 +14,9 @@ StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sen
     const QString question =
         KWLocalizedString("You can keep the damaged store beside a fresh, empty one, and start with that.");
     const QStringList buttons{KWLocalizedString("Set Aside and Start Fresh"), quit};
-    const bool startsFresh = Alert::run({title, sentence + u' ' + question, buttons}) == 0;
+    // Enter, pressed without reading, leaves everything as it is.
+    const int answer = Alert::run(
+        {.title = title, .text = sentence + u' ' + question, .buttons = buttons, .defaultButton = 1});
+    const bool startsFresh = answer == 0;
     return startsFresh ? StoreProblemAnswer::StartFresh : StoreProblemAnswer::Quit;
 }
