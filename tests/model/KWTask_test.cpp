@@ -44,6 +44,7 @@ private Q_SLOTS:
     void makesOneLineOfATitle_data();
     void makesOneLineOfATitle();
     void editsTheTitleAndTheText();
+    void keepsTheDescriptionWhenItBecomesAChecklist();
     void keepsTheItemsOfAChecklistInOrder();
     void leavesAnItemAsItWasWhenSavingFails();
 };
@@ -219,6 +220,18 @@ void KWTask_test::editsTheTitleAndTheText()
     QVERIFY(!editor().setTitle(id, u"Rent"_s));
     QVERIFY(!editor().read(id));
     QVERIFY(!editor().addItem(id, {}, u"Item"_s));
+}
+
+void KWTask_test::keepsTheDescriptionWhenItBecomesAChecklist()
+{
+    const QString id = due().savedIn(*m_store);
+    QVERIFY(editor().setContent(id, u"By transfer"_s));
+    QVERIFY(editor().addItem(id, {}, u"item"_s));
+    QCOMPARE(task(id)->description(), u"By transfer"_s);
+    QVERIFY(editor().setContent(id, u"In cash"_s));
+    m_store->reopen();
+    QCOMPARE(task(id)->desc, u"In cash"_s);
+    QCOMPARE(task(id)->content, QString{});
 }
 
 void KWTask_test::keepsTheItemsOfAChecklistInOrder()
