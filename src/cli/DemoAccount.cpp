@@ -208,7 +208,7 @@ private:
         model.userID = m_userID;
         model.projectID = projectID;
         model.title = task.title;
-        model.content = task.content;
+        (task.items.empty() ? model.content : model.desc) = task.content;
         model.priority = task.priority;
         model.tags = task.tags;
         model.repeatRule = task.repeatRule;

@@ -12,8 +12,8 @@ struct KWTaskModel : KWSynchronizableFields {
     static constexpr const char *tableName = "tasks";
 
     QString title;
-    QString content;
-    QString desc;
+    QString content; ///< the text of a text task or a note
+    QString desc;    ///< the text above the checklist of a checklist task
     KWTaskKind kind = KWTaskKindText;
     KWTaskStatus status = KWTaskStatusOpen;
     KWTaskPriority priority = KWTaskPriorityNone;
@@ -42,6 +42,9 @@ struct KWTaskModel : KWSynchronizableFields {
     int estimatedPomo = 0;
     std::int64_t estimatedDuration = 0; ///< seconds
     bool isTrashed = false;
+
+    /// The text shown below the title, wherever a task of this kind keeps it.
+    const QString &description() const { return kind == KWTaskKindChecklist ? desc : content; }
 
     bool operator==(const KWTaskModel &) const = default;
 };

@@ -20,6 +20,13 @@ std::int64_t orderBehind(const QString &itemID, const QList<KWChecklistItem *> &
     return items.isEmpty() ? KWSortOrderStep : items.last()->model().sortOrder + KWSortOrderStep;
 }
 
+void makeChecklist(KWTask &task)
+{
+    task.set(&KWTaskModel::desc, task.model().content);
+    task.set(&KWTaskModel::content, QString{});
+    task.set(&KWTaskModel::kind, KWTaskKindChecklist);
+}
+
 } // namespace
 
 std::optional<TaskWithChecklist> KWTaskEditor::read(const QString &taskID) const
@@ -66,7 +73,9 @@ Result<void> KWTaskEditor::setTitle(const QString &taskID, const QString &title)
 
 Result<void> KWTaskEditor::setContent(const QString &taskID, const QString &content)
 {
-    return editTask(taskID, [&content](KWTask &task) { task.set(&KWTaskModel::content, content); });
+    return editTask(taskID, [&content](KWTask &task) {
+        task.set(task.isChecklistKind() ? &KWTaskModel::desc : &KWTaskModel::content, content);
+    });
 }
 
 Result<void> KWTaskEditor::setItemTitle(const QString &itemID, const QString &title)
@@ -93,7 +102,7 @@ Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afte
         item.title = onOneLine(title);
         item.sortOrder = orderBehind(afterItemID, task.orderedChecklistItems());
         itemID = task.context().insert<KWChecklistItem>(std::move(item)).sid();
-        if (task.isTextKind()) task.set(&KWTaskModel::kind, KWTaskKindChecklist);
+        if (task.isTextKind()) makeChecklist(task);
     });
     if (!added) return added.error();
     return itemID;

@@ -29,12 +29,13 @@ public:
 
     /// A title is one line: line breaks become spaces. An empty one is refused.
     Result<void> setTitle(const QString &taskID, const QString &title);
+    /// The text shown below the title, see KWTaskModel::description().
     Result<void> setContent(const QString &taskID, const QString &content);
 
     Result<void> setItemTitle(const QString &itemID, const QString &title);
     Result<void> tickItem(const QString &itemID);
     /// A new item behind `afterItemID`; before the first when that is empty, at the end when it is gone.
-    /// Answers the new id.
+    /// Answers the new id. A text task becomes a checklist task and keeps its description.
     Result<QString> addItem(const QString &taskID, const QString &afterItemID, const QString &title);
     Result<void> removeItem(const QString &itemID);
 

@@ -127,14 +127,14 @@ void TaskDetailView::startWith(const TaskDetailData &shown)
 {
     m_sid = shown.task.sid;
     m_title->startWith(shown.task.title);
-    m_content->startWith(shown.task.content);
+    m_content->startWith(shown.task.description());
     m_checklist->startWith(shown.items);
 }
 
 void TaskDetailView::follow(const TaskDetailData &shown)
 {
     m_title->setStoredText(shown.task.title);
-    m_content->setStoredText(shown.task.content);
+    m_content->setStoredText(shown.task.description());
     m_checklist->setItems(shown.items);
 }
 
