@@ -69,6 +69,7 @@ void DayClock::minuteLevelTimerAction()
     const Look now = look();
     m_center.post(KWNewMinuteComesNotification, asDateTime(now.instant));
     m_onMinute();
+    if (!m_isRunning) return; // whoever heard of the minute has signed out
     if (hourOf(now.local) != hourOf(m_lastHour.local)) announceHour(now);
     if (dayOf(now.local) != dayOf(m_lastDay.local)) announceDay(now);
     startMinuteLevelTimer();

@@ -72,8 +72,10 @@ ExitStatus runDryRunOfLines(FixedClock &clock, OrvaneKit &kit, CommandStreams st
 {
     NewTaskService service{kit};
     QString line;
-    while (streams.out.status() == QTextStream::Ok && streams.in.readLineInto(&line))
+    while (streams.out.status() == QTextStream::Ok && streams.in.readLineInto(&line)) {
         streams.out << lineOf(dryRunOfLine(line, clock, service));
+        streams.out.flush(); // whoever asks line by line waits for the answer
+    }
     return ExitStatus::Done;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "cli/Commands.h"
+#include "cli/CommandStreams.h"
+#include "cli/Invocation.h"
 
 class FixedClock;
+class OrvaneKit;
 
 /// `orvane add`: saves a task, or tells what would be recognised.
 ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams);

@@ -88,12 +88,6 @@ Result<void> prepareAccount(const Invocation &invocation, OrvaneKit &kit)
 
 } // namespace
 
-ExitStatus failWith(const QString &sentence, ExitStatus status, QTextStream &err)
-{
-    err << sentence << '\n';
-    return status;
-}
-
 ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
 {
     const Result<std::optional<CXTimeZone>> zone = zoneOf(invocation);

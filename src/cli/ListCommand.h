@@ -1,6 +1,9 @@
 #pragma once
 
-#include "cli/Commands.h"
+#include "cli/CommandStreams.h"
+#include "cli/Invocation.h"
+
+class OrvaneKit;
 
 /// `orvane list`
 ExitStatus runList(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams);

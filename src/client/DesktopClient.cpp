@@ -2,7 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
-#include "cli/Commands.h"
+#include "cli/CommandStreams.h"
 #include "cli/DemoAccount.h"
 #include "cli/RunSettings.h"
 #include "client/FirstPaintReport.h"
@@ -10,6 +10,7 @@
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
 #include "platform/DBusSingleInstance.h"
+#include "platform/TerminationSignals.h"
 #include "views/alerts/Alert.h"
 #include "views/alerts/CrashProtectionWindow.h"
 #include "views/main/FirstPaint.h"
@@ -164,6 +165,7 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
         return int(ExitStatus::CouldNot);
     }
     reportFirstPaintIfAsked(*client);
+    const TerminationSignals signals{[] { QCoreApplication::quit(); }};
     const int status = QApplication::exec();
     delegate.applicationWillTerminate();
     return status;

@@ -1,6 +1,6 @@
 #include "client/OpenClient.h"
 
-#include "cli/Commands.h"
+#include "cli/CommandStreams.h"
 #include "cli/DemoAccount.h"
 #include "corvexkit/time/SystemClock.h"
 #include "views/alerts/StoreProblemAlert.h"

@@ -33,6 +33,13 @@ void ClientFixture::start()
     m_kit = std::move(opening.kit);
     m_rooms = std::make_unique<DesktopRooms>(*m_kit, clock);
     m_rooms->application().handleFinishLaunching({});
+    resizeWindow();
+}
+
+// Larger than the screen of the offscreen platform.
+void ClientFixture::resizeWindow()
+{
+    if (window()) window()->resize(1280, 800);
 }
 
 void ClientFixture::restart()
@@ -58,6 +65,7 @@ void ClientFixture::useOnThisComputer()
     if (!button) qFatal("there is no button useOnThisComputer");
     QTest::mouseClick(button, Qt::LeftButton);
     if (!window()) qFatal("signing in opened no window");
+    resizeWindow();
     window()->activateWindow();
     if (!QTest::qWaitForWindowActive(window())) qFatal("the main window is not active");
 }

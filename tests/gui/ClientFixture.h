@@ -46,6 +46,7 @@ public:
 private:
     QWidget *findWidget(const char *objectName);
     void start();
+    void resizeWindow();
 
     QTemporaryDir m_folder;
     std::unique_ptr<OrvaneKit> m_kit;

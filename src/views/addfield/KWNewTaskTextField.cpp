@@ -32,7 +32,7 @@ bool isLineBreak(QChar character)
            character == QChar::ParagraphSeparator;
 }
 
-QString onOneLine(QString text)
+QString lineBreaksAsSpaces(QString text)
 {
     text.replace(u"\r\n"_s, u" "_s);
     for (QChar &character : text)
@@ -99,13 +99,13 @@ void KWNewTaskTextField::dress()
 QString KWNewTaskTextField::text() const
 {
     // Not toPlainText(), which turns non-breaking spaces into plain ones.
-    return onOneLine(document()->toRawText());
+    return lineBreaksAsSpaces(document()->toRawText());
 }
 
 void KWNewTaskTextField::setText(const QString &text)
 {
     m_pieces.clear();
-    setPlainText(onOneLine(text));
+    setPlainText(lineBreaksAsSpaces(text));
     moveCursor(QTextCursor::End);
 }
 
@@ -184,7 +184,7 @@ void KWNewTaskTextField::appendLines(const QString &lines)
 {
     QTextCursor cursor{document()};
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(onOneLine(lines));
+    cursor.insertText(lineBreaksAsSpaces(lines));
     setTextCursor(cursor);
 }
 

@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 
@@ -78,7 +79,7 @@ void MainWindow::addShortcuts()
 void MainWindow::restoreState()
 {
     if (!restoreGeometry(m_defaults.value(Settings::mainWindowGeometry)))
-        resize(Metrics::windowWidth, Metrics::windowHeight);
+        resize(QSize{Metrics::windowWidth, Metrics::windowHeight}.boundedTo(screen()->availableSize()));
     if (!m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter)))
         m_splitter->setSizes({Metrics::sidebarWidth,
                               Metrics::windowWidth - Metrics::sidebarWidth - Metrics::detailWidth,
