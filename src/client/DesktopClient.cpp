@@ -123,9 +123,12 @@ int DesktopClient::run(int &argc, char **argv)
 Result<void> DesktopClient::applyTheme()
 {
     ThemeConfigurator &configurator = ThemeConfigurator::shared();
-    if (m_invocation.theme == u"light")
+    const QString theme = m_invocation.theme.isEmpty()
+                              ? KWUserDefaults{m_folders.config}.value(Settings::theme)
+                              : m_invocation.theme;
+    if (theme == u"light")
         configurator.setMode(ThemeConfigurator::Mode::Light);
-    else if (m_invocation.theme == u"dark")
+    else if (theme == u"dark")
         configurator.setMode(ThemeConfigurator::Mode::Dark);
     else if (!m_invocation.theme.isEmpty())
         return Error{clientText("“%1” is no theme: there are light and dark.").arg(m_invocation.theme)};
