@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/CheckBox.h"
+#include "views/tasklist/TaskDateColor.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
@@ -15,20 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int detailHeaderHeight = 46;
-
-QColor toneColor(TaskDateText::Tone tone)
-{
-    const Theme &theme = Theme::current();
-    switch (tone) {
-    case TaskDateText::Tone::Today:
-        return theme.accentText;
-    case TaskDateText::Tone::Overdue:
-        return theme.overdueText;
-    case TaskDateText::Tone::Plain:
-        break;
-    }
-    return theme.secondaryText;
-}
 
 } // namespace
 
@@ -91,7 +78,7 @@ void DetailHeader::paintEvent(QPaintEvent *)
     if (!m_task.repeatRule.isEmpty()) textRight -= icon + Metrics::gap;
 
     const QString text = m_date.text.isEmpty() ? KWLocalizedString("No date") : m_date.text;
-    painter.setPen(m_date.text.isEmpty() ? theme.faintText : toneColor(m_date.tone));
+    painter.setPen(m_date.text.isEmpty() ? theme.faintText : taskDateColor(m_date.tone, theme.secondaryText));
     const int textWidth = std::min(textRight - textLeft, Fonts::width(Fonts::Role::Secondary, text));
     const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
     Fonts::drawLine(painter, Fonts::Role::Secondary, visual({textLeft, 0, textWidth, height()}), leading,

@@ -1,6 +1,7 @@
 #include "views/tasklist/TaskRowDelegate.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/tasklist/TaskDateColor.h"
 #include "views/tasklist/TaskListModel.h"
 #include "views/tasklist/TaskRowLayout.h"
 #include "views/theme/Fonts.h"
@@ -21,18 +22,9 @@ constexpr int mostCharactersShown = 500;
 
 bool isSelected(const QStyleOptionViewItem &option) { return option.state & QStyle::State_Selected; }
 
-QColor dateColor(TaskDateText::Tone tone, const QStyleOptionViewItem &option)
+QColor faintColor(const QStyleOptionViewItem &option)
 {
-    const Theme &theme = Theme::current();
-    switch (tone) {
-    case TaskDateText::Tone::Today:
-        return theme.accentText;
-    case TaskDateText::Tone::Overdue:
-        return theme.overdueText;
-    case TaskDateText::Tone::Plain:
-        break;
-    }
-    return isSelected(option) ? theme.secondaryText : theme.faintText;
+    return isSelected(option) ? Theme::current().secondaryText : Theme::current().faintText;
 }
 
 void paintBackground(QPainter &painter, const TaskRowLayout &layout, const QStyleOptionViewItem &option)
@@ -68,8 +60,7 @@ void paintTitle(QPainter &painter, const QRect &bounds, const KWTaskListItemMode
 void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QColor &date,
                 const QStyleOptionViewItem &option)
 {
-    const Theme &theme = Theme::current();
-    const QColor faint = isSelected(option) ? theme.secondaryText : theme.faintText;
+    const QColor faint = faintColor(option);
     painter.setPen(faint);
     switch (piece.kind) {
     case TaskRowLayout::PieceKind::Tag:
@@ -110,7 +101,7 @@ void TaskRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
                         .isHovered = m_hoveredCheckbox == index});
 
     if (!(option.state & QStyle::State_Editing)) paintTitle(*painter, layout.title, task, option);
-    const QColor date = dateColor(m_model.dateTextOf(task).tone, option);
+    const QColor date = taskDateColor(m_model.dateTextOf(task).tone, faintColor(option));
     for (const TaskRowLayout::Piece &piece : layout.pieces)
         paintPiece(*painter, piece, date, option);
     painter->restore();
