@@ -15,6 +15,8 @@ private Q_SLOTS:
     {
         SystemClock clock;
         QStringList ran;
+        ClockCall first = clock.callAfter(0ms, [&] { ran << u"cancelled"_s; });
+        first.cancel(); // after which the clock must wake for the others
         const auto soon = clock.callAfter(2ms, [&] { ran << u"soon"_s; });
         const auto now = clock.callAfter(0ms, [&] { ran << u"now"_s; });
         const auto past = clock.callAt(clock.now() - 1h, [&] { ran << u"past"_s; });
@@ -75,16 +77,6 @@ private Q_SLOTS:
             done = true;
         });
         QTRY_VERIFY(done);
-    }
-
-    void armsAgainAfterACancelledCall()
-    {
-        SystemClock clock;
-        bool ran = false;
-        ClockCall first = clock.callAfter(0ms, [] { QFAIL("cancelled"); });
-        const auto second = clock.callAfter(1ms, [&] { ran = true; });
-        first.cancel();
-        QTRY_VERIFY(ran);
     }
 
     void followsAChangedSystemZone()

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTest>
 
 QList<CaseRow> readCases(const char *file, int columns)
 {
@@ -23,4 +24,11 @@ QList<CaseRow> readCases(const char *file, int columns)
     }
     if (rows.isEmpty()) qFatal("%s holds no case", name.constData());
     return rows;
+}
+
+void addCaseRows(const char *file, int columns)
+{
+    QTest::addColumn<QStringList>("cells");
+    for (const CaseRow &row : readCases(file, columns))
+        QTest::newRow(row.where.constData()) << row.cells;
 }

@@ -13,3 +13,6 @@ struct CaseRow {
 /// with "#" are passed over. A file that is missing or empty, or a row of another width, ends the
 /// program with a message: a table that is not read tests nothing.
 QList<CaseRow> readCases(const char *file, int columns);
+
+/// The rows of a data function: one column "cells", a QStringList, the place as the tag.
+void addCaseRows(const char *file, int columns);

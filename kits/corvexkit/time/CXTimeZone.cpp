@@ -119,6 +119,11 @@ seconds CXTimeZone::offsetAt(Instant instant) const { return m_table->offsetAt(i
 
 CXTimeZone::Resolution CXTimeZone::resolve(LocalTime local) const { return m_table->resolve(local); }
 
+std::optional<CXTimeZone::Stretch> CXTimeZone::stretchAround(LocalTime local) const
+{
+    return m_table->stretchAround(local);
+}
+
 Instant CXTimeZone::startOfDay(Day day) const
 {
     const Resolution midnight = resolve(LocalTime{day});

@@ -54,6 +54,16 @@ public:
     }
 
     Resolution resolve(LocalTime local) const;
+    /// Wall-clock readings that follow each other, each of which happens once, all with one offset.
+    struct Stretch {
+        LocalTime begin;
+        LocalTime end; ///< the first reading that no longer belongs to it
+        std::chrono::seconds offset;
+    };
+    /// The whole stretch around `local`, so that one question serves many readings. Nothing in a gap or a
+    /// fold.
+    std::optional<Stretch> stretchAround(LocalTime local) const;
+
     /// A reading in a gap moves forward by the gap's length (02:30 becomes 03:30); of a reading that
     /// happens twice, the first counts.
     Instant toInstant(LocalTime local) const { return resolve(local).before; }

@@ -89,13 +89,26 @@ CXTimeZone::Resolution ZoneTable::resolve(LocalTime local) const
     const auto passed = std::size_t(std::ranges::upper_bound(m_localStarts, second) - m_localStarts.begin());
     const seconds offset{m_offsets[passed]};
     const auto read = [local](seconds with) { return Instant{local.time_since_epoch() - with}; };
-    if (passed > 0) {
+    if (passed > 0 && second < settledAfter(passed - 1)) {
         const seconds earlier{m_offsets[passed - 1]};
-        const std::int64_t start = m_starts[passed - 1];
-        if (second < start + std::max(offset, earlier).count()) {
-            const Instant transition{seconds{start + (given - second)}};
-            return {offset > earlier ? Kind::Gap : Kind::Fold, read(earlier), read(offset), transition};
-        }
+        const Instant transition{seconds{m_starts[passed - 1] + (given - second)}};
+        return {offset > earlier ? Kind::Gap : Kind::Fold, read(earlier), read(offset), transition};
     }
     return {Kind::Unique, read(offset), read(offset), std::nullopt};
+}
+
+std::optional<CXTimeZone::Stretch> ZoneTable::stretchAround(LocalTime local) const
+{
+    const std::int64_t given = floor<seconds>(local.time_since_epoch()).count();
+    const std::int64_t second = withinTable(given);
+    const auto passed = std::size_t(std::ranges::upper_bound(m_localStarts, second) - m_localStarts.begin());
+    const seconds shift{given - second};
+    CXTimeZone::Stretch stretch{LocalTime::min(), LocalTime::max(), seconds{m_offsets[passed]}};
+    if (passed > 0) {
+        const std::int64_t begin = settledAfter(passed - 1);
+        if (second < begin) return {};
+        stretch.begin = LocalTime{seconds{begin} + shift};
+    }
+    if (passed < m_localStarts.size()) stretch.end = LocalTime{seconds{m_localStarts[passed]} + shift};
+    return stretch;
 }

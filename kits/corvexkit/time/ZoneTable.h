@@ -3,6 +3,7 @@
 #include "corvexkit/time/CXTimeZone.h"
 #include "corvexkit/time/ZoneRule.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -22,9 +23,15 @@ public:
     const QString &identifier() const { return m_identifier; }
     std::chrono::seconds offsetAt(Instant instant) const;
     CXTimeZone::Resolution resolve(LocalTime local) const;
+    std::optional<CXTimeZone::Stretch> stretchAround(LocalTime local) const;
 
 private:
     void append(const ZoneTransition &transition);
+    // The local second at which the clock, set at transition `index`, has settled.
+    std::int64_t settledAfter(std::size_t index) const
+    {
+        return m_starts[index] + std::max(m_offsets[index], m_offsets[index + 1]);
+    }
     std::int64_t withinTable(std::int64_t second) const;
 
     QString m_identifier;

@@ -1,0 +1,177 @@
+#include "corvexkit/recurrence/CXRecurrenceAssistant.h"
+
+#include "OccurrenceText.h"
+#include "support/CaseTable.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+
+using Assistant = CXRecurrenceAssistant;
+
+constexpr Instant beginning = Instant::min();
+constexpr Instant end = Instant::max();
+
+// An object that starts at a local time, or on a day when `start` has no time.
+CXRecurringObject objectOf(const QString &rule, const QString &start,
+                           const QString &zone = u"America/New_York"_s)
+{
+    CXRecurringObject object;
+    object.recurrenceRuleString = rule;
+    object.timeZone = *CXTimeZone::named(zone);
+    const std::optional<Day> day = TimeText::toDay(start);
+    object.isAllDay = day.has_value();
+    object.startDate = day ? object.timeZone.startOfDay(*day)
+                           : object.timeZone.toInstant(TimeText::toLocalTime(start).value());
+    return object;
+}
+
+// So many first occurrences as the text names, and one more when it ends there.
+std::vector<LocalTime> occurrencesOf(const CXRecurringObject &object, const OccurrenceText &expected,
+                                     const CXTimeZone &shownIn)
+{
+    const std::size_t limit = expected.times.size() + (expected.goesOn ? 0 : 1);
+    std::vector<LocalTime> times;
+    for (const Instant instant :
+         Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, limit))
+        times.push_back(shownIn.toLocal(instant));
+    return times;
+}
+
+Instant at(const char *text) { return TimeText::toInstant(QString::fromLatin1(text)).value(); }
+
+} // namespace
+
+class CXRecurrenceAssistant_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void expands_data()
+    {
+        QTest::addColumn<QStringList>("cells");
+        for (const char *file : {"recurrence/rfc5545.txt", "recurrence/edges.txt", "recurrence/skip.txt"})
+            for (const CaseRow &row : readCases(file, 4))
+                QTest::newRow(row.where.constData()) << row.cells;
+    }
+    void expands()
+    {
+        QFETCH(QStringList, cells);
+        CXRecurringObject object = objectOf(cells[0], cells[1]);
+        const LocalTime start = object.timeZone.toLocal(*object.startDate);
+        if (cells[2] != u"-")
+            for (const LocalTime excluded : OccurrenceText{cells[2], start}.times)
+                object.excludedOccurrenceDates.insert(object.timeZone.toInstant(excluded));
+        const OccurrenceText expected{cells[3], start};
+        QCOMPARE(joined(occurrencesOf(object, expected, object.timeZone)), joined(expected.times));
+    }
+
+    void keepsWallClockTime_data() { addCaseRows("recurrence/zones.txt", 4); }
+    void keepsWallClockTime()
+    {
+        QFETCH(QStringList, cells);
+        const CXRecurringObject object = objectOf(cells[0], cells[1], cells[2]);
+        const OccurrenceText expected{cells[3], CXTimeZone::utc().toLocal(*object.startDate)};
+        QCOMPARE(joined(occurrencesOf(object, expected, CXTimeZone::utc())), joined(expected.times));
+        // A limit must not hide what a gap has put into another order.
+        for (std::size_t limit = 1; limit <= expected.times.size(); ++limit) {
+            const auto some =
+                Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, limit);
+            QCOMPARE(some.size(), limit);
+            QCOMPARE(CXTimeZone::utc().toLocal(some.back()), expected.times[limit - 1]);
+        }
+    }
+
+    void stopsWhenNothingFollows_data() { addCaseRows("recurrence/never.txt", 2); }
+    void stopsWhenNothingFollows()
+    {
+        QFETCH(QStringList, cells);
+        const CXRecurringObject object = objectOf(cells[0], cells[1]);
+        QVERIFY(!Assistant::nextOccurrence(object, *object.startDate));
+        QCOMPARE(Assistant::nextOccurrence(object, *object.startDate - 1ms), object.startDate);
+    }
+
+    void keepsToItsBounds()
+    {
+        const CXRecurringObject object = objectOf(u"FREQ=DAILY"_s, u"2030-05-01T09:00"_s, u"UTC"_s);
+        const auto count = [&](const char *from, const char *to) {
+            return Assistant::calendar_occurrenceDatesForRecurringObject(object, at(from), at(to), true)
+                .size();
+        };
+        QCOMPARE(count("2030-05-02T09:00:00Z", "2030-05-04T09:00:00Z"), 3U); // both included
+        QCOMPARE(count("2030-05-02T09:00:00.001Z", "2030-05-04T08:59:59.999Z"), 1U);
+        QCOMPARE(count("2030-04-01T00:00:00Z", "2030-05-01T09:00:00Z"), 1U);
+        QCOMPARE(count("2030-04-01T00:00:00Z", "2030-05-01T08:59:59Z"), 0U);
+        QCOMPARE(count("2030-05-04T09:00:00Z", "2030-05-02T09:00:00Z"), 0U);
+    }
+
+    void leavesTheFirstOutWhenAsked()
+    {
+        const CXRecurringObject object = objectOf(u"FREQ=DAILY;COUNT=3"_s, u"2030-05-01T09:00"_s, u"UTC"_s);
+        const std::vector<Instant> later =
+            Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, false);
+        QCOMPARE(later, (std::vector{at("2030-05-02T09:00:00Z"), at("2030-05-03T09:00:00Z")}));
+    }
+
+    void keepsTheStartAsItIs()
+    {
+        // The second 01:30 of the fold, with a fraction of a second, and an all-day start within its day.
+        CXRecurringObject fold = objectOf(u"FREQ=MINUTELY;INTERVAL=20;COUNT=4"_s, u"2030-11-03T01:30"_s);
+        fold.startDate = *fold.startDate + 1h + 250ms;
+        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(fold, beginning, end, true),
+                 (std::vector{at("2030-11-03T06:30:00.250Z"), at("2030-11-03T07:10:00.250Z"),
+                              at("2030-11-03T07:30:00.250Z")}));
+        CXRecurringObject day = objectOf(u"FREQ=DAILY;COUNT=2"_s, u"2030-05-01"_s);
+        day.startDate = *day.startDate + 10h;
+        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(day, beginning, end, true),
+                 (std::vector{at("2030-05-01T14:00:00Z"), at("2030-05-02T04:00:00Z")}));
+    }
+
+    void takesTheObjectsWeekStart()
+    {
+        CXRecurringObject object = objectOf(u"FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,MO"_s, u"2030-05-06T09:00"_s);
+        const auto second = [&object] { return *Assistant::nextOccurrence(object, *object.startDate); };
+        QCOMPARE(second(), at("2030-05-12T13:00:00Z"));
+        object.firstWeekday = Sunday;
+        QCOMPARE(second(), at("2030-05-19T13:00:00Z"));
+        object.recurrenceRuleString += u";WKST=MO";
+        QCOMPARE(second(), at("2030-05-12T13:00:00Z"));
+    }
+
+    void yieldsNothingWithoutRuleOrStart()
+    {
+        for (const QString &rule : {u""_s, u"every day"_s, u"FREQ=DAILY;INTERVAL=0"_s}) {
+            const CXRecurringObject object = objectOf(rule, u"2030-05-01T09:00"_s);
+            QVERIFY(
+                Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true).empty());
+            QVERIFY(!Assistant::nextOccurrence(object, beginning));
+        }
+        CXRecurringObject object = objectOf(u"FREQ=DAILY"_s, u"2030-05-01T09:00"_s);
+        QVERIFY(
+            Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, 0).empty());
+        object.startDate.reset();
+        QVERIFY(!Assistant::nextOccurrence(object, beginning));
+    }
+
+    void staysWithinTheYearsOfTheCalendar()
+    {
+        const CXRecurringObject last = objectOf(u"FREQ=MONTHLY"_s, u"9999-11-15T09:00"_s, u"UTC"_s);
+        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(last, beginning, end, true),
+                 (std::vector{at("9999-11-15T09:00:00Z"), at("9999-12-15T09:00:00Z")}));
+        for (const QString &frequency : {u"SECONDLY"_s, u"DAILY"_s, u"WEEKLY"_s, u"MONTHLY"_s, u"YEARLY"_s}) {
+            CXRecurringObject object = objectOf(u"FREQ="_s + frequency, u"2030-05-01T09:00"_s);
+            for (const Instant start : {Instant::min(), Instant::max(), at("0000-12-31T23:59:59Z")}) {
+                object.startDate = start;
+                QVERIFY(!Assistant::nextOccurrence(object, beginning));
+            }
+            object.startDate = at("0001-01-01T00:00:00Z");
+            QCOMPARE(Assistant::nextOccurrence(object, beginning), object.startDate);
+            QVERIFY(Assistant::nextOccurrence(object, at("9998-06-01T00:00:00Z")));
+            QVERIFY(!Assistant::nextOccurrence(object, at("9999-12-31T23:59:59.999Z")));
+        }
+    }
+};
+
+ORVANE_TEST(CXRecurrenceAssistant_test)
+#include "CXRecurrenceAssistant_test.moc"
