@@ -7,6 +7,10 @@
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWListDataFetcher.h"
+#include "model/store/KWTaskTicker.h"
+#include "model/store/SearchTokenizer.h"
+#include "model/store/SidebarCounts.h"
+#include "model/store/TaskSearch.h"
 
 #include <QLocale>
 #include <QTemporaryDir>
@@ -14,7 +18,9 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include <cmath>
 #include <cstdlib>
+#include <random>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +30,39 @@ namespace {
 constexpr int storedTasks = 100'000;
 constexpr int openTasks = 20'000;
 constexpr int lists = 200;
+constexpr int tags = 300;
+
+/// Words as texts have them: few are frequent, most are rare; one title in ten is of ideographs.
+class Writer {
+public:
+    QString words(int count)
+    {
+        QStringList text;
+        for (int i = 0; i < count; ++i)
+            text << word(int(std::pow(5000.0, m_share(m_random))));
+        return text.join(u' ');
+    }
+    QString title(int number)
+    {
+        if (number % 10 != 0) return words(6);
+        QString text;
+        for (int i = 0; i < 10; ++i)
+            text += QChar(0x4e00 + int(std::pow(3000.0, m_share(m_random))));
+        return text;
+    }
+
+private:
+    static QString word(int rank)
+    {
+        QString text;
+        for (int rest = rank + 20; rest > 0; rest /= 20)
+            text += QChar(u"bcdfghjklmnprstvwyzq"[rest % 20]) + QString{u"aeiou"[(rest + rank) % 5]};
+        return text;
+    }
+
+    std::mt19937 m_random{7};
+    std::uniform_real_distribution<double> m_share{0, 1};
+};
 
 struct Home {
     QTemporaryDir folder;
@@ -57,11 +96,16 @@ struct LargeHome : Home {
         const auto filled =
             KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) -> Result<void> {
                 const QString user = kit->account().currentUserID();
+                Writer writer;
                 QStringList projects;
                 for (int i = 0; i < lists; ++i)
                     projects.append(KWProject::createProjectNamed(u"List %1"_s.arg(i), user, context).sid());
                 for (int i = 0; i < storedTasks; ++i) {
                     KWTaskModel model = task(i);
+                    model.title = writer.title(i);
+                    if (i % 2) model.content = writer.words(40);
+                    if (i % 3) model.tags = {u"tag%1"_s.arg(i % tags), u"tag%1"_s.arg(i * 7 % tags)};
+                    model.priority = KWTaskPriorities[std::size_t(i) % KWTaskPriorities.size()];
                     model.projectID = projects.at(i % lists);
                     model.startDate = clock.now() + std::chrono::hours{i % 60 * 24};
                     if (i >= openTasks) {
@@ -104,6 +148,7 @@ void rawTransaction(benchmark::State &state)
     sqlite3 *database = nullptr;
     sqlite3_open(home.kit->store().path().toUtf8().constData(), &database);
     sqlite3_exec(database, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
+    registerSearchTokenizer(database); // the triggers need it
     const std::string inbox = KWProject::inboxIDOfUser(home.kit->account().currentUserID()).toStdString();
     const std::string sql = "INSERT INTO tasks (sid, userID, etag, sortOrder, createdTime, modifiedTime, "
                             "syncStatus, pendingChanges, isDeleted,"
@@ -158,17 +203,81 @@ BENCHMARK_CAPTURE(readRows, today, KWListIdentifier::todayProject(), 300)->Unit(
 BENCHMARK_CAPTURE(readRows, all, KWListIdentifier::smartProject(KWSmartProject::all().identifier()), 300)
     ->Unit(benchmark::kMicrosecond);
 
-void countAllLists(benchmark::State &state)
+const KWListIdentifier allTasks = KWListIdentifier::smartProject(KWSmartProject::all().identifier());
+
+void readNarrowed(benchmark::State &state, const ListCondition &condition)
+{
+    LargeHome &home = largeHome();
+    const ListDataRequest request{home.kit->account().currentUserID(), allTasks, 25, condition};
+    for (auto _ : state) {
+        auto rows = KWListDataFetcher{home.clock}.reloadDataModel(request, home.kit->context().connection());
+        if (!rows || rows->isEmpty()) state.SkipWithError("no rows");
+        benchmark::DoNotOptimize(rows);
+    }
+}
+BENCHMARK_CAPTURE(readNarrowed, priority, {.priority = KWTaskPriorityHigh})->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(readNarrowed, tag, {.tag = u"tag7"_s})->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(readNarrowed, word, {.text = Writer{}.words(1)})->Unit(benchmark::kMicrosecond);
+
+void countSidebarCold(benchmark::State &state)
 {
     LargeHome &home = largeHome();
     const QString user = home.kit->account().currentUserID();
-    const auto projects = KWProject::findProjectsOfUser(user, ProjectScope::Open, home.kit->context());
-    for (auto _ : state)
-        for (const KWProject *each : projects)
-            if (!KWListDataFetcher{home.clock}.count({user, KWListIdentifier::project(each->sid())},
-                                                     home.kit->context().connection()))
-                state.SkipWithError("not counted");
+    for (auto _ : state) {
+        auto counts = SidebarCounts::read(user, home.clock, home.kit->context().connection());
+        if (!counts) state.SkipWithError("not counted");
+        benchmark::DoNotOptimize(counts);
+    }
 }
-BENCHMARK(countAllLists)->Unit(benchmark::kMicrosecond);
+BENCHMARK(countSidebarCold)->Unit(benchmark::kMicrosecond);
+
+void countSidebarAfterAChange(benchmark::State &state)
+{
+    LargeHome &home = largeHome();
+    KWTaskModel task = home.task(1);
+    task.tags = {u"tag1"_s, u"tag2"_s};
+    const TaskMove leaves{TaskPlace::of(task), std::nullopt};
+    const TaskMove returns{std::nullopt, TaskPlace::of(task)};
+    auto counts = SidebarCounts::read(task.userID, home.clock, home.kit->context().connection());
+    for (auto _ : state) {
+        counts->apply({leaves});
+        counts->apply({returns});
+    }
+}
+BENCHMARK(countSidebarAfterAChange)->Unit(benchmark::kMicrosecond);
+
+void search(benchmark::State &state, SearchScope scope, const QString &typed)
+{
+    LargeHome &home = largeHome();
+    const TaskSearchRequest request{home.kit->account().currentUserID(), typed, scope};
+    for (auto _ : state) {
+        auto hits = TaskSearch::find(request, home.clock, home.kit->context().connection());
+        if (!hits || hits->isEmpty()) state.SkipWithError("nothing found");
+        benchmark::DoNotOptimize(hits);
+    }
+}
+#define SEARCHES(name, typed)                                                                                \
+    BENCHMARK_CAPTURE(search, titles_##name, SearchScope::Titles, typed)->Unit(benchmark::kMicrosecond);     \
+    BENCHMARK_CAPTURE(search, everything_##name, SearchScope::TitlesAndContents, typed)                      \
+        ->Unit(benchmark::kMicrosecond)
+SEARCHES(oneLetter, u"b"_s);
+SEARCHES(twoLetters, u"ba"_s);
+SEARCHES(threeLetters, u"bac"_s);
+SEARCHES(twoWords, Writer{}.words(2));
+SEARCHES(twoBeginnings, u"ba c"_s);
+SEARCHES(ideograph, QString{QChar(0x4e01)});
+SEARCHES(ideographs, (QString{QChar(0x4e01)} + QChar(0x4e02)));
+#undef SEARCHES
+
+void completeAndReopen(benchmark::State &state)
+{
+    LargeHome &home = largeHome();
+    const auto rows = KWListDataFetcher{home.clock}.reloadDataModel(
+        {home.kit->account().currentUserID(), allTasks, 1}, home.kit->context().connection());
+    KWTaskTicker ticker{home.kit->manager()};
+    for (auto _ : state)
+        if (!ticker.tick(rows->first().sid)) state.SkipWithError("not saved");
+}
+BENCHMARK(completeAndReopen)->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -4,6 +4,9 @@
 #include <QApplication>
 #include <QTextStream>
 
+#include <algorithm>
+#include <iostream>
+
 namespace {
 
 ExitStatus answer(const Invocation &invocation, CommandStreams streams)
@@ -23,10 +26,9 @@ ExitStatus answer(const Invocation &invocation, CommandStreams streams)
 int runHeadless(const Invocation &invocation, int &argc, char **argv)
 {
     const QCoreApplication application{argc, argv};
-    QTextStream in{stdin};
     QTextStream out{stdout};
     QTextStream err{stderr};
-    const ExitStatus status = answer(invocation, {in, out, err});
+    const ExitStatus status = answer(invocation, {std::cin, out, err});
     out.flush();
     if (out.status() == QTextStream::Ok || status != ExitStatus::Done) return int(status);
     return int(failWith(QCoreApplication::translate("CommandLine",
@@ -42,13 +44,12 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("Orvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
 
-    QStringList words;
-    for (int i = 1; i < argc; ++i)
-        words.append(QString::fromLocal8Bit(argv[i]));
-    const Result<Invocation> invocation = Invocation::parse(words);
+    const Result<Invocation> invocation =
+        Invocation::parse(std::span{argv, std::size_t(argc)}.subspan(std::size_t(std::min(argc, 1))));
     if (!invocation) {
-        QTextStream{stderr} << invocation.error().sentence << " See `orvane --help`.\n";
-        return int(ExitStatus::WrongUsage);
+        QTextStream err{stderr};
+        return int(failWith(invocation.error().sentence + QStringLiteral(" See `orvane --help`."),
+                            ExitStatus::WrongUsage, err));
     }
     if (invocation->action == Invocation::Action::Window || invocation->action == Invocation::Action::Picture)
         return DesktopClient{*invocation}.run(argc, argv);

@@ -26,7 +26,6 @@ void LaunchGuard::applicationDidFinishLaunching(std::function<void()> normalLaun
     const int earlierCrashes = crashCount();
     setCrashCount(earlierCrashes + 1);
 
-    m_launchMoment = m_clock.monotonicNow();
     m_healthy = m_clock.callAfter(healthyAfter, [this] { setCrashCount(0); });
 
     if (earlierCrashes < tolerated) return normalLaunch();

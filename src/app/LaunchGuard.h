@@ -23,8 +23,6 @@ public:
 
     /// Launches that did not live five seconds, this one counted until it has.
     int crashCount() const;
-    /// When this launch began, in monotonic time.
-    std::chrono::milliseconds launchMoment() const { return m_launchMoment; }
 
 private:
     void setCrashCount(int count);
@@ -32,6 +30,5 @@ private:
     KWUserDefaults &m_defaults;
     CXClock &m_clock;
     CrashProtectionAlert &m_alert;
-    std::chrono::milliseconds m_launchMoment{0};
     ClockCall m_healthy;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The commands of the main menu that have a keyboard shortcut. The value is the number of the slot
-/// under which the shortcut is kept.
+/// The commands of the main menu. Those up to OpenHabit have a keyboard shortcut that the person can
+/// change: the value is the number of the slot under which it is kept. The keys of the others are fixed.
 enum class MenuCommand {
     AddTask = 6,
     CompleteTask,
@@ -26,4 +26,23 @@ enum class MenuCommand {
     OpenSummary,
     OpenTrash,
     OpenHabit = 28,
+
+    About = 100,
+    Preferences,
+    SignOut,
+    Hide,
+    Quit,
+    CloseWindow,
+    Undo,
+    Redo,
+    Cut,
+    Copy,
+    Paste,
+    SelectAll,
+    GoToLists,
+    ShowMenuBar,
+    Minimise,
+    ShowPopover,
+    ShowShortcuts,
+    SendDiagnostics,
 };

@@ -31,6 +31,7 @@ void Session::observe()
     on(KWListDisplayConfigurationDidChangeNotification, &Session::listDisplayDidChange);
     on(KWSyncDidPullHabitSettingsNotification, &Session::refreshBadge);
     on(WorkspaceDidWakeNotification, &Session::computerDidAwake);
+    on(SystemTimeZoneDidChangeNotification, &Session::systemTimeZoneDidChange);
     m_registration = m_bus.registerEventBus([this](const StoreChange &change) { recordsDidChange(change); });
 }
 
@@ -104,6 +105,8 @@ void Session::computerDidAwake()
     m_dayClock.minuteLevelTimerAction();
     m_ports.theme.autoSwitchDarkIfNeeded();
 }
+
+void Session::systemTimeZoneDidChange() { m_dayClock.minuteLevelTimerAction(); }
 
 void Session::showWindow(const QString &activationToken)
 {

@@ -23,6 +23,8 @@ public:
     void userDidSignOut();
     void syncDidBatchPull();
     void computerDidAwake();
+    /// The wall shows another hour, maybe another day.
+    void systemTimeZoneDidChange();
 
     /// Shows the window that belongs to the state of the session and brings the program to the front.
     void showWindow(const QString &activationToken);

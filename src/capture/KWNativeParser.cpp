@@ -2,9 +2,9 @@
 
 #include "capture/LocaleDateFormat.h"
 #include "capture/ReminderPhrase.h"
-#include "capture/UnicodeText.h"
 #include "corvexkit/time/TimeText.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
+#include "model/text/UnicodeText.h"
 #include "nlp/NLPNativeTitleParser.h"
 
 #include <QJsonArray>

@@ -1,8 +1,8 @@
 #include "capture/ListNames.h"
 
-#include "capture/UnicodeText.h"
 #include "model/records/KWSmartProject.h"
 #include "model/store/FoldedName.h"
+#include "model/text/UnicodeText.h"
 
 #include <algorithm>
 

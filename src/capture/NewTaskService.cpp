@@ -46,9 +46,11 @@ Error onlyPiecesRefusal(const QList<RecognizedPiece> &pieces)
     for (const RecognizedPiece &each : pieces.first(std::min(shown, pieces.size())))
         texts.append(u"“%1”"_s.arg(onOneLine(each.text.left(60))));
     if (pieces.size() > shown) texts.append(u"…"_s);
-    return {KWLocalizedString(
-                "Type a title for the task: %1 says more about it, but nothing is left to be its title.")
-                .arg(texts.join(u", "_s))};
+    const char *sentence =
+        pieces.size() == 1
+            ? "Type a title for the task: %1 says more about it, but nothing is left to be its title."
+            : "Type a title for the task: %1 say more about it, but nothing is left to be its title.";
+    return {KWLocalizedString(sentence).arg(texts.join(u", "_s))};
 }
 
 } // namespace
@@ -154,6 +156,8 @@ Result<KWTaskModel> NewTaskService::add(const QString &text, const NewTaskContex
 Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
 {
     KWTaskModel task = draft.task;
+    const bool goesLast = m_kit.defaults().value(Settings::newTaskPosition) == u"bottom";
+    const ListEnd end = goesLast ? ListEnd::Bottom : ListEnd::Top;
     const Result<void> saved =
         KWCoreDataService{m_kit.manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
             for (const QString &label : draft.tagLabels)
@@ -161,7 +165,7 @@ Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
             const KWProject *project = projectFor(draft, context);
             if (!project) return Error{KWLocalizedString("The account has no inbox to put the task into.")};
             task.projectID = project->sid();
-            task.sortOrder = project->sortOrderForNewTask();
+            task.sortOrder = project->sortOrderForNewTask(end);
             task = context.insert<KWTask>(std::move(task)).model();
             return {};
         });

@@ -1,6 +1,6 @@
 #include "capture/OpaqueText.h"
 
-#include "capture/UnicodeText.h"
+#include "model/text/UnicodeText.h"
 
 #include <algorithm>
 #include <array>

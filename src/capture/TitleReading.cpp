@@ -2,9 +2,9 @@
 
 #include "capture/KWNativeParser.h"
 #include "capture/TitleText.h"
-#include "capture/UnicodeText.h"
 #include "corvexkit/time/CXClock.h"
 #include "model/records/KWTag.h"
+#include "model/text/UnicodeText.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "capture/TitleRecognizer.h"
 
 #include "capture/TitleReading.h"
-#include "capture/UnicodeText.h"
+#include "model/text/UnicodeText.h"
 
 TitleRecognizer::TitleRecognizer(const CXClock &clock, RecognitionSettings settings)
     : m_clock(clock), m_settings(std::move(settings))

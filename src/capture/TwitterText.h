@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/TextRange.h"
+#include "model/text/TagName.h"
 
 #include <QList>
 #include <QString>
@@ -21,6 +22,3 @@ public:
     /// Whether a hashtag may stand right after `text`.
     static bool cx_isValidPrefixForHashTag(QStringView text);
 };
-
-/// Whether a name holds what no hashtag's name may hold, so that it cannot be a tag.
-bool isContainsSpecialCharactersForTag(QStringView name);

@@ -13,6 +13,8 @@
 #include <QJsonObject>
 #include <QTextStream>
 
+#include <string>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,6 +56,13 @@ Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
     return context;
 }
 
+std::optional<QString> textOf(std::string_view bytes)
+{
+    if (bytes.ends_with('\r')) bytes.remove_suffix(1);
+    const QByteArrayView view{bytes.data(), qsizetype(bytes.size())};
+    return view.isValidUtf8() ? std::optional{QString::fromUtf8(view)} : std::nullopt;
+}
+
 // Answers an error object for a line that cannot be read; the lines after it go on.
 QJsonObject dryRunOfLine(const QString &line, FixedClock &clock, NewTaskService &service)
 {
@@ -71,12 +80,20 @@ QJsonObject dryRunOfLine(const QString &line, FixedClock &clock, NewTaskService 
 ExitStatus runDryRunOfLines(FixedClock &clock, OrvaneKit &kit, CommandStreams streams)
 {
     NewTaskService service{kit};
-    QString line;
-    while (streams.out.status() == QTextStream::Ok && streams.in.readLineInto(&line)) {
-        streams.out << lineOf(dryRunOfLine(line, clock, service));
+    ExitStatus status = ExitStatus::Done;
+    std::string bytes;
+    for (qint64 number = 1; streams.out.status() == QTextStream::Ok && std::getline(streams.in, bytes);
+         ++number) {
+        if (const std::optional<QString> line = textOf(bytes)) {
+            streams.out << lineOf(dryRunOfLine(*line, clock, service));
+        } else {
+            const QString sentence = addText("Line %1 is not valid UTF-8.").arg(number);
+            streams.out << lineOf({{u"error"_s, sentence}});
+            if (status == ExitStatus::Done) status = failWith(sentence, ExitStatus::WrongUsage, streams.err);
+        }
         streams.out.flush(); // whoever asks line by line waits for the answer
     }
-    return ExitStatus::Done;
+    return status;
 }
 
 ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
@@ -94,6 +111,6 @@ ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams s
     if (invocation.answersJson)
         streams.out << QJsonDocument{savedTask(*added, kit)}.toJson();
     else
-        streams.out << added->title << '\n';
+        streams.out << terminalText(added->title) << '\n';
     return ExitStatus::Done;
 }

@@ -1,13 +1,17 @@
 #pragma once
 
+#include "cli/TerminalText.h"
+
 #include <QTextStream>
+
+#include <istream>
 
 /// Exit statuses of the program.
 enum class ExitStatus { Done = 0, CouldNot = 1, WrongUsage = 2 };
 
 /// What a command reads and writes.
 struct CommandStreams {
-    QTextStream &in;
+    std::istream &in; ///< bytes, meant to be UTF-8
     QTextStream &out;
     QTextStream &err;
 };
@@ -15,6 +19,6 @@ struct CommandStreams {
 /// One sentence on standard error.
 inline ExitStatus failWith(const QString &sentence, ExitStatus status, QTextStream &err)
 {
-    err << sentence << '\n';
+    err << terminalText(sentence) << '\n';
     return status;
 }

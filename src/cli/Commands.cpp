@@ -6,6 +6,7 @@
 #include "cli/ListCommand.h"
 #include "cli/RunSettings.h"
 #include "cli/StatusCommand.h"
+#include "cli/StoreCommands.h"
 #include "corvexkit/time/SystemClock.h"
 #include "corvexkit/time/TimeText.h"
 #include "model/OrvaneKit.h"
@@ -15,6 +16,8 @@
 #include <QLocale>
 #include <QTemporaryDir>
 #include <QTextStream>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -64,6 +67,9 @@ ExitStatus run(const Invocation &invocation, OrvaneKit &kit, CommandStreams stre
     const ChangeReport report{kit};
     if (invocation.command == u"add") return runAdd(invocation, kit, streams);
     if (invocation.command == u"list") return runList(invocation, kit, streams);
+    if (invocation.command == u"backup") return runBackup(invocation, kit, streams);
+    if (invocation.command == u"export") return runExport(invocation, kit, streams);
+    if (invocation.command == u"import") return runImport(invocation, kit, streams);
     const KWTaskStatus status = invocation.command == u"done" ? KWTaskStatusCompleted : KWTaskStatusOpen;
     return runStatus(status, invocation, kit, streams);
 }
@@ -78,11 +84,16 @@ Result<std::optional<Instant>> nowOf(const Invocation &invocation, const CXTimeZ
                      .arg(invocation.now)};
 }
 
+bool takesStoreAsItIs(const Invocation &invocation)
+{
+    return QStringList{u"backup"_s, u"export"_s, u"import"_s}.contains(invocation.command);
+}
+
 // Whoever adds the first task on a fresh computer gets the local account that the window would make.
 Result<void> prepareAccount(const Invocation &invocation, OrvaneKit &kit)
 {
     if (invocation.isDemo) return fillDemoAccount(kit);
-    if (invocation.isDryRun || kit.account().isSignedIn()) return {};
+    if (invocation.isDryRun || takesStoreAsItIs(invocation) || kit.account().isSignedIn()) return {};
     return kit.account().openLocalAccount(QLocale{});
 }
 
@@ -103,6 +114,7 @@ ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
     const CXClock &clock = bringsTimes ? static_cast<const CXClock &>(fixedClock) : systemClock;
 
     const CommandHome home{invocation};
+    if (invocation.command == u"restore") return runRestore(invocation, home.folders(), clock, streams);
     const OrvaneKit::Opening opening = OrvaneKit::open(home.folders(), clock);
     if (!opening.kit) return failWith(opening.sentence, ExitStatus::CouldNot, streams.err);
     if (const Result<void> prepared = prepareAccount(invocation, *opening.kit); !prepared)

@@ -60,18 +60,29 @@ constexpr Command commands[] = {
     {"done"_L1, "orvane done ID…\n"
                 "    Completes tasks. ID is what `orvane list` shows, or any longer ending of the id.\n"},
     {"undo"_L1, "orvane undo ID…\n    Opens completed tasks again.\n"},
+    {"backup"_L1, "orvane backup [FILE]\n"
+                  "    Copies the store into FILE; without FILE, into the backups of the data folder.\n"},
+    {"restore"_L1,
+     "orvane restore FILE\n"
+     "    Puts a copy of a backup in the place of the store, which is kept beside it. Not while\n"
+     "    Orvane is open.\n"},
+    {"export"_L1, "orvane export [FILE]\n"
+                  "    Writes everything as JSON into FILE; without FILE, to standard output.\n"},
+    {"import"_L1, "orvane import FILE\n"
+                  "    Takes the records of an export in, all of them or none. Of a record that is there\n"
+                  "    already the later version stays.\n"},
 };
 
 constexpr const char *programUsage =
     "orvane [--home DIR] [--locale xx_YY] [--zone TZID] [--demo] [--login-item] [orvane://…]\n"
     "    Opens the client. --demo opens a throw-away folder with a small account; together with --home\n"
     "    it fills that folder.\n"
-    "orvane add|list|done|undo …\n"
+    "orvane add|list|done|undo|backup|restore|export|import …\n"
     "    See `orvane COMMAND --help`.\n"
     "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
-    "    completed, list:NAME or tag:NAME.\n"
-    "orvane --version | --help\n";
+    "    completed, list:NAME, tag:NAME, preferences or preferences:PAGE.\n"
+    "orvane --version | --help | -h\n";
 
 const Option *optionNamed(QStringView name)
 {
@@ -99,7 +110,9 @@ public:
     {
         while (m_next < m_words.size()) {
             const QString word = m_words.at(m_next++);
-            if (m_optionsEnded || !word.startsWith(u"--"))
+            if (!m_optionsEnded && word == u"-h")
+                m_invocation.action = Invocation::Action::Help;
+            else if (m_optionsEnded || !word.startsWith(u"--"))
                 takeArgument(word);
             else if (word == u"--")
                 m_optionsEnded = true;
@@ -184,6 +197,16 @@ private:
 };
 
 } // namespace
+
+Result<Invocation> Invocation::parse(std::span<const char *const> words)
+{
+    QStringList texts;
+    for (const QByteArrayView each : words) {
+        texts.append(QString::fromUtf8(each));
+        if (!each.isValidUtf8()) return Error{tr("“%1” is not valid UTF-8.").arg(texts.last())};
+    }
+    return parse(texts);
+}
 
 Result<Invocation> Invocation::parse(const QStringList &words) { return Parser{words}.parse(); }
 

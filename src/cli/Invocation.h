@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <span>
+
 /// What was asked for on the command line. Options stand anywhere; `--` ends them.
 struct Invocation {
     enum class Action { Window, Picture, Version, Help, Command };
@@ -30,7 +32,9 @@ struct Invocation {
     bool readsStandardInput = false;
     bool answersJson = false;
 
-    /// `words` without the program's name. An error is wrong usage: its sentence names the word.
+    /// `words` as main() has them, without the program's name: bytes, refused where they are not UTF-8.
+    static Result<Invocation> parse(std::span<const char *const> words);
+    /// An error is wrong usage: its sentence names the word.
     static Result<Invocation> parse(const QStringList &words);
 };
 

@@ -38,13 +38,13 @@ ExitStatus runStatus(KWTaskStatus status, const Invocation &invocation, OrvaneKi
     ExitStatus worst = ExitStatus::Done;
     for (const QString &each : invocation.arguments) {
         const Result<QString> taskID = taskWithEnding(each, kit);
-        const Result<KWTaskStatus> done = taskID ? KWTaskTicker{kit.manager()}.updateStatus(status, *taskID)
-                                                 : Result<KWTaskStatus>{taskID.error()};
+        const auto done = taskID ? KWTaskTicker{kit.manager()}.updateStatus(status, *taskID)
+                                 : Result<KWTaskTicker::Ticked>{taskID.error()};
         if (!done) {
             worst = failWith(done.error().sentence, ExitStatus::CouldNot, streams.err);
             continue;
         }
-        streams.out << kit.context().find<KWTask>(*taskID)->model().title << '\n';
+        streams.out << terminalText(kit.context().find<KWTask>(*taskID)->model().title) << '\n';
     }
     return worst;
 }

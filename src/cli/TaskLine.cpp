@@ -1,5 +1,6 @@
 #include "cli/TaskLine.h"
 
+#include "cli/TerminalText.h"
 #include "corvexkit/time/TimeText.h"
 
 #include <QSet>
@@ -54,5 +55,5 @@ QString taskLine(const KWTaskListItemModel &task, const QString &shortID, const 
                    task.title;
     for (const QString &tag : task.tags)
         line += u" #"_s + tag;
-    return line + priorityMark(task.priority);
+    return terminalText(line + priorityMark(task.priority));
 }

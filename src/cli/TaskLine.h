@@ -9,7 +9,8 @@
 /// their endings are what differs.
 QStringList shortIDs(const QStringList &ids);
 
-/// One line of `orvane list`: id, date and title in columns, then tags and priority.
+/// One line of `orvane list`: id, date and title in columns, then tags and priority; see
+/// terminalText().
 QString taskLine(const KWTaskListItemModel &task, const QString &shortID, const CXTimeZone &zone);
 
 /// The local date for a column or for JSON: a day, a day and time, or nothing.

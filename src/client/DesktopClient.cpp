@@ -1,6 +1,8 @@
 #include "client/DesktopClient.h"
 
 #include "app/AppDelegate.h"
+#include "app/KWAbnormalDataCleanService.h"
+#include "app/RunMarker.h"
 #include "app/SingleInstance.h"
 #include "cli/CommandStreams.h"
 #include "cli/DemoAccount.h"
@@ -10,12 +12,17 @@
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
 #include "platform/DBusSingleInstance.h"
+#include "platform/DesktopFileManager.h"
+#include "platform/Relaunch.h"
 #include "platform/TerminationSignals.h"
+#include "platform/XdgMail.h"
 #include "views/alerts/Alert.h"
+#include "views/alerts/AlertPresenter.h"
 #include "views/alerts/CrashProtectionWindow.h"
 #include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
 #include "views/pictures/PagePicture.h"
+#include "views/preferences/PreferencesWindow.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/theme/FontWarmUp.h"
@@ -126,11 +133,8 @@ Result<void> DesktopClient::applyTheme()
     const QString theme = m_invocation.theme.isEmpty()
                               ? KWUserDefaults{m_folders.config}.value(Settings::theme)
                               : m_invocation.theme;
-    if (theme == u"light")
-        configurator.setMode(ThemeConfigurator::Mode::Light);
-    else if (theme == u"dark")
-        configurator.setMode(ThemeConfigurator::Mode::Dark);
-    else if (!m_invocation.theme.isEmpty())
+    configurator.setMode(ThemeConfigurator::modeNamed(theme));
+    if (!m_invocation.theme.isEmpty() && configurator.mode() == ThemeConfigurator::Mode::FollowDesktop)
         return Error{clientText("“%1” is no theme: there are light and dark.").arg(m_invocation.theme)};
     configurator.apply();
     return {};
@@ -141,10 +145,18 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     DBusSingleInstance channel{m_folders, clock};
     SingleInstance instance{m_folders, channel};
     KWUserDefaults defaults{m_folders.config};
-    CrashProtectionWindow alert;
+    AlertPresenter alerts;
+    DesktopFileManager fileManager;
+    XdgMail mail;
+    KWAbnormalDataCleanService diagnostics{
+        {m_folders, clock, alerts, fileManager, mail, [] { QCoreApplication::quit(); }}};
+    CrashProtectionWindow alert{m_folders, clock, diagnostics};
+    Relaunch relaunch{QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1)};
     std::unique_ptr<OpenClient> client;
+    ExitStatus withoutClient = ExitStatus::Done; // the person quit before anything was opened
     AppDelegate delegate{clock, defaults, alert, [&]() -> RunningApplication * {
-                             client = OpenClient::open(m_folders, m_invocation, clock, fonts);
+                             withoutClient = ExitStatus::CouldNot;
+                             client = OpenClient::open(m_folders, m_invocation, clock, fonts, relaunch);
                              return client ? &client->rooms().application() : nullptr;
                          }};
 
@@ -162,15 +174,30 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
 
     CXLog::setSink(std::make_shared<RotatingFileSink>(m_folders.log()));
     CXLog::installQtMessageHandler();
+    RunMarker marker{m_folders.runMarker()};
+    const LastRun lastRun = marker.begin();
     delegate.applicationDidFinishLaunching(request);
     if (!client) {
         delegate.applicationWillTerminate();
-        return int(ExitStatus::CouldNot);
+        marker.end();
+        return int(withoutClient);
     }
+    client->followDesktopScheme();
+    client->lookAfterStore(lastRun);
+    client->rooms().menu().handle(MenuCommand::SendDiagnostics, alerts,
+                                  [&diagnostics] { diagnostics.run(); });
     reportFirstPaintIfAsked(*client);
-    const TerminationSignals signals{[] { QCoreApplication::quit(); }};
+    const TerminationSignals signals{[&relaunch] {
+        relaunch.forbid();
+        QCoreApplication::quit();
+    }};
     const int status = QApplication::exec();
     delegate.applicationWillTerminate();
+    client.reset();
+    marker.end();
+    instance.release();
+    if (!relaunch.startIfWanted())
+        return fail(clientText("Orvane could not start itself again."), ExitStatus::CouldNot);
     return status;
 }
 
@@ -187,7 +214,9 @@ int DesktopClient::drawPicture(SystemClock &clock)
     if (const Result<void> filled = m_invocation.isDemo ? fillDemoAccount(kit) : Result<void>{}; !filled)
         return fail(filled.error().sentence, ExitStatus::CouldNot);
 
-    const auto list = listOfPage(request->page, kit);
+    const bool isPreferences = request->page.section(u':', 0, 0) == u"preferences";
+    const Result<std::optional<KWListIdentifier>> list =
+        isPreferences ? std::optional<KWListIdentifier>{} : listOfPage(request->page, kit);
     if (!list) return fail(list.error().sentence, ExitStatus::WrongUsage);
     QCursor::setPos(-1000, -1000); // no row is drawn as pointed at
     DesktopRooms rooms{kit, clock};
@@ -197,6 +226,9 @@ int DesktopClient::drawPicture(SystemClock &clock)
         rooms.mainWindow().select(**list);
         selectTaskToShow(*rooms.mainWindow().window());
         window = rooms.mainWindow().window();
+    } else if (isPreferences) {
+        rooms.preferences().show(request->page.section(u':', 1));
+        window = rooms.preferences().window();
     } else {
         rooms.welcomeWindow().showCentred();
         window = rooms.welcomeWindow().window();

@@ -2,37 +2,85 @@
 
 #include "model/OrvaneKit.h"
 #include "views/theme/ThemeConfigurator.h"
+#include "views/welcome/WelcomeWindow.h"
+#include "views/wording/DateWording.h"
 
 #include <QApplication>
 #include <QWidget>
 
-DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock)
+DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices services)
     : m_countFetcher(kit.manager(), kit.center())
     , m_sidebar(kit.manager(), kit.account(), m_countFetcher, kit.defaults(), kit.center(), kit.bus())
     , m_tasks(kit.manager(), kit.account(), kit.center(), kit.bus())
     , m_newTasks(kit)
     , m_account(kit.account())
     , m_counts(m_sidebar)
-    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks})
+    , m_menu(kit.defaults())
+    , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
+                     [this] { m_application.session().refreshBadge(); }})
+    , m_windows(m_preferences)
+    , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<LocalOnlySync>(), m_mainWindow})
+    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes})
     , m_welcomeWindow(kit.account())
+    , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
+                     absent<LocalOnlySync>(), m_alerts, services.relaunch})
+    , m_reminders({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(),
+                   services.notifications,
+                   [this](const LaunchRequest &request) { m_application.open(request); },
+                   [this](const QString &taskID) { return m_deletes.containsTask(taskID); }})
+    , m_dock(services.dock)
+    , m_commands(m_menu, kit.account())
+    , m_statusItem({kit, clock, m_newTasks, m_menu})
+    , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {
+    DateWording::setClockFormat(kit.defaults().value(Settings::clockFormat));
+    connectStatusItem();
 }
+
+DesktopRooms::~DesktopRooms() { m_deletes.commitPending(); }
 
 // A port that is not named here belongs to a room that does not exist yet.
 AppPorts DesktopRooms::ports()
 {
     return {.account = m_account,
+            .shortcuts = m_menu,
+            .mainMenu = m_menu,
             .theme = m_theme,
+            .links = m_links,
+            .userNotifications = m_reminders,
+            .significantTimeChange = m_timeChanges,
             .mainWindow = m_mainWindow,
             .welcomeWindow = m_welcomeWindow,
             .windows = m_windows,
+            .statusItem = m_statusItem,
+            .dock = m_dock,
             .listCounts = m_counts};
+}
+
+void DesktopRooms::connectStatusItem()
+{
+    m_commands.hasStatusItem = [this] { return m_statusItem.isShown(); };
+    QObject::connect(&m_commands, &ApplicationCommands::failed, &m_mainWindow,
+                     &MainWindowController::showMessage);
+    QObject::connect(&m_statusItem, &StatusItem::windowRequested, &m_mainWindow,
+                     [this] { m_application.session().showWindow({}); });
+    QObject::connect(&m_statusItem, &StatusItem::taskRequested, &m_mainWindow, [this](const QString &taskID) {
+        m_mainWindow.showTask(taskID, KWListIdentifier::todayProject());
+        m_windows.bringToFront({});
+    });
 }
 
 void DesktopRooms::ThemeSchedule::autoSwitchDarkIfNeeded()
 {
     ThemeConfigurator::shared().autoSwitchDarkIfNeeded();
+}
+
+// All but the welcome window, which stays for who signs in again.
+void DesktopRooms::TopWindows::closeAllOthers()
+{
+    for (QWidget *each : QApplication::topLevelWidgets())
+        if (each->isVisible() && each->isWindow() && !qobject_cast<WelcomeWindow *>(each)) each->close();
 }
 
 void DesktopRooms::TopWindows::bringToFront(const QString &activationToken)

@@ -1,23 +1,47 @@
 #pragma once
 
 #include "app/AccountManagerPort.h"
+#include "app/KWDelayDeleteManager.h"
+#include "app/KWSignificantTimeChangeObserver.h"
+#include "app/KWUserNotificationHandler.h"
+#include "app/LinkOpener.h"
 #include "app/RunningApplication.h"
+#include "app/ports/LoginItemPort.h"
 #include "capture/NewTaskService.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
+#include "views/alerts/AlertPresenter.h"
+#include "views/main/ApplicationCommands.h"
 #include "views/main/MainWindowController.h"
+#include "views/menu/MainMenu.h"
+#include "views/preferences/PreferencesWindowController.h"
+#include "views/statusitem/StatusItem.h"
 #include "views/welcome/WelcomeWindowController.h"
 
 class OrvaneKit;
+
+/// What the rooms use of the desktop; a service that is not named is not there.
+struct DesktopServices {
+    RelaunchPort &relaunch = absent<RelaunchPort>();
+    LoginItemPort &loginItem = absent<LoginItemPort>();
+    UserNotificationCenterPort &notifications = absent<UserNotificationCenterPort>();
+    DockPort &dock = absent<DockPort>();
+};
 
 /// Every room of the client over one open data folder, put together once, each in the order in which
 /// the ones below need it. Main thread.
 class DesktopRooms {
 public:
-    DesktopRooms(OrvaneKit &kit, CXClock &clock);
+    DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices services = {});
+    /// Carries out the deletes that can still be undone.
+    ~DesktopRooms();
 
     KWProjectListPresenter &sidebar() { return m_sidebar; }
+    NewTaskService &newTasks() { return m_newTasks; }
+    MainMenu &menu() { return m_menu; }
     MainWindowController &mainWindow() { return m_mainWindow; }
+    PreferencesWindowController &preferences() { return m_preferences; }
+    StatusItem &statusItem() { return m_statusItem; }
     WelcomeWindowController &welcomeWindow() { return m_welcomeWindow; }
     RunningApplication &application() { return m_application; }
 
@@ -36,10 +60,17 @@ private:
     };
     class TopWindows : public WindowsPort {
     public:
+        explicit TopWindows(PreferencesWindowController &preferences) : m_preferences(preferences) {}
+        void closePreferences() override { m_preferences.close(); }
+        void closeAllOthers() override;
         void bringToFront(const QString &activationToken) override;
+
+    private:
+        PreferencesWindowController &m_preferences;
     };
 
     AppPorts ports();
+    void connectStatusItem();
 
     KWProjectListCountFetcher m_countFetcher;
     KWProjectListPresenter m_sidebar;
@@ -48,8 +79,18 @@ private:
     AccountManagerPort m_account;
     Counts m_counts;
     ThemeSchedule m_theme;
+    MainMenu m_menu;
+    PreferencesWindowController m_preferences;
     TopWindows m_windows;
+    KWDelayDeleteManager m_deletes;
     MainWindowController m_mainWindow;
     WelcomeWindowController m_welcomeWindow;
+    AlertPresenter m_alerts;
+    KWSignificantTimeChangeObserver m_timeChanges;
+    KWUserNotificationHandler m_reminders;
+    DockPort &m_dock;
+    ApplicationCommands m_commands;
+    StatusItem m_statusItem;
+    LinkOpener m_links;
     RunningApplication m_application;
 };

@@ -1,14 +1,33 @@
 #include "client/OpenClient.h"
 
+#include "app/DataCare.h"
 #include "cli/CommandStreams.h"
 #include "cli/DemoAccount.h"
 #include "corvexkit/time/SystemClock.h"
+#include "model/settings/KWLocalizedString.h"
+#include "views/alerts/Alert.h"
 #include "views/alerts/StoreProblemAlert.h"
+#include "views/main/FirstPaint.h"
+#include "views/main/MainWindow.h"
+#include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/SidebarView.h"
 #include "views/theme/FontWarmUp.h"
+#include "views/theme/ThemeConfigurator.h"
+#include "views/welcome/WelcomeWindow.h"
 
 #include <QTextStream>
 
 namespace {
+
+// The store to go on with after a problem: a backup, or a fresh one.
+Result<void> replaceStore(StoreProblemAnswer answer, const std::optional<StoreBackup> &backup,
+                          const DataFolders &folders, const CXClock &clock)
+{
+    const Result<QString> kept = answer == StoreProblemAnswer::RestoreBackup
+                                     ? restoreStore(backup->path, folders, clock)
+                                     : Store::setAside(folders.store(), clock.localNow());
+    return kept ? Result<void>{} : kept.error();
+}
 
 std::unique_ptr<OrvaneKit> openAsking(const DataFolders &folders, const CXClock &clock)
 {
@@ -18,20 +37,46 @@ std::unique_ptr<OrvaneKit> openAsking(const DataFolders &folders, const CXClock 
         if (opening.kit) return std::move(opening.kit);
         failWith(opening.sentence, ExitStatus::CouldNot, err);
         err.flush();
-        if (askAboutStoreProblem(opening.problem, opening.sentence) == StoreProblemAnswer::Quit)
-            return nullptr;
-        if (const Result<QString> kept = Store::setAside(folders.store(), clock.localNow()); !kept) {
-            failWith(kept.error().sentence, ExitStatus::CouldNot, err);
+        std::optional<StoreBackup> backup;
+        if (opening.problem == StoreProblem::Damaged) backup = StoreBackups{folders}.newestGood();
+        const StoreProblemAnswer answer = askAboutStoreProblem(opening.problem, opening.sentence, backup);
+        if (answer == StoreProblemAnswer::Quit) return nullptr;
+        if (const Result<void> replaced = replaceStore(answer, backup, folders, clock); !replaced) {
+            failWith(replaced.error().sentence, ExitStatus::CouldNot, err);
             return nullptr;
         }
     }
 }
 
+// What the preferences asked for before the program started anew.
+void restoreBackupIfAsked(const DataFolders &folders, const CXClock &clock)
+{
+    KWUserDefaults defaults{folders.config};
+    const Result<void> restored = DataCare::restoreWhatWasAsked(folders, defaults, clock);
+    if (restored) return;
+    Alert::run({KWLocalizedString("The backup could not be brought back"),
+                restored.error().sentence,
+                {KWLocalizedString("Continue")}});
+}
+
+std::optional<ColorScheme> schemeOf(PortalColorScheme::Preference preference)
+{
+    if (preference == PortalColorScheme::Preference::None) return std::nullopt;
+    return preference == PortalColorScheme::Preference::Dark ? ColorScheme::Dark : ColorScheme::Light;
+}
+
+QWidget *firstWidgetOf(DesktopRooms &rooms)
+{
+    if (MainWindow *window = rooms.mainWindow().window()) return window->sidebar().tree().viewport();
+    return rooms.welcomeWindow().window();
+}
+
 } // namespace
 
 std::unique_ptr<OpenClient> OpenClient::open(const DataFolders &folders, const Invocation &invocation,
-                                             SystemClock &clock, FontWarmUp &fonts)
+                                             SystemClock &clock, FontWarmUp &fonts, RelaunchPort &relaunch)
 {
+    restoreBackupIfAsked(folders, clock);
     std::unique_ptr<OrvaneKit> kit = openAsking(folders, clock);
     if (!kit) return nullptr;
     if (const Result<void> filled = invocation.isDemo ? fillDemoAccount(*kit) : Result<void>{}; !filled) {
@@ -40,15 +85,47 @@ std::unique_ptr<OpenClient> OpenClient::open(const DataFolders &folders, const I
         return nullptr;
     }
     fonts.finish();
-    return std::unique_ptr<OpenClient>{new OpenClient{std::move(kit), clock}};
+    return std::unique_ptr<OpenClient>{new OpenClient{std::move(kit), clock, relaunch}};
 }
 
-OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock)
+OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock, RelaunchPort &relaunch)
     : m_kit(std::move(kit))
     , m_outsideChanges(m_kit->folders(), m_kit->manager(), m_kit->center(), clock)
     , m_sleepMonitor(m_kit->center(), clock)
-    , m_rooms(*m_kit, clock)
+    , m_zoneWatch(m_kit->center(), clock, [&clock] { return clock.refreshZone(); })
+    , m_loginItem(m_kit->folders())
+    , m_notifications(m_panel)
+    , m_badge(m_kit->manager(), m_kit->account(), m_kit->defaults())
+    , m_rooms(
+          *m_kit, clock,
+          {.relaunch = relaunch, .loginItem = m_loginItem, .notifications = m_notifications, .dock = m_badge})
+    , m_dataCare(*m_kit, relaunch)
+    , m_damage(m_alerts, m_dataCare)
+    , m_storeCare(m_kit->manager(), m_kit->center(), m_kit->folders())
 {
     m_outsideChanges.start();
     m_sleepMonitor.start();
+    m_zoneWatch.start();
+}
+
+void OpenClient::followDesktopScheme()
+{
+    m_colorScheme.onChanged = [](PortalColorScheme::Preference preference) {
+        ThemeConfigurator::shared().setDesktopScheme([scheme = schemeOf(preference)] { return scheme; });
+    };
+    afterFirstPaint([this] { m_colorScheme.start(); });
+}
+
+void OpenClient::lookAfterStore(LastRun lastRun)
+{
+    m_storeCare.onDamage = [this](const std::optional<StoreBackup> &newestGood) { m_damage.ask(newestGood); };
+    afterFirstPaint([this, lastRun] { m_storeCare.start(lastRun); });
+}
+
+void OpenClient::afterFirstPaint(std::function<void()> action)
+{
+    if (QWidget *widget = firstWidgetOf(m_rooms))
+        new FirstPaint{*widget, std::move(action)};
+    else
+        action();
 }

@@ -1,10 +1,19 @@
 #pragma once
 
+#include "app/DamagedStoreQuestion.h"
 #include "cli/Invocation.h"
 #include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
+#include "model/store/StoreCare.h"
+#include "platform/DesktopNotifications.h"
+#include "platform/LauncherBadge.h"
+#include "platform/LoginItem.h"
 #include "platform/LogindSleepMonitor.h"
 #include "platform/OutsideChangeWatcher.h"
+#include "platform/PortalColorScheme.h"
+#include "platform/SystemTimeZoneWatch.h"
+#include "views/alerts/AlertPresenter.h"
+#include "views/alerts/NotificationPanel.h"
 
 #include <memory>
 
@@ -17,15 +26,32 @@ public:
     /// Opens the folder, asking the person what to do where that cannot be done. None when the answer is
     /// to quit, or when it still cannot be done; standard error has the sentence then.
     static std::unique_ptr<OpenClient> open(const DataFolders &folders, const Invocation &invocation,
-                                            SystemClock &clock, FontWarmUp &fonts);
+                                            SystemClock &clock, FontWarmUp &fonts, RelaunchPort &relaunch);
 
     DesktopRooms &rooms() { return m_rooms; }
 
+    /// Takes from the desktop whether it is dark or light, once the first window is painted.
+    void followDesktopScheme();
+    /// Checks the store if the last run broke off, and keeps its backups, from the first paint on.
+    void lookAfterStore(LastRun lastRun);
+
 private:
-    OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock);
+    void afterFirstPaint(std::function<void()> action);
+
+    OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock, RelaunchPort &relaunch);
 
     std::unique_ptr<OrvaneKit> m_kit;
     OutsideChangeWatcher m_outsideChanges;
     LogindSleepMonitor m_sleepMonitor;
+    SystemTimeZoneWatch m_zoneWatch;
+    LoginItem m_loginItem;
+    PortalColorScheme m_colorScheme;
+    NotificationPanel m_panel;
+    DesktopNotifications m_notifications;
+    LauncherBadge m_badge;
     DesktopRooms m_rooms;
+    AlertPresenter m_alerts;
+    DataCare m_dataCare;
+    DamagedStoreQuestion m_damage;
+    StoreCare m_storeCare;
 };

@@ -31,14 +31,29 @@ std::unique_ptr<Node> tagNodeFor(const KWTagModel &tag)
     return node;
 }
 
+void addShown(std::initializer_list<const KWSmartProject *> smartLists, const ProjectListContents &contents,
+              Nodes &nodes)
+{
+    for (const KWSmartProject *each : smartLists)
+        if (!contents.hiddenSmartLists.contains(each->identifier())) nodes.push_back(smartNode(*each));
+}
+
 Nodes topNodes(const ProjectListContents &contents)
 {
     Nodes nodes;
     for (const KWProjectModel &each : contents.projects)
         if (each.isInbox) nodes.push_back(projectNode(each));
-    for (const KWSmartProject *each :
-         {&KWSmartProject::today(), &KWSmartProject::tomorrow(), &KWSmartProject::next7days()})
-        nodes.push_back(smartNode(*each));
+    addShown({&KWSmartProject::all(), &KWSmartProject::today(), &KWSmartProject::tomorrow(),
+              &KWSmartProject::next7days(), &KWSmartProject::assignedToMe()},
+             contents, nodes);
+    return nodes;
+}
+
+Nodes bottomNodes(const ProjectListContents &contents)
+{
+    Nodes nodes;
+    addShown({&KWSmartProject::completed(), &KWSmartProject::abandoned(), &KWSmartProject::trash()}, contents,
+             nodes);
     return nodes;
 }
 
@@ -106,6 +121,13 @@ ProjectListContents ProjectListContents::read(const QString &userID, ObjectConte
         contents.groups.append(each->model());
     for (const KWTag *each : KWTag::findTagsOfUser(userID, context))
         contents.tags.append(each->model());
+    contents.hiddenSmartLists.clear();
+    const auto visibilities = KWSmartProject::visibilities(userID, context);
+    for (auto each = visibilities.begin(); each != visibilities.end(); ++each)
+        if (each.value() == KWSmartProjectVisibilityHidden)
+            contents.hiddenSmartLists.insert(each.key());
+        else if (each.value() == KWSmartProjectVisibilityShownIfNotEmpty)
+            contents.hiddenIfEmpty.insert(each.key());
     return contents;
 }
 
@@ -128,10 +150,9 @@ void KWProjectListDataService::rebuild(const ProjectListContents &contents,
 {
     m_topNode->setChildren(topNodes(contents));
     m_listNode->setChildren(listNodes(contents));
-    m_tagNode->setChildren(tagNodes(contents));
-    Nodes bottom;
-    bottom.push_back(smartNode(KWSmartProject::completed()));
-    m_bottomNode->setChildren(std::move(bottom));
+    const bool showsTags = !contents.hiddenSmartLists.contains(KWSmartProject::tag().identifier());
+    m_tagNode->setChildren(showsTags ? tagNodes(contents) : Nodes{});
+    m_bottomNode->setChildren(bottomNodes(contents));
     visit(m_rootNode, [&isFolded](Node &node) { node.setIsExpanded(!isFolded(node)); });
 }
 

@@ -1,6 +1,7 @@
 #include "lists/KWProjectListPresenter.h"
 
 #include "model/events/NotificationNames.h"
+#include "model/records/KWSmartProject.h"
 #include "model/settings/KWUserDefaults.h"
 
 namespace {
@@ -23,8 +24,10 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
     };
     observe(KWNewDayComesNotification, &KWProjectListPresenter::recount);
     observe(KWSyncDidBatchPullNotification, &KWProjectListPresenter::reload);
+    observe(KWSmartListDisplayStatusDidChangeNotification, &KWProjectListPresenter::build);
     observe(KWDataDidChangeOutsideMainAppNotification, &KWProjectListPresenter::reload);
     m_observations.push_back(center.addObserver(countChanged, [this](const KWNotification &) {
+        if (m_contents && !m_contents->hiddenIfEmpty.isEmpty()) rebuildIfChanged();
         if (onCountsChanged) onCountsChanged();
     }));
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
@@ -33,7 +36,6 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
                                    change.touches(RecordKind::Tag);
         if (!m_account.isSignedIn() || !m_contents) return;
         if (mayChangeTree) rebuildIfChanged();
-        if (mayChangeTree || change.touches(RecordKind::Task)) recount();
     });
 }
 
@@ -41,6 +43,9 @@ bool KWProjectListPresenter::rebuildIfChanged()
 {
     ProjectListContents contents =
         ProjectListContents::read(m_account.currentUserID(), m_manager.MR_defaultContext());
+    for (const QString &each : std::as_const(contents.hiddenIfEmpty))
+        if (m_counts.countCached(KWListIdentifier::smartProject(each)).value_or(1) == 0)
+            contents.hiddenSmartLists.insert(each);
     if (contents == m_contents) return false;
     m_contents = std::move(contents);
     m_dataService.rebuild(*m_contents, [this](const KWProjectListNode &node) {
@@ -76,21 +81,34 @@ void KWProjectListPresenter::restoreSelection()
 {
     const QString stored = m_defaults.value(Settings::selectedNode, m_account.currentUserID());
     const auto list = KWListIdentifier::userDefaultDecode(stored);
-    m_selectedList = list && m_dataService.nodeFor(*list) ? *list : KWListIdentifier::todayProject();
+    m_selectedList = list && canShow(*list) ? *list : KWListIdentifier::todayProject();
     if (KWProjectListNode *node = selectedNode()) node->setIsSelected(true);
     if (onSelectionChanged) onSelectionChanged(m_selectedList);
 }
 
 void KWProjectListPresenter::select(const KWListIdentifier &list)
 {
-    KWProjectListNode *node = m_dataService.nodeFor(list);
-    if (!node) return;
+    if (!canShow(list)) return;
     m_defaults.set(Settings::selectedNode, list.userDefaultEncode(), m_account.currentUserID());
     if (list == m_selectedList) return;
     if (KWProjectListNode *before = selectedNode()) before->setIsSelected(false);
     m_selectedList = list;
-    node->setIsSelected(true);
+    if (KWProjectListNode *node = selectedNode()) node->setIsSelected(true);
     if (onSelectionChanged) onSelectionChanged(list);
+}
+
+bool KWProjectListPresenter::canShow(const KWListIdentifier &list)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return m_dataService.nodeFor(list) ||
+           (list.type == KWListIdentifierType::SmartProject && smart && smart->isListOfTasks());
+}
+
+QString KWProjectListPresenter::titleOfSelectedList()
+{
+    if (const KWProjectListNode *node = selectedNode()) return node->title();
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(m_selectedList.entityID);
+    return smart ? smart->displayName() : QString{};
 }
 
 void KWProjectListPresenter::setIsExpanded(bool isExpanded, KWProjectListNode &node)
@@ -109,5 +127,5 @@ std::optional<int> KWProjectListPresenter::countOf(const KWProjectListNode &node
 
 void KWProjectListPresenter::recount()
 {
-    if (m_account.isSignedIn()) m_counts.updateCountCache(m_account.currentUserID(), m_dataService.lists());
+    if (m_account.isSignedIn()) m_counts.updateCountCache(m_account.currentUserID());
 }

@@ -32,7 +32,10 @@ public:
 
     const KWListIdentifier &selectedList() const { return m_selectedList; }
     KWProjectListNode *selectedNode() { return m_dataService.nodeFor(m_selectedList); }
-    /// Selects and remembers it. A list that has no node is not selected.
+    /// What the head of the list says.
+    QString titleOfSelectedList();
+    /// Selects and remembers it. A list that has no node is not selected, unless it is a smart list of
+    /// tasks: one that the sidebar does not show can be opened all the same.
     void select(const KWListIdentifier &list);
 
     void setIsExpanded(bool isExpanded, KWProjectListNode &node);
@@ -48,6 +51,7 @@ public:
 private:
     bool rebuildIfChanged();
     void restoreSelection();
+    bool canShow(const KWListIdentifier &list);
 
     KWCoreDataManager &m_manager;
     KWAccountManager &m_account;

@@ -12,7 +12,10 @@ constexpr std::int64_t topRows = 120;
 
 KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManager &account,
                                      KWNotificationCenter &center, KWEventBus &bus)
-    : m_manager(manager), m_account(account)
+    : m_manager(manager), m_account(account), m_pendingDeletes(center, [this] {
+        if (!m_showsOtherList) take(m_rows);
+        reload();
+    })
 {
     const auto reloadOn = [this, &center](const QString &name) {
         m_observations.push_back(center.addObserver(name, [this](const KWNotification &) { reload(); }));
@@ -52,18 +55,21 @@ void KWTaskListService::reload()
     m_request = std::make_shared<Request>();
     if (!m_account.isSignedIn() || m_list.entityID.isEmpty()) return;
     // A long list that is shown already is replaced whole, so that it never shrinks meanwhile.
-    if (!isLongList()) readTop();
-    if (m_rows.size() >= topRows) readAll();
+    if (isLongList() || readTop()) readAll();
 }
 
-void KWTaskListService::readTop()
+// Whether there may be more.
+bool KWTaskListService::readTop()
 {
     Result<QList<KWTaskListItemModel>> rows = KWListDataFetcher{m_manager.store().clock()}.reloadDataModel(
         {m_account.currentUserID(), m_list, topRows}, m_manager.MR_defaultContext().connection());
-    if (rows)
-        take(std::move(*rows));
-    else if (onFailure)
-        onFailure(rows.error().sentence);
+    if (!rows) {
+        if (onFailure) onFailure(rows.error().sentence);
+        return false;
+    }
+    const bool isFull = rows->size() >= topRows;
+    take(std::move(*rows));
+    return isFull;
 }
 
 void KWTaskListService::readAll()
@@ -89,8 +95,15 @@ void KWTaskListService::readAll()
 
 void KWTaskListService::take(QList<KWTaskListItemModel> rows)
 {
+    leaveOutPending(rows);
     if (rows == m_rows && !m_showsOtherList) return;
     m_showsOtherList = false;
     m_rows = std::move(rows);
     if (onRowsChanged) onRowsChanged();
+}
+
+void KWTaskListService::leaveOutPending(QList<KWTaskListItemModel> &rows) const
+{
+    if (m_pendingDeletes.taskIDs().isEmpty()) return;
+    rows.removeIf([this](const auto &each) { return m_pendingDeletes.containsTask(each.sid); });
 }

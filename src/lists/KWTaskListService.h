@@ -2,14 +2,16 @@
 
 #include "model/account/KWAccountManager.h"
 #include "model/events/KWEventBus.h"
+#include "model/events/PendingDeletes.h"
 #include "model/store/KWListDataFetcher.h"
 
 #include <functional>
 #include <memory>
 #include <vector>
 
-/// The rows of the list that the middle pane shows, kept true while tasks and the day change. The top
-/// of a long list is there at once; the rest follows from the background. Main thread.
+/// The rows of the list that the middle pane shows, kept true while tasks and the day change. Tasks
+/// that wait to be deleted are left out. The top of a long list is there at once; the rest follows from the
+/// background. Main thread.
 class KWTaskListService {
 public:
     KWTaskListService(KWCoreDataManager &manager, KWAccountManager &account, KWNotificationCenter &center,
@@ -30,15 +32,17 @@ public:
 private:
     struct Request {};
 
-    void readTop();
+    bool readTop();
     void readAll();
     void take(QList<KWTaskListItemModel> rows);
+    void leaveOutPending(QList<KWTaskListItemModel> &rows) const;
     bool isLongList() const;
 
     KWCoreDataManager &m_manager;
     KWAccountManager &m_account;
     KWListIdentifier m_list;
     QList<KWTaskListItemModel> m_rows;
+    PendingDeletes m_pendingDeletes;
     bool m_showsOtherList = false;      // the rows are still those of the list selected before
     std::shared_ptr<Request> m_request; // the latest; an answer to another one is dropped
     std::vector<KWNotificationCenter::Observation> m_observations;

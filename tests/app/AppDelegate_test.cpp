@@ -1,9 +1,10 @@
 #include "app/AppDelegate.h"
 
-#include "app/Orders.h"
 #include "app/RecordingPorts.h"
 #include "app/RunningApplication.h"
+#include "model/events/NotificationNames.h"
 #include "model/settings/KWUserDefaults.h"
+#include "support/LogRecorder.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
@@ -38,34 +39,80 @@ struct DelegateScene {
 
 const LaunchRequest aLink{.links = {u"orvane://task/1"_s, u"orvane://task/2"_s},
                           .activationToken = u"token"_s};
+const QStringList callsOfALink{u"windows.bringToFront token"_s, u"links.open orvane://task/1"_s,
+                               u"links.open orvane://task/2"_s};
+const QStringList callsOfTheBadge{u"dock.refreshBadge"_s, u"statusItem.refresh"_s};
 
 } // namespace
 
+/// From the first event of the program to the links that later starts hand over.
 class AppDelegate_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void opensItsOwnLinksAfterTheStart()
+    void startsSignedIn()
+    {
+        DelegateScene scene;
+        scene.recording.signIn();
+        scene.delegate.applicationDidFinishLaunching({});
+        QCOMPARE(scene.recording.calls.names, RecordingPorts::callsOfSignIn() + callsOfTheBadge);
+    }
+
+    void startsSignedOutAndOpensItsLinksLast()
     {
         DelegateScene scene;
         scene.delegate.applicationDidFinishLaunching(aLink);
-        const QStringList &calls = scene.recording.calls.names;
-        QCOMPARE(calls.mid(calls.size() - 2),
-                 QStringList({u"links.open orvane://task/1"_s, u"links.open orvane://task/2"_s}));
-        QVERIFY(calls.contains(u"windows.bringToFront token"_s));
+        QCOMPARE(scene.recording.calls.names, QStringList{u"welcomeWindow.showCentred"_s} +
+                                                  callsOfALink.mid(0, 1) + callsOfTheBadge +
+                                                  callsOfALink.mid(1));
     }
 
-    void startsNothingUnderTheAlert()
+    void startsAsLoginItemWithoutAWindow()
     {
-        DelegateScene scene{3};
+        DelegateScene scene;
         scene.recording.signIn();
-        scene.delegate.applicationDidFinishLaunching({});
-        QCOMPARE(scene.recording.calls.names, QStringList{});
-        scene.alert.continuation();
-        QCOMPARE(scene.recording.calls.names, startInto(u"sign-in"_s));
+        scene.delegate.applicationDidFinishLaunching({.cause = LaunchCause::LoginItem});
+        QVERIFY(!scene.recording.calls.names.contains(u"mainWindow.show"_s));
+        // The next sign-in is somebody's wish.
+        scene.center.post(KWUserDidSignInNotification);
+        QCOMPARE(scene.recording.calls.names.last(), u"mainWindow.show"_s);
     }
 
-    void keepsLaterStartsUntilLaunched()
+    void hearsWhatHappensWhileTheAccountIsRead()
+    {
+        DelegateScene scene;
+        scene.recording.account.onRefresh = [&] {
+            scene.center.post(KWSyncDidPullHabitSettingsNotification);
+        };
+        scene.delegate.applicationDidFinishLaunching({});
+        QCOMPARE(scene.recording.calls.names.mid(0, 2), callsOfTheBadge);
+    }
+
+    void logsLinksWithoutTheirSecrets()
+    {
+        DelegateScene scene;
+        LogRecorder log;
+        scene.delegate.applicationDidFinishLaunching(
+            {.cause = LaunchCause::LoginItem, .links = {u"orvane://sign-in/done?code=secret#token"_s}});
+        QCOMPARE(log.lines(u"startup"_s), QStringList({u"cause = login item; link = orvane://sign-in/done"_s,
+                                                       u"user not signed in."_s}));
+    }
+
+    void needsNoRoomButTheAccount()
+    {
+        ManualClock clock{"2030-05-01 09:00"};
+        KWNotificationCenter center;
+        KWEventBus bus;
+        RecordingPorts recording;
+        recording.signIn();
+        RunningApplication application{clock, center, bus, {.account = recording.account}};
+        application.handleFinishLaunching(aLink);
+        QVERIFY(!clock.isIdle());
+        center.post(KWUserDidSignOutNotification);
+        QVERIFY(clock.isIdle());
+    }
+
+    void startsNothingUnderTheAlertAndKeepsLaterStarts()
     {
         DelegateScene scene{3};
         scene.recording.signIn();
@@ -73,10 +120,8 @@ private Q_SLOTS:
         scene.delegate.open(aLink);
         QCOMPARE(scene.recording.calls.names, QStringList{});
         scene.alert.continuation();
-        const QStringList &calls = scene.recording.calls.names;
-        QCOMPARE(calls.mid(calls.size() - 4),
-                 QStringList({u"mainWindow.show"_s, u"windows.bringToFront token"_s,
-                              u"links.open orvane://task/1"_s, u"links.open orvane://task/2"_s}));
+        QCOMPARE(scene.recording.calls.names, RecordingPorts::callsOfSignIn() + callsOfTheBadge +
+                                                  QStringList{u"mainWindow.show"_s} + callsOfALink);
     }
 
     void aLaunchThatCannotBringUpTheRoomsStartsNothingAndCounts()
@@ -87,35 +132,23 @@ private Q_SLOTS:
         scene.delegate.open({});
         QCOMPARE(scene.recording.calls.names, QStringList{});
         QCOMPARE(scene.defaults.value(Settings::crashCount), 1);
-    }
-
-    void takesLaterStarts_data()
-    {
-        QTest::addColumn<int>("cause");
-        QTest::addColumn<QStringList>("calls");
-        QTest::newRow("person") << int(LaunchCause::Person)
-                                << QStringList{u"mainWindow.show"_s, u"windows.bringToFront"_s};
-        QTest::newRow("login item") << int(LaunchCause::LoginItem) << QStringList{};
+        scene.delegate.applicationWillTerminate();
+        QCOMPARE(scene.defaults.value(Settings::crashCount), 0);
     }
 
     void takesLaterStarts()
     {
-        QFETCH(int, cause);
         DelegateScene scene;
-        scene.recording.signIn();
         scene.delegate.applicationDidFinishLaunching({});
         scene.recording.calls.take();
-        scene.delegate.open({.cause = LaunchCause(cause)});
-        QTEST(scene.recording.calls.names, "calls");
-    }
-
-    void terminatesAsHealthy()
-    {
-        DelegateScene scene{2};
-        scene.delegate.applicationDidFinishLaunching({});
-        QCOMPARE(scene.defaults.value(Settings::crashCount), 3);
-        scene.delegate.applicationWillTerminate();
-        QCOMPARE(scene.defaults.value(Settings::crashCount), 0);
+        scene.delegate.open(aLink);
+        QCOMPARE(scene.recording.calls.take(), QStringList{u"welcomeWindow.showCentred"_s} + callsOfALink);
+        scene.recording.signIn();
+        scene.delegate.open({});
+        QCOMPARE(scene.recording.calls.take(),
+                 QStringList({u"mainWindow.show"_s, u"windows.bringToFront"_s}));
+        scene.delegate.open({.cause = LaunchCause::LoginItem});
+        QCOMPARE(scene.recording.calls.take(), QStringList{});
     }
 };
 

@@ -1,6 +1,5 @@
 #include "app/Session.h"
 
-#include "app/Orders.h"
 #include "app/RecordingPorts.h"
 #include "model/events/NotificationNames.h"
 #include "support/LogRecorder.h"
@@ -13,16 +12,15 @@ using namespace std::chrono;
 namespace {
 
 struct SessionScene {
-    explicit SessionScene(const char *now = "2030-05-01 09:00:30") : clock{now} { session.observe(); }
+    SessionScene() { session.observe(); }
 
     void signIn()
     {
         recording.signIn();
-        center.post(KWUserDidSignInNotification);
-        recording.calls.take();
+        session.notifyUserSignIn();
     }
 
-    ManualClock clock;
+    ManualClock clock{"2030-05-01 09:00:30"};
     KWNotificationCenter center;
     KWEventBus bus;
     RecordingPorts recording;
@@ -36,31 +34,24 @@ StoreChange changeOf(RecordKind kind)
     return change;
 }
 
+const QStringList callsOfTheBadge{u"dock.refreshBadge"_s, u"statusItem.refresh"_s};
+
 } // namespace
 
 class Session_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void signsInInOrder()
+    void signsInThoughThePushFails()
     {
         SessionScene scene;
-        scene.recording.signIn();
-        scene.session.notifyUserSignIn();
-        QCOMPARE(scene.recording.calls.names, callsOf(u"sign-in"_s));
+        LogRecorder log;
+        scene.recording.sync.pushed = Error{u"The service does not answer."_s};
+        scene.signIn();
+        QCOMPARE(scene.recording.calls.names, RecordingPorts::callsOfSignIn());
+        QCOMPARE(log.lines(u"session"_s), QStringList{u"The service does not answer."_s});
         QVERIFY(scene.session.dayClock().isRunning());
         QCOMPARE(scene.session.dayClock().dateForNewDayChecking(), scene.clock.now());
-        QCOMPARE(scene.session.dayClock().dateForNewHourChecking(), scene.clock.now());
-    }
-
-    void opensNoWindowAsLoginItem()
-    {
-        SessionScene scene;
-        scene.recording.signIn();
-        scene.session.setLaunchedAsLoginItem(true);
-        scene.session.userDidSignIn();
-        QVERIFY(!scene.recording.calls.names.contains(u"mainWindow.show"_s));
-        QCOMPARE(scene.recording.calls.names, callsOf(u"sign-in"_s).mid(0, callsOf(u"sign-in"_s).size() - 1));
     }
 
     void ignoresASignInOfNobody()
@@ -71,150 +62,67 @@ private Q_SLOTS:
         QVERIFY(scene.clock.isIdle());
     }
 
-    void signsInThoughThePushFails()
-    {
-        SessionScene scene;
-        LogRecorder log;
-        scene.recording.sync.pushed = Error{u"The service does not answer."_s};
-        scene.recording.signIn();
-        scene.session.notifyUserSignIn();
-        QCOMPARE(scene.recording.calls.names, callsOf(u"sign-in"_s));
-        QCOMPARE(log.lines(u"session"_s), QStringList{u"The service does not answer."_s});
-    }
-
-    void signsOutInOrderAndLeavesNoTimer()
+    void signsOutLeavesNoTimerAndSignsInAgain()
     {
         SessionScene scene;
         scene.signIn();
         scene.session.startSecondLevelTimer();
-        scene.recording.account.user.reset();
-        scene.center.post(KWUserDidSignOutNotification);
-        QCOMPARE(scene.recording.calls.names, callsOf(u"sign-out"_s));
-        QVERIFY(scene.clock.isIdle());
-    }
-
-    void signsInAgain()
-    {
-        SessionScene scene;
-        scene.signIn();
-        scene.center.post(KWUserDidSignOutNotification);
         scene.recording.calls.take();
-        scene.session.notifyUserSignIn();
-        QCOMPARE(scene.recording.calls.names, callsOf(u"sign-in"_s));
+        scene.center.post(KWUserDidSignOutNotification);
+        QCOMPARE(scene.recording.calls.take(),
+                 QStringList({u"statusItem.remove"_s, u"dock.clearBadge"_s, u"mainWindow.close"_s,
+                              u"windows.closeAllOthers"_s, u"welcomeWindow.showCentred"_s,
+                              u"windows.bringToFront"_s}));
+        QVERIFY(scene.clock.isIdle());
+        scene.signIn();
+        QCOMPARE(scene.recording.calls.names, RecordingPorts::callsOfSignIn());
         QVERIFY(scene.session.dayClock().isRunning());
     }
 
-    void refreshesTheBadgeEachMinute()
+    void refreshesTheBadgeEachMinuteAndOnWake()
     {
         SessionScene scene;
         scene.signIn();
+        scene.recording.calls.take();
         scene.clock.advance(29s);
         QCOMPARE(scene.recording.calls.names, QStringList{});
         scene.clock.advance(1s);
+        QCOMPARE(scene.recording.calls.take(), callsOfTheBadge);
+        scene.clock.sleep(10s);
+        scene.center.post(WorkspaceDidWakeNotification);
         QCOMPARE(scene.recording.calls.take(),
-                 QStringList({u"dock.refreshBadge"_s, u"statusItem.refresh"_s}));
+                 callsOfTheBadge + QStringList{u"theme.autoSwitchDarkIfNeeded"_s});
+        scene.clock.setZone("Asia/Tokyo");
+        scene.center.post(SystemTimeZoneDidChangeNotification);
+        QCOMPARE(scene.recording.calls.take(), callsOfTheBadge);
     }
 
-    void showsTheStatusAfterTheBadge()
+    void reactsToNotifications()
     {
         SessionScene scene;
-        scene.recording.dock.isCounting = true;
-        scene.session.refreshBadge();
-        QCOMPARE(scene.recording.calls.take(), QStringList{u"dock.refreshBadge"_s});
-        scene.recording.dock.waiting();
-        QCOMPARE(scene.recording.calls.take(), QStringList{u"statusItem.refresh"_s});
-    }
-
-    void refreshesTheStatusEachSecondOfFocus()
-    {
-        SessionScene scene;
-        scene.session.startSecondLevelTimer();
-        scene.clock.advance(3s);
-        QCOMPARE(scene.recording.calls.take(), QStringList(3, u"statusItem.refresh"_s));
-        scene.session.stopSecondLevelTimer();
-        scene.clock.advance(3s);
-        QCOMPARE(scene.recording.calls.take(), QStringList{});
-    }
-
-    void reactsTo_data()
-    {
-        QTest::addColumn<QString>("notification");
-        QTest::addColumn<QStringList>("calls");
-        const QStringList badge{u"dock.refreshBadge"_s, u"statusItem.refresh"_s};
-        const QStringList badgeAndMenus = badge + QStringList{u"mainMenu.refresh"_s};
-        QTest::newRow("pull") << KWSyncDidBatchPullNotification << badgeAndMenus;
-        QTest::newRow("outside change") << KWDataDidChangeOutsideMainAppNotification << badgeAndMenus;
-        QTest::newRow("list display") << KWListDisplayConfigurationDidChangeNotification << badgeAndMenus;
-        QTest::newRow("habit settings") << KWSyncDidPullHabitSettingsNotification << badge;
-        QTest::newRow("wake, signed out")
-            << WorkspaceDidWakeNotification << QStringList{u"theme.autoSwitchDarkIfNeeded"_s};
-        QTest::newRow("another") << KWSyncDidBatchPushNotification << QStringList{};
-    }
-
-    void reactsTo()
-    {
-        QFETCH(QString, notification);
-        SessionScene scene;
-        scene.center.post(notification);
-        QTEST(scene.recording.calls.names, "calls");
+        const auto callsAfter = [&scene](const QString &notification) {
+            scene.center.post(notification);
+            return scene.recording.calls.take();
+        };
+        for (const QString &each : {KWSyncDidBatchPullNotification, KWDataDidChangeOutsideMainAppNotification,
+                                    KWListDisplayConfigurationDidChangeNotification})
+            QCOMPARE(callsAfter(each), callsOfTheBadge + QStringList{u"mainMenu.refresh"_s});
+        QCOMPARE(callsAfter(KWSyncDidPullHabitSettingsNotification), callsOfTheBadge);
+        // Signed out, the theme follows the time of day too.
+        QCOMPARE(callsAfter(WorkspaceDidWakeNotification), QStringList{u"theme.autoSwitchDarkIfNeeded"_s});
+        QCOMPARE(callsAfter(KWSyncDidBatchPushNotification), QStringList{});
         QVERIFY(scene.clock.isIdle());
     }
 
-    void refreshesTheBadgeForTasksAndItems_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<bool>("refreshes");
-        QTest::newRow("task") << int(RecordKind::Task) << true;
-        QTest::newRow("checklist item") << int(RecordKind::ChecklistItem) << true;
-        QTest::newRow("tag") << int(RecordKind::Tag) << false;
-        QTest::newRow("settings") << int(RecordKind::UserSettings) << false;
-    }
-
-    void refreshesTheBadgeForTasksAndItems()
-    {
-        QFETCH(int, kind);
-        SessionScene scene;
-        scene.bus.post(changeOf(RecordKind(kind)));
-        QTEST(scene.recording.calls.names.contains(u"dock.refreshBadge"_s), "refreshes");
-    }
-
-    void announcesOnWakeTheDayThatCameDuringSleep()
-    {
-        SessionScene scene{"2030-05-01 22:30:10"};
-        scene.signIn();
-        // As where the clock tells nothing of the sleep by itself.
-        QStringList days;
-        const auto observation = scene.center.addObserver(
-            KWNewDayComesNotification, [&](const KWNotification &each) { days << each.name; });
-        scene.clock.sleep(9h);
-        scene.recording.calls.take();
-        scene.center.post(WorkspaceDidWakeNotification);
-        QCOMPARE(days.size(), 1);
-        QCOMPARE(scene.recording.calls.names.last(), u"theme.autoSwitchDarkIfNeeded"_s);
-        scene.center.post(WorkspaceDidWakeNotification);
-        QCOMPARE(days.size(), 1);
-    }
-
-    void looksAtOnceOnWake()
+    void refreshesTheBadgeForTasksAndItemsOnly()
     {
         SessionScene scene;
-        scene.signIn();
-        scene.clock.sleep(10s);
-        scene.center.post(WorkspaceDidWakeNotification);
-        QCOMPARE(scene.recording.calls.take(), QStringList({u"dock.refreshBadge"_s, u"statusItem.refresh"_s,
-                                                            u"theme.autoSwitchDarkIfNeeded"_s}));
-    }
-
-    void showsTheWindowOfItsState()
-    {
-        SessionScene scene;
-        scene.session.showWindow(u"token"_s);
-        QCOMPARE(scene.recording.calls.take(),
-                 QStringList({u"welcomeWindow.showCentred"_s, u"windows.bringToFront token"_s}));
-        scene.signIn();
-        scene.session.showWindow({});
-        QCOMPARE(scene.recording.calls.take(),
-                 QStringList({u"mainWindow.show"_s, u"windows.bringToFront"_s}));
+        for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem}) {
+            scene.bus.post(changeOf(kind));
+            QCOMPARE(scene.recording.calls.take(), callsOfTheBadge);
+        }
+        scene.bus.post(changeOf(RecordKind::Tag));
+        QCOMPARE(scene.recording.calls.take(), QStringList{});
     }
 
     void hearsNothingOnceGone()

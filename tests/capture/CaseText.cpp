@@ -1,36 +1,14 @@
 #include "capture/CaseText.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QStringList>
-
-namespace {
-
-QChar escaped(const QString &cell, qsizetype &position)
-{
-    const QChar code = cell.at(position++);
-    if (code == u'n') return u'\n';
-    if (code == u'r') return u'\r';
-    if (code == u't') return u'\t';
-    if (code != u'u') return code;
-    bool isNumber = false;
-    const ushort unit = cell.mid(position, 4).toUShort(&isNumber, 16);
-    if (!isNumber) qFatal("%s holds a broken \\u", qUtf8Printable(cell));
-    position += 4;
-    return QChar{unit};
-}
-
-} // namespace
 
 QString quotedText(const QString &cell)
 {
-    if (cell.size() < 2 || cell.front() != u'"' || cell.back() != u'"')
-        qFatal("%s is not in double quotes", qUtf8Printable(cell));
-    const QString inner = cell.mid(1, cell.size() - 2);
-    QString text;
-    for (qsizetype i = 0; i < inner.size();) {
-        const QChar unit = inner.at(i++);
-        text += unit == u'\\' && i < inner.size() ? escaped(inner, i) : unit;
-    }
-    return text;
+    const QJsonValue text = QJsonDocument::fromJson('[' + cell.toUtf8() + ']').array().at(0);
+    if (!text.isString()) qFatal("%s is no text in double quotes", qUtf8Printable(cell));
+    return text.toString();
 }
 
 QList<TextRange> rangesOf(const QString &cell)

@@ -7,7 +7,7 @@
 
 // How texts and ranges stand in the case files of this folder.
 
-/// The text between the double quotes around a cell; \n, \r, \t and \uXXXX stand for those characters.
+/// The text of a cell in double quotes, with the escapes of JSON (RFC 8259, section 7).
 QString quotedText(const QString &cell);
 
 /// "3+5 10+2": the ranges [3, 8) and [10, 12); "-" for none.

@@ -35,79 +35,43 @@ class TokenScanner_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void findsTokens_data();
-    void findsTokens();
-    void findsHashtags_data();
-    void findsHashtags();
-    void tellsWhereATagMayStand();
-    void tellsWhatNoTagMayHold();
-    void tellsWhichKindsThereCanBe();
-};
-
-void TokenScanner_test::findsTokens_data()
-{
-    QTest::addColumn<QStringList>("cells");
-    for (const CaseRow &row : readCases("tokens/scanners.txt", 3))
-        QTest::newRow(row.where.constData()) << row.cells;
-}
-
-void TokenScanner_test::findsTokens()
-{
-    QFETCH(QStringList, cells);
-    QVERIFY2(kinds.contains(cells[0]), qPrintable(cells[0]));
-    const TokenKind kind = kinds[cells[0]];
-    const QString text = quotedText(cells[1]);
-    const QList<KWCandidateEntity> tokens = TokenScanner::scan(kind, text);
-    QCOMPARE(textOf(tokens), withoutSpaceBeforeSemicolons(cells[2]));
-    for (const KWCandidateEntity &each : tokens)
-        QCOMPARE(each.string, text.mid(each.range.location, each.range.length));
-    if (!tokens.isEmpty()) QVERIFY(TokenScanner::kindsIn(text).testFlag(kind));
-}
-
-void TokenScanner_test::findsHashtags_data()
-{
-    QTest::addColumn<QStringList>("cells");
-    for (const CaseRow &row : readCases("tokens/hashtags.txt", 3))
-        QTest::newRow(row.where.constData()) << row.cells;
-}
-
-void TokenScanner_test::findsHashtags()
-{
-    QFETCH(QStringList, cells);
-    const QString text = quotedText(cells[0]);
-    QCOMPARE(textOf(TwitterText::cx_validHashtagsInText(text)), cells[1]);
-    QCOMPARE(textOf(TwitterText::cx_possibleHashtagsInText(text)), cells[2]);
-    for (const auto &each : KWTagTextEntity::validEntitiesInText(text)) {
-        QCOMPARE(each->text(), text.mid(each->range().location, each->range().length));
-        QCOMPARE(each->tagName(), text.mid(each->rangeOfTagName().location, each->rangeOfTagName().length));
-        QVERIFY(each->isTag() && !isContainsSpecialCharactersForTag(each->tagName()));
+    void findsTokens_data() { addCaseRows("tokens/scanners.txt", 3); }
+    void findsTokens()
+    {
+        QFETCH(QStringList, cells);
+        QVERIFY2(kinds.contains(cells[0]), qPrintable(cells[0]));
+        const TokenKind kind = kinds[cells[0]];
+        const QString text = quotedText(cells[1]);
+        const QList<KWCandidateEntity> tokens = TokenScanner::scan(kind, text);
+        QCOMPARE(textOf(tokens), withoutSpaceBeforeSemicolons(cells[2]));
+        for (const KWCandidateEntity &each : tokens)
+            QCOMPARE(each.string, text.mid(each.range.location, each.range.length));
+        if (!tokens.isEmpty()) QVERIFY(TokenScanner::kindsIn(text).testFlag(kind));
     }
-}
 
-void TokenScanner_test::tellsWhereATagMayStand()
-{
-    for (const char16_t *text : {u"", u"a ", u"(", u"，", u"买菜", u"カナ"})
-        QVERIFY2(KWTagTextEntity::isValidPrefix(text), qPrintable(QString::fromUtf16(text)));
-    for (const char16_t *text : {u"a", u"5", u"_", u"é", u"e\u0301"})
-        QVERIFY2(!KWTagTextEntity::isValidPrefix(text), qPrintable(QString::fromUtf16(text)));
-}
+    void findsHashtags_data() { addCaseRows("tokens/hashtags.txt", 3); }
+    void findsHashtags()
+    {
+        QFETCH(QStringList, cells);
+        const QString text = quotedText(cells[0]);
+        QCOMPARE(textOf(TwitterText::cx_validHashtagsInText(text)), cells[1]);
+        QCOMPARE(textOf(TwitterText::cx_possibleHashtagsInText(text)), cells[2]);
+        for (const auto &each : KWTagTextEntity::validEntitiesInText(text)) {
+            QCOMPARE(each->text(), text.mid(each->range().location, each->range().length));
+            QCOMPARE(each->tagName(),
+                     text.mid(each->rangeOfTagName().location, each->rangeOfTagName().length));
+            QVERIFY(each->isTag() && !isContainsSpecialCharactersForTag(each->tagName()));
+        }
+    }
 
-void TokenScanner_test::tellsWhatNoTagMayHold()
-{
-    for (const char16_t *name : {u"errand", u"deep-work", u"snake_case", u"家务", u"Größe", u"2030"})
-        QVERIFY2(!isContainsSpecialCharactersForTag(name), qPrintable(QString::fromUtf16(name)));
-    for (const char16_t *name : {u"two words", u"a#b", u"a!", u"-a", u"a-", u"a/b", u"😀", u"\xD800"})
-        QVERIFY2(isContainsSpecialCharactersForTag(name), qPrintable(QString::fromUtf16(name)));
-}
-
-void TokenScanner_test::tellsWhichKindsThereCanBe()
-{
-    QCOMPARE(TokenScanner::kindsIn(u"buy milk"), TokenKinds{});
-    QCOMPARE(TokenScanner::kindsIn(u"＃！～"), TokenKind::Tag | TokenKind::Priority | TokenKind::List);
-    QCOMPARE(TokenScanner::kindsIn(u"^@*"), TokenKind::List | TokenKind::Assignee | TokenKind::Date);
-    for (const TokenKind kind : kinds)
-        QCOMPARE(TokenScanner::kindsIn(TokenScanner::prefixSymbal(kind)), TokenKinds{kind});
-}
+    void tellsWhatNoTagMayHold()
+    {
+        for (const char16_t *name : {u"errand", u"deep-work", u"snake_case", u"家务", u"Größe", u"2030"})
+            QVERIFY2(!isContainsSpecialCharactersForTag(name), qPrintable(QString::fromUtf16(name)));
+        for (const char16_t *name : {u"two words", u"a#b", u"a!", u"-a", u"a-", u"a/b", u"😀", u"\xD800"})
+            QVERIFY2(isContainsSpecialCharactersForTag(name), qPrintable(QString::fromUtf16(name)));
+    }
+};
 
 ORVANE_TEST(TokenScanner_test)
 #include "TokenScanner_test.moc"

@@ -19,19 +19,14 @@ KWProjectListNode &add(KWProjectListNode &parent, Type type, const QString &iden
         std::make_unique<KWProjectListNode>(type, identifier, u"Title of "_s + identifier));
 }
 
-KWProjectListNode &add(KWProjectListNode &parent, const KWSmartProject &smart)
-{
-    return add(parent, Type::smartProject, smart.identifier());
-}
-
 // Inbox and Today; a folder of two lists and a list; no tags; Completed at the bottom.
 struct Tree {
     Tree()
     {
         inbox = &add(top, Type::project, u"inbox"_s);
-        add(top, KWSmartProject::today());
-        add(center, KWSmartProject::tag());
-        add(bottom, KWSmartProject::completed());
+        add(top, Type::smartProject, KWSmartProject::today().identifier());
+        add(center, Type::smartProject, KWSmartProject::tag().identifier());
+        add(bottom, Type::smartProject, KWSmartProject::completed().identifier());
         fill();
     }
 
@@ -48,7 +43,7 @@ struct Tree {
     KWProjectListNode &top = add(root, Type::none, {});
     KWProjectListNode &center = add(root, Type::none, {});
     KWProjectListNode &bottom = add(root, Type::none, {});
-    KWProjectListNode &lists = add(center, KWSmartProject::project());
+    KWProjectListNode &lists = add(center, Type::smartProject, KWSmartProject::project().identifier());
     KWProjectListNode *inbox = nullptr;
     KWProjectListNode *folder = nullptr;
 };
@@ -95,30 +90,17 @@ private Q_SLOTS:
                               u"..garden"_s, u".work"_s, QString{}, u"smart.completed"_s}));
         const QAbstractItemModelTester tester{&model(),
                                               QAbstractItemModelTester::FailureReportingMode::QtTest};
-        m_view->setRoot(&m_tree->root);
         m_view->setRoot(nullptr);
         QCOMPARE(model().rowCount(), 0);
     }
 
-    void tellsRowsApart()
-    {
-        QVERIFY(model().isInbox(index(u"inbox"_s)));
-        QVERIFY(!model().isInbox(index(u"work"_s)));
-        QVERIFY(model().isSectionHeader(model().find(Type::smartProject, u"smart.project"_s)));
-        QCOMPARE(model().indentation(index(u"work"_s)), 0);
-        QCOMPARE(model().indentation(index(u"garden"_s)), 1);
-        QVERIFY(!model().find(Type::project, u"smart.today"_s).isValid());
-    }
-
     void arrowsSelectAndPassOverHeaders()
     {
-        QSignalSpy selected{m_view.get(), &KWProjectListView::nodeSelected};
         QVERIFY(m_view->selectNode(Type::smartProject, u"smart.today"_s));
         QTest::keyClick(m_view.get(), Qt::Key_Down); // the header takes the keyboard, not the selection
         QCOMPARE(m_view->selectedNode()->entityID(), u"smart.today"_s);
         QTest::keyClick(m_view.get(), Qt::Key_Down);
         QCOMPARE(m_view->selectedNode(), m_tree->folder);
-        QCOMPARE(selected.count(), 2);
     }
 
     void foldsByKeysAndClicks()
@@ -133,16 +115,7 @@ private Q_SLOTS:
         QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {},
                           m_view->visualRect(header).center() - QPoint{60, 0});
         QVERIFY(!m_tree->lists.isExpanded());
-        QVERIFY(!m_view->isExpanded(header));
         QCOMPARE(m_view->selectedNode(), m_tree->folder);
-    }
-
-    void followsTheNodes()
-    {
-        m_tree->folder->setIsExpanded(false);
-        QTRY_VERIFY(!m_view->isExpanded(index(u"home"_s, Type::group)));
-        m_tree->inbox->setIsSelected(true);
-        QCOMPARE(m_view->selectedNode(), m_tree->inbox);
     }
 
     void aNewTreeKeepsSelectionAndFolding()
@@ -153,7 +126,6 @@ private Q_SLOTS:
         m_tree->folder->setIsExpanded(true);
         m_view->setRoot(&m_tree->root);
         QCOMPARE(m_view->selectedNode()->entityID(), u"garden"_s);
-        QCOMPARE(m_view->currentIndex(), index(u"garden"_s));
         QCOMPARE(selected.count(), 0);
 
         m_tree->fill();
@@ -170,16 +142,18 @@ private Q_SLOTS:
         m_tree->lists.setChildren({});
         m_view->setRoot(&m_tree->root);
         QVERIFY(!m_view->selectedNode());
-        QVERIFY(!model().find(Type::smartProject, u"smart.project"_s).isValid());
         QVERIFY(!m_view->selectNode(Type::project, u"work"_s));
     }
 
-    void nodesMayOutliveTheView()
+    void followsTheNodesAndMayGoBeforeThem()
     {
-        m_view.reset();
         m_tree->folder->setIsExpanded(false);
+        QTRY_VERIFY(!m_view->isExpanded(index(u"home"_s, Type::group)));
         m_tree->inbox->setIsSelected(true);
-        QVERIFY(!m_tree->folder->isExpanded());
+        QCOMPARE(m_view->selectedNode(), m_tree->inbox);
+        m_view.reset();
+        m_tree->folder->setIsExpanded(true);
+        QVERIFY(m_tree->folder->isExpanded());
     }
 
     void bottomRowsStandAtTheBottom()
@@ -188,17 +162,6 @@ private Q_SLOTS:
         QTRY_COMPARE(m_view->visualRect(completed).bottom() + 1, m_view->viewport()->height());
         m_view->resize(248, 200); // less than the rows need: then it follows the others
         QTRY_VERIFY(m_view->verticalScrollBar()->maximum() > 0);
-        m_view->resize(248, 600);
-        QTRY_COMPARE(m_view->visualRect(completed).bottom() + 1, m_view->viewport()->height());
-    }
-
-    void paintsCounts()
-    {
-        const QImage bare = m_view->viewport()->grab().toImage();
-        m_view->setCountOf([](const KWProjectListNode &) { return std::optional{0}; });
-        QCOMPARE(m_view->viewport()->grab().toImage(), bare);
-        m_view->setCountOf([](const KWProjectListNode &) { return std::optional{12345}; });
-        QVERIFY(m_view->viewport()->grab().toImage() != bare);
     }
 
     void headerOffersToAddWhatCanBeAdded()

@@ -33,13 +33,7 @@ class TaskDateText_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void saysWhen_data()
-    {
-        QTest::addColumn<QStringList>("cells");
-        for (const CaseRow &row : readCases("gui/task-dates.txt", 9))
-            QTest::newRow(row.where.constData()) << row.cells;
-    }
-
+    void saysWhen_data() { addCaseRows("gui/task-dates.txt", 9); }
     void saysWhen()
     {
         QFETCH(const QStringList, cells);

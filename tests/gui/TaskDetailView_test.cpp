@@ -2,7 +2,6 @@
 
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
-#include "views/controls/CheckBox.h"
 #include "views/controls/CommittingTextEdit.h"
 
 #include <QApplication>
@@ -21,10 +20,10 @@ KWChecklistItemModel item(const QString &sid, const QString &title)
     return made;
 }
 
-TaskDetailData taskWith(const QList<KWChecklistItemModel> &items = {}, const QString &sid = u"task"_s)
+TaskDetailData taskWith(const QList<KWChecklistItemModel> &items = {})
 {
     TaskDetailData data;
-    data.task.sid = sid;
+    data.task.sid = u"task"_s;
     data.task.title = u"Write the announcement"_s;
     data.task.content = u"One page"_s;
     data.items = items;
@@ -46,30 +45,10 @@ private Q_SLOTS:
         m_view->show();
         QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
         m_record = taskWith();
-        m_edits.clear();
     }
     void cleanup() { m_view.reset(); }
 
-    void showsATaskAndNone()
-    {
-        m_view->setTask(m_record);
-        QCOMPARE(title().text(), u"Write the announcement"_s);
-        QVERIFY(title().isVisible());
-        m_view->setTask(std::nullopt);
-        QVERIFY(!title().isVisible());
-    }
-
-    void handsOverWhatIsTyped()
-    {
-        keepRecord();
-        QTest::keyClicks(&title(), u"x"_s);
-        m_view->commitEdits();
-        QTest::keyClicks(&content(), u"y"_s);
-        m_clock->advance(1s);
-        QCOMPARE(m_edits, (QStringList{u"title xWrite the announcement"_s, u"content yOne page"_s}));
-    }
-
-    void losesNothingWhenItIsHiddenOrEmptied()
+    void losesNothingOfWhatIsTyped()
     {
         keepRecord();
         QTest::keyClicks(&title(), u"x"_s);
@@ -77,8 +56,19 @@ private Q_SLOTS:
         QCOMPARE(m_record.task.title, u"xWrite the announcement"_s);
         m_view->show();
         QTest::keyClicks(&content(), u"y"_s);
-        m_view->setTask(std::nullopt);
+        m_view->commitEdits();
         QCOMPARE(m_record.task.content, u"yOne page"_s);
+        QTest::keyClicks(&content(), u"z"_s);
+        m_view->setTask(std::nullopt);
+        QCOMPARE(m_record.task.content, u"yzOne page"_s);
+    }
+
+    void showsNoTask()
+    {
+        m_view->setTask(m_record);
+        QVERIFY(title().isVisible());
+        m_view->setTask(std::nullopt);
+        QVERIFY(!title().isVisible());
     }
 
     void updateLeavesTheCaretAndTheWordsAlone()
@@ -100,9 +90,8 @@ private Q_SLOTS:
     {
         m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"Last"_s)});
         keepRecord();
-        rows().at(0)->setFocus();
-        rows().at(0)->moveCursor(QTextCursor::End);
-        QTest::keyClick(rows().at(0), Qt::Key_Return);
+        putCaret(0, 5);
+        QTest::keyClick(focused(), Qt::Key_Return);
         QCOMPARE(titles(), (QStringList{u"First"_s, QString{}, u"Last"_s}));
         QTest::keyClicks(focused(), u"Middle"_s);
         QTest::keyClick(focused(), Qt::Key_Return);
@@ -117,11 +106,8 @@ private Q_SLOTS:
     {
         m_record = taskWith({item(u"a"_s, u"Bread and milk"_s)});
         keepRecord();
-        rows().at(0)->setFocus();
-        QTextCursor caret = rows().at(0)->textCursor();
-        caret.setPosition(5);
-        rows().at(0)->setTextCursor(caret);
-        QTest::keyClick(rows().at(0), Qt::Key_Return);
+        putCaret(0, 5);
+        QTest::keyClick(focused(), Qt::Key_Return);
         QCOMPARE(stored(), (QStringList{u"Bread"_s, u" and milk"_s}));
         QCOMPARE(titles(), stored());
         QCOMPARE(focused()->textCursor().position(), 0);
@@ -137,18 +123,16 @@ private Q_SLOTS:
         QTest::keyClicks(focused(), u"lk"_s);
         m_clock->advance(1s);
         QCOMPARE(stored(), QStringList{u"Milk"_s});
-        QCOMPARE(titles(), QStringList{u"Milk"_s});
     }
 
     void backspaceInAnEmptyItemRemovesIt()
     {
         m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"x"_s)});
         keepRecord();
-        rows().at(1)->setFocus();
-        rows().at(1)->moveCursor(QTextCursor::End);
-        QTest::keyClick(rows().at(1), Qt::Key_Backspace);
+        putCaret(1, 1);
+        QTest::keyClick(focused(), Qt::Key_Backspace);
         QCOMPARE(titles().size(), 2);
-        QTest::keyClick(rows().at(1), Qt::Key_Backspace);
+        QTest::keyClick(focused(), Qt::Key_Backspace);
         QCOMPARE(stored(), QStringList{u"First"_s});
         QCOMPARE(titles(), QStringList{u"First"_s});
         QCOMPARE(focused(), rows().at(0));
@@ -158,8 +142,8 @@ private Q_SLOTS:
     {
         m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"Second"_s)});
         keepRecord();
-        rows().at(1)->setFocus();
-        QTest::keyClicks(rows().at(1), u"My "_s);
+        putCaret(1, 0);
+        QTest::keyClicks(focused(), u"My "_s);
         // Somebody else removes the item meanwhile.
         m_record.items.removeLast();
         m_view->setTask(m_record);
@@ -168,35 +152,20 @@ private Q_SLOTS:
         QCOMPARE(stored(), (QStringList{u"First"_s, u"My Second"_s}));
     }
 
-    void rowsFollowTheirItems()
-    {
-        m_record = taskWith({item(u"a"_s, u"A"_s), item(u"b"_s, u"B"_s), item(u"c"_s, u"C"_s)});
-        keepRecord();
-        CommittingTextEdit *second = rows().at(1);
-        second->setFocus();
-        m_record.items.move(1, 2);
-        m_record.items[0].title = u"A again"_s;
-        m_view->setTask(m_record);
-        QCOMPARE(titles(), (QStringList{u"A again"_s, u"C"_s, u"B"_s}));
-        QCOMPARE(rows().at(2), second);
-        QVERIFY(second->hasFocus());
-    }
-
     void ticksItemsAndTask()
     {
-        m_record = taskWith({item(u"a"_s, u"A"_s)});
-        keepRecord();
+        m_view->setTask(taskWith({item(u"a"_s, u"A"_s)}));
+        QSignalSpy itemToggled{m_view.get(), &TaskDetailView::itemToggled};
+        QSignalSpy completionToggled{m_view.get(), &TaskDetailView::completionToggled};
         QTest::mouseClick(m_view->findChild<QWidget *>(u"checklistItemCheckbox"_s), Qt::LeftButton);
-        auto *box = m_view->findChild<CheckBox *>(u"detailCheckbox"_s);
-        QTest::mouseClick(box, Qt::LeftButton);
-        QCOMPARE(m_edits, (QStringList{u"toggle a"_s, u"complete"_s}));
-        QVERIFY(!box->isChecked()); // the record did not change
+        QTest::mouseClick(m_view->findChild<QWidget *>(u"detailCheckbox"_s), Qt::LeftButton);
+        QCOMPARE(itemToggled.last().first().toString(), u"a"_s);
+        QCOMPARE(completionToggled.count(), 1);
     }
 
     void everyPartHasAName()
     {
-        m_record = taskWith({item(u"a"_s, u"A"_s)});
-        m_view->setTask(m_record);
+        m_view->setTask(taskWith({item(u"a"_s, u"A"_s)}));
         for (const QWidget *widget : m_view->findChildren<QWidget *>())
             if (widget->focusPolicy() & Qt::TabFocus && widget->isVisible())
                 QVERIFY2(!widget->accessibleName().isEmpty() && !widget->objectName().isEmpty(),
@@ -233,49 +202,45 @@ private:
         return found;
     }
 
+    void putCaret(int row, int position)
+    {
+        rows().at(row)->setFocus();
+        QTextCursor caret = focused()->textCursor();
+        caret.setPosition(position);
+        focused()->setTextCursor(caret);
+    }
+
+    // What a signal of the view does to the record, which the view then shows.
+    template <class Signal, class Change>
+    void onSignal(Signal signal, Change change)
+    {
+        connect(m_view.get(), signal, m_view.get(), [this, change](const auto &...arguments) {
+            change(arguments...);
+            m_view->setTask(m_record);
+        });
+    }
     void keepRecord()
     {
-        TaskDetailView *view = m_view.get();
-        const auto note = [this, view](const QString &edit) {
-            m_edits.append(edit);
-            view->setTask(m_record);
-        };
+        using View = TaskDetailView;
         const auto find = [this](const QString &sid) {
             return std::find_if(m_record.items.begin(), m_record.items.end(),
                                 [&sid](const KWChecklistItemModel &each) { return each.sid == sid; });
         };
-        connect(view, &TaskDetailView::titleEdited, view, [=, this](const QString &text) {
-            m_record.task.title = text;
-            note(u"title "_s + text);
-        });
-        connect(view, &TaskDetailView::contentEdited, view, [=, this](const QString &text) {
-            m_record.task.content = text;
-            note(u"content "_s + text);
-        });
-        connect(view, &TaskDetailView::completionToggled, view, [=] { note(u"complete"_s); });
-        connect(view, &TaskDetailView::itemToggled, view,
-                [=](const QString &sid) { note(u"toggle "_s + sid); });
-        connect(view, &TaskDetailView::itemTitleEdited, view, [=](const QString &sid, const QString &text) {
-            find(sid)->title = text;
-            note(u"item "_s + text);
-        });
-        connect(view, &TaskDetailView::itemAdded, view, [=, this](const QString &after, const QString &text) {
+        onSignal(&View::titleEdited, [this](const QString &text) { m_record.task.title = text; });
+        onSignal(&View::contentEdited, [this](const QString &text) { m_record.task.content = text; });
+        onSignal(&View::itemTitleEdited,
+                 [find](const QString &sid, const QString &text) { find(sid)->title = text; });
+        onSignal(&View::itemRemoved, [=, this](const QString &sid) { m_record.items.erase(find(sid)); });
+        onSignal(&View::itemAdded, [=, this](const QString &after, const QString &text) {
             const auto place = after.isEmpty() ? m_record.items.begin() : find(after) + 1;
-            m_record.items.insert(place, item(u"new %1"_s.arg(++m_added), text));
-            note(u"add "_s + text);
+            m_record.items.insert(place, item(u"new %1"_s.arg(m_record.items.size()), text));
         });
-        connect(view, &TaskDetailView::itemRemoved, view, [=, this](const QString &sid) {
-            m_record.items.erase(find(sid));
-            note(u"remove "_s + sid);
-        });
-        view->setTask(m_record);
+        m_view->setTask(m_record);
     }
 
     std::unique_ptr<ManualClock> m_clock;
     std::unique_ptr<TaskDetailView> m_view;
     TaskDetailData m_record;
-    QStringList m_edits;
-    int m_added = 0;
 };
 
 ORVANE_TEST(TaskDetailView_test)

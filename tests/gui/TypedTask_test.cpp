@@ -10,6 +10,8 @@
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 
+#include <QLabel>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,25 +24,38 @@ const QString example = u"Call the venue tomorrow 5pm !high #errand ~Client laun
 class TypedTask_test : public QObject {
     Q_OBJECT
 
+    std::unique_ptr<ClientFixture> m_client;
+
+    TaskListPane &pane() { return m_client->window()->listPane(); }
+    QList<KWTaskModel> tasks() { return m_client->kit().context().models<KWTask>({}); }
+    void add(const QString &text)
+    {
+        m_client->type(text);
+        m_client->press(Qt::Key_Return);
+    }
+
 private Q_SLOTS:
+    void init()
+    {
+        m_client = std::make_unique<ClientFixture>();
+        QVERIFY(!m_client->window());
+        m_client->useOnThisComputer();
+    }
+    void cleanup() { m_client.reset(); }
+
     void aFreshStartOffersTheComputerAndOpensTheWindow()
     {
-        ClientFixture client;
-        QVERIFY(!client.window());
-        client.useOnThisComputer();
-        QVERIFY(client.window()->isVisible());
-        QVERIFY(!client.rooms().welcomeWindow().window());
-        QVERIFY(client.window()->listPane().addField().hasFocus());
+        QVERIFY(m_client->window()->isVisible());
+        QVERIFY(!m_client->rooms().welcomeWindow().window());
+        QVERIFY(pane().addField().hasFocus());
     }
 
     void piecesAreMarkedWhileOneTypes()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        KWNewTaskTextField &field = client.window()->listPane().addField();
+        KWNewTaskTextField &field = pane().addField();
         QHash<qsizetype, int> marksAt;
         for (const QChar key : example) {
-            client.type(QString{key});
+            m_client->type(QString{key});
             marksAt.insert(field.text().size(), int(field.pieces().size()));
         }
         QCOMPARE(field.text(), example);
@@ -56,179 +71,191 @@ private Q_SLOTS:
 
     void theTypedTaskIsFoundEverywhereAndSurvivesARestart()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(example);
-        client.press(Qt::Key_Return);
-        QCOMPARE(client.window()->listPane().addField().text(), QString{});
+        add(example);
+        QCOMPARE(pane().addField().text(), QString{});
 
-        const auto tasks = client.kit().context().models<KWTask>({});
-        QCOMPARE(tasks.size(), 1);
-        const KWTaskModel &task = tasks.first();
+        QCOMPARE(tasks().size(), 1);
+        const KWTaskModel task = tasks().first();
         QCOMPARE(task.title, u"Call the venue"_s);
         QCOMPARE(task.priority, KWTaskPriorityHigh);
         QCOMPARE(task.tags, QStringList{u"errand"_s});
         QCOMPARE(*task.startDate, at("2026-11-22 17:00"));
         QCOMPARE(task.isAllDay, false);
-        QCOMPARE(client.kit().context().find<KWProject>(task.projectID)->model().name, u"Client launch"_s);
+        QCOMPARE(m_client->kit().context().find<KWProject>(task.projectID)->model().name, u"Client launch"_s);
 
         for (const QString &list : {u"Tomorrow"_s, u"Client launch"_s, u"errand"_s, u"Next 7 Days"_s}) {
-            client.openList(list);
-            QCOMPARE(client.shownTitles(), QStringList{u"Call the venue"_s});
+            m_client->openList(list);
+            QCOMPARE(m_client->shownTitles(), QStringList{u"Call the venue"_s});
         }
-        client.openList(u"Inbox"_s);
-        QCOMPARE(client.shownTitles(), QStringList{});
+        m_client->openList(u"Inbox"_s);
+        QCOMPARE(m_client->shownTitles(), QStringList{});
 
-        client.openList(u"Client launch"_s);
-        client.restart();
-        QVERIFY(client.window());
-        QCOMPARE(client.shownTitles(), QStringList{u"Call the venue"_s});
-        QCOMPARE(client.window()->listPane().header().accessibleName(), u"Client launch"_s);
+        m_client->openList(u"Client launch"_s);
+        m_client->restart();
+        QVERIFY(m_client->window());
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Call the venue"_s});
+        QCOMPARE(pane().header().accessibleName(), u"Client launch"_s);
     }
 
     void tomorrowBecomesTodayAtMidnight()
     {
-        ClientFixture client{"2026-11-21 23:58"};
-        client.useOnThisComputer();
-        client.type(u"Water the plants tomorrow"_s);
-        client.press(Qt::Key_Return);
-        client.openList(u"Today"_s);
-        QCOMPARE(client.shownTitles(), QStringList{});
+        m_client->clock.advanceTo(at("2026-11-21 23:58"));
+        add(u"Water the plants tomorrow"_s);
+        m_client->openList(u"Today"_s);
+        QCOMPARE(m_client->shownTitles(), QStringList{});
 
-        client.clock.advance(std::chrono::minutes{2});
-        QCOMPARE(client.shownTitles(), QStringList{u"Water the plants"_s});
-        QVERIFY(client.window()->listPane().header().accessibleDescription().contains(u"22"_s));
-        client.openList(u"Tomorrow"_s);
-        QCOMPARE(client.shownTitles(), QStringList{});
-    }
-
-    void aTaskTypedIntoAListGoesThere_data()
-    {
-        QTest::addColumn<QString>("list");
-        QTest::newRow("the day") << u"Tomorrow"_s;
-        QTest::newRow("a list") << u"Client launch"_s;
-        QTest::newRow("a tag") << u"errand"_s;
+        m_client->clock.advance(std::chrono::minutes{2});
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Water the plants"_s});
+        QVERIFY(pane().header().accessibleDescription().contains(u"22"_s));
+        m_client->openList(u"Tomorrow"_s);
+        QCOMPARE(m_client->shownTitles(), QStringList{});
     }
 
     void aTaskTypedIntoAListGoesThere()
     {
+        add(example);
+        for (const QString &list : {u"Tomorrow"_s, u"Client launch"_s, u"errand"_s}) {
+            m_client->openList(list);
+            m_client->press(Qt::Key_N, Qt::ControlModifier);
+            add(u"Order the flowers"_s);
+            QVERIFY2(m_client->shownTitles().contains(u"Order the flowers"_s), qPrintable(list));
+            QVERIFY(!pane().list().currentTask().isEmpty());
+        }
+    }
+
+    void aTaskThatBelongsElsewhereIsNamedAndOpened_data()
+    {
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("place");
+        QTest::newRow("next day") << u"Today"_s << u"Pack tomorrow"_s << u"Tomorrow"_s;
+        QTest::newRow("this week") << u"Today"_s << u"Pack 2026-11-25"_s << u"Next 7 Days"_s;
+        QTest::newRow("far off") << u"Next 7 Days"_s << u"Pack 2027-02-01"_s << u"Inbox"_s;
+        QTest::newRow("list") << u"Inbox"_s << u"Pack ~Client launch"_s << u"Client launch"_s;
+    }
+
+    void aTaskThatBelongsElsewhereIsNamedAndOpened()
+    {
         QFETCH(QString, list);
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(example);
-        client.press(Qt::Key_Return);
-        client.openList(list);
-        client.press(Qt::Key_N, Qt::ControlModifier);
-        client.type(u"Order the flowers"_s);
-        client.press(Qt::Key_Return);
-        QVERIFY(client.shownTitles().contains(u"Order the flowers"_s));
-        QCOMPARE(client.window()->listPane().list().currentTask().isEmpty(), false);
+        QFETCH(QString, text);
+        QFETCH(QString, place);
+        m_client->openList(list);
+        m_client->press(Qt::Key_N, Qt::ControlModifier);
+        add(text);
+        QCOMPARE(m_client->shownTitles(), QStringList{});
+        QCOMPARE(m_client->find<QLabel>("toastMessage").text(), u"Added to "_s + place);
+        QVERIFY(pane().addField().hasFocus());
+
+        m_client->press(Qt::Key_Tab);
+        m_client->clock.advance(std::chrono::seconds{6});
+        QVERIFY(m_client->find<QWidget>("toast").isVisible()); // the keyboard is in it
+        m_client->press(Qt::Key_Space);
+        QVERIFY(!m_client->find<QWidget>("toast").isVisible());
+        QCOMPARE(pane().header().accessibleName(), place);
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Pack"_s});
+        QVERIFY(!pane().list().currentTask().isEmpty());
+        QVERIFY(pane().list().hasFocus());
     }
 
     void aClickOnAMarkTakesTheRecognitionBack()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(u"Read the memo tomorrow"_s);
-        KWNewTaskTextField &field = client.window()->listPane().addField();
+        m_client->type(u"Read the memo tomorrow"_s);
+        KWNewTaskTextField &field = pane().addField();
         QCOMPARE(field.pieces().size(), 1);
         Q_EMIT field.pieceClicked(field.pieces().first());
         QCOMPARE(field.pieces().size(), 0);
-        client.press(Qt::Key_Return);
-        const auto tasks = client.kit().context().models<KWTask>({});
-        QCOMPARE(tasks.first().title, u"Read the memo tomorrow"_s);
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(tasks().first().title, u"Read the memo tomorrow"_s);
         // Only Today's day is left: the list in which it was typed.
-        QCOMPARE(*tasks.first().startDate, at("2026-11-21 00:00"));
+        QCOMPARE(*tasks().first().startDate, at("2026-11-21 00:00"));
 
-        client.press(Qt::Key_N, Qt::ControlModifier);
-        client.type(u"Next memo tomorrow"_s);
+        m_client->press(Qt::Key_N, Qt::ControlModifier);
+        m_client->type(u"Next memo tomorrow"_s);
         QCOMPARE(field.pieces().size(), 1);
     }
 
-    void whatCannotBeAddedStaysInTheField_data()
+    void whatCannotBeAddedStaysInTheFieldAndTheToastGoesByItself()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("spaces") << u"   "_s;
-        QTest::newRow("tokens only") << u"#errand !high tomorrow"_s;
-    }
-
-    void whatCannotBeAddedStaysInTheField()
-    {
-        QFETCH(QString, text);
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(text);
-        client.press(Qt::Key_Return);
-        QCOMPARE(client.window()->listPane().addField().text(), text);
-        QVERIFY(client.find<QWidget>("toast").isVisible());
-        QVERIFY(client.kit().context().models<KWTask>({}).isEmpty());
+        add(u"#errand !high tomorrow"_s);
+        QCOMPARE(pane().addField().text(), u"#errand !high tomorrow"_s);
+        QVERIFY(tasks().isEmpty());
+        QVERIFY(m_client->find<QWidget>("toast").isVisible());
+        m_client->clock.advance(std::chrono::seconds{6});
+        QVERIFY(!m_client->find<QWidget>("toast").isVisible());
     }
 
     void spaceCompletesAndTheToastTakesItBack()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(u"Pay rent"_s);
-        client.press(Qt::Key_Return);
-        client.find<QWidget>("taskList").setFocus();
-        client.press(Qt::Key_Space);
-        QTRY_COMPARE(client.shownTitles(), QStringList{});
-        QVERIFY(client.find<QWidget>("toast").isVisible());
-        QTest::mouseClick(&client.find<QWidget>("toastAction"), Qt::LeftButton);
-        QTRY_COMPARE(client.shownTitles(), QStringList{u"Pay rent"_s});
-        QVERIFY(!client.find<QWidget>("toast").isVisible());
+        add(u"Pay rent"_s);
+        m_client->find<QWidget>("taskList").setFocus();
+        m_client->press(Qt::Key_Space);
+        QTRY_COMPARE(m_client->shownTitles(), QStringList{});
+        QVERIFY(m_client->find<QWidget>("toast").isVisible());
+        QTest::mouseClick(&m_client->find<QWidget>("toastAction"), Qt::LeftButton);
+        QTRY_COMPARE(m_client->shownTitles(), QStringList{u"Pay rent"_s});
+        QVERIFY(!m_client->find<QWidget>("toast").isVisible());
     }
 
-    void theToastGoesByItself()
+    void deleteHidesTheTaskUntilItIsUndoneOrOver()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(u"  "_s);
-        client.press(Qt::Key_Return);
-        QVERIFY(client.find<QWidget>("toast").isVisible());
-        client.clock.advance(std::chrono::seconds{6});
-        QVERIFY(!client.find<QWidget>("toast").isVisible());
+        const auto inboxCount = [this] {
+            KWProjectListPresenter &sidebar = m_client->rooms().sidebar();
+            return sidebar.countOf(*sidebar.selectedNode()).value_or(0);
+        };
+        m_client->openList(u"Inbox"_s);
+        m_client->press(Qt::Key_N, Qt::ControlModifier);
+        add(u"Pay rent"_s);
+        QTRY_COMPARE(inboxCount(), 1);
+        m_client->find<QWidget>("taskList").setFocus();
+        m_client->press(Qt::Key_Delete);
+        QCOMPARE(m_client->shownTitles(), QStringList{});
+        QCOMPARE(inboxCount(), 0);
+        QCOMPARE(m_client->find<QLabel>("toastMessage").text(), u"Pay rent deleted"_s);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Pay rent"_s});
+        QCOMPARE(inboxCount(), 1);
+
+        pane().list().selectTask(tasks().first().sid);
+        m_client->press(Qt::Key_Backspace);
+        m_client->clock.advance(std::chrono::seconds{5});
+        QVERIFY(tasks().first().isTrashed);
+        add(u"Water the plants"_s);
+        m_client->find<QWidget>("taskList").setFocus();
+        m_client->press(Qt::Key_Delete);
+        m_client->restart();
+        QCOMPARE(m_client->shownTitles(), QStringList{});
+        QVERIFY(tasks().last().isTrashed);
     }
 
     void aChangeFromAnotherProcessIsShown()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        client.type(u"Pay rent"_s);
-        client.press(Qt::Key_Return);
-        const QString id = client.window()->listPane().model().rows().first().sid;
+        add(u"Pay rent"_s);
+        const QString id = pane().model().rows().first().sid;
 
         // As the command line does it: the same file, other objects.
-        const auto other = OrvaneKit::open(client.kit().folders(), client.clock);
+        const auto other = OrvaneKit::open(m_client->kit().folders(), m_client->clock);
         QVERIFY(bool(KWTaskTicker{other.kit->manager()}.updateStatus(KWTaskStatusCompleted, id)));
-        client.kit().manager().refreshAll();
-        client.kit().center().post(KWDataDidChangeOutsideMainAppNotification);
-        QCOMPARE(client.shownTitles(), QStringList{});
+        m_client->kit().manager().refreshAll();
+        m_client->kit().center().post(KWDataDidChangeOutsideMainAppNotification);
+        QCOMPARE(m_client->shownTitles(), QStringList{});
     }
 
     void aLongListShowsItsTopAtOnceAndTheRestSoon()
     {
-        ClientFixture client;
-        client.useOnThisComputer();
-        const QString user = client.kit().account().currentUserID();
-        const auto saved =
-            KWCoreDataService{client.kit().manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
-                for (int i = 0; i < 1000; ++i) {
-                    KWTaskModel task;
-                    task.userID = user;
-                    task.projectID = KWProject::inboxIDOfUser(user);
-                    task.title = u"Task %1"_s.arg(i);
-                    task.sortOrder = i;
-                    context.insert<KWTask>(std::move(task));
-                }
-                return {};
-            });
-        QVERIFY(bool(saved));
-        client.openList(u"Inbox"_s);
-        QVERIFY(client.shownTitles().size() >= 100);
-        QCOMPARE(client.shownTitles().first(), u"Task 0"_s);
-        QTRY_COMPARE(client.shownTitles().size(), 1000);
-        QCOMPARE(client.shownTitles().last(), u"Task 999"_s);
+        KWTaskModel task;
+        task.userID = m_client->kit().account().currentUserID();
+        task.projectID = KWProject::inboxIDOfUser(task.userID);
+        for (int i = 0; i < 1000; ++i) {
+            task.title = u"Task %1"_s.arg(i);
+            task.sortOrder = i;
+            m_client->kit().context().insert<KWTask>(task);
+        }
+        QVERIFY(m_client->kit().context().save());
+        m_client->openList(u"Inbox"_s);
+        QVERIFY(m_client->shownTitles().size() >= 100);
+        QCOMPARE(m_client->shownTitles().first(), u"Task 0"_s);
+        QTRY_COMPARE(m_client->shownTitles().size(), 1000);
+        QCOMPARE(m_client->shownTitles().last(), u"Task 999"_s);
     }
 };
 

@@ -4,7 +4,6 @@
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTag.h"
-#include "support/StoreFixture.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -58,169 +57,101 @@ class KWProjectListDataService_test : public QObject {
 
     std::unique_ptr<KWProjectListDataService> m_service;
 
+    void rebuild(const QList<KWProjectModel> &lists, const QList<KWProjectGroupModel> &folders = {},
+                 const QList<KWTagModel> &tags = {})
+    {
+        m_service->rebuild({.userID = {}, .projects = lists, .groups = folders, .tags = tags}, nothing);
+    }
+
 private Q_SLOTS:
     void init() { m_service = std::make_unique<KWProjectListDataService>(); }
-    void hasItsSectionsFromTheStart();
-    void showsTheInboxAndTheDaysOnTop();
-    void ordersFoldersAmongLists();
-    void nestsTagsBelowTheirParents();
-    void foldsWhatTheUserFolded();
-    void keepsTheSectionsThroughRebuilds();
-    void findsTheNodeOfAList();
-    void readsItsContentsFromTheStore();
-    void aRowMayRefuseToFold();
+
+    void hasItsSectionsFromTheStart()
+    {
+        const auto &sections = m_service->rootNode().children();
+        QCOMPARE(sections.size(), 3U);
+        QCOMPARE(sections.at(0).get(), &m_service->topNode());
+        QCOMPARE(sections.at(2).get(), &m_service->bottomNode());
+        QCOMPARE(outline(m_service->centerNode()), u"Lists Tags Filters Subscriptions"_s);
+        QCOMPARE(m_service->filterNode().parent(), &m_service->centerNode());
+        QCOMPARE(m_service->filterNode().row(), 2);
+    }
+
+    void ordersFoldersAmongLists()
+    {
+        rebuild({list("First", -5), list("Garden", 1, "House"), list("Stray", 2, "gone"),
+                 list("Kitchen", 3, "House"), list("Last", 90)},
+                {folder("House", 0), folder("Empty", 50)});
+        QCOMPARE(outline(m_service->listNode()), u"First House(Garden Kitchen) Stray Empty Last"_s);
+    }
+
+    void nestsTagsBelowTheirParents()
+    {
+        rebuild({}, {},
+                {tag("Leek", "food"), tag("Errand"), tag("Food"), tag("Bread", "food"), tag("Stray", "gone"),
+                 tag("Self", "self")});
+        QCOMPARE(outline(m_service->tagNode()), u"Errand Food(Leek Bread) Stray Self"_s);
+    }
+
+    void keepsTheSectionsThroughRebuilds()
+    {
+        const KWProjectListNode *section = &m_service->tagNode();
+        rebuild({list("Home", 1)}, {}, {tag("a")});
+        rebuild({list("Work", 1)});
+        QCOMPARE(&m_service->tagNode(), section);
+        QCOMPARE(outline(m_service->listNode()), u"Work"_s);
+        QVERIFY(section->children().empty());
+        m_service->clear();
+        QVERIFY(m_service->lists().isEmpty());
+        QVERIFY(m_service->topNode().children().empty());
+        QCOMPARE(outline(m_service->centerNode()), u"Lists Tags Filters Subscriptions"_s);
+    }
+
+    void findsTheNodeOfAList()
+    {
+        rebuild({list("Garden", 1, "House")}, {folder("House", 0)}, {tag("Food"), tag("Bread", "food")});
+        const QList<KWListIdentifier> all{
+            KWListIdentifier::todayProject(), KWListIdentifier::group(u"House"_s),
+            KWListIdentifier::project(u"Garden"_s), KWListIdentifier::tag(u"bread"_s),
+            KWListIdentifier::smartProject(KWSmartProject::completed().identifier())};
+        for (const KWListIdentifier &each : all) {
+            QVERIFY(m_service->nodeFor(each) && m_service->nodeFor(each)->listIdentifier() == each);
+            QVERIFY(m_service->lists().contains(each));
+        }
+        QCOMPARE(m_service->lists().size(), all.size() + 3); // with Tomorrow, Next 7 Days and Food
+        QVERIFY(!m_service->nodeFor(KWListIdentifier::project(u"House"_s)));
+        // The header of a section is no list.
+        QVERIFY(!m_service->nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
+    }
+
+    void readsItsContentsFromTheStore()
+    {
+        StoreFixture store;
+        const QString user = store.userID();
+        const QString home = store.makeList(u"Home"_s);
+        const QString work = store.makeList(u"Work"_s);
+        saved(store, [&](ObjectContext &context) {
+            context.find<KWProject>(work)->set(&KWProjectModel::sortOrder, -1);
+            KWProject::createProjectNamed(u"Closed"_s, user, context).set(&KWProjectModel::closed, true);
+            KWProject::createProjectNamed(u"Gone"_s, user, context).markDelete();
+            KWProject::createProjectNamed(u"Theirs"_s, u"another"_s, context);
+            KWTag::createNewTagWithName(u"Food"_s, user, TagUniqueness::MustBeNew, context);
+            KWTag::createNewTagWithName(u"Gone"_s, user, TagUniqueness::MustBeNew, context)->markDelete();
+            KWProjectGroupModel house = folder("House", 0);
+            house.userID = user;
+            context.insert<KWProjectGroup>(house);
+            context.insert<KWProjectGroup>(folder("of another user", 0));
+        });
+        const ProjectListContents contents = ProjectListContents::read(user, store.context());
+        m_service->rebuild(contents, nothing);
+        QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
+        QCOMPARE(outline(m_service->listNode()), u"Work House Home"_s);
+        QCOMPARE(outline(m_service->tagNode()), u"Food"_s);
+        QCOMPARE(outline(m_service->bottomNode()), u"Completed"_s);
+        setSaved<KWProject>(store, home, &KWProjectModel::name, u"House work"_s);
+        QVERIFY(contents != ProjectListContents::read(user, store.context()));
+    }
 };
-
-void KWProjectListDataService_test::hasItsSectionsFromTheStart()
-{
-    QCOMPARE(outline(m_service->centerNode()), u"Lists Tags Filters Subscriptions"_s);
-    const auto &sections = m_service->rootNode().children();
-    QCOMPARE(sections.size(), 3U);
-    QCOMPARE(sections.at(0).get(), &m_service->topNode());
-    QCOMPARE(sections.at(1).get(), &m_service->centerNode());
-    QCOMPARE(sections.at(2).get(), &m_service->bottomNode());
-    for (KWProjectListNode *each : {&m_service->listNode(), &m_service->tagNode(), &m_service->filterNode(),
-                                    &m_service->subCalNode()}) {
-        QCOMPARE(each->type(), KWProjectListNodeType::smartProject);
-        QCOMPARE(each->parent(), &m_service->centerNode());
-        QCOMPARE(m_service->centerNode().children().at(std::size_t(each->row())).get(), each);
-    }
-}
-
-void KWProjectListDataService_test::showsTheInboxAndTheDaysOnTop()
-{
-    KWProjectModel inbox = list("inbox1", 0);
-    inbox.isInbox = true;
-    m_service->rebuild({.userID = {}, .projects = {inbox, list("Home", 1)}, .groups = {}, .tags = {}},
-                       nothing);
-    QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
-    QCOMPARE(outline(m_service->listNode()), u"Home"_s);
-    QCOMPARE(outline(m_service->bottomNode()), u"Completed"_s);
-}
-
-void KWProjectListDataService_test::ordersFoldersAmongLists()
-{
-    m_service->rebuild({.userID = {},
-                        .projects = {list("First", -5), list("Garden", 1, "House"), list("Stray", 2, "gone"),
-                                     list("Kitchen", 3, "House"), list("Last", 90)},
-                        .groups = {folder("House", 0), folder("Empty", 50)},
-                        .tags = {}},
-                       nothing);
-    QCOMPARE(outline(m_service->listNode()), u"First House(Garden Kitchen) Stray Empty Last"_s);
-}
-
-void KWProjectListDataService_test::nestsTagsBelowTheirParents()
-{
-    m_service->rebuild({.userID = {},
-                        .projects = {},
-                        .groups = {},
-                        .tags = {tag("Leek", "food"), tag("Errand"), tag("Food"), tag("Bread", "food"),
-                                 tag("Stray", "gone"), tag("Self", "self")}},
-                       nothing);
-    QCOMPARE(outline(m_service->tagNode()), u"Errand Food(Leek Bread) Stray Self"_s);
-}
-
-void KWProjectListDataService_test::foldsWhatTheUserFolded()
-{
-    const ProjectListContents contents{
-        .userID = {}, .projects = {list("Garden", 1, "House")}, .groups = {folder("House", 0)}, .tags = {}};
-    m_service->rebuild(
-        contents, [](const KWProjectListNode &node) { return node.type() == KWProjectListNodeType::group; });
-    QVERIFY(!m_service->listNode().children().front()->isExpanded());
-    QVERIFY(m_service->listNode().isExpanded());
-    m_service->rebuild(contents, nothing);
-    QVERIFY(m_service->listNode().children().front()->isExpanded());
-}
-
-void KWProjectListDataService_test::keepsTheSectionsThroughRebuilds()
-{
-    const KWProjectListNode *section = &m_service->tagNode();
-    m_service->rebuild({.userID = {}, .projects = {list("Home", 1)}, .groups = {}, .tags = {tag("a")}},
-                       nothing);
-    m_service->rebuild({.userID = {}, .projects = {list("Work", 1)}, .groups = {}, .tags = {}}, nothing);
-    QCOMPARE(&m_service->tagNode(), section);
-    QCOMPARE(outline(m_service->listNode()), u"Work"_s);
-    QVERIFY(section->children().empty());
-    m_service->clear();
-    QVERIFY(m_service->lists().isEmpty());
-    QVERIFY(m_service->topNode().children().empty());
-    QCOMPARE(outline(m_service->centerNode()), u"Lists Tags Filters Subscriptions"_s);
-}
-
-void KWProjectListDataService_test::findsTheNodeOfAList()
-{
-    m_service->rebuild({.userID = {},
-                        .projects = {list("Garden", 1, "House")},
-                        .groups = {folder("House", 0)},
-                        .tags = {tag("Food"), tag("Bread", "food")}},
-                       nothing);
-    const QList<KWListIdentifier> all{
-        KWListIdentifier::todayProject(),
-        KWListIdentifier::group(u"House"_s),
-        KWListIdentifier::project(u"Garden"_s),
-        KWListIdentifier::tag(u"food"_s),
-        KWListIdentifier::tag(u"bread"_s),
-        KWListIdentifier::smartProject(KWSmartProject::completed().identifier())};
-    for (const KWListIdentifier &each : all) {
-        KWProjectListNode *node = m_service->nodeFor(each);
-        QVERIFY(node);
-        QVERIFY(node->listIdentifier() == each);
-        QVERIFY(m_service->lists().contains(each));
-    }
-    QCOMPARE(m_service->lists().size(), all.size() + 2); // with Tomorrow and Next 7 Days
-    QVERIFY(!m_service->nodeFor(KWListIdentifier::project(u"House"_s)));
-    // The header of a section is no list.
-    QVERIFY(!m_service->nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
-}
-
-void KWProjectListDataService_test::readsItsContentsFromTheStore()
-{
-    StoreFixture store;
-    const QString user = store.userID();
-    const QString home = store.makeList(u"Home"_s);
-    const QString work = store.makeList(u"Work"_s);
-    saved(store, [&](ObjectContext &context) {
-        context.find<KWProject>(work)->set(&KWProjectModel::sortOrder, -1);
-        KWProject::createProjectNamed(u"Closed"_s, user, context).set(&KWProjectModel::closed, true);
-        KWProject::createProjectNamed(u"Gone"_s, user, context).markDelete();
-        KWProject::createProjectNamed(u"Theirs"_s, u"another"_s, context);
-        KWTag::createNewTagWithName(u"Food"_s, user, TagUniqueness::MustBeNew, context);
-        KWTag::createNewTagWithName(u"Gone"_s, user, TagUniqueness::MustBeNew, context)->markDelete();
-        KWProjectGroupModel house = folder("House", 0);
-        house.userID = user;
-        context.insert<KWProjectGroup>(house);
-        context.insert<KWProjectGroup>(folder("of another user", 0));
-    });
-    const ProjectListContents contents = ProjectListContents::read(user, store.context());
-    QVERIFY(contents == ProjectListContents::read(user, store.context()));
-    m_service->rebuild(contents, nothing);
-    QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
-    QCOMPARE(outline(m_service->listNode()), u"Work House Home"_s);
-    QCOMPARE(outline(m_service->tagNode()), u"Food"_s);
-    saved(store, [&](ObjectContext &context) {
-        context.find<KWProject>(home)->set(&KWProjectModel::name, u"House work"_s);
-    });
-    QVERIFY(contents != ProjectListContents::read(user, store.context()));
-}
-
-void KWProjectListDataService_test::aRowMayRefuseToFold()
-{
-    KWProjectListNode node{KWProjectListNodeType::group, u"a"_s, u"A"_s};
-    QList<bool> asked;
-    node.expanedChangedHandler = [&](bool isExpanded, KWProjectListNode &) {
-        asked << isExpanded;
-        return false;
-    };
-    node.setIsExpanded(true); // as it is
-    node.setIsExpanded(false);
-    QCOMPARE(asked, QList<bool>{false});
-    QVERIFY(node.isExpanded());
-    int selections = 0;
-    node.selectChangedHanlder = [&] { ++selections; };
-    node.setIsSelected(true);
-    node.setIsSelected(true);
-    QCOMPARE(selections, 1);
-}
 
 ORVANE_TEST(KWProjectListDataService_test)
 #include "KWProjectListDataService_test.moc"

@@ -1,8 +1,9 @@
 #include "model/settings/KWUserDefaults.h"
 
+#include "model/events/KWNotificationCenter.h"
+#include "model/events/NotificationNames.h"
 #include "model/records/KWUserSettingsModel.h"
 #include "model/settings/DataFolders.h"
-#include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWSmartRecognitionConfiguration.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
 #include "support/TestMain.h"
@@ -19,180 +20,136 @@ class KWUserDefaults_test : public QObject {
     std::unique_ptr<KWUserDefaults> m_defaults;
 
     void reopen() { m_defaults = std::make_unique<KWUserDefaults>(m_folder->path()); }
-    void writeStandard(const QByteArray &lines);
-
 private Q_SLOTS:
-    void init();
-    void answersWhatWasSetElseTheFallback();
-    void keepsEveryKindOfValue();
-    void keepsWhatCannotBeReadOutOfTheWay();
-    void keepsUsersApart();
-    void keepsTheScopesInTheirOwnFiles();
-    void sharesValuesBetweenTwoInstances();
-    void carriesOlderRecognitionKeysOverOnce();
-    void readsTheDefaultsOfNewTasks();
-    void locatesTheFolders();
-    void answersEnglishTextsWithoutATranslation();
-};
+    void init()
+    {
+        m_defaults.reset();
+        m_folder = std::make_unique<QTemporaryDir>();
+        reopen();
+    }
 
-void KWUserDefaults_test::init()
-{
-    m_defaults.reset();
-    m_folder = std::make_unique<QTemporaryDir>();
-    reopen();
-}
+    void keepsEveryKindOfValue()
+    {
+        QByteArray bytes;
+        for (int i = 0; i < 256; ++i)
+            bytes += char(i);
+        QCOMPARE(m_defaults->value(Settings::newTaskDateOffset), -1); // the fallback
+        m_defaults->set(Settings::mainWindowGeometry, bytes);
+        m_defaults->set(Settings::newTaskDateOffset, 3);
+        m_defaults->set(Settings::recognitionRemovesTag, false, u"user"_s);
+        m_defaults->set(Settings::selectedNode, u"4:ü, \"b\"; =%"_s, u"user"_s);
+        m_defaults->set(Settings::selectedNode, u"0:smart.all"_s, u"another"_s);
+        for (const QStringList &list :
+             {QStringList{u"only"_s}, QStringList{u"a, b"_s, u"ü\"\n"_s}, QStringList{}}) {
+            m_defaults->set(Settings::foldedNodes, list, u"user"_s);
+            m_defaults->synchronise();
+            reopen();
+            QCOMPARE(m_defaults->value(Settings::foldedNodes, u"user"_s), list);
+        }
+        QCOMPARE(m_defaults->value(Settings::mainWindowGeometry), bytes);
+        QCOMPARE(m_defaults->value(Settings::newTaskDateOffset), 3);
+        QCOMPARE(m_defaults->value(Settings::recognitionRemovesTag, u"user"_s), false);
+        QCOMPARE(m_defaults->value(Settings::selectedNode, u"user"_s), u"4:ü, \"b\"; =%"_s);
+        QCOMPARE(m_defaults->value(Settings::selectedNode, u"another"_s), u"0:smart.all"_s);
+        m_defaults->remove(Settings::newTaskDateOffset);
+        QCOMPARE(m_defaults->valueOr(Settings::newTaskDateOffset, 5), 5);
+    }
 
-void KWUserDefaults_test::writeStandard(const QByteArray &lines)
-{
-    m_defaults.reset();
-    QFile file{m_folder->filePath(u"standard.ini"_s)};
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\n" + lines);
-    file.close();
-    reopen();
-}
+    void keepsWhatCannotBeReadOutOfTheWay()
+    {
+        m_defaults.reset();
+        QFile file{m_folder->filePath(u"standard.ini"_s)};
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[General]\nnew_task_date_offset=soon\norg.orvane.crash.cout=\n");
+        file.close();
+        reopen();
+        QCOMPARE(m_defaults->value(Settings::newTaskDateOffset), -1);
+        QCOMPARE(m_defaults->value(Settings::crashCount), 0);
+        QVERIFY(!KWTaskDefaultConfigurationManager::current(*m_defaults, {}).dateOffset);
+    }
 
-void KWUserDefaults_test::answersWhatWasSetElseTheFallback()
-{
-    QCOMPARE(m_defaults->value(Settings::newTaskDateOffset), -1);
-    QCOMPARE(m_defaults->value(Settings::theme), u"system"_s);
-    QCOMPARE(m_defaults->valueOr(Settings::theme, u"dark"_s), u"dark"_s);
-    QVERIFY(!m_defaults->contains(Settings::theme));
-    m_defaults->set(Settings::theme, u"light"_s);
-    QCOMPARE(m_defaults->valueOr(Settings::theme, u"dark"_s), u"light"_s);
-    QVERIFY(m_defaults->contains(Settings::theme));
-    m_defaults->remove(Settings::theme);
-    QCOMPARE(m_defaults->value(Settings::theme), u"system"_s);
-}
+    void sharesValuesBetweenTwoInstances()
+    {
+        // Another path to the same files, as of another process.
+        KWUserDefaults other{m_folder->path() + u"/."_s};
+        m_defaults->set(Settings::theme, u"dark"_s);
+        other.set(Settings::selectedNode, u"0:smart.all"_s, u"user"_s);
+        m_defaults->synchronise();
+        other.synchronise();
+        m_defaults->synchronise();
+        QCOMPARE(other.value(Settings::theme), u"dark"_s);
+        QCOMPARE(m_defaults->value(Settings::selectedNode, u"user"_s), u"0:smart.all"_s);
+        const QSettings standard{m_folder->filePath(u"standard.ini"_s), QSettings::IniFormat};
+        const QSettings group{m_folder->filePath(u"group.ini"_s), QSettings::IniFormat};
+        QCOMPARE(standard.allKeys(), QStringList{u"theme"_s});
+        QCOMPARE(group.allKeys(), QStringList{u"selected_node_id_in_proejct_list_of_user"_s});
+    }
 
-void KWUserDefaults_test::keepsEveryKindOfValue()
-{
-    QByteArray bytes;
-    for (int i = 0; i < 256; ++i)
-        bytes += char(i);
-    m_defaults->set(Settings::mainWindowGeometry, bytes);
-    m_defaults->set(Settings::newTaskDateOffset, 3);
-    m_defaults->set(Settings::recognitionRemovesTag, false, u"user"_s);
-    m_defaults->set(Settings::selectedNode, u"4:ü, \"b\"; =%"_s, u"user"_s);
-    for (const QStringList &list :
-         {QStringList{u"only"_s}, QStringList{u"a, b"_s, u"ü\"\n"_s}, QStringList{}}) {
-        m_defaults->set(Settings::foldedNodes, list, u"user"_s);
+    void carriesOlderRecognitionKeysOverOnce()
+    {
+        m_defaults->set(Settings::olderDateParsingType, false);
+        const auto of = [this](const char *user) {
+            return KWSmartRecognitionConfiguration::ofUser(QString::fromLatin1(user), *m_defaults);
+        };
+        const KWSmartRecognitionConfiguration carried{
+            .dateEnabled = true, .removesDate = false, .removesTag = true};
+        QCOMPARE(of("one"), carried);
+
+        m_defaults->set(Settings::olderDateParsing, false);
+        m_defaults->set(Settings::olderTagParsingType, false);
+        const KWSmartRecognitionConfiguration later{
+            .dateEnabled = false, .removesDate = false, .removesTag = false};
+        QCOMPARE(of("two"), later);
+
+        const KWSmartRecognitionConfiguration chosen{
+            .dateEnabled = true, .removesDate = true, .removesTag = false};
+        KWNotificationCenter center;
+        QStringList posted;
+        const auto observation = center.addObserver([&](const KWNotification &each) { posted << each.name; });
+        chosen.save(u"two"_s, *m_defaults, center);
+        QCOMPARE(posted, QStringList{KWSmartRecognitionConfigurationDidChangeNotification});
         m_defaults->synchronise();
         reopen();
-        QCOMPARE(m_defaults->value(Settings::foldedNodes, u"user"_s), list);
+        QCOMPARE(of("two"), chosen);
+        QCOMPARE(of("one"), carried);
     }
-    QCOMPARE(m_defaults->value(Settings::mainWindowGeometry), bytes);
-    QCOMPARE(m_defaults->value(Settings::newTaskDateOffset), 3);
-    QCOMPARE(m_defaults->value(Settings::recognitionRemovesTag, u"user"_s), false);
-    QCOMPARE(m_defaults->value(Settings::selectedNode, u"user"_s), u"4:ü, \"b\"; =%"_s);
-}
 
-void KWUserDefaults_test::keepsWhatCannotBeReadOutOfTheWay()
-{
-    writeStandard("new_task_date_offset=soon\norg.orvane.crash.cout=\n");
-    QCOMPARE(m_defaults->value(Settings::newTaskDateOffset), -1);
-    QCOMPARE(m_defaults->value(Settings::crashCount), 0);
-    QVERIFY(!KWTaskDefaultConfigurationManager::current(*m_defaults, {}).dateOffset);
-}
-
-void KWUserDefaults_test::keepsUsersApart()
-{
-    m_defaults->set(Settings::selectedNode, u"0:smart.all"_s, u"one"_s);
-    QCOMPARE(m_defaults->value(Settings::selectedNode, u"two"_s), QString{});
-    m_defaults->set(Settings::selectedNode, u"0:smart.today"_s, u"two"_s);
-    QCOMPARE(m_defaults->value(Settings::selectedNode, u"one"_s), u"0:smart.all"_s);
-}
-
-void KWUserDefaults_test::keepsTheScopesInTheirOwnFiles()
-{
-    m_defaults->set(Settings::theme, u"dark"_s);
-    m_defaults->set(Settings::selectedNode, u"0:smart.all"_s, u"user"_s);
-    m_defaults->synchronise();
-    const QSettings standard{m_folder->filePath(u"standard.ini"_s), QSettings::IniFormat};
-    const QSettings group{m_folder->filePath(u"group.ini"_s), QSettings::IniFormat};
-    QCOMPARE(standard.allKeys(), QStringList{u"theme"_s});
-    QCOMPARE(group.allKeys(), QStringList{u"selected_node_id_in_proejct_list_of_user"_s});
-}
-
-void KWUserDefaults_test::sharesValuesBetweenTwoInstances()
-{
-    const QString copy = m_folder->path() + u"/."_s; // another path to the same files, as of another process
-    KWUserDefaults other{copy};
-    m_defaults->set(Settings::theme, u"dark"_s);
-    other.set(Settings::newTaskPriority, 5);
-    m_defaults->synchronise();
-    other.synchronise();
-    m_defaults->synchronise();
-    QCOMPARE(other.value(Settings::theme), u"dark"_s);
-    QCOMPARE(m_defaults->value(Settings::newTaskPriority), 5);
-}
-
-void KWUserDefaults_test::carriesOlderRecognitionKeysOverOnce()
-{
-    m_defaults->set(Settings::olderDateParsingType, false);
-    const auto of = [this](const char *user) {
-        return KWSmartRecognitionConfiguration::ofUser(QString::fromLatin1(user), *m_defaults);
-    };
-    const KWSmartRecognitionConfiguration carried{
-        .dateEnabled = true, .removesDate = false, .removesTag = true};
-    QCOMPARE(of("one"), carried);
-
-    m_defaults->set(Settings::olderDateParsing, false);
-    m_defaults->set(Settings::olderTagParsingType, false);
-    m_defaults->set(Settings::olderDateParsingType, true);
-    QCOMPARE(of("one"), carried);
-    const KWSmartRecognitionConfiguration later{
-        .dateEnabled = false, .removesDate = true, .removesTag = false};
-    QCOMPARE(of("two"), later);
-
-    const KWSmartRecognitionConfiguration chosen{
-        .dateEnabled = true, .removesDate = false, .removesTag = false};
-    chosen.save(u"two"_s, *m_defaults);
-    m_defaults->synchronise();
-    reopen();
-    QCOMPARE(of("two"), chosen);
-    QCOMPARE(of("one"), carried);
-}
-
-void KWUserDefaults_test::readsTheDefaultsOfNewTasks()
-{
-    KWUserSettingsModel settings;
-    settings.defaultReminderRules = {u"TRIGGER:-PT10M"_s, u"no trigger"_s, u"TRIGGER:-PT10M"_s};
-    settings.allDayReminders = {u"TRIGGER:P0DT9H0M0S"_s};
-    const auto current = [&] { return KWTaskDefaultConfigurationManager::current(*m_defaults, settings); };
-    QCOMPARE(current().priority, KWTaskPriorityNone);
-    QVERIFY(!current().dateOffset);
-    QCOMPARE(current().reminders,
-             std::set{CXAlarmTrigger::triggerWithUnit(CXAlarmTrigger::Unit::Minutes, 10)});
-    QCOMPARE(current().allDayReminders, std::set{CXAlarmTrigger::onTime_AllDay()});
-
-    m_defaults->set(Settings::newTaskPriority, 3);
-    m_defaults->set(Settings::newTaskDateOffset, 0);
-    QCOMPARE(current().priority, KWTaskPriorityMedium);
-    QCOMPARE(current().dateOffset, std::optional{std::chrono::days{0}});
-    for (const int none : {2, 4, -1, 1 << 16 | 5}) {
-        m_defaults->set(Settings::newTaskPriority, none);
+    void readsTheDefaultsOfNewTasks()
+    {
+        KWUserSettingsModel settings;
+        settings.defaultReminderRules = {u"TRIGGER:-PT10M"_s, u"no trigger"_s, u"TRIGGER:-PT10M"_s};
+        settings.allDayReminders = {u"TRIGGER:P0DT9H0M0S"_s};
+        const auto current = [&] {
+            return KWTaskDefaultConfigurationManager::current(*m_defaults, settings);
+        };
         QCOMPARE(current().priority, KWTaskPriorityNone);
+        QVERIFY(!current().dateOffset);
+        QCOMPARE(current().reminders,
+                 std::set{CXAlarmTrigger::triggerWithUnit(CXAlarmTrigger::Unit::Minutes, 10)});
+        QCOMPARE(current().allDayReminders, std::set{CXAlarmTrigger::onTime_AllDay()});
+
+        m_defaults->set(Settings::newTaskPriority, 3);
+        m_defaults->set(Settings::newTaskDateOffset, 0);
+        QCOMPARE(current().priority, KWTaskPriorityMedium);
+        QCOMPARE(current().dateOffset, std::optional{std::chrono::days{0}});
+        for (const int none : {2, 4, -1, 1 << 16 | 5}) {
+            m_defaults->set(Settings::newTaskPriority, none);
+            QCOMPARE(current().priority, KWTaskPriorityNone);
+        }
     }
-}
 
-void KWUserDefaults_test::locatesTheFolders()
-{
-    QCOMPARE(DataFolders::locate({}).store(),
-             qEnvironmentVariable("XDG_DATA_HOME") + u"/orvane/store.sqlite"_s);
-    QCOMPARE(DataFolders::locate({}).config, qEnvironmentVariable("XDG_CONFIG_HOME") + u"/orvane"_s);
-    QCOMPARE(DataFolders::locate(u"rel/../here/"_s).data, QDir::currentPath() + u"/here"_s);
-    qputenv("ORVANE_HOME", "/somewhere");
-    QCOMPARE(DataFolders::locate({}).config, u"/somewhere/config"_s);
-    QCOMPARE(DataFolders::locate(u"/else"_s).data, u"/else"_s);
-    qunsetenv("ORVANE_HOME");
-}
-
-void KWUserDefaults_test::answersEnglishTextsWithoutATranslation()
-{
-    QCOMPARE(KWLocalizedString("priority_High"), u"High"_s);
-    QCOMPARE(KWLocalizedString("Today"), u"Today"_s);
-}
+    void locatesTheFolders()
+    {
+        QCOMPARE(DataFolders::locate({}).store(),
+                 qEnvironmentVariable("XDG_DATA_HOME") + u"/orvane/store.sqlite"_s);
+        QCOMPARE(DataFolders::locate({}).config, qEnvironmentVariable("XDG_CONFIG_HOME") + u"/orvane"_s);
+        QCOMPARE(DataFolders::locate(u"rel/../here/"_s).data, QDir::currentPath() + u"/here"_s);
+        qputenv("ORVANE_HOME", "/somewhere");
+        QCOMPARE(DataFolders::locate({}).config, u"/somewhere/config"_s);
+        QCOMPARE(DataFolders::locate(u"/else"_s).data, u"/else"_s);
+        qunsetenv("ORVANE_HOME");
+    }
+};
 
 ORVANE_TEST(KWUserDefaults_test)
 #include "KWUserDefaults_test.moc"

@@ -9,7 +9,6 @@
 #include "support/TestMain.h"
 
 #include <QDirIterator>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #include <atomic>
@@ -39,15 +38,6 @@ void write(const QString &path, const QByteArray &bytes)
 void execute(const QString &path, const char *sql)
 {
     Connection{path.toStdString(), Connection::Access::ReadWriteCreate}.execute(sql);
-}
-
-QByteArray random(qsizetype size)
-{
-    QRandomGenerator generator{4711};
-    QByteArray bytes{size, Qt::Uninitialized};
-    for (char &each : bytes)
-        each = char(generator.generate());
-    return bytes;
 }
 
 /// Every file and folder below `folder`, with its bytes; without what holds no data: the shared memory of
@@ -103,289 +93,263 @@ class Store_test : public QObject {
 
     QString path() const { return m_folder->filePath(u"store.sqlite"_s); }
     Store::Opening open() const { return Store::open(path(), m_clock); }
-    void fill(Store &store) const;
+
+    void fill(Store &store) const
+    {
+        const auto context = std::move(*store.makeContext());
+        KWProject &list = KWProject::createProjectNamed(u"Home"_s, u"user"_s, *context);
+        for (int i = 0; i < taskCount; ++i) {
+            KWTaskModel task;
+            task.projectID = list.sid();
+            task.title = u"Task %1"_s.arg(i);
+            task.content = QString{900, u'x'};
+            context->insert<KWTask>(task);
+        }
+        if (!context->save()) qFatal("The store cannot be filled");
+    }
+
     qsizetype storedTasks(Store &store) const { return (*store.makeContext())->models<KWTask>({}).size(); }
 
 private Q_SLOTS:
-    void initTestCase();
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
-    void makesWhatIsMissing();
-    void takesAnEmptyFileForAFreshStore();
-    void leavesWhatItCannotOpenAsItIs_data();
-    void leavesWhatItCannotOpenAsItIs();
-    void leavesAStoreCutAnywhereAsItIs();
-    void standsAFlippedByteInAnyPage();
-    void refusesWhatItCannotWrite_data();
-    void refusesWhatItCannotWrite();
-    void opensAStoreThatWasNotClosed();
-    void setsADamagedStoreAsideWithAllItsParts();
-    void setsTwoStoresAsideInOneSecond();
-    void bringsEveryOldVersionUpToDate();
-    void leavesNoTraceOfAMigrationThatFails();
-    void opensAFreshStoreFromManyThreadsAtOnce();
-};
-
-void Store_test::fill(Store &store) const
-{
-    const auto context = std::move(*store.makeContext());
-    KWProject &list = KWProject::createProjectNamed(u"Home"_s, u"user"_s, *context);
-    for (int i = 0; i < taskCount; ++i) {
-        KWTaskModel task;
-        task.projectID = list.sid();
-        task.title = u"Task %1"_s.arg(i);
-        task.content = QString{900, u'x'};
-        context->insert<KWTask>(task);
-    }
-    if (!context->save()) qFatal("The store cannot be filled");
-}
-
-void Store_test::initTestCase()
-{
-    init();
-    fill(*open().store);
-    m_sound = bytesOf(path());
-    QVERIFY(m_sound.size() > 10 * pageSize);
-}
-
-void Store_test::makesWhatIsMissing()
-{
-    const QString deep = m_folder->filePath(u"a/b c/ü/store.sqlite"_s);
-    QVERIFY(Store::open(deep, m_clock).store);
-    QVERIFY(QFile::exists(deep));
-}
-
-void Store_test::takesAnEmptyFileForAFreshStore()
-{
-    write(path(), {});
-    const Store::Opening opening = open();
-    QVERIFY(opening.store);
-    QCOMPARE(storedTasks(*opening.store), 0);
-}
-
-void Store_test::leavesWhatItCannotOpenAsItIs_data()
-{
-    QTest::addColumn<Damage>("damage");
-    QTest::addColumn<StoreProblem>("problem");
-    const auto row = [](const char *name, StoreProblem problem, Damage damage) {
-        QTest::newRow(name) << std::move(damage) << problem;
-    };
-    using enum StoreProblem;
-    row("a text", NotAStore,
-        [](const QString &path) { write(path, QByteArray{"Dear diary\n"}.repeated(50)); });
-    row("one letter", NotAStore, [](const QString &path) { write(path, "x"); });
-    row("a folder", NotAStore, [](const QString &path) { QVERIFY(QDir{}.mkpath(path + u"/inside"_s)); });
-    row("the store of another program", NotAStore,
-        [](const QString &path) { execute(path, "CREATE TABLE tasks (title); PRAGMA user_version = 1"); });
-    row("a newer version", NewerVersion, [this](const QString &path) {
-        write(path, m_sound);
-        execute(path, "PRAGMA user_version = 99; ALTER TABLE tasks RENAME TO duties");
-    });
-    row("a newer version that is still in the log", NewerVersion, [this](const QString &path) {
-        const QString other = m_folder->filePath(u"other.sqlite"_s);
-        write(other, m_sound);
-        Connection writer{other.toStdString(), Connection::Access::ReadWrite};
-        writer.execute("PRAGMA wal_autocheckpoint = 0; PRAGMA user_version = 99");
-        write(path, bytesOf(other));
-        write(path + u"-wal"_s, bytesOf(other + u"-wal"_s));
-        QVERIFY(bytesOf(path + u"-wal"_s).size() > pageSize);
-    });
-    row("nothing behind the header", Damaged,
-        [this](const QString &path) { write(path, m_sound.left(100) + random(m_sound.size() - 100)); });
-    row("nothing behind a header without a log", Damaged, [this](const QString &path) {
-        QByteArray bytes = m_sound.left(100) + random(m_sound.size() - 100);
-        bytes[18] = bytes[19] = 1; // SQLite file format, section 1.3.3
-        write(path, bytes);
-    });
-    row("an empty root page", Damaged, [this](const QString &path) {
-        write(path, m_sound);
-        const auto root = Connection{path.toStdString(), Connection::Access::ReadWrite}.number(
-            "SELECT rootpage FROM sqlite_schema WHERE name = 'tasks'");
-        write(path, QByteArray{m_sound}.replace((root - 1) * pageSize, pageSize, QByteArray{pageSize, '\0'}));
-    });
-    row("a table too few", Damaged, [this](const QString &path) {
-        write(path, m_sound);
-        execute(path, "DROP TABLE tags");
-    });
-    row("foreign tables under our mark", Damaged, [](const QString &path) {
-        execute(path, "PRAGMA application_id = 0x4f525641; CREATE TABLE users (name)");
-    });
-}
-
-void Store_test::leavesWhatItCannotOpenAsItIs()
-{
-    QFETCH(const Damage, damage);
-    damage(path());
-    const auto before = contentsOf(m_folder->path());
-    const Store::Opening opening = open();
-    QVERIFY(!opening.store);
-    QTEST(opening.problem, "problem");
-    QVERIFY2(opening.sentence.contains(path()) && opening.sentence.endsWith(u'.'),
-             qUtf8Printable(opening.sentence));
-    QVERIFY(contentsOf(m_folder->path()) == before);
-}
-
-void Store_test::leavesAStoreCutAnywhereAsItIs()
-{
-    for (qsizetype size = 1; size < m_sound.size(); size += size < 200 ? 33 : pageSize / 2 - 1) {
-        const QByteArray cut = m_sound.left(size);
-        write(path(), cut);
-        const Store::Opening opening = open();
-        const StoreProblem expected = size < 100 ? StoreProblem::NotAStore : StoreProblem::Damaged;
-        QVERIFY2(!opening.store && opening.problem == expected, qPrintable(QString::number(size)));
-        QCOMPARE(bytesOf(path()), cut);
-    }
-}
-
-void Store_test::standsAFlippedByteInAnyPage()
-{
-    int refused = 0;
-    for (qsizetype page = 0; page < m_sound.size(); page += pageSize) {
-        QByteArray flipped = m_sound;
-        flipped[page == 0 ? 100 : page] =
-            char(flipped[page == 0 ? 100 : page] ^ 0x55); // the type of the page
-        write(path(), flipped);
-        const Store::Opening opening = open();
-        if (opening.store) {
-            QVERIFY(storedTasks(*opening.store) <= taskCount);
-            continue;
-        }
-        ++refused;
-        QCOMPARE(opening.problem, StoreProblem::Damaged);
-        QCOMPARE(bytesOf(path()), flipped);
-    }
-    QVERIFY(refused >= 7); // the root of every table is read
-}
-
-void Store_test::refusesWhatItCannotWrite_data()
-{
-    QTest::addColumn<Damage>("damage");
-    QTest::newRow("a file for a folder")
-        << Damage{[](const QString &path) { write(QFileInfo{path}.path(), "x"); }};
-    QTest::newRow("a folder that is locked") << Damage{[](const QString &path) {
-        const QString folder = QFileInfo{path}.path();
-        QDir{}.mkpath(folder);
-        QFile::setPermissions(folder,
-                              QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
-    }};
-    QTest::newRow("a folder that cannot be made")
-        << Damage{[](const QString &path) { QDir{}.rmdir(QFileInfo{path}.path()); }};
-    QTest::newRow("a file that is locked") << Damage{[this](const QString &path) {
-        const QString folder = QFileInfo{path}.path();
-        QDir{}.mkpath(folder);
-        write(path, m_sound);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther);
-        QFile::setPermissions(folder, QFile::Permissions{0x7777});
-    }};
-}
-
-void Store_test::refusesWhatItCannotWrite()
-{
-    QFETCH(const Damage, damage);
-    QFile::setPermissions(m_folder->path(), QFile::Permissions{0x7755});
-    const QString inside = m_folder->filePath(u"home/store.sqlite"_s);
-    damage(inside);
-    if (geteuid() != 0) QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::ExeOwner);
-    const auto before = contentsOf(m_folder->path());
+    void initTestCase()
     {
-        const WithoutPrivileges other;
-        const Store::Opening opening = Store::open(inside, m_clock);
+        init();
+        fill(*open().store);
+        m_sound = bytesOf(path());
+        QVERIFY(m_sound.size() > 10 * pageSize);
+    }
+
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void makesWhatIsMissing()
+    {
+        const QString deep = m_folder->filePath(u"a/b c/ü/store.sqlite"_s);
+        QVERIFY(Store::open(deep, m_clock).store);
+        QVERIFY(QFile::exists(deep));
+        write(path(), {});
+        const Store::Opening opening = open();
+        QVERIFY(opening.store);
+        QCOMPARE(storedTasks(*opening.store), 0);
+    }
+
+    void leavesWhatItCannotOpenAsItIs_data()
+    {
+        QTest::addColumn<Damage>("damage");
+        QTest::addColumn<StoreProblem>("problem");
+        const auto row = [](const char *name, StoreProblem problem, Damage damage) {
+            QTest::newRow(name) << std::move(damage) << problem;
+        };
+        using enum StoreProblem;
+        row("a text", NotAStore,
+            [](const QString &path) { write(path, QByteArray{"Dear diary\n"}.repeated(50)); });
+        row("a folder", NotAStore, [](const QString &path) { QVERIFY(QDir{}.mkpath(path + u"/inside"_s)); });
+        row("the store of another program", NotAStore, [](const QString &path) {
+            execute(path, "CREATE TABLE tasks (title); PRAGMA user_version = 1");
+        });
+        row("a newer version", NewerVersion, [this](const QString &path) {
+            write(path, m_sound);
+            execute(path, "PRAGMA user_version = 99; ALTER TABLE tasks RENAME TO duties");
+        });
+        row("a newer version that is still in the log", NewerVersion, [this](const QString &path) {
+            const QString other = m_folder->filePath(u"other.sqlite"_s);
+            write(other, m_sound);
+            Connection writer{other.toStdString(), Connection::Access::ReadWrite};
+            writer.execute("PRAGMA wal_autocheckpoint = 0; PRAGMA user_version = 99");
+            write(path, bytesOf(other));
+            write(path + u"-wal"_s, bytesOf(other + u"-wal"_s));
+            QVERIFY(bytesOf(path + u"-wal"_s).size() > pageSize);
+        });
+        row("nothing behind the header", Damaged, [this](const QString &path) {
+            write(path, m_sound.left(100).leftJustified(m_sound.size(), 'x'));
+        });
+        row("nothing behind a header without a log", Damaged, [this](const QString &path) {
+            QByteArray bytes = m_sound.left(100).leftJustified(m_sound.size(), 'x');
+            bytes[18] = bytes[19] = 1; // SQLite file format, section 1.3.3
+            write(path, bytes);
+        });
+        row("an empty root page", Damaged, [this](const QString &path) {
+            write(path, m_sound);
+            const auto root = Connection{path.toStdString(), Connection::Access::ReadWrite}.number(
+                "SELECT rootpage FROM sqlite_schema WHERE name = 'tasks'");
+            write(path,
+                  QByteArray{m_sound}.replace((root - 1) * pageSize, pageSize, QByteArray{pageSize, '\0'}));
+        });
+        row("a table too few", Damaged, [this](const QString &path) {
+            write(path, m_sound);
+            execute(path, "DROP TABLE tags");
+        });
+        row("foreign tables under our mark", Damaged, [](const QString &path) {
+            execute(path, "PRAGMA application_id = 0x4f525641; CREATE TABLE users (name)");
+        });
+    }
+
+    void leavesWhatItCannotOpenAsItIs()
+    {
+        QFETCH(const Damage, damage);
+        damage(path());
+        const auto before = contentsOf(m_folder->path());
+        const Store::Opening opening = open();
         QVERIFY(!opening.store);
-        QCOMPARE(opening.problem, StoreProblem::CannotWrite);
-        QVERIFY(opening.sentence.contains(QFileInfo{inside}.path()));
+        QTEST(opening.problem, "problem");
+        QVERIFY2(opening.sentence.contains(path()) && opening.sentence.endsWith(u'.'),
+                 qUtf8Printable(opening.sentence));
+        QVERIFY(contentsOf(m_folder->path()) == before);
     }
-    QFile::setPermissions(m_folder->path(), QFile::Permissions{0x7755});
-    QFile::setPermissions(QFileInfo{inside}.path(), QFile::Permissions{0x7755});
-    QCOMPARE(contentsOf(m_folder->path()), before);
-}
 
-void Store_test::opensAStoreThatWasNotClosed()
-{
-    const QString other = m_folder->filePath(u"other.sqlite"_s);
-    const Store::Opening running = Store::open(other, m_clock);
-    fill(*running.store);
-    write(path(), bytesOf(other));
-    write(path() + u"-wal"_s, bytesOf(other + u"-wal"_s));
-    const Store::Opening opening = open();
-    QVERIFY(opening.store);
-    QCOMPARE(storedTasks(*opening.store), taskCount);
-}
-
-void Store_test::setsADamagedStoreAsideWithAllItsParts()
-{
-    for (const char *suffix : {"", "-wal", "-shm"})
-        write(path() + QLatin1StringView{suffix}, QByteArray{"part"} + suffix);
-    const Result<QString> kept = Store::setAside(path(), *TimeText::toLocalTime(u"2030-05-01T09:00:00"));
-    QVERIFY(kept);
-    QCOMPARE(*kept, u"store.damaged-2030-05-01T090000.sqlite"_s);
-    for (const char *suffix : {"", "-wal", "-shm"}) {
-        QVERIFY(!QFile::exists(path() + QLatin1StringView{suffix}));
-        QCOMPARE(bytesOf(m_folder->filePath(*kept) + QLatin1StringView{suffix}), QByteArray{"part"} + suffix);
-    }
-    QVERIFY(open().store);
-}
-
-void Store_test::setsTwoStoresAsideInOneSecond()
-{
-    QStringList names;
-    for (const char *each : {"first", "second", "third"}) {
-        write(path(), each);
-        write(path() + u"-wal"_s, each);
-        const Result<QString> kept = Store::setAside(path(), *TimeText::toLocalTime(u"2030-05-01T09:00:00"));
-        QVERIFY(kept);
-        names << *kept;
-    }
-    for (const auto &[name, bytes] :
-         {std::pair{names.at(0), "first"}, {names.at(1), "second"}, {names.at(2), "third"}}) {
-        QCOMPARE(bytesOf(m_folder->filePath(name)), QByteArray{bytes});
-        QCOMPARE(bytesOf(m_folder->filePath(name) + u"-wal"_s), QByteArray{bytes});
-    }
-}
-
-void Store_test::bringsEveryOldVersionUpToDate()
-{
-    QVERIFY(open().store);
-    const QStringList expected = schemaOf(path());
-    for (int version = 0; version <= Migrations::currentVersion(); ++version) {
-        const QString old = m_folder->filePath(u"version%1.sqlite"_s.arg(version));
-        {
-            Connection connection{old.toStdString(), Connection::Access::ReadWriteCreate};
-            connection.execute("PRAGMA application_id = 0x4f525641");
-            Migrations::applyUpTo(version, connection);
-            QCOMPARE(connection.number("PRAGMA user_version"), version);
+    void leavesAStoreCutAnywhereAsItIs()
+    {
+        for (qsizetype size = 1; size < m_sound.size(); size += size < 200 ? 33 : pageSize / 2 - 1) {
+            const QByteArray cut = m_sound.left(size);
+            write(path(), cut);
+            const Store::Opening opening = open();
+            const StoreProblem expected = size < 100 ? StoreProblem::NotAStore : StoreProblem::Damaged;
+            QVERIFY2(!opening.store && opening.problem == expected, qPrintable(QString::number(size)));
+            QCOMPARE(bytesOf(path()), cut);
         }
-        QVERIFY(Store::open(old, m_clock).store);
-        QCOMPARE(schemaOf(old), expected);
     }
-}
 
-void Store_test::leavesNoTraceOfAMigrationThatFails()
-{
-    execute(path(), "CREATE TABLE checklistItems (title)"); // in the way of the last statement
-    Connection connection{path().toStdString(), Connection::Access::ReadWrite};
-    QVERIFY_EXCEPTION_THROWN(Migrations::apply(connection), SQLite::Exception);
-    QCOMPARE(connection.number("SELECT count(*) FROM sqlite_schema"), 1);
-    QCOMPARE(connection.number("PRAGMA user_version"), 0);
-}
-
-void Store_test::opensAFreshStoreFromManyThreadsAtOnce()
-{
-    for (int round = 0; round < 10; ++round) {
-        const QString fresh = m_folder->filePath(u"fresh%1.sqlite"_s.arg(round));
-        std::atomic_int opened = 0;
-        std::vector<std::thread> threads;
-        for (int i = 0; i < 4; ++i)
-            threads.emplace_back([&] {
-                const Store::Opening opening = Store::open(fresh, m_clock);
-                if (!opening.store) return;
-                fill(*opening.store);
-                ++opened;
-            });
-        for (std::thread &each : threads)
-            each.join();
-        QCOMPARE(opened.load(), 4);
-        QCOMPARE(storedTasks(*Store::open(fresh, m_clock).store), 4 * taskCount);
+    void standsAFlippedByteInAnyPage()
+    {
+        int refused = 0;
+        for (qsizetype page = 0; page < m_sound.size(); page += pageSize) {
+            QByteArray flipped = m_sound;
+            const qsizetype typeOfPage = page == 0 ? 100 : page;
+            flipped[typeOfPage] = char(flipped[typeOfPage] ^ 0x55);
+            write(path(), flipped);
+            const Store::Opening opening = open();
+            if (opening.store) {
+                QVERIFY(storedTasks(*opening.store) <= taskCount);
+                continue;
+            }
+            ++refused;
+            QCOMPARE(opening.problem, StoreProblem::Damaged);
+            QCOMPARE(bytesOf(path()), flipped);
+        }
+        QVERIFY(refused >= 7); // the root of every table is read
     }
-}
+
+    void refusesWhatItCannotWrite_data()
+    {
+        QTest::addColumn<Damage>("damage");
+        QTest::newRow("a file for a folder")
+            << Damage{[](const QString &path) { write(QFileInfo{path}.path(), "x"); }};
+        QTest::newRow("a folder that is locked") << Damage{[](const QString &path) {
+            const QString folder = QFileInfo{path}.path();
+            QDir{}.mkpath(folder);
+            QFile::setPermissions(folder,
+                                  QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+        }};
+        QTest::newRow("a folder that cannot be made")
+            << Damage{[](const QString &path) { QDir{}.rmdir(QFileInfo{path}.path()); }};
+        QTest::newRow("a file that is locked") << Damage{[this](const QString &path) {
+            const QString folder = QFileInfo{path}.path();
+            QDir{}.mkpath(folder);
+            write(path, m_sound);
+            QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther);
+            QFile::setPermissions(folder, QFile::Permissions{0x7777});
+        }};
+    }
+
+    void refusesWhatItCannotWrite()
+    {
+        QFETCH(const Damage, damage);
+        QFile::setPermissions(m_folder->path(), QFile::Permissions{0x7755});
+        const QString inside = m_folder->filePath(u"home/store.sqlite"_s);
+        damage(inside);
+        if (geteuid() != 0) QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::ExeOwner);
+        const auto before = contentsOf(m_folder->path());
+        {
+            const WithoutPrivileges other;
+            const Store::Opening opening = Store::open(inside, m_clock);
+            QVERIFY(!opening.store);
+            QCOMPARE(opening.problem, StoreProblem::CannotWrite);
+            QVERIFY(opening.sentence.contains(QFileInfo{inside}.path()));
+        }
+        QFile::setPermissions(m_folder->path(), QFile::Permissions{0x7755});
+        QFile::setPermissions(QFileInfo{inside}.path(), QFile::Permissions{0x7755});
+        QCOMPARE(contentsOf(m_folder->path()), before);
+    }
+
+    void opensAStoreThatWasNotClosed()
+    {
+        const QString other = m_folder->filePath(u"other.sqlite"_s);
+        const Store::Opening running = Store::open(other, m_clock);
+        fill(*running.store);
+        write(path(), bytesOf(other));
+        write(path() + u"-wal"_s, bytesOf(other + u"-wal"_s));
+        const Store::Opening opening = open();
+        QVERIFY(opening.store);
+        QCOMPARE(storedTasks(*opening.store), taskCount);
+    }
+
+    // Two of them in the same second, too.
+    void setsADamagedStoreAsideWithAllItsParts()
+    {
+        const QStringList names{u"store.damaged-2030-05-01T090000.sqlite"_s,
+                                u"store.damaged-2030-05-01T090000-2.sqlite"_s};
+        const QStringList parts{QString{}, u"-wal"_s, u"-shm"_s};
+        for (const QString &name : names) {
+            for (const QString &part : parts)
+                write(path() + part, (name + part).toUtf8());
+            const Result<QString> kept =
+                Store::setAside(path(), *TimeText::toLocalTime(u"2030-05-01T09:00:00"));
+            QVERIFY(kept);
+            QCOMPARE(*kept, name);
+        }
+        for (const QString &part : parts) {
+            QVERIFY(!QFile::exists(path() + part));
+            for (const QString &name : names)
+                QCOMPARE(bytesOf(m_folder->filePath(name + part)), (name + part).toUtf8());
+        }
+        QVERIFY(open().store);
+    }
+
+    void bringsEveryOldVersionUpToDate()
+    {
+        QVERIFY(open().store);
+        const QStringList expected = schemaOf(path());
+        for (int version = 0; version <= Migrations::currentVersion(); ++version) {
+            const QString old = m_folder->filePath(u"version%1.sqlite"_s.arg(version));
+            {
+                Connection connection{old.toStdString(), Connection::Access::ReadWriteCreate};
+                connection.execute("PRAGMA application_id = 0x4f525641");
+                Migrations::applyUpTo(version, connection);
+                QCOMPARE(connection.number("PRAGMA user_version"), version);
+            }
+            QVERIFY(Store::open(old, m_clock).store);
+            QCOMPARE(schemaOf(old), expected);
+        }
+    }
+
+    void leavesNoTraceOfAMigrationThatFails()
+    {
+        execute(path(), "CREATE TABLE checklistItems (title)"); // in the way of the last statement
+        Connection connection{path().toStdString(), Connection::Access::ReadWrite};
+        QVERIFY_EXCEPTION_THROWN(Migrations::apply(connection), SQLite::Exception);
+        QCOMPARE(connection.number("SELECT count(*) FROM sqlite_schema"), 1);
+        QCOMPARE(connection.number("PRAGMA user_version"), 0);
+    }
+
+    void opensAFreshStoreFromManyThreadsAtOnce()
+    {
+        for (int round = 0; round < 10; ++round) {
+            const QString fresh = m_folder->filePath(u"fresh%1.sqlite"_s.arg(round));
+            std::atomic_int opened = 0;
+            std::vector<std::thread> threads;
+            for (int i = 0; i < 4; ++i)
+                threads.emplace_back([&] {
+                    const Store::Opening opening = Store::open(fresh, m_clock);
+                    if (!opening.store) return;
+                    fill(*opening.store);
+                    ++opened;
+                });
+            for (std::thread &each : threads)
+                each.join();
+            QCOMPARE(opened.load(), 4);
+            QCOMPARE(storedTasks(*Store::open(fresh, m_clock).store), 4 * taskCount);
+        }
+    }
+};
 
 ORVANE_TEST(Store_test)
 #include "Store_test.moc"

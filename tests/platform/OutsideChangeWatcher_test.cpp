@@ -35,141 +35,102 @@ struct StoreProcess {
 class OutsideChangeWatcher_test : public QObject {
     Q_OBJECT
 
-    struct Scene;
+    struct Scene {
+        Scene() { QDir{}.mkpath(folders.data); }
+
+        QTemporaryDir folder;
+        DataFolders folders = DataFolders::locate(folder.path());
+        ManualClock clock{"2030-05-01 09:00"};
+        StoreProcess window{folders, clock};
+        StoreProcess command{folders, clock};
+        KWNotificationCenter center;
+        QList<QString> posted;
+        KWNotificationCenter::Observation observation =
+            center.addObserver([this](const KWNotification &each) { posted << each.name; });
+        OutsideChangeWatcher watcher{folders, *window.manager, center, clock};
+    };
     std::unique_ptr<Scene> m_scene;
 
     // The watcher takes what it heard, once it has heard something.
-    void hear();
+    void hear()
+    {
+        QTRY_VERIFY(!m_scene->clock.isIdle());
+        m_scene->clock.advance(OutsideChangeWatcher::gathering);
+    }
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { m_scene = std::make_unique<Scene>(); }
+    void cleanup() { m_scene.reset(); }
 
-    void showsWhatAnotherProcessSaved();
-    void hearsAgainAndAgain();
-    void takesChangesTogether();
-    void hearsThoughTheFileIsRemoved();
-    void ignoresAStampItKnows();
-    void startsWithWhatWasWritten();
-    void logsWhatCannotBeWatched();
-    void saysWhatCannotBeAnnounced();
-};
+    void showsWhatAnotherProcessSaved()
+    {
+        KWTagModel tag;
+        tag.sid = u"tag1"_s;
+        tag.name = tag.label = u"errand"_s;
+        m_scene->command.context().insert<KWTag>(tag);
+        QVERIFY(m_scene->command.context().save());
+        KWTag *shown = m_scene->window.context().find<KWTag>(tag.sid);
+        QVERIFY(shown);
+        m_scene->watcher.start();
 
-struct OutsideChangeWatcher_test::Scene {
-    Scene() { QDir{}.mkpath(folders.data); }
+        m_scene->command.context().find<KWTag>(tag.sid)->set(&KWTagModel::label, u"Errand"_s);
+        QVERIFY(m_scene->command.context().save());
+        QVERIFY(announceOutsideChange(m_scene->folders));
+        QString labelWhenPosted;
+        const auto observation =
+            m_scene->center.addObserver(KWDataDidChangeOutsideMainAppNotification,
+                                        [&](const auto &) { labelWhenPosted = shown->model().label; });
+        hear();
+        QCOMPARE(labelWhenPosted, u"Errand"_s);
+    }
 
-    QTemporaryDir folder;
-    DataFolders folders = DataFolders::locate(folder.path());
-    ManualClock clock{"2030-05-01 09:00"};
-    StoreProcess window{folders, clock};
-    StoreProcess command{folders, clock};
-    KWNotificationCenter center;
-    QList<QString> posted;
-    KWNotificationCenter::Observation observation =
-        center.addObserver([this](const KWNotification &each) { posted << each.name; });
-    OutsideChangeWatcher watcher{folders, *window.manager, center, clock};
-};
+    void hearsChangesTogetherAgainAndAgain()
+    {
+        m_scene->watcher.start();
+        for (int times = 1; times <= 3; ++times) {
+            for (int count = 0; count < 20; ++count)
+                QVERIFY(announceOutsideChange(m_scene->folders));
+            hear();
+            QCOMPARE(m_scene->posted.size(), times);
+        }
+    }
 
-void OutsideChangeWatcher_test::init() { m_scene = std::make_unique<Scene>(); }
-void OutsideChangeWatcher_test::cleanup() { m_scene.reset(); }
-
-void OutsideChangeWatcher_test::hear()
-{
-    QTRY_VERIFY(!m_scene->clock.isIdle());
-    m_scene->clock.advance(OutsideChangeWatcher::gathering);
-}
-
-void OutsideChangeWatcher_test::showsWhatAnotherProcessSaved()
-{
-    KWTagModel tag;
-    tag.sid = u"tag1"_s;
-    tag.name = tag.label = u"errand"_s;
-    m_scene->command.context().insert<KWTag>(tag);
-    QVERIFY(m_scene->command.context().save());
-    KWTag *shown = m_scene->window.context().find<KWTag>(tag.sid);
-    QVERIFY(shown);
-    m_scene->watcher.start();
-
-    m_scene->command.context().find<KWTag>(tag.sid)->set(&KWTagModel::label, u"Errand"_s);
-    QVERIFY(m_scene->command.context().save());
-    QVERIFY(announceOutsideChange(m_scene->folders));
-    QString labelWhenPosted;
-    const auto observation =
-        m_scene->center.addObserver(KWDataDidChangeOutsideMainAppNotification,
-                                    [&](const auto &) { labelWhenPosted = shown->model().label; });
-    hear();
-    QCOMPARE(labelWhenPosted, u"Errand"_s);
-}
-
-void OutsideChangeWatcher_test::hearsAgainAndAgain()
-{
-    m_scene->watcher.start();
-    for (int count = 1; count <= 3; ++count) {
+    void hearsThoughTheFileIsRemoved()
+    {
+        m_scene->watcher.start();
+        QVERIFY(QFile::remove(m_scene->folders.outsideChange()));
+        hear();
+        QCOMPARE(m_scene->posted.size(), 0);
         QVERIFY(announceOutsideChange(m_scene->folders));
         hear();
-        QCOMPARE(m_scene->posted.size(), count);
+        QCOMPARE(m_scene->posted.size(), 1);
     }
-}
 
-void OutsideChangeWatcher_test::takesChangesTogether()
-{
-    m_scene->watcher.start();
-    for (int count = 0; count < 20; ++count)
+    void ignoresAStampItKnows()
+    {
         QVERIFY(announceOutsideChange(m_scene->folders));
-    hear();
-    QCOMPARE(m_scene->posted, QStringList{KWDataDidChangeOutsideMainAppNotification});
-}
+        const QByteArray stamp = lastOutsideChange(m_scene->folders);
+        m_scene->watcher.start();
+        QCOMPARE(lastOutsideChange(m_scene->folders), stamp);
+        QFile file{m_scene->folders.outsideChange()};
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(stamp) == stamp.size());
+        file.close();
+        hear();
+        QCOMPARE(m_scene->posted.size(), 0);
+    }
 
-void OutsideChangeWatcher_test::hearsThoughTheFileIsRemoved()
-{
-    m_scene->watcher.start();
-    QVERIFY(QFile::remove(m_scene->folders.outsideChange()));
-    hear();
-    QCOMPARE(m_scene->posted.size(), 0);
-    QVERIFY(announceOutsideChange(m_scene->folders));
-    hear();
-    QCOMPARE(m_scene->posted.size(), 1);
-}
-
-void OutsideChangeWatcher_test::ignoresAStampItKnows()
-{
-    QVERIFY(announceOutsideChange(m_scene->folders));
-    m_scene->watcher.start();
-    QFile file{m_scene->folders.outsideChange()};
-    const QByteArray stamp = lastOutsideChange(m_scene->folders);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(stamp) == stamp.size());
-    file.close();
-    hear();
-    QCOMPARE(m_scene->posted.size(), 0);
-}
-
-void OutsideChangeWatcher_test::startsWithWhatWasWritten()
-{
-    QVERIFY(announceOutsideChange(m_scene->folders));
-    const QByteArray before = lastOutsideChange(m_scene->folders);
-    m_scene->watcher.start();
-    QCOMPARE(lastOutsideChange(m_scene->folders), before);
-}
-
-void OutsideChangeWatcher_test::logsWhatCannotBeWatched()
-{
-    LogRecorder log;
-    QVERIFY(QDir{}.mkpath(m_scene->folders.outsideChange()));
-    m_scene->watcher.start();
-    QCOMPARE(log.lines(u"store"_s),
-             QStringList{u"Changes from outside are not heard: “%1” cannot be watched."_s.arg(
-                 m_scene->folders.outsideChange())});
-}
-
-void OutsideChangeWatcher_test::saysWhatCannotBeAnnounced()
-{
-    QVERIFY(QDir{}.mkpath(m_scene->folders.outsideChange()));
-    const Result<void> told = announceOutsideChange(m_scene->folders);
-    QVERIFY(!told);
-    QCOMPARE(told.error().sentence,
-             u"The open window could not be told of the change: “%1” cannot be written."_s.arg(
-                 m_scene->folders.outsideChange()));
-}
+    void saysWhatCannotBeWatchedOrAnnounced()
+    {
+        LogRecorder log;
+        const QString file = m_scene->folders.outsideChange();
+        QVERIFY(QDir{}.mkpath(file));
+        m_scene->watcher.start();
+        QCOMPARE(log.lines(u"store"_s),
+                 QStringList{u"Changes from outside are not heard: “%1” cannot be watched."_s.arg(file)});
+        QCOMPARE(announceOutsideChange(m_scene->folders).error().sentence,
+                 u"The open window could not be told of the change: “%1” cannot be written."_s.arg(file));
+    }
+};
 
 ORVANE_TEST(OutsideChangeWatcher_test)
 #include "OutsideChangeWatcher_test.moc"

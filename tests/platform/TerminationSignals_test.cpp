@@ -8,24 +8,17 @@ class TerminationSignals_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void asksToQuitFromTheEventLoop_data()
-    {
-        QTest::addColumn<int>("signal");
-        QTest::newRow("terminate") << SIGTERM;
-        QTest::newRow("interrupt") << SIGINT;
-        QTest::newRow("hang up") << SIGHUP;
-    }
-
     void asksToQuitFromTheEventLoop()
     {
-        QFETCH(int, signal);
-        int asked = 0;
-        const TerminationSignals signals{[&asked] { ++asked; }};
-        std::raise(signal);
-        QCOMPARE(asked, 0);
-        QTRY_COMPARE(asked, 1);
-        std::raise(signal);
-        QTRY_COMPARE(asked, 2);
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+            int asked = 0;
+            const TerminationSignals signals{[&asked] { ++asked; }};
+            std::raise(signal);
+            QCOMPARE(asked, 0);
+            QTRY_COMPARE(asked, 1);
+            std::raise(signal);
+            QTRY_COMPARE(asked, 2);
+        }
     }
 };
 

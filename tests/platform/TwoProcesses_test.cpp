@@ -21,19 +21,12 @@ class TwoProcesses_test : public QObject {
         }
     };
     using Process = std::unique_ptr<QProcess, EndProcess>;
-    enum class Bus { Session, None };
 
     std::optional<QTemporaryDir> m_folder;
 
-    Process start(const QStringList &links = {}, Bus bus = Bus::Session) const
+    Process start(const QStringList &links = {}) const
     {
         Process process{new QProcess};
-        if (bus == Bus::None) {
-            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-            environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s,
-                               u"unix:path="_s + m_folder->path() + u"/no-bus"_s);
-            process->setProcessEnvironment(environment);
-        }
         process->start(QStringLiteral(ORVANE_ONE_START), QStringList{m_folder->path()} + links);
         return process;
     }
@@ -90,17 +83,6 @@ private Q_SLOTS:
         QVERIFY(hasEnded(*killed));
         QVERIFY(QFileInfo::exists(m_folder->path() + u"/lock"_s));
         QCOMPARE(nextLine(*start()), u"first"_s);
-    }
-
-    void withoutABusTheSecondSaysWhy()
-    {
-        const Process first = start({}, Bus::None);
-        QCOMPARE(nextLine(*first), u"first"_s);
-        const Process second = start({}, Bus::None);
-        QVERIFY(hasEnded(*second));
-        QCOMPARE(second->exitCode(), 1);
-        QCOMPARE(QString::fromUtf8(second->readAllStandardError()).section(u'\n', -1),
-                 u"Orvane is already open with this data folder."_s);
     }
 };
 

@@ -21,6 +21,8 @@ public:
 
     /// Closes the store and opens it again from its file, as a new start of the program does.
     void reopen();
+    /// Until then nothing else here may be asked for.
+    void close() { m_kit.reset(); }
 
     /// The id of a new list of that name.
     QString makeList(const QString &name, KWProjectKind kind = KWProjectKindTask);

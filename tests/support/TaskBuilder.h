@@ -34,3 +34,10 @@ inline TaskBuilder aTask(const char *title, const char *zone = "UTC") { return {
 
 /// Runs the block in a background context and saves; a failure ends the program with a message.
 void saved(StoreFixture &store, const std::function<void(ObjectContext &)> &block);
+
+/// Sets one field of a stored record and saves.
+template <class Record, class Value, class Owner>
+void setSaved(StoreFixture &store, const QString &id, Value Owner::*member, std::type_identity_t<Value> value)
+{
+    saved(store, [&](ObjectContext &context) { context.find<Record>(id)->set(member, value); });
+}

@@ -51,15 +51,15 @@ void KWAccountManager::refreshCurrentUser()
     m_settings = m_currentUser ? context.find<KWUserSettings>(m_currentUser->sid) : nullptr;
 }
 
-Result<void> KWAccountManager::openLocalAccount(const QLocale &locale)
+Result<void> KWAccountManager::openLocalAccount(const QLocale &locale, const FirstContent &content)
 {
     const Result<void> saved =
-        KWCoreDataService{m_manager}.sync_save([&locale](ObjectContext &context) -> Result<void> {
+        KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
             const QList<KWUser *> existing =
                 context.fetch<KWUser>({.where = "userServerID = 0 AND isDeleted = 0", .limit = 1});
             KWUser &account = existing.isEmpty() ? makeLocalAccount(context, locale) : *existing.first();
             account.set(&KWUserModel::isSignedIn, true);
-            return {};
+            return existing.isEmpty() && content ? content(account.userID(), context) : Result<void>{};
         });
     if (saved) refreshCurrentUser();
     return saved;
@@ -95,8 +95,7 @@ const KWUserSettingsModel &KWAccountManager::userSettings() const
 QString KWAccountManager::defaultAddtoList() const
 {
     const KWProject *chosen = m_manager.MR_defaultContext().find<KWProject>(userSettings().defaultListID);
-    const bool isUsable = chosen && chosen->isNotDeleted() && !chosen->isClosed() &&
-                          chosen->model().permission == KWProjectPermissionWrite;
+    const bool isUsable = chosen && chosen->isNotDeleted() && !chosen->isClosed() && chosen->isWritable();
     return isUsable ? chosen->sid() : KWProject::inboxIDOfUser(currentUserID());
 }
 

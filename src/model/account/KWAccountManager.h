@@ -8,6 +8,7 @@
 
 #include <QLocale>
 
+#include <functional>
 #include <optional>
 
 class KWUserDefaults;
@@ -29,8 +30,11 @@ public:
     /// Signs the local account in; makes it the first time, with its inbox, and with the first weekday
     /// of `locale`. Posts "KWUserDidSignInNotification".
     Result<void> signInLocally(const QLocale &locale);
-    /// The same, announced to nobody, for commands without a window.
-    Result<void> openLocalAccount(const QLocale &locale);
+    /// What a new account begins with, saved with it or not at all.
+    using FirstContent = std::function<Result<void>(const QString &userID, ObjectContext &context)>;
+    /// The same, announced to nobody, for commands without a window. An account that is made for it has
+    /// `content` from the start; one that exists is left as it is.
+    Result<void> openLocalAccount(const QLocale &locale, const FirstContent &content = {});
     /// Keeps everything stored; posts "KWUserDidSignOutNotification".
     Result<void> signOut();
 

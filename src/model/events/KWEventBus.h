@@ -24,3 +24,8 @@ private:
 };
 
 void eb_postTasksDeleted(KWEventBus &bus, const QStringList &taskIDs);
+void eb_postHabitUpdated(KWEventBus &bus, const QString &habitID);
+void eb_postHabitsInserted(KWEventBus &bus, const QStringList &habitIDs);
+/// `properties` are the names of the fields that changed.
+void eb_postColumnUpdated(KWEventBus &bus, const QString &columnID, const QStringList &properties);
+void eb_postColumnInserted(KWEventBus &bus, const QString &columnID);

@@ -36,6 +36,11 @@ private:
     friend class ObjectContext;
 
     virtual bool hasChanges() const = 0;
+    /// Before a changed or new record is written: the last chance to bring what follows from other fields
+    /// in line with them.
+    virtual void willSave() {}
+    /// Whether the changes are worth a new modification time: not those of what only follows.
+    virtual bool isModified() const { return true; }
     virtual void write(Connection &connection) = 0;
     virtual void didSave() = 0;
     virtual void revert() = 0;

@@ -9,4 +9,13 @@ public:
     bool isCompleted() const { return model().isCompleted(); }
     /// Open or completed, and with it the completion date.
     void updateStatus(KWTaskStatus status);
+    /// As the operation of KWTask; for an item that is all-day or belongs to a floating task. Ask it before
+    /// its task, which says in which zone both were set.
+    bool adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &lastLocalZone);
+
+private:
+    void willSave() override;
+    bool isModified() const override;
+
+    bool m_keepsAlert = false; // its alert was adapted with its date
 };

@@ -14,6 +14,7 @@ struct KWChecklistItemModel : KWSynchronizableFields {
     std::optional<Instant> startDate;
     bool isAllDay = false;
     std::optional<Instant> snoozedRemindDate;
+    std::optional<Instant> remindTime; ///< as of a task
     std::optional<Instant> completionDate;
 
     bool isCompleted() const { return status == KWTaskStatusCompleted; }
@@ -27,4 +28,5 @@ inline constexpr auto recordFields<KWChecklistItemModel> = synchronized(
     field("status", &KWChecklistItemModel::status), field("startDate", &KWChecklistItemModel::startDate),
     field("isAllDay", &KWChecklistItemModel::isAllDay),
     field("snoozedRemindDate", &KWChecklistItemModel::snoozedRemindDate),
-    field("completionDate", &KWChecklistItemModel::completionDate));
+    field("completionDate", &KWChecklistItemModel::completionDate),
+    field("remindTime", &KWChecklistItemModel::remindTime, Change::None));

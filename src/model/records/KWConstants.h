@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -18,6 +19,10 @@ inline constexpr auto textValues = nullptr;
 
 template <class Enum>
 concept TextConstant = !std::is_same_v<std::remove_cv_t<decltype(textValues<Enum>)>, std::nullptr_t>;
+
+/// A value kept as a number: an integer, or an enumeration without stored texts.
+template <class Value>
+concept StoredNumber = std::integral<Value> ||(std::is_enum_v<Value> && !TextConstant<Value>);
 
 template <TextConstant Enum>
 QLatin1StringView textOf(Enum value)
@@ -119,6 +124,31 @@ inline constexpr auto textValues<KWTaskSortType> = std::to_array<TextValues<KWTa
     {KWTaskSortTypeCompletionDate, QLatin1StringView{"completionDate"}},
     {KWTaskSortTypePinnedDate, QLatin1StringView{"pinnedDate"}},
 });
+
+/// Whether the sidebar shows a smart list.
+enum KWSmartProjectVisibility {
+    KWSmartProjectVisibilityShown,
+    KWSmartProjectVisibilityShownIfNotEmpty,
+    KWSmartProjectVisibilityHidden
+};
+template <>
+inline constexpr auto
+    textValues<KWSmartProjectVisibility> = std::to_array<TextValues<KWSmartProjectVisibility>>({
+        {KWSmartProjectVisibilityShown, QLatin1StringView{"shown"}},
+        {KWSmartProjectVisibilityShownIfNotEmpty, QLatin1StringView{"ifNotEmpty"}},
+        {KWSmartProjectVisibilityHidden, QLatin1StringView{"hidden"}},
+    });
+
+enum KWHabitCheckinStatus : std::int16_t {
+    KWHabitCheckinStatusNotDone = 0,
+    KWHabitCheckinStatusUnAchieved = 1, ///< said by the person not to have been done
+    KWHabitCheckinStatusDone = 2
+};
+
+enum KWFocusType : std::int16_t { KWFocusTypePomo = 0, KWFocusTypeStopwatch = 1 };
+enum KWPomoStatus : std::int16_t { KWPomoStatusAbandoned = 0, KWPomoStatusCompleted = 1 };
+
+enum KWRepeatInstanceType : std::int16_t { KWRepeatInstanceTypeTask = 0, KWRepeatInstanceTypeEvent = 1 };
 
 /// `KWProject::groupID` of a list in no folder.
 inline const QString KWProjectGroupIDUngrouped = QStringLiteral("none");

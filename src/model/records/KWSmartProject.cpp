@@ -1,10 +1,47 @@
 #include "model/records/KWSmartProject.h"
 
+#include "model/records/KWSmartProjectSetting.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/ObjectContext.h"
 
 #include <array>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// As the list comes.
+KWSmartProjectSettingModel initialSetting(const QString &identifier)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(identifier);
+    KWSmartProjectSettingModel setting;
+    setting.smartProjectID = identifier;
+    if (!smart) return setting;
+    if (smart->isCompleted() || smart->isAbandoned()) setting.sortType = KWTaskSortTypeCompletionDate;
+    if (smart->isTrash()) setting.sortType = KWTaskSortTypeModifiedTime;
+    setting.visibility = smart->defaultVisibility();
+    return setting;
+}
+
+KWSmartProjectSetting *storedSetting(const QString &identifier, const QString &userID, ObjectContext &context)
+{
+    for (KWSmartProjectSetting *each : context.inserted<KWSmartProjectSetting>())
+        if ((*each)->smartProjectID == identifier && (*each)->userID == userID) return each;
+    const auto found = context.fetch<KWSmartProjectSetting>(
+        {.where = "userID = ? AND smartProjectID = ?", .values = {userID, identifier}});
+    return found.isEmpty() ? nullptr : found.first();
+}
+
+KWSmartProjectSetting &settingToChange(const QString &identifier, const QString &userID,
+                                       ObjectContext &context)
+{
+    if (KWSmartProjectSetting *existing = storedSetting(identifier, userID, context)) return *existing;
+    KWSmartProjectSettingModel setting = initialSetting(identifier);
+    setting.userID = userID;
+    return context.insert<KWSmartProjectSetting>(std::move(setting));
+}
+
+} // namespace
 
 KWSmartProject::KWSmartProject(QString identifier, const char *nameKey)
     : m_identifier(std::move(identifier)), m_nameKey(nameKey)
@@ -52,6 +89,44 @@ const KWSmartProject *KWSmartProject::withIdentifier(const QString &identifier)
     return nullptr;
 }
 
+bool KWSmartProject::isListOfTasks() const
+{
+    return isAll() || isToday() || isTomorrow() || isNext7Days() || isAssigneedToMe() || isCompleted() ||
+           isAbandoned() || isTrash();
+}
+
+KWSmartProjectVisibility KWSmartProject::defaultVisibility() const
+{
+    const bool isShown =
+        isToday() || isTomorrow() || isNext7Days() || isCompleted() || this == &tag() || this == &filter();
+    return isShown ? KWSmartProjectVisibilityShown : KWSmartProjectVisibilityHidden;
+}
+
+QSet<QString> KWSmartProject::hiddenByDefault()
+{
+    QSet<QString> hidden;
+    for (const KWSmartProject *each : configurable())
+        if (each->defaultVisibility() == KWSmartProjectVisibilityHidden) hidden.insert(each->identifier());
+    return hidden;
+}
+
+KWSmartProjectVisibility KWSmartProject::visibilityOfUser(const QString &userID, ObjectContext &context) const
+{
+    return visibilities(userID, context).value(m_identifier, defaultVisibility());
+}
+
+QHash<QString, KWSmartProjectVisibility> KWSmartProject::visibilities(const QString &userID,
+                                                                      ObjectContext &context)
+{
+    QHash<QString, KWSmartProjectVisibility> visibilities;
+    for (const KWSmartProject *each : configurable())
+        visibilities.insert(each->identifier(), each->defaultVisibility());
+    for (const KWSmartProjectSettingModel &each :
+         context.models<KWSmartProjectSetting>({.where = "userID = ? AND isDeleted = 0", .values = {userID}}))
+        visibilities.insert(each.smartProjectID, each.visibility);
+    return visibilities;
+}
+
 bool KWSmartProject::isCompletedSmartProjectID(const QString &identifier)
 {
     return identifier == completed().identifier();
@@ -61,4 +136,23 @@ bool KWSmartProject::isDateSensetiveSmartProjectID(const QString &identifier)
 {
     return identifier == today().identifier() || identifier == tomorrow().identifier() ||
            identifier == next7days().identifier();
+}
+
+KWTaskSortType KWSmartProject::sortTypeWithSmartProjectID(const QString &identifier, const QString &userID,
+                                                          ObjectContext &context)
+{
+    const KWSmartProjectSetting *existing = storedSetting(identifier, userID, context);
+    return existing ? (*existing)->sortType : initialSetting(identifier).sortType;
+}
+
+void KWSmartProject::updateSortType(KWTaskSortType sortType, const QString &ofSmartProject,
+                                    const QString &userID, ObjectContext &context)
+{
+    settingToChange(ofSmartProject, userID, context).set(&KWSmartProjectSettingModel::sortType, sortType);
+}
+
+void KWSmartProject::updateVisibility(KWSmartProjectVisibility visibility, const QString &ofSmartProject,
+                                      const QString &userID, ObjectContext &context)
+{
+    settingToChange(ofSmartProject, userID, context).set(&KWSmartProjectSettingModel::visibility, visibility);
 }

@@ -1,8 +1,14 @@
 #pragma once
 
+#include "model/records/KWConstants.h"
+
+#include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <span>
+
+class ObjectContext;
 
 /// A built-in list. There is one instance per kind; `all()` to `summary()` stand in this order in the
 /// smart-list settings, followed by the visibility entries of the Tags and Filters sections.
@@ -35,6 +41,15 @@ public:
     /// Whether the content of the list depends on the current date.
     static bool isDateSensetiveSmartProjectID(const QString &identifier);
 
+    /// How the account sorts the list; as the list comes when nothing was chosen. AccountSettings changes
+    /// this and the visibility in a save of its own, and announces it.
+    static KWTaskSortType sortTypeWithSmartProjectID(const QString &identifier, const QString &userID,
+                                                     ObjectContext &context);
+    static void updateSortType(KWTaskSortType sortType, const QString &ofSmartProject, const QString &userID,
+                               ObjectContext &context);
+    static void updateVisibility(KWSmartProjectVisibility visibility, const QString &ofSmartProject,
+                                 const QString &userID, ObjectContext &context);
+
     const QString &identifier() const { return m_identifier; }
     QString displayName() const;
 
@@ -48,6 +63,17 @@ public:
     bool isTrash() const { return this == &trash(); }
     bool isSummary() const { return this == &summary(); }
     bool isInbox() const { return this == &inbox(); }
+    /// Whether its rows are tasks, unlike the summary and the headers of sections.
+    bool isListOfTasks() const;
+    /// Whether the sidebar shows it as long as nobody has chosen.
+    KWSmartProjectVisibility defaultVisibility() const;
+    /// The identifiers of those that it does not show then.
+    static QSet<QString> hiddenByDefault();
+    /// Whether the user wants it in the sidebar.
+    KWSmartProjectVisibility visibilityOfUser(const QString &userID, ObjectContext &context) const;
+    /// The same for every one that has a setting, by identifier.
+    static QHash<QString, KWSmartProjectVisibility> visibilities(const QString &userID,
+                                                                 ObjectContext &context);
 
     KWSmartProject(const KWSmartProject &) = delete;
     KWSmartProject &operator=(const KWSmartProject &) = delete;

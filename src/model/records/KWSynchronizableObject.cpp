@@ -14,6 +14,13 @@ void KWSynchronizableObject::markDelete()
     fields.syncStatus = KWSyncStatusDeleted;
 }
 
+void KWSynchronizableObject::unmarkDelete()
+{
+    KWSynchronizableFields &fields = editSynchronizable();
+    fields.isDeleted = false;
+    fields.syncStatus = fields.etag.isEmpty() ? KWSyncStatusCreated : KWSyncStatusUpdated;
+}
+
 void KWSynchronizableObject::markDone()
 {
     KWSynchronizableFields &fields = editSynchronizable();

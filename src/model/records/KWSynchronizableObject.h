@@ -14,6 +14,8 @@ public:
     void markUpdateForContentUpdate() { mark(Change::Content); }
     void markUpdateForOrderUpdate() { mark(Change::Order); }
     void markDelete();
+    /// Takes markDelete() back.
+    void unmarkDelete();
     /// The service has what we have.
     void markDone();
 

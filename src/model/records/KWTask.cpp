@@ -1,7 +1,37 @@
 #include "model/records/KWTask.h"
 
+#include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWColumn.h"
+#include "model/records/KWFocusSummary.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWTaskItemTree.h"
+#include "model/records/NextAlert.h"
+#include "model/records/ZoneMove.h"
+#include "model/store/FindAll.h"
+
+#include <algorithm>
+
+namespace {
+
+template <class Record>
+void deleteForever(Record &record)
+{
+    if (record->syncStatus == KWSyncStatusCreated)
+        record.context().remove(record);
+    else
+        record.markDelete();
+}
+
+template <class Record>
+void deleteAllOfTasks(const QStringList &taskIDs, ObjectContext &context)
+{
+    for (Record *each : context.fetch<Record>(
+             {.where = "taskID IN (SELECT value FROM json_each(?))", .values = {idList(taskIDs)}}))
+        deleteForever(*each);
+}
+
+} // namespace
 
 void KWTask::updateStatus(KWTaskStatus status)
 {
@@ -23,8 +53,106 @@ bool KWTask::isOverdue() const
 
 KWProject *KWTask::project() const { return context().find<KWProject>(model().projectID); }
 
+KWColumn *KWTask::column() const
+{
+    KWColumn *column = model().columnID.isEmpty() ? nullptr : context().find<KWColumn>(model().columnID);
+    return column && column->isNotDeleted() ? column : nullptr;
+}
+
+QList<KWAttachment *> KWTask::attachments() const
+{
+    return context().fetch<KWAttachment>(
+        {.where = "taskID = ? AND isDeleted = 0", .values = {sid()}, .orderBy = "id"});
+}
+
+QList<KWFocusSummary *> KWTask::focusSummaries() const
+{
+    return context().fetch<KWFocusSummary>(
+        {.where = "taskID = ? AND isDeleted = 0", .values = {sid()}, .orderBy = "id"});
+}
+
 QList<KWChecklistItem *> KWTask::orderedChecklistItems() const
 {
     return context().fetch<KWChecklistItem>(
         {.where = "taskID = ? AND isDeleted = 0", .values = {sid()}, .orderBy = "sortOrder, sid"});
+}
+
+QList<KWTask *> KWTask::children(KWTask &parent, ObjectContext &context)
+{
+    QList<KWTask *> below = KWTaskItemTree::plant(parent, context).descendants();
+    below.removeIf([&parent](const KWTask *each) { return (*each)->parentId != parent.sid(); });
+    return below;
+}
+
+QList<KWTask *> KWTask::descendantTasks(KWTask &task, Closed closed, ObjectContext &context)
+{
+    QList<KWTask *> below = KWTaskItemTree::plant(task, context).descendants();
+    if (closed == Closed::LeaveOut)
+        below.removeIf([](const KWTask *each) { return (*each)->status != KWTaskStatusOpen; });
+    return below;
+}
+
+void KWTask::deleteTaskAndDescendantsForever(const QList<KWTask *> &tasks, ObjectContext &context)
+{
+    const KWTaskItemForest forest = KWTaskItemForest::plant(tasks, context);
+    for (KWTask *each : forest.rootTasks())
+        each->detachFromParent();
+    QStringList ids;
+    for (const KWTask *each : forest.flatTasks())
+        ids.append(each->sid());
+    deleteAllOfTasks<KWChecklistItem>(ids, context);
+    deleteAllOfTasks<KWAttachment>(ids, context);
+    for (KWTask *each : forest.flatTasks())
+        deleteForever(*each);
+}
+
+bool KWTask::adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &lastLocalZone)
+{
+    const KWTaskModel &task = model();
+    if (!task.startDate || !(task.isAllDay || task.isFloating)) return false;
+    const CXTimeZone local = context().clock().zone();
+    const CXTimeZone designated = CXTimeZone::named(task.timeZone).value_or(lastLocalZone);
+    const CXTimeZone from =
+        task.isAllDay ? ZoneMove::zoneOfDay(*task.startDate, {designated, lastLocalZone, local}) : designated;
+    const ZoneMove move{from, local};
+    const auto moved = [&](Instant date) { return task.isAllDay ? move.day(date) : move.time(date); };
+
+    KWTaskModel adapted = task;
+    adapted.startDate = moved(*task.startDate);
+    if (task.endDate)
+        adapted.endDate =
+            task.isAllDay ? move.endOfDays(*task.endDate, *task.startDate) : move.time(*task.endDate);
+    std::ranges::transform(task.exDates, adapted.exDates.begin(), moved);
+    if (adapted == task) return false;
+    adapted.timeZone = local.identifier();
+    // Moved and not worked out anew: an alert that was shown does not come again at the same time of day.
+    if (task.remindTime && task.remindTime != task.snoozedRemindDate)
+        adapted.remindTime = move.time(*task.remindTime);
+    m_keepsAlert = true;
+    assign(adapted);
+    return true;
+}
+
+void KWTask::willSave()
+{
+    if (std::exchange(m_keepsAlert, false) || !needsNewAlert(storedVersion(), model())) return;
+    set(&KWTaskModel::remindTime, nextAlert(model(), context().clock().now(), context().clock().zone()));
+}
+
+bool KWTask::isModified() const { return !differsInAlertAlone(storedVersion(), model()); }
+
+void KWTask::trashTaskAndDescendants(const QList<KWTask *> &tasks, ObjectContext &context)
+{
+    for (KWTask *each : KWTaskItemForest::plant(tasks, context).flatTasks())
+        each->set(&KWTaskModel::isTrashed, true);
+}
+
+void KWTask::detachFromParent()
+{
+    if (!hasParent()) return;
+    if (KWTask *parent = context().find<KWTask>(model().parentId)) {
+        QStringList childIds = (*parent)->childIds;
+        if (childIds.removeAll(sid()) > 0) parent->set(&KWTaskModel::childIds, childIds);
+    }
+    set(&KWTaskModel::parentId, QString{});
 }

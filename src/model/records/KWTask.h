@@ -3,7 +3,10 @@
 #include "model/records/KWTaskModel.h"
 #include "model/records/ManagedRecord.h"
 
+class KWAttachment;
 class KWChecklistItem;
+class KWColumn;
+class KWFocusSummary;
 class KWProject;
 
 /// A task in a context.
@@ -29,6 +32,38 @@ public:
 
     /// The owning list, or none when it is gone.
     KWProject *project() const;
+    /// The column it stands in on the board of its list; none when it is in none, or that is gone.
+    KWColumn *column() const;
+    /// What belongs to it and is not deleted, the oldest first.
+    QList<KWAttachment *> attachments() const;
+    QList<KWFocusSummary *> focusSummaries() const;
     /// The items not deleted, in their manual order.
     QList<KWChecklistItem *> orderedChecklistItems() const;
+
+    /// The tasks right below it, in its order (see KWTaskItemTree).
+    static QList<KWTask *> children(KWTask &parent, ObjectContext &context);
+    enum class Closed { Include, LeaveOut };
+    /// All tasks below it, parents before their children.
+    static QList<KWTask *> descendantTasks(KWTask &task, Closed closed, ObjectContext &context);
+    /// Deletes the tasks and all that is below them, with their checklists and attachments, beyond
+    /// recall: what the service never knew leaves the store, the rest as soon as it was told.
+    static void deleteTaskAndDescendantsForever(const QList<KWTask *> &tasks, ObjectContext &context);
+
+    /// Gives the dates of an all-day or floating task their days and times of day on the wall clock of the
+    /// zone now in force, read in the zone in which they were set; of a task that names none, that is
+    /// `lastLocalZone`. The dates of the service stay. Answers whether anything changed.
+    bool adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &lastLocalZone);
+
+    /// Puts the tasks and all that is below them into the trash. They keep their list, and their place
+    /// below their parents.
+    static void trashTaskAndDescendants(const QList<KWTask *> &tasks, ObjectContext &context);
+
+    /// Takes it out of its parent; the parent no longer lists it.
+    void detachFromParent();
+
+private:
+    void willSave() override;
+    bool isModified() const override;
+
+    bool m_keepsAlert = false; // its alert was adapted with its dates
 };

@@ -33,8 +33,8 @@ struct KWTaskModel : KWSynchronizableFields {
     QString repeatRule; ///< RFC 5545 section 3.3.10; empty: does not repeat
     CXRecurrenceFrom repeatFrom = CXRecurrenceFromDefault;
     QList<Instant> exDates;
-    QStringList reminders; ///< alarm triggers, RFC 5545 section 3.8.6.3
-    std::optional<Instant> remindTime;
+    QStringList reminders;             ///< alarm triggers, RFC 5545 section 3.8.6.3
+    std::optional<Instant> remindTime; ///< the next alert, worked out whenever what it depends on is saved
     std::optional<Instant> snoozedRemindDate;
     std::optional<Instant> completionDate;
     std::int64_t assignee = KWTaskAssignedToNobody;
@@ -42,6 +42,7 @@ struct KWTaskModel : KWSynchronizableFields {
     int estimatedPomo = 0;
     std::int64_t estimatedDuration = 0; ///< seconds
     bool isTrashed = false;
+    QString repeatTaskID; ///< of a completed occurrence: the repeating task it was copied from
 
     /// The text shown below the title, wherever a task of this kind keeps it.
     const QString &description() const { return kind == KWTaskKindChecklist ? desc : content; }
@@ -65,8 +66,9 @@ inline constexpr auto recordFields<KWTaskModel> = synchronized(
     field("timeZone", &KWTaskModel::timeZone), field("isFloating", &KWTaskModel::isFloating),
     field("repeatRule", &KWTaskModel::repeatRule), field("repeatFrom", &KWTaskModel::repeatFrom),
     field("exDates", &KWTaskModel::exDates), field("reminders", &KWTaskModel::reminders),
-    field("remindTime", &KWTaskModel::remindTime),
+    field("remindTime", &KWTaskModel::remindTime, Change::None),
     field("snoozedRemindDate", &KWTaskModel::snoozedRemindDate),
     field("completionDate", &KWTaskModel::completionDate), field("assignee", &KWTaskModel::assignee),
     field("pinnedDate", &KWTaskModel::pinnedDate), field("estimatedPomo", &KWTaskModel::estimatedPomo),
-    field("estimatedDuration", &KWTaskModel::estimatedDuration), field("isTrashed", &KWTaskModel::isTrashed));
+    field("estimatedDuration", &KWTaskModel::estimatedDuration), field("isTrashed", &KWTaskModel::isTrashed),
+    field("repeatTaskID", &KWTaskModel::repeatTaskID, Json{"repeatTaskId"}));

@@ -20,6 +20,12 @@ public:
 
     const Twin *operator->() const { return &m_current; }
     const Twin &model() const { return m_current; }
+    /// What the store holds, as far as this context knows; nothing for a record that is not stored yet.
+    std::optional<Twin> storedVersion() const
+    {
+        if (isInserted()) return std::nullopt;
+        return m_stored ? *m_stored : m_current;
+    }
 
     /// Sets one field; setting the value it has changes nothing.
     template <class Value, std::derived_from<KWSynchronizableFields> Owner>

@@ -4,7 +4,7 @@
 
 /// Where the program keeps its files.
 struct DataFolders {
-    QString data;   ///< the store, its lock and the log
+    QString data;   ///< the store, its backups, its lock and the log
     QString config; ///< the preferences
 
     /// `home`, when given, holds everything; else ORVANE_HOME does; else the XDG data and config folders
@@ -16,6 +16,10 @@ struct DataFolders {
     QString store() const { return data + QStringLiteral("/store.sqlite"); }
     QString lock() const { return data + QStringLiteral("/lock"); }
     QString log() const { return data + QStringLiteral("/log"); }
+    /// One copy of the store a day.
+    QString backups() const { return data + QStringLiteral("/backups"); }
+    /// Stands there while the client runs.
+    QString runMarker() const { return data + QStringLiteral("/running"); }
     /// Written by a process that has changed the store beside the one that holds the lock.
     QString outsideChange() const { return data + QStringLiteral("/outside-change"); }
 };

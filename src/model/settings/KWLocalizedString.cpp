@@ -15,8 +15,8 @@ constexpr std::pair<std::string_view, const char *> englishTexts[] = {
     {"priority_None", "None"},
     {"Crash Protection Title", "Orvane closed unexpectedly several times"},
     {"Crash Protection Message",
-     "The last starts each ended within five seconds. Your tasks are safe in the data folder. "
-     "You can start normally, or quit and look at the log there first."},
+     "The last starts each ended within five seconds. Your tasks are safe in the data folder. You can start "
+     "once more, go back to a backup, or set everything aside and start empty."},
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "model/settings/KWSmartRecognitionConfiguration.h"
 
+#include "model/events/KWNotificationCenter.h"
+#include "model/events/NotificationNames.h"
 #include "model/settings/KWUserDefaults.h"
 
 KWSmartRecognitionConfiguration KWSmartRecognitionConfiguration::ofUser(const QString &userID,
@@ -11,7 +13,7 @@ KWSmartRecognitionConfiguration KWSmartRecognitionConfiguration::ofUser(const QS
         carried.dateEnabled = defaults.valueOr(Settings::olderDateParsing, fresh.dateEnabled);
         carried.removesDate = defaults.valueOr(Settings::olderDateParsingType, fresh.removesDate);
         carried.removesTag = defaults.valueOr(Settings::olderTagParsingType, fresh.removesTag);
-        carried.save(userID, defaults);
+        carried.write(userID, defaults);
         return carried;
     }
     return {.dateEnabled = defaults.value(Settings::recognitionEnablesDate, userID),
@@ -19,7 +21,14 @@ KWSmartRecognitionConfiguration KWSmartRecognitionConfiguration::ofUser(const QS
             .removesTag = defaults.value(Settings::recognitionRemovesTag, userID)};
 }
 
-void KWSmartRecognitionConfiguration::save(const QString &userID, KWUserDefaults &defaults) const
+void KWSmartRecognitionConfiguration::save(const QString &userID, KWUserDefaults &defaults,
+                                           KWNotificationCenter &center) const
+{
+    write(userID, defaults);
+    center.post(KWSmartRecognitionConfigurationDidChangeNotification);
+}
+
+void KWSmartRecognitionConfiguration::write(const QString &userID, KWUserDefaults &defaults) const
 {
     defaults.set(Settings::recognitionEnablesDate, dateEnabled, userID);
     defaults.set(Settings::recognitionRemovesDate, removesDate, userID);

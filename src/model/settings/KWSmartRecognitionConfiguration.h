@@ -1,5 +1,6 @@
 #pragma once
 
+class KWNotificationCenter;
 class KWUserDefaults;
 class QString;
 
@@ -11,7 +12,11 @@ struct KWSmartRecognitionConfiguration {
 
     /// The user's configuration. The first time, older preference keys are carried over into it.
     static KWSmartRecognitionConfiguration ofUser(const QString &userID, KWUserDefaults &defaults);
-    void save(const QString &userID, KWUserDefaults &defaults) const;
+    /// Posts "KWSmartRecognitionConfigurationDidChangeNotification".
+    void save(const QString &userID, KWUserDefaults &defaults, KWNotificationCenter &center) const;
 
     bool operator==(const KWSmartRecognitionConfiguration &) const = default;
+
+private:
+    void write(const QString &userID, KWUserDefaults &defaults) const;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "corvexkit/Result.h"
 #include "corvexkit/alarm/CXAlarmTrigger.h"
 #include "model/records/KWConstants.h"
 
@@ -7,6 +8,8 @@
 #include <optional>
 #include <set>
 
+class KWCoreDataManager;
+class KWNotificationCenter;
 class KWUserDefaults;
 struct KWUserSettingsModel;
 
@@ -26,4 +29,8 @@ class KWTaskDefaultConfigurationManager {
 public:
     static KWTaskDefaultConfiguration current(const KWUserDefaults &defaults,
                                               const KWUserSettingsModel &settings);
+    /// Posts "KWTaskDefaultConfigurationChangedNotification". When the reminders cannot be saved, nothing is.
+    static Result<void> save(const KWTaskDefaultConfiguration &configuration, const QString &userID,
+                             KWCoreDataManager &manager, KWUserDefaults &defaults,
+                             KWNotificationCenter &center);
 };

@@ -40,13 +40,29 @@ inline constexpr Setting<bool> olderDateParsing{"KWSmartDateParsingKey", Default
 inline constexpr Setting<bool> olderDateParsingType{"KWSmartDateParsingTypeKey", DefaultsScope::Standard,
                                                     true};
 inline constexpr Setting<bool> olderTagParsingType{"KWTagParsingTypeKey", DefaultsScope::Standard, true};
-inline constexpr Setting<bool> didShowDateParsingTips{"didShowDateParsingTips", DefaultsScope::Standard,
-                                                      false};
 
 inline constexpr Setting<int> newTaskPriority{"new_task_priority", DefaultsScope::Standard, 0};
 /// Days from today; below zero: no date.
 inline constexpr Setting<int> newTaskDateOffset{"new_task_date_offset", DefaultsScope::Standard, -1};
+/// "top" or "bottom" of the list.
+inline const Setting<QString> newTaskPosition{"new_task_position", DefaultsScope::Standard,
+                                              QStringLiteral("top")};
 
+inline constexpr Setting<bool> notificationsEnabled{"user_notifications_enabled", DefaultsScope::Standard,
+                                                    true};
+inline constexpr Setting<bool> notificationSound{"user_notifications_sound", DefaultsScope::Standard, true};
+
+/// What the badge on the application's icon counts: the number of a KWBadgeType.
+inline constexpr Setting<int> badgeTypeShownInDock{"badgeTypeShownInDock", DefaultsScope::Standard, 2};
+
+/// Of a slot: the keys of a command of the main menu, as portable text; empty for none.
+inline const Setting<QString> keyboardShortcut{"keyboard_shortcut_", DefaultsScope::Standard, {}};
+
+/// The backup that takes the place of the store at the next start.
+inline const Setting<QString> restoreAtStart{"restore_at_start", DefaultsScope::Standard, {}};
+
+/// "system", "24" or "12".
+inline const Setting<QString> clockFormat{"clock_format", DefaultsScope::Standard, QStringLiteral("system")};
 /// "system", "light" or "dark".
 inline const Setting<QString> theme{"theme", DefaultsScope::Standard, QStringLiteral("system")};
 inline const Setting<QByteArray> mainWindowGeometry{"main_window_geometry", DefaultsScope::Standard, {}};

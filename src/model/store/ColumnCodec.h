@@ -22,10 +22,8 @@ inline void bind(SQLite::Statement &statement, int index, const QString &value)
     statement.bind(index, value.toStdString());
 }
 
-template <class Number>
-requires std::integral<Number> ||
-    (std::is_enum_v<Number> && !TextConstant<Number>)void bind(SQLite::Statement &statement, int index,
-                                                               Number value)
+template <StoredNumber Number>
+void bind(SQLite::Statement &statement, int index, Number value)
 {
     statement.bind(index, std::int64_t(value));
 }
@@ -35,6 +33,8 @@ void bind(SQLite::Statement &statement, int index, Enum value)
 {
     statement.bind(index, textOf(value).data());
 }
+
+inline void bind(SQLite::Statement &statement, int index, double value) { statement.bind(index, value); }
 
 inline void bind(SQLite::Statement &statement, int index, Instant value)
 {
@@ -73,9 +73,8 @@ inline void read(const SQLite::Column &column, QString &value)
     value = QString::fromUtf8(column.getText(), column.getBytes());
 }
 
-template <class Number>
-requires std::integral<Number> ||
-    (std::is_enum_v<Number> && !TextConstant<Number>)void read(const SQLite::Column &column, Number &value)
+template <StoredNumber Number>
+void read(const SQLite::Column &column, Number &value)
 {
     value = Number(column.getInt64());
 }
@@ -85,6 +84,8 @@ void read(const SQLite::Column &column, Enum &value)
 {
     value = valueOf<Enum>(QString::fromUtf8(column.getText(), column.getBytes())).value_or(value);
 }
+
+inline void read(const SQLite::Column &column, double &value) { value = column.getDouble(); }
 
 inline void read(const SQLite::Column &column, Instant &value)
 {

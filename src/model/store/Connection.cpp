@@ -1,5 +1,7 @@
 #include "model/store/Connection.h"
 
+#include "model/store/SearchTokenizer.h"
+
 #include <sqlite3.h>
 
 namespace {
@@ -17,6 +19,7 @@ int flagsFor(Connection::Access access)
 Connection::Connection(const std::string &path, Access access)
     : m_database(path, flagsFor(access) | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds)
 {
+    registerSearchTokenizer(m_database.getHandle());
 }
 
 Connection::Prepared::~Prepared()

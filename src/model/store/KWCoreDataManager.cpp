@@ -71,9 +71,20 @@ Result<void> KWCoreDataService::sync_perform(const Block &block)
 
 void KWCoreDataService::async_perform(Block block, std::function<void(Result<void>)> completion)
 {
+    runInBackground(&KWCoreDataService::sync_perform, std::move(block), std::move(completion));
+}
+
+void KWCoreDataService::async_save(Block block, std::function<void(Result<void>)> completion)
+{
+    runInBackground(&KWCoreDataService::sync_save, std::move(block), std::move(completion));
+}
+
+void KWCoreDataService::runInBackground(Run run, Block block, std::function<void(Result<void>)> completion)
+{
     KWCoreDataManager &manager = m_manager;
-    manager.threadPool().start([&manager, block = std::move(block), completion = std::move(completion)] {
-        const Result<void> done = KWCoreDataService{manager}.sync_perform(block);
+    manager.threadPool().start([&manager, run, block = std::move(block), completion = std::move(completion)] {
+        KWCoreDataService service{manager};
+        const Result<void> done = (service.*run)(block);
         QMetaObject::invokeMethod(
             manager.m_mainThread.get(), [completion, done] { completion(done); }, Qt::QueuedConnection);
     });

@@ -19,6 +19,7 @@ public:
 
     ObjectContext &MR_defaultContext() { return *m_mainContext; }
     Store &store() { return m_store; }
+    KWEventBus &bus() { return m_bus; }
 
     /// Reads again what another process has written.
     void refreshAll() { m_mainContext->refreshAll(); }
@@ -56,7 +57,12 @@ public:
     /// Runs the block on a thread of its own and then `completion` on the main thread; neither when the
     /// manager goes first.
     void async_perform(Block block, std::function<void(Result<void>)> completion);
+    /// The same, and saves as sync_save() does: the change is announced before `completion` is called.
+    void async_save(Block block, std::function<void(Result<void>)> completion);
 
 private:
+    using Run = Result<void> (KWCoreDataService::*)(const Block &);
+    void runInBackground(Run run, Block block, std::function<void(Result<void>)> completion);
+
     KWCoreDataManager &m_manager;
 };

@@ -3,25 +3,11 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "model/store/FindAll.h"
+#include "model/store/ListQuery.h"
 #include "model/store/StoreFailure.h"
 
 namespace {
-
-constexpr const char *isOpen = "t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0";
-constexpr const char *isClosed = "t.status <> 0 AND t.isDeleted = 0 AND t.isTrashed = 0";
-constexpr const char *tasksByList = "tasks t INDEXED BY openTasksByList";
-constexpr const char *tasksByDate = "tasks t INDEXED BY openTasksByDate";
-constexpr const char *closedTasks = "tasks t INDEXED BY closedTasksByCompletion";
-constexpr const char *anyTasks = "tasks t";
-
-constexpr const char *inSmartLists = " AND +t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND "
-                                     "isDeleted = 0 AND closed = 0 AND showsInSmartList = 1)";
-constexpr const char *inOpenLists =
-    " AND +t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0)";
-
-constexpr const char *byDate = "t.startDate IS NULL, t.startDate, t.priority DESC, t.sortOrder, t.id";
-constexpr const char *byManualOrder = "t.sortOrder, t.id";
-constexpr const char *latestCompletedFirst = "t.completionDate DESC, t.id DESC";
 
 constexpr const char *rowColumns =
     "t.sid, t.title, t.kind, t.status, t.priority, t.isAllDay, t.repeatRule <> '', t.sortOrder, t.projectID,"
@@ -52,92 +38,82 @@ KWTaskListItemModel readRow(SQLite::Statement &statement)
     return row;
 }
 
-std::int64_t milliseconds(Instant instant) { return instant.time_since_epoch().count(); }
+QList<KWTaskListItemModel> readRows(SQLite::Statement &statement)
+{
+    QList<KWTaskListItemModel> rows;
+    while (statement.executeStep())
+        rows.append(readRow(statement));
+    return rows;
+}
+
+// Throws SQLite::Exception.
+QList<KWTaskListItemModel> rowsOf(const ListQuery &query, std::int64_t limit, Connection &connection)
+{
+    // Chosen and put in order first, so that the sorter carries ids and not whole rows.
+    auto statement =
+        connection.prepare(std::string{"SELECT "} + rowColumns + " FROM (SELECT t.id AS chosen FROM " +
+                           query.from + " WHERE " + query.where + " ORDER BY " + query.orderBy +
+                           " LIMIT ?) JOIN tasks t ON t.id = chosen ORDER BY " + query.orderBy);
+    SqlValues values = query.values;
+    values.push_back(limit);
+    statement.bind(values);
+    return readRows(*statement);
+}
+
+bool showsNumber(const KWListIdentifier &list)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return !smart || !(smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
+}
 
 } // namespace
-
-KWListDataFetcher::Query KWListDataFetcher::openTasksBetween(const ListDataRequest &request,
-                                                             std::optional<Day> from,
-                                                             std::optional<Day> until) const
-{
-    const CXTimeZone zone = m_clock.zone();
-    Query query{tasksByDate, isOpen, {}, byDate};
-    query.where += " AND t.startDate IS NOT NULL";
-    if (until) {
-        query.where += " AND t.startDate < ?";
-        query.values.push_back(milliseconds(zone.startOfDay(*until)));
-    }
-    if (from) {
-        query.where += " AND (t.startDate >= ? OR t.endDate > ?)";
-        query.values.insert(query.values.end(), 2, milliseconds(zone.startOfDay(*from)));
-    }
-    query.where += inSmartLists;
-    query.values.push_back(request.userID);
-    return query;
-}
-
-std::optional<KWListDataFetcher::Query> KWListDataFetcher::queryFor(const ListDataRequest &request) const
-{
-    using namespace std::chrono_literals;
-    constexpr std::chrono::days oneDay{1};
-    const QString &id = request.selection.entityID;
-    const Day today = m_clock.today();
-    switch (request.selection.type) {
-    case KWListIdentifierType::Project:
-        return Query{tasksByList, std::string{isOpen} + " AND t.projectID = ?", {id}, byManualOrder};
-    case KWListIdentifierType::Group:
-        return Query{tasksByList,
-                     std::string{isOpen} + " AND t.projectID IN (SELECT sid FROM projects WHERE groupID = ?"
-                                           " AND userID = ? AND isDeleted = 0 AND closed = 0)",
-                     {id, request.userID},
-                     byDate};
-    case KWListIdentifierType::Tag:
-        return Query{anyTasks,
-                     std::string{isOpen} + " AND t.id IN (SELECT task FROM taskTags WHERE name = ?)" +
-                         inOpenLists,
-                     {id, request.userID},
-                     byDate};
-    case KWListIdentifierType::SmartProject: {
-        const KWSmartProject *smart = KWSmartProject::withIdentifier(id);
-        if (!smart) return std::nullopt;
-        if (smart->isToday()) return openTasksBetween(request, std::nullopt, today + oneDay);
-        if (smart->isTomorrow()) return openTasksBetween(request, today + oneDay, today + 2 * oneDay);
-        if (smart->isNext7Days()) return openTasksBetween(request, std::nullopt, today + 7 * oneDay);
-        if (smart->isAll())
-            return Query{tasksByList, std::string{isOpen} + inSmartLists, {request.userID}, byDate};
-        if (smart->isCompleted())
-            return Query{closedTasks,
-                         std::string{isClosed} + " AND t.status = 2" + inSmartLists,
-                         {request.userID},
-                         latestCompletedFirst};
-        return std::nullopt;
-    }
-    case KWListIdentifierType::Filter:
-    case KWListIdentifierType::View:
-        return std::nullopt;
-    }
-    return std::nullopt;
-}
 
 Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const ListDataRequest &request,
                                                                       Connection &connection) const
 {
-    const std::optional<Query> query = queryFor(request);
-    QList<KWTaskListItemModel> rows;
-    if (!query) return rows;
+    const std::optional<ListQuery> query = ListQuery::ofRequest(request, m_clock);
+    if (!query) return QList<KWTaskListItemModel>{};
     try {
-        // Chosen and put in order first, so that the sorter carries ids and not whole rows.
-        auto statement =
-            connection.prepare(std::string{"SELECT "} + rowColumns + " FROM (SELECT t.id AS chosen FROM " +
-                               query->from + " WHERE " + query->where + " ORDER BY " + query->orderBy +
-                               " LIMIT ?) JOIN tasks t ON t.id = chosen ORDER BY " + query->orderBy);
-        int index = 0;
-        for (const SqlValue &value : query->values)
-            statement.bind(++index, value);
-        statement.bind(++index, request.limit);
-        while (statement->executeStep())
-            rows.append(readRow(*statement));
-        return rows;
+        return rowsOf(*query, request.limit, connection);
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+Result<KWListDataFetcher::Matrix> KWListDataFetcher::reloadDataModelForMatrix(const ListDataRequest &request,
+                                                                              Connection &connection) const
+{
+    ListDataRequest all = request;
+    all.selection = KWListIdentifier::smartProject(KWSmartProject::all().identifier());
+    Matrix quadrants;
+    for (std::size_t i = 0; i < quadrants.size(); ++i) {
+        all.condition.priority = KWTaskPriorities[i];
+        auto rows = reloadDataModel(all, connection);
+        if (!rows) return rows.error();
+        quadrants[i] = std::move(*rows);
+    }
+    return quadrants;
+}
+
+Result<QList<KWTaskListItemModel>> KWListDataFetcher::generateModels(const QStringList &taskIDs,
+                                                                     Connection &connection) const
+{
+    try {
+        auto statement = connection.prepare(std::string{"SELECT "} + rowColumns +
+                                            " FROM json_each(?) wanted JOIN tasks t ON t.sid = wanted.value "
+                                            "WHERE t.isDeleted = 0 ORDER BY wanted.key");
+        statement.bind(1, idList(taskIDs));
+        return readRows(*statement);
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+Result<QList<KWTaskListItemModel>> KWListDataFetcher::completedTasks(const CompletedTasksRequest &request,
+                                                                     Connection &connection) const
+{
+    try {
+        return rowsOf(ListQuery::ofCompletedTasks(request), request.limit, connection);
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
@@ -146,12 +122,27 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
 Result<std::optional<int>> KWListDataFetcher::count(const ListDataRequest &request,
                                                     Connection &connection) const
 {
-    const bool isCompletedList = KWSmartProject::isCompletedSmartProjectID(request.selection.entityID);
-    const std::optional<Query> query = isCompletedList ? std::nullopt : queryFor(request);
+    const std::optional<ListQuery> query =
+        showsNumber(request.selection) ? ListQuery::ofRequest(request, m_clock) : std::nullopt;
     if (!query) return std::optional<int>{};
     try {
         return std::optional{int(connection.number(
             std::string{"SELECT count(*) FROM "} + query->from + " WHERE " + query->where, query->values))};
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+Result<bool> KWListDataFetcher::contains(const QString &taskID, const ListDataRequest &request,
+                                         Connection &connection) const
+{
+    std::optional<ListQuery> query = ListQuery::ofRequest(request, m_clock);
+    if (!query) return false;
+    query->onlyTask(taskID);
+    try {
+        return connection.number(std::string{"SELECT count(*) FROM "} + query->from + " WHERE " +
+                                     query->where,
+                                 query->values) > 0;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

@@ -2,6 +2,7 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWTask.h"
 
 namespace {
 
@@ -10,43 +11,81 @@ constexpr CXLogger countLog{u"counts"};
 } // namespace
 
 KWProjectListCountFetcher::KWProjectListCountFetcher(KWCoreDataManager &manager, KWNotificationCenter &center)
-    : m_manager(manager), m_center(center)
+    : m_manager(manager)
+    , m_center(center)
+    , m_pendingDeletes(center, [this] { announce(); })
+    , m_registration(manager.bus().registerEventBus([this](const StoreChange &change) { take(change); }))
 {
 }
 
 std::optional<int> KWProjectListCountFetcher::countCached(const KWListIdentifier &list) const
 {
-    return m_counts.value(list.userDefaultEncode());
+    return m_shown ? m_shown->count(list) : std::nullopt;
+}
+
+int KWProjectListCountFetcher::countForTag(const QString &tagName, const QString &userID,
+                                           ObjectContext &context)
+{
+    return int(context.number("SELECT count(*) FROM taskTags g CROSS JOIN tasks t ON t.id = g.task WHERE "
+                              "g.name = ? AND t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0 AND "
+                              "t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 "
+                              "AND closed = 0)",
+                              {tagName, userID}));
 }
 
 void KWProjectListCountFetcher::clear()
 {
     ++m_generation;
-    m_counts.clear();
-    m_wanted.clear();
+    m_counts.reset();
+    m_shown.reset();
+    m_userID.clear();
+    m_isWanted = false;
 }
 
-void KWProjectListCountFetcher::updateCountCache(const QString &userID, const QList<KWListIdentifier> &lists)
+void KWProjectListCountFetcher::updateCountCache(const QString &userID)
 {
+    if (userID != m_userID) clear();
     m_userID = userID;
-    for (const KWListIdentifier &each : lists)
-        if (!m_wanted.contains(each)) m_wanted.append(each);
+    m_isWanted = true;
     if (!m_isCounting) recount();
+}
+
+void KWProjectListCountFetcher::take(const StoreChange &change)
+{
+    if (m_userID.isEmpty()) return;
+    const bool listsChanged = change.touches(RecordKind::Project);
+    if (change.taskMoves.isEmpty() && !listsChanged) return;
+    // A count under way may or may not have seen this save.
+    if (m_isCounting || listsChanged) m_isWanted = true;
+    if (m_counts) {
+        m_counts->apply(change.taskMoves);
+        announce();
+    }
+    if (!m_isCounting) recount();
+}
+
+void KWProjectListCountFetcher::announce()
+{
+    if (!m_counts) return;
+    m_shown = m_counts;
+    QList<TaskMove> hidden;
+    ObjectContext &context = m_manager.MR_defaultContext();
+    for (const QString &each : m_pendingDeletes.taskIDs())
+        if (const KWTask *task = context.find<KWTask>(each))
+            hidden.append({TaskPlace::of(task->model()), std::nullopt});
+    m_shown->apply(hidden);
+    m_center.post(countChanged);
 }
 
 void KWProjectListCountFetcher::recount()
 {
-    if (m_wanted.isEmpty()) return;
+    if (!std::exchange(m_isWanted, false)) return;
     m_isCounting = true;
-    auto counts = std::make_shared<Counts>();
-    const auto count =
-        [counts, userID = m_userID, lists = std::exchange(m_wanted, {}),
-         fetcher = KWListDataFetcher{m_manager.store().clock()}](ObjectContext &context) -> Result<void> {
-        for (const KWListIdentifier &each : lists) {
-            const Result<std::optional<int>> number = fetcher.count({userID, each}, context.connection());
-            if (!number) return number.error();
-            counts->insert(each.userDefaultEncode(), *number);
-        }
+    auto counts = std::make_shared<SidebarCounts>();
+    const auto count = [counts, userID = m_userID](ObjectContext &context) -> Result<void> {
+        Result<SidebarCounts> read = SidebarCounts::read(userID, context.clock(), context.connection());
+        if (!read) return read.error();
+        *counts = std::move(*read);
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(
@@ -54,11 +93,19 @@ void KWProjectListCountFetcher::recount()
         [this, counts, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {
             if (life.expired()) return;
             m_isCounting = false;
-            if (!done) countLog.error(done.error().sentence);
-            if (generation == m_generation && done) {
-                m_counts.insert(*counts);
-                m_center.post(countChanged);
-            }
+            if (generation == m_generation) finish(done, *counts);
             recount();
         });
+}
+
+void KWProjectListCountFetcher::finish(const Result<void> &done, const SidebarCounts &counts)
+{
+    if (!done) {
+        countLog.error(done.error().sentence);
+        return;
+    }
+    // What is kept was changed by every save, and another count follows.
+    if (m_counts && m_isWanted) return;
+    m_counts = counts;
+    announce();
 }

@@ -1,37 +1,47 @@
 #pragma once
 
 #include "model/events/KWNotificationCenter.h"
+#include "model/events/PendingDeletes.h"
 #include "model/store/KWCoreDataManager.h"
-#include "model/store/KWListDataFetcher.h"
-
-#include <QHash>
+#include "model/store/SidebarCounts.h"
 
 #include <memory>
 
-/// The counts of the sidebar. They are worked out in the background and kept; a recount ends in
+/// The counts of the sidebar. They are counted once in the background; after that every save of tasks
+/// changes those of the lists it touches at once, before any later listener of the bus hears of it. A
+/// save of lists counts again. Tasks that wait to be deleted are not counted. Every change ends in
 /// `countChanged`. Main thread.
 class KWProjectListCountFetcher {
 public:
     KWProjectListCountFetcher(KWCoreDataManager &manager, KWNotificationCenter &center);
 
-    /// The last known count, nothing before the first recount and for lists without a count.
+    /// Nothing before the first count and for lists without a number.
     std::optional<int> countCached(const KWListIdentifier &list) const;
-    /// Counts these lists of the user again. Requests made before the count has begun are joined.
-    void updateCountCache(const QString &userID, const QList<KWListIdentifier> &lists);
+    /// Counts all lists of the user again: another day has come, or another process has written. Requests
+    /// made before the count has begun are joined.
+    void updateCountCache(const QString &userID);
     void clear();
+
+    /// The open tasks with the tag in the user's open lists, counted now.
+    static int countForTag(const QString &tagName, const QString &userID, ObjectContext &context);
 
 private:
     struct Life {};
-    using Counts = QHash<QString, std::optional<int>>; // by encoded list
 
+    void take(const StoreChange &change);
     void recount();
+    void announce();
+    void finish(const Result<void> &done, const SidebarCounts &counts);
 
     KWCoreDataManager &m_manager;
     KWNotificationCenter &m_center;
-    Counts m_counts;
+    std::optional<SidebarCounts> m_counts;
+    std::optional<SidebarCounts> m_shown; // without the tasks that wait to be deleted
+    PendingDeletes m_pendingDeletes;
     QString m_userID;
-    QList<KWListIdentifier> m_wanted;
     int m_generation = 0; // of the cache: an answer for an older one is dropped
     bool m_isCounting = false;
+    bool m_isWanted = false; // a count that begins after the one under way
+    KWEventBus::Registration m_registration;
     std::shared_ptr<Life> m_life = std::make_shared<Life>(); // an answer that outlives it is dropped
 };

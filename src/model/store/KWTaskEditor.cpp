@@ -27,6 +27,32 @@ void makeChecklist(KWTask &task)
     task.set(&KWTaskModel::kind, KWTaskKindChecklist);
 }
 
+// The same reading of the wall clock, on another day.
+Instant movedTo(Day day, Day from, Instant instant, const CXTimeZone &zone)
+{
+    return zone.toInstant(zone.toLocal(instant) + (day - from));
+}
+
+void moveToDay(KWTask &task, Day day)
+{
+    const CXTimeZone zone = task.context().clock().zone();
+    task.set(&KWTaskModel::timeZone, zone.identifier());
+    task.set(&KWTaskModel::snoozedRemindDate, std::nullopt);
+    const KWTaskModel before = task.model();
+    if (!before.startDate) task.set(&KWTaskModel::isAllDay, true);
+    if (!before.startDate || before.isAllDay)
+        task.set(&KWTaskModel::startDate, std::optional{zone.startOfDay(day)});
+    else
+        task.set(&KWTaskModel::startDate,
+                 std::optional{movedTo(day, zone.dayOf(*before.startDate), *before.startDate, zone)});
+    if (!before.startDate || !before.endDate) return;
+    const Day from = zone.dayOf(*before.startDate);
+    const Day lastDay = zone.dayOf(*before.endDate) + (day - from);
+    task.set(&KWTaskModel::endDate,
+             std::optional{before.isAllDay ? zone.startOfDay(lastDay)
+                                           : movedTo(day, from, *before.endDate, zone)});
+}
+
 } // namespace
 
 std::optional<TaskWithChecklist> KWTaskEditor::read(const QString &taskID) const
@@ -56,6 +82,17 @@ Result<void> KWTaskEditor::editTask(const QString &taskID, const std::function<v
     return save();
 }
 
+Result<UndoToken> KWTaskEditor::editUndoably(const QString &taskID, const std::function<void(KWTask &)> &edit)
+{
+    UndoToken undo;
+    const Result<void> edited = editTask(taskID, [&](KWTask &task) {
+        edit(task);
+        undo = UndoToken::of(task.context());
+    });
+    if (!edited) return edited.error();
+    return undo;
+}
+
 Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit)
 {
     KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
@@ -75,6 +112,28 @@ Result<void> KWTaskEditor::setContent(const QString &taskID, const QString &cont
 {
     return editTask(taskID, [&content](KWTask &task) {
         task.set(task.isChecklistKind() ? &KWTaskModel::desc : &KWTaskModel::content, content);
+    });
+}
+
+Result<UndoToken> KWTaskEditor::setPriority(const QString &taskID, KWTaskPriority priority)
+{
+    return editUndoably(taskID, [priority](KWTask &task) { task.set(&KWTaskModel::priority, priority); });
+}
+
+Result<UndoToken> KWTaskEditor::setDay(const QString &taskID, Day day)
+{
+    return editUndoably(taskID, [day](KWTask &task) { moveToDay(task, day); });
+}
+
+Result<UndoToken> KWTaskEditor::clearDate(const QString &taskID)
+{
+    return editUndoably(taskID, [](KWTask &task) {
+        for (const auto date :
+             {&KWTaskModel::startDate, &KWTaskModel::endDate, &KWTaskModel::snoozedRemindDate})
+            task.set(date, std::nullopt);
+        task.set(&KWTaskModel::isAllDay, false);
+        task.set(&KWTaskModel::repeatRule, QString{});
+        task.set(&KWTaskModel::reminders, QStringList{});
     });
 }
 
@@ -111,4 +170,12 @@ Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afte
 Result<void> KWTaskEditor::removeItem(const QString &itemID)
 {
     return editItem(itemID, [](KWChecklistItem &item) { item.markDelete(); });
+}
+
+Result<void> KWTaskEditor::restoreItem(const QString &itemID)
+{
+    KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
+    if (!item) return Error{storeText("There is no such item any more.")};
+    if (item->isDeleted()) item->unmarkDelete();
+    return save();
 }

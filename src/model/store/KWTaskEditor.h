@@ -3,6 +3,7 @@
 #include "corvexkit/Result.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWTaskModel.h"
+#include "model/store/UndoToken.h"
 
 #include <QList>
 
@@ -32,14 +33,25 @@ public:
     /// The text shown below the title, see KWTaskModel::description().
     Result<void> setContent(const QString &taskID, const QString &content);
 
+    // These can be taken back with the token, see UndoToken.
+    Result<UndoToken> setPriority(const QString &taskID, KWTaskPriority priority);
+    /// Moves the task to that day. A time of day and a length stay; a task without a date is all-day then.
+    /// A snoozed reminder is dropped.
+    Result<UndoToken> setDay(const QString &taskID, Day day);
+    /// Takes the dates away, and with them what is counted from them: repeat and reminders.
+    Result<UndoToken> clearDate(const QString &taskID);
+
     Result<void> setItemTitle(const QString &itemID, const QString &title);
     Result<void> tickItem(const QString &itemID);
     /// A new item behind `afterItemID`; before the first when that is empty, at the end when it is gone.
     /// Answers the new id. A text task becomes a checklist task and keeps its description.
     Result<QString> addItem(const QString &taskID, const QString &afterItemID, const QString &title);
     Result<void> removeItem(const QString &itemID);
+    /// Takes removeItem() back.
+    Result<void> restoreItem(const QString &itemID);
 
 private:
+    Result<UndoToken> editUndoably(const QString &taskID, const std::function<void(KWTask &)> &edit);
     Result<void> editTask(const QString &taskID, const std::function<void(KWTask &)> &edit);
     Result<void> editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit);
     Result<void> save();

@@ -1,27 +1,142 @@
 #include "model/store/KWTaskTicker.h"
 
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTaskItemTree.h"
+#include "model/records/KWUserSettings.h"
+#include "model/records/TaskRepetition.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
+#include "model/store/TaskCopies.h"
+#include "model/store/TaskPermissions.h"
 
-Result<KWTaskStatus> KWTaskTicker::tick(const QString &taskID)
+#include <QHash>
+
+namespace {
+
+std::chrono::weekday firstWeekdayOf(const KWTask &task)
+{
+    const auto settings = task.context().models<KWUserSettings>(
+        {.where = "userID = ? AND isDeleted = 0", .values = {task->userID}, .limit = 1});
+    return std::chrono::weekday{unsigned(settings.value(0).firstWeekday - 1)};
+}
+
+std::optional<TaskRepetition> repetitionOf(const KWTask &task)
+{
+    if (task->repeatRule.isEmpty()) return std::nullopt;
+    const CXClock &clock = task.context().clock();
+    return TaskRepetition::next(task.model(), {clock.now(), clock.zone(), firstWeekdayOf(task)});
+}
+
+// The finished occurrence: it says what was done, repeats no more and reminds of nothing.
+KWTask &leaveCopy(const KWTask &task, KWTaskStatus status)
+{
+    KWTaskModel model = freshCopy(task.model());
+    model.repeatTaskID = task.sid();
+    model.repeatRule.clear();
+    model.exDates.clear();
+    model.reminders.clear();
+    model.remindTime.reset();
+    model.snoozedRemindDate.reset();
+    model.pinnedDate.reset();
+    model.childIds.clear();
+    KWTask &copy = task.context().insert<KWTask>(std::move(model));
+    if (copy->status == KWTaskStatusOpen) copy.updateStatus(status);
+    copyChecklist(task, copy.sid());
+    return copy;
+}
+
+void beginAgain(KWTask &task, const TaskRepetition &next)
+{
+    if (task->status != KWTaskStatusOpen) task.updateStatus(KWTaskStatusOpen);
+    task.set(&KWTaskModel::progress, 0);
+    task.set(&KWTaskModel::remindTime, std::nullopt);
+    task.set(&KWTaskModel::snoozedRemindDate, std::nullopt);
+    for (KWChecklistItem *each : task.orderedChecklistItems()) {
+        if (each->isCompleted()) each->updateStatus(KWTaskStatusOpen);
+        each->set(&KWChecklistItemModel::snoozedRemindDate, std::nullopt);
+        if (const auto date = (*each)->startDate)
+            each->set(&KWChecklistItemModel::startDate, next.movedAlong(*date, (*each)->isAllDay));
+    }
+}
+
+// A subtask that repeats goes its own way.
+bool goesAlong(const KWTask &subtask)
+{
+    return subtask->repeatRule.isEmpty() && subtask->repeatTaskID.isEmpty() && !subtask.isAbandoned();
+}
+
+void moveAlong(KWTask &subtask, const TaskRepetition &next)
+{
+    for (const auto member : {&KWTaskModel::startDate, &KWTaskModel::endDate})
+        if (const auto &date = subtask.model().*member)
+            subtask.set(member, next.movedAlong(*date, subtask->isAllDay));
+    beginAgain(subtask, next);
+}
+
+void goOn(KWTask &task, KWTaskStatus status, const TaskRepetition &next)
+{
+    QHash<QString, KWTask *> copies{{task.sid(), &leaveCopy(task, status)}};
+    const auto subtasks = KWTask::descendantTasks(task, KWTask::Closed::Include, task.context());
+    for (KWTask *each : subtasks) {
+        KWTask *parent = copies.value((*each)->parentId);
+        if (!parent || !goesAlong(*each)) continue;
+        KWTask &copy = leaveCopy(*each, status);
+        copy.set(&KWTaskModel::parentId, parent->sid());
+        parent->set(&KWTaskModel::childIds, (*parent)->childIds + QStringList{copy.sid()});
+        copies.insert(each->sid(), &copy);
+        moveAlong(*each, next);
+    }
+    beginAgain(task, next);
+    task.set(&KWTaskModel::startDate, next.startDate);
+    task.set(&KWTaskModel::endDate, next.endDate);
+    task.set(&KWTaskModel::repeatRule, next.repeatRule);
+}
+
+void close(KWTask &task, KWTaskStatus status)
+{
+    task.updateStatus(status);
+    for (KWTask *each : KWTask::descendantTasks(task, KWTask::Closed::LeaveOut, task.context()))
+        each->updateStatus(status);
+}
+
+Result<void> mayTick(const KWTask *task)
+{
+    const Result<void> allowed = mayChange(task);
+    if (allowed && (*task)->isTrashed) return Error{storeText("This task is in the trash.")};
+    return allowed;
+}
+
+} // namespace
+
+Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QString &taskID)
 {
     const KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
-    const bool isOpen = task && task->model().status == KWTaskStatusOpen;
+    const bool isOpen = task && (*task)->status == KWTaskStatusOpen;
     return updateStatus(isOpen ? KWTaskStatusCompleted : KWTaskStatusOpen, taskID);
 }
 
-Result<KWTaskStatus> KWTaskTicker::updateStatus(KWTaskStatus status, const QString &taskID)
+Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, const QString &taskID)
 {
-    ObjectContext &context = m_manager.MR_defaultContext();
-    KWTask *task = context.find<KWTask>(taskID);
-    if (!task || task->isDeleted()) return Error{storeText("There is no such task any more.")};
-    if (task->model().status == status) return status;
-    task->updateStatus(status);
-    const Result<StoreChange> saved = context.save();
-    if (!saved) {
-        context.rollback();
-        return saved.error();
-    }
-    return status;
+    Ticked ticked{status};
+    const auto update = [&](ObjectContext &context) -> Result<void> {
+        KWTask *task = context.find<KWTask>(taskID);
+        if (const Result<void> allowed = mayTick(task); !allowed) return allowed;
+        const KWTaskStatus before = (*task)->status;
+        if (before == status) return {};
+        const auto next = before == KWTaskStatusOpen ? repetitionOf(*task) : std::nullopt;
+        if (next) {
+            ticked.nextDate = next->startDate;
+            goOn(*task, status, *next);
+        } else if (before == KWTaskStatusOpen) {
+            close(*task, status);
+        } else {
+            task->updateStatus(status);
+        }
+        ticked.undo = UndoToken::of(context);
+        return {};
+    };
+    const Result<void> saved = KWCoreDataService{m_manager}.sync_save(update);
+    if (!saved) return saved.error();
+    return ticked;
 }

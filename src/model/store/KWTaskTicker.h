@@ -2,18 +2,31 @@
 
 #include "corvexkit/Result.h"
 #include "model/records/KWConstants.h"
+#include "model/store/UndoToken.h"
 
 class KWCoreDataManager;
 class QString;
 
-/// Completes and reopens tasks. Main thread.
+/// Completes, abandons and reopens tasks, each in one save. Closing a task closes the open ones below it;
+/// reopening one leaves them closed. A repeating task leaves a closed copy at the occurrence that is done
+/// and goes on to the next one, open (docs/repeating.md). Main thread.
 class KWTaskTicker {
 public:
     explicit KWTaskTicker(KWCoreDataManager &manager) : m_manager(manager) {}
 
-    /// Completes an open task, reopens a closed one. Answers the status it has now.
-    Result<KWTaskStatus> tick(const QString &taskID);
-    Result<KWTaskStatus> updateStatus(KWTaskStatus status, const QString &taskID);
+    struct Ticked {
+        /// What was asked for; a task that went on to its next occurrence is open all the same.
+        KWTaskStatus status;
+        std::optional<Instant> nextDate{}; ///< where it went on to
+        UndoToken undo{};
+    };
+
+    /// Completes an open task, reopens a closed one.
+    Result<Ticked> tick(const QString &taskID);
+    /// A task that has the status already stays as it is.
+    Result<Ticked> updateStatus(KWTaskStatus status, const QString &taskID);
+    /// Takes one of the above back, see UndoToken.
+    Result<void> undo(const UndoToken &token) { return token.undo(m_manager); }
 
 private:
     KWCoreDataManager &m_manager;

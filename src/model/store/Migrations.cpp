@@ -1,101 +1,32 @@
 #include "model/store/Migrations.h"
 
+#include "model/records/EveryRecord.h"
 #include "model/store/Connection.h"
+#include "model/store/schemas/Schemas.h"
 
 #include <array>
+#include <span>
 #include <string>
 
 namespace {
 
-// A rowid of its own keeps the indexes small. Tags stand in the task as a list and once more in
-// taskTags, kept by triggers, where they are searched.
-constexpr const char *accountsListsAndTasks = R"sql(
-CREATE TABLE users (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    userServerID INTEGER NOT NULL, name TEXT NOT NULL, avatar TEXT NOT NULL, isTeamUser INTEGER NOT NULL,
-    isSignedIn INTEGER NOT NULL);
-
-CREATE TABLE userSettings (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    firstWeekday INTEGER NOT NULL, showCompleted INTEGER NOT NULL, defaultListID TEXT NOT NULL,
-    defaultReminderRules TEXT NOT NULL, allDayReminders TEXT NOT NULL, smartTimeForMorning INTEGER NOT NULL,
-    smartTimeForAfternoon INTEGER NOT NULL, smartTimeForEvening INTEGER NOT NULL,
-    smartTimeForNight INTEGER NOT NULL, isTimeZoneOptionEnabled INTEGER NOT NULL,
-    showsInCalendar INTEGER NOT NULL, showsInToday INTEGER NOT NULL);
-
-CREATE TABLE projectGroups (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    name TEXT NOT NULL, sortType TEXT NOT NULL);
-
-CREATE TABLE projects (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    name TEXT NOT NULL, color TEXT NOT NULL, groupID TEXT NOT NULL, kind TEXT NOT NULL, sortType TEXT NOT NULL,
-    closed INTEGER NOT NULL, isInbox INTEGER NOT NULL, isShared INTEGER NOT NULL, userCount INTEGER NOT NULL,
-    isOwner INTEGER NOT NULL, permission TEXT NOT NULL, teamID TEXT NOT NULL, isMuted INTEGER NOT NULL,
-    showsInSmartList INTEGER NOT NULL, viewMode TEXT NOT NULL);
-CREATE INDEX projectsByOrder ON projects (userID, sortOrder);
-
-CREATE TABLE tags (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    name TEXT NOT NULL, label TEXT NOT NULL, color TEXT NOT NULL, sortType TEXT NOT NULL, parent TEXT NOT NULL);
-CREATE UNIQUE INDEX tagsByName ON tags (userID, name) WHERE isDeleted = 0;
-
-CREATE TABLE tasks (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    title TEXT NOT NULL, content TEXT NOT NULL, "desc" TEXT NOT NULL, kind TEXT NOT NULL, status INTEGER NOT NULL,
-    priority INTEGER NOT NULL, progress INTEGER NOT NULL,
-    projectID TEXT NOT NULL REFERENCES projects (sid) DEFERRABLE INITIALLY DEFERRED,
-    columnID TEXT NOT NULL, parentId TEXT NOT NULL, childIds TEXT NOT NULL, tags TEXT NOT NULL,
-    startDate INTEGER, endDate INTEGER, isAllDay INTEGER NOT NULL, serverStartDate INTEGER, serverEndDate INTEGER,
-    timeZone TEXT NOT NULL, isFloating INTEGER NOT NULL, repeatRule TEXT NOT NULL, repeatFrom TEXT NOT NULL,
-    exDates TEXT NOT NULL, reminders TEXT NOT NULL, remindTime INTEGER, snoozedRemindDate INTEGER,
-    completionDate INTEGER, assignee INTEGER NOT NULL, pinnedDate INTEGER, estimatedPomo INTEGER NOT NULL,
-    estimatedDuration INTEGER NOT NULL, isTrashed INTEGER NOT NULL);
-CREATE INDEX openTasksByList ON tasks (projectID, sortOrder) WHERE status = 0 AND isDeleted = 0 AND isTrashed = 0;
-CREATE INDEX openTasksByDate ON tasks (startDate, projectID, priority DESC, sortOrder, endDate)
-    WHERE status = 0 AND isDeleted = 0 AND isTrashed = 0 AND startDate IS NOT NULL;
-CREATE INDEX closedTasksByCompletion ON tasks (completionDate) WHERE status <> 0 AND isDeleted = 0 AND isTrashed = 0;
-CREATE INDEX tasksByList ON tasks (projectID, sortOrder);
-
-CREATE TABLE taskTags (
-    name TEXT NOT NULL, task INTEGER NOT NULL REFERENCES tasks (id) ON DELETE CASCADE, PRIMARY KEY (name, task)
-) WITHOUT ROWID;
-CREATE INDEX taskTagsByTask ON taskTags (task);
-CREATE TRIGGER taskTagsInserted AFTER INSERT ON tasks WHEN NEW.tags <> '[]' BEGIN
-    INSERT OR IGNORE INTO taskTags (name, task) SELECT value, NEW.id FROM json_each(NEW.tags);
-END;
-CREATE TRIGGER taskTagsUpdated AFTER UPDATE OF tags ON tasks WHEN NEW.tags <> OLD.tags BEGIN
-    DELETE FROM taskTags WHERE task = NEW.id;
-    INSERT OR IGNORE INTO taskTags (name, task) SELECT value, NEW.id FROM json_each(NEW.tags);
-END;
-
-CREATE TABLE checklistItems (
-    id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL,
-    sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT NULL,
-    pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL,
-    taskID TEXT NOT NULL REFERENCES tasks (sid) ON DELETE CASCADE DEFERRABLE INITIALLY DEFERRED,
-    title TEXT NOT NULL, status INTEGER NOT NULL, startDate INTEGER, isAllDay INTEGER NOT NULL,
-    snoozedRemindDate INTEGER, completionDate INTEGER);
-CREATE INDEX checklistItemsByTask ON checklistItems (taskID, sortOrder);
-)sql";
-
-constexpr std::array migrations{accountsListsAndTasks};
+std::span<const std::string> migrations()
+{
+    static const std::array inOrder{
+        schemas::accountsListsAndTasks(),
+        schemas::everyOtherKind(),
+        schemas::repeatSources(),
+        schemas::subtasksAndTrash(),
+        schemas::taskQueries(),
+        schemas::search(),
+        schemas::reminders(),
+    };
+    return inOrder;
+}
 
 } // namespace
 
-int Migrations::currentVersion() { return int(migrations.size()); }
+int Migrations::currentVersion() { return int(migrations().size()); }
 
 void Migrations::applyUpTo(int version, Connection &connection)
 {
@@ -104,7 +35,7 @@ void Migrations::applyUpTo(int version, Connection &connection)
         WriteTransaction transaction{connection};
         // Another process may have been faster.
         if (connection.number("PRAGMA user_version") > next) continue;
-        connection.execute(migrations.at(std::size_t(next)));
+        connection.execute(migrations()[std::size_t(next)].c_str());
         connection.execute(("PRAGMA user_version = " + std::to_string(next + 1)).c_str());
         transaction.commit();
     }
@@ -114,7 +45,8 @@ void Migrations::apply(Connection &connection)
 {
     applyUpTo(currentVersion(), connection);
     // NOT INDEXED: an index may answer without the table.
-    for (const char *table :
-         {"users", "userSettings", "projectGroups", "projects", "tags", "tasks", "checklistItems"})
-        connection.number(std::string{"SELECT EXISTS (SELECT 1 FROM "} + table + " NOT INDEXED)");
+#define TABLE_NAME(Record) Record::Model::tableName,
+    for (const char *each : {EVERY_RECORD(TABLE_NAME)})
+        connection.number(std::string{"SELECT EXISTS (SELECT 1 FROM "} + each + " NOT INDEXED)");
+#undef TABLE_NAME
 }

@@ -1,13 +1,7 @@
 #include "model/store/ObjectContext.h"
 
 #include "corvexkit/log/CXLog.h"
-#include "model/records/KWChecklistItem.h"
-#include "model/records/KWProject.h"
-#include "model/records/KWProjectGroup.h"
-#include "model/records/KWTag.h"
-#include "model/records/KWTask.h"
-#include "model/records/KWUser.h"
-#include "model/records/KWUserSettings.h"
+#include "model/records/EveryRecord.h"
 #include "model/store/Connection.h"
 #include "model/store/RecordMapper.h"
 #include "model/store/StoreFailure.h"
@@ -118,12 +112,19 @@ QList<Record *> ObjectContext::fetch(const SqlCondition &condition)
 }
 
 template <class Record>
-QList<Record *> ObjectContext::inserted() const
+QList<Record *> ObjectContext::changed() const
 {
     QList<Record *> records;
     for (KWBaseEntity *each : m_changed)
-        if (each->isInserted() && each->recordKind() == Record::Model::recordKind)
-            records.append(static_cast<Record *>(each));
+        if (each->recordKind() == Record::Model::recordKind) records.append(static_cast<Record *>(each));
+    return records;
+}
+
+template <class Record>
+QList<Record *> ObjectContext::inserted() const
+{
+    QList<Record *> records = changed<Record>();
+    records.removeIf([](const Record *each) { return !each->isInserted(); });
     return records;
 }
 
@@ -169,7 +170,7 @@ void ObjectContext::stampModification()
 {
     const Instant now = m_clock.now();
     for (KWBaseEntity *each : m_changed)
-        if (!each->isInserted() && !each->isRemoved())
+        if (!each->isInserted() && !each->isRemoved() && each->isModified())
             static_cast<KWSynchronizableObject *>(each)->editSynchronizable().modifiedTime = now;
 }
 
@@ -184,11 +185,20 @@ Result<void> ObjectContext::beginWriting()
     }
 }
 
+void ObjectContext::noteMove(const KWTask &task, StoreChange &change)
+{
+    TaskMove move;
+    if (!task.isInserted()) move.from = TaskPlace::of(task.m_stored ? *task.m_stored : task.m_current);
+    if (!task.isRemoved()) move.to = TaskPlace::of(task.m_current);
+    if (move.from != move.to) change.taskMoves.append(move);
+}
+
 void ObjectContext::writeAll(StoreChange &change)
 {
     const auto transaction =
         m_transaction ? std::move(m_transaction) : std::make_unique<WriteTransaction>(*m_connection);
     for (KWBaseEntity *each : m_changed) {
+        if (each->recordKind() == RecordKind::Task) noteMove(static_cast<KWTask &>(*each), change);
         each->write(*m_connection);
         StoreChange::Ids &ids = change.of(each->recordKind());
         (each->isRemoved()    ? ids.deleted
@@ -201,6 +211,8 @@ void ObjectContext::writeAll(StoreChange &change)
 
 Result<StoreChange> ObjectContext::save()
 {
+    for (KWBaseEntity *each : m_changed)
+        if (!each->isRemoved()) each->willSave();
     std::erase_if(m_changed, [](KWBaseEntity *each) {
         const bool isUnchanged = !each->hasChanges();
         if (isUnchanged) {
@@ -276,12 +288,7 @@ void ObjectContext::refreshAll()
     template Record *ObjectContext::find<Record>(const QString &);                                           \
     template QList<Record *> ObjectContext::fetch<Record>(const SqlCondition &);                             \
     template QList<Record::Model> ObjectContext::models<Record>(const SqlCondition &);                       \
-    template QList<Record *> ObjectContext::inserted<Record>() const;
-MANAGED(KWUser)
-MANAGED(KWUserSettings)
-MANAGED(KWProjectGroup)
-MANAGED(KWProject)
-MANAGED(KWTag)
-MANAGED(KWTask)
-MANAGED(KWChecklistItem)
+    template QList<Record *> ObjectContext::inserted<Record>() const;                                        \
+    template QList<Record *> ObjectContext::changed<Record>() const;
+EVERY_RECORD(MANAGED)
 #undef MANAGED

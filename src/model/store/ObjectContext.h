@@ -15,6 +15,7 @@
 #include <vector>
 
 class Connection;
+class KWTask;
 class WriteTransaction;
 
 /// A unit of work over one connection: it owns the records it has read or made, one object a record,
@@ -40,6 +41,9 @@ public:
     /// The records made here and not saved yet.
     template <class Record>
     QList<Record *> inserted() const;
+    /// Those made, changed or removed here and not saved yet, in the order of their first change.
+    template <class Record>
+    QList<Record *> changed() const;
     /// The first column of the first row of a query, 0 when there is none or it fails.
     std::int64_t number(const char *sql, const SqlValues &values = {});
 
@@ -80,6 +84,7 @@ private:
     void refresh(KWBaseEntity &record);
     void prepareForInsertion(KWSynchronizableFields &fields) const;
     void stampModification();
+    static void noteMove(const KWTask &task, StoreChange &change);
     void writeAll(StoreChange &change);
     void forget(KWBaseEntity &record);
 

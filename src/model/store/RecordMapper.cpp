@@ -1,12 +1,6 @@
 #include "model/store/RecordMapper.h"
 
-#include "model/records/KWChecklistItemModel.h"
-#include "model/records/KWProjectGroupModel.h"
-#include "model/records/KWProjectModel.h"
-#include "model/records/KWTagModel.h"
-#include "model/records/KWTaskModel.h"
-#include "model/records/KWUserModel.h"
-#include "model/records/KWUserSettingsModel.h"
+#include "model/records/EveryRecord.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 
@@ -123,10 +117,6 @@ QList<Twin> RecordMapper<Twin>::select(Connection &connection, const SqlConditio
     return rows;
 }
 
-template struct RecordMapper<KWUserModel>;
-template struct RecordMapper<KWUserSettingsModel>;
-template struct RecordMapper<KWProjectGroupModel>;
-template struct RecordMapper<KWProjectModel>;
-template struct RecordMapper<KWTagModel>;
-template struct RecordMapper<KWTaskModel>;
-template struct RecordMapper<KWChecklistItemModel>;
+#define MAPPED(Record) template struct RecordMapper<Record::Model>;
+EVERY_RECORD(MAPPED)
+#undef MAPPED

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -25,7 +26,7 @@ constexpr CXLogger storeFileLog{u"store"};
 
 // "ORVA", in the header of every store of ours (SQLite file format, section 1.3).
 constexpr quint32 applicationID = 0x4f525641;
-constexpr qint64 headerSize = 100;
+constexpr int headerSize = 100;
 constexpr int pageSizeOffset = 16;
 constexpr int pageCountOffset = 28;
 constexpr int userVersionOffset = 60;
@@ -55,31 +56,48 @@ Store::Opening failed(StoreProblem problem, const QString &path)
     return opening;
 }
 
+// The bytes as they stand: opening the database for them could already change the file. Read through
+// SQLite's file layer, which keeps the locks that a store open in this process has on the file; closing
+// a descriptor of our own would drop them (POSIX fcntl).
+std::optional<QByteArray> headerOf(const QString &path)
+{
+    sqlite3_vfs *files = sqlite3_vfs_find(nullptr);
+    const QByteArray absolute = QFileInfo{path}.absoluteFilePath().toUtf8();
+    const std::unique_ptr<const char, decltype(&sqlite3_free_filename)> name{
+        sqlite3_create_filename(absolute.constData(), "", "", 0, nullptr), sqlite3_free_filename};
+    const auto memory = std::make_unique<std::byte[]>(std::size_t(files->szOsFile));
+    auto *file = reinterpret_cast<sqlite3_file *>(memory.get());
+    constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB;
+    if (files->xOpen(files, name.get(), file, flags, nullptr) != SQLITE_OK) return std::nullopt;
+    QByteArray header(headerSize, '\0');
+    const int result = file->pMethods->xRead(file, header.data(), headerSize, 0);
+    file->pMethods->xClose(file);
+    // The rest of a shorter file is given as zeroes.
+    return result == SQLITE_OK || result == SQLITE_IOERR_SHORT_READ ? std::optional{header} : std::nullopt;
+}
+
 // A log that was not copied back yet may hold the rest.
-bool isCut(const QFile &file, const QByteArray &header)
+bool isCut(const QString &path, const QByteArray &header)
 {
     const auto pageSize = qFromBigEndian<quint16>(header.constData() + pageSizeOffset);
     const auto pageCount = qFromBigEndian<quint32>(header.constData() + pageCountOffset);
-    const bool hasLog = QFileInfo{file.fileName() + u"-wal"_s}.size() > 0;
-    return !hasLog && file.size() < qint64(pageSize == 1 ? 65536 : pageSize) * pageCount;
+    const bool hasLog = QFileInfo{path + u"-wal"_s}.size() > 0;
+    return !hasLog && QFileInfo{path}.size() < qint64(pageSize == 1 ? 65536 : pageSize) * pageCount;
 }
 
-// Read from the bytes: opening the database for it could already change the file.
 std::optional<StoreProblem> problemInHeader(const QString &path)
 {
-    QFile file{path};
     if (QFileInfo{path}.isDir()) return StoreProblem::NotAStore;
-    if (!file.exists() || file.size() == 0) return std::nullopt;
-    if (!file.open(QIODevice::ReadOnly)) return StoreProblem::CannotWrite;
-    const QByteArray header = file.read(headerSize);
-    if (header.size() < headerSize || !header.startsWith(QByteArray{"SQLite format 3\0", 16}))
-        return StoreProblem::NotAStore;
+    if (QFileInfo{path}.size() == 0) return std::nullopt;
+    const std::optional<QByteArray> header = headerOf(path);
+    if (!header) return StoreProblem::CannotWrite;
+    if (!header->startsWith(QByteArray{"SQLite format 3\0", 16})) return StoreProblem::NotAStore;
     const auto number = [&header](int offset) {
-        return qFromBigEndian<quint32>(header.constData() + offset);
+        return qFromBigEndian<quint32>(header->constData() + offset);
     };
     if (number(applicationIDOffset) != applicationID) return StoreProblem::NotAStore;
     if (number(userVersionOffset) > quint32(Migrations::currentVersion())) return StoreProblem::NewerVersion;
-    if (isCut(file, header)) return StoreProblem::Damaged;
+    if (isCut(path, *header)) return StoreProblem::Damaged;
     return std::nullopt;
 }
 
@@ -114,6 +132,22 @@ StoreProblem problemOf(const SQLite::Exception &exception)
     }
 }
 
+// Where two open a fresh file at once, one is refused without the usual wait for a lock.
+void turnToWriteAheadLog(Connection &connection)
+{
+    constexpr int attempts = 500;
+    constexpr int pauseMilliseconds = 10;
+    for (int attempt = 1;; ++attempt) {
+        try {
+            connection.execute("PRAGMA journal_mode = WAL");
+            return;
+        } catch (const SQLite::Exception &exception) {
+            if (exception.getErrorCode() != SQLITE_BUSY || attempt == attempts) throw;
+            sqlite3_sleep(pauseMilliseconds);
+        }
+    }
+}
+
 void configure(Connection &connection)
 {
     // An acknowledged save survives loss of power: WAL with a flush at every commit.
@@ -122,6 +156,19 @@ void configure(Connection &connection)
 }
 
 constexpr std::array partSuffixes{"-wal", "-shm", ""};
+
+QString wordFor(AsideReason reason)
+{
+    switch (reason) {
+    case AsideReason::Damaged:
+        return u"damaged"_s;
+    case AsideReason::Replaced:
+        return u"replaced"_s;
+    case AsideReason::FreshStart:
+        return u"kept"_s;
+    }
+    return {};
+}
 
 QString unusedName(const QDir &folder, const QString &base, const QString &suffix)
 {
@@ -159,7 +206,7 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
             leaveFileAsItIs(*connection);
             return failed(*problem, path);
         }
-        connection->execute("PRAGMA journal_mode = WAL");
+        turnToWriteAheadLog(*connection);
         configure(*connection);
         Migrations::apply(*connection);
         store->giveBack(std::move(connection));
@@ -171,13 +218,20 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
     }
 }
 
-Result<QString> Store::setAside(const QString &path, LocalTime now)
+bool Store::looksLikeStore(const QString &path)
+{
+    const std::optional<StoreProblem> problem = problemInHeader(path);
+    return QFileInfo{path}.size() > 0 && problem != StoreProblem::NotAStore &&
+           problem != StoreProblem::CannotWrite;
+}
+
+Result<QString> Store::setAside(const QString &path, LocalTime now, AsideReason reason)
 {
     QString time = TimeText::fromLocalTime(now, TimeText::Fraction::Never);
     time.remove(u':');
     const QFileInfo info{path};
-    const QString kept =
-        unusedName(info.dir(), u"%1.damaged-%2"_s.arg(info.completeBaseName(), time), info.suffix());
+    const QString kept = unusedName(
+        info.dir(), u"%1.%2-%3"_s.arg(info.completeBaseName(), wordFor(reason), time), info.suffix());
     for (const char *suffix : partSuffixes) {
         const QString from = path + QLatin1StringView{suffix};
         if (QFile::exists(from) &&

@@ -17,6 +17,13 @@ enum class StoreProblem {
     Damaged,
 };
 
+/// Why a store was moved aside; the name under which it is kept says it.
+enum class AsideReason {
+    Damaged,    ///< "store.damaged-2030-05-01T090000.sqlite"
+    Replaced,   ///< "store.replaced-…": another was restored in its place
+    FreshStart, ///< "store.kept-…": the person wanted to start with an empty one
+};
+
 /// The file that holds everything, a SQLite database in WAL mode. Hands out contexts, each over a
 /// connection of its own; connections are kept and used again. Any thread.
 class Store {
@@ -27,13 +34,16 @@ public:
         QString sentence; ///< the problem for a person
     };
 
+    /// Whether the file begins as a store of ours does. It may be of another version, or damaged.
+    static bool looksLikeStore(const QString &path);
+
     /// Opens the store at `path`, makes it where there is none, and brings its schema up to date.
     static Opening open(const QString &path, const CXClock &clock);
 
-    /// Moves a damaged store and what belongs to it aside, so that a fresh one can be made: answers the
-    /// name it was kept under, "store.damaged-2030-05-01T090000.sqlite", with "-2" and so on behind the
-    /// time when that is taken.
-    static Result<QString> setAside(const QString &path, LocalTime now);
+    /// Moves a store and what belongs to it aside, so that another can be put there: answers the name it
+    /// was kept under, with "-2" and so on behind the time when that is taken.
+    static Result<QString> setAside(const QString &path, LocalTime now,
+                                    AsideReason reason = AsideReason::Damaged);
 
     ~Store();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/records/RecordKind.h"
+#include "model/store/TaskPlace.h"
 
 #include <QStringList>
 
@@ -17,6 +18,8 @@ struct StoreChange {
     };
 
     std::array<Ids, recordKindCount> byKind;
+    QStringList properties{};  ///< the fields that changed, where who posts it names them; else any may have
+    QList<TaskMove> taskMoves; ///< of the tasks that are counted elsewhere now
 
     Ids &of(RecordKind kind) { return byKind[std::size_t(kind)]; }
     const Ids &of(RecordKind kind) const { return byKind[std::size_t(kind)]; }

@@ -1,9 +1,11 @@
 #include "views/alerts/StoreProblemAlert.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/BackupTitle.h"
 #include "views/alerts/Alert.h"
 
-StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sentence)
+StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sentence,
+                                        const std::optional<StoreBackup> &backup)
 {
     const QString title = KWLocalizedString("Orvane cannot open your tasks");
     const QString quit = KWLocalizedString("Quit");
@@ -11,12 +13,20 @@ StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sen
         Alert::run({title, sentence, {quit}});
         return StoreProblemAnswer::Quit;
     }
-    const QString question =
+    QString question =
         KWLocalizedString("You can keep the damaged store beside a fresh, empty one, and start with that.");
-    const QStringList buttons{KWLocalizedString("Set Aside and Start Fresh"), quit};
+    QList<StoreProblemAnswer> answers{StoreProblemAnswer::StartFresh, StoreProblemAnswer::Quit};
+    QStringList buttons{KWLocalizedString("Set Aside and Start Fresh"), quit};
+    if (backup) {
+        question = KWLocalizedString("%1 can take its place, or an empty store. The damaged store is kept.")
+                       .arg(titleOf(*backup));
+        answers.prepend(StoreProblemAnswer::RestoreBackup);
+        buttons.prepend(KWLocalizedString("Restore Backup"));
+    }
     // Enter, pressed without reading, leaves everything as it is.
-    const int answer = Alert::run(
-        {.title = title, .text = sentence + u' ' + question, .buttons = buttons, .defaultButton = 1});
-    const bool startsFresh = answer == 0;
-    return startsFresh ? StoreProblemAnswer::StartFresh : StoreProblemAnswer::Quit;
+    const int answer = Alert::run({.title = title,
+                                   .text = sentence + u' ' + question,
+                                   .buttons = buttons,
+                                   .defaultButton = int(buttons.size()) - 1});
+    return answers.at(answer);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "model/store/Store.h"
+#include "model/store/StoreBackups.h"
 
-enum class StoreProblemAnswer { Quit, StartFresh };
+enum class StoreProblemAnswer { Quit, StartFresh, RestoreBackup };
 
-/// Tells why the store cannot be opened. Only a damaged one leaves a choice: to set it aside, where it
-/// is kept, and to start with a fresh one.
-StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sentence);
+/// Tells why the store cannot be opened. Only a damaged one leaves a choice: to put `backup`, if there is
+/// one, in its place, or to start with an empty store; the damaged one is kept either way.
+StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sentence,
+                                        const std::optional<StoreBackup> &backup = {});

@@ -1,7 +1,12 @@
 #include "views/main/MainWindow.h"
 
+#include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/menu/HiddenMenuBar.h"
+#include "views/menu/MainMenu.h"
+#include "views/menu/MenuButton.h"
+#include "views/sidebar/AccountHeader.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailView.h"
@@ -11,11 +16,10 @@
 #include "views/toast/Toast.h"
 
 #include <QCoreApplication>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QShortcut>
 #include <QSplitter>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -50,30 +54,25 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
         m_splitter->addWidget(column);
     m_splitter->setStretchFactor(1, 1);
 
-    auto *layout = new QHBoxLayout{this};
+    auto *layout = new QVBoxLayout{this};
     layout->setContentsMargins({});
+    layout->setSpacing(0);
     layout->addWidget(m_splitter);
 
-    connect(m_toast, &Toast::actionTriggered, this, [this] {
-        m_toastEnd.cancel();
-        if (const auto undo = std::exchange(m_undo, {})) undo();
-    });
-    addShortcuts();
+    connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
+    setTabOrder(&m_listPane->addField(), &m_toast->actionButton());
+    setTabOrder(&m_toast->actionButton(), &m_listPane->list());
     restoreState();
 }
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::addShortcuts()
+void MainWindow::setMenu(MainMenu &menu)
 {
-    const auto on = [this](const QKeySequence &keys, auto action) {
-        connect(new QShortcut{keys, this}, &QShortcut::activated, this, action);
-    };
-    // The offscreen platform knows no standard key for some of these.
-    on(QKeySequence{u"Ctrl+N"_s}, [this] { m_listPane->addField().setFocus(Qt::ShortcutFocusReason); });
-    on(QKeySequence{u"Ctrl+L"_s}, [this] { m_sidebar->tree().setFocus(Qt::ShortcutFocusReason); });
-    on(QKeySequence{u"Ctrl+Q"_s}, [] { QCoreApplication::quit(); });
-    on(QKeySequence{u"Ctrl+W"_s}, [this] { close(); });
+    auto *bar = new HiddenMenuBar{menu, *this};
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, bar);
+    m_sidebar->header().menuButton().setMenu(menu);
+    menu.attachTo(*this);
 }
 
 void MainWindow::restoreState()
@@ -123,7 +122,8 @@ void MainWindow::placeSheet()
 {
     const int sheetWidth = qMin(Metrics::detailWidth, width());
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    m_detail->setGeometry(isMirrored ? 0 : width() - sheetWidth, 0, sheetWidth, height());
+    const QRect columns = m_splitter->geometry(); // below the menu bar, when that is shown
+    m_detail->setGeometry(isMirrored ? 0 : width() - sheetWidth, columns.top(), sheetWidth, columns.height());
     m_detail->raise();
     m_toast->raise();
 }
@@ -161,20 +161,61 @@ void MainWindow::closeEvent(QCloseEvent *event)
 void MainWindow::showToast(const QString &message, const QString &action)
 {
     m_toast->showMessage(message, action);
+    endToastLater();
+}
+
+void MainWindow::endToastLater()
+{
     m_toastEnd = m_clock.callAfter(toastTime, [this] {
-        m_undo = {};
+        if (m_toast->actionButton().hasFocus()) return endToastLater();
+        m_toastAction = {};
+        m_isUndoOffered = false;
         m_toast->dismiss();
     });
 }
 
+void MainWindow::performToastAction()
+{
+    m_toastEnd.cancel();
+    m_isUndoOffered = false;
+    if (const auto perform = std::exchange(m_toastAction, {})) perform();
+}
+
+void MainWindow::showAction(const QString &message, const QString &action,
+                            const std::function<void()> &perform)
+{
+    m_toastAction = perform;
+    m_isUndoOffered = false;
+    showToast(message, action);
+}
+
 void MainWindow::showUndo(const QString &message, const std::function<void()> &undo)
 {
-    m_undo = undo;
-    showToast(message, tr("Undo"));
+    showAction(message, KWLocalizedString("Undo"), undo);
+    m_isUndoOffered = true;
 }
+
+void MainWindow::endUndo()
+{
+    if (!std::exchange(m_isUndoOffered, false)) return;
+    m_toastEnd.cancel();
+    m_toastAction = {};
+    m_toast->dismiss();
+}
+
+bool MainWindow::isUndoHeld() const { return m_isUndoOffered && m_toast->actionButton().hasFocus(); }
 
 void MainWindow::showMessage(const QString &message)
 {
-    m_undo = {};
+    m_toastAction = {};
+    m_isUndoOffered = false;
     showToast(message, {});
+}
+
+bool MainWindow::takeBack()
+{
+    if (!m_isUndoOffered) return false;
+    m_toast->dismiss();
+    performToastAction();
+    return true;
 }

@@ -6,7 +6,9 @@
 
 #include <functional>
 
+class HiddenMenuBar;
 class KWUserDefaults;
+class MainMenu;
 class QSplitter;
 class SidebarView;
 class TaskDetailView;
@@ -23,6 +25,9 @@ public:
     MainWindow(CXClock &clock, KWUserDefaults &defaults);
     ~MainWindow() override;
 
+    /// The menu behind the button, the bar that Alt shows, and the keys of its commands.
+    void setMenu(MainMenu &menu);
+
     SidebarView &sidebar() { return *m_sidebar; }
     TaskListPane &listPane() { return *m_listPane; }
     TaskDetailView &detail() { return *m_detail; }
@@ -31,9 +36,18 @@ public:
     /// Brings the detail into view, and the keyboard into it.
     void openDetail();
     void closeDetailSheet();
-    /// A message with an action that takes something back; it goes after a few seconds.
+    /// A message with an action, one Tab behind the add field; it goes after a few seconds, but not while
+    /// the keyboard is in it.
+    void showAction(const QString &message, const QString &action, const std::function<void()> &perform);
+    /// The same, with an action that takes something back.
     void showUndo(const QString &message, const std::function<void()> &undo);
+    /// Takes the message away when it is one of showUndo().
+    void endUndo();
+    /// The keyboard is in the message of showUndo().
+    bool isUndoHeld() const;
     void showMessage(const QString &message);
+    /// Does what the message on show offers to take back; whether there is one.
+    bool takeBack();
 
 Q_SIGNALS:
     void closed();
@@ -48,8 +62,9 @@ private:
     void saveState();
     void arrange();
     void placeSheet();
-    void addShortcuts();
     void showToast(const QString &message, const QString &action);
+    void endToastLater();
+    void performToastAction();
 
     CXClock &m_clock;
     KWUserDefaults &m_defaults;
@@ -59,6 +74,7 @@ private:
     TaskDetailView *m_detail;
     Toast *m_toast;
     bool m_isNarrow = false;
-    std::function<void()> m_undo;
+    bool m_isUndoOffered = false;
+    std::function<void()> m_toastAction;
     ClockCall m_toastEnd;
 };

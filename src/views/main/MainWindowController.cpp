@@ -1,10 +1,12 @@
 #include "views/main/MainWindowController.h"
 
+#include "lists/TaskWhereabouts.h"
 #include "model/OrvaneKit.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
+#include "views/main/MainWindowCommands.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarController.h"
 #include "views/sidebar/SidebarView.h"
@@ -13,6 +15,16 @@
 #include "views/tasklist/TaskListController.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/theme/Fonts.h"
+#include "views/theme/Metrics.h"
+
+#include <QFontMetrics>
+
+namespace {
+
+constexpr int placeNameWidth = 260;
+
+} // namespace
 
 struct MainWindowController::Content {
     explicit Content(const Rooms &rooms)
@@ -24,6 +36,9 @@ struct MainWindowController::Content {
                 rooms.kit.center(), rooms.clock}
         , addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
         , detail{window.detail(), rooms.kit}
+        , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
+        , commands{{rooms.menu, window, tasks, rooms.sidebar, editor, rooms.kit.manager(),
+                    rooms.kit.account(), rooms.clock}}
     {
     }
 
@@ -34,6 +49,8 @@ struct MainWindowController::Content {
     TaskListController tasks;
     AddFieldController addField;
     TaskDetailController detail;
+    TaskWhereabouts whereabouts;
+    MainWindowCommands commands;
 };
 
 MainWindowController::MainWindowController(Rooms rooms) : m_rooms(rooms) {}
@@ -50,15 +67,55 @@ void MainWindowController::show()
 
 void MainWindowController::close()
 {
+    m_rooms.deletes.commitPending(); // its toast goes with the window
     if (m_content) m_content->window.close();
     m_content.reset();
 }
 
+void MainWindowController::showUndo(const QString &message, std::function<void()> undo)
+{
+    if (m_content) m_content->window.showUndo(message, undo);
+}
+
+void MainWindowController::showFailure(const QString &sentence)
+{
+    if (m_content) m_content->window.showMessage(sentence);
+}
+
+void MainWindowController::endUndo()
+{
+    if (m_content) m_content->window.endUndo();
+}
+
+bool MainWindowController::isUndoHeld() const { return m_content && m_content->window.isUndoHeld(); }
+
 void MainWindowController::select(const KWListIdentifier &list) { m_rooms.sidebar.select(list); }
+
+void MainWindowController::showList(const KWListIdentifier &list)
+{
+    show();
+    select(list);
+    m_content->window.listPane().list().setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindowController::showTask(const QString &taskID, const KWListIdentifier &list)
+{
+    show();
+    m_content->tasks.showTask(taskID, list);
+    m_content->window.openDetail();
+    m_content->window.listPane().list().setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindowController::showMessage(const QString &sentence)
+{
+    show();
+    m_content->window.showMessage(sentence);
+}
 
 void MainWindowController::make()
 {
     m_content = std::make_unique<Content>(m_rooms);
+    m_content->window.setMenu(m_rooms.menu);
     connectColumns();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
@@ -80,12 +137,34 @@ void MainWindowController::connectColumns()
             [&list] { list.setFocus(Qt::OtherFocusReason); });
     connect(&list, &TaskListView::currentTaskChanged, &content.detail, &TaskDetailController::show);
     connect(&list, &TaskListView::opened, &window, &MainWindow::openDetail);
-    connect(&content.addField, &AddFieldController::added, &list, &TaskListView::selectTask);
+    connect(&content.addField, &AddFieldController::added, this, &MainWindowController::showAdded);
     connect(&content.detail, &TaskDetailController::completionToggled, &content.tasks,
             &TaskListController::tick);
     connect(&content.tasks, &TaskListController::statusChanged, &window, &MainWindow::showUndo);
+    connect(&list, &TaskListView::deletionRequested, this,
+            [this](const QString &taskID) { m_rooms.deletes.deleteTasks({taskID}); });
+    connect(&content.detail, &TaskDetailController::itemRemovalRequested, this,
+            [this](const auto &remove, const auto &restore) {
+                m_rooms.deletes.deleteChecklistItemsWithCount(1, *this, remove, restore, [] {});
+            });
     connect(&content.tasks, &TaskListController::failed, &window, &MainWindow::showMessage);
     connect(&content.addField, &AddFieldController::failed, &window, &MainWindow::showMessage);
     connect(&content.detail, &TaskDetailController::failed, &window, &MainWindow::showMessage);
+    connect(&content.commands, &MainWindowCommands::changed, &window, &MainWindow::showUndo);
+    connect(&content.commands, &MainWindowCommands::failed, &window, &MainWindow::showMessage);
     connect(&window, &MainWindow::closed, this, &MainWindowController::windowClosed);
+}
+
+void MainWindowController::showAdded(const QString &taskID)
+{
+    const KWProjectListNode *place = m_content->whereabouts.nodeElsewhere(taskID);
+    const auto list = place ? place->listIdentifier() : std::nullopt;
+    if (!list) return m_content->window.listPane().list().selectTask(taskID);
+
+    const QFontMetrics metrics{Fonts::font(Fonts::Role::Body)};
+    const QString name = metrics.elidedText(place->title(), Qt::ElideRight, Metrics::scaled(placeNameWidth));
+    m_content->window.showAction(tr("Added to %1").arg(name), tr("Open"), [this, list, taskID] {
+        m_content->tasks.showTask(taskID, *list);
+        m_content->window.listPane().list().setFocus(Qt::OtherFocusReason);
+    });
 }

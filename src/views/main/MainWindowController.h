@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/KWDelayDeleteManager.h"
+#include "app/LinkOpener.h"
 #include "app/ports/WindowPorts.h"
 #include "capture/NewTaskService.h"
 #include "lists/KWProjectListPresenter.h"
@@ -9,12 +11,13 @@
 
 #include <memory>
 
+class MainMenu;
 class MainWindow;
 class OrvaneKit;
 
 /// The main window with everything in it, made when it is first shown and dropped when it closes.
 /// Main thread.
-class MainWindowController : public QObject, public MainWindowPort {
+class MainWindowController : public QObject, public MainWindowPort, public LinkTarget, public ToastPort {
     Q_OBJECT
 
 public:
@@ -25,6 +28,8 @@ public:
         KWProjectListPresenter &sidebar;
         KWTaskListService &tasks;
         NewTaskService &newTasks;
+        MainMenu &menu;
+        KWDelayDeleteManager &deletes;
     };
 
     explicit MainWindowController(Rooms rooms);
@@ -32,11 +37,20 @@ public:
 
     void show() override;
     void close() override;
+    void showUndo(const QString &message, std::function<void()> undo) override;
+    void showFailure(const QString &sentence) override;
+    void endUndo() override;
+    bool isUndoHeld() const override;
     bool isShown() const { return m_content != nullptr; }
 
     /// None while it is not shown.
     MainWindow *window() const;
-    /// Shows the list, for links and pictures.
+    // LinkTarget; each shows the window.
+    void showList(const KWListIdentifier &list) override;
+    void showTask(const QString &taskID, const KWListIdentifier &list) override;
+    void showMessage(const QString &sentence) override;
+
+    /// Shows the list, for pictures.
     void select(const KWListIdentifier &list);
 
 Q_SIGNALS:
@@ -48,6 +62,7 @@ private:
 
     void make();
     void connectColumns();
+    void showAdded(const QString &taskID);
 
     Rooms m_rooms;
     std::unique_ptr<Content> m_content;

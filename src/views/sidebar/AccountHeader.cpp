@@ -1,6 +1,7 @@
 #include "views/sidebar/AccountHeader.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/menu/MenuButton.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int headerMargin = 18;
+constexpr int menuMargin = 12;
 constexpr int headerHeight = 60;
 
 // The first character as a person counts them: one with combining marks or a pair of surrogates is one.
@@ -26,7 +28,7 @@ QString initialOf(const QString &name)
 
 } // namespace
 
-AccountHeader::AccountHeader(QWidget *parent) : QWidget(parent)
+AccountHeader::AccountHeader(QWidget *parent) : QWidget(parent), m_menuButton(new MenuButton{this})
 {
     setObjectName(u"accountHeader"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -39,15 +41,18 @@ void AccountHeader::setAccountName(const QString &name)
     update();
 }
 
-void AccountHeader::setShortcutHint(const QString &hint)
-{
-    m_hint = hint;
-    update();
-}
-
 QSize AccountHeader::sizeHint() const
 {
     return {Metrics::sidebarMinimumWidth, Metrics::scaled(headerHeight)};
+}
+
+void AccountHeader::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const QSize size = m_menuButton->sizeHint();
+    const QRect bounds{width() - menuMargin - size.width(), (height() - size.height()) / 2, size.width(),
+                       size.height()};
+    m_menuButton->setGeometry(QStyle::visualRect(layoutDirection(), rect(), bounds));
 }
 
 void AccountHeader::paintEvent(QPaintEvent *)
@@ -59,7 +64,6 @@ void AccountHeader::paintEvent(QPaintEvent *)
         return QStyle::visualRect(layoutDirection(), rect(), bounds);
     };
     const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    const auto trailing = layoutDirection() == Qt::RightToLeft ? Qt::AlignLeft : Qt::AlignRight;
 
     const int side = Metrics::scaled(Metrics::avatar);
     const QRect avatar = visual({headerMargin, (height() - side) / 2, side, side});
@@ -69,13 +73,8 @@ void AccountHeader::paintEvent(QPaintEvent *)
     painter.setPen(theme.onAccent);
     Fonts::drawLine(painter, Fonts::Role::CaptionStrong, avatar, Qt::AlignHCenter, initialOf(m_name));
 
-    painter.setPen(theme.faintText);
-    const int hintWidth = Fonts::width(Fonts::Role::Secondary, m_hint);
-    const QRect hint{width() - headerMargin - hintWidth, 0, hintWidth, height()};
-    Fonts::drawLine(painter, Fonts::Role::Secondary, visual(hint), trailing, m_hint);
-
     painter.setPen(theme.text);
     const int nameLeft = headerMargin + side + Metrics::grid * 2;
-    const QRect name{nameLeft, 0, hint.left() - Metrics::grid * 2 - nameLeft, height()};
+    const QRect name{nameLeft, 0, width() - headerMargin - m_menuButton->width() - nameLeft, height()};
     Fonts::drawLine(painter, Fonts::Role::BodyStrong, visual(name), leading, m_name);
 }

@@ -2,8 +2,10 @@
 
 #include <QWidget>
 
-/// The account at the head of the sidebar: a circle with its initial, its name, and the key that finds
-/// anything.
+class MenuButton;
+
+/// The account at the head of the sidebar: a circle with its initial, its name, and the button of the
+/// main menu.
 class AccountHeader : public QWidget {
     Q_OBJECT
 
@@ -11,15 +13,15 @@ public:
     explicit AccountHeader(QWidget *parent = nullptr);
 
     void setAccountName(const QString &name);
-    /// The key combination as text; empty shows none.
-    void setShortcutHint(const QString &hint);
+    MenuButton &menuButton() { return *m_menuButton; }
 
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    MenuButton *m_menuButton;
     QString m_name;
-    QString m_hint;
 };

@@ -130,6 +130,14 @@ bool KWProjectListView::selectNode(KWProjectListNodeType type, const QString &en
     return true;
 }
 
+void KWProjectListView::selectNothing()
+{
+    m_selectedType = KWProjectListNodeType::none;
+    m_selectedID.clear();
+    clearSelection();
+    setCurrentIndex({});
+}
+
 void KWProjectListView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
     QTreeView::selectionChanged(selected, deselected);

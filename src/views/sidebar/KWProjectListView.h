@@ -31,6 +31,8 @@ public:
     /// Selects, unfolds what hides the row, and announces; false when there is no such row. Does nothing
     /// to a row that is selected already.
     bool selectNode(KWProjectListNodeType type, const QString &entityID);
+    /// For a list that has no row; not announced.
+    void selectNothing();
 
 Q_SIGNALS:
     void nodeSelected(KWProjectListNode *node);

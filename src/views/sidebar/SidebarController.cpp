@@ -45,4 +45,6 @@ void SidebarController::showSelection()
 {
     if (const KWProjectListNode *node = m_presenter.selectedNode())
         m_view.tree().selectNode(node->type(), node->entityID());
+    else
+        m_view.tree().selectNothing();
 }

@@ -73,6 +73,8 @@ void TaskDetailController::connectEdits()
         if (const Result<QString> added = m_editor.addItem(m_taskID, afterID, title); !added)
             Q_EMIT failed(added.error().sentence);
     });
-    connect(&m_view, &TaskDetailView::itemRemoved, this,
-            [this](const QString &itemID) { report(m_editor.removeItem(itemID)); });
+    connect(&m_view, &TaskDetailView::itemRemoved, this, [this](const QString &itemID) {
+        Q_EMIT itemRemovalRequested([this, itemID] { report(m_editor.removeItem(itemID)); },
+                                    [this, itemID] { report(m_editor.restoreItem(itemID)); });
+    });
 }

@@ -2,6 +2,7 @@
 
 #include "corvexkit/time/CXClock.h"
 #include "model/events/KWEventBus.h"
+#include "model/events/KWNotificationCenter.h"
 #include "model/store/KWTaskEditor.h"
 #include "model/store/KWTaskTicker.h"
 
@@ -26,6 +27,8 @@ Q_SIGNALS:
     /// The checkbox of the detail: as a click on the row's.
     void completionToggled(const QString &taskID);
     void failed(const QString &sentence);
+    /// An item of the checklist is to go: `remove` takes it out of the store, `restore` puts it back.
+    void itemRemovalRequested(const std::function<void()> &remove, const std::function<void()> &restore);
 
 private:
     void refresh();

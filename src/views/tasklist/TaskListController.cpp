@@ -12,6 +12,13 @@
 
 namespace {
 
+// Closed and deleted tasks come from elsewhere; none is typed here.
+bool takesNewTasks(const KWListIdentifier &list)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return !smart || !(smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
+}
+
 bool mixesLists(const KWListIdentifier &list) { return list.type != KWListIdentifierType::Project; }
 
 } // namespace
@@ -29,6 +36,7 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
                 if (const Result<void> saved = m_editor.setTitle(taskID, title); !saved)
                     Q_EMIT failed(saved.error().sentence);
             });
+    connect(&m_pane.list(), &TaskListView::currentTaskChanged, this, [this] { m_wantedTask.clear(); });
     m_observations.push_back(center.addObserver(
         KWNewMinuteComesNotification, [this](const KWNotification &) { m_pane.model().refreshDates(); }));
     m_observations.push_back(
@@ -37,14 +45,29 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
 
 void TaskListController::show(const KWListIdentifier &list)
 {
+    m_wantedTask.clear();
     m_service.select(list);
     showHead();
+}
+
+void TaskListController::showTask(const QString &taskID, const KWListIdentifier &list)
+{
+    m_sidebar.select(list);
+    m_wantedTask = taskID;
+    selectWantedTask();
+}
+
+void TaskListController::selectWantedTask()
+{
+    if (!m_wantedTask.isEmpty()) m_pane.list().selectTask(QString{m_wantedTask});
+    if (m_pane.list().currentTask() == m_wantedTask) m_wantedTask.clear();
 }
 
 void TaskListController::showRows()
 {
     showNames();
     m_pane.list().setRows(m_service.rows());
+    selectWantedTask();
 }
 
 void TaskListController::showNames()
@@ -64,8 +87,7 @@ void TaskListController::showNames()
 
 void TaskListController::showHead()
 {
-    const KWProjectListNode *node = m_sidebar.selectedNode();
-    const QString title = node ? node->title() : QString{};
+    const QString title = m_sidebar.titleOfSelectedList();
     m_pane.header().setTitle(title);
 
     const bool isDateList = KWSmartProject::isDateSensetiveSmartProjectID(m_service.list().entityID);
@@ -75,10 +97,11 @@ void TaskListController::showHead()
         isDateList ? DateWording::weekdayAndDay(today + std::chrono::days{isTomorrow}, today, QLocale{})
                    : QString{});
 
-    const bool showsClosed = KWSmartProject::isCompletedSmartProjectID(m_service.list().entityID);
-    m_pane.addField().setVisible(!showsClosed);
+    m_pane.addField().setVisible(takesNewTasks(m_service.list()));
     m_pane.addField().setPlaceholder(tr("Add a task to “%1”").arg(title));
-    if (showsClosed)
+    if (m_service.list().entityID == KWSmartProject::trash().identifier())
+        m_pane.list().setEmptyText(tr("The trash is empty"), tr("Tasks you delete are kept here."));
+    else if (!takesNewTasks(m_service.list()))
         m_pane.list().setEmptyText(tr("Nothing completed yet"), tr("Tasks you complete are kept here."));
     else
         m_pane.list().setEmptyText(tr("Nothing to do in “%1”").arg(title),
@@ -87,16 +110,14 @@ void TaskListController::showHead()
 
 void TaskListController::tick(const QString &taskID)
 {
-    const auto before = m_editor.read(taskID);
-    const Result<KWTaskStatus> status = m_ticker.tick(taskID);
-    if (!status || !before) {
-        Q_EMIT failed(status ? QString{} : status.error().sentence);
+    const auto ticked = m_ticker.tick(taskID);
+    if (!ticked) {
+        Q_EMIT failed(ticked.error().sentence);
         m_service.reload();
         return;
     }
-    const QString message = *status == KWTaskStatusOpen ? tr("Reopened") : tr("Completed");
-    Q_EMIT statusChanged(message, [this, taskID, earlier = before->task.status] {
-        if (const auto undone = m_ticker.updateStatus(earlier, taskID); !undone)
-            Q_EMIT failed(undone.error().sentence);
+    const QString message = ticked->status == KWTaskStatusOpen ? tr("Reopened") : tr("Completed");
+    Q_EMIT statusChanged(message, [this, token = ticked->undo] {
+        if (const auto undone = m_ticker.undo(token); !undone) Q_EMIT failed(undone.error().sentence);
     });
 }

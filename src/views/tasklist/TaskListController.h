@@ -21,6 +21,8 @@ public:
 
     /// Shows that list.
     void show(const KWListIdentifier &list);
+    /// Selects that list in the sidebar and the task in it, as soon as its row is there.
+    void showTask(const QString &taskID, const KWListIdentifier &list);
     /// Completes the task or reopens it.
     void tick(const QString &taskID);
 
@@ -31,6 +33,7 @@ Q_SIGNALS:
 
 private:
     void showRows();
+    void selectWantedTask();
     void showHead();
     void showNames();
 
@@ -40,5 +43,6 @@ private:
     KWTaskTicker &m_ticker;
     KWTaskEditor &m_editor;
     CXClock &m_clock;
+    QString m_wantedTask; // to be selected when its row is there
     std::vector<KWNotificationCenter::Observation> m_observations;
 };

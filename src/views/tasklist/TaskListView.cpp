@@ -8,7 +8,9 @@
 #include "views/theme/Theme.h"
 #include "views/theme/ThemeConfigurator.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -144,6 +146,10 @@ void TaskListView::keyPressEvent(QKeyEvent *event)
             Q_EMIT opened(currentTask());
             return;
         }
+        if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
+            Q_EMIT deletionRequested(currentTask());
+            return;
+        }
     }
     QListView::keyPressEvent(event);
 }
@@ -184,6 +190,20 @@ void TaskListView::leaveEvent(QEvent *event)
 {
     setHoveredCheckbox({});
     QListView::leaveEvent(event);
+}
+
+void TaskListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    if (!index.isValid()) return;
+    const QString sid = m_model.rowAt(index).sid;
+    auto *menu = new QMenu{this};
+    menu->setObjectName(u"taskMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("Delete")), &QAction::triggered, this,
+            [this, sid] { Q_EMIT deletionRequested(sid); });
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
 }
 
 void TaskListView::paintEvent(QPaintEvent *event)

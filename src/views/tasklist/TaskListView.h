@@ -10,7 +10,8 @@
 class TaskRowDelegate;
 
 /// The list of tasks in the middle of the window. Arrows move, Space completes, Enter opens the
-/// detail, F2 edits the title; a click on a checkbox completes without selecting.
+/// detail, F2 edits the title, Delete and Backspace delete, as an entry of the context menu does; a click
+/// on a checkbox completes without selecting.
 class TaskListView : public QListView {
     Q_OBJECT
 
@@ -35,6 +36,7 @@ Q_SIGNALS:
     /// Enter or a double click: show the task's detail and go there.
     void opened(const QString &sid);
     void titleEdited(const QString &sid, const QString &title);
+    void deletionRequested(const QString &sid);
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
@@ -44,6 +46,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

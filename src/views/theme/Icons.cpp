@@ -16,13 +16,13 @@ static void registerIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace {
 
-constexpr std::array<const char *, 28> fileNames{
-    "inbox",     "today",    "tomorrow",     "next7days",     "calendar", "focus",  "habits",
-    "all",       "assigned", "folder",       "archive",       "tag",      "filter", "completed",
-    "abandoned", "trash",    "summary",      "add",           "repeat",   "flag",   "check",
-    "search",    "more",     "chevron-down", "chevron-right", "enter",    "close",  "restore",
+constexpr std::array<const char *, 29> fileNames{
+    "inbox",         "today",  "tomorrow", "next7days", "calendar", "focus",     "habits",    "all",
+    "assigned",      "folder", "archive",  "tag",       "filter",   "completed", "abandoned", "trash",
+    "summary",       "add",    "repeat",   "flag",      "check",    "search",    "more",      "chevron-down",
+    "chevron-right", "enter",  "close",    "restore",   "menu",
 };
-static_assert(fileNames.size() == std::size_t(Icon::Restore) + 1);
+static_assert(fileNames.size() == std::size_t(Icon::Menu) + 1);
 
 quint64 keyOf(Icon icon, int side, const QColor &color)
 {

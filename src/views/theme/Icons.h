@@ -37,6 +37,7 @@ enum class Icon {
     Enter,
     Close,
     Restore,
+    Menu,
 };
 
 namespace Icons {

@@ -25,6 +25,7 @@ inline constexpr int taskRow = 40;
 inline constexpr int sidebarRow = 32;
 inline constexpr int sectionHeader = 36;
 inline constexpr int addField = 40;
+inline constexpr int control = 34; ///< a button, a box of choices, a field; the focus ring included
 inline constexpr int checkbox = 16;
 inline constexpr int icon = 16;
 inline constexpr int dot = 9;

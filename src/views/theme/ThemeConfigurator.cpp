@@ -61,6 +61,12 @@ void ThemeConfigurator::apply()
     dress();
 }
 
+ThemeConfigurator::Mode ThemeConfigurator::modeNamed(const QString &name)
+{
+    if (name == u"light") return Mode::Light;
+    return name == u"dark" ? Mode::Dark : Mode::FollowDesktop;
+}
+
 void ThemeConfigurator::setMode(Mode mode)
 {
     if (m_mode == mode) return;
@@ -79,14 +85,6 @@ void ThemeConfigurator::autoSwitchDarkIfNeeded()
     if (m_mode == Mode::FollowDesktop && wantedScheme() != m_theme->scheme) dress();
 }
 
-void ThemeConfigurator::setTextSize(double size)
-{
-    size = std::clamp(size, 0.5, 3.0);
-    if (size == m_textSize) return;
-    m_textSize = size;
-    dress();
-}
-
 ColorScheme ThemeConfigurator::wantedScheme() const
 {
     if (m_mode == Mode::Light) return ColorScheme::Light;
@@ -98,14 +96,11 @@ ColorScheme ThemeConfigurator::wantedScheme() const
 void ThemeConfigurator::dress()
 {
     m_theme = wantedScheme() == ColorScheme::Dark ? &Theme::dark() : &Theme::light();
-    m_textScale = m_textSize;
     if (!m_isApplied) return;
 
     // A desktop that enlarges text alone says so by the resolution it reports.
-    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
-        const double desktopScale = screen->logicalDotsPerInchY() / 96;
-        if (desktopScale > 1) m_textScale *= desktopScale;
-    }
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        m_textScale = std::max(1.0, screen->logicalDotsPerInchY() / 96);
     QApplication::setFont(Fonts::font(Fonts::Role::Body));
     QApplication::setPalette(paletteOf(*m_theme));
     Q_EMIT themeChanged();

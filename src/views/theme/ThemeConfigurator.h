@@ -21,6 +21,8 @@ public:
     /// Sets style, palette and font of the application. Called once, before the first window.
     void apply();
 
+    /// Of "light" and "dark"; any other text follows the desktop.
+    static Mode modeNamed(const QString &name);
     Mode mode() const { return m_mode; }
     void setMode(Mode mode);
 
@@ -34,10 +36,7 @@ public:
 
     const Theme &theme() const { return *m_theme; }
 
-    /// Text size as the person set it: 1 is 100 %. Kept within 0.5 and 3.
-    double textSize() const { return m_textSize; }
-    void setTextSize(double size);
-    /// textSize() times the desktop's scaling of text.
+    /// The desktop's scaling of text.
     double textScale() const { return m_textScale; }
 
 Q_SIGNALS:
@@ -52,7 +51,6 @@ private:
 
     Mode m_mode = Mode::FollowDesktop;
     const Theme *m_theme = &Theme::light();
-    double m_textSize = 1;
     double m_textScale = 1;
     bool m_isApplied = false;
     ColorScheme m_startScheme = ColorScheme::Light;

@@ -13,6 +13,8 @@ namespace {
 
 constexpr int scrollBarExtent = 10;
 constexpr int shortestThumb = 24;
+constexpr int comboBoxPadding = 8;
+constexpr int fieldInset = 4; // within its outline
 
 bool isAccented(const QStyleOptionButton &button)
 {
@@ -33,6 +35,15 @@ void drawButton(QPainter &painter, const QStyleOptionButton &button)
     Painting::roundedBox(painter, bounds, Metrics::rowRadius, fill, outline);
     if (button.state & QStyle::State_HasFocus)
         Painting::focusRing(painter, button.rect, Metrics::rowRadius + 2);
+}
+
+void drawField(QPainter &painter, const QStyleOption &field)
+{
+    const Theme &theme = Theme::current();
+    Painting::roundedBox(painter, field.rect.adjusted(2, 2, -2, -2), Metrics::rowRadius, theme.window,
+                         theme.control);
+    if (field.state & QStyle::State_HasFocus)
+        Painting::focusRing(painter, field.rect, Metrics::rowRadius + 2);
 }
 
 void drawThumb(QPainter &painter, const QStyleOptionSlider &bar, QRect thumb)
@@ -69,6 +80,13 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
             return;
         }
         break;
+    case PE_PanelLineEdit:
+        if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+            frame && frame->lineWidth > 0) {
+            drawField(*painter, *option);
+            return;
+        }
+        break;
     default:
         break;
     }
@@ -98,6 +116,9 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
 void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                                     QPainter *painter, const QWidget *widget) const
 {
+    const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
+    if (control == CC_SpinBox && spin && spin->buttonSymbols == QAbstractSpinBox::NoButtons)
+        return drawField(*painter, *option);
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control != CC_ScrollBar || !bar) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -111,6 +132,12 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
                                  SubControl subControl, const QWidget *widget) const
 {
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ComboBox && subControl == SC_ComboBoxEditField)
+        return QProxyStyle::subControlRect(control, option, subControl, widget)
+            .adjusted(comboBoxPadding, 0, -comboBoxPadding, 0);
+    const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
+    if (spin && spin->buttonSymbols == QAbstractSpinBox::NoButtons && subControl == SC_SpinBoxEditField)
+        return option->rect.adjusted(comboBoxPadding, fieldInset, -comboBoxPadding, -fieldInset);
     if (control != CC_ScrollBar || !bar)
         return QProxyStyle::subControlRect(control, option, subControl, widget);
 
@@ -138,6 +165,15 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     default:
         return {};
     }
+}
+
+QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                                   const QWidget *widget) const
+{
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_ComboBox) size.rwidth() += 2 * comboBoxPadding;
+    const bool isControl = type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox;
+    return isControl ? size.expandedTo({0, Metrics::scaled(Metrics::control)}) : size;
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

@@ -2,8 +2,8 @@
 
 #include <QProxyStyle>
 
-/// The look of the few stock controls the product uses, after the theme in force: buttons, scroll
-/// bars, splitters and the focus ring. Item views are left to their delegates.
+/// The look of the few stock controls the product uses, after the theme in force: buttons, fields of one
+/// line, scroll bars, splitters and the focus ring. Item views are left to their delegates.
 class ThemeStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -18,6 +18,8 @@ public:
                             const QWidget *widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl subControl,
                          const QWidget *widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                           const QWidget *widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returnData) const override;

@@ -94,6 +94,8 @@ void Toast::showMessage(const QString &message, const QString &action)
 
 void Toast::dismiss() { hide(); }
 
+QWidget &Toast::actionButton() { return *m_action; }
+
 void Toast::place()
 {
     const QWidget *parent = parentWidget();

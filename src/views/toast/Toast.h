@@ -17,6 +17,9 @@ public:
     void showMessage(const QString &message, const QString &action = {});
     void dismiss();
 
+    /// Stands in the tab order where whoever shows the toast puts it.
+    QWidget &actionButton();
+
 Q_SIGNALS:
     /// The button was pressed; the toast has gone.
     void actionTriggered();

@@ -1,8 +1,8 @@
 #include "views/wording/DateWording.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/wording/CalendarDay.h"
 
-#include <QDate>
 #include <QList>
 #include <QTime>
 
@@ -12,12 +12,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono;
 
 namespace {
-
-QDate dateOf(Day day)
-{
-    const year_month_day date{day};
-    return {int(date.year()), int(unsigned(date.month())), int(unsigned(date.day()))};
-}
 
 struct PatternPiece {
     QString text;
@@ -67,13 +61,28 @@ QString pattern(const QLocale &locale, QStringView fields)
     return result;
 }
 
+QString &chosenClock()
+{
+    static QString format;
+    return format;
+}
+
 } // namespace
+
+void DateWording::setClockFormat(const QString &format) { chosenClock() = format; }
+
+QString DateWording::timeFormat(const QLocale &locale)
+{
+    if (chosenClock() == u"24") return u"HH:mm"_s;
+    if (chosenClock() == u"12") return u"h:mm AP"_s;
+    const bool isPlain = locale.language() == QLocale::C;
+    return isPlain ? u"HH:mm"_s : locale.timeFormat(QLocale::ShortFormat);
+}
 
 QString DateWording::timeOfDay(LocalTime time, const QLocale &locale)
 {
     const QTime clockTime = QTime::fromMSecsSinceStartOfDay(int((time - floor<days>(time)).count()));
-    const bool isPlain = locale.language() == QLocale::C;
-    return locale.toString(clockTime, isPlain ? u"HH:mm"_s : locale.timeFormat(QLocale::ShortFormat));
+    return locale.toString(clockTime, timeFormat(locale));
 }
 
 QString DateWording::dayAndMonth(Day day, const QLocale &locale)

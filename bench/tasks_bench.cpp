@@ -1,0 +1,159 @@
+// What is done to tasks in a store of 100,000: ticking and taking it back, moving, deleting and emptying the
+// trash, reading a tree of subtasks. Each is one durable save, but for the reading.
+
+#include "corvexkit/time/SystemClock.h"
+#include "model/OrvaneKit.h"
+#include "model/records/KWChecklistItem.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
+#include "model/records/KWTaskItemTree.h"
+#include "model/store/FindAll.h"
+#include "model/store/KWTaskMover.h"
+#include "model/store/KWTaskTicker.h"
+#include "model/store/KWTrashDataService.h"
+
+#include <QLocale>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int storedTasks = 100'000;
+constexpr int openTasks = 20'000;
+constexpr int lists = 200;
+constexpr int moved = 1'000;
+
+struct Home {
+    QTemporaryDir folder;
+    SystemClock clock{CXTimeZone::utc()};
+    std::unique_ptr<OrvaneKit> kit;
+    QStringList projects;
+    QStringList plain;
+    QString repeating;
+
+    Home()
+    {
+        kit = OrvaneKit::open(DataFolders::locate(folder.path()), clock).kit;
+        if (!kit || !kit->account().openLocalAccount(QLocale::c())) std::abort();
+        const auto filled = KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) {
+            fill(context);
+            return Result<void>{};
+        });
+        if (!filled) std::abort();
+    }
+
+    KWTaskModel task(int number) const
+    {
+        KWTaskModel model;
+        model.userID = kit->account().currentUserID();
+        model.title = u"Call the venue about chair number %1"_s.arg(number);
+        model.startDate = clock.now() + std::chrono::hours{24 + number % 60 * 24};
+        model.timeZone = u"UTC"_s;
+        model.reminders = {u"TRIGGER:PT0S"_s};
+        model.sortOrder = -number * KWSortOrderStep;
+        return model;
+    }
+
+    void fill(ObjectContext &context)
+    {
+        for (int i = 0; i < lists; ++i)
+            projects.append(
+                KWProject::createProjectNamed(u"List %1"_s.arg(i), kit->account().currentUserID(), context)
+                    .sid());
+        for (int i = 0; i < storedTasks; ++i) {
+            KWTaskModel model = task(i);
+            model.projectID = projects.at(i % lists);
+            if (i >= openTasks) {
+                model.status = KWTaskStatusCompleted;
+                model.completionDate = model.startDate;
+            }
+            const QString id = context.insert<KWTask>(std::move(model)).sid();
+            if (i < moved) plain.append(id);
+        }
+        KWTaskModel model = task(storedTasks);
+        model.projectID = projects.first();
+        model.repeatRule = u"FREQ=DAILY"_s;
+        repeating = context.insert<KWTask>(std::move(model)).sid();
+        for (int i = 0; i < 5; ++i) {
+            KWChecklistItemModel item;
+            item.taskID = repeating;
+            item.title = u"Item"_s;
+            context.insert<KWChecklistItem>(std::move(item));
+        }
+    }
+};
+
+Home &home()
+{
+    static Home home;
+    return home;
+}
+
+void tickOneTask(benchmark::State &state)
+{
+    KWTaskTicker ticker{home().kit->manager()};
+    for (auto _ : state)
+        if (!ticker.tick(home().plain.first())) state.SkipWithError("not ticked");
+}
+BENCHMARK(tickOneTask)->Unit(benchmark::kMicrosecond);
+
+void tickARepeatingTaskAndUndo(benchmark::State &state)
+{
+    KWTaskTicker ticker{home().kit->manager()};
+    for (auto _ : state) {
+        const auto ticked = ticker.tick(home().repeating);
+        if (!ticked || !ticker.undo(ticked->undo)) state.SkipWithError("not ticked");
+    }
+}
+BENCHMARK(tickARepeatingTaskAndUndo)->Unit(benchmark::kMicrosecond);
+
+void moveAThousandTasks(benchmark::State &state)
+{
+    KWTaskMover mover{home().kit->manager()};
+    int list = 0;
+    for (auto _ : state)
+        if (!mover.move(home().plain, home().projects.at(++list % lists), KWTaskMover::From::Lists))
+            state.SkipWithError("not moved");
+}
+BENCHMARK(moveAThousandTasks)->Unit(benchmark::kMillisecond);
+
+void trashAThousandTasksAndEmptyTheTrash(benchmark::State &state)
+{
+    KWCoreDataManager &manager = home().kit->manager();
+    KWTrashDataService trash{manager, home().kit->account()};
+    for (auto _ : state) {
+        state.PauseTiming();
+        QStringList ids;
+        const auto made = KWCoreDataService{manager}.sync_save([&ids](ObjectContext &context) {
+            for (int i = 0; i < moved; ++i) {
+                KWTaskModel model = home().task(i);
+                model.projectID = home().projects.first();
+                ids.append(context.insert<KWTask>(std::move(model)).sid());
+            }
+            return Result<void>{};
+        });
+        state.ResumeTiming();
+        const auto trashed = KWCoreDataService{manager}.sync_save([&ids](ObjectContext &context) {
+            KWTask::trashTaskAndDescendants(findAll<KWTask>(ids, context), context);
+            return Result<void>{};
+        });
+        if (!made || !trashed || !trash.empty()) state.SkipWithError("not deleted");
+    }
+}
+BENCHMARK(trashAThousandTasksAndEmptyTheTrash)->Unit(benchmark::kMillisecond);
+
+void plantATree(benchmark::State &state)
+{
+    ObjectContext &context = home().kit->context();
+    KWTask *task = context.find<KWTask>(home().plain.first());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(KWTaskItemTree::plant(*task, context));
+}
+BENCHMARK(plantATree)->Unit(benchmark::kMicrosecond);
+
+} // namespace

@@ -1,0 +1,205 @@
+#include "app/KWDelayDeleteManager.h"
+
+#include "corvexkit/log/CXLog.h"
+#include "model/events/KWEventBus.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWTask.h"
+#include "model/records/KWTaskItemTree.h"
+#include "model/settings/KWLocalizedString.h"
+#include "model/store/FindAll.h"
+#include "model/store/KWCoreDataManager.h"
+#include "model/store/TaskPermissions.h"
+
+#include <QTextBoundaryFinder>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr CXLogger deleteLog{u"delete"};
+constexpr int longestTitle = 10;
+
+// The first characters as a person counts them, never half of one.
+QString shortened(const QString &title)
+{
+    QTextBoundaryFinder characters{QTextBoundaryFinder::Grapheme, title};
+    for (int count = 0; count < longestTitle; ++count)
+        if (characters.toNextBoundary() < 0) return title;
+    const qsizetype end = characters.position();
+    return end < title.size() ? title.first(end) + u"..."_s : title;
+}
+
+QString deletedText(const QString &title)
+{
+    return KWLocalizedString("%@ deleted").replace("%@"_L1, shortened(title));
+}
+
+QStringList idsOf(const QList<KWTask *> &tasks)
+{
+    QStringList ids;
+    for (const KWTask *each : tasks)
+        ids.append(each->sid());
+    return ids;
+}
+
+} // namespace
+
+KWDelayDeleteManager::KWDelayDeleteManager(const Collaborators &collaborators)
+    : m_with(collaborators)
+    , m_signOut(m_with.center.addObserver(KWUserDidSignOutNotification,
+                                          [this](const KWNotification &) { commitPending(); }))
+{
+}
+
+void KWDelayDeleteManager::deleteTasks(const QStringList &taskIDs)
+{
+    commitPending();
+    ObjectContext &context = m_with.manager.MR_defaultContext();
+    QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
+    tasks.removeIf([](const KWTask *each) { return (*each)->isTrashed; });
+    if (tasks.isEmpty()) return;
+    const KWTaskItemForest forest = KWTaskItemForest::plant(tasks, context);
+    if (const Result<void> allowed = mayChange(forest.flatTasks()); !allowed)
+        return m_with.toast.showFailure(allowed.error().sentence);
+
+    const QString message =
+        tasks.size() == 1 ? deletedText((*tasks.first())->title) : KWLocalizedString("Deleted");
+    const QStringList ids = idsOf(forest.flatTasks());
+    start({.toast = &m_with.toast,
+           .type = KWDelayDeleteType::Tasks,
+           .ids = ids,
+           .commit = [this, roots = idsOf(forest.rootTasks()), ids] { return trash(roots, ids); },
+           .undo = {}},
+          message);
+}
+
+Result<void> KWDelayDeleteManager::trash(const QStringList &rootIDs, const QStringList &ids)
+{
+    const auto saved =
+        KWCoreDataService{m_with.manager}.sync_save([&rootIDs](ObjectContext &context) -> Result<void> {
+            KWTask::trashTaskAndDescendants(findAll<KWTask>(rootIDs, context), context);
+            return {};
+        });
+    if (!saved) return saved;
+    announce(ids);
+    return {};
+}
+
+void KWDelayDeleteManager::announce(const QStringList &taskIDs)
+{
+    eb_postTasksDeleted(m_with.bus, taskIDs);
+    m_with.sync.syncImmediatelyWithPushCompletionHandler([](const Result<void> &pushed) {
+        if (!pushed) deleteLog.warning(pushed.error().sentence);
+    });
+}
+
+Result<void> KWDelayDeleteManager::deleteTaskAndDescendantsForever(const QString &taskID)
+{
+    if (containsTask(taskID)) commitPending();
+    QStringList ids;
+    const auto saved = KWCoreDataService{m_with.manager}.sync_save([&](ObjectContext &context) {
+        const QList<KWTask *> tasks = findAll<KWTask>({taskID}, context);
+        if (const Result<void> allowed = mayChange(tasks); !allowed) return allowed;
+        ids = idsOf(KWTaskItemForest::plant(tasks, context).flatTasks());
+        KWTask::deleteTaskAndDescendantsForever(tasks, context);
+        return Result<void>{};
+    });
+    if (!saved) return saved;
+    announce(ids);
+    return {};
+}
+
+void KWDelayDeleteManager::deleteEvents(const QStringList &eventIDs, const QString &title,
+                                        std::function<Result<void>()> deleteBlock)
+{
+    commitPending();
+    if (eventIDs.isEmpty()) return;
+    start({.toast = &m_with.toast,
+           .type = KWDelayDeleteType::Events,
+           .ids = eventIDs,
+           .commit = std::move(deleteBlock),
+           .undo = {}},
+          eventIDs.size() == 1 ? deletedText(title) : KWLocalizedString("Deleted"));
+}
+
+void KWDelayDeleteManager::deleteChecklistItemsWithCount(int count, ToastPort &window,
+                                                         const std::function<void()> &deleteBlock,
+                                                         std::function<void()> undoBlock,
+                                                         std::function<void()> timeoutBlock)
+{
+    commitPending();
+    if (count <= 0) return;
+    deleteBlock();
+    start({.toast = &window,
+           .type = std::nullopt,
+           .ids = {},
+           .commit =
+               [timeoutBlock = std::move(timeoutBlock)] {
+                   timeoutBlock();
+                   return Result<void>{};
+               },
+           .undo = std::move(undoBlock)},
+          KWLocalizedString("Deleted"));
+}
+
+void KWDelayDeleteManager::start(Pending pending, const QString &message)
+{
+    if (pending.type)
+        for (const QString &each : pending.ids)
+            setOf(*pending.type).insert(each);
+    m_pending = std::move(pending);
+    post(*m_pending, KWDelayDeleteStatus::Started);
+    m_pending->toast->showUndo(message, [this] { undo(); });
+    endLater();
+}
+
+void KWDelayDeleteManager::endLater()
+{
+    m_end = m_with.clock.callAfter(undoTime, [this] {
+        if (m_pending->toast->isUndoHeld())
+            endLater();
+        else
+            commitPending();
+    });
+}
+
+std::optional<KWDelayDeleteManager::Pending> KWDelayDeleteManager::end()
+{
+    m_end.cancel();
+    if (!m_pending) return std::nullopt;
+    if (m_pending->type)
+        for (const QString &each : m_pending->ids)
+            setOf(*m_pending->type).remove(each);
+    m_pending->toast->endUndo();
+    return std::exchange(m_pending, std::nullopt);
+}
+
+void KWDelayDeleteManager::undo()
+{
+    const std::optional<Pending> undone = end();
+    if (!undone) return;
+    if (undone->undo) undone->undo();
+    post(*undone, KWDelayDeleteStatus::Undone);
+}
+
+void KWDelayDeleteManager::commitPending()
+{
+    if (!m_pending) return;
+    const Result<void> committed = m_pending->commit();
+    const std::optional<Pending> ended = end();
+    post(*ended, committed ? KWDelayDeleteStatus::Committed : KWDelayDeleteStatus::Undone);
+    if (!committed) ended->toast->showFailure(committed.error().sentence);
+}
+
+void KWDelayDeleteManager::post(const Pending &pending, KWDelayDeleteStatus status)
+{
+    if (!pending.type) return;
+    m_with.center.post(
+        delayDeleteStatusChangedNotification, {},
+        {{u"type"_s, int(*pending.type)}, {u"status"_s, int(status)}, {u"taskIDs"_s, pending.ids}});
+}
+
+QSet<QString> &KWDelayDeleteManager::setOf(KWDelayDeleteType type)
+{
+    return type == KWDelayDeleteType::Tasks ? m_tasks : m_events;
+}

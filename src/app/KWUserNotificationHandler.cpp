@@ -1,0 +1,179 @@
+#include "app/KWUserNotificationHandler.h"
+
+#include "app/ReminderText.h"
+#include "corvexkit/log/CXLog.h"
+#include "model/account/KWAccountManager.h"
+#include "model/events/NotificationNames.h"
+#include "model/settings/KWUserDefaults.h"
+#include "model/store/KWCoreDataManager.h"
+#include "model/store/KWTaskEditor.h"
+#include "model/store/KWTaskTicker.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+constexpr CXLogger notificationLog{u"reminders"};
+}
+
+KWUserNotificationHandler::KWUserNotificationHandler(Collaborators collaborators)
+    : m_with(std::move(collaborators)), m_reminders(m_with.manager)
+{
+}
+
+void KWUserNotificationHandler::applicationDidFinishLaunching()
+{
+    const auto on = [this](const QString &name, void (KWUserNotificationHandler::*reaction)()) {
+        m_observations.push_back(
+            m_with.center.addObserver(name, [this, reaction](const auto &) { (this->*reaction)(); }));
+    };
+    on(KWUserDidSignInNotification, &KWUserNotificationHandler::userDidSignIn);
+    on(KWUserDidSignOutNotification, &KWUserNotificationHandler::userDidSignOut);
+    for (const QString &each : {WorkspaceDidWakeNotification, SystemTimeZoneDidChangeNotification,
+                                KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
+                                delayDeleteStatusChangedNotification})
+        on(each, &KWUserNotificationHandler::checkSoon);
+    m_registration = m_with.bus.registerEventBus([this](const StoreChange &change) {
+        for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project})
+            if (change.touches(kind)) return checkSoon();
+    });
+    m_with.notifications.onResponse = [this](const auto &response) { respond(response); };
+    m_with.notifications.onClosed = [this](const QString &identifier) { m_shown.remove(identifier); };
+    if (m_with.account.isSignedIn()) userDidSignIn();
+}
+
+void KWUserNotificationHandler::userDidSignIn()
+{
+    m_reminders.planMissing(m_with.account.currentUserID());
+    checkSoon();
+}
+
+void KWUserNotificationHandler::userDidSignOut()
+{
+    for (ClockCall *each : {&m_next, &m_soon, &m_retry})
+        each->cancel();
+    for (const QString &each : std::exchange(m_shown, {}).keys())
+        m_with.notifications.withdraw(each);
+    m_with.notifications.withdraw(ReminderText::digestIdentifier);
+    m_delivered.clear();
+}
+
+// Many changes come in a row, and none of them shall wait for this.
+void KWUserNotificationHandler::checkSoon()
+{
+    if (m_with.account.isSignedIn() && !m_soon.isPending())
+        m_soon = m_with.clock.callAfter(0ms, [this] { checkReminders(); });
+}
+
+void KWUserNotificationHandler::checkReminders()
+{
+    const auto &user = m_with.account.currentUser();
+    if (!user) return;
+    withdrawStale();
+
+    const Instant now = m_with.clock.now();
+    QList<DueReminder> due = m_reminders.due({user->sid, user->userServerID}, now);
+    due.removeIf([this](const DueReminder &each) { return m_with.isPendingDelete(each.subject.taskID); });
+    if (!due.isEmpty()) {
+        present(due);
+        if (const Result<void> saved = m_reminders.markDelivered(due, now); saved) {
+            m_delivered.clear();
+        } else {
+            notificationLog.error(saved.error().sentence);
+            m_retry = m_with.clock.callAfter(retryAfter, [this] { checkReminders(); });
+        }
+    }
+    waitForNext();
+}
+
+void KWUserNotificationHandler::present(const QList<DueReminder> &due)
+{
+    if (!m_with.defaults.value(Settings::notificationsEnabled)) return;
+    const Instant now = m_with.clock.now();
+    QList<DueReminder> onTime;
+    QList<DueReminder> late;
+    for (const DueReminder &each : due) {
+        const QString identifier = ReminderText::identifierOf(each.subject);
+        if (each.isSilent || m_delivered.value(identifier) == each.moment) continue;
+        m_delivered.insert(identifier, each.moment);
+        (now - each.moment > punctual ? late : onTime).append(each);
+    }
+    if (late.size() == 1) onTime.prepend(late.takeFirst());
+    const ReminderText words{m_with.clock, m_with.defaults.value(Settings::clockFormat)};
+    if (!late.isEmpty()) show(words.digestOf(late));
+    for (const DueReminder &each : onTime) {
+        m_shown.insert(ReminderText::identifierOf(each.subject), {each.subject, each.startDate});
+        show(words.notificationOf(each));
+    }
+}
+
+void KWUserNotificationHandler::show(UserNotification notification)
+{
+    const bool isHeard = m_with.defaults.value(Settings::notificationSound);
+    notification.sound = isHeard ? UserNotification::Sound::AsUsual : UserNotification::Sound::None;
+    m_with.notifications.show(notification);
+}
+
+void KWUserNotificationHandler::waitForNext()
+{
+    const auto next = m_reminders.nextRemindTime(m_with.account.currentUserID(), m_with.clock.now());
+    m_next = next ? m_with.clock.callAt(*next, [this] { checkReminders(); }) : ClockCall{};
+}
+
+bool KWUserNotificationHandler::isStale(const Shown &shown) const
+{
+    const std::optional<DueReminder> now = m_reminders.reminderOf(shown.subject);
+    return !now || now->startDate != shown.startDate || m_with.isPendingDelete(shown.subject.taskID);
+}
+
+void KWUserNotificationHandler::withdrawStale()
+{
+    m_shown.removeIf([this](const auto &each) {
+        if (!isStale(each.value())) return false;
+        m_with.notifications.withdraw(each.key());
+        return true;
+    });
+}
+
+void KWUserNotificationHandler::respond(const UserNotificationCenterPort::Response &response)
+{
+    const bool isKnown = m_shown.contains(response.identifier);
+    if (!m_with.account.isSignedIn() || (!isKnown && response.identifier != ReminderText::digestIdentifier))
+        return;
+    const Shown shown = m_shown.take(response.identifier);
+    m_with.notifications.withdraw(response.identifier);
+    if (response.action == ReminderText::openAction) {
+        QStringList links;
+        if (isKnown) links.append(u"orvane://task/"_s + shown.subject.taskID);
+        return m_with.open({.links = links, .activationToken = response.activationToken});
+    }
+    if (!isKnown || isStale(shown)) return;
+    if (const Result<void> done = act(shown, response.action); !done)
+        show({.identifier = u"problem"_s, .title = done.error().sentence, .body = {}, .actions = {}});
+}
+
+Result<void> KWUserNotificationHandler::act(const Shown &shown, const QString &action)
+{
+    if (action == ReminderText::completeAction) return complete(shown.subject);
+    const std::optional<Instant> until = snoozedUntil(action);
+    return until ? m_reminders.snooze(shown.subject, *until) : Result<void>{};
+}
+
+Result<void> KWUserNotificationHandler::complete(const ReminderSubject &subject)
+{
+    if (!subject.itemID.isEmpty()) return KWTaskEditor{m_with.manager}.tickItem(subject.itemID);
+    const auto ticked = KWTaskTicker{m_with.manager}.updateStatus(KWTaskStatusCompleted, subject.taskID);
+    return ticked ? Result<void>{} : ticked.error();
+}
+
+std::optional<Instant> KWUserNotificationHandler::snoozedUntil(const QString &action) const
+{
+    if (action == ReminderText::tomorrowAction) {
+        const minutes morning{m_with.account.userSettings().smartTimeForMorning};
+        return m_with.clock.zone().toInstant(LocalTime{m_with.clock.today() + days{1}} + morning);
+    }
+    bool isNumber = false;
+    const int delay = QStringView{action}.mid(ReminderText::snoozeAction.size()).toInt(&isNumber);
+    if (!isNumber || !action.startsWith(ReminderText::snoozeAction)) return std::nullopt;
+    return m_with.clock.now() + minutes{delay};
+}

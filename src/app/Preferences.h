@@ -1,0 +1,65 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "corvexkit/time/Instant.h"
+#include "model/records/KWConstants.h"
+#include "model/records/KWUserSettingsModel.h"
+#include "model/settings/KWUserDefaults.h"
+
+#include <QList>
+
+#include <functional>
+#include <optional>
+
+class KWAccountManager;
+class KWCoreDataManager;
+class KWNotificationCenter;
+class KWSmartProject;
+
+/// The one place where the preferences window reads and writes: the settings of the account are in its
+/// records, those of the program in the defaults. Every change is saved at once and announced. Main
+/// thread.
+class Preferences {
+public:
+    Preferences(KWCoreDataManager &manager, KWAccountManager &account, KWUserDefaults &defaults,
+                KWNotificationCenter &center);
+
+    // Of the program.
+    template <class Value>
+    Value value(const Setting<Value> &setting) const
+    {
+        return m_defaults.value(setting);
+    }
+    template <class Value>
+    void set(const Setting<Value> &setting, const std::type_identity_t<Value> &value)
+    {
+        m_defaults.set(setting, value);
+        announceDefaults(setting.key);
+    }
+
+    // Of the account.
+    const KWUserSettingsModel &settings() const;
+    template <class Value>
+    Result<void> set(Value KWUserSettingsModel::*field, const std::type_identity_t<Value> &value)
+    {
+        return editSettings([&](KWUserSettingsModel &settings) { settings.*field = value; });
+    }
+    KWSmartProjectVisibility visibilityOf(const KWSmartProject &smart) const;
+    Result<void> setVisibility(KWSmartProjectVisibility visibility, const KWSmartProject &smart);
+
+    /// The lists to which new tasks may go, as id and name; the inbox first.
+    struct NamedList {
+        QString id;
+        QString name;
+    };
+    QList<NamedList> listsForNewTasks() const;
+
+private:
+    Result<void> editSettings(const std::function<void(KWUserSettingsModel &)> &edit);
+    void announceDefaults(const char *key);
+
+    KWCoreDataManager &m_manager;
+    KWAccountManager &m_account;
+    KWUserDefaults &m_defaults;
+    KWNotificationCenter &m_center;
+};

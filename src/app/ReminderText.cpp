@@ -1,0 +1,88 @@
+#include "app/ReminderText.h"
+
+#include "corvexkit/time/CXClock.h"
+#include "model/settings/KWLocalizedString.h"
+
+#include <QDate>
+#include <QLocale>
+#include <QTime>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+
+constexpr int linesOfDigest = 5;
+
+QString joined(QStringList parts)
+{
+    parts.removeAll(QString{});
+    return parts.join(u" · "_s);
+}
+
+} // namespace
+
+ReminderText::ReminderText(const CXClock &clock, QString clockFormat)
+    : m_clock(clock), m_clockFormat(std::move(clockFormat))
+{
+}
+
+QString ReminderText::identifierOf(const ReminderSubject &subject)
+{
+    return subject.itemID.isEmpty() ? u"task:"_s + subject.taskID : u"item:"_s + subject.itemID;
+}
+
+QString ReminderText::dayText(Day day) const
+{
+    if (day == m_clock.today()) return KWLocalizedString("Today");
+    if (day == m_clock.today() + days{1}) return KWLocalizedString("Tomorrow");
+    const year_month_day date{sys_days{day.time_since_epoch()}};
+    return QLocale{}.toString(QDate{int(date.year()), int(unsigned(date.month())), int(unsigned(date.day()))},
+                              QLocale::ShortFormat);
+}
+
+QString ReminderText::timeText(milliseconds sinceMidnight) const
+{
+    const QLocale locale;
+    const QTime time = QTime::fromMSecsSinceStartOfDay(int(sinceMidnight.count()));
+    if (m_clockFormat == u"24" || (m_clockFormat != u"12" && locale.language() == QLocale::C))
+        return locale.toString(time, u"HH:mm"_s);
+    if (m_clockFormat == u"12") return locale.toString(time, u"h:mm AP"_s);
+    return locale.toString(time, QLocale::ShortFormat);
+}
+
+QString ReminderText::whenText(const DueReminder &reminder) const
+{
+    if (!reminder.startDate) return {};
+    const LocalTime start = m_clock.zone().toLocal(*reminder.startDate);
+    const Day day = floor<days>(start);
+    if (reminder.isAllDay) return dayText(day);
+    const QString time = timeText(start - day);
+    return day == m_clock.today() ? time : dayText(day) + u", "_s + time;
+}
+
+UserNotification ReminderText::notificationOf(const DueReminder &reminder) const
+{
+    return {.identifier = identifierOf(reminder.subject),
+            .title = reminder.title,
+            .body = joined({reminder.taskTitle, reminder.listName, whenText(reminder)}),
+            .actions = {{openAction, KWLocalizedString("Open")},
+                        {completeAction, KWLocalizedString("Complete")},
+                        {snoozeAction + u"10"_s, KWLocalizedString("In 10 Minutes")},
+                        {snoozeAction + u"30"_s, KWLocalizedString("In 30 Minutes")},
+                        {snoozeAction + u"60"_s, KWLocalizedString("In 1 Hour")},
+                        {tomorrowAction, KWLocalizedString("Tomorrow")}}};
+}
+
+UserNotification ReminderText::digestOf(const QList<DueReminder> &reminders) const
+{
+    QStringList lines;
+    for (const DueReminder &each : reminders.first(std::min<qsizetype>(linesOfDigest, reminders.size())))
+        lines.append(joined({each.title, whenText(each)}));
+    if (const auto more = reminders.size() - lines.size(); more > 0)
+        lines.append(KWLocalizedString("and %1 more").arg(more));
+    return {.identifier = digestIdentifier,
+            .title = KWLocalizedString("%1 reminders while you were away").arg(reminders.size()),
+            .body = lines.join(u'\n'),
+            .actions = {{openAction, KWLocalizedString("Open")}}};
+}

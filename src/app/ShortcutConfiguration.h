@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/MenuCommand.h"
+#include "corvexkit/Result.h"
+
+#include <QString>
+
+#include <map>
+#include <optional>
+
+class KWUserDefaults;
+
+/// The keys of the main menu's commands, as portable text ("Ctrl+Shift+D"): the defaults of the menu
+/// table, and in their place what the person has chosen, kept in the standard defaults by slot. No two
+/// commands have the same keys. Main thread.
+class ShortcutConfiguration {
+public:
+    explicit ShortcutConfiguration(KWUserDefaults &defaults);
+
+    /// Takes what is stored. Stored keys that are refused, or that an earlier slot has, count as none.
+    void reload();
+
+    /// Empty when the command has none.
+    QString keysOf(MenuCommand command) const;
+    /// The command that has those keys.
+    std::optional<MenuCommand> commandWith(const QString &keys) const;
+
+    /// Gives a command with a slot these keys, or none for an empty text. Refused, with a sentence that
+    /// says why: keys that type or edit text, and keys that another command has.
+    Result<void> setKeys(MenuCommand command, const QString &keys);
+    /// Every slot has the keys of the menu table again.
+    void reset();
+    bool isReset() const;
+
+    /// Whether the keys would take letters or editing away from text fields.
+    static bool isForTyping(const QString &keys);
+
+private:
+    void assign(const MenuCommand command, const QString &keys) { m_keys[command] = keys; }
+
+    KWUserDefaults &m_defaults;
+    std::map<MenuCommand, QString> m_keys;
+};

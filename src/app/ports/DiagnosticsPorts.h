@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// Where diagnostic data goes on the desktop. Each class is also the program that is not there: it does
+/// nothing. Main thread; nothing here waits for the person.
+
+class FileManagerPort {
+public:
+    virtual ~FileManagerPort() = default;
+    /// Opens the folder of `file` with that file marked, where the desktop can.
+    virtual void showItem(const QString & /*file*/) {}
+};
+
+class MailPort {
+public:
+    virtual ~MailPort() = default;
+    /// Opens a new e-mail with `attachment`, where the desktop can.
+    virtual void compose(const QString & /*subject*/, const QString & /*attachment*/) {}
+};

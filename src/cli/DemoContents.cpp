@@ -1,0 +1,102 @@
+#include "cli/DemoContents.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace Demo {
+namespace {
+
+constexpr std::chrono::minutes at(int hour, int minute = 0) { return hour * 60min + minute * 1min; }
+
+constexpr auto errand = "errand"_L1;
+constexpr auto deepWork = "deep-work"_L1;
+constexpr QLatin1StringView allTags[] = {errand, deepWork};
+
+constexpr auto high = KWTaskPriorityHigh;
+constexpr auto medium = KWTaskPriorityMedium;
+constexpr auto low = KWTaskPriorityLow;
+
+constexpr Task inbox[] = {
+    {.title = "Send the revised contract"_L1, .when = When{-1, at(16)}, .priority = high, .tag = deepWork},
+    {.title = "Renew library card"_L1, .when = When{-3}},
+    {.title = "Ask about the bike repair"_L1},
+    {.title = "Find a frame for the map"_L1},
+};
+
+constexpr Task groceries[] = {
+    {.title = "Buy tomatoes, basil and bread"_L1, .when = When{0, at(18)}, .priority = low, .tag = errand},
+    {.title = "Order coffee beans"_L1, .when = When{2}, .tag = errand},
+    {.title = "Fill the pantry list"_L1, .when = When{4, at(10)}, .repeatRule = "RRULE:FREQ=WEEKLY"_L1},
+    {.title = "Oat milk"_L1},
+    {.title = "Rice and lentils"_L1},
+    {.title = "Dish soap"_L1, .tag = errand},
+};
+
+constexpr Task garden[] = {
+    {.title = "Water the seedlings"_L1, .when = When{0}, .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=2"_L1},
+    {.title = "Cut back the roses"_L1, .when = When{3}},
+    {.title = "Sort the seed box"_L1},
+};
+
+constexpr Item announcementItems[] = {
+    {"Collect quotes from the team"_L1, State::Done},
+    {"Agree on the date"_L1, State::Done},
+    {"First draft"_L1, State::Open},
+    {"Two screenshots"_L1, State::Open},
+};
+
+constexpr Task clientLaunch[] = {
+    {.title = "Write the launch announcement"_L1,
+     .when = When{0, at(9, 30), at(11)},
+     .priority = high,
+     .tag = deepWork,
+     .repeatRule = "RRULE:FREQ=MONTHLY"_L1,
+     .content = "One page for the newsletter and a short version for the site. "
+                "Keep the opening line from the draft."_L1,
+     .items = announcementItems},
+    {.title = "Review the budget"_L1,
+     .when = When{0, at(14)},
+     .priority = medium,
+     .repeatRule = "RRULE:FREQ=WEEKLY"_L1},
+    {.title = "Walk through the demo"_L1, .when = When{1, at(10)}, .priority = high, .tag = deepWork},
+    {.title = "Book the meeting room"_L1, .when = When{1}, .tag = errand},
+    {.title = "Check every link of the site"_L1, .when = When{2, at(15)}, .tag = deepWork},
+    {.title = "Prepare the press kit"_L1, .when = When{3, at(11)}, .priority = medium, .tag = deepWork},
+    {.title = "Print the badges"_L1, .when = When{4}, .tag = errand},
+    {.title = "Rehearse the talk"_L1, .when = When{5, at(9)}, .priority = high, .tag = deepWork},
+    {.title = "Launch day"_L1, .when = When{6}, .priority = high},
+    {.title = "Thank the early testers"_L1},
+    {.title = "Write down what we learned"_L1, .tag = deepWork},
+    {.title = "Archive the drafts"_L1},
+};
+
+constexpr Task reading[] = {
+    {.title = "Plan the weekend hike"_L1, .when = When{0}},
+    {.title = "Return the two novels"_L1, .when = When{1, at(17, 30)}},
+    {.title = "Chapter on memory models"_L1, .when = When{2}, .tag = deepWork},
+    {.title = "Notes on the calendar standard"_L1, .when = When{5}},
+    {.title = "Essay on calm software"_L1},
+    {.title = "Field guide to mosses"_L1},
+    {.title = "History of clocks"_L1},
+    {.title = "Poems from the library sale"_L1},
+    {.title = "Long article on rivers"_L1},
+    {.title = "Review of last year's list"_L1, .when = When{-2}, .state = State::Done},
+    {.title = "Swap books with the neighbours"_L1, .when = When{-1}, .state = State::Done},
+};
+
+constexpr List allLists[] = {
+    {"Groceries"_L1, "#e79a0c"_L1, "Home"_L1, groceries},
+    {"Garden"_L1, "#2b9a66"_L1, "Home"_L1, garden},
+    {"Client launch"_L1, "#3e8ef7"_L1, {}, clientLaunch},
+    {"Reading"_L1, "#d6409f"_L1, {}, reading},
+};
+
+} // namespace
+
+std::span<const QLatin1StringView> tags() { return allTags; }
+
+std::span<const Task> inboxTasks() { return inbox; }
+
+std::span<const List> lists() { return allLists; }
+
+} // namespace Demo

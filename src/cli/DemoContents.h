@@ -1,0 +1,51 @@
+#pragma once
+
+#include "model/records/KWConstants.h"
+
+#include <QLatin1StringView>
+
+#include <chrono>
+#include <optional>
+#include <span>
+
+/// What stands in the demo account: tables, with dates relative to the day.
+namespace Demo {
+
+enum class State { Open, Done };
+
+/// Days from today, and minutes of the day where there is a time.
+struct When {
+    int day;
+    std::optional<std::chrono::minutes> from = std::nullopt;
+    std::optional<std::chrono::minutes> until = std::nullopt;
+};
+
+struct Item {
+    QLatin1StringView title;
+    State state;
+};
+
+struct Task {
+    QLatin1StringView title;
+    std::optional<When> when = std::nullopt;
+    KWTaskPriority priority = KWTaskPriorityNone;
+    QLatin1StringView tag{};
+    QLatin1StringView repeatRule{};
+    QLatin1StringView content{};
+    std::span<const Item> items{};
+    State state = State::Open;
+};
+
+struct List {
+    QLatin1StringView name;
+    QLatin1StringView color;
+    QLatin1StringView folder; ///< empty for none
+    std::span<const Task> tasks;
+};
+
+std::span<const QLatin1StringView> tags();
+std::span<const Task> inboxTasks();
+/// In the order of the sidebar.
+std::span<const List> lists();
+
+} // namespace Demo

@@ -1,0 +1,101 @@
+#include "cli/StoreCommands.h"
+
+#include "app/FolderLock.h"
+#include "model/OrvaneKit.h"
+#include "model/exchange/ExchangeFile.h"
+#include "model/exchange/StoreExport.h"
+#include "model/store/OutsideChange.h"
+#include "model/store/StoreBackups.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTextStream>
+
+namespace {
+
+QString storeCommandText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
+
+ExitStatus couldNot(const Error &error, CommandStreams streams)
+{
+    return failWith(error.sentence, ExitStatus::CouldNot, streams.err);
+}
+
+ExitStatus wrongUsage(const char *sentence, CommandStreams streams)
+{
+    return failWith(storeCommandText(sentence), ExitStatus::WrongUsage, streams.err);
+}
+
+constexpr const char *oneFile = "Give the name of one file.";
+
+QString absolute(const QString &file) { return QDir::current().absoluteFilePath(file); }
+
+Result<QString> backUp(const QStringList &files, OrvaneKit &kit)
+{
+    Result<Store::Loan> connection = kit.store().borrowConnection();
+    if (!connection) return connection.error();
+    if (files.isEmpty()) return StoreBackups{kit.folders()}.makeDaily(**connection, kit.clock().today());
+    const Result<void> copied = StoreBackups::copyTo(absolute(files.first()), **connection);
+    if (!copied) return copied.error();
+    return files.first();
+}
+
+} // namespace
+
+ExitStatus runBackup(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
+{
+    if (invocation.arguments.size() > 1) return wrongUsage(oneFile, streams);
+    const Result<QString> file = backUp(invocation.arguments, kit);
+    if (!file) return couldNot(file.error(), streams);
+    streams.out << terminalText(*file) << '\n';
+    return ExitStatus::Done;
+}
+
+ExitStatus runRestore(const Invocation &invocation, const DataFolders &folders, const CXClock &clock,
+                      CommandStreams streams)
+{
+    if (invocation.arguments.size() != 1) return wrongUsage(oneFile, streams);
+    FolderLock lock{folders.lock()};
+    switch (lock.tryLock()) {
+    case FolderLock::Outcome::HeldByAnother:
+        return couldNot({storeCommandText("Orvane is open on this folder; quit it first.")}, streams);
+    case FolderLock::Outcome::CannotWrite:
+        return couldNot({storeCommandText("“%1” cannot be written.").arg(folders.data)}, streams);
+    case FolderLock::Outcome::Taken:
+        break;
+    }
+    const Result<QString> kept = restoreStore(absolute(invocation.arguments.first()), folders, clock);
+    if (!kept) return couldNot(kept.error(), streams);
+    if (!kept->isEmpty())
+        streams.out << terminalText(storeCommandText("The store that was there is kept as “%1”.")
+                                        .arg(QDir{folders.data}.filePath(*kept)))
+                    << '\n';
+    return ExitStatus::Done;
+}
+
+ExitStatus runExport(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
+{
+    if (invocation.arguments.size() > 1) return wrongUsage(oneFile, streams);
+    const auto print = [&streams](const QByteArray &piece) {
+        streams.out << QString::fromUtf8(piece);
+        return streams.out.status() == QTextStream::Ok;
+    };
+    const Result<void> done = invocation.arguments.isEmpty()
+                                  ? exportStore(kit.store(), print)
+                                  : exportToFile(absolute(invocation.arguments.first()), kit.store());
+    return done ? ExitStatus::Done : couldNot(done.error(), streams);
+}
+
+ExitStatus runImport(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
+{
+    if (invocation.arguments.size() != 1) return wrongUsage(oneFile, streams);
+    const Result<ImportSummary> summary = importFromFile(absolute(invocation.arguments.first()), kit.store());
+    if (!summary) return couldNot(summary.error(), streams);
+    streams.out << storeCommandText("Records added: %1, replaced: %2, kept as they were: %3.")
+                       .arg(summary->added)
+                       .arg(summary->replaced)
+                       .arg(summary->kept)
+                << '\n';
+    // A window that shows the records late is no failure of the command.
+    if (summary->added + summary->replaced > 0) static_cast<void>(bool(announceOutsideChange(kit.folders())));
+    return ExitStatus::Done;
+}

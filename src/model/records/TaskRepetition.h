@@ -1,0 +1,28 @@
+#pragma once
+
+#include "corvexkit/time/CXTimeZone.h"
+#include "model/records/KWTaskModel.h"
+
+/// Where a repeating task goes when its occurrence is completed or abandoned; docs/repeating.md has the
+/// rules with examples.
+struct TaskRepetition {
+    Instant startDate;
+    std::optional<Instant> endDate;
+    /// With what is left of its COUNT, and with what it took from the first start where the next start no
+    /// longer says it.
+    QString repeatRule;
+    /// The zone in which the task repeats, and how far the wall clock goes on there.
+    CXTimeZone zone;
+    std::chrono::milliseconds step;
+
+    struct Now {
+        Instant instant;
+        CXTimeZone zone;
+        std::chrono::weekday firstWeekday;
+    };
+    /// Nothing when the task does not repeat, has no date, or this was the last time.
+    static std::optional<TaskRepetition> next(const KWTaskModel &task, const Now &now);
+
+    /// The date of something that goes along with the task.
+    Instant movedAlong(Instant date, bool isAllDay) const;
+};

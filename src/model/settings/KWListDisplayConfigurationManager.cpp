@@ -1,0 +1,62 @@
+#include "model/settings/KWListDisplayConfigurationManager.h"
+
+#include "model/events/KWNotificationCenter.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWListDisplayConfiguration.h"
+#include "model/store/KWCoreDataManager.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A deleted one too: its place is taken.
+KWListDisplayConfiguration *storedConfiguration(const QString &listID, const QString &userID,
+                                                ObjectContext &context)
+{
+    const auto found = context.fetch<KWListDisplayConfiguration>(
+        {.where = "userID = ? AND listID = ?", .values = {userID, listID}});
+    return found.isEmpty() ? nullptr : found.first();
+}
+
+} // namespace
+
+KWListDisplayConfigurationManager::KWListDisplayConfigurationManager(KWCoreDataManager &manager,
+                                                                     KWNotificationCenter &center,
+                                                                     QString userID)
+    : m_manager(manager), m_center(center), m_userID(std::move(userID))
+{
+}
+
+KWListDisplayConfigurationModel
+KWListDisplayConfigurationManager::configuration(const KWListIdentifier &list) const
+{
+    const QString listID = list.userDefaultEncode();
+    const KWListDisplayConfiguration *stored =
+        storedConfiguration(listID, m_userID, m_manager.MR_defaultContext());
+    if (stored && stored->isNotDeleted()) return stored->model();
+    KWListDisplayConfigurationModel fresh;
+    fresh.userID = m_userID;
+    fresh.listID = listID;
+    return fresh;
+}
+
+Result<void> KWListDisplayConfigurationManager::save(const KWListDisplayConfigurationModel &configuration)
+{
+    const Result<void> saved =
+        KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+            KWListDisplayConfigurationModel model = configuration;
+            model.userID = m_userID;
+            KWListDisplayConfiguration *stored = storedConfiguration(model.listID, m_userID, context);
+            if (stored) {
+                model.isDeleted = false;
+                stored->assign(model);
+            } else {
+                context.insert<KWListDisplayConfiguration>(std::move(model));
+            }
+            return {};
+        });
+    if (saved)
+        m_center.post(KWListDisplayConfigurationDidChangeNotification, {},
+                      {{u"listID"_s, configuration.listID}});
+    return saved;
+}

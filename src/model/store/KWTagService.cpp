@@ -1,0 +1,225 @@
+#include "model/store/KWTagService.h"
+
+#include "model/records/KWListDisplayConfiguration.h"
+#include "model/records/KWListIdentifier.h"
+#include "model/records/KWProjectPinnedSortOrder.h"
+#include "model/records/KWTag.h"
+#include "model/records/KWTask.h"
+#include "model/records/KWTaskSortOrders.h"
+#include "model/records/OneLine.h"
+#include "model/records/SortOrderContext.h"
+#include "model/store/KWCoreDataManager.h"
+#include "model/store/StoreFailure.h"
+#include "model/text/TagName.h"
+
+namespace {
+
+Error noSuchTag() { return {storeText("There is no such tag any more.")}; }
+
+Result<QString> checkedLabel(const QString &typed)
+{
+    const QString label = onOneLine(typed);
+    if (label.isEmpty()) return Error{storeText("A tag needs a name.")};
+    if (isContainsSpecialCharactersForTag(label))
+        return Error{storeText("The name of a tag has letters, digits, “_” and “-” only, and no space.")};
+    return label;
+}
+
+void dropRecord(KWSynchronizableObject &record)
+{
+    if (record.synchronizable().syncStatus == KWSyncStatusCreated)
+        record.context().remove(record);
+    else
+        record.markDelete();
+}
+
+/// What a name means in the records of one user, and how it is taken from or changed in them.
+class TagUse {
+public:
+    TagUse(const QString &name, const QString &userID, ObjectContext &context)
+        : m_name(name), m_userID(userID), m_context(context)
+    {
+    }
+
+    Result<void> checkParent(const QString &parent) const
+    {
+        if (parent.isEmpty()) return {};
+        const KWTag *tag = KWTag::findTagNamed(parent, m_userID, m_context);
+        if (!tag) return noSuchTag();
+        if ((*tag)->name == m_name) return Error{storeText("A tag cannot stand below itself.")};
+        if (!(*tag)->parent.isEmpty() || !children().isEmpty())
+            return Error{storeText("Tags stand below each other two deep at most.")};
+        return {};
+    }
+
+    /// In place of the name stands `newName`, in tasks once at most; nothing when that is empty.
+    void replaceInTasksBy(const QString &newName)
+    {
+        for (KWTask *each : tasks()) {
+            QStringList tags = (*each)->tags;
+            tags.replace(tags.indexOf(m_name), newName);
+            tags.removeDuplicates();
+            tags.removeAll(QString{});
+            each->set(&KWTaskModel::tags, tags);
+        }
+    }
+
+    void moveChildrenTo(const QString &parent)
+    {
+        for (KWTag *each : children())
+            each->set(&KWTagModel::parent, (*each)->name == parent ? QString{} : parent);
+    }
+
+    /// Positions and the way the tag's list is shown go with its name, where the new one has none.
+    void movePlacesTo(const QString &newName)
+    {
+        movePositions<KWTaskDueDateSortOrder>(newName);
+        movePositions<KWTaskPrioritySortOrder>(newName);
+        movePositions<KWTaskProjectSortOrder>(newName);
+        movePositions<KWTaskTagSortOrder>(newName);
+        movePositions<KWTaskPinnedSortOrder>(newName);
+        for (KWTaskTagSortOrder *each : m_context.fetch<KWTaskTagSortOrder>(
+                 {.where = "userID = ? AND tagName = ? AND isDeleted = 0", .values = {m_userID, m_name}}))
+            newName.isEmpty() ? dropRecord(*each) : each->set(&KWTaskTagSortOrderModel::tagName, newName);
+        moveList<KWListDisplayConfiguration>(&KWListDisplayConfigurationModel::listID, newName);
+        moveList<KWProjectPinnedSortOrder>(&KWProjectPinnedSortOrderModel::listID, newName);
+    }
+
+private:
+    QList<KWTask *> tasks() const
+    {
+        return m_context.fetch<KWTask>(
+            {.where = "id IN (SELECT task FROM taskTags WHERE name = ?) AND userID = ?",
+             .values = {m_name, m_userID}});
+    }
+
+    QList<KWTag *> children() const
+    {
+        return m_context.fetch<KWTag>(
+            {.where = "userID = ? AND parent = ? AND isDeleted = 0", .values = {m_userID, m_name}});
+    }
+
+    template <class Record>
+    void movePositions(const QString &newName)
+    {
+        const QString from = contextID({.tagName = m_name});
+        for (Record *each : m_context.fetch<Record>(
+                 {.where = "contextID = ? AND userID = ? AND isDeleted = 0", .values = {from, m_userID}}))
+            newName.isEmpty() ? dropRecord(*each)
+                              : each->set(&KWTaskSortOrderFields::contextID, contextID({.tagName = newName}));
+    }
+
+    template <class Record>
+    void moveList(QString Record::Model::*listID, const QString &newName)
+    {
+        const auto ofTag = [this](const QString &name) {
+            return m_context.fetch<Record>(
+                {.where = "userID = ? AND listID = ?",
+                 .values = {m_userID, KWListIdentifier::tag(name).userDefaultEncode()}});
+        };
+        const bool isFree = !newName.isEmpty() && ofTag(newName).isEmpty();
+        for (Record *each : ofTag(m_name))
+            isFree ? each->set(listID, KWListIdentifier::tag(newName).userDefaultEncode())
+                   : dropRecord(*each);
+    }
+
+    QString m_name;
+    QString m_userID;
+    ObjectContext &m_context;
+};
+
+} // namespace
+
+KWTagService::KWTagService(KWCoreDataManager &manager, QString userID)
+    : m_manager(manager), m_userID(std::move(userID))
+{
+}
+
+Result<QString> KWTagService::create(const NewTag &tag)
+{
+    const Result<QString> label = checkedLabel(tag.label);
+    if (!label) return label;
+    const QString name = KWTag::nameForLabel(*label);
+    const Result<void> saved =
+        KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+            const QString parent = KWTag::nameForLabel(tag.parent);
+            if (Result<void> checked = TagUse{name, m_userID, context}.checkParent(parent); !checked)
+                return checked;
+            KWTag *made = KWTag::createNewTagWithName(*label, m_userID, TagUniqueness::MustBeNew, context);
+            if (!made) return Error{storeText("There is a tag “%1” already.").arg(*label)};
+            made->set(&KWTagModel::color, tag.color);
+            made->set(&KWTagModel::parent, parent);
+            return {};
+        });
+    if (!saved) return saved.error();
+    return name;
+}
+
+Result<QString> KWTagService::rename(const QString &name, const QString &newLabel)
+{
+    const Result<QString> label = checkedLabel(newLabel);
+    if (!label) return label;
+    const QString newName = KWTag::nameForLabel(*label);
+    const Result<void> saved =
+        KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+            KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
+            if (!tag) return noSuchTag();
+            const QString oldName = (*tag)->name;
+            if (oldName == newName) {
+                tag->set(&KWTagModel::label, *label);
+                return {};
+            }
+            KWTag *other = KWTag::findTagNamed(newName, m_userID, context);
+            TagUse use{oldName, m_userID, context};
+            use.replaceInTasksBy(newName);
+            use.movePlacesTo(newName);
+            // What stood below it stands beside the other where that is below a tag itself.
+            const bool isBelow = other && !(*other)->parent.isEmpty() && (*other)->parent != oldName;
+            use.moveChildrenTo(isBelow ? (*other)->parent : newName);
+            if (other) {
+                dropRecord(*tag);
+            } else {
+                tag->set(&KWTagModel::name, newName);
+                tag->set(&KWTagModel::label, *label);
+            }
+            return {};
+        });
+    if (!saved) return saved.error();
+    return newName;
+}
+
+Result<void> KWTagService::remove(const QString &name)
+{
+    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+        KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
+        if (!tag) return noSuchTag();
+        TagUse use{(*tag)->name, m_userID, context};
+        use.replaceInTasksBy({});
+        use.moveChildrenTo({});
+        use.movePlacesTo({});
+        dropRecord(*tag);
+        return {};
+    });
+}
+
+Result<void> KWTagService::setParent(const QString &name, const QString &parent)
+{
+    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+        KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
+        if (!tag) return noSuchTag();
+        const QString parentName = KWTag::nameForLabel(parent);
+        const Result<void> checked = TagUse{(*tag)->name, m_userID, context}.checkParent(parentName);
+        if (checked) tag->set(&KWTagModel::parent, parentName);
+        return checked;
+    });
+}
+
+Result<void> KWTagService::setColor(const QString &name, const QString &color)
+{
+    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+        KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
+        if (!tag) return noSuchTag();
+        tag->set(&KWTagModel::color, color);
+        return {};
+    });
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+
+#include <QString>
+
+class KWCoreDataManager;
+
+/// Makes, renames and deletes tags, each with everything that names them in one save: tasks, child tags,
+/// manual positions and the way their lists are shown. Tags are named by their key or any spelling of it.
+/// A tag that is gone, a name that cannot be one and a parent that cannot be one fail with a sentence.
+/// Main thread.
+class KWTagService {
+public:
+    KWTagService(KWCoreDataManager &manager, QString userID);
+
+    struct NewTag {
+        QString label;
+        QString color{};  ///< "#rrggbb", empty for none
+        QString parent{}; ///< name of a tag that has no parent itself; empty for none
+    };
+    /// Answers the name. A tag of that name that there is already is an error.
+    Result<QString> create(const NewTag &tag);
+    /// Answers the new name. When the user has another tag of that name the two become one: tasks and child
+    /// tags go to the other, and this one is deleted.
+    Result<QString> rename(const QString &name, const QString &newLabel);
+    /// Takes it from all tasks; its child tags stay, without a parent.
+    Result<void> remove(const QString &name);
+    /// An empty parent takes the tag out of its parent. Tags are two deep at most.
+    Result<void> setParent(const QString &name, const QString &parent);
+    Result<void> setColor(const QString &name, const QString &color);
+
+private:
+    KWCoreDataManager &m_manager;
+    QString m_userID;
+};

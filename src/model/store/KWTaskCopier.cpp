@@ -1,0 +1,86 @@
+#include "model/store/KWTaskCopier.h"
+
+#include "model/events/KWNotificationCenter.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWSortOrderResetable.h"
+#include "model/store/KWCoreDataManager.h"
+#include "model/store/TaskCopies.h"
+#include "model/store/TaskPermissions.h"
+
+#include <QHash>
+
+#include <numeric>
+
+namespace {
+
+KWTask &openCopy(const KWTask &task)
+{
+    KWTaskModel model = freshCopy(task.model());
+    model.status = KWTaskStatusOpen;
+    model.completionDate.reset();
+    model.pinnedDate.reset();
+    model.repeatTaskID.clear();
+    model.childIds.clear();
+    KWTask &copy = task.context().insert<KWTask>(std::move(model));
+    copyChecklist(task, copy.sid());
+    copyAttachments(task, copy.sid());
+    return copy;
+}
+
+// Half-way to the next task of the list; when there is no room left, all behind it make some.
+void placeBehind(const KWTask &task, KWTask &copy)
+{
+    const QList<KWTask *> behind = task.context().fetch<KWTask>(
+        {.where = "projectID = ? AND sortOrder >= ? AND isDeleted = 0 AND isTrashed = 0 AND sid <> ?",
+         .values = {task->projectID, task->sortOrder, task.sid()},
+         .orderBy = "sortOrder, id"});
+    const std::int64_t next =
+        behind.isEmpty() ? task->sortOrder + 2 * KWSortOrderStep : (*behind.first())->sortOrder;
+    KWEntitySortOrder::update(copy, std::midpoint(task->sortOrder, next));
+    if (copy->sortOrder == task->sortOrder)
+        resetSortOrderIfNeeded(QList<KWTask *>{task.context().find<KWTask>(task.sid()), &copy} + behind);
+}
+
+void copyDescendants(KWTask &task, KWTask &copy)
+{
+    QHash<QString, KWTask *> copies{{task.sid(), &copy}};
+    for (const KWTask *each : KWTask::descendantTasks(task, KWTask::Closed::LeaveOut, task.context())) {
+        KWTask *parent = copies.value((*each)->parentId);
+        if (!parent) continue;
+        KWTask &child = openCopy(*each);
+        child.set(&KWTaskModel::parentId, parent->sid());
+        parent->set(&KWTaskModel::childIds, (*parent)->childIds + QStringList{child.sid()});
+        copies.insert(each->sid(), &child);
+    }
+}
+
+void listInParent(const KWTask &task, const KWTask &copy)
+{
+    KWTask *parent = task.hasParent() ? task.context().find<KWTask>(task->parentId) : nullptr;
+    if (!parent) return;
+    QStringList childIds = (*parent)->childIds;
+    const qsizetype place = childIds.indexOf(task.sid());
+    childIds.insert(place < 0 ? childIds.size() : place + 1, copy.sid());
+    parent->set(&KWTaskModel::childIds, childIds);
+}
+
+} // namespace
+
+Result<QString> KWTaskCopier::copy(const QString &taskID)
+{
+    m_center.post(KWWillDuplicateTaskNotification, taskID);
+    QString copyID;
+    const auto duplicate = [&](ObjectContext &context) -> Result<void> {
+        KWTask *task = context.find<KWTask>(taskID);
+        if (const Result<void> allowed = mayChange(task); !allowed) return allowed;
+        KWTask &copy = openCopy(*task);
+        placeBehind(*task, copy);
+        copyDescendants(*task, copy);
+        listInParent(*task, copy);
+        copyID = copy.sid();
+        return {};
+    };
+    const Result<void> saved = KWCoreDataService{m_manager}.sync_save(duplicate);
+    if (!saved) return saved.error();
+    return copyID;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "corvexkit/time/Instant.h"
+#include "model/records/KWConstants.h"
+#include "model/records/KWListIdentifier.h"
+
+#include <QStringList>
+
+#include <optional>
+
+/// What the rows of a list must be besides being in it. What is left empty asks nothing.
+struct ListCondition {
+    QStringList projectIDs{}; ///< in one of these lists
+    QString tag{};            ///< a name
+    std::optional<KWTaskPriority> priority{};
+    std::optional<Day> from{};  ///< the dates reach into this day or a later one
+    std::optional<Day> until{}; ///< and into this day or an earlier one
+    QString text{};             ///< found by these words, see SearchPhrase
+};
+
+/// Which rows of a list are wanted. Values only: it may cross threads.
+struct ListDataRequest {
+    QString userID;
+    KWListIdentifier selection{};
+    std::int64_t limit = -1; ///< rows at most, from the top; negative: all
+    ListCondition condition{};
+};
+
+/// Where a page of completed tasks ended.
+struct CompletionCursor {
+    Instant completionDate;
+    QString taskID;
+};
+
+/// Which completed tasks are wanted, the latest first. Values only.
+struct CompletedTasksRequest {
+    QString userID;
+    QStringList projectIDs{};                ///< empty: what the smart list Completed shows
+    std::optional<Instant> from{};           ///< completed then or later
+    std::optional<Instant> until{};          ///< completed before
+    std::optional<CompletionCursor> after{}; ///< those that follow
+    std::int64_t limit = -1;                 ///< negative: all
+};

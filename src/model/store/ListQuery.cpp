@@ -1,0 +1,150 @@
+#include "model/store/ListQuery.h"
+
+#include "model/records/KWSmartProject.h"
+#include "model/store/FindAll.h"
+#include "model/text/SearchWords.h"
+
+namespace {
+
+using std::chrono::days;
+
+constexpr const char *isOpen = "t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0";
+constexpr const char *isClosed = "t.status <> 0 AND t.isDeleted = 0 AND t.isTrashed = 0";
+constexpr const char *isInTrash = "t.isTrashed = 1 AND t.isDeleted = 0";
+constexpr const char *tasksByList = "tasks t INDEXED BY openTasksByList";
+constexpr const char *tasksInOrder = "tasks t INDEXED BY openTasksInOrder";
+constexpr const char *closedTasks = "tasks t INDEXED BY closedTasksByCompletion";
+constexpr const char *trashedTasks = "tasks t INDEXED BY trashedTasks";
+constexpr const char *anyTasks = "tasks t";
+
+constexpr const char *inSmartLists = "+t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND "
+                                     "isDeleted = 0 AND closed = 0 AND showsInSmartList = 1)";
+constexpr const char *inOpenLists =
+    "+t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0)";
+constexpr const char *inTheseLists = "+t.projectID IN (SELECT value FROM json_each(?))";
+constexpr const char *hasTag = "t.id IN (SELECT task FROM taskTags WHERE name = ?)";
+
+// As openTasksInOrder stands, so that the top of a list is read without sorting all of it.
+constexpr const char *byDate = "t.startDate NULLS LAST, t.priority DESC, t.sortOrder, t.id";
+constexpr const char *byManualOrder = "t.sortOrder, t.id";
+constexpr const char *latestCompletedFirst = "t.completionDate DESC, t.id DESC";
+constexpr const char *latestChangedFirst = "t.modifiedTime DESC, t.id DESC";
+
+std::int64_t millisecondsOf(Instant instant) { return instant.time_since_epoch().count(); }
+
+ListQuery &between(ListQuery &query, std::optional<Day> from, std::optional<Day> until, const CXClock &clock)
+{
+    const auto startOf = [zone = clock.zone()](Day day) { return millisecondsOf(zone.startOfDay(day)); };
+    if (until) query.also("t.startDate < ?", {startOf(*until + days{1})});
+    if (from) query.also("(t.startDate >= ? OR t.endDate > ?)", SqlValues(2, startOf(*from)));
+    return query.also("t.startDate IS NOT NULL");
+}
+
+ListQuery inSmart(const char *from, const char *state, const QString &userID, const char *orderBy)
+{
+    return ListQuery{from, state, {}, orderBy}.also(inSmartLists, {userID});
+}
+
+std::optional<ListQuery> ofSmartProject(const ListDataRequest &request, const CXClock &clock)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(request.selection.entityID);
+    if (!smart) return std::nullopt;
+    const QString &user = request.userID;
+    const Day today = clock.today();
+    ListQuery open = inSmart(tasksInOrder, isOpen, user, byDate);
+    if (smart->isAll()) return open;
+    if (smart->isToday()) return between(open, std::nullopt, today, clock);
+    if (smart->isTomorrow()) return between(open, today + days{1}, today + days{1}, clock);
+    if (smart->isNext7Days()) return between(open, std::nullopt, today + days{6}, clock);
+    if (smart->isAssigneedToMe())
+        return open.also("t.assignee = (SELECT userServerID FROM users WHERE sid = ?)", {user});
+    if (smart->isCompleted()) return ListQuery::ofCompletedTasks({.userID = user});
+    if (smart->isAbandoned())
+        return inSmart(closedTasks, isClosed, user, latestCompletedFirst).also("t.status = -1");
+    if (smart->isTrash())
+        return ListQuery{trashedTasks, isInTrash, {}, latestChangedFirst}.also("t.userID = ?", {user});
+    return std::nullopt;
+}
+
+} // namespace
+
+ListQuery &ListQuery::also(const std::string &condition, const SqlValues &more)
+{
+    where += " AND " + condition;
+    values.insert(values.end(), more.begin(), more.end());
+    return *this;
+}
+
+std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, const CXClock &clock)
+{
+    const QString &id = request.selection.entityID;
+    std::optional<ListQuery> query;
+    switch (request.selection.type) {
+    case KWListIdentifierType::Project:
+        query = ListQuery{tasksByList, isOpen, {}, byManualOrder};
+        query->also("t.projectID = ?", {id});
+        break;
+    case KWListIdentifierType::Group:
+        query = ListQuery{tasksByList, isOpen, {}, byDate};
+        query->also("t.projectID IN (SELECT sid FROM projects WHERE groupID = ? AND userID = ? AND "
+                    "isDeleted = 0 AND closed = 0)",
+                    {id, request.userID});
+        break;
+    case KWListIdentifierType::Tag:
+        query = ListQuery{anyTasks, isOpen, {}, byDate};
+        query->also(hasTag, {id}).also(inOpenLists, {request.userID});
+        break;
+    case KWListIdentifierType::SmartProject:
+        query = ofSmartProject(request, clock);
+        break;
+    case KWListIdentifierType::Filter:
+    case KWListIdentifierType::View:
+        break;
+    }
+    if (query) query->narrow(request.condition, clock);
+    return query;
+}
+
+ListQuery ListQuery::ofCompletedTasks(const CompletedTasksRequest &request)
+{
+    ListQuery query{closedTasks, isClosed, {}, latestCompletedFirst};
+    query.also("t.status = 2");
+    if (request.projectIDs.isEmpty())
+        query.also(inSmartLists, {request.userID});
+    else
+        query.also(inTheseLists, {idList(request.projectIDs)});
+    if (request.from) query.also("t.completionDate >= ?", {millisecondsOf(*request.from)});
+    if (request.until) query.also("t.completionDate < ?", {millisecondsOf(*request.until)});
+    if (request.after)
+        query.also("(t.completionDate, t.id) < (?, (SELECT coalesce(max(id), 0) FROM tasks WHERE sid = ?))",
+                   {millisecondsOf(request.after->completionDate), request.after->taskID});
+    return query;
+}
+
+ListQuery &ListQuery::narrow(const ListCondition &condition, const CXClock &clock)
+{
+    // Few tasks have one tag or one word: they are looked up, and nothing is walked.
+    if (!condition.tag.isEmpty()) {
+        from = anyTasks;
+        also(hasTag, {condition.tag});
+    }
+    if (!condition.text.isEmpty()) {
+        const SearchPhrase phrase{condition.text};
+        from = anyTasks;
+        if (phrase.isEmpty())
+            also("0");
+        else
+            also("t.id IN (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ?)",
+                 {phrase.matchExpression()});
+    }
+    if (!condition.projectIDs.isEmpty()) also(inTheseLists, {idList(condition.projectIDs)});
+    if (condition.priority) also("t.priority = ?", {std::int64_t(*condition.priority)});
+    if (condition.from || condition.until) between(*this, condition.from, condition.until, clock);
+    return *this;
+}
+
+ListQuery &ListQuery::onlyTask(const QString &taskID)
+{
+    from = anyTasks;
+    return also("t.sid = ?", {taskID});
+}

@@ -1,0 +1,153 @@
+#include "model/store/SidebarCounts.h"
+
+#include "model/records/KWSmartProject.h"
+#include "model/store/ColumnCodec.h"
+#include "model/store/Connection.h"
+#include "model/store/StoreFailure.h"
+
+namespace {
+
+#define OPEN_TASKS "status = 0 AND isDeleted = 0 AND isTrashed = 0"
+#define SMART_LISTS                                                                                          \
+    "+projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0 AND "         \
+    "showsInSmartList = 1)"
+
+template <class Value>
+Value valueAt(SQLite::Statement &statement, int column)
+{
+    Value value{};
+    columns::read(statement.getColumn(column), value);
+    return value;
+}
+
+std::int64_t inMilliseconds(Instant instant) { return instant.time_since_epoch().count(); }
+
+} // namespace
+
+Result<SidebarCounts> SidebarCounts::read(const QString &userID, const CXClock &clock, Connection &connection)
+{
+    using std::chrono::days;
+    SidebarCounts counts;
+    const CXTimeZone zone = clock.zone();
+    const Day today = clock.today();
+    counts.m_tomorrow = zone.startOfDay(today + days{1});
+    counts.m_dayAfter = zone.startOfDay(today + days{2});
+    counts.m_weekAfter = zone.startOfDay(today + days{7});
+    try {
+        counts.readLists(userID, connection);
+        counts.readTags(userID, connection);
+        counts.readSmartLists(userID, connection);
+        return counts;
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+void SidebarCounts::readLists(const QString &userID, Connection &connection)
+{
+    auto lists = connection.prepare("SELECT sid, groupID, userID = ? AND isDeleted = 0 AND closed = 0, "
+                                    "showsInSmartList FROM projects");
+    lists.bind(1, userID);
+    while (lists->executeStep())
+        m_lists.insert(valueAt<QString>(*lists, 0),
+                       {valueAt<QString>(*lists, 1), valueAt<bool>(*lists, 2), valueAt<bool>(*lists, 3)});
+
+    auto tasks = connection.prepare(
+        "SELECT projectID, count(*) FROM tasks INDEXED BY openTasksByList WHERE " OPEN_TASKS
+        " GROUP BY projectID");
+    while (tasks->executeStep()) {
+        List &list = m_lists[valueAt<QString>(*tasks, 0)];
+        list.tasks = valueAt<int>(*tasks, 1);
+        if (!list.isOpen) continue;
+        m_groups[list.groupID] += list.tasks;
+        if (list.showsInSmartList) m_all += list.tasks;
+    }
+}
+
+void SidebarCounts::readTags(const QString &userID, Connection &connection)
+{
+    auto tags = connection.prepare(
+        "SELECT g.name, count(*) FROM tasks t INDEXED BY openTasksByList CROSS JOIN taskTags g ON g.task = "
+        "t.id WHERE t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0 AND +t.projectID IN (SELECT sid "
+        "FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0) GROUP BY g.name");
+    tags.bind(1, userID);
+    while (tags->executeStep())
+        m_tags.insert(valueAt<QString>(*tags, 0), valueAt<int>(*tags, 1));
+}
+
+void SidebarCounts::readSmartLists(const QString &userID, Connection &connection)
+{
+    m_userServerID = connection.number("SELECT userServerID FROM users WHERE sid = ?", {userID});
+    const std::int64_t tomorrow = inMilliseconds(m_tomorrow);
+    auto dated = connection.prepare(
+        "SELECT sum(startDate < ?), sum(startDate < ? AND (startDate >= ? OR endDate > ?)), count(*) FROM "
+        "tasks INDEXED BY openTasksInOrder WHERE " OPEN_TASKS " AND startDate < ? AND " SMART_LISTS);
+    dated.bind(
+        {tomorrow, inMilliseconds(m_dayAfter), tomorrow, tomorrow, inMilliseconds(m_weekAfter), userID});
+    if (dated->executeStep()) {
+        m_todayTasks = valueAt<int>(*dated, 0);
+        m_tomorrowTasks = valueAt<int>(*dated, 1);
+        m_next7DaysTasks = valueAt<int>(*dated, 2);
+    }
+    m_assignedTasks =
+        int(connection.number("SELECT count(*) FROM tasks INDEXED BY openTasksInOrder WHERE " OPEN_TASKS
+                              " AND assignee = ? AND " SMART_LISTS,
+                              {m_userServerID, userID}));
+}
+
+#undef OPEN_TASKS
+#undef SMART_LISTS
+
+std::optional<int> SidebarCounts::count(const KWListIdentifier &list) const
+{
+    switch (list.type) {
+    case KWListIdentifierType::Project:
+        return m_lists.value(list.entityID).tasks;
+    case KWListIdentifierType::Group:
+        return m_groups.value(list.entityID);
+    case KWListIdentifierType::Tag:
+        return m_tags.value(list.entityID);
+    case KWListIdentifierType::SmartProject: {
+        const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+        if (!smart) return std::nullopt;
+        if (smart->isAll()) return m_all;
+        if (smart->isToday()) return m_todayTasks;
+        if (smart->isTomorrow()) return m_tomorrowTasks;
+        if (smart->isNext7Days()) return m_next7DaysTasks;
+        if (smart->isAssigneedToMe()) return m_assignedTasks;
+        return std::nullopt;
+    }
+    case KWListIdentifierType::Filter:
+    case KWListIdentifierType::View:
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+void SidebarCounts::apply(const QList<TaskMove> &moves)
+{
+    for (const TaskMove &each : moves) {
+        if (each.from) add(*each.from, -1);
+        if (each.to) add(*each.to, 1);
+    }
+}
+
+void SidebarCounts::add(const TaskPlace &place, int number)
+{
+    List &list = m_lists[place.projectID];
+    list.tasks += number;
+    if (!list.isOpen) return;
+    m_groups[list.groupID] += number;
+    for (const QString &each : place.tags)
+        m_tags[each] += number;
+    if (!list.showsInSmartList) return;
+
+    m_all += number;
+    if (place.assignee == m_userServerID) m_assignedTasks += number;
+    if (!place.startDate) return;
+    const bool reachesTomorrow =
+        *place.startDate >= m_tomorrow || (place.endDate && *place.endDate > m_tomorrow);
+    if (*place.startDate < m_tomorrow) m_todayTasks += number;
+    if (*place.startDate < m_dayAfter && reachesTomorrow) m_tomorrowTasks += number;
+    if (*place.startDate < m_weekAfter) m_next7DaysTasks += number;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "corvexkit/time/CXClock.h"
+#include "model/records/KWListIdentifier.h"
+#include "model/store/TaskPlace.h"
+
+#include <QHash>
+
+class Connection;
+
+/// How many open tasks each list of a sidebar has: lists, folders, tags and smart lists. Counted once for
+/// all of them, then kept true by telling which tasks went where. A value: it may cross threads.
+class SidebarCounts {
+public:
+    /// Counts for the user's sidebar, on the day that the clock shows.
+    static Result<SidebarCounts> read(const QString &userID, const CXClock &clock, Connection &connection);
+
+    /// Nothing for a list that shows no number.
+    std::optional<int> count(const KWListIdentifier &list) const;
+
+    /// Takes what saved tasks left, and adds where they went. Lists themselves must be as they were read.
+    void apply(const QList<TaskMove> &moves);
+
+    bool operator==(const SidebarCounts &) const = default;
+
+private:
+    struct List {
+        QString groupID{};
+        bool isOpen = false; ///< and the user's
+        bool showsInSmartList = false;
+        int tasks = 0;
+
+        bool operator==(const List &) const = default;
+    };
+
+    void readLists(const QString &userID, Connection &connection);
+    void readTags(const QString &userID, Connection &connection);
+    void readSmartLists(const QString &userID, Connection &connection);
+    void add(const TaskPlace &place, int number);
+
+    QHash<QString, List> m_lists;
+    QHash<QString, int> m_groups;
+    QHash<QString, int> m_tags;
+    Instant m_tomorrow{}; // the midnights that the days begin with
+    Instant m_dayAfter{};
+    Instant m_weekAfter{};
+    std::int64_t m_userServerID = 0;
+    int m_all = 0;
+    int m_todayTasks = 0;
+    int m_tomorrowTasks = 0;
+    int m_next7DaysTasks = 0;
+    int m_assignedTasks = 0;
+};

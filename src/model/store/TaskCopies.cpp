@@ -1,0 +1,29 @@
+#include "model/store/TaskCopies.h"
+
+#include "model/records/KWAttachment.h"
+#include "model/records/KWChecklistItem.h"
+
+namespace {
+
+template <class Record>
+void copyToTask(const Record &record, const QString &taskID)
+{
+    auto copy = freshCopy(record.model());
+    copy.taskID = taskID;
+    record.context().template insert<Record>(std::move(copy));
+}
+
+} // namespace
+
+void copyChecklist(const KWTask &task, const QString &toTaskID)
+{
+    for (const KWChecklistItem *each : task.orderedChecklistItems())
+        copyToTask(*each, toTaskID);
+}
+
+void copyAttachments(const KWTask &task, const QString &toTaskID)
+{
+    for (const KWAttachment *each : task.context().fetch<KWAttachment>(
+             {.where = "taskID = ? AND isDeleted = 0", .values = {task.sid()}, .orderBy = "sortOrder, sid"}))
+        copyToTask(*each, toTaskID);
+}

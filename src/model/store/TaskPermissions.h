@@ -1,0 +1,10 @@
+#pragma once
+
+#include "model/records/KWTask.h"
+
+/// Whether a task may be changed: it is there, and its list may be written. Else a sentence.
+Result<void> mayChange(const KWTask *task);
+/// The same of all of them.
+Result<void> mayChange(const QList<KWTask *> &tasks);
+/// Whether tasks may be put into a list: it is there, open, and may be written.
+Result<void> mayTakeTasks(const KWProject *list);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "model/records/KWAttachmentModel.h"
+#include "model/records/KWChecklistItemModel.h"
+#include "model/records/KWTaskModel.h"
+
+#include <QList>
+
+#include <optional>
+#include <tuple>
+
+class KWCoreDataManager;
+class ObjectContext;
+
+/// What one save does to tasks, checklist items and attachments, by value, so that it can be taken back.
+/// A token that is made by default takes nothing back.
+class UndoToken {
+public:
+    UndoToken() = default;
+    /// Of the context's changes that are not saved yet. Records that are removed for good do not come back.
+    static UndoToken of(const ObjectContext &context);
+
+    bool isEmpty() const;
+    /// Gives every field that was changed its value before and takes away what was made, in one save:
+    /// what was changed elsewhere since stays. When it was one of those fields, or a record that was made,
+    /// nothing is taken back and the sentence says so. Main thread.
+    Result<void> undo(KWCoreDataManager &manager) const;
+
+private:
+    template <class Twin>
+    struct Versions {
+        std::optional<Twin> before; ///< none of a record that was made
+        Twin after;
+    };
+    template <class Record>
+    void note(const ObjectContext &context);
+
+    std::tuple<QList<Versions<KWTaskModel>>, QList<Versions<KWChecklistItemModel>>,
+               QList<Versions<KWAttachmentModel>>>
+        m_versions;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+/// What each migration adds to the schema, as SQL. A schema that was released never changes: what comes
+/// later is a migration of its own.
+namespace schemas {
+
+std::string accountsListsAndTasks();
+/// Boards, filters, settings of lists, manual positions, habits, focus, occurrences and people.
+std::string everyOtherKind();
+/// From a completed occurrence to the task that repeats.
+std::string repeatSources();
+/// From a task to its subtasks, and to what is in the trash.
+std::string subtasksAndTrash();
+/// To tasks by what lists, calendar and badge ask for.
+std::string taskQueries();
+/// From a moment to the tasks and checklist items that remind then.
+std::string reminders();
+/// The words of tasks. Needs the tokenizer, see SearchTokenizer.h.
+std::string search();
+
+} // namespace schemas

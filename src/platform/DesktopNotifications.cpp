@@ -1,0 +1,141 @@
+#include "platform/DesktopNotifications.h"
+
+#include "app/ApplicationName.h"
+#include "corvexkit/log/CXLog.h"
+#include "platform/NotificationServer.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr CXLogger desktopNotificationsLog{u"reminders"};
+constexpr int asLongAsTheServerLikes = -1;
+} // namespace
+
+DesktopNotifications::DesktopNotifications(UserNotificationCenterPort &panel, Connector connector)
+    : m_panel(panel), m_connector(std::move(connector))
+{
+    m_panel.onResponse = [this](const Response &response) {
+        if (onResponse) onResponse(response);
+    };
+    m_panel.onClosed = [this](const QString &identifier) {
+        if (onClosed) onClosed(identifier);
+    };
+}
+
+DesktopNotifications::~DesktopNotifications() = default;
+
+void DesktopNotifications::show(const UserNotification &notification)
+{
+    if (!m_server) connectToServer();
+    if (m_capabilities) return send(notification);
+    m_waiting.append(notification);
+    if (m_isAsking) return;
+    if (m_server->connection().isConnected()) return askForCapabilities();
+    desktopNotificationsLog.info(u"No session bus: messages come in a window of their own."_s);
+    showInPanel(std::exchange(m_waiting, {}));
+}
+
+void DesktopNotifications::connectToServer()
+{
+    m_server = std::make_unique<NotificationServer>(m_connector());
+    connect(m_server.get(), &NotificationServer::ActionInvoked, this, &DesktopNotifications::actionInvoked);
+    connect(m_server.get(), &NotificationServer::ActivationToken, this,
+            [this](uint id, const QString &token) { m_tokens.insert(id, token); });
+    connect(m_server.get(), &NotificationServer::NotificationClosed, this, &DesktopNotifications::closed);
+}
+
+void DesktopNotifications::askForCapabilities()
+{
+    m_isAsking = true;
+    whenFinished(m_server->asyncCall(u"GetCapabilities"_s), [this](QDBusPendingCallWatcher &call) {
+        m_isAsking = false;
+        const QDBusPendingReply<QStringList> reply = call;
+        const QList<UserNotification> waiting = std::exchange(m_waiting, {});
+        if (reply.isError()) {
+            desktopNotificationsLog.info(u"No notification server: "_s + reply.error().message());
+            return showInPanel(waiting);
+        }
+        m_capabilities = reply.value();
+        for (const UserNotification &each : waiting)
+            send(each);
+    });
+}
+
+void DesktopNotifications::send(const UserNotification &notification)
+{
+    QStringList actions;
+    if (m_capabilities->contains(u"actions"))
+        for (const UserNotification::Action &each : notification.actions)
+            actions << each.key << each.label;
+    const bool readsMarkup = m_capabilities->contains(u"body-markup");
+    QVariantMap hints{{u"desktop-entry"_s, u"org.orvane.Orvane"_s}};
+    if (notification.sound == UserNotification::Sound::None)
+        hints.insert(u"suppress-sound"_s, true);
+    else
+        hints.insert(u"sound-name"_s, u"alarm-clock-elapsed"_s);
+    const uint replaced = m_ids.value(notification.identifier);
+    m_ids.insert(notification.identifier, replaced);
+    whenFinished(m_server->asyncCall(u"Notify"_s, localizedApplicationName(), replaced,
+                                     u"org.orvane.Orvane"_s, notification.title,
+                                     readsMarkup ? notification.body.toHtmlEscaped() : notification.body,
+                                     actions, hints, asLongAsTheServerLikes),
+                 [this, notification](QDBusPendingCallWatcher &call) {
+                     const QDBusPendingReply<uint> reply = call;
+                     if (!reply.isError()) return didSend(notification, reply.value());
+                     // It has gone since it was asked, or will not take this one.
+                     desktopNotificationsLog.warning(reply.error().message());
+                     m_capabilities.reset();
+                     if (m_ids.remove(notification.identifier)) showInPanel({notification});
+                 });
+}
+
+void DesktopNotifications::didSend(const UserNotification &notification, uint id)
+{
+    if (m_ids.contains(notification.identifier))
+        m_ids.insert(notification.identifier, id);
+    else // taken back on its way
+        m_server->asyncCall(u"CloseNotification"_s, id);
+}
+
+void DesktopNotifications::showInPanel(const QList<UserNotification> &notifications)
+{
+    for (const UserNotification &each : notifications)
+        m_panel.show(each);
+}
+
+void DesktopNotifications::withdraw(const QString &identifier)
+{
+    m_waiting.removeIf([&identifier](const auto &each) { return each.identifier == identifier; });
+    if (const uint id = m_ids.take(identifier)) m_server->asyncCall(u"CloseNotification"_s, id);
+    m_panel.withdraw(identifier);
+}
+
+void DesktopNotifications::actionInvoked(uint id, const QString &key)
+{
+    // Servers tell everybody of everybody's messages.
+    const QString identifier = m_ids.key(id);
+    const QString token = m_tokens.take(id);
+    if (!identifier.isEmpty() && onResponse) onResponse({identifier, key, token});
+}
+
+void DesktopNotifications::closed(uint id)
+{
+    const QString identifier = m_ids.key(id);
+    m_tokens.remove(id);
+    if (identifier.isEmpty()) return;
+    m_ids.remove(identifier);
+    if (onClosed) onClosed(identifier);
+}
+
+void DesktopNotifications::whenFinished(const QDBusPendingCall &call,
+                                        std::function<void(QDBusPendingCallWatcher &)> then)
+{
+    auto *watcher = new QDBusPendingCallWatcher{call, this};
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, then = std::move(then)] {
+        watcher->deleteLater();
+        then(*watcher);
+    });
+}

@@ -1,0 +1,54 @@
+#include "views/alerts/BackupChooser.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "model/store/BackupTitle.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QListWidget *listOf(const QList<StoreBackup> &backups)
+{
+    auto *list = new QListWidget;
+    list->setObjectName(u"backups"_s);
+    list->setAccessibleName(KWLocalizedString("Backups"));
+    for (const StoreBackup &each : backups)
+        list->addItem(titleOf(each));
+    list->setCurrentRow(0);
+    return list;
+}
+
+} // namespace
+
+std::optional<StoreBackup> chooseBackup(const QList<StoreBackup> &backups, QWidget *parent)
+{
+    QDialog dialog{parent};
+    dialog.setObjectName(u"backupChooser"_s);
+    dialog.setWindowTitle(u"Orvane"_s);
+    auto *text = new QLabel{
+        KWLocalizedString("Which backup is to take the place of your tasks? They are kept beside it.")};
+    text->setWordWrap(true);
+    QListWidget *list = listOf(backups);
+    auto *buttons = new QDialogButtonBox;
+    QPushButton *restore = buttons->addButton(KWLocalizedString("Restore"), QDialogButtonBox::AcceptRole);
+    restore->setObjectName(u"restore"_s);
+    restore->setEnabled(!backups.isEmpty());
+    buttons->addButton(KWLocalizedString("Back"), QDialogButtonBox::RejectRole)->setObjectName(u"back"_s);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+
+    auto *layout = new QVBoxLayout{&dialog};
+    layout->addWidget(text);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
+    list->setFocus();
+    if (dialog.exec() != QDialog::Accepted || list->currentRow() < 0) return std::nullopt;
+    return backups.at(list->currentRow());
+}

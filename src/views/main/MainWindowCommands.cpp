@@ -1,0 +1,177 @@
+#include "views/main/MainWindowCommands.h"
+
+#include "lists/KWProjectListPresenter.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
+#include "model/records/PriorityNames.h"
+#include "model/settings/KWLocalizedString.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/datepicker/DatePicker.h"
+#include "views/main/MainWindow.h"
+#include "views/print/ListPrint.h"
+#include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/SidebarView.h"
+#include "views/tasklist/TaskListController.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+#include "views/wording/CalendarDay.h"
+#include "views/wording/DateWording.h"
+
+#include <QLineEdit>
+#include <QLocale>
+#include <QTextDocument>
+
+namespace {
+
+// A command of the Edit menu goes to the text that has the focus.
+template <class LineEdit, class TextEdit>
+void giveToText(QWidget *focused, LineEdit line, TextEdit text)
+{
+    if (auto *lineEdit = qobject_cast<QLineEdit *>(focused))
+        std::invoke(line, lineEdit);
+    else if (auto *textEdit = qobject_cast<QTextEdit *>(focused))
+        std::invoke(text, textEdit);
+}
+
+} // namespace
+
+MainWindowCommands::MainWindowCommands(const Parts &parts) : m_parts(parts)
+{
+    connectTaskCommands();
+    connectEditing();
+    connectLists();
+    MainMenu &menu = m_parts.menu;
+    connect(&m_parts.window.listPane().list(), &TaskListView::currentTaskChanged, this,
+            [&menu](const QString &taskID) { menu.updateTaskMenuItemsWithEnabled(!taskID.isEmpty()); });
+}
+
+MainWindowCommands::~MainWindowCommands() { m_parts.menu.updateTaskMenuItemsWithEnabled(false); }
+
+void MainWindowCommands::connectTaskCommands()
+{
+    const auto today = [this] { return m_parts.clock.today(); };
+    on(MenuCommand::AddTask, [this] { addTask(); });
+    on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(selectedTask()); });
+    on(MenuCommand::SetDate, [this] { pickDate(); });
+    on(MenuCommand::ClearDate, [this] { clearDate(selectedTask()); });
+    on(MenuCommand::SetToday, [this, today] { setDay(selectedTask(), today()); });
+    on(MenuCommand::SetTomorrow, [this, today] { setDay(selectedTask(), today() + std::chrono::days{1}); });
+    on(MenuCommand::SetNextWeek, [this, today] {
+        setDay(selectedTask(), mondayOfNextWeek(today(), m_parts.account.userSettings().firstWeekday));
+    });
+    on(MenuCommand::PriorityNone, [this] { setPriority(KWTaskPriorityNone); });
+    on(MenuCommand::PriorityLow, [this] { setPriority(KWTaskPriorityLow); });
+    on(MenuCommand::PriorityMedium, [this] { setPriority(KWTaskPriorityMedium); });
+    on(MenuCommand::PriorityHigh, [this] { setPriority(KWTaskPriorityHigh); });
+    on(MenuCommand::Print, [this] { print(); });
+}
+
+void MainWindowCommands::connectEditing()
+{
+    const auto give = [this](MenuCommand command, auto line, auto text) {
+        on(command, [this, line, text] { giveToText(m_parts.window.focusWidget(), line, text); });
+    };
+    give(MenuCommand::Redo, &QLineEdit::redo, &QTextEdit::redo);
+    give(MenuCommand::Cut, &QLineEdit::cut, &QTextEdit::cut);
+    give(MenuCommand::Copy, &QLineEdit::copy, &QTextEdit::copy);
+    give(MenuCommand::Paste, &QLineEdit::paste, &QTextEdit::paste);
+    give(MenuCommand::SelectAll, &QLineEdit::selectAll, &QTextEdit::selectAll);
+    on(MenuCommand::Undo, [this] {
+        QWidget *focused = m_parts.window.focusWidget();
+        const auto *edit = qobject_cast<QTextEdit *>(focused);
+        const bool hasTyped = edit && edit->document()->isUndoAvailable();
+        if (!hasTyped && m_parts.window.takeBack()) return;
+        giveToText(focused, &QLineEdit::undo, &QTextEdit::undo);
+    });
+}
+
+void MainWindowCommands::connectLists()
+{
+    const auto opens = [this](MenuCommand command, const KWSmartProject &smart) {
+        on(command, [this, list = KWListIdentifier::smartProject(smart.identifier())] {
+            m_parts.sidebar.select(list);
+        });
+    };
+    opens(MenuCommand::OpenToday, KWSmartProject::today());
+    opens(MenuCommand::OpenTomorrow, KWSmartProject::tomorrow());
+    opens(MenuCommand::OpenNext7Days, KWSmartProject::next7days());
+    opens(MenuCommand::OpenAll, KWSmartProject::all());
+    opens(MenuCommand::OpenAssignedToMe, KWSmartProject::assignedToMe());
+    opens(MenuCommand::OpenCompleted, KWSmartProject::completed());
+    opens(MenuCommand::OpenTrash, KWSmartProject::trash());
+    on(MenuCommand::OpenInbox, [this] {
+        m_parts.sidebar.select(
+            KWListIdentifier::project(KWProject::inboxIDOfUser(m_parts.account.currentUserID())));
+    });
+    on(MenuCommand::GoToLists, [this] { m_parts.window.sidebar().tree().setFocus(Qt::ShortcutFocusReason); });
+
+    const auto missing = [this](MenuCommand command, const char *reason) {
+        on(command, [] {});
+        m_parts.menu.setHindrance(command, [reason] { return KWLocalizedString(reason); });
+    };
+    missing(MenuCommand::OpenCalendar, "This version has no calendar yet.");
+    missing(MenuCommand::OpenHabit, "This version has no habits yet.");
+    missing(MenuCommand::OpenSummary, "This version has no summary yet.");
+}
+
+QString MainWindowCommands::selectedTask() const { return m_parts.window.listPane().list().currentTask(); }
+
+void MainWindowCommands::addTask()
+{
+    KWNewTaskTextField &field = m_parts.window.listPane().addField();
+    // A list of closed tasks has none.
+    if (field.isHidden()) m_parts.sidebar.select(KWListIdentifier::todayProject());
+    m_parts.window.activateWindow();
+    field.setFocus(Qt::ShortcutFocusReason);
+}
+
+void MainWindowCommands::setPriority(KWTaskPriority priority)
+{
+    report(m_parts.editor.setPriority(selectedTask(), priority),
+           tr("Priority: %1").arg(displayName(priority)));
+}
+
+void MainWindowCommands::setDay(const QString &taskID, Day day)
+{
+    const QString words = DateWording::relativeDay(day, m_parts.clock.today(), QLocale{});
+    report(m_parts.editor.setDay(taskID, day), tr("Date: %1").arg(words));
+}
+
+void MainWindowCommands::clearDate(const QString &taskID)
+{
+    report(m_parts.editor.clearDate(taskID), tr("Date removed"));
+}
+
+void MainWindowCommands::pickDate()
+{
+    const QString taskID = selectedTask();
+    const auto found = m_parts.editor.read(taskID);
+    if (!found) return;
+    DatePicker::Days days{.today = m_parts.clock.today(),
+                          .selected = {},
+                          .firstWeekday = m_parts.account.userSettings().firstWeekday};
+    if (found->task.startDate) days.selected = m_parts.clock.zone().dayOf(*found->task.startDate);
+    auto *picker = new DatePicker{days, &m_parts.window};
+    connect(picker, &DatePicker::picked, this,
+            [this, taskID](std::optional<Day> day) { day ? setDay(taskID, *day) : clearDate(taskID); });
+    TaskListView &list = m_parts.window.listPane().list();
+    const QRect row = list.visualRect(list.currentIndex());
+    picker->popUp(list.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()}));
+}
+
+void MainWindowCommands::print()
+{
+    const QString title = m_parts.sidebar.titleOfSelectedList();
+    const auto document = ListPrint::document(title, m_parts.window.listPane().model().rows(), m_parts.clock);
+    ListPrint::run(*document, title, m_parts.window);
+}
+
+void MainWindowCommands::report(const Result<UndoToken> &done, const QString &message)
+{
+    if (!done) return Q_EMIT failed(done.error().sentence);
+    if (done->isEmpty()) return; // it was so before
+    Q_EMIT changed(message, [this, undo = *done] {
+        if (const Result<void> undone = undo.undo(m_parts.manager); !undone)
+            Q_EMIT failed(undone.error().sentence);
+    });
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "app/Preferences.h"
+
+#include <QComboBox>
+#include <QVariant>
+#include <QWidget>
+
+class QVBoxLayout;
+class Switch;
+
+/// A page of the preferences: rows, each with a name, a control and where needed a sentence below the
+/// name. A change is saved at once; what cannot be saved is said, and the control shows what is stored.
+class PreferencesPage : public QWidget {
+    Q_OBJECT
+
+public:
+    PreferencesPage(const char *name, QString title, Preferences &preferences);
+
+    const QString &title() const { return m_title; }
+
+Q_SIGNALS:
+    void failed(const QString &sentence);
+
+protected:
+    Preferences &preferences() { return m_preferences; }
+
+    /// The control gets the name for tests and, for screen readers, the label. With `hint` a sentence.
+    void addRow(const char *name, const QString &label, QWidget &control, const QString &hint = {});
+    void addWide(QWidget &widget, int stretch = 0);
+    void addHeading(const QString &text);
+    void endRows();
+
+    /// One of several values. The apply function answers whether it could be saved.
+    template <class Value>
+    struct Choice {
+        QString text;
+        Value value;
+    };
+    template <class Value>
+    QComboBox &addChoice(const char *name, const QString &label, const QList<Choice<Value>> &choices,
+                         std::function<Value()> stored, std::function<Result<void>(const Value &)> apply,
+                         const QString &hint = {})
+    {
+        auto *box = new QComboBox;
+        for (const Choice<Value> &each : choices)
+            box->addItem(each.text, QVariant::fromValue(each.value));
+        const auto showStored = [box, stored] {
+            box->setCurrentIndex(std::max(0, box->findData(QVariant::fromValue(stored()))));
+        };
+        showStored();
+        connect(box, &QComboBox::activated, this, [this, box, apply, showStored](int index) {
+            report(apply(box->itemData(index).value<Value>()), showStored);
+        });
+        addRow(name, label, *box, hint);
+        return *box;
+    }
+    void addSwitch(const char *name, const QString &label, std::function<bool()> stored,
+                   std::function<Result<void>(bool)> apply, const QString &hint = {});
+    /// A choice of a setting of the program.
+    template <class Value>
+    QComboBox &addChoice(const char *name, const QString &label, const Setting<Value> &setting,
+                         const QList<Choice<Value>> &choices, const QString &hint = {})
+    {
+        return addChoice<Value>(
+            name, label, choices, [this, &setting] { return m_preferences.value(setting); },
+            [this, &setting](const Value &value) -> Result<void> {
+                m_preferences.set(setting, value);
+                return {};
+            },
+            hint);
+    }
+
+    void report(const Result<void> &saved, const std::function<void()> &showStored);
+
+private:
+    QString m_title;
+    Preferences &m_preferences;
+    QVBoxLayout *m_column;
+};

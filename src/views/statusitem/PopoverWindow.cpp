@@ -1,0 +1,63 @@
+#include "views/statusitem/PopoverWindow.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
+#include "views/theme/Theme.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize popoverSize{380, 480};
+
+} // namespace
+
+PopoverWindow::PopoverWindow(CXClock &clock) : TaskListPane(clock)
+{
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setObjectName(u"popover"_s);
+    setAccessibleName(KWLocalizedString("Quick view of today"));
+    setWindowTitle(KWLocalizedString("Today"));
+    resize(Metrics::scaled(popoverSize.width()), Metrics::scaled(popoverSize.height()));
+}
+
+void PopoverWindow::popUp(const QRect &anchor)
+{
+    const QRect bounds = screen()->availableGeometry();
+    QPoint place = bounds.center() - rect().center();
+    if (!anchor.isEmpty()) {
+        const bool isBelow = anchor.center().y() < bounds.center().y();
+        place = {anchor.center().x() - width() / 2, isBelow ? anchor.bottom() : anchor.top() - height()};
+    }
+    move(qBound(bounds.left(), place.x(), qMax(bounds.left(), bounds.right() - width())),
+         qBound(bounds.top(), place.y(), qMax(bounds.top(), bounds.bottom() - height())));
+    show();
+    raise();
+    activateWindow();
+    addField().setFocus(Qt::PopupFocusReason);
+}
+
+void PopoverWindow::changeEvent(QEvent *event)
+{
+    TaskListPane::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) hide();
+}
+
+void PopoverWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) return hide();
+    TaskListPane::keyPressEvent(event);
+}
+
+void PopoverWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter{this};
+    Painting::roundedBox(painter, QRectF{rect()}.adjusted(0.5, 0.5, -0.5, -0.5), 0, Theme::current().popup,
+                         Theme::current().hairline);
+}

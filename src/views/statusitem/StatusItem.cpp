@@ -1,0 +1,148 @@
+#include "views/statusitem/StatusItem.h"
+
+#include "app/ApplicationName.h"
+#include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWSmartProject.h"
+#include "model/settings/KWLocalizedString.h"
+#include "model/store/KWTaskTicker.h"
+#include "views/addfield/AddFieldController.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/menu/MainMenu.h"
+#include "views/statusitem/PopoverWindow.h"
+#include "views/tasklist/PageHeader.h"
+#include "views/tasklist/TaskListView.h"
+#include "views/theme/Icons.h"
+#include "views/wording/DateWording.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QIcon statusIcon()
+{
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 48})
+        icon.addPixmap(Icons::application(side, 1));
+    return icon;
+}
+
+} // namespace
+
+// The quick view with what fills it.
+struct StatusItem::Popover {
+    explicit Popover(const Rooms &rooms)
+        : clock(rooms.clock)
+        , window(rooms.clock)
+        , service(rooms.kit.manager(), rooms.kit.account(), rooms.kit.center(), rooms.kit.bus())
+        , ticker(rooms.kit.manager())
+        , addField(window.addField(), rooms.newTasks, rooms.clock)
+        , newMinute(rooms.kit.center().addObserver(KWNewMinuteComesNotification,
+                                                   [this](const KWNotification &) { showHead(); }))
+    {
+        service.onRowsChanged = [this] { window.list().setRows(service.rows()); };
+        service.onFailure = [this](const QString &sentence) { showProblem(sentence); };
+        QObject::connect(&window.list(), &TaskListView::completionToggled, &window,
+                         [this](const QString &taskID) {
+                             if (const auto done = ticker.tick(taskID); !done)
+                                 showProblem(done.error().sentence);
+                         });
+        QObject::connect(&addField, &AddFieldController::failed, &window,
+                         [this](const QString &sentence) { showProblem(sentence); });
+        const QString today = KWSmartProject::today().displayName();
+        window.header().setTitle(today);
+        window.addField().setPlaceholder(KWLocalizedString("Add a task to “%1”").arg(today));
+        window.list().setEmptyText(KWLocalizedString("Nothing to do today"),
+                                   KWLocalizedString("Type above to add a task."));
+        addField.setList(KWListIdentifier::todayProject());
+        service.select(KWListIdentifier::todayProject());
+        showHead();
+    }
+
+    void showHead()
+    {
+        const Day today = clock.today();
+        window.header().setNote(DateWording::weekdayAndDay(today, today, QLocale{}));
+        window.model().refreshDates();
+    }
+    // Where the date stands, until the next minute.
+    void showProblem(const QString &sentence) { window.header().setNote(sentence); }
+
+    CXClock &clock;
+    PopoverWindow window;
+    KWTaskListService service;
+    KWTaskTicker ticker;
+    AddFieldController addField;
+    KWNotificationCenter::Observation newMinute;
+};
+
+StatusItem::StatusItem(Rooms rooms) : m_rooms(rooms)
+{
+    m_rooms.menu.handle(MenuCommand::ShowPopover, *this, [this] { togglePopover(); });
+}
+
+StatusItem::~StatusItem() = default;
+
+void StatusItem::create()
+{
+    if (m_icon || !QSystemTrayIcon::isSystemTrayAvailable()) return;
+    m_icon = std::make_unique<QSystemTrayIcon>(statusIcon());
+    m_contextMenu.reset(makeMenu());
+    m_icon->setContextMenu(m_contextMenu.get());
+    m_icon->setToolTip(localizedApplicationName());
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger) togglePopover();
+                if (reason == QSystemTrayIcon::DoubleClick || reason == QSystemTrayIcon::MiddleClick)
+                    Q_EMIT windowRequested();
+            });
+    m_icon->show();
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+void StatusItem::remove()
+{
+    if (!m_icon) return;
+    m_icon.reset();
+    m_contextMenu.reset();
+    QApplication::setQuitOnLastWindowClosed(true);
+}
+
+void StatusItem::refresh()
+{
+    if (m_icon) m_icon->setToolTip(localizedApplicationName());
+}
+
+void StatusItem::resetPopover() { m_popover.reset(); }
+
+QMenu *StatusItem::makeMenu()
+{
+    auto *menu = new QMenu;
+    menu->addAction(KWLocalizedString("Show Orvane"), this, &StatusItem::windowRequested);
+    menu->addAction(KWLocalizedString("Quick View of Today"), this, &StatusItem::togglePopover);
+    menu->addSeparator();
+    menu->addAction(&m_rooms.menu.action(MenuCommand::Preferences));
+    menu->addAction(&m_rooms.menu.action(MenuCommand::Quit));
+    return menu;
+}
+
+void StatusItem::togglePopover()
+{
+    if (!m_rooms.kit.account().isSignedIn()) return Q_EMIT windowRequested();
+    if (!m_popover) {
+        m_popover = std::make_unique<Popover>(m_rooms);
+        connect(&m_popover->window.list(), &TaskListView::opened, this, [this](const QString &taskID) {
+            m_popover->window.hide();
+            Q_EMIT taskRequested(taskID);
+        });
+    }
+    PopoverWindow &window = m_popover->window;
+    if (window.isVisible()) return window.hide();
+    window.popUp(m_icon ? m_icon->geometry() : QRect{});
+}
+
+PopoverWindow *StatusItem::popover() const { return m_popover ? &m_popover->window : nullptr; }

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/ports/WindowPorts.h"
+#include "capture/NewTaskService.h"
+#include "lists/KWTaskListService.h"
+
+#include <QObject>
+
+#include <memory>
+
+class MainMenu;
+class OrvaneKit;
+class PopoverWindow;
+class QMenu;
+class QSystemTrayIcon;
+
+/// The item in the desktop's status area (StatusNotifierItem, or XEmbed on older desktops) with the quick
+/// view behind it. Where there is no status area the item is left out; the quick view is a command of the
+/// main menu all the same. As long as there is an item, the program stays when its last window is closed.
+/// Main thread.
+class StatusItem : public QObject, public StatusItemPort {
+    Q_OBJECT
+
+public:
+    /// What the quick view works with; all outlive it.
+    struct Rooms {
+        OrvaneKit &kit;
+        CXClock &clock;
+        NewTaskService &newTasks;
+        MainMenu &menu;
+    };
+    explicit StatusItem(Rooms rooms);
+    ~StatusItem() override;
+
+    void create() override;
+    void remove() override;
+    void refresh() override;
+    void resetPopover() override;
+
+    bool isShown() const { return m_icon != nullptr; }
+    /// Shows the quick view, or hides it.
+    void togglePopover();
+    /// None until it is first shown.
+    PopoverWindow *popover() const;
+
+Q_SIGNALS:
+    /// The person wants the main window.
+    void windowRequested();
+    /// The person wants to see more of a task.
+    void taskRequested(const QString &taskID);
+
+private:
+    struct Popover;
+
+    QMenu *makeMenu();
+
+    Rooms m_rooms;
+    std::unique_ptr<QMenu> m_contextMenu;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+    std::unique_ptr<Popover> m_popover;
+};

@@ -1,0 +1,92 @@
+#include "app/KWAbnormalDataCleanService.h"
+
+#include "app/RecordingAlerts.h"
+#include "model/exchange/DiagnosticData.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct RecordingDesktop final : FileManagerPort, MailPort {
+    void showItem(const QString &file) override { shown << file; }
+    void compose(const QString &, const QString &attachment) override { attached << attachment; }
+    QStringList shown;
+    QStringList attached;
+};
+
+} // namespace
+
+class KWAbnormalDataCleanService_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sendsTheLogAndNothingThatWasTyped()
+    {
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        aTask("Secret plan").savedIn(store);
+        QVERIFY(QDir{}.mkpath(folders.log()));
+        QFile log{folders.log() + u"/orvane.log"_s};
+        QVERIFY(log.open(QIODevice::WriteOnly) && log.write("What happened\n") > 0);
+        log.close();
+        store.kit().defaults().set(Settings::newTaskPriority, 5);
+        store.kit().defaults().synchronise();
+
+        RecordingAlerts alerts;
+        RecordingDesktop desktop;
+        int ends = 0;
+        KWAbnormalDataCleanService service{
+            {folders, store.clock, alerts, desktop, desktop, [&ends] { ++ends; }}};
+        service.run();
+        QCOMPARE(alerts.last.message, u"Send to Orvane"_s);
+        alerts.answer(1);
+        QCOMPARE(ends, 0);
+        service.run();
+        alerts.answer(0);
+        QCOMPARE(ends, 1);
+        QCOMPARE(desktop.shown, desktop.attached);
+        QVERIFY(desktop.shown.first().endsWith(u".zip"));
+
+        const QTemporaryDir unpacked;
+        QProcess tar;
+        tar.setWorkingDirectory(unpacked.path());
+        tar.start(u"cmake"_s, {u"-E"_s, u"tar"_s, u"xf"_s, desktop.shown.first()});
+        QVERIFY(tar.waitForFinished());
+        QCOMPARE(tar.exitCode(), 0);
+        QDir{QFileInfo{desktop.shown.first()}.path()}.removeRecursively();
+        QFile unpackedLog{unpacked.filePath(u"log/orvane.log"_s)};
+        QVERIFY(unpackedLog.open(QIODevice::ReadOnly));
+        QCOMPARE(unpackedLog.readAll(), "What happened\n"_ba);
+        QFile description{unpacked.filePath(u"description.json"_s)};
+        QVERIFY(description.open(QIODevice::ReadOnly));
+        const QByteArray text = description.readAll();
+        QVERIFY(!text.contains("Secret") && !text.contains("Inbox"));
+        const QJsonObject object = QJsonDocument::fromJson(text).object();
+        QCOMPARE(object[u"store"_s][u"records"_s][u"tasks"_s][u"all"_s].toInt(), 1);
+        QCOMPARE(object[u"store"_s][u"integrity"_s].toString(), u"ok"_s);
+        QCOMPARE(object[u"preferences"_s].toArray().first().toString(), u"new_task_priority"_s);
+    }
+
+    void aStoreThatCannotBeReadIsDescribedToo()
+    {
+        const QTemporaryDir home;
+        const ManualClock clock{"2030-05-01 09:00"};
+        const DataFolders folders = DataFolders::locate(home.path());
+        QVERIFY(describeData(folders, clock)[u"store"_s].toObject().contains(u"problem"_s));
+        QFile store{folders.store()};
+        QVERIFY(store.open(QIODevice::WriteOnly) && store.write(QByteArray(5000, 'x')) > 0);
+        store.close();
+        QVERIFY(describeData(folders, clock)[u"store"_s].toObject().contains(u"problem"_s));
+    }
+};
+
+ORVANE_TEST(KWAbnormalDataCleanService_test)
+#include "KWAbnormalDataCleanService_test.moc"

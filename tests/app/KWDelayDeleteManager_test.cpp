@@ -1,0 +1,178 @@
+#include "app/KWDelayDeleteManager.h"
+
+#include "app/RecordingPorts.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
+#include "model/store/Connection.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct RecordingToast final : ToastPort {
+    void showUndo(const QString &message, std::function<void()> undo) override
+    {
+        lines << message;
+        press = std::move(undo);
+    }
+    void showFailure(const QString &sentence) override { lines << sentence; }
+    void endUndo() override { press = {}; }
+    bool isUndoHeld() const override { return isHeld; }
+
+    QStringList lines;
+    std::function<void()> press;
+    bool isHeld = false;
+};
+
+} // namespace
+
+class KWDelayDeleteManager_test : public QObject {
+    Q_OBJECT
+
+    struct Scene {
+        Scene()
+        {
+            observation = store.kit().center().addObserver(
+                delayDeleteStatusChangedNotification, [this](const KWNotification &each) {
+                    statuses << each.userInfo.value(u"status"_s).toInt();
+                    told = each.userInfo.value(u"taskIDs"_s).toStringList();
+                });
+        }
+        QString make(const QString &title) { return aTask(qUtf8Printable(title)).savedIn(store); }
+        bool isTrashed(const QString &id) { return store.context().find<KWTask>(id)->model().isTrashed; }
+
+        StoreFixture store;
+        RecordingToast toast;
+        AnsweringSync sync;
+        KWDelayDeleteManager manager{
+            {store.clock, store.kit().manager(), store.kit().center(), store.kit().bus(), sync, toast}};
+        KWNotificationCenter::Observation observation;
+        QList<int> statuses;
+        QStringList told;
+    };
+    enum { Started, Undone, Committed };
+
+private Q_SLOTS:
+    void namesWhatIsDeleted()
+    {
+        Scene scene;
+        const QString astronaut = u"👩‍🚀"_s;
+        const auto deletes = [&scene](const QStringList &titles) {
+            QStringList ids{u"gone"_s};
+            for (const QString &each : titles)
+                ids << scene.make(each);
+            scene.manager.deleteTasks(ids);
+            return scene.toast.lines.last();
+        };
+        QCOMPARE(deletes({u"0123456789"_s}), u"0123456789 deleted"_s);
+        QCOMPARE(deletes({u"0123456789a"_s}), u"0123456789... deleted"_s);
+        QCOMPARE(deletes({astronaut.repeated(11)}), astronaut.repeated(10) + u"... deleted"_s);
+        QCOMPARE(deletes({u"a"_s, u"b"_s}), u"Deleted"_s);
+    }
+
+    void hidesAtOnceAndDeletesWhenTheTimeIsOver()
+    {
+        Scene scene;
+        const QString parent = scene.make(u"Parent"_s);
+        const QString child = scene.make(u"Child"_s);
+        setSaved<KWTask>(scene.store, child, &KWTaskModel::parentId, parent);
+        scene.manager.deleteTasks({parent});
+        QVERIFY(scene.manager.isToastShown() && scene.manager.containsTask(child));
+        QCOMPARE(scene.told, QStringList({parent, child}));
+
+        scene.store.clock.advance(KWDelayDeleteManager::undoTime - 1ms);
+        QVERIFY(!scene.isTrashed(parent));
+        scene.toast.isHeld = true;
+        scene.store.clock.advance(10s);
+        QVERIFY(!scene.isTrashed(parent));
+        scene.toast.isHeld = false;
+        scene.store.clock.advance(KWDelayDeleteManager::undoTime);
+        QVERIFY(scene.isTrashed(parent) && scene.isTrashed(child));
+        QVERIFY(!scene.manager.isToastShown() && !scene.manager.containsTask(child) && !scene.toast.press);
+        QCOMPARE(scene.statuses, (QList<int>{Started, Committed}));
+    }
+
+    void undoesAndCommitsTheOneBefore()
+    {
+        Scene scene;
+        const QString first = scene.make(u"First"_s);
+        const QString second = scene.make(u"Second"_s);
+        scene.manager.deleteTasks({first});
+        scene.manager.deleteTasks({second});
+        QVERIFY(scene.isTrashed(first));
+        QVERIFY(!scene.manager.containsTask(first) && scene.manager.containsTask(second));
+        scene.toast.press();
+        scene.store.clock.advance(10s);
+        QVERIFY(!scene.isTrashed(second) && !scene.manager.containsTask(second));
+        QCOMPARE(scene.statuses, (QList<int>{Started, Committed, Started, Undone}));
+
+        scene.manager.deleteTasks({second});
+        scene.store.kit().center().post(KWUserDidSignOutNotification);
+        QVERIFY(scene.isTrashed(second));
+    }
+
+    void showsAgainWhatCannotBeDeleted()
+    {
+        Scene scene;
+        const QString id = scene.make(u"Rent"_s);
+        const auto makeInboxReadable = [&](KWProjectPermission permission) {
+            setSaved<KWProject>(scene.store, KWProject::inboxIDOfUser(scene.store.userID()),
+                                &KWProjectModel::permission, permission);
+        };
+        makeInboxReadable(KWProjectPermissionRead);
+        scene.manager.deleteTasks({id});
+        QVERIFY(!scene.manager.containsTask(id) && scene.toast.lines.takeLast().endsWith(u'.'));
+        makeInboxReadable(KWProjectPermissionWrite);
+
+        scene.manager.deleteTasks({id});
+        Connection &connection = **scene.store.kit().store().borrowConnection(); // the one lent next
+        connection.execute("PRAGMA query_only = 1");
+        scene.manager.commitPending();
+        QVERIFY(!scene.isTrashed(id) && !scene.manager.containsTask(id));
+        QCOMPARE(scene.statuses, (QList<int>{Started, Undone}));
+        QVERIFY(scene.toast.lines.last().endsWith(u'.'));
+        connection.execute("PRAGMA query_only = 0");
+    }
+
+    void callsTheBlocksOfChecklistsAndEvents()
+    {
+        Scene scene;
+        QStringList calls;
+        const auto call = [&calls](const char *name) {
+            return [&calls, name] { calls << QString::fromLatin1(name); };
+        };
+        const auto deleteItems = [&](int count) {
+            scene.manager.deleteChecklistItemsWithCount(count, scene.toast, call("delete"), call("undo"),
+                                                        call("timeout"));
+        };
+        deleteItems(0);
+        deleteItems(1);
+        scene.store.clock.advance(5s);
+        deleteItems(2);
+        scene.toast.press();
+        QCOMPARE(calls.join(u' '), u"delete timeout delete undo"_s);
+        QCOMPARE(scene.toast.lines, QStringList({u"Deleted"_s, u"Deleted"_s}));
+
+        scene.manager.deleteEvents({u"event"_s}, u"Meeting"_s, [] { return Result<void>{}; });
+        QVERIFY(scene.manager.containsEvent(u"event"_s) && !scene.manager.containsTask(u"event"_s));
+        QCOMPARE(scene.toast.lines.last(), u"Meeting deleted"_s);
+        scene.manager.commitPending();
+        QVERIFY(scene.manager.delayDeletedEventSet().isEmpty());
+    }
+
+    void deletesForGoodAtOnce()
+    {
+        Scene scene;
+        const QString id = scene.make(u"Rent"_s);
+        scene.manager.deleteTasks({id});
+        QVERIFY(scene.manager.deleteTaskAndDescendantsForever(id));
+        QVERIFY(!scene.store.context().find<KWTask>(id) && !scene.manager.isToastShown());
+    }
+};
+
+ORVANE_TEST(KWDelayDeleteManager_test)
+#include "KWDelayDeleteManager_test.moc"

@@ -1,0 +1,190 @@
+#include "app/KWSignificantTimeChangeObserver.h"
+
+#include "app/RecordingAlerts.h"
+#include "corvexkit/time/TimeText.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWChecklistItem.h"
+#include "model/records/KWTask.h"
+#include "model/records/KWUserSettings.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *home = "America/New_York";
+
+struct Traveller {
+    StoreFixture store{"2030-05-01 09:00", home};
+    RecordingAlerts alerts;
+    CountingRelaunch relaunch;
+    std::unique_ptr<KWSignificantTimeChangeObserver> observer;
+
+    Traveller() { start(); }
+
+    void start()
+    {
+        OrvaneKit &kit = store.kit();
+        observer =
+            std::make_unique<KWSignificantTimeChangeObserver>(KWSignificantTimeChangeObserver::Collaborators{
+                store.clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), absentSync, alerts,
+                relaunch});
+        observer->applicationDidFinishLaunching();
+        settle();
+    }
+    void restart()
+    {
+        observer.reset();
+        store.reopen();
+        start();
+    }
+    void flyTo(const char *zone)
+    {
+        store.clock.setZone(zone);
+        store.kit().center().post(SystemTimeZoneDidChangeNotification);
+        settle();
+    }
+    void settle()
+    {
+        store.kit().manager().threadPool().waitForDone();
+        QCoreApplication::processEvents();
+    }
+    QString local(std::optional<Instant> date)
+    {
+        return date ? TimeText::fromLocalTime(store.clock.zone().toLocal(*date)).chopped(3) : u"-"_s;
+    }
+    template <class Record>
+    typename Record::Model model(const QString &id)
+    {
+        return store.context().find<Record>(id)->model();
+    }
+    QString addItem(const QString &taskID, const char *localTime, bool isAllDay)
+    {
+        QString id;
+        saved(store, [&](ObjectContext &context) {
+            KWChecklistItemModel item;
+            item.userID = store.userID();
+            item.taskID = taskID;
+            item.startDate = at(localTime, home);
+            item.isAllDay = isAllDay;
+            id = context.insert<KWChecklistItem>(item).sid();
+        });
+        return id;
+    }
+
+    LocalOnlySync absentSync;
+};
+
+} // namespace
+
+class KWSignificantTimeChangeObserver_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aJourneyAndBackLeavesDatesOnTheWall()
+    {
+        Traveller traveller;
+        StoreFixture &store = traveller.store;
+        const QString day = aTask("Pay rent", home).dueFrom("2030-03-09", "2030-03-11").savedIn(store);
+        const QString floating = aTask("Run", home).startingAt("2030-05-02 07:00").savedIn(store);
+        const QString fixed = aTask("Call", home).startingAt("2030-05-02 07:00").savedIn(store);
+        const QString nameless = aTask("Water", home).dueOn("2030-05-03").savedIn(store);
+        const QString deleted = aTask("Gone", home).dueOn("2030-05-02").savedIn(store);
+        saved(store, [&](ObjectContext &context) {
+            context.find<KWTask>(floating)->set(&KWTaskModel::isFloating, true);
+            context.find<KWTask>(day)->set(&KWTaskModel::exDates, {at("2030-05-09 00:00", home)});
+            context.find<KWTask>(nameless)->set(&KWTaskModel::timeZone, {});
+            context.find<KWTask>(deleted)->markDelete();
+        });
+        const QString itemOfFloating = traveller.addItem(floating, "2030-05-02 06:30", false);
+        const QString itemOfFixed = traveller.addItem(fixed, "2030-05-02 00:00", true);
+        const QString timedItem = traveller.addItem(fixed, "2030-05-02 06:30", false);
+        const auto dates = [&] {
+            const KWTaskModel days = traveller.model<KWTask>(day);
+            QStringList local;
+            for (const auto &each :
+                 {days.startDate, days.endDate, std::optional{days.exDates.value(0)},
+                  traveller.model<KWTask>(floating).startDate, traveller.model<KWTask>(nameless).startDate,
+                  traveller.model<KWChecklistItem>(itemOfFloating).startDate,
+                  traveller.model<KWChecklistItem>(itemOfFixed).startDate})
+                local << traveller.local(each);
+            return local;
+        };
+        const auto instants = [&] {
+            return QList{traveller.model<KWTask>(fixed).startDate, traveller.model<KWTask>(deleted).startDate,
+                         traveller.model<KWChecklistItem>(timedItem).startDate};
+        };
+        const QStringList datesAtHome = dates();
+        const auto instantsAtHome = instants();
+
+        for (const char *zone : {"Asia/Tokyo", home, "Pacific/Apia", "Africa/Cairo", home}) {
+            traveller.flyTo(zone);
+            QCOMPARE(traveller.alerts.messages.takeFirst(), u"Time zone has changed"_s);
+            traveller.alerts.answer(0);
+            traveller.restart();
+            QCOMPARE(traveller.alerts.messages.takeFirst(), u"Time Zone Change"_s);
+            QCOMPARE(dates(), datesAtHome);
+            QVERIFY(instants() == instantsAtHome);
+        }
+        QCOMPARE(traveller.relaunch.count, 5);
+    }
+
+    void asksOnceAfterTheRestartUnlessTheOptionIsOn()
+    {
+        Traveller traveller;
+        aTask("Pay rent", home).dueOn("2030-05-02").savedIn(traveller.store);
+        traveller.flyTo("Asia/Tokyo");
+        QCOMPARE(traveller.alerts.last.buttons, QStringList{u"Restart Now"_s});
+        QVERIFY(
+            traveller.alerts.last.text.contains(u"date being changed. To avoid this issue, Orvane needs"));
+        traveller.restart();
+        QCOMPARE(traveller.alerts.last.buttons, QStringList({u"Enable"_s, u"Cancel"_s}));
+        traveller.alerts.answer(1);
+        QVERIFY(!traveller.store.account().userSettings().isTimeZoneOptionEnabled);
+        traveller.restart();
+        QCOMPARE(traveller.alerts.messages.size(), 2);
+
+        traveller.flyTo(home);
+        traveller.restart();
+        traveller.alerts.answer(0);
+        QVERIFY(traveller.store.account().userSettings().isTimeZoneOptionEnabled);
+        traveller.alerts.messages.clear();
+        traveller.flyTo("Asia/Tokyo");
+        traveller.restart();
+        QCOMPARE(traveller.alerts.messages, QStringList{u"Time zone has changed"_s});
+    }
+
+    void comparesOffsetsAndNotNames()
+    {
+        Traveller traveller;
+        const QString id = aTask("Pay rent", home).dueOn("2030-05-02").savedIn(traveller.store);
+        traveller.flyTo("America/Toronto");
+        QCOMPARE(traveller.alerts.messages, QStringList{});
+        QCOMPARE(traveller.observer->lastLocalTimeZone()->identifier(), u"America/Toronto"_s);
+        QCOMPARE(traveller.model<KWTask>(id).timeZone, QString::fromLatin1(home));
+
+        traveller.store.kit().defaults().set(Settings::lastLocalTimeZone, u"Atlantis/Capital"_s);
+        QVERIFY(!traveller.observer->lastLocalTimeZone());
+        traveller.flyTo("Asia/Tokyo");
+        QCOMPARE(traveller.alerts.messages, QStringList{});
+        QCOMPARE(traveller.observer->lastLocalTimeZone()->identifier(), u"Asia/Tokyo"_s);
+    }
+
+    // The last act before a crash may have been the save, without the note of the zone.
+    void adaptsNothingTwice()
+    {
+        Traveller traveller;
+        const QString id = aTask("Pay rent", home).dueOn("2030-05-02").savedIn(traveller.store);
+        const QString item = traveller.addItem(id, "2030-05-02 00:00", true);
+        traveller.flyTo("Asia/Tokyo");
+        traveller.store.kit().defaults().set(Settings::lastLocalTimeZone, QString::fromLatin1(home));
+        traveller.restart();
+        QCOMPARE(traveller.local(traveller.model<KWTask>(id).startDate), u"2030-05-02T00:00"_s);
+        QCOMPARE(traveller.local(traveller.model<KWChecklistItem>(item).startDate), u"2030-05-02T00:00"_s);
+        QCOMPARE(traveller.alerts.messages.size(), 1);
+    }
+};
+
+ORVANE_TEST(KWSignificantTimeChangeObserver_test)
+#include "KWSignificantTimeChangeObserver_test.moc"

@@ -1,0 +1,73 @@
+#include "app/ShortcutConfiguration.h"
+
+#include "app/MenuTable.h"
+#include "model/settings/KWUserDefaults.h"
+#include "support/CaseTable.h"
+#include "support/TestMain.h"
+
+#include <QTemporaryDir>
+
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+class ShortcutConfiguration_test : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+private Q_SLOTS:
+    void defaultsAreForNoTypingAndUnlikeEachOther()
+    {
+        KWUserDefaults defaults{m_folder.filePath(u"fresh"_s)};
+        const ShortcutConfiguration shortcuts{defaults};
+        std::set<QString> seen;
+        for (const MenuEntry &each : menuEntries()) {
+            const QString keys = shortcuts.keysOf(each.command);
+            QVERIFY2(!each.hasSlot() || (!keys.isEmpty() && !ShortcutConfiguration::isForTyping(keys)),
+                     each.name);
+            QVERIFY2(keys.isEmpty() || seen.insert(keys).second, each.name);
+        }
+        QVERIFY(shortcuts.isReset());
+    }
+
+    void takesOrRefuses_data() { addCaseRows("app/shortcuts.txt", 2); }
+    void takesOrRefuses()
+    {
+        QFETCH(QStringList, cells);
+        KWUserDefaults defaults{m_folder.filePath(u"taking"_s)};
+        ShortcutConfiguration shortcuts{defaults};
+        shortcuts.reset();
+        const Result<void> set = shortcuts.setKeys(MenuCommand::SetDate, cells.at(0));
+        if (cells.at(1) == u"taken") {
+            QVERIFY(set);
+            QCOMPARE(ShortcutConfiguration{defaults}.keysOf(MenuCommand::SetDate), cells.at(0));
+        } else {
+            QVERIFY(!set);
+            QVERIFY2(set.error().sentence.contains(cells.at(1)), qUtf8Printable(set.error().sentence));
+            QCOMPARE(shortcuts.keysOf(MenuCommand::SetDate), u"Ctrl+D"_s);
+        }
+    }
+
+    void takesNothingBrokenFromTheFile()
+    {
+        KWUserDefaults defaults{m_folder.filePath(u"broken"_s)};
+        const auto store = [&defaults](MenuCommand command, const QString &keys) {
+            defaults.set(Settings::keyboardShortcut, keys, QString::number(int(command)));
+        };
+        store(MenuCommand::SetToday, u"x"_s);
+        store(MenuCommand::SetTomorrow, u"Ctrl+Q"_s);
+        store(MenuCommand::SetNextWeek, u"Ctrl+P"_s); // the default of another
+        store(MenuCommand::Print, u""_s);
+        ShortcutConfiguration shortcuts{defaults};
+        for (const MenuCommand each : {MenuCommand::SetToday, MenuCommand::SetTomorrow, MenuCommand::Print})
+            QCOMPARE(shortcuts.keysOf(each), QString{});
+        QCOMPARE(shortcuts.commandWith(u"Ctrl+P"_s), MenuCommand::SetNextWeek);
+        shortcuts.reset();
+        QVERIFY(shortcuts.isReset());
+        QCOMPARE(shortcuts.keysOf(MenuCommand::Print), u"Ctrl+P"_s);
+    }
+};
+
+ORVANE_TEST(ShortcutConfiguration_test)
+#include "ShortcutConfiguration_test.moc"

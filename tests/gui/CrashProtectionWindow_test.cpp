@@ -1,0 +1,88 @@
+#include "views/alerts/CrashProtectionWindow.h"
+
+#include "app/AppPorts.h"
+#include "app/KWAbnormalDataCleanService.h"
+#include "model/records/KWTask.h"
+#include "model/store/Connection.h"
+#include "model/store/StoreBackups.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+#include "views/alerts/AlertPresenter.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+/// The alert after crashes, over a real folder.
+class CrashProtectionWindow_test : public QObject {
+    Q_OBJECT
+
+    // Presses the buttons named, each in the dialog that is up when its turn comes.
+    void press(QStringList buttons)
+    {
+        QTimer::singleShot(0, this, [this, buttons]() mutable {
+            const QString name = buttons.takeFirst();
+            QWidget *dialog = QApplication::activeModalWidget();
+            QVERIFY(dialog);
+            auto *button = dialog->findChild<QPushButton *>(name);
+            if (!buttons.isEmpty()) press(buttons);
+            if (name == u"Escape")
+                QTest::keyClick(dialog, Qt::Key_Escape);
+            else if (button)
+                button->click();
+            else
+                qFatal("There is no button %s", qUtf8Printable(name));
+        });
+    }
+
+private Q_SLOTS:
+    void everyChoiceDoesWhatItSays_data()
+    {
+        QTest::addColumn<QStringList>("presses");
+        QTest::addColumn<bool>("starts");
+        QTest::addColumn<QString>("found");
+        const QString both = u"Early Late"_s;
+        QTest::newRow("start") << QStringList{u"choice0"_s} << true << both;
+        QTest::newRow("quit") << QStringList{u"choice4"_s} << false << both;
+        QTest::newRow("escape") << QStringList{u"Escape"_s} << false << both;
+        QTest::newRow("restore") << QStringList{u"choice1"_s, u"restore"_s} << true << u"Early"_s;
+        QTest::newRow("back, then start")
+            << QStringList{u"choice1"_s, u"back"_s, u"choice0"_s} << true << both;
+        QTest::newRow("empty") << QStringList{u"choice2"_s, u"alertButton0"_s} << true << QString{};
+        QTest::newRow("nothing sent")
+            << QStringList{u"choice3"_s, u"alertButton1"_s, u"choice4"_s} << false << both;
+    }
+
+    void everyChoiceDoesWhatItSays()
+    {
+        QFETCH(QStringList, presses);
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        aTask("Early").savedIn(store);
+        QVERIFY(StoreBackups{folders}.makeDaily(store.context().connection(), store.clock.today()));
+        aTask("Late").savedIn(store);
+        store.close();
+        AlertPresenter alerts;
+        KWAbnormalDataCleanService diagnostics{
+            {folders, store.clock, alerts, absent<FileManagerPort>(), absent<MailPort>(), [] {}}};
+        CrashProtectionWindow window{folders, store.clock, diagnostics};
+        bool isStarted = false;
+        press(presses);
+        window.runModal(u"Orvane closed"_s, u"What now?"_s, [&isStarted] { isStarted = true; });
+        QTEST(isStarted, "starts");
+
+        const QStringList kept = QDir{folders.data}.entryList({u"store.*-*.sqlite"_s});
+        store.reopen();
+        QStringList titles;
+        for (const KWTaskModel &each : store.context().models<KWTask>({.orderBy = "title"}))
+            titles << each.title;
+        QTEST(titles.join(u' '), "found");
+        QCOMPARE(kept.size(), titles.size() == 2 ? 0 : 1);
+    }
+};
+
+ORVANE_TEST(CrashProtectionWindow_test)
+#include "CrashProtectionWindow_test.moc"

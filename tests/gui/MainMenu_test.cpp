@@ -1,0 +1,206 @@
+#include "gui/ClientFixture.h"
+#include "model/records/KWTask.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/datepicker/DatePicker.h"
+#include "views/main/MainWindow.h"
+#include "views/print/ListPrint.h"
+#include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/SidebarView.h"
+#include "views/tasklist/PageHeader.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+
+/// The main menu and its keys, in the real window.
+class MainMenu_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClientFixture> m_client;
+
+    MainMenu &menu() { return m_client->rooms().menu(); }
+    MainWindow &window() { return *m_client->window(); }
+    TaskListView &list() { return window().listPane().list(); }
+    QString head() { return window().listPane().header().accessibleName(); }
+    KWTaskModel task()
+    {
+        m_client->kit().manager().refreshAll();
+        return m_client->kit().context().models<KWTask>({}).constFirst();
+    }
+    void press(const char *keys)
+    {
+        const QKeySequence sequence{QLatin1StringView{keys}};
+        QTest::keySequence(QApplication::focusWidget(), sequence);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_client = std::make_unique<ClientFixture>(); // Saturday 2026-11-21, 09:00
+        m_client->useOnThisComputer();
+        QVERIFY(QTest::qWaitForWindowActive(&window()));
+        m_client->type(u"Call the venue 17:00"_s);
+        m_client->press(Qt::Key_Return);
+        QTRY_COMPARE(m_client->shownTitles(), QStringList{u"Call the venue"_s});
+    }
+    void cleanup() { m_client.reset(); }
+
+    void taskItemsWaitForASelectedTask()
+    {
+        list().setCurrentIndex({});
+        QVERIFY(!menu().action(MenuCommand::SetToday).isEnabled());
+        QVERIFY(!menu().action(MenuCommand::SetToday).toolTip().isEmpty());
+        list().selectTask(task().sid);
+        QVERIFY(menu().action(MenuCommand::SetToday).isEnabled());
+    }
+
+    void keysWorkOnTheSelectedTask()
+    {
+        list().selectTask(task().sid);
+        list().setFocus();
+        press("Alt+3");
+        QCOMPARE(task().priority, KWTaskPriorityHigh);
+        press("Ctrl+Z");
+        QCOMPARE(task().priority, KWTaskPriorityNone);
+        press("Alt+1");
+        press("Alt+0");
+        QCOMPARE(task().priority, KWTaskPriorityNone);
+        press("Ctrl+Shift+T");
+        QCOMPARE(*task().startDate, at("2026-11-22 17:00"));
+        m_client->openList(u"Inbox"_s);
+        list().selectTask(task().sid);
+        list().setFocus();
+        press("Ctrl+Shift+W"); // on a Saturday, where weeks begin on Monday or Sunday
+        QCOMPARE(*task().startDate, at("2026-11-23 17:00"));
+        press("Ctrl+T");
+        QCOMPARE(*task().startDate, at("2026-11-21 17:00"));
+        press("Ctrl+Shift+D");
+        QVERIFY(!task().startDate);
+        press("Ctrl+T");
+        QCOMPARE(*task().startDate, at("2026-11-21 00:00"));
+        QVERIFY(task().isAllDay);
+        press("Ctrl+Shift+Return");
+        QCOMPARE(task().status, KWTaskStatusCompleted);
+    }
+
+    void theDatePickerAnswersToTheKeyboard()
+    {
+        list().selectTask(task().sid);
+        list().setFocus();
+        press("Ctrl+D");
+        auto *picker = window().findChild<DatePicker *>();
+        QVERIFY(picker);
+        QTest::keyClick(picker->findChild<QWidget *>(u"qt_calendar_calendarview"_s), Qt::Key_Down);
+        QTest::keyClick(picker->findChild<QWidget *>(u"qt_calendar_calendarview"_s), Qt::Key_Return);
+        QCOMPARE(*task().startDate, at("2026-11-28 17:00"));
+        QTRY_VERIFY(!window().findChild<DatePicker *>());
+        window().activateWindow(); // what a window manager does when the picker goes
+        QVERIFY(QTest::qWaitForWindowActive(&window()));
+        m_client->openList(u"Inbox"_s);
+        list().selectTask(task().sid);
+        list().setFocus();
+        press("Ctrl+D");
+        window().findChild<QPushButton *>(u"pickNoDate"_s)->click();
+        QVERIFY(!task().startDate);
+    }
+
+    void keysOpenLists_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("title");
+        for (const auto &[keys, title] :
+             std::initializer_list<std::pair<const char *, QString>>{{"Ctrl+1", u"Inbox"_s},
+                                                                     {"Ctrl+3", u"Tomorrow"_s},
+                                                                     {"Ctrl+4", u"Next 7 Days"_s},
+                                                                     {"Ctrl+7", u"All"_s},
+                                                                     {"Ctrl+8", u"Assigned to Me"_s},
+                                                                     {"Ctrl+9", u"Completed"_s},
+                                                                     {"Ctrl+0", u"Trash"_s}})
+            QTest::newRow(keys) << QString::fromLatin1(keys) << title;
+    }
+
+    void keysOpenLists()
+    {
+        QFETCH(QString, keys);
+        QFETCH(QString, title);
+        press(keys.toLatin1().constData());
+        QCOMPARE(head(), title);
+        const bool takesTasks = title != u"Completed" && title != u"Trash";
+        QCOMPARE(window().listPane().addField().isVisible(), takesTasks);
+        press("Ctrl+N");
+        QVERIFY(window().listPane().addField().hasFocus());
+        QCOMPARE(head(), takesTasks ? title : u"Today"_s);
+        m_client->restart();
+        QVERIFY(!head().isEmpty());
+    }
+
+    void whatIsMissingSaysSo()
+    {
+        for (const MenuCommand each : {MenuCommand::OpenCalendar, MenuCommand::OpenHabit,
+                                       MenuCommand::OpenSummary, MenuCommand::SendDiagnostics}) {
+            if (menu().action(each).isEnabled()) continue;
+            QVERIFY(!menu().action(each).toolTip().isEmpty());
+        }
+        QVERIFY(!menu().action(MenuCommand::OpenCalendar).isEnabled());
+    }
+
+    void altShowsTheBarAndEscapeHidesIt()
+    {
+        auto &bar = m_client->find<QMenuBar>("menuBar");
+        QVERIFY(bar.isHidden());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Alt);
+        QVERIFY(bar.isVisible());
+        QCOMPARE(bar.actions().size(), 7);
+        QTest::keyClick(&bar, Qt::Key_Escape);
+        QVERIFY(bar.isHidden());
+        QVERIFY(window().listPane().addField().hasFocus());
+        press("F10");
+        QVERIFY(bar.isVisible());
+        QTest::keyClick(&bar, Qt::Key_Escape);
+        QVERIFY(bar.isHidden());
+        // A shortcut with Alt is no Alt.
+        QTest::keyPress(QApplication::focusWidget(), Qt::Key_Alt, Qt::AltModifier);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_2, Qt::AltModifier);
+        QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Alt);
+        QVERIFY(bar.isHidden());
+    }
+
+    void theButtonOpensTheMenu()
+    {
+        m_client->find<QAbstractButton>("menuButton").click();
+        auto *popup = window().findChild<QMenu *>(u"mainMenu"_s);
+        QVERIFY(popup && popup->isVisible());
+        QVERIFY(popup->actions().contains(&menu().action(MenuCommand::Quit)));
+        QCOMPARE(menu().action(MenuCommand::Quit).text(), u"Quit Orvane"_s);
+        popup->close();
+    }
+
+    void signingOutLeavesTheWelcomeWindow()
+    {
+        menu().action(MenuCommand::SignOut).trigger();
+        QTRY_VERIFY(!m_client->window());
+        QVERIFY(m_client->rooms().welcomeWindow().window());
+        QVERIFY(!menu().action(MenuCommand::AddTask).isEnabled());
+        m_client->useOnThisComputer();
+        QVERIFY(menu().action(MenuCommand::AddTask).isEnabled());
+    }
+
+    void paperShowsTheList()
+    {
+        const auto document =
+            ListPrint::document(u"Today"_s, window().listPane().model().rows(), m_client->clock);
+        QCOMPARE(document->toPlainText(), u"Today\n☐ Call the venue  ·  17:00"_s);
+    }
+};
+
+ORVANE_TEST(MainMenu_test)
+#include "MainMenu_test.moc"

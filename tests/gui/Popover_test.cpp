@@ -1,0 +1,88 @@
+#include "gui/ClientFixture.h"
+#include "model/records/KWTask.h"
+#include "support/TestMain.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/main/MainWindow.h"
+#include "views/statusitem/PopoverWindow.h"
+#include "views/tasklist/TaskListView.h"
+
+#include <QAction>
+
+using namespace Qt::StringLiterals;
+
+/// The quick view of today, without a status area: as a command of the main menu.
+class Popover_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClientFixture> m_client;
+
+    StatusItem &item() { return m_client->rooms().statusItem(); }
+    PopoverWindow &popover() { return *item().popover(); }
+    void open()
+    {
+        m_client->rooms().menu().action(MenuCommand::ShowPopover).trigger();
+        QVERIFY(QTest::qWaitForWindowActive(&popover()));
+    }
+    void add(const QString &text)
+    {
+        QTest::keyClicks(&popover().addField(), text);
+        QTest::keyClick(&popover().addField(), Qt::Key_Return);
+    }
+    QStringList titles()
+    {
+        QStringList titles;
+        for (const KWTaskListItemModel &each : popover().model().rows())
+            titles << each.title;
+        return titles;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_client = std::make_unique<ClientFixture>();
+        m_client->useOnThisComputer();
+        open();
+    }
+    void cleanup() { m_client.reset(); }
+
+    void addsAndTicksTheTasksOfToday()
+    {
+        QVERIFY(!item().isShown()); // the offscreen platform has no status area
+        QVERIFY(popover().addField().hasFocus());
+        add(u"Feed the cat"_s);
+        add(u"Call the venue tomorrow"_s);
+        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+        popover().list().selectTask(popover().model().rows().constFirst().sid);
+        QTest::keyClick(&popover().list(), Qt::Key_Space);
+        QTRY_COMPARE(titles(), QStringList{});
+    }
+
+    void goesByEscapeAndComesAgain()
+    {
+        QTest::keyClick(&popover().list(), Qt::Key_Escape);
+        QVERIFY(!popover().isVisible());
+        open();
+        QVERIFY(popover().isVisible());
+    }
+
+    void leadsToTheTaskInTheWindow()
+    {
+        add(u"Feed the cat"_s);
+        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+        const QString taskID = popover().model().rows().constFirst().sid;
+        m_client->openList(u"Tomorrow"_s);
+        popover().list().selectTask(taskID);
+        QTest::keyClick(&popover().list(), Qt::Key_Return);
+        QVERIFY(!popover().isVisible());
+        QTRY_COMPARE(m_client->find<TaskListView>("taskList").currentTask(), taskID);
+    }
+
+    void goesWithTheAccount()
+    {
+        QVERIFY(m_client->kit().account().signOut());
+        QVERIFY(!item().popover());
+    }
+};
+
+ORVANE_TEST(Popover_test)
+#include "Popover_test.moc"

@@ -1,0 +1,158 @@
+#include "gui/ClientFixture.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
+#include "model/records/KWTask.h"
+#include "support/TestMain.h"
+#include "views/main/MainWindow.h"
+#include "views/preferences/PreferencesWindow.h"
+#include "views/theme/ThemeConfigurator.h"
+#include "views/wording/DateWording.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeySequenceEdit>
+#include <QLabel>
+#include <QListWidget>
+#include <QTimeEdit>
+
+using namespace Qt::StringLiterals;
+
+/// The preferences window: what is chosen is saved at once, and the rest of the program follows.
+class Preferences_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClientFixture> m_client;
+
+    PreferencesWindow &window() { return *m_client->rooms().preferences().window(); }
+    template <class Widget>
+    Widget &find(const char *name)
+    {
+        auto *found = window().findChild<Widget *>(QLatin1StringView{name});
+        if (!found) qFatal("there is no %s", name);
+        return *found;
+    }
+    // As a person does: by the keyboard.
+    void choose(const char *name, const QString &text)
+    {
+        auto &box = find<QComboBox>(name);
+        QVERIFY2(box.findText(text) >= 0, qPrintable(text));
+        window().activateWindow();
+        box.setFocus();
+        QTest::keyClick(&box, Qt::Key_Home);
+        while (box.currentText() != text)
+            QTest::keyClick(&box, Qt::Key_Down);
+    }
+    QString message() { return find<QLabel>("preferencesMessage").text(); }
+    const KWUserSettingsModel &settings() { return m_client->kit().account().userSettings(); }
+    KWTaskModel added(const QString &text) { return *m_client->rooms().newTasks().add(text); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_client = std::make_unique<ClientFixture>();
+        m_client->useOnThisComputer();
+        m_client->rooms().menu().action(MenuCommand::Preferences).trigger();
+        QVERIFY(window().isVisible());
+    }
+    void cleanup()
+    {
+        m_client.reset();
+        ThemeConfigurator::shared().setMode(ThemeConfigurator::Mode::Light);
+        DateWording::setClockFormat({});
+    }
+
+    void everyControlHasANameAndAnswersToTheKeyboard()
+    {
+        for (int row = 0; row < find<QListWidget>("preferencesPages").count(); ++row) {
+            find<QListWidget>("preferencesPages").setCurrentRow(row);
+            for (QWidget *each : window().findChildren<QWidget *>()) {
+                const bool isControl = qobject_cast<QAbstractButton *>(each) ||
+                                       qobject_cast<QComboBox *>(each) || qobject_cast<QTimeEdit *>(each) ||
+                                       qobject_cast<QKeySequenceEdit *>(each);
+                if (!isControl || !each->isVisible()) continue;
+                QVERIFY2(!each->accessibleName().isEmpty(), qPrintable(each->objectName()));
+                QVERIFY2(each->focusPolicy() & Qt::TabFocus, qPrintable(each->objectName()));
+            }
+        }
+        QTest::keyClick(&window(), Qt::Key_Escape);
+        QVERIFY(!window().isVisible());
+    }
+
+    void aThemeIsPutOnAtOnce()
+    {
+        choose("theme", u"Dark"_s);
+        QCOMPARE(Theme::current().scheme, ColorScheme::Dark);
+        QCOMPARE(m_client->kit().defaults().value(Settings::theme), u"dark"_s);
+    }
+
+    void newTasksGetWhatWasChosen()
+    {
+        choose("newTaskPriority", u"Medium"_s);
+        choose("newTaskDate", u"Tomorrow"_s);
+        choose("newTaskPosition", u"At the end"_s);
+        choose("allDayReminder", u"The day before at 09:00"_s);
+        const std::int64_t before = added(u"Feed the cat"_s).sortOrder;
+        const KWTaskModel task = added(u"Water the seedlings"_s);
+        QCOMPARE(task.priority, KWTaskPriorityMedium);
+        QCOMPARE(*task.startDate, at("2026-11-22 00:00"));
+        QCOMPARE(settings().allDayReminders, QStringList{u"TRIGGER:-P0DT15H0M0S"_s});
+        QCOMPARE(added(u"Repot the fig tomorrow"_s).reminders, settings().allDayReminders);
+        QVERIFY(task.sortOrder > before);
+    }
+
+    void typedTimesAndWeeksFollow()
+    {
+        choose("firstWeekday", u"Saturday"_s);
+        QCOMPARE(settings().firstWeekday, 7);
+        auto &morning = find<QTimeEdit>("smartTimeForMorning");
+        morning.setTime({7, 30});
+        QCOMPARE(*added(u"Run tomorrow morning"_s).startDate, at("2026-11-22 07:30"));
+        choose("clockFormat", u"12 hours"_s);
+        QCOMPARE(DateWording::timeOfDay(LocalTime{std::chrono::hours{17}}, QLocale::c()), u"5:00 PM"_s);
+    }
+
+    void smartListsComeAndGo()
+    {
+        const auto isInSidebar = [this](const KWSmartProject &smart) {
+            return m_client->rooms().sidebar().dataService().nodeFor(
+                       KWListIdentifier::smartProject(smart.identifier())) != nullptr;
+        };
+        QVERIFY(!isInSidebar(KWSmartProject::all()));
+        choose("smart.all", u"Shown"_s);
+        QVERIFY(isInSidebar(KWSmartProject::all()));
+        choose("smart.tomorrow", u"Hidden"_s);
+        QVERIFY(!isInSidebar(KWSmartProject::tomorrow()));
+        choose("smart.tomorrow", u"Shown if not empty"_s);
+        added(u"Feed the cat tomorrow"_s);
+        QTRY_VERIFY(isInSidebar(KWSmartProject::tomorrow()));
+    }
+
+    void keysAreTakenOrRefused()
+    {
+        auto &edit = find<QKeySequenceEdit>("setDate");
+        edit.setKeySequence(QKeySequence{u"Alt+D"_s});
+        QCOMPARE(m_client->rooms().menu().action(MenuCommand::SetDate).shortcut(), QKeySequence{u"Alt+D"_s});
+        edit.setKeySequence(QKeySequence{u"Ctrl+Q"_s});
+        QVERIFY2(message().contains(u"Quit Orvane"_s), qPrintable(message()));
+        QCOMPARE(edit.keySequence(), QKeySequence{u"Alt+D"_s});
+        m_client->restart();
+        QCOMPARE(m_client->rooms().menu().action(MenuCommand::SetDate).shortcut(), QKeySequence{u"Alt+D"_s});
+        m_client->rooms().menu().action(MenuCommand::ShowShortcuts).trigger();
+        find<QAbstractButton>("resetShortcuts").click();
+        QCOMPARE(m_client->rooms().menu().action(MenuCommand::SetDate).shortcut(), QKeySequence{u"Ctrl+D"_s});
+    }
+
+    void whatCannotBeSavedIsSaid()
+    {
+        QVERIFY(m_client->kit().account().signOut()); // behind the window's back
+        QVERIFY(!m_client->rooms().preferences().window());
+        Preferences preferences{m_client->kit().manager(), m_client->kit().account(),
+                                m_client->kit().defaults(), m_client->kit().center()};
+        QVERIFY(!preferences.set(&KWUserSettingsModel::firstWeekday, 3));
+    }
+};
+
+ORVANE_TEST(Preferences_test)
+#include "Preferences_test.moc"

@@ -1,0 +1,128 @@
+#include "model/store/KWProjectListCountFetcher.h"
+
+#include "model/events/NotificationNames.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
+#include "model/records/KWTask.h"
+#include "model/store/KWListDataFetcher.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+class KWProjectListCountFetcher_test : public QObject {
+    Q_OBJECT
+
+    StoreFixture m_store{"2030-05-01 09:00", "Europe/Berlin"};
+    std::mt19937 m_random{4};
+    QStringList m_lists;
+    QStringList m_tasks;
+
+    int roll(int below) { return int(m_random() % unsigned(below)); }
+    static KWListIdentifier smart(const KWSmartProject &project)
+    {
+        return KWListIdentifier::smartProject(project.identifier());
+    }
+
+    QList<KWListIdentifier> sidebar() const
+    {
+        QList<KWListIdentifier> all{KWListIdentifier::group(u"folder"_s), KWListIdentifier::tag(u"t0"_s),
+                                    KWListIdentifier::tag(u"t1"_s)};
+        for (const KWSmartProject *each : KWSmartProject::configurable())
+            if (!each->isSummary()) all << smart(*each);
+        for (const QString &each : m_lists)
+            all << KWListIdentifier::project(each);
+        return all;
+    }
+
+    void change(KWTask &task)
+    {
+        static constexpr KWTaskStatus statuses[]{KWTaskStatusOpen, KWTaskStatusCompleted,
+                                                 KWTaskStatusAbandoned};
+        const Instant midnight = m_store.clock.zone().startOfDay(m_store.clock.today());
+        const auto someDate = [&] { return midnight + std::chrono::hours{24 * (roll(12) - 2) + roll(2)}; };
+        const int what = roll(7);
+        if (what == 0) task.set(&KWTaskModel::projectID, m_lists.at(roll(int(m_lists.size()))));
+        if (what == 1)
+            task.set(&KWTaskModel::tags, roll(2) ? QStringList{u"t0"_s} : QStringList{u"t0"_s, u"t1"_s});
+        if (what == 2) task.set(&KWTaskModel::startDate, roll(4) ? std::optional{someDate()} : std::nullopt);
+        if (what == 3) task.set(&KWTaskModel::endDate, roll(2) ? std::optional{someDate()} : std::nullopt);
+        if (what == 4) task.updateStatus(statuses[roll(3)]);
+        if (what == 5) task.set(&KWTaskModel::assignee, roll(2) ? 0 : KWTaskAssignedToNobody);
+        if (what == 6) task.set(&KWTaskModel::isTrashed, roll(2) == 0);
+        if (roll(12) == 0) task.markDelete();
+        if (roll(20) == 0) task.context().remove(task);
+    }
+
+    void changeSomething()
+    {
+        saved(m_store, [this](ObjectContext &context) {
+            for (int i = roll(3); i >= 0; --i) {
+                KWTask *task = context.find<KWTask>(m_tasks.at(roll(int(m_tasks.size()))));
+                if (!task || roll(4) == 0) {
+                    KWTaskModel fresh;
+                    fresh.userID = m_store.userID();
+                    fresh.projectID = m_lists.first();
+                    task = &context.insert<KWTask>(fresh);
+                    m_tasks << task->sid();
+                }
+                change(*task);
+            }
+        });
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        for (const char *name : {"Home", "Filed", "Hidden", "Closed"})
+            m_lists << m_store.makeList(QString::fromLatin1(name));
+        setSaved<KWProject>(m_store, m_lists[1], &KWProjectModel::groupID, u"folder"_s);
+        setSaved<KWProject>(m_store, m_lists[2], &KWProjectModel::showsInSmartList, false);
+        setSaved<KWProject>(m_store, m_lists[3], &KWProjectModel::closed, true);
+        m_tasks << aTask("First").savedIn(m_store);
+    }
+
+    // Every number, right after every save, is that of the rows the list shows.
+    void followsEverySave()
+    {
+        KWProjectListCountFetcher counts{m_store.kit().manager(), m_store.kit().center()};
+        counts.updateCountCache(m_store.userID());
+        QTRY_VERIFY(counts.countCached(KWListIdentifier::todayProject()));
+        const KWListDataFetcher fetcher{m_store.clock};
+        for (int i = 0; i < 300; ++i) {
+            changeSomething();
+            for (const KWListIdentifier &each : sidebar()) {
+                const auto shown = fetcher.count({m_store.userID(), each}, m_store.context().connection());
+                QVERIFY2(*shown == counts.countCached(each), qPrintable(each.entityID));
+            }
+        }
+        const auto tag = KWListIdentifier::tag(u"t0"_s);
+        QCOMPARE(KWProjectListCountFetcher::countForTag(tag.entityID, m_store.userID(), m_store.context()),
+                 *counts.countCached(tag));
+        setSaved<KWProject>(m_store, m_lists[3], &KWProjectModel::closed, false);
+        QTRY_COMPARE(counts.countCached(tag),
+                     *fetcher.count({m_store.userID(), tag}, m_store.context().connection()));
+    }
+
+    void joinsRequestsAndForgetsWhoLeft()
+    {
+        int posted = 0;
+        const auto observation =
+            m_store.kit().center().addObserver(countChanged, [&](const KWNotification &) { ++posted; });
+        KWProjectListCountFetcher counts{m_store.kit().manager(), m_store.kit().center()};
+        const auto today = KWListIdentifier::todayProject();
+        for (int i = 0; i < 5; ++i)
+            counts.updateCountCache(m_store.userID());
+        QVERIFY(!counts.countCached(today));
+        QTRY_COMPARE(posted, 2); // the one that runs, and one for all that came meanwhile
+        counts.updateCountCache(m_store.userID());
+        counts.updateCountCache(u"another"_s);
+        QVERIFY(!counts.countCached(today));
+        QTRY_COMPARE(counts.countCached(today), std::optional{0});
+    }
+};
+
+ORVANE_TEST(KWProjectListCountFetcher_test)
+#include "KWProjectListCountFetcher_test.moc"

@@ -1,0 +1,124 @@
+#include "model/store/KWTagService.h"
+
+#include "model/events/NotificationNames.h"
+#include "model/records/KWListDisplayConfiguration.h"
+#include "model/records/KWListIdentifier.h"
+#include "model/records/KWTag.h"
+#include "model/records/KWTask.h"
+#include "model/records/KWTaskSortOrders.h"
+#include "model/records/SortOrderContext.h"
+#include "model/store/KWTagCache.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+class KWTagService_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<StoreFixture> m_store;
+    std::unique_ptr<KWTagService> m_service;
+    QString m_task;
+
+    /// "errand chore<errand": the tags by name, each with its parent.
+    QString tags() const
+    {
+        QStringList tags;
+        for (const KWTag *each : KWTag::findTagsOfUser(m_store->userID(), m_store->context()))
+            tags << (*each)->name + ((*each)->parent.isEmpty() ? QString{} : u'<' + (*each)->parent);
+        return tags.join(u' ');
+    }
+    QString tagsOfTask() const { return (*m_store->context().find<KWTask>(m_task))->tags.join(u' '); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_store = std::make_unique<StoreFixture>();
+        m_service = std::make_unique<KWTagService>(m_store->kit().manager(), m_store->userID());
+        for (const char *each : {"Errand", "Chore", "Home"})
+            QVERIFY(m_service->create({QString::fromLatin1(each)}));
+        QVERIFY(m_service->setParent(u"chore"_s, u"Errand"_s));
+        m_task = aTask("A").tagged("other").tagged("errand").tagged("home").savedIn(*m_store);
+        saved(*m_store, [this](ObjectContext &context) {
+            KWTaskTagSortOrderModel place;
+            place.userID = m_store->userID();
+            place.taskID = m_task;
+            place.contextID = contextID({.tagName = u"errand"_s});
+            place.tagName = u"errand"_s;
+            context.insert<KWTaskTagSortOrder>(place);
+            for (const char *each : {"errand", "home"}) {
+                KWListDisplayConfigurationModel shown;
+                shown.userID = m_store->userID();
+                shown.listID = KWListIdentifier::tag(QString::fromLatin1(each)).userDefaultEncode();
+                context.insert<KWListDisplayConfiguration>(shown);
+            }
+        });
+    }
+
+    void aRenameReachesAllThatNamesTheTag()
+    {
+        QCOMPARE(*m_service->rename(u"errand"_s, u" Way "_s), u"way"_s);
+        QCOMPARE(tags(), u"way chore<way home"_s);
+        QCOMPARE(tagsOfTask(), u"other way home"_s);
+        const auto place = m_store->context().models<KWTaskTagSortOrder>({}).first();
+        QCOMPARE(place.contextID + place.tagName, u"tag:wayway"_s);
+        QCOMPARE(m_store->context().models<KWListDisplayConfiguration>({.where = "listID = '4:way'"}).size(),
+                 1);
+        QCOMPARE(*m_service->rename(u"way"_s, u"WAY"_s), u"way"_s);
+        QCOMPARE(KWTag::findTagNamed(u"way"_s, m_store->userID(), m_store->context())->model().label,
+                 u"WAY"_s);
+    }
+
+    void aRenameToAnotherTagMakesThemOne()
+    {
+        QVERIFY(m_service->rename(u"errand"_s, u"home"_s));
+        QCOMPARE(tags(), u"chore<home home"_s);
+        QCOMPARE(tagsOfTask(), u"other home"_s);
+        QCOMPARE(m_store->context().models<KWListDisplayConfiguration>({}).size(), 1);
+        QVERIFY(m_service->rename(u"home"_s, u"chore"_s)); // into what is below it
+        QCOMPARE(tags(), u"chore"_s);
+        QCOMPARE(tagsOfTask(), u"other chore"_s);
+    }
+
+    void aDeletedTagLeavesNothingBehind()
+    {
+        QVERIFY(m_service->remove(u"errand"_s));
+        QCOMPARE(tags(), u"chore home"_s);
+        QCOMPARE(tagsOfTask(), u"other home"_s);
+        QVERIFY(m_store->context().models<KWTaskTagSortOrder>({.where = "isDeleted = 0"}).isEmpty());
+        QVERIFY(!m_service->remove(u"errand"_s));
+    }
+
+    void refusesWhatCannotBe()
+    {
+        for (const char *each : {"", "  ", "two words", "a#b", "-a", "errand", "ERRAND"})
+            QVERIFY2(!m_service->create({QString::fromLatin1(each)}), each);
+        QVERIFY(!m_service->create({.label = u"new"_s, .parent = u"nothing"_s}));
+        QVERIFY(!m_service->rename(u"home"_s, u"a b"_s));
+        QVERIFY(!m_service->rename(u"nothing"_s, u"new"_s));
+        QVERIFY(!m_service->setParent(u"home"_s, u"home"_s));
+        QVERIFY(!m_service->setParent(u"home"_s, u"chore"_s));  // is below a tag itself
+        QVERIFY(!m_service->setParent(u"errand"_s, u"home"_s)); // has one below it
+        QVERIFY(!m_service->setColor(u"nothing"_s, u"#112233"_s));
+        QCOMPARE(tags(), u"errand chore<errand home"_s);
+    }
+
+    void theCacheFollowsAndTells()
+    {
+        int told = 0;
+        const auto observation = m_store->kit().center().addObserver(
+            KWTagCacheDidUpdateNotification, [&told](const KWNotification &) { ++told; });
+        KWTagCache cache{m_store->kit().manager(), m_store->kit().center()};
+        cache.load(m_store->userID());
+        QVERIFY(m_service->setColor(u"home"_s, u"#112233"_s)); // no name changed
+        QCOMPARE(told, 1);
+        QVERIFY(m_service->rename(u"home"_s, u"House"_s));
+        QCOMPARE(told, 2);
+        QCOMPARE(cache.names().join(u' '), u"errand chore house"_s);
+        QCOMPARE(cache.labelOf(u"house"_s), u"House"_s);
+        QVERIFY(!cache.contains(u"home"_s));
+    }
+};
+
+ORVANE_TEST(KWTagService_test)
+#include "KWTagService_test.moc"

@@ -1,0 +1,232 @@
+#include "model/store/KWTaskTicker.h"
+
+#include "corvexkit/time/TimeText.h"
+#include "model/records/KWChecklistItem.h"
+#include "model/records/KWTask.h"
+#include "model/records/TaskRepetition.h"
+#include "model/store/KWTaskEditor.h"
+#include "support/CaseTable.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Everything that is stored of tasks and checklists, but for the marks of sync.
+template <class Record>
+QList<typename Record::Model> contents(StoreFixture &store)
+{
+    auto found = store.context().models<Record>({.orderBy = "sid"});
+    for (auto &each : found) {
+        each.modifiedTime.reset();
+        each.syncStatus = {};
+        each.pendingChanges = {};
+    }
+    return found;
+}
+
+QString textOf(Instant instant, const KWTaskModel &task, const CXTimeZone &zone)
+{
+    const LocalTime local = zone.toLocal(instant);
+    if (task.isAllDay) return TimeText::fromDay(std::chrono::floor<std::chrono::days>(local));
+    return TimeText::fromLocalTime(local).replace(u'T', u' ').chopped(3);
+}
+
+} // namespace
+
+class KWTaskTicker_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<StoreFixture> m_store;
+
+    KWTaskTicker ticker() { return KWTaskTicker{m_store->kit().manager()}; }
+    KWTaskModel task(const QString &id) { return m_store->context().find<KWTask>(id)->model(); }
+
+    KWTaskModel copyOf(const QString &id)
+    {
+        return m_store->context()
+            .models<KWTask>({.where = "repeatTaskID = ? AND isDeleted = 0", .values = {id}})
+            .value(0);
+    }
+    // Its checklist and subtasks with their status, the subtasks with their day.
+    QString partsOf(const QString &taskID)
+    {
+        KWTask &parent = *m_store->context().find<KWTask>(taskID);
+        QStringList parts;
+        for (const KWChecklistItem *each : parent.orderedChecklistItems())
+            parts << u"%1 %2"_s.arg((*each)->title).arg((*each)->status);
+        QStringList below;
+        for (const KWTask *each : KWTask::children(parent, m_store->context()))
+            below << u"%1 %2 %3"_s.arg((*each)->title)
+                         .arg((*each)->status)
+                         .arg((*each)->startDate ? textOf(*(*each)->startDate, each->model(), CXTimeZone{})
+                                                 : u"-"_s);
+        below.sort();
+        return (parts + below).join(u", "_s);
+    }
+    QString addItem(const QString &taskID, const QString &title)
+    {
+        return *KWTaskEditor{m_store->kit().manager()}.addItem(taskID, u"last"_s, title);
+    }
+    QString addSubtask(const char *title, const QString &parentID, const TaskBuilder &task)
+    {
+        const QString id = task.savedIn(*m_store);
+        setSaved<KWTask>(*m_store, id, &KWTaskModel::title, QString::fromUtf8(title));
+        setSaved<KWTask>(*m_store, id, &KWTaskModel::parentId, parentID);
+        return id;
+    }
+    // A weekly task with a checklist and two subtasks, one of them done.
+    QString makeWeeklyReview()
+    {
+        TaskBuilder builder = aTask("Review").dueOn("2030-05-01").tagged("work").prioritized(5);
+        const QString id = builder.savedIn(*m_store);
+        saved(*m_store, [&id](ObjectContext &context) {
+            KWTask &review = *context.find<KWTask>(id);
+            review.set(&KWTaskModel::content, u"All lists"_s);
+            review.set(&KWTaskModel::repeatRule, u"FREQ=WEEKLY"_s);
+            review.set(&KWTaskModel::reminders, {u"TRIGGER:PT9H"_s});
+            review.set(&KWTaskModel::snoozedRemindDate, at("2030-05-01 10:00"));
+            review.set(&KWTaskModel::pinnedDate, at("2030-04-01 10:00"));
+        });
+        addItem(id, u"Inbox"_s);
+        if (!KWTaskEditor{m_store->kit().manager()}.tickItem(addItem(id, u"Lists"_s))) qFatal("No tick");
+        addSubtask("Print", id, aTask("").dueOn("2030-04-30"));
+        addSubtask("File", id, aTask("").completedAt("2030-05-01 08:00"));
+        return id;
+    }
+
+private Q_SLOTS:
+    void init() { m_store = std::make_unique<StoreFixture>("2030-05-01 09:00", "UTC"); }
+
+    void findsTheNextOccurrence_data() { addCaseRows("model/repetitions.txt", 7); }
+
+    void findsTheNextOccurrence()
+    {
+        QFETCH(QStringList, cells);
+        const QByteArray zone = cells.at(0).toLatin1();
+        KWTaskModel task;
+        task.isAllDay = !cells.at(1).contains(u':');
+        task.timeZone = cells.at(0);
+        task.repeatRule = cells.at(2);
+        task.repeatFrom = *valueOf<CXRecurrenceFrom>(cells.at(3));
+        const auto read = [&](const QString &text) {
+            return at((text + (task.isAllDay ? u" 00:00"_s : QString{})).toLatin1(), zone);
+        };
+        const QStringList dates = cells.at(1).split(u" to "_s);
+        if (dates.first() != u"-") task.startDate = read(dates.first());
+        if (dates.size() > 1) task.endDate = read(dates.last());
+
+        const CXTimeZone local = *CXTimeZone::named(cells.at(0));
+        const auto next =
+            TaskRepetition::next(task, {at(cells.at(4).toLatin1(), zone), local, std::chrono::Monday});
+        QString found = u"-"_s;
+        if (next) found = textOf(next->startDate, task, local);
+        if (next && next->endDate) found += u" to "_s + textOf(*next->endDate, task, local);
+        QCOMPARE(found, cells.at(5));
+        if (next) QCOMPARE(next->repeatRule, cells.at(6) == u"-" ? cells.at(2) : cells.at(6));
+    }
+
+    void leavesOutExcludedDatesAndFollowsItsZone()
+    {
+        KWTaskModel task = aTask("Call", "Asia/Tokyo").startingAt("2030-05-01 08:00").model();
+        task.repeatRule = u"FREQ=DAILY"_s;
+        task.exDates = {at("2030-05-02 08:00", "Asia/Tokyo")};
+        const TaskRepetition::Now now{at("2030-05-01 09:00", "Asia/Tokyo"),
+                                      *CXTimeZone::named(u"America/New_York"_s), std::chrono::Monday};
+        QCOMPARE(TaskRepetition::next(task, now)->startDate, at("2030-05-03 08:00", "Asia/Tokyo"));
+        task.exDates.clear();
+        task.isFloating = true; // 19:00 in New York
+        QCOMPARE(TaskRepetition::next(task, now)->startDate, at("2030-05-01 19:00", "America/New_York"));
+    }
+
+    void leavesACopyAndGoesOn()
+    {
+        const QString id = makeWeeklyReview();
+        const auto ticked = ticker().tick(id);
+        QVERIFY(ticked);
+        QCOMPARE(ticked->status, KWTaskStatusCompleted);
+        QCOMPARE(ticked->nextDate, at("2030-05-08 00:00"));
+        m_store->reopen();
+
+        QCOMPARE(task(id).status, KWTaskStatusOpen);
+        QCOMPARE(task(id).startDate, at("2030-05-08 00:00"));
+        QCOMPARE(task(id).reminders, QStringList{u"TRIGGER:PT9H"_s});
+        QVERIFY(!task(id).snoozedRemindDate);
+        const KWTaskModel copy = copyOf(id);
+        QCOMPARE(copy.status, KWTaskStatusCompleted);
+        QCOMPARE(copy.completionDate, at("2030-05-01 09:00"));
+        QCOMPARE(copy.startDate, at("2030-05-01 00:00"));
+        QCOMPARE(copy.tags, QStringList{u"work"_s});
+        QCOMPARE(copy.desc, u"All lists"_s);
+        QVERIFY(copy.repeatRule.isEmpty() && copy.reminders.isEmpty() && !copy.pinnedDate);
+
+        QCOMPARE(partsOf(id), u"Inbox 0, Lists 0, File 0 -, Print 0 2030-05-07"_s);
+        QCOMPARE(partsOf(copy.sid), u"Inbox 0, Lists 2, File 2 -, Print 2 2030-04-30"_s);
+    }
+
+    void takesEveryTickBack_data()
+    {
+        QTest::addColumn<QString>("rule");
+        QTest::addColumn<int>("before");
+        QTest::addColumn<int>("after");
+        QTest::addColumn<int>("open"); // of three, one of which was done before
+        QTest::newRow("completes") << QString{} << 0 << 2 << 0;
+        QTest::newRow("abandons") << QString{} << 0 << -1 << 0;
+        QTest::newRow("reopens") << QString{} << 2 << 0 << 1;
+        QTest::newRow("changes its mind") << QString{} << -1 << 2 << 0;
+        QTest::newRow("goes on") << u"FREQ=WEEKLY"_s << 0 << 2 << 3;
+        QTest::newRow("goes on without doing it") << u"FREQ=DAILY;COUNT=4"_s << 0 << -1 << 3;
+        QTest::newRow("comes to its end") << u"FREQ=DAILY;COUNT=1"_s << 0 << 2 << 0;
+    }
+    void takesEveryTickBack()
+    {
+        QFETCH(QString, rule);
+        QFETCH(int, before);
+        QFETCH(int, after);
+        QFETCH(int, open);
+        const QString id = makeWeeklyReview();
+        setSaved<KWTask>(*m_store, id, &KWTaskModel::repeatRule, QString{});
+        QVERIFY(ticker().updateStatus(KWTaskStatus(before), id));
+        setSaved<KWTask>(*m_store, id, &KWTaskModel::repeatRule, rule);
+        const auto tasks = contents<KWTask>(*m_store);
+        const auto items = contents<KWChecklistItem>(*m_store);
+
+        m_store->clock.advance(std::chrono::minutes{1});
+        const auto ticked = ticker().updateStatus(KWTaskStatus(after), id);
+        QVERIFY(ticked && contents<KWTask>(*m_store) != tasks);
+        QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks WHERE status = 0"), open);
+        QVERIFY(ticker().undo(ticked->undo));
+        QVERIFY(contents<KWTask>(*m_store) == tasks);
+        QVERIFY(contents<KWChecklistItem>(*m_store) == items);
+        QVERIFY(ticker().undo(ticked->undo).error().sentence.endsWith(u'.')); // once
+    }
+
+    void keepsWhatWasChangedSinceTheTick()
+    {
+        const QString id = makeWeeklyReview();
+        KWTaskEditor editor{m_store->kit().manager()};
+        auto ticked = ticker().tick(id);
+        QVERIFY(editor.setTitle(id, u"Weekly review"_s));
+        QVERIFY(ticker().undo(ticked->undo));
+        QCOMPARE(task(id).title, u"Weekly review"_s);
+        QCOMPARE(task(id).startDate, at("2030-05-01 00:00"));
+
+        ticked = ticker().tick(id);
+        QVERIFY(editor.setTitle(copyOf(id).sid, u"Done with care"_s));
+        QVERIFY(!ticker().undo(ticked->undo));
+        QCOMPARE(task(id).startDate, at("2030-05-08 00:00"));
+        QCOMPARE(copyOf(id).title, u"Done with care"_s);
+    }
+
+    void refusesWhatIsInTheTrash()
+    {
+        const QString id = aTask("Task").savedIn(*m_store);
+        setSaved<KWTask>(*m_store, id, &KWTaskModel::isTrashed, true);
+        QVERIFY(!ticker().tick(id) && !ticker().tick(u"no such task"_s));
+        QCOMPARE(task(id).status, KWTaskStatusOpen);
+    }
+};
+
+ORVANE_TEST(KWTaskTicker_test)
+#include "KWTaskTicker_test.moc"

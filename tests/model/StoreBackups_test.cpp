@@ -1,0 +1,168 @@
+#include "model/store/StoreBackups.h"
+
+#include "model/events/NotificationNames.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
+#include "model/store/Connection.h"
+#include "model/store/StoreCare.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QFile file{path};
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s cannot be written", qUtf8Printable(path));
+}
+
+// Overwrites the last page: a store that opens and is damaged all the same.
+void damage(const QString &path)
+{
+    QFile file{path};
+    if (!file.open(QIODevice::ReadWrite)) qFatal("%s cannot be written", qUtf8Printable(path));
+    file.seek(file.size() - 4096);
+    file.write(QByteArray(4096, '\x5a'));
+}
+
+QStringList namesOf(const QList<StoreBackup> &backups)
+{
+    QStringList names;
+    for (const StoreBackup &each : backups)
+        names << QFileInfo{each.path}.fileName();
+    return names;
+}
+
+} // namespace
+
+/// Backups, their use, and the care that makes them, over real files.
+class StoreBackups_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aWeekOfDaysIsKept()
+    {
+        StoreFixture store;
+        const DataFolders &folders = store.kit().folders();
+        QDir{}.mkpath(folders.backups());
+        write(folders.backups() + u"/store-2030-04-30.sqlite.partial-1"_s, "half");
+        write(folders.backups() + u"/store-2040-01-01.sqlite"_s, "of a clock that was wrong");
+        write(folders.data + u"/store.replaced-2030-05-02T083000-2.sqlite"_s, "earlier");
+        write(folders.data + u"/store.damaged-2030-05-02T083000.sqlite"_s, "of no use");
+        StoreCare care{store.kit().manager(), store.kit().center(), folders};
+        care.start(LastRun::Ended);
+        for (int day = 0; day < 9; ++day) {
+            QTRY_VERIFY(!StoreBackups{folders}.isDue(store.clock.today()));
+            QCoreApplication::processEvents();
+            store.clock.advance(24h);
+            store.kit().center().post(KWNewDayComesNotification);
+        }
+        QTRY_COMPARE(namesOf(StoreBackups{folders}.list()).join(u' '),
+                     u"store-2040-01-01.sqlite store-2030-05-10.sqlite store-2030-05-09.sqlite "
+                     "store-2030-05-08.sqlite store-2030-05-07.sqlite store-2030-05-06.sqlite "
+                     "store-2030-05-05.sqlite store.replaced-2030-05-02T083000-2.sqlite"_s);
+        QCOMPARE(QDir{folders.backups()}.entryList(QDir::Files).size(), 7);
+    }
+
+    void aBackupTakesThePlaceOfTheStore()
+    {
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        const QString before = aTask("Before").savedIn(store);
+        const QString file = folders.data + u"/mine.sqlite"_s;
+        QVERIFY(StoreBackups::copyTo(file, store.context().connection()));
+        const QString later = aTask("Later").savedIn(store);
+
+        const Result<QString> refused = restoreStore(file, folders, store.clock);
+        QVERIFY(!refused);
+        QCOMPARE(refused.error().sentence, u"Another program has the store open, so nothing was restored."_s);
+        store.close();
+        const Result<QString> kept = restoreStore(file, folders, store.clock);
+        QVERIFY2(kept, kept ? "" : qUtf8Printable(kept.error().sentence));
+        QCOMPARE(*kept, u"store.replaced-2030-05-01T090000.sqlite"_s);
+        store.reopen();
+        QVERIFY(store.context().find<KWTask>(before));
+        QVERIFY(!store.context().find<KWTask>(later));
+        store.close();
+        QVERIFY(restoreStore(folders.data + u'/' + *kept, folders, store.clock));
+        store.reopen();
+        QVERIFY(store.context().find<KWTask>(later));
+    }
+
+    void whatIsNoGoodStoreIsRefused_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("why");
+        QTest::newRow("missing") << u"missing.sqlite"_s << u"There is no file"_s;
+        QTest::newRow("text") << u"text.sqlite"_s << u"is not an Orvane store"_s;
+        QTest::newRow("empty") << u"empty.sqlite"_s << u"is not an Orvane store"_s;
+        QTest::newRow("damaged") << u"damaged.sqlite"_s << u"is damaged"_s;
+        QTest::newRow("newer") << u"newer.sqlite"_s << u"a newer version"_s;
+        QTest::newRow("itself") << u"store.sqlite"_s << u"is the store itself"_s;
+    }
+
+    void whatIsNoGoodStoreIsRefused()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, why);
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        const QDir data{folders.data};
+        const QString task = aTask("Stays").savedIn(store);
+        write(data.filePath(u"text.sqlite"_s), "A letter");
+        write(data.filePath(u"empty.sqlite"_s), {});
+        for (const QString &name : {u"damaged.sqlite"_s, u"newer.sqlite"_s})
+            QVERIFY(StoreBackups::copyTo(data.filePath(name), store.context().connection()));
+        damage(data.filePath(u"damaged.sqlite"_s));
+        Connection{data.filePath(u"newer.sqlite"_s).toStdString(), Connection::Access::ReadWrite}.execute(
+            "PRAGMA user_version = 4000");
+        for (const QString &name : {u"text.sqlite"_s, u"store.sqlite"_s})
+            QVERIFY(!StoreBackups::copyTo(data.filePath(name), store.context().connection()));
+        store.close();
+        const QStringList before = data.entryList(QDir::Files);
+
+        const Result<QString> restored = restoreStore(data.filePath(file), folders, store.clock);
+        QVERIFY(!restored);
+        QVERIFY2(restored.error().sentence.contains(why), qUtf8Printable(restored.error().sentence));
+        QCOMPARE(data.entryList(QDir::Files), before);
+        store.reopen();
+        QVERIFY(store.context().find<KWTask>(task));
+    }
+
+    void damageIsFoundAndNotBackedUp()
+    {
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        const Day today = store.clock.today();
+        const StoreBackups backups{folders};
+        saved(store, [&](ObjectContext &context) {
+            for (int i = 0; i < 200; ++i)
+                context.insert<KWTask>(
+                    aTask("To be damaged").in(KWProject::inboxIDOfUser(store.userID())).model());
+        });
+        for (const int day : {-3, -2, -1})
+            QVERIFY(backups.makeDaily(store.context().connection(), today + std::chrono::days{day}));
+        damage(backups.list().first().path);
+        store.close();
+        damage(folders.store());
+        store.reopen();
+
+        StoreCare care{store.kit().manager(), store.kit().center(), folders};
+        QList<QString> found;
+        care.onDamage = [&found](const std::optional<StoreBackup> &newestGood) {
+            found << (newestGood ? QFileInfo{newestGood->path}.fileName() : QString{});
+        };
+        care.start(LastRun::Ended); // the backup of the day meets it
+        QTRY_COMPARE(found, QList{u"store-2030-04-29.sqlite"_s});
+        QVERIFY(backups.isDue(today));
+    }
+};
+
+ORVANE_TEST(StoreBackups_test)
+#include "StoreBackups_test.moc"

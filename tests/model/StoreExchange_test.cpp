@@ -1,0 +1,179 @@
+#include "model/exchange/StoreExport.h"
+#include "model/exchange/StoreImport.h"
+#include "model/records/EveryRecord.h"
+#include "support/CaseTable.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+#include <QBuffer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A folder whose store has no account yet.
+struct EmptyHome {
+    QTemporaryDir folder;
+    ManualClock clock{"2031-01-01 09:00"};
+    Store::Opening opening = Store::open(folder.filePath(u"store.sqlite"_s), clock);
+    Store &store() const { return *opening.store; }
+};
+
+QByteArray exported(Store &store)
+{
+    QByteArray document;
+    const auto take = [&document](const QByteArray &piece) {
+        document += piece;
+        return true;
+    };
+    if (const Result<void> done = exportStore(store, take); !done)
+        qFatal("%s", qUtf8Printable(done.error().sentence));
+    return document;
+}
+
+Result<ImportSummary> imported(QByteArray document, Store &store)
+{
+    QBuffer device{&document};
+    device.open(QIODevice::ReadOnly);
+    return importStore(device, store);
+}
+
+ImportSummary summaryOf(const Result<ImportSummary> &result)
+{
+    if (!result) qFatal("%s", qUtf8Printable(result.error().sentence));
+    return *result;
+}
+
+void addTag(const QString &name, const QString &userID, ObjectContext &context)
+{
+    KWTagModel tag;
+    tag.userID = userID;
+    tag.name = name;
+    context.insert<KWTag>(std::move(tag));
+}
+
+/// Makes one record of each kind, each belonging to those made before.
+class OneOfEach {
+public:
+    explicit OneOfEach(StoreFixture &store) : m_store(store)
+    {
+        saved(store, [this](ObjectContext &context) {
+#define MAKE(Record) make<Record>(context);
+            EVERY_RECORD(MAKE)
+#undef MAKE
+        });
+    }
+
+private:
+    template <class Record>
+    void make(ObjectContext &context)
+    {
+        typename Record::Model model;
+        model.userID = m_store.userID();
+        model.etag = u"‘e’ ü\n\"\\ 日本"_s;
+        model.sortOrder = std::numeric_limits<std::int64_t>::max() - 1;
+        model.syncStatus = KWSyncStatusUpdated;
+        model.pendingChanges = 5;
+        model.isDeleted = Record::Model::recordKind == RecordKind::Tag;
+        const auto belongTo = [this](const char *kind, QString &id) { id = m_ids.value(QByteArray{kind}); };
+        if constexpr (requires { model.projectID; }) belongTo("projects", model.projectID);
+        if constexpr (requires { model.taskID; }) belongTo("tasks", model.taskID);
+        if constexpr (requires { model.habitID; }) belongTo("habits", model.habitID);
+        if constexpr (requires { model.pomodoroID; }) belongTo("pomodoros", model.pomodoroID);
+        if constexpr (requires { model.isTrashed; }) model.isTrashed = true;
+        m_ids[Record::Model::tableName] = context.insert<Record>(std::move(model)).sid();
+    }
+
+    StoreFixture &m_store;
+    QHash<QByteArray, QString> m_ids;
+};
+
+} // namespace
+
+/// The store as a document, and back.
+class StoreExchange_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aDocumentComesBackAsItWas()
+    {
+        StoreFixture store;
+        const OneOfEach records{store};
+        saved(store, [&](ObjectContext &context) {
+            for (int i = 0; i < 1100; ++i) // more than one page
+                addTag(QString::number(i), store.userID(), context);
+        });
+        const QByteArray document = exported(store.kit().store());
+        QCOMPARE(document.count("\n{"), int(recordKindCount) + 3 + 1100);
+
+        const EmptyHome home;
+        const ImportSummary summary = summaryOf(imported(document, home.store()));
+        QCOMPARE(summary.added, int(recordKindCount) + 3 + 1100);
+        QCOMPARE(exported(home.store()), document);
+        QCOMPARE(summaryOf(imported(document, home.store())).kept, summary.added);
+        QCOMPARE(exported(home.store()), document);
+    }
+
+    void twoComputersComeTogether()
+    {
+        StoreFixture here;
+        StoreFixture there{"2030-05-02 09:00"};
+        const QString milk = aTask("Milk").tagged("errand").savedIn(there);
+        const QString rent = aTask("Rent").savedIn(here);
+        for (StoreFixture *each : {&here, &there})
+            saved(*each, [each](ObjectContext &context) { addTag(u"errand"_s, each->userID(), context); });
+        const ImportSummary summary = summaryOf(imported(exported(there.kit().store()), here.kit().store()));
+        QCOMPARE(summary.added, 1); // not the tag of that name
+        here.reopen();
+        QCOMPARE(here.context().number("SELECT count(*) FROM users"), 1);
+        QCOMPARE(here.context().find<KWTask>(milk)->model().projectID,
+                 KWProject::inboxIDOfUser(here.userID()));
+        QVERIFY(here.context().find<KWTask>(rent));
+    }
+
+    void theLaterVersionStays()
+    {
+        StoreFixture store;
+        const QString task = aTask("Earlier").savedIn(store);
+        const QByteArray earlier = exported(store.kit().store());
+        store.clock.advance(1min);
+        setSaved<KWTask>(store, task, &KWTaskModel::title, u"Later"_s);
+        const QByteArray later = exported(store.kit().store());
+        QCOMPARE(summaryOf(imported(earlier, store.kit().store())).replaced, 0);
+        QCOMPARE(exported(store.kit().store()), later);
+
+        const EmptyHome other;
+        summaryOf(imported(earlier, other.store()));
+        QCOMPARE(summaryOf(imported(later, other.store())).replaced, 1);
+        QCOMPARE(exported(other.store()), later);
+    }
+
+    void badDocumentsChangeNothing_data() { addCaseRows("model/bad_documents.txt", 2); }
+    void badDocumentsChangeNothing()
+    {
+        QFETCH(QStringList, cells);
+        const QString head =
+            u"{\"format\": \"orvane-export\", \"version\": 1, \"users\": [{\"id\": \"u\"}]\n"_s;
+        const EmptyHome home;
+        const QByteArray before = exported(home.store());
+        const QString document =
+            cells.at(0) == u"-" ? QString{} : QString{cells.at(0)}.replace(u"«head»"_s, head);
+        const Result<ImportSummary> refused = imported(document.toUtf8(), home.store());
+        QVERIFY(!refused);
+        QVERIFY2(refused.error().sentence.contains(cells.at(1)), qUtf8Printable(refused.error().sentence));
+        QCOMPARE(exported(home.store()), before);
+    }
+
+    void aFullDiskEndsAnExport()
+    {
+        const EmptyHome home;
+        int pieces = 0;
+        QVERIFY(!exportStore(home.store(), [&pieces](const QByteArray &) { return ++pieces < 10; }));
+        QCOMPARE(pieces, 10);
+        exported(home.store()); // the connection is free again
+    }
+};
+
+ORVANE_TEST(StoreExchange_test)
+#include "StoreExchange_test.moc"

@@ -1,0 +1,243 @@
+#include "model/events/NotificationNames.h"
+#include "model/records/KWAttachment.h"
+#include "model/records/KWChecklistItem.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
+#include "model/store/KWTaskCopier.h"
+#include "model/store/KWTaskEditor.h"
+#include "model/store/KWTaskMerger.h"
+#include "model/store/KWTaskMover.h"
+#include "model/store/KWTrashDataService.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+/// Moving, duplicating, merging, and the trash.
+class TaskOperations_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<StoreFixture> m_store;
+    QString m_home;
+    QString m_work;
+
+    KWCoreDataManager &manager() { return m_store->kit().manager(); }
+    KWTask &task(const QString &id) { return *m_store->context().find<KWTask>(id); }
+    QString make(const char *title, const QString &parentID = {}, int order = 0)
+    {
+        const QString id = aTask(title).in(m_home).ordered(order * KWSortOrderStep).savedIn(*m_store);
+        if (parentID.isEmpty()) return id;
+        saved(*m_store, [&](ObjectContext &context) {
+            context.find<KWTask>(id)->set(&KWTaskModel::parentId, parentID);
+            KWTask &parent = *context.find<KWTask>(parentID);
+            parent.set(&KWTaskModel::childIds, parent.model().childIds + QStringList{id});
+        });
+        return id;
+    }
+    // "Title<Parent" in their manual order, ticked ones of closed tasks with "x".
+    QString tasksOf(const QString &list, const char *where = "isTrashed = 0")
+    {
+        QStringList titles;
+        const std::string condition = std::string{"projectID = ? AND isDeleted = 0 AND "} + where;
+        for (const KWTask *each : m_store->context().fetch<KWTask>(
+                 {.where = condition.c_str(), .values = {list}, .orderBy = "sortOrder, id"})) {
+            const KWTask *parent = m_store->context().find<KWTask>((*each)->parentId);
+            titles << (*each)->title + (parent ? u"<"_s + (*parent)->title : QString{});
+        }
+        return titles.join(u' ');
+    }
+    QString trash() { return tasksOf(m_home, "isTrashed = 1"); }
+    void throwAway(const QStringList &ids)
+    {
+        saved(*m_store, [&ids](ObjectContext &context) {
+            for (const QString &each : ids)
+                KWTask::trashTaskAndDescendants({context.find<KWTask>(each)}, context);
+        });
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_store = std::make_unique<StoreFixture>();
+        m_home = m_store->makeList(u"Home"_s);
+        m_work = m_store->makeList(u"Work"_s);
+    }
+
+    void movesToTheTopWithAllThatIsBelow()
+    {
+        const QString parent = make("Parent", {}, 1);
+        const QString child = make("Child", parent, 2);
+        make("Leaf", child, 3);
+        const QString other = make("Other", {}, 4);
+        aTask("There").in(m_work).savedIn(*m_store);
+        setSaved<KWTask>(*m_store, child, &KWTaskModel::columnID, u"column"_s);
+
+        using enum KWTaskMover::From;
+        KWTaskMover mover{manager()};
+        const auto moved = mover.move({other, child}, m_work, Lists);
+        QVERIFY(moved);
+        QCOMPARE(tasksOf(m_home), u"Parent"_s);
+        QCOMPARE(tasksOf(m_work), u"Other Child There Leaf<Child"_s);
+        QVERIFY(task(parent)->childIds.isEmpty() && task(child)->columnID.isEmpty());
+        QVERIFY(mover.move({other, child}, m_work, Lists)->isEmpty()); // there already
+        QVERIFY(moved->undo(manager()));
+        QCOMPARE(tasksOf(m_home), u"Parent Child<Parent Leaf<Child Other"_s);
+        QCOMPARE(task(child)->columnID, u"column"_s);
+    }
+
+    void movesOnlyWhereItMay()
+    {
+        const QString id = make("Task");
+        using enum KWTaskMover::From;
+        const auto isRefused = [&] {
+            const auto moved = KWTaskMover{manager()}.move({id}, m_work, Lists);
+            return !moved && moved.error().sentence.endsWith(u'.') && tasksOf(m_home) == u"Task";
+        };
+        for (const QString &list : {m_home, m_work}) {
+            setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionComment);
+            QVERIFY(isRefused());
+            setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionWrite);
+        }
+        setSaved<KWProject>(*m_store, m_work, &KWProjectModel::closed, true);
+        QVERIFY(isRefused());
+        QVERIFY(!KWTaskMover{manager()}.move({id}, u"gone"_s, Lists));
+    }
+
+    void duplicatesWithItsParts()
+    {
+        const QString parent = make("Parent", {}, 1);
+        make("Open", parent, 3);
+        setSaved<KWTask>(*m_store, make("Done", parent, 4), &KWTaskModel::status, KWTaskStatusCompleted);
+        make("Next", {}, 2);
+        KWTaskEditor editor{manager()};
+        QVERIFY(editor.tickItem(*editor.addItem(parent, {}, u"item"_s)));
+        saved(*m_store, [&parent](ObjectContext &context) {
+            KWAttachmentModel attachment;
+            attachment.taskID = parent;
+            attachment.fileName = u"plan.pdf"_s;
+            context.insert<KWAttachment>(attachment);
+            context.find<KWTask>(parent)->updateStatus(KWTaskStatusCompleted);
+        });
+        QString announced;
+        const auto observation = m_store->kit().center().addObserver(
+            KWWillDuplicateTaskNotification,
+            [&](const KWNotification &each) { announced = each.object.toString(); });
+
+        const auto copy = KWTaskCopier{manager(), m_store->kit().center()}.copy(parent);
+        QVERIFY(copy);
+        QCOMPARE(announced, parent);
+        QCOMPARE(tasksOf(m_home), u"Parent Parent Next Open<Parent Open<Parent Done<Parent"_s);
+        QCOMPARE(task(*copy)->status, KWTaskStatusOpen);
+        QCOMPARE(task(*copy).orderedChecklistItems().size(), 1);
+        QCOMPARE(m_store->context().models<KWAttachment>({}).size(), 2);
+        for (int i = 0; i < 45; ++i) // until there is no room between two
+            QVERIFY((KWTaskCopier{manager(), m_store->kit().center()}.copy(parent)));
+        QVERIFY(tasksOf(m_home).startsWith(u"Parent Parent"_s));
+    }
+
+    void mergesWithoutLosingAWord()
+    {
+        const QString first = make("First", {}, 1);
+        const QString second = make("Second", {}, 2);
+        make("Below", second, 3);
+        make("First child", first, 4);
+        saved(*m_store, [&](ObjectContext &context) {
+            KWTask &one = *context.find<KWTask>(first);
+            one.set(&KWTaskModel::content, u"one"_s);
+            one.set(&KWTaskModel::tags, {u"a"_s, u"b"_s});
+            one.set(&KWTaskModel::startDate, at("2030-06-01 10:00"));
+            KWTask &two = *context.find<KWTask>(second);
+            two.set(&KWTaskModel::content, u"two"_s);
+            two.set(&KWTaskModel::tags, {u"b"_s, u"c"_s});
+            two.set(&KWTaskModel::priority, KWTaskPriorityHigh);
+            two.set(&KWTaskModel::startDate, at("2030-05-20 00:00"));
+            two.set(&KWTaskModel::isAllDay, true);
+            two.set(&KWTaskModel::reminders, {u"TRIGGER:PT9H"_s});
+        });
+        KWTaskEditor editor{manager()};
+        QVERIFY(editor.addItem(second, {}, u"item"_s));
+        const auto merged = KWTaskMerger{manager()}.merge({first, second});
+        QVERIFY(merged);
+
+        const KWTaskModel task = this->task(first).model();
+        QCOMPARE(task.title, u"First"_s);
+        QCOMPARE(task.desc, u"one\n\ntwo"_s);
+        QCOMPARE(task.tags, QStringList({u"a"_s, u"b"_s, u"c"_s}));
+        QCOMPARE(task.priority, KWTaskPriorityHigh);
+        QCOMPARE(task.startDate, at("2030-05-20 00:00"));
+        QCOMPARE(task.reminders, QStringList{u"TRIGGER:PT9H"_s});
+        QStringList items;
+        const auto read = editor.read(first);
+        for (const KWChecklistItemModel &each : read->items)
+            items << each.title;
+        QCOMPARE(items, QStringList({u"Second"_s, u"item"_s}));
+        QCOMPARE(tasksOf(m_home), u"First Below<First First child<First"_s);
+        QCOMPARE(trash(), u"Second"_s);
+        QVERIFY(merged->undo(manager()));
+        QCOMPARE(tasksOf(m_home), u"First Second Below<Second First child<First"_s);
+        QVERIFY(!(KWTaskMerger{manager()}.merge({first, first})));
+    }
+
+    void mergesAFamilyWithoutACircle()
+    {
+        const QString top = make("Top", {}, 1);
+        const QString middle = make("Middle", top, 2);
+        const QString low = make("Low", middle, 3);
+        make("Child", low, 4);
+        setSaved<KWTask>(*m_store, low, &KWTaskModel::kind, KWTaskKindNote);
+        QVERIFY(KWTaskMerger{manager()}.merge({low, top}));
+        QCOMPARE(tasksOf(m_home), u"Middle<Low Low Child<Low"_s);
+        QCOMPARE(task(low)->content, u"Top"_s);
+    }
+
+    void restoresFromTheTrash()
+    {
+        const QString parent = make("Parent", {}, 1);
+        const QString child = make("Child", parent, 2);
+        make("Leaf", child, 3);
+        KWTrashDataService service{manager(), m_store->account()};
+        throwAway({parent});
+        QCOMPARE(trash(), u"Parent Child<Parent Leaf<Child"_s);
+        QVERIFY(service.restore({parent}));
+        QCOMPARE(tasksOf(m_home), u"Parent Child<Parent Leaf<Child"_s);
+
+        throwAway({child});
+        QVERIFY(service.restore({child})); // back below its parent
+        QCOMPARE(task(child)->parentId, parent);
+        throwAway({parent});
+        QVERIFY(service.restore({child})); // the parent stays in the trash
+        QCOMPARE(tasksOf(m_home), u"Child Leaf<Child"_s);
+        QCOMPARE(trash(), u"Parent"_s);
+
+        setSaved<KWProject>(*m_store, m_home, &KWProjectModel::closed, true);
+        QVERIFY(service.restore({parent}));
+        QVERIFY(task(parent).project()->isInbox());
+        throwAway({parent});
+        QVERIFY(service.restore({parent}, m_work));
+        QCOMPARE(tasksOf(m_work), u"Parent"_s);
+    }
+
+    void showsTheTrashPageByPageAndEmptiesIt()
+    {
+        QStringList ids;
+        for (int i = 0; i < 60; ++i)
+            ids << make(qPrintable(u"Task %1"_s.arg(i)));
+        throwAway(ids);
+        make("Kept");
+        KWTrashDataService service{manager(), m_store->account()};
+        QVERIFY(service.refresh());
+        QCOMPARE(service.tasks().size(), KWTrashDataService::pageSize);
+        QCOMPARE(service.tasks().first().title, u"Task 59"_s);
+        QVERIFY(service.hasMore() && service.loadNextPage());
+        QVERIFY(!service.hasMore());
+        QCOMPARE(service.tasks().size(), 60);
+        QVERIFY(service.deleteForever({service.tasks().first().sid}) && service.refresh());
+        QCOMPARE(service.tasks().first().title, u"Task 58"_s);
+        QVERIFY(service.empty() && service.refresh());
+        QVERIFY(service.tasks().isEmpty());
+        QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks"), 1);
+    }
+};
+
+ORVANE_TEST(TaskOperations_test)
+#include "TaskOperations_test.moc"

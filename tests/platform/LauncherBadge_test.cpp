@@ -1,0 +1,78 @@
+#include "platform/LauncherBadge.h"
+
+#include "model/store/KWTaskFinder.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+/// A dock, as another process would be: notes the numbers.
+class FakeDock : public QObject {
+    Q_OBJECT
+
+public:
+    FakeDock()
+    {
+        m_bus.connect({}, {}, u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s, this,
+                      SLOT(Update(QString, QVariantMap)));
+    }
+    ~FakeDock() override { QDBusConnection::disconnectFromBus(u"dock"_s); }
+
+    QStringList numbers;
+
+public Q_SLOTS:
+    void Update(const QString &application, const QVariantMap &properties)
+    {
+        QCOMPARE(application, u"application://org.orvane.Orvane.desktop"_s);
+        const bool isVisible = properties.value(u"count-visible"_s).toBool();
+        const QVariant count = properties.value(u"count"_s);
+        QCOMPARE(count.metaType(), QMetaType::fromType<qlonglong>());
+        numbers << (isVisible ? count.toString() : u"none"_s);
+    }
+
+private:
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"dock"_s);
+};
+
+class LauncherBadge_test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsWhatThePreferenceSelectsUntilSignOut()
+    {
+        FakeDock dock;
+        StoreFixture store{"2030-05-01 08:00"};
+        OrvaneKit &kit = store.kit();
+        LauncherBadge badge{kit.manager(), kit.account(), kit.defaults()};
+        aTask("Yesterday").dueOn("2030-04-30").savedIn(store);
+        aTask("Today").dueOn("2030-05-01").savedIn(store);
+        aTask("Some day").savedIn(store);
+        int shown = 0;
+        const auto refresh = [&] { badge.refreshBadge([&shown] { ++shown; }); };
+
+        QStringList expected;
+        for (const auto &[type, number] : {std::pair{KWBadgeType::OverdueAndToday, "2"},
+                                           {KWBadgeType::None, "none"},
+                                           {KWBadgeType::All, "3"}}) {
+            kit.defaults().set(Settings::badgeTypeShownInDock, int(type));
+            refresh();
+            refresh(); // while the first one counts
+            expected << QString::fromLatin1(number);
+            QTRY_COMPARE(dock.numbers, expected);
+            QTRY_COMPARE(shown, 2 * expected.size());
+        }
+
+        aTask("Some other day").savedIn(store);
+        refresh();
+        badge.clearBadge(); // the count under way comes too late
+        QTRY_COMPARE(shown, 7);
+        if (!kit.account().signOut()) QFAIL("no sign-out");
+        refresh();
+        QTRY_COMPARE(shown, 8);
+        expected << u"none"_s;
+        QTRY_COMPARE(dock.numbers, expected);
+    }
+};
+
+ORVANE_TEST(LauncherBadge_test)
+#include "LauncherBadge_test.moc"
