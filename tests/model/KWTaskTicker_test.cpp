@@ -1,7 +1,10 @@
 #include "model/store/KWTaskTicker.h"
 
 #include "corvexkit/time/TimeText.h"
+#include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWComment.h"
+#include "model/records/KWFocusSummary.h"
 #include "model/records/KWTask.h"
 #include "model/records/TaskRepetition.h"
 #include "model/store/KWTaskEditor.h"
@@ -192,7 +195,7 @@ private Q_SLOTS:
         const auto tasks = contents<KWTask>(*m_store);
         const auto items = contents<KWChecklistItem>(*m_store);
 
-        m_store->clock.advance(std::chrono::minutes{1});
+        m_store->clock.advance(std::chrono::hours{2}); // the snoozed reminder is due
         const auto ticked = ticker().updateStatus(KWTaskStatus(after), id);
         QVERIFY(ticked && contents<KWTask>(*m_store) != tasks);
         QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks WHERE status = 0"), open);
@@ -217,6 +220,33 @@ private Q_SLOTS:
         QVERIFY(!ticker().undo(ticked->undo));
         QCOMPARE(task(id).startDate, at("2030-05-08 00:00"));
         QCOMPARE(copyOf(id).title, u"Done with care"_s);
+    }
+
+    void keepsWhatWasPutIntoTheCopySinceTheTick()
+    {
+        const QString id = makeWeeklyReview();
+        const auto ticked = ticker().tick(id);
+        const QString copyID = copyOf(id).sid;
+        const auto isKept = [&]<class Record>(std::type_identity<Record>, auto owner) {
+            typename Record::Model part;
+            part.*owner = copyID;
+            saved(*m_store, [&](ObjectContext &context) {
+                if constexpr (std::same_as<Record, KWTask>)
+                    part.projectID = context.find<KWTask>(id)->model().projectID;
+                part.sid = context.insert<Record>(part).sid();
+            });
+            const bool isRefused = !ticker().undo(ticked->undo);
+            const bool isThere = m_store->context().find<Record>(part.sid);
+            saved(*m_store, [&](ObjectContext &context) { context.remove(*context.find<Record>(part.sid)); });
+            return isRefused && isThere;
+        };
+        QVERIFY(isKept(std::type_identity<KWTask>{}, &KWTaskModel::parentId));
+        QVERIFY(isKept(std::type_identity<KWChecklistItem>{}, &KWChecklistItemModel::taskID));
+        QVERIFY(isKept(std::type_identity<KWAttachment>{}, &KWAttachmentModel::taskID));
+        QVERIFY(isKept(std::type_identity<KWComment>{}, &KWCommentModel::taskID));
+        QVERIFY(isKept(std::type_identity<KWFocusSummary>{}, &KWFocusSummaryModel::taskID));
+        QVERIFY(ticker().undo(ticked->undo));
+        QVERIFY(copyOf(id).sid.isEmpty());
     }
 
     void refusesWhatIsInTheTrash()

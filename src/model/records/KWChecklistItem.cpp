@@ -27,10 +27,16 @@ bool KWChecklistItem::adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZ
             : ZoneMove{designated, local}.time(start);
     if (moved == start) return false;
     set(&KWChecklistItemModel::startDate, moved);
-    if (const auto alert = model().remindTime; alert && alert != model().snoozedRemindDate)
-        set(&KWChecklistItemModel::remindTime, ZoneMove{designated, local}.time(*alert));
-    m_keepsAlert = true;
+    const std::optional<Instant> alert = model().remindTime;
+    const bool isCounted = alert && alert != model().snoozedRemindDate;
+    keepAlert(isCounted ? std::optional{ZoneMove{designated, local}.time(*alert)} : alert);
     return true;
+}
+
+void KWChecklistItem::keepAlert(std::optional<Instant> alert)
+{
+    set(&KWChecklistItemModel::remindTime, alert);
+    m_keepsAlert = true;
 }
 
 void KWChecklistItem::willSave()

@@ -12,10 +12,12 @@ public:
     /// As the operation of KWTask; for an item that is all-day or belongs to a floating task. Ask it before
     /// its task, which says in which zone both were set.
     bool adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &lastLocalZone);
+    /// As of KWTask.
+    void keepAlert(std::optional<Instant> alert);
 
 private:
     void willSave() override;
     bool isModified() const override;
 
-    bool m_keepsAlert = false; // its alert was adapted with its date
+    bool m_keepsAlert = false; // until the next save
 };

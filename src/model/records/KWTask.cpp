@@ -128,9 +128,15 @@ bool KWTask::adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &last
     // Moved and not worked out anew: an alert that was shown does not come again at the same time of day.
     if (task.remindTime && task.remindTime != task.snoozedRemindDate)
         adapted.remindTime = move.time(*task.remindTime);
-    m_keepsAlert = true;
     assign(adapted);
+    keepAlert(adapted.remindTime);
     return true;
+}
+
+void KWTask::keepAlert(std::optional<Instant> alert)
+{
+    set(&KWTaskModel::remindTime, alert);
+    m_keepsAlert = true;
 }
 
 void KWTask::willSave()

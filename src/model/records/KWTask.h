@@ -54,6 +54,9 @@ public:
     /// `lastLocalZone`. The dates of the service stay. Answers whether anything changed.
     bool adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &lastLocalZone);
 
+    /// Gives it that alert, which the next save then does not work out anew.
+    void keepAlert(std::optional<Instant> alert);
+
     /// Puts the tasks and all that is below them into the trash. They keep their list, and their place
     /// below their parents.
     static void trashTaskAndDescendants(const QList<KWTask *> &tasks, ObjectContext &context);
@@ -65,5 +68,5 @@ private:
     void willSave() override;
     bool isModified() const override;
 
-    bool m_keepsAlert = false; // its alert was adapted with its dates
+    bool m_keepsAlert = false; // until the next save
 };

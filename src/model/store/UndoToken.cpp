@@ -3,6 +3,8 @@
 #include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
+#include "model/records/NextAlert.h"
+#include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
 
@@ -25,6 +27,16 @@ FieldMask contentFields()
     return mask;
 }
 
+// What belongs to the tasks that were made and was not made with them: it would go with them.
+constexpr const char *putIn = R"sql(
+WITH made (sid) AS (SELECT value FROM json_each(?)), below (sid) AS (
+    SELECT sid FROM tasks WHERE parentId IN made AND parentId <> '' AND isDeleted = 0
+    UNION ALL SELECT sid FROM checklistItems WHERE taskID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM attachments WHERE taskID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM comments WHERE taskID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM focusSummaries WHERE taskID IN made AND isDeleted = 0)
+SELECT count(*) FROM below WHERE sid NOT IN made)sql";
+
 Error changedMeanwhile() { return {storeText("This was changed in the meantime, so it cannot be undone.")}; }
 
 template <class Record, class Twin>
@@ -40,6 +52,20 @@ Result<void> takeBackMaking(const Twin &made, ObjectContext &context)
     return {};
 }
 
+// Where the change made another alert, the one before comes back as it was: worked out from now on, one
+// that was due and not shown yet would be lost.
+template <class Record, class Twin>
+void takeBackAlert(const Twin &before, const Twin &after, Record &record)
+{
+    if constexpr (requires { record.keepAlert(before.remindTime); }) {
+        const auto differ = [](const Twin &one, const Twin &other) {
+            return needsNewAlert(std::optional{one}, other);
+        };
+        if ((differ(before, after) || differ(after, before)) && !differ(before, record.model()))
+            record.keepAlert(before.remindTime);
+    }
+}
+
 template <class Record, class Twin>
 Result<void> takeBackChange(const Twin &before, const Twin &after, ObjectContext &context)
 {
@@ -53,6 +79,7 @@ Result<void> takeBackChange(const Twin &before, const Twin &after, ObjectContext
     const bool wasDeleted = record->isDeleted();
     record->assign(version);
     if (wasDeleted && record->isNotDeleted()) record->unmarkDelete();
+    takeBackAlert(before, after, *record);
     return {};
 }
 
@@ -76,6 +103,17 @@ UndoToken UndoToken::of(const ObjectContext &context)
     return token;
 }
 
+QStringList UndoToken::madeIDs() const
+{
+    QStringList ids;
+    const auto collect = [&ids](const auto &versions) {
+        for (const auto &each : versions)
+            if (!each.before) ids.append(each.after.sid);
+    };
+    std::apply([&](const auto &...lists) { (collect(lists), ...); }, m_versions);
+    return ids;
+}
+
 bool UndoToken::isEmpty() const
 {
     return std::apply([](const auto &...lists) { return (lists.isEmpty() && ...); }, m_versions);
@@ -84,6 +122,7 @@ bool UndoToken::isEmpty() const
 Result<void> UndoToken::undo(KWCoreDataManager &manager) const
 {
     return KWCoreDataService{manager}.sync_save([this](ObjectContext &context) -> Result<void> {
+        if (context.number(putIn, {idList(madeIDs())}) > 0) return changedMeanwhile();
         Result<void> done;
         const auto takeBack = [&]<class Record>(std::type_identity<Record>) {
             for (const auto &each : std::get<QList<Versions<typename Record::Model>>>(m_versions))

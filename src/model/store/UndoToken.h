@@ -23,7 +23,8 @@ public:
 
     bool isEmpty() const;
     /// Gives every field that was changed its value before and takes away what was made, in one save:
-    /// what was changed elsewhere since stays. When it was one of those fields, or a record that was made,
+    /// what was changed elsewhere since stays, and an alert that was due is due again. When one of those
+    /// fields or a record that was made is another one now, or something was put into a task that was made,
     /// nothing is taken back and the sentence says so. Main thread.
     Result<void> undo(KWCoreDataManager &manager) const;
 
@@ -35,6 +36,7 @@ private:
     };
     template <class Record>
     void note(const ObjectContext &context);
+    QStringList madeIDs() const;
 
     std::tuple<QList<Versions<KWTaskModel>>, QList<Versions<KWChecklistItemModel>>,
                QList<Versions<KWAttachmentModel>>>
