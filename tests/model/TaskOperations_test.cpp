@@ -237,6 +237,24 @@ private Q_SLOTS:
         QVERIFY(service.tasks().isEmpty());
         QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks"), 1);
     }
+
+    void deletesForGoodOnlyFromTheTrashAndWhereItMay()
+    {
+        const QString live = make("Live");
+        const QString read = make("Read");
+        const QString gone = aTask("Gone").in(m_work).savedIn(*m_store);
+        throwAway({read, gone});
+        setSaved<KWProject>(*m_store, m_home, &KWProjectModel::permission, KWProjectPermissionRead);
+        KWTrashDataService service{manager(), m_store->account()};
+        const Result<void> refused = service.deleteForever({gone, read});
+        QVERIFY(!refused && refused.error().sentence.contains(u"Home"));
+        QCOMPARE(tasksOf(m_work, "isTrashed = 1"), u"Gone"_s);
+        QVERIFY(service.deleteForever({live}));
+        QVERIFY(service.empty());
+        QCOMPARE(tasksOf(m_work, "isTrashed = 1"), QString{});
+        QVERIFY(!service.empty());
+        QCOMPARE(tasksOf(m_home) + u' ' + trash(), u"Live Read"_s);
+    }
 };
 
 ORVANE_TEST(TaskOperations_test)

@@ -69,7 +69,10 @@ Result<UndoToken> KWTrashDataService::restore(const QStringList &taskIDs, const 
 Result<void> KWTrashDataService::deleteForever(const QStringList &taskIDs)
 {
     return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-        KWTask::deleteTaskAndDescendantsForever(findAll<KWTask>(taskIDs, context), context);
+        QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
+        tasks.removeIf([](const KWTask *each) { return !(*each)->isTrashed; });
+        if (const Result<void> allowed = mayChange(tasks); !allowed) return allowed;
+        KWTask::deleteTaskAndDescendantsForever(tasks, context);
         return {};
     });
 }
@@ -77,8 +80,11 @@ Result<void> KWTrashDataService::deleteForever(const QStringList &taskIDs)
 Result<void> KWTrashDataService::empty()
 {
     return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-        KWTask::deleteTaskAndDescendantsForever(
-            context.fetch<KWTask>({.where = inTrash, .values = {m_account.currentUserID()}}), context);
+        const auto trashed = context.fetch<KWTask>({.where = inTrash, .values = {m_account.currentUserID()}});
+        QList<KWTask *> tasks = trashed;
+        tasks.removeIf([](const KWTask *each) { return !mayChange(each); });
+        if (tasks.isEmpty()) return mayChange(trashed);
+        KWTask::deleteTaskAndDescendantsForever(tasks, context);
         return {};
     });
 }

@@ -32,9 +32,11 @@ public:
     /// the inbox when that is gone, archived or may not be written. `toListID` sends all to one list
     /// instead. A task whose parent is elsewhere or in the trash still leaves it.
     Result<UndoToken> restore(const QStringList &taskIDs, const QString &toListID = {});
-    /// Deletes the tasks and all that is below them for good.
+    /// Deletes those of the tasks that are in the trash, and all that is below them there, for good.
+    /// Refused as a whole when a list may only be read.
     Result<void> deleteForever(const QStringList &taskIDs);
-    /// Deletes everything in the trash for good.
+    /// Deletes everything in the trash for good; what is of a list that may only be read stays. When that
+    /// is all there is, a sentence says so.
     Result<void> empty();
 
 private:
