@@ -133,6 +133,17 @@ private Q_SLOTS:
         QCOMPARE(announced, 0);
     }
 
+    void savesNothingWhenAChangedRecordIsGone()
+    {
+        const auto here = context();
+        here->find<KWTask>(m_milk)->set(&KWTaskModel::title, u"Buy oat milk"_s);
+        here->find<KWTask>(m_rent)->set(&KWTaskModel::title, u"Pay the rent"_s);
+        saved(*m_store, [this](ObjectContext &context) { context.remove(*context.find<KWTask>(m_rent)); });
+        const Result<StoreChange> refused = here->save();
+        QVERIFY(!refused && refused.error().sentence.endsWith(u"nothing was saved."));
+        QCOMPARE(stored(m_milk)->title, u"Buy milk"_s);
+    }
+
     void rollsEveryChangeBack()
     {
         const auto here = context();

@@ -55,7 +55,7 @@ public:
     /// is read meanwhile stays true until it is written. Waits a few seconds for another writer.
     Result<void> beginWriting();
     /// Writes all changes durably, or none: on failure the store is as before, the changes are still
-    /// here and can be saved again or rolled back.
+    /// here and can be saved again or rolled back. A changed record that the store no longer holds is one.
     Result<StoreChange> save();
     /// Takes every unsaved change back. Pointers to records made since the last save are invalid then.
     void rollback();

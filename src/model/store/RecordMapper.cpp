@@ -4,6 +4,9 @@
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
 namespace {
 
 template <class Twin>
@@ -83,7 +86,7 @@ void RecordMapper<Twin>::update(Connection &connection, const Twin &twin, FieldM
         if (changed >> index & 1) columns::bind(*statement, ++column, each.of(twin));
     });
     columns::bind(*statement, ++column, twin.sid);
-    statement->exec();
+    if (statement->exec() == 0) throw SQLite::Exception("The row to change is gone", SQLITE_NOTFOUND);
 }
 
 template <class Twin>

@@ -15,7 +15,8 @@ class Connection;
 template <class Twin>
 struct RecordMapper {
     static void insert(Connection &connection, const Twin &twin);
-    /// Writes only the columns of `changed`, so that two writers of different fields keep both.
+    /// Writes only the columns of `changed`, so that two writers of different fields keep both. Throws
+    /// SQLITE_NOTFOUND when the row is gone.
     static void update(Connection &connection, const Twin &twin, FieldMask changed);
     static void remove(Connection &connection, const QString &sid);
     static std::optional<Twin> find(Connection &connection, const QString &sid);

@@ -19,6 +19,8 @@ Error storeFailure(const SQLite::Exception &exception)
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return {storeText("Another program keeps the store locked, so nothing was saved.")};
+    case SQLITE_NOTFOUND:
+        return {storeText("What was to be changed was removed in the meantime, so nothing was saved.")};
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
         return {storeText("The store file is damaged.")};
