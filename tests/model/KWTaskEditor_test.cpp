@@ -1,5 +1,6 @@
 #include "model/store/KWTaskEditor.h"
 
+#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
@@ -50,6 +51,32 @@ private Q_SLOTS:
     {
         QVERIFY(!m_editor.setPriority(u"gone"_s, KWTaskPriorityHigh));
         QVERIFY(!m_editor.setDay(u"gone"_s, m_store.clock.today()));
+    }
+
+    void changesNothingInAListThatMayOnlyBeRead()
+    {
+        const QString list = m_store.makeList(u"Office"_s);
+        const QString id = aTask("Water the seedlings", berlin).in(list).savedIn(m_store);
+        const QString item = *m_editor.addItem(id, {}, u"item"_s);
+        const QString removed = *m_editor.addItem(id, {}, u"removed"_s);
+        QVERIFY(m_editor.removeItem(removed));
+        setSaved<KWProject>(m_store, list, &KWProjectModel::permission, KWProjectPermissionRead);
+        const KWTaskModel before = taskWith(id);
+
+        const Result<void> refused = m_editor.setTitle(id, u"other"_s);
+        QVERIFY(!refused && refused.error().sentence.contains(u"Office"));
+        QVERIFY(!m_editor.setDay(id, m_store.clock.today()) && !m_editor.addItem(id, {}, u"other"_s));
+        QVERIFY(!m_editor.tickItem(item) && !m_editor.removeItem(item) && !m_editor.restoreItem(removed));
+        QCOMPARE(taskWith(id), before);
+        QCOMPARE(m_editor.read(id)->items.size(), 1);
+    }
+
+    void givesANoteNoChecklist()
+    {
+        const QString id = aTask("Seedlings").savedIn(m_store);
+        setSaved<KWTask>(m_store, id, &KWTaskModel::kind, KWTaskKindNote);
+        QVERIFY(!m_editor.addItem(id, {}, u"item"_s));
+        QVERIFY(m_editor.read(id)->items.isEmpty());
     }
 };
 

@@ -1,23 +1,43 @@
 #include "model/store/KWTaskEditor.h"
 
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWSortOrderResetable.h"
 #include "model/records/KWTask.h"
 #include "model/records/OneLine.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
+#include "model/store/TaskPermissions.h"
 
 #include <numeric>
 
 namespace {
 
-// Between the item and the one after it; half-way, so that forty fit between two.
-std::int64_t orderBehind(const QString &itemID, const QList<KWChecklistItem *> &items)
+qsizetype indexBehind(const QString &itemID, const QList<KWChecklistItem *> &items)
 {
-    if (itemID.isEmpty() && !items.isEmpty()) return items.first()->model().sortOrder - KWSortOrderStep;
-    for (qsizetype i = 0; i + 1 < items.size(); ++i)
-        if (items.at(i)->sid() == itemID)
-            return std::midpoint(items.at(i)->model().sortOrder, items.at(i + 1)->model().sortOrder);
-    return items.isEmpty() ? KWSortOrderStep : items.last()->model().sortOrder + KWSortOrderStep;
+    if (itemID.isEmpty()) return 0;
+    for (qsizetype i = 0; i < items.size(); ++i)
+        if (items.at(i)->sid() == itemID) return i + 1;
+    return items.size();
+}
+
+// Half-way between its neighbours; when there is no room left, all make some.
+void place(KWChecklistItem &item, qsizetype index, QList<KWChecklistItem *> items)
+{
+    const auto orderAt = [&items](qsizetype i) { return items.at(i)->model().sortOrder; };
+    std::int64_t order = 0;
+    if (index > 0 && index < items.size())
+        order = std::midpoint(orderAt(index - 1), orderAt(index));
+    else if (!items.isEmpty())
+        order = index == 0 ? orderAt(0) - KWSortOrderStep : orderAt(index - 1) + KWSortOrderStep;
+    KWEntitySortOrder::update(item, order);
+    items.insert(index, &item);
+    resetSortOrderIfNeeded(items);
+}
+
+Result<void> mayChangeItem(const KWChecklistItem *item)
+{
+    if (!item) return Error{storeText("There is no such item any more.")};
+    return mayChange(item->context().find<KWTask>((*item)->taskID));
 }
 
 void makeChecklist(KWTask &task)
@@ -77,7 +97,7 @@ Result<void> KWTaskEditor::save()
 Result<void> KWTaskEditor::editTask(const QString &taskID, const std::function<void(KWTask &)> &edit)
 {
     KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
-    if (!task || task->isDeleted()) return Error{storeText("There is no such task any more.")};
+    if (const Result<void> allowed = mayChange(task); !allowed) return allowed;
     edit(*task);
     return save();
 }
@@ -96,7 +116,8 @@ Result<UndoToken> KWTaskEditor::editUndoably(const QString &taskID, const std::f
 Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit)
 {
     KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
-    if (!item || item->isDeleted()) return Error{storeText("There is no such item any more.")};
+    if (item && item->isDeleted()) item = nullptr;
+    if (const Result<void> allowed = mayChangeItem(item); !allowed) return allowed;
     edit(*item);
     return save();
 }
@@ -153,14 +174,18 @@ Result<void> KWTaskEditor::tickItem(const QString &itemID)
 
 Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afterItemID, const QString &title)
 {
+    const KWTask *owner = m_manager.MR_defaultContext().find<KWTask>(taskID);
+    if (owner && owner->isNoteKind()) return Error{storeText("A note has no checklist.")};
     QString itemID;
     const Result<void> added = editTask(taskID, [&](KWTask &task) {
         KWChecklistItemModel item;
         item.userID = task.model().userID;
         item.taskID = taskID;
         item.title = onOneLine(title);
-        item.sortOrder = orderBehind(afterItemID, task.orderedChecklistItems());
-        itemID = task.context().insert<KWChecklistItem>(std::move(item)).sid();
+        const QList<KWChecklistItem *> items = task.orderedChecklistItems();
+        KWChecklistItem &inserted = task.context().insert<KWChecklistItem>(std::move(item));
+        place(inserted, indexBehind(afterItemID, items), items);
+        itemID = inserted.sid();
         if (task.isTextKind()) makeChecklist(task);
     });
     if (!added) return added.error();
@@ -175,7 +200,7 @@ Result<void> KWTaskEditor::removeItem(const QString &itemID)
 Result<void> KWTaskEditor::restoreItem(const QString &itemID)
 {
     KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
-    if (!item) return Error{storeText("There is no such item any more.")};
+    if (const Result<void> allowed = mayChangeItem(item); !allowed) return allowed;
     if (item->isDeleted()) item->unmarkDelete();
     return save();
 }

@@ -20,7 +20,7 @@ struct TaskWithChecklist {
 };
 
 /// Edits of one task, each saved at once. An edit that fails leaves store and records as they were; an
-/// edit of a task or item that is gone fails with a sentence. Main thread.
+/// edit of a task or item that is gone, or whose list may only be read, fails with a sentence. Main thread.
 class KWTaskEditor {
 public:
     explicit KWTaskEditor(KWCoreDataManager &manager) : m_manager(manager) {}
@@ -44,7 +44,7 @@ public:
     Result<void> setItemTitle(const QString &itemID, const QString &title);
     Result<void> tickItem(const QString &itemID);
     /// A new item behind `afterItemID`; before the first when that is empty, at the end when it is gone.
-    /// Answers the new id. A text task becomes a checklist task and keeps its description.
+    /// Answers the new id. A text task becomes a checklist task and keeps its description; a note takes none.
     Result<QString> addItem(const QString &taskID, const QString &afterItemID, const QString &title);
     Result<void> removeItem(const QString &itemID);
     /// Takes removeItem() back.
