@@ -71,6 +71,19 @@ private Q_SLOTS:
         QCOMPARE(forest.flattedModels().size(), forest.flatTasks().size());
     }
 
+    void knowsTheLevelRightBelow()
+    {
+        makeTasks(u"a[c,b,gone] b<a c<a trashed!<a d<b self<self"_s);
+        const QHash<QString, QString> expected{
+            {u"a"_s, u"c b"_s}, {u"b"_s, u"d"_s}, {u"c"_s, {}}, {u"self"_s, {}}};
+        for (const auto &[id, children] : expected.asKeyValueRange()) {
+            const auto context = std::move(*m_store->kit().store().makeContext());
+            KWTask &task = *context->find<KWTask>(id);
+            QCOMPARE(names(KWTask::children(task, *context)), children);
+            QCOMPARE(task.hasChildren(), !children.isEmpty());
+        }
+    }
+
     void deletesForGoodWithAllThatBelongsToIt()
     {
         makeTasks(u"a[b,e] b<a c<b d e<a"_s);

@@ -48,6 +48,8 @@ private Q_SLOTS:
         due().ordered(-5000).savedIn(*m_store);
         QCOMPARE(list.sortOrderForNewTask(), -5 - KWSortOrderStep);
         QCOMPARE(task(id).project(), &list);
+        list.markDelete();
+        QCOMPARE(task(id).project(), nullptr);
     }
 
     void keepsAnyTitle()

@@ -14,6 +14,9 @@
 
 namespace {
 
+constexpr const char *childrenOf =
+    "parentId = ?1 AND parentId <> '' AND sid <> ?1 AND isDeleted = 0 AND isTrashed = ?2";
+
 template <class Record>
 void deleteForever(Record &record)
 {
@@ -51,7 +54,11 @@ bool KWTask::isOverdue() const
     return lastDay < zone.dayOf(now);
 }
 
-KWProject *KWTask::project() const { return context().find<KWProject>(model().projectID); }
+KWProject *KWTask::project() const
+{
+    KWProject *project = context().find<KWProject>(model().projectID);
+    return project && project->isNotDeleted() ? project : nullptr;
+}
 
 KWColumn *KWTask::column() const
 {
@@ -79,9 +86,17 @@ QList<KWChecklistItem *> KWTask::orderedChecklistItems() const
 
 QList<KWTask *> KWTask::children(KWTask &parent, ObjectContext &context)
 {
-    QList<KWTask *> below = KWTaskItemTree::plant(parent, context).descendants();
+    QList<KWTask *> below =
+        context.fetch<KWTask>({.where = childrenOf, .values = {parent.sid(), int(parent->isTrashed)}});
     below.removeIf([&parent](const KWTask *each) { return (*each)->parentId != parent.sid(); });
+    KWTaskItemTree::putInOrder(below, parent->childIds);
     return below;
+}
+
+bool KWTask::hasChildren() const
+{
+    const std::string sql = std::string{"SELECT EXISTS (SELECT 1 FROM tasks WHERE "} + childrenOf + ')';
+    return context().number(sql.c_str(), {sid(), int(model().isTrashed)}) != 0;
 }
 
 QList<KWTask *> KWTask::descendantTasks(KWTask &task, Closed closed, ObjectContext &context)

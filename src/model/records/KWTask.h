@@ -21,7 +21,8 @@ public:
     /// Sets the status and, with it, the completion date: now when closed, nothing when open.
     void updateStatus(KWTaskStatus status);
 
-    bool hasChildren() const { return !model().childIds.isEmpty(); }
+    /// Whether children() are some.
+    bool hasChildren() const;
     bool hasParent() const { return !model().parentId.isEmpty(); }
     bool isPinned() const { return model().pinnedDate.has_value(); }
     void pin(Instant date) { set(&KWTaskModel::pinnedDate, date); }

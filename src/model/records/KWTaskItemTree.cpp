@@ -21,18 +21,6 @@ constexpr const char *belowTasks =
 
 using ChildrenByParent = QHash<QString, QList<KWTask *>>;
 
-void putInOrder(QList<KWTask *> &children, const QStringList &order)
-{
-    QHash<QString, qsizetype> places;
-    for (const QString &each : order)
-        places.insert(each, places.size());
-    const auto place = [&](const KWTask *task) { return places.value(task->sid(), order.size()); };
-    std::ranges::sort(children, [&](const KWTask *one, const KWTask *other) {
-        return std::tuple{place(one), (*one)->sortOrder, one->sid()} <
-               std::tuple{place(other), (*other)->sortOrder, other->sid()};
-    });
-}
-
 // Not recursive: a chain of parents may be as long as the list.
 QList<KWTask *> flattened(KWTask &root, const ChildrenByParent &children, QSet<QString> &placed)
 {
@@ -80,6 +68,18 @@ bool isBelowAnother(const KWTask &task, const QHash<QString, KWTask *> &known, c
 
 } // namespace
 
+void KWTaskItemTree::putInOrder(QList<KWTask *> &children, const QStringList &childIds)
+{
+    QHash<QString, qsizetype> places;
+    for (const QString &each : childIds)
+        places.insert(each, places.size());
+    const auto place = [&](const KWTask *task) { return places.value(task->sid(), childIds.size()); };
+    std::ranges::sort(children, [&](const KWTask *one, const KWTask *other) {
+        return std::tuple{place(one), (*one)->sortOrder, one->sid()} <
+               std::tuple{place(other), (*other)->sortOrder, other->sid()};
+    });
+}
+
 KWTaskItemTree KWTaskItemTree::plant(KWTask &task, ObjectContext &context)
 {
     return KWTaskItemForest::plant({&task}, context).trees().first();
@@ -101,7 +101,8 @@ KWTaskItemForest KWTaskItemForest::plant(const QList<KWTask *> &tasks, ObjectCon
         if (each->hasParent()) children[(*each)->parentId].append(each);
     }
     for (auto each = children.begin(); each != children.end(); ++each)
-        if (const KWTask *parent = known.value(each.key())) putInOrder(each.value(), (*parent)->childIds);
+        if (const KWTask *parent = known.value(each.key()))
+            KWTaskItemTree::putInOrder(each.value(), (*parent)->childIds);
 
     KWTaskItemForest forest;
     QSet<QString> placed;

@@ -23,6 +23,9 @@ public:
     QList<KWTask *> descendants() const { return m_flatTasks.mid(1); }
     QList<KWTaskModel> flattedModels() const;
 
+    /// Puts children of one parent in its order.
+    static void putInOrder(QList<KWTask *> &children, const QStringList &childIds);
+
 private:
     friend class KWTaskItemForest;
     QList<KWTask *> m_flatTasks;
