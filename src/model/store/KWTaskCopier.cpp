@@ -72,7 +72,7 @@ Result<QString> KWTaskCopier::copy(const QString &taskID)
     QString copyID;
     const auto duplicate = [&](ObjectContext &context) -> Result<void> {
         KWTask *task = context.find<KWTask>(taskID);
-        if (const Result<void> allowed = mayChange(task); !allowed) return allowed;
+        if (const Result<void> allowed = mayChangeOutsideTrash(task); !allowed) return allowed;
         KWTask &copy = openCopy(*task);
         placeBehind(*task, copy);
         copyDescendants(*task, copy);

@@ -161,7 +161,7 @@ Result<UndoToken> KWTaskMerger::merge(const QStringList &taskIDs)
     const auto merged = [&](ObjectContext &context) -> Result<void> {
         const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
         if (tasks.size() < 2) return Error{storeText("Merging takes two tasks or more.")};
-        if (const Result<void> allowed = mayChange(tasks); !allowed) return allowed;
+        if (const Result<void> allowed = mayChangeOutsideTrash(tasks); !allowed) return allowed;
         KWTask &first = *tasks.first();
         const QList<KWTask *> others = tasks.mid(1);
         takeIn(first, others);

@@ -20,7 +20,7 @@ public:
     ///
     /// It keeps its title and list, gets the highest priority, and the dates of the earliest task with the
     /// reminders and the repeating that go with them; a first task that repeats keeps its own. Fewer
-    /// than two tasks are an error.
+    /// than two tasks are an error, and so is one in the trash.
     Result<UndoToken> merge(const QStringList &taskIDs);
 
 private:

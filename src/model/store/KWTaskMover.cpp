@@ -6,7 +6,6 @@
 #include "model/records/KWTaskItemTree.h"
 #include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
-#include "model/store/StoreFailure.h"
 #include "model/store/TaskPermissions.h"
 
 namespace {
@@ -38,11 +37,8 @@ Result<void> KWTaskMover::move(const QList<KWTask *> &tasks, KWProject *list, Fr
     if (from == From::Lists)
         moving.removeIf([list](const KWTask *each) { return (*each)->projectID == list->sid(); });
     const KWTaskItemForest forest = KWTaskItemForest::plant(moving, context);
-    if (from == From::Lists) {
-        if (const Result<void> allowed = mayChange(forest.flatTasks()); !allowed) return allowed;
-        for (const KWTask *each : forest.rootTasks())
-            if ((*each)->isTrashed) return Error{storeText("This task is in the trash.")};
-    }
+    if (from == From::Lists)
+        if (const Result<void> allowed = mayChangeOutsideTrash(forest.flatTasks()); !allowed) return allowed;
 
     std::int64_t order = list->sortOrderForNewTask() - (forest.trees().size() - 1) * KWSortOrderStep;
     for (const KWTaskItemTree &each : forest.trees()) {

@@ -6,7 +6,6 @@
 #include "model/records/KWUserSettings.h"
 #include "model/records/TaskRepetition.h"
 #include "model/store/KWCoreDataManager.h"
-#include "model/store/StoreFailure.h"
 #include "model/store/TaskCopies.h"
 #include "model/store/TaskPermissions.h"
 
@@ -100,13 +99,6 @@ void close(KWTask &task, KWTaskStatus status)
         each->updateStatus(status);
 }
 
-Result<void> mayTick(const KWTask *task)
-{
-    const Result<void> allowed = mayChange(task);
-    if (allowed && (*task)->isTrashed) return Error{storeText("This task is in the trash.")};
-    return allowed;
-}
-
 } // namespace
 
 Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QString &taskID)
@@ -121,7 +113,7 @@ Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, con
     Ticked ticked{status};
     const auto update = [&](ObjectContext &context) -> Result<void> {
         KWTask *task = context.find<KWTask>(taskID);
-        if (const Result<void> allowed = mayTick(task); !allowed) return allowed;
+        if (const Result<void> allowed = mayChangeOutsideTrash(task); !allowed) return allowed;
         const KWTaskStatus before = (*task)->status;
         if (before == status) return {};
         const auto next = before == KWTaskStatusOpen ? repetitionOf(*task) : std::nullopt;

@@ -28,6 +28,21 @@ Result<void> mayChange(const QList<KWTask *> &tasks)
     return allowed;
 }
 
+Result<void> mayChangeOutsideTrash(const KWTask *task)
+{
+    const Result<void> allowed = mayChange(task);
+    if (allowed && (*task)->isTrashed) return Error{storeText("This task is in the trash.")};
+    return allowed;
+}
+
+Result<void> mayChangeOutsideTrash(const QList<KWTask *> &tasks)
+{
+    Result<void> allowed;
+    for (const KWTask *each : tasks)
+        if (allowed) allowed = mayChangeOutsideTrash(each);
+    return allowed;
+}
+
 Result<void> mayTakeTasks(const KWProject *list)
 {
     if (!list || list->isDeleted()) return Error{storeText("There is no such list any more.")};

@@ -6,5 +6,8 @@
 Result<void> mayChange(const KWTask *task);
 /// The same of all of them.
 Result<void> mayChange(const QList<KWTask *> &tasks);
+/// The same, and that none is in the trash.
+Result<void> mayChangeOutsideTrash(const KWTask *task);
+Result<void> mayChangeOutsideTrash(const QList<KWTask *> &tasks);
 /// Whether tasks may be put into a list: it is there, open, and may be written.
 Result<void> mayTakeTasks(const KWProject *list);
