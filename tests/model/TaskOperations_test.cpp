@@ -135,6 +135,48 @@ private Q_SLOTS:
         QVERIFY(tasksOf(m_home).startsWith(u"Parent Parent"_s));
     }
 
+    void duplicatesAmongTasksAtOnePlace()
+    {
+        make("A");
+        const QString id = make("B");
+        make("C");
+        QVERIFY((KWTaskCopier{manager(), m_store->kit().center()}.copy(id)));
+        QCOMPARE(tasksOf(m_home), u"A B B C"_s);
+    }
+
+    void duplicatesNoRemindersThatWereMissed()
+    {
+        const QString id = make("Task");
+        saved(*m_store, [&](ObjectContext &context) {
+            KWTask &task = *context.find<KWTask>(id);
+            task.set(&KWTaskModel::startDate, m_store->clock.now() + std::chrono::hours{1});
+            task.set(&KWTaskModel::reminders, {u"TRIGGER:PT0S"_s, u"TRIGGER:-PT30M"_s});
+            task.set(&KWTaskModel::snoozedRemindDate, m_store->clock.now() + std::chrono::minutes{45});
+            task.set(&KWTaskModel::serverStartDate, m_store->clock.now());
+            KWChecklistItemModel item;
+            item.taskID = id;
+            item.startDate = m_store->clock.now() + std::chrono::minutes{10};
+            context.insert<KWChecklistItem>(item);
+        });
+        m_store->clock.advance(std::chrono::minutes{40});
+        const auto copy = KWTaskCopier{manager(), m_store->kit().center()}.copy(id);
+        QCOMPARE(task(*copy)->remindTime, task(*copy)->startDate);
+        QVERIFY(!task(*copy)->snoozedRemindDate && !task(*copy)->serverStartDate);
+        QVERIFY(!task(*copy).orderedChecklistItems().first()->model().remindTime);
+    }
+
+    void refusesWhatIsInTheTrash()
+    {
+        const QString live = make("Live");
+        const QString gone = make("Gone");
+        throwAway({gone});
+        QVERIFY((!KWTaskCopier{manager(), m_store->kit().center()}.copy(gone)));
+        QVERIFY((!KWTaskMerger{manager()}.merge({live, gone})));
+        QVERIFY((!KWTaskMerger{manager()}.merge({gone, live})));
+        QVERIFY((!KWTaskMover{manager()}.move({gone}, m_work, KWTaskMover::From::Lists)));
+        QCOMPARE(tasksOf(m_home), u"Live"_s);
+    }
+
     void mergesWithoutLosingAWord()
     {
         const QString first = make("First", {}, 1);

@@ -177,3 +177,14 @@ void KWTask::detachFromParent()
     }
     set(&KWTaskModel::parentId, QString{});
 }
+
+void KWTask::attachBehind(const KWTask &sibling)
+{
+    KWTask *parent = sibling.hasParent() ? context().find<KWTask>(sibling->parentId) : nullptr;
+    set(&KWTaskModel::parentId, parent ? parent->sid() : QString{});
+    if (!parent) return;
+    QStringList childIds = (*parent)->childIds;
+    const qsizetype place = childIds.indexOf(sibling.sid());
+    childIds.insert(place < 0 ? childIds.size() : place + 1, sid());
+    parent->set(&KWTaskModel::childIds, childIds);
+}

@@ -64,6 +64,8 @@ public:
 
     /// Takes it out of its parent; the parent no longer lists it.
     void detachFromParent();
+    /// Puts it into the parent of `sibling`, right behind that; nowhere when it has none.
+    void attachBehind(const KWTask &sibling);
 
 private:
     void willSave() override;

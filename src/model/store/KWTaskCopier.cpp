@@ -18,6 +18,8 @@ KWTask &openCopy(const KWTask &task)
     KWTaskModel model = freshCopy(task.model());
     model.status = KWTaskStatusOpen;
     model.completionDate.reset();
+    model.remindTime.reset();
+    model.snoozedRemindDate.reset();
     model.pinnedDate.reset();
     model.repeatTaskID.clear();
     model.childIds.clear();
@@ -28,17 +30,20 @@ KWTask &openCopy(const KWTask &task)
 }
 
 // Half-way to the next task of the list; when there is no room left, all behind it make some.
-void placeBehind(const KWTask &task, KWTask &copy)
+void placeBehind(KWTask &task, KWTask &copy)
 {
-    const QList<KWTask *> behind = task.context().fetch<KWTask>(
-        {.where = "projectID = ? AND sortOrder >= ? AND isDeleted = 0 AND isTrashed = 0 AND sid <> ?",
-         .values = {task->projectID, task->sortOrder, task.sid()},
-         .orderBy = "sortOrder, id"});
-    const std::int64_t next =
-        behind.isEmpty() ? task->sortOrder + 2 * KWSortOrderStep : (*behind.first())->sortOrder;
-    KWEntitySortOrder::update(copy, std::midpoint(task->sortOrder, next));
-    if (copy->sortOrder == task->sortOrder)
-        resetSortOrderIfNeeded(QList<KWTask *>{task.context().find<KWTask>(task.sid()), &copy} + behind);
+    SqlCondition behind{.where =
+                            "projectID = ? AND (sortOrder, id) > (?, (SELECT id FROM tasks WHERE sid = ?))"
+                            " AND isDeleted = 0 AND isTrashed = 0",
+                        .values = {task->projectID, task->sortOrder, task.sid()},
+                        .orderBy = "sortOrder, id",
+                        .limit = 1};
+    const QList<KWTaskModel> next = task.context().models<KWTask>(behind);
+    const std::int64_t end = next.isEmpty() ? task->sortOrder + 2 * KWSortOrderStep : next.first().sortOrder;
+    KWEntitySortOrder::update(copy, std::midpoint(task->sortOrder, end));
+    if (copy->sortOrder > task->sortOrder) return;
+    behind.limit = -1;
+    resetSortOrderIfNeeded(QList<KWTask *>{&task, &copy} + task.context().fetch<KWTask>(behind));
 }
 
 void copyDescendants(KWTask &task, KWTask &copy)
@@ -54,16 +59,6 @@ void copyDescendants(KWTask &task, KWTask &copy)
     }
 }
 
-void listInParent(const KWTask &task, const KWTask &copy)
-{
-    KWTask *parent = task.hasParent() ? task.context().find<KWTask>(task->parentId) : nullptr;
-    if (!parent) return;
-    QStringList childIds = (*parent)->childIds;
-    const qsizetype place = childIds.indexOf(task.sid());
-    childIds.insert(place < 0 ? childIds.size() : place + 1, copy.sid());
-    parent->set(&KWTaskModel::childIds, childIds);
-}
-
 } // namespace
 
 Result<QString> KWTaskCopier::copy(const QString &taskID)
@@ -76,7 +71,7 @@ Result<QString> KWTaskCopier::copy(const QString &taskID)
         KWTask &copy = openCopy(*task);
         placeBehind(*task, copy);
         copyDescendants(*task, copy);
-        listInParent(*task, copy);
+        copy.attachBehind(*task);
         copyID = copy.sid();
         return {};
     };

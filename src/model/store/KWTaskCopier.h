@@ -16,7 +16,8 @@ public:
     }
 
     /// Makes an open copy right behind the task: with its checklist, attachments and the open tasks below
-    /// it, in the same list and parent. Posts KWWillDuplicateTaskNotification before. Answers the copy's id.
+    /// it, in the same list and parent; it reminds of what is ahead. Posts KWWillDuplicateTaskNotification
+    /// before. Answers the copy's id. A task in the trash is refused.
     Result<QString> copy(const QString &taskID);
 
 private:

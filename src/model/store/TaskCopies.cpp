@@ -10,6 +10,7 @@ void copyToTask(const Record &record, const QString &taskID)
 {
     auto copy = freshCopy(record.model());
     copy.taskID = taskID;
+    if constexpr (std::same_as<Record, KWChecklistItem>) copy.remindTime = copy.snoozedRemindDate = {};
     record.context().template insert<Record>(std::move(copy));
 }
 
