@@ -182,6 +182,7 @@ private Q_SLOTS:
         const QString first = make("First", {}, 1);
         const QString second = make("Second", {}, 2);
         make("Below", second, 3);
+        setSaved<KWTask>(*m_store, second, &KWTaskModel::status, KWTaskStatusAbandoned);
         make("First child", first, 4);
         saved(*m_store, [&](ObjectContext &context) {
             KWTask &one = *context.find<KWTask>(first);
@@ -213,6 +214,7 @@ private Q_SLOTS:
         for (const KWChecklistItemModel &each : read->items)
             items << each.title;
         QCOMPARE(items, QStringList({u"Second"_s, u"item"_s}));
+        QVERIFY(read->items.first().isCompleted());
         QCOMPARE(tasksOf(m_home), u"First Below<First First child<First"_s);
         QCOMPARE(trash(), u"Second"_s);
         QVERIFY(merged->undo(manager()));
@@ -230,6 +232,17 @@ private Q_SLOTS:
         QVERIFY(KWTaskMerger{manager()}.merge({low, top}));
         QCOMPARE(tasksOf(m_home), u"Middle<Low Low Child<Low"_s);
         QCOMPARE(task(low)->content, u"Top"_s);
+    }
+
+    void mergesIntoThePlaceOfItsParent()
+    {
+        const QString top = make("Top");
+        const QString parent = make("Parent", top);
+        const QString last = make("Last", top);
+        const QString child = make("Child", parent);
+        QVERIFY(KWTaskMerger{manager()}.merge({child, parent}));
+        QCOMPARE(task(child)->parentId, top);
+        QCOMPARE(task(top)->childIds, QStringList({child, last}));
     }
 
     void restoresFromTheTrash()

@@ -58,7 +58,7 @@ KWChecklistItemModel itemOf(const KWTask &task)
     KWChecklistItemModel item;
     item.userID = task->userID;
     item.title = task->title;
-    if (task.isCompleted()) {
+    if (task->status != KWTaskStatusOpen) { // an item is not abandoned
         item.status = KWTaskStatusCompleted;
         item.completionDate = task->completionDate;
     }
@@ -134,7 +134,7 @@ void leaveAncestors(KWTask &task, const QList<KWTask *> &others)
     }
     if (!highest) return;
     task.detachFromParent();
-    task.set(&KWTaskModel::parentId, (*highest)->parentId);
+    task.attachBehind(*highest);
 }
 
 void takeChildren(KWTask &task, const QList<KWTask *> &others)

@@ -14,7 +14,8 @@ public:
 
     /// The first task takes in the others, which go to the trash. Of each it gets, in their order:
     ///
-    /// - the title and the checklist as items of its own checklist (of a note: as lines),
+    /// - the title and the checklist as items of its own checklist (of a note: as lines), ticked where they
+    ///   were closed,
     /// - the text, appended to its own; texts of a checklist task stand above the checklist,
     /// - the tags, the attachments, and the tasks below it.
     ///
