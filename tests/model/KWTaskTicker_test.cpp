@@ -249,6 +249,29 @@ private Q_SLOTS:
         QVERIFY(copyOf(id).sid.isEmpty());
     }
 
+    void takesAllDayPartsOverMidnight()
+    {
+        KWTaskModel task = aTask("Watch").startingAt("2030-05-01 23:00").model();
+        task.repeatRule = u"FREQ=HOURLY"_s;
+        for (const auto &[now, day] : {std::pair{"2030-05-01 22:00", "2030-05-02 00:00"},
+                                       std::pair{"2030-05-03 10:30", "2030-05-03 00:00"}}) {
+            const auto next = TaskRepetition::next(task, {at(now), CXTimeZone{}, std::chrono::Monday});
+            QCOMPARE(next->movedAlong(at("2030-05-01 00:00"), true), at(day));
+        }
+    }
+
+    void closesWhatRepeatsBelowATaskThatDoesNot()
+    {
+        const QString id = aTask("Project").savedIn(*m_store);
+        const QString daily = addSubtask("Daily", id, aTask("").dueOn("2030-05-01"));
+        setSaved<KWTask>(*m_store, daily, &KWTaskModel::repeatRule, u"FREQ=DAILY"_s);
+        const auto tasks = contents<KWTask>(*m_store);
+        const auto ticked = ticker().tick(id);
+        QCOMPARE(task(daily).status, KWTaskStatusCompleted);
+        QVERIFY(ticker().undo(ticked->undo));
+        QVERIFY(contents<KWTask>(*m_store) == tasks);
+    }
+
     void refusesWhatIsInTheTrash()
     {
         const QString id = aTask("Task").savedIn(*m_store);

@@ -104,6 +104,10 @@ std::optional<TaskRepetition> TaskRepetition::next(const KWTaskModel &task, cons
 
 Instant TaskRepetition::movedAlong(Instant date, bool isAllDay) const
 {
-    if (isAllDay) return zone.startOfDay(zone.dayOf(date) + std::chrono::floor<days>(step));
+    if (isAllDay) {
+        const LocalTime start = zone.toLocal(startDate);
+        const days passed = std::chrono::floor<days>(start) - std::chrono::floor<days>(start - step);
+        return zone.startOfDay(zone.dayOf(date) + passed);
+    }
     return zone.toInstant(zone.toLocal(date) + step);
 }

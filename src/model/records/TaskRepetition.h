@@ -23,6 +23,7 @@ struct TaskRepetition {
     /// Nothing when the task does not repeat, has no date, or this was the last time.
     static std::optional<TaskRepetition> next(const KWTaskModel &task, const Now &now);
 
-    /// The date of something that goes along with the task.
+    /// The date of something that goes along with the task: as far by the wall clock, or as many days when
+    /// it is all-day.
     Instant movedAlong(Instant date, bool isAllDay) const;
 };
