@@ -10,6 +10,7 @@
 #include "model/records/KWTask.h"
 #include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/TaskPermissions.h"
 
 #include <QJsonObject>
 
@@ -176,12 +177,11 @@ Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
 KWProject *NewTaskService::projectFor(const NewTaskDraft &draft, ObjectContext &context) const
 {
     const QString &user = draft.task.userID;
-    if (draft.newListName) {
-        KWProject *existing = KWProject::findProjectNamed(*draft.newListName, user, context);
-        return existing ? existing : &KWProject::createProjectNamed(*draft.newListName, user, context);
-    }
-    KWProject *project = context.find<KWProject>(draft.task.projectID);
-    return project && project->isNotDeleted() ? project : KWProject::findInboxOfUser(user, context);
+    KWProject *project = draft.newListName ? KWProject::findProjectNamed(*draft.newListName, user, context)
+                                           : context.find<KWProject>(draft.task.projectID);
+    if (!project && draft.newListName)
+        return &KWProject::createProjectNamed(*draft.newListName, user, context);
+    return mayTakeTasks(project) ? project : KWProject::findInboxOfUser(user, context);
 }
 
 QJsonObject NewTaskService::dryRun(const QString &text, const NewTaskContext &context)

@@ -29,7 +29,8 @@ public:
 
     /// Saves that task on top of its list, or at its end where the preference says so, with the tags and the
     /// list that are missing, all or nothing. A text that leaves no title is refused; so is any without a
-    /// signed-in user. Where the list is gone meanwhile, the task goes to the inbox.
+    /// signed-in user. Where the list is gone meanwhile, archived or may only be read, the task goes to the
+    /// inbox.
     Result<KWTaskModel> add(const QString &text, const NewTaskContext &context = {});
 
     /// What add() would recognise, as JSON; see dryRunObject().

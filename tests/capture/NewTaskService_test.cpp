@@ -167,15 +167,22 @@ private Q_SLOTS:
         QCOMPARE(added(u"idea !high"_s, filter).priority, KWTaskPriorityNone);
     }
 
-    void goesToTheInboxWhenTheListIsGone()
+    void goesToTheInboxWhenTheListTakesNoTasks()
     {
         NewTaskContext context;
         context.presetList = u"gone"_s;
         QCOMPARE(added(u"one"_s, context).projectID, KWProject::inboxIDOfUser(m_store->userID()));
-        context.presetList = m_store->makeList(u"Work"_s);
-        m_store->context().find<KWProject>(*context.presetList)->markDelete();
-        QVERIFY(m_store->context().save());
-        QCOMPARE(added(u"two"_s, context).projectID, KWProject::inboxIDOfUser(m_store->userID()));
+        const QList<std::function<void(KWProject &)>> closings{
+            [](KWProject &list) { list.markDelete(); },
+            [](KWProject &list) { list.set(&KWProjectModel::closed, true); },
+            [](KWProject &list) { list.set(&KWProjectModel::permission, KWProjectPermissionComment); }};
+        for (const auto &each : closings) {
+            context.presetList = m_store->makeList(u"Work"_s);
+            each(*m_store->context().find<KWProject>(*context.presetList));
+            QVERIFY(m_store->context().save());
+            QCOMPARE(added(u"two"_s, context).projectID, KWProject::inboxIDOfUser(m_store->userID()));
+        }
+        QCOMPARE(listOf(added(u"three ~Work"_s)), u"Inbox"_s); // the one that may only be read
     }
 
     void refusesWhatLeavesNoTitle_data() { addCaseRows("tokens/untitled.txt", 2); }
