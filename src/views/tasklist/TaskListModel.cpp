@@ -1,6 +1,7 @@
 #include "views/tasklist/TaskListModel.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/DisplayTitle.h"
 #include "views/tasklist/RowPlan.h"
 
 using namespace Qt::StringLiterals;
@@ -160,7 +161,7 @@ Qt::ItemFlags TaskListModel::flags(const QModelIndex &index) const
 
 QString TaskListModel::spokenText(const KWTaskListItemModel &row) const
 {
-    QStringList parts{row.title.isEmpty() ? KWLocalizedString("No Title") : row.title};
+    QStringList parts{displayTitle(row.title)};
     if (row.isClosed()) parts.append(statusName(row.status));
     if (row.priority != KWTaskPriorityNone)
         parts.append(KWLocalizedString("Priority: %1").arg(priorityName(row.priority)));

@@ -1,6 +1,6 @@
 #include "views/tasklist/TaskRowDelegate.h"
 
-#include "model/settings/KWLocalizedString.h"
+#include "model/text/DisplayTitle.h"
 #include "views/tasklist/TaskDateColor.h"
 #include "views/tasklist/TaskListModel.h"
 #include "views/tasklist/TaskRowLayout.h"
@@ -48,7 +48,7 @@ void paintTitle(QPainter &painter, const QRect &bounds, const KWTaskListItemMode
     const Theme &theme = Theme::current();
     QString title = task.title.left(mostCharactersShown).simplified();
     const bool isEmpty = title.isEmpty();
-    if (isEmpty) title = KWLocalizedString("No Title");
+    if (isEmpty) title = displayTitle(title);
     const bool isQuiet = isEmpty || task.isClosed();
 
     painter.setPen(!isQuiet ? theme.text : isSelected(option) ? theme.secondaryText : theme.doneText);
