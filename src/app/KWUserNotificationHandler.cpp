@@ -99,7 +99,7 @@ void KWUserNotificationHandler::present(const QList<DueReminder> &due)
         (now - each.moment > punctual ? late : onTime).append(each);
     }
     if (late.size() == 1) onTime.prepend(late.takeFirst());
-    const ReminderText words{m_with.clock, m_with.defaults.value(Settings::clockFormat)};
+    const ReminderText words{m_with.clock};
     if (!late.isEmpty()) show(words.digestOf(late));
     for (const DueReminder &each : onTime) {
         m_shown.insert(ReminderText::identifierOf(each.subject), {each.subject, each.startDate});

@@ -5,6 +5,7 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
+#include "model/settings/ClockFormat.h"
 
 #include <string_view>
 
@@ -21,11 +22,14 @@ Result<void> Preferences::editSettings(const std::function<void(KWUserSettingsMo
     return AccountSettings{m_manager, m_center, m_account.currentUserID()}.change(edit);
 }
 
-void Preferences::announceDefaults(const char *key)
+void Preferences::didSetDefault(const char *key)
 {
     const std::string_view name{key};
     if (name == Settings::newTaskPriority.key || name == Settings::newTaskDateOffset.key)
         m_center.post(KWTaskDefaultConfigurationChangedNotification);
+    if (name != Settings::clockFormat.key) return;
+    ClockFormat::choose(value(Settings::clockFormat));
+    m_center.post(KWUserSettingsDidChangeNotification);
 }
 
 KWSmartProjectVisibility Preferences::visibilityOf(const KWSmartProject &smart) const

@@ -31,10 +31,16 @@ public:
         return m_defaults.value(setting);
     }
     template <class Value>
-    void set(const Setting<Value> &setting, const std::type_identity_t<Value> &value)
+    Result<void> set(const Setting<Value> &setting, const std::type_identity_t<Value> &value)
     {
+        const Value before = m_defaults.value(setting);
         m_defaults.set(setting, value);
-        announceDefaults(setting.key);
+        const Result<void> saved = m_defaults.save();
+        if (saved)
+            didSetDefault(setting.key);
+        else
+            m_defaults.set(setting, before);
+        return saved;
     }
 
     // Of the account.
@@ -56,7 +62,7 @@ public:
 
 private:
     Result<void> editSettings(const std::function<void(KWUserSettingsModel &)> &edit);
-    void announceDefaults(const char *key);
+    void didSetDefault(const char *key);
 
     KWCoreDataManager &m_manager;
     KWAccountManager &m_account;

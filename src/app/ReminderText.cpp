@@ -1,11 +1,12 @@
 #include "app/ReminderText.h"
 
 #include "corvexkit/time/CXClock.h"
+#include "model/settings/ClockFormat.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/DisplayTitle.h"
 
 #include <QDate>
 #include <QLocale>
-#include <QTime>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -22,11 +23,6 @@ QString joined(QStringList parts)
 
 } // namespace
 
-ReminderText::ReminderText(const CXClock &clock, QString clockFormat)
-    : m_clock(clock), m_clockFormat(std::move(clockFormat))
-{
-}
-
 QString ReminderText::identifierOf(const ReminderSubject &subject)
 {
     return subject.itemID.isEmpty() ? u"task:"_s + subject.taskID : u"item:"_s + subject.itemID;
@@ -41,30 +37,20 @@ QString ReminderText::dayText(Day day) const
                               QLocale::ShortFormat);
 }
 
-QString ReminderText::timeText(milliseconds sinceMidnight) const
-{
-    const QLocale locale;
-    const QTime time = QTime::fromMSecsSinceStartOfDay(int(sinceMidnight.count()));
-    if (m_clockFormat == u"24" || (m_clockFormat != u"12" && locale.language() == QLocale::C))
-        return locale.toString(time, u"HH:mm"_s);
-    if (m_clockFormat == u"12") return locale.toString(time, u"h:mm AP"_s);
-    return locale.toString(time, QLocale::ShortFormat);
-}
-
 QString ReminderText::whenText(const DueReminder &reminder) const
 {
     if (!reminder.startDate) return {};
     const LocalTime start = m_clock.zone().toLocal(*reminder.startDate);
     const Day day = floor<days>(start);
     if (reminder.isAllDay) return dayText(day);
-    const QString time = timeText(start - day);
+    const QString time = ClockFormat::timeOfDay(start - day, QLocale{});
     return day == m_clock.today() ? time : dayText(day) + u", "_s + time;
 }
 
 UserNotification ReminderText::notificationOf(const DueReminder &reminder) const
 {
     return {.identifier = identifierOf(reminder.subject),
-            .title = reminder.title,
+            .title = displayTitle(reminder.title),
             .body = joined({reminder.taskTitle, reminder.listName, whenText(reminder)}),
             .actions = {{openAction, KWLocalizedString("Open")},
                         {completeAction, KWLocalizedString("Complete")},
@@ -78,7 +64,7 @@ UserNotification ReminderText::digestOf(const QList<DueReminder> &reminders) con
 {
     QStringList lines;
     for (const DueReminder &each : reminders.first(std::min<qsizetype>(linesOfDigest, reminders.size())))
-        lines.append(joined({each.title, whenText(each)}));
+        lines.append(joined({displayTitle(each.title), whenText(each)}));
     if (const auto more = reminders.size() - lines.size(); more > 0)
         lines.append(KWLocalizedString("and %1 more").arg(more));
     return {.identifier = digestIdentifier,

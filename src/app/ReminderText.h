@@ -15,8 +15,7 @@ public:
     inline static const QString snoozeAction = QStringLiteral("snooze-");
     inline static const QString tomorrowAction = QStringLiteral("snooze-tomorrow");
 
-    /// `clockFormat` as the preference of that name has it.
-    ReminderText(const CXClock &clock, QString clockFormat);
+    explicit ReminderText(const CXClock &clock) : m_clock(clock) {}
 
     /// The identifier of a reminder's message: one for each subject.
     static QString identifierOf(const ReminderSubject &subject);
@@ -28,9 +27,7 @@ public:
 
 private:
     QString dayText(Day day) const;
-    QString timeText(std::chrono::milliseconds sinceMidnight) const;
     QString whenText(const DueReminder &reminder) const;
 
     const CXClock &m_clock;
-    QString m_clockFormat;
 };

@@ -72,7 +72,7 @@ Result<void> ShortcutConfiguration::setKeys(MenuCommand command, const QString &
         m_defaults.remove(Settings::keyboardShortcut, slotOf(command));
     else
         m_defaults.set(Settings::keyboardShortcut, keys, slotOf(command));
-    return {};
+    return m_defaults.save();
 }
 
 void ShortcutConfiguration::reset()

@@ -3,6 +3,7 @@
 #include "capture/LocaleDateFormat.h"
 #include "capture/ReminderPhrase.h"
 #include "corvexkit/time/TimeText.h"
+#include "model/settings/ClockFormat.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
 #include "model/text/UnicodeText.h"
 #include "nlp/NLPNativeTitleParser.h"
@@ -144,7 +145,7 @@ KWReminderModelFromNaturalLanguage KWNativeParser::parse(const QString &text, st
                             hour(smartHourNight), minute(smartHourNight));
     parser.setStartDay(firstWeekday);
     const LocaleDateFormat &format = LocaleDateFormat::current();
-    parser.setIs24DateFormat(format.is24Hour);
+    parser.setIs24DateFormat(ClockFormat::chosen24Hour().value_or(format.is24Hour));
     // The library's flag stands for the month first.
     parser.setIsUsOrUkDateFormat(!format.isUSOrUK);
 

@@ -12,8 +12,8 @@
 class QJsonObject;
 struct KWTaskDefaultConfiguration;
 
-/// Hands titles to the date library and makes of its answer what a task needs. The locale is the default
-/// one. Main thread only.
+/// Hands titles to the date library and makes of its answer what a task needs. Formats are those of
+/// the default locale, but for a chosen ClockFormat. Main thread only.
 class KWNativeParser {
 public:
     /// What an answer is read with.

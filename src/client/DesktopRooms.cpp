@@ -3,7 +3,6 @@
 #include "model/OrvaneKit.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/welcome/WelcomeWindow.h"
-#include "views/wording/DateWording.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -34,7 +33,6 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {
-    DateWording::setClockFormat(kit.defaults().value(Settings::clockFormat));
     connectStatusItem();
 }
 

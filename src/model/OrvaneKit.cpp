@@ -1,8 +1,11 @@
 #include "model/OrvaneKit.h"
 
+#include "model/settings/ClockFormat.h"
+
 OrvaneKit::OrvaneKit(const DataFolders &folders, std::unique_ptr<Store> store)
     : m_folders(folders), m_defaults(folders.config), m_store(std::move(store))
 {
+    ClockFormat::choose(m_defaults.value(Settings::clockFormat));
 }
 
 OrvaneKit::Opening OrvaneKit::open(const DataFolders &folders, const CXClock &clock)

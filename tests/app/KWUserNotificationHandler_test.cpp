@@ -3,6 +3,7 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
+#include "model/settings/ClockFormat.h"
 #include "model/store/Connection.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -167,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(scene.titlesAfter(2h), QStringList{});
         defaults.set(Settings::notificationsEnabled, true);
         defaults.set(Settings::notificationSound, false);
-        defaults.set(Settings::clockFormat, u"12"_s);
+        ClockFormat::choose(u"12"_s);
         scene.store.clock.advance(6h);
         QCOMPARE(scene.notifications.shown.size(), 1);
         QCOMPARE(scene.notifications.shown.first().body, u"Inbox · 3:30 PM"_s);

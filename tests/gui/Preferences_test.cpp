@@ -2,6 +2,7 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
+#include "model/settings/ClockFormat.h"
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 #include "views/preferences/PreferencesWindow.h"
@@ -60,7 +61,7 @@ private Q_SLOTS:
     {
         m_client.reset();
         ThemeConfigurator::shared().setMode(ThemeConfigurator::Mode::Light);
-        DateWording::setClockFormat({});
+        ClockFormat::choose({});
     }
 
     void everyControlHasANameAndAnswersToTheKeyboard()
@@ -87,6 +88,17 @@ private Q_SLOTS:
         QCOMPARE(m_client->kit().defaults().value(Settings::theme), u"dark"_s);
     }
 
+    void whatCannotBeKeptIsSaid()
+    {
+        const QString file = m_client->kit().folders().config + u"/standard.ini"_s;
+        QFile::remove(file);
+        QVERIFY(QDir{}.mkpath(file));
+        QTest::keyClick(&find<QComboBox>("theme"), Qt::Key_Down);
+        QVERIFY(message().contains(u"cannot be written"_s));
+        QCOMPARE(find<QComboBox>("theme").currentText(), u"As the desktop"_s);
+        QVERIFY(QDir{}.rmdir(file));
+    }
+
     void newTasksGetWhatWasChosen()
     {
         choose("newTaskPriority", u"Medium"_s);
@@ -111,6 +123,7 @@ private Q_SLOTS:
         QCOMPARE(*added(u"Run tomorrow morning"_s).startDate, at("2026-11-22 07:30"));
         choose("clockFormat", u"12 hours"_s);
         QCOMPARE(DateWording::timeOfDay(LocalTime{std::chrono::hours{17}}, QLocale::c()), u"5:00 PM"_s);
+        QCOMPARE(find<QTimeEdit>("smartTimeForMorning").displayFormat(), u"h:mm AP"_s);
     }
 
     void smartListsComeAndGo()

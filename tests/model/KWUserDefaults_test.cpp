@@ -68,6 +68,18 @@ private Q_SLOTS:
         QVERIFY(!KWTaskDefaultConfigurationManager::current(*m_defaults, {}).dateOffset);
     }
 
+    void saysWhatItCouldNotWrite()
+    {
+        const QString file = m_folder->filePath(u"standard.ini"_s);
+        QVERIFY(QDir{}.mkpath(file));
+        m_defaults->set(Settings::theme, u"dark"_s);
+        const Result<void> refused = m_defaults->save();
+        QVERIFY(!refused && refused.error().sentence.contains(file));
+        QVERIFY(QDir{}.rmdir(file));
+        QVERIFY(m_defaults->save());
+        QVERIFY(QFile::exists(file));
+    }
+
     void sharesValuesBetweenTwoInstances()
     {
         // Another path to the same files, as of another process.

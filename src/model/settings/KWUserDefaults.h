@@ -1,5 +1,7 @@
 #pragma once
 
+#include "corvexkit/Result.h"
+
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
@@ -106,6 +108,8 @@ public:
 
     /// Writes to disk now, and takes what another process has written.
     void synchronise();
+    /// The same; the error says which file could not be written.
+    Result<void> save();
 
 private:
     template <class Value>

@@ -2,6 +2,7 @@
 
 #include "model/records/KWSmartProject.h"
 #include "model/records/PriorityNames.h"
+#include "model/settings/ClockFormat.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/store/KWTaskFinder.h"
 #include "views/theme/Metrics.h"
@@ -36,10 +37,10 @@ GeneralPage::GeneralPage(Preferences &preferences, LoginItemPort &loginItem)
          {preferenceText("Light"), u"light"_s},
          {preferenceText("Dark"), u"dark"_s}},
         [&preferences] { return preferences.value(Settings::theme); },
-        [&preferences](const QString &theme) -> Result<void> {
-            preferences.set(Settings::theme, theme);
-            ThemeConfigurator::shared().setMode(ThemeConfigurator::modeNamed(theme));
-            return {};
+        [&preferences](const QString &theme) {
+            const Result<void> saved = preferences.set(Settings::theme, theme);
+            if (saved) ThemeConfigurator::shared().setMode(ThemeConfigurator::modeNamed(theme));
+            return saved;
         });
     const QLocale locale;
     auto *language = new QLabel{locale.language() == QLocale::C ? u"English"_s : locale.nativeLanguageName()};
@@ -73,11 +74,7 @@ NotificationsPage::NotificationsPage(Preferences &preferences)
                                               const char *hint) {
         addSwitch(
             name, preferenceText(label), [&preferences, &which] { return preferences.value(which); },
-            [&preferences, &which](bool isOn) -> Result<void> {
-                preferences.set(which, isOn);
-                return {};
-            },
-            preferenceText(hint));
+            [&preferences, &which](bool isOn) { return preferences.set(which, isOn); }, preferenceText(hint));
     };
     setting("notificationsEnabled", "Show reminders", Settings::notificationsEnabled,
             "Without them, tasks become due silently.");
@@ -106,9 +103,7 @@ void NotificationsPage::addReminders(const char *name, const QString &label,
 {
     // What was set elsewhere can be kept.
     const QStringList stored = preferences().settings().*field;
-    const auto isStored = [&stored](const Choice<QStringList> &each) { return each.value == stored; };
-    if (std::none_of(choices.begin(), choices.end(), isStored))
-        choices.append({reminderText(stored), stored});
+    if (!offers(choices, stored)) choices.append({reminderText(stored), stored});
     addChoice<QStringList>(
         name, label, choices, [this, field] { return preferences().settings().*field; },
         [this, field](const QStringList &reminders) { return preferences().set(field, reminders); });
@@ -118,23 +113,25 @@ DateTimePage::DateTimePage(Preferences &preferences)
     : PreferencesPage("dateTimePage", preferenceText("Date and Time"), preferences)
 {
     QList<Choice<int>> weekdays;
-    for (const int day : {2, 7, 1}) // Monday, Saturday, Sunday
+    const auto addWeekday = [&weekdays](int day) {
+        if (offers(weekdays, day)) return;
         weekdays.append({QLocale{}.dayName(day == 1 ? 7 : day - 1, QLocale::LongFormat), day});
+    };
+    for (const int day : {2, 7, 1}) // Monday, Saturday, Sunday
+        addWeekday(day);
+    addWeekday(preferences.settings().firstWeekday);
     addChoice<int>(
         "firstWeekday", preferenceText("Weeks begin on"), weekdays,
         [&preferences] { return preferences.settings().firstWeekday; },
         [&preferences](const int &day) { return preferences.set(&KWUserSettingsModel::firstWeekday, day); });
-    addChoice<QString>(
-        "clockFormat", preferenceText("Clock"),
-        {{preferenceText("As the desktop"), u"system"_s},
-         {preferenceText("24 hours"), u"24"_s},
-         {preferenceText("12 hours"), u"12"_s}},
-        [&preferences] { return preferences.value(Settings::clockFormat); },
-        [&preferences](const QString &format) -> Result<void> {
-            preferences.set(Settings::clockFormat, format);
-            DateWording::setClockFormat(format);
-            return {};
-        });
+    const QComboBox &clock = addChoice<QString>("clockFormat", preferenceText("Clock"), Settings::clockFormat,
+                                                {{preferenceText("As the desktop"), u"system"_s},
+                                                 {preferenceText("24 hours"), u"24"_s},
+                                                 {preferenceText("12 hours"), u"12"_s}});
+    connect(&clock, &QComboBox::activated, this, [this] {
+        for (QTimeEdit *each : findChildren<QTimeEdit *>())
+            each->setDisplayFormat(ClockFormat::pattern(QLocale{}));
+    });
     addSwitch(
         "timeZoneOption", preferenceText("Time zones of tasks"),
         [&preferences] { return preferences.settings().isTimeZoneOptionEnabled; },
@@ -158,7 +155,7 @@ DateTimePage::DateTimePage(Preferences &preferences)
 void DateTimePage::addSmartTime(const char *name, const QString &label, int KWUserSettingsModel::*field)
 {
     auto *edit = new QTimeEdit;
-    edit->setDisplayFormat(DateWording::timeFormat(QLocale{}));
+    edit->setDisplayFormat(ClockFormat::pattern(QLocale{}));
     edit->setKeyboardTracking(false);
     edit->setButtonSymbols(QAbstractSpinBox::NoButtons);
     edit->setAlignment(Qt::AlignCenter);
@@ -187,12 +184,14 @@ NewTasksPage::NewTasksPage(Preferences &preferences)
             return preferences.set(&KWUserSettingsModel::defaultListID, listID);
         },
         preferenceText("Where a task goes that is typed outside of a list."));
-    addChoice<int>("newTaskDate", preferenceText("Date"), Settings::newTaskDateOffset,
-                   {{preferenceText("None"), -1},
-                    {preferenceText("Today"), 0},
-                    {preferenceText("Tomorrow"), 1},
-                    {preferenceText("The day after tomorrow"), 2},
-                    {preferenceText("In a week"), 7}});
+    QList<Choice<int>> dates{{preferenceText("None"), -1},
+                             {preferenceText("Today"), 0},
+                             {preferenceText("Tomorrow"), 1},
+                             {preferenceText("The day after tomorrow"), 2},
+                             {preferenceText("In a week"), 7}};
+    const int storedDate = std::max(-1, preferences.value(Settings::newTaskDateOffset));
+    if (!offers(dates, storedDate)) dates.append({preferenceText("In %1 days").arg(storedDate), storedDate});
+    addChoice<int>("newTaskDate", preferenceText("Date"), Settings::newTaskDateOffset, dates);
     QList<Choice<int>> priorities;
     for (const KWTaskPriority each : KWTaskPriorities)
         priorities.append({displayName(each), each});

@@ -37,6 +37,13 @@ protected:
         QString text;
         Value value;
     };
+    /// What was set elsewhere may be none of the usual choices; it can be kept.
+    template <class Value>
+    static bool offers(const QList<Choice<Value>> &choices, const std::type_identity_t<Value> &value)
+    {
+        return std::any_of(choices.begin(), choices.end(),
+                           [&value](const Choice<Value> &each) { return each.value == value; });
+    }
     template <class Value>
     QComboBox &addChoice(const char *name, const QString &label, const QList<Choice<Value>> &choices,
                          std::function<Value()> stored, std::function<Result<void>(const Value &)> apply,
@@ -64,11 +71,7 @@ protected:
     {
         return addChoice<Value>(
             name, label, choices, [this, &setting] { return m_preferences.value(setting); },
-            [this, &setting](const Value &value) -> Result<void> {
-                m_preferences.set(setting, value);
-                return {};
-            },
-            hint);
+            [this, &setting](const Value &value) { return m_preferences.set(setting, value); }, hint);
     }
 
     void report(const Result<void> &saved, const std::function<void()> &showStored);

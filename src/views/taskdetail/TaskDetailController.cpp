@@ -17,8 +17,8 @@ TaskDetailController::TaskDetailController(TaskDetailView &view, OrvaneKit &kit)
         if (touchesTask || change.touches(RecordKind::ChecklistItem) || change.touches(RecordKind::Project))
             refresh();
     });
-    for (const QString &name : {KWNewMinuteComesNotification, KWDataDidChangeOutsideMainAppNotification,
-                                KWSyncDidBatchPullNotification})
+    for (const QString &name : {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification,
+                                KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification})
         m_observations.push_back(
             kit.center().addObserver(name, [this](const KWNotification &) { refresh(); }));
 }

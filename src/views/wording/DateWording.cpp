@@ -1,10 +1,10 @@
 #include "views/wording/DateWording.h"
 
+#include "model/settings/ClockFormat.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/wording/CalendarDay.h"
 
 #include <QList>
-#include <QTime>
 
 #include <algorithm>
 
@@ -61,28 +61,11 @@ QString pattern(const QLocale &locale, QStringView fields)
     return result;
 }
 
-QString &chosenClock()
-{
-    static QString format;
-    return format;
-}
-
 } // namespace
-
-void DateWording::setClockFormat(const QString &format) { chosenClock() = format; }
-
-QString DateWording::timeFormat(const QLocale &locale)
-{
-    if (chosenClock() == u"24") return u"HH:mm"_s;
-    if (chosenClock() == u"12") return u"h:mm AP"_s;
-    const bool isPlain = locale.language() == QLocale::C;
-    return isPlain ? u"HH:mm"_s : locale.timeFormat(QLocale::ShortFormat);
-}
 
 QString DateWording::timeOfDay(LocalTime time, const QLocale &locale)
 {
-    const QTime clockTime = QTime::fromMSecsSinceStartOfDay(int((time - floor<days>(time)).count()));
-    return locale.toString(clockTime, timeFormat(locale));
+    return ClockFormat::timeOfDay(time - floor<days>(time), locale);
 }
 
 QString DateWording::dayAndMonth(Day day, const QLocale &locale)

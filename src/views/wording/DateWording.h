@@ -8,11 +8,7 @@
 /// Days and times in words, the way a person reads them in a list. Main thread.
 namespace DateWording {
 
-/// "09:30" or "9:30 AM", in the chosen format, else in the locale's short one.
-/// How times of day are written from now on: "24", "12", or any other text for the way of the locale.
-void setClockFormat(const QString &format);
-/// The format of a time of day, as QLocale has it.
-QString timeFormat(const QLocale &locale);
+/// "09:30" or "9:30 AM": see ClockFormat.
 QString timeOfDay(LocalTime time, const QLocale &locale);
 
 /// "24 Nov" or "Nov 24": day and short month in the order of the locale's long date format.
