@@ -84,16 +84,13 @@ Result<std::optional<Instant>> nowOf(const Invocation &invocation, const CXTimeZ
                      .arg(invocation.now)};
 }
 
-bool takesStoreAsItIs(const Invocation &invocation)
-{
-    return QStringList{u"backup"_s, u"export"_s, u"import"_s}.contains(invocation.command);
-}
-
-// Whoever adds the first task on a fresh computer gets the local account that the window would make.
+// Commands work for somebody who has signed out as well, and leave it at that. Whoever adds the first task
+// on a fresh computer gets the local account that the window would make.
 Result<void> prepareAccount(const Invocation &invocation, OrvaneKit &kit)
 {
     if (invocation.isDemo) return fillDemoAccount(kit);
-    if (invocation.isDryRun || takesStoreAsItIs(invocation) || kit.account().isSignedIn()) return {};
+    if (kit.account().isSignedIn() || kit.account().workWithLocalAccount()) return {};
+    if (invocation.isDryRun || invocation.command != u"add") return {};
     return kit.account().openLocalAccount(QLocale{});
 }
 

@@ -79,6 +79,10 @@ private Q_SLOTS:
         QCOMPARE(account().userSettings(), KWUserSettingsModel{});
         m_store->reopen();
         QVERIFY(!account().isSignedIn());
+        QVERIFY(account().workWithLocalAccount());
+        QCOMPARE(account().currentUserID(), user);
+        account().refreshCurrentUser();
+        QVERIFY(!account().isSignedIn());
 
         QVERIFY(account().signInLocally(QLocale::c()));
         QCOMPARE(account().currentUserID(), user);

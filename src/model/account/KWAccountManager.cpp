@@ -13,6 +13,13 @@ namespace {
 // Qt counts Monday 1 … Sunday 7, the settings Sunday 1 … Saturday 7.
 int firstWeekdayOf(const QLocale &locale) { return int(locale.firstDayOfWeek()) % 7 + 1; }
 
+KWUser *findLocalAccount(ObjectContext &context)
+{
+    const QList<KWUser *> found =
+        context.fetch<KWUser>({.where = "userServerID = 0 AND isDeleted = 0", .limit = 1});
+    return found.isEmpty() ? nullptr : found.first();
+}
+
 KWUser &makeLocalAccount(ObjectContext &context, const QLocale &locale)
 {
     KWUserModel user;
@@ -44,22 +51,31 @@ KWAccountManager::KWAccountManager(KWCoreDataManager &manager, KWNotificationCen
 
 void KWAccountManager::refreshCurrentUser()
 {
-    ObjectContext &context = m_manager.MR_defaultContext();
-    const QList<KWUser *> signedIn =
-        context.fetch<KWUser>({.where = "isSignedIn = 1 AND isDeleted = 0", .limit = 1});
-    m_currentUser = signedIn.isEmpty() ? std::nullopt : std::optional{signedIn.first()->model()};
-    m_settings = m_currentUser ? context.find<KWUserSettings>(m_currentUser->sid) : nullptr;
+    const QList<KWUser *> signedIn = m_manager.MR_defaultContext().fetch<KWUser>(
+        {.where = "isSignedIn = 1 AND isDeleted = 0", .limit = 1});
+    takeAsCurrent(signedIn.isEmpty() ? nullptr : signedIn.first());
+}
+
+void KWAccountManager::takeAsCurrent(const KWUser *user)
+{
+    m_currentUser = user ? std::optional{user->model()} : std::nullopt;
+    m_settings = user ? m_manager.MR_defaultContext().find<KWUserSettings>(user->sid()) : nullptr;
+}
+
+bool KWAccountManager::workWithLocalAccount()
+{
+    takeAsCurrent(findLocalAccount(m_manager.MR_defaultContext()));
+    return isSignedIn();
 }
 
 Result<void> KWAccountManager::openLocalAccount(const QLocale &locale, const FirstContent &content)
 {
     const Result<void> saved =
         KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-            const QList<KWUser *> existing =
-                context.fetch<KWUser>({.where = "userServerID = 0 AND isDeleted = 0", .limit = 1});
-            KWUser &account = existing.isEmpty() ? makeLocalAccount(context, locale) : *existing.first();
+            KWUser *existing = findLocalAccount(context);
+            KWUser &account = existing ? *existing : makeLocalAccount(context, locale);
             account.set(&KWUserModel::isSignedIn, true);
-            return existing.isEmpty() && content ? content(account.userID(), context) : Result<void>{};
+            return !existing && content ? content(account.userID(), context) : Result<void>{};
         });
     if (saved) refreshCurrentUser();
     return saved;

@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 
+class KWUser;
 class KWUserDefaults;
 class KWUserSettings;
 
@@ -35,6 +36,9 @@ public:
     /// The same, announced to nobody, for commands without a window. An account that is made for it has
     /// `content` from the start; one that exists is left as it is.
     Result<void> openLocalAccount(const QLocale &locale, const FirstContent &content = {});
+    /// Takes the local account as the current one of this process alone, signed in or not; whether there is
+    /// one.
+    bool workWithLocalAccount();
     /// Keeps everything stored; posts "KWUserDidSignOutNotification".
     Result<void> signOut();
 
@@ -51,6 +55,8 @@ public:
     }
 
 private:
+    void takeAsCurrent(const KWUser *user);
+
     KWCoreDataManager &m_manager;
     KWNotificationCenter &m_center;
     KWUserDefaults &m_defaults;
