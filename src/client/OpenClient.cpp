@@ -25,7 +25,7 @@ Result<void> replaceStore(StoreProblemAnswer answer, const std::optional<StoreBa
 {
     const Result<QString> kept = answer == StoreProblemAnswer::RestoreBackup
                                      ? restoreStore(backup->path, folders, clock)
-                                     : Store::setAside(folders.store(), clock.localNow());
+                                     : Store::startFresh(folders.store(), clock, AsideReason::Damaged);
     return kept ? Result<void>{} : kept.error();
 }
 
@@ -38,7 +38,8 @@ std::unique_ptr<OrvaneKit> openAsking(const DataFolders &folders, const CXClock 
         failWith(opening.sentence, ExitStatus::CouldNot, err);
         err.flush();
         std::optional<StoreBackup> backup;
-        if (opening.problem == StoreProblem::Damaged) backup = StoreBackups{folders}.newestGood();
+        if (opening.problem == StoreProblem::Damaged || opening.problem == StoreProblem::Lost)
+            backup = StoreBackups{folders}.newestGood();
         const StoreProblemAnswer answer = askAboutStoreProblem(opening.problem, opening.sentence, backup);
         if (answer == StoreProblemAnswer::Quit) return nullptr;
         if (const Result<void> replaced = replaceStore(answer, backup, folders, clock); !replaced) {

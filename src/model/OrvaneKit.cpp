@@ -1,6 +1,9 @@
 #include "model/OrvaneKit.h"
 
 #include "model/settings/ClockFormat.h"
+#include "model/store/StoreBackups.h"
+
+#include <QFileInfo>
 
 OrvaneKit::OrvaneKit(const DataFolders &folders, std::unique_ptr<Store> store)
     : m_folders(folders), m_defaults(folders.config), m_store(std::move(store))
@@ -10,6 +13,9 @@ OrvaneKit::OrvaneKit(const DataFolders &folders, std::unique_ptr<Store> store)
 
 OrvaneKit::Opening OrvaneKit::open(const DataFolders &folders, const CXClock &clock)
 {
+    // No first start: another store would let the good backups go, one a day.
+    if (QFileInfo{folders.store()}.size() == 0 && !StoreBackups{folders}.list().isEmpty())
+        return {nullptr, StoreProblem::Lost, Store::sentenceFor(StoreProblem::Lost, folders.store())};
     Store::Opening opening = Store::open(folders.store(), clock);
     if (!opening.store) return {nullptr, opening.problem, opening.sentence};
 

@@ -70,6 +70,22 @@ private Q_SLOTS:
         QCOMPARE(QDir{folders.backups()}.entryList(QDir::Files).size(), 7);
     }
 
+    void aStoreThatIsGoneIsNoFirstStart()
+    {
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        QVERIFY(StoreBackups{folders}.makeDaily(store.context().connection(), store.clock.today()));
+        store.close();
+        const auto problem = [&] { return OrvaneKit::open(folders, store.clock).problem; };
+        write(folders.store(), {});
+        QCOMPARE(problem(), StoreProblem::Lost);
+        QVERIFY(QFile::remove(folders.store()));
+        QCOMPARE(problem(), StoreProblem::Lost);
+        QVERIFY(StoreBackups{folders}.newestGood());
+        QVERIFY(Store::startFresh(folders.store(), store.clock, AsideReason::FreshStart));
+        QVERIFY(OrvaneKit::open(folders, store.clock).kit);
+    }
+
     void aBackupTakesThePlaceOfTheStore()
     {
         StoreFixture store;

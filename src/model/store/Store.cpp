@@ -32,26 +32,9 @@ constexpr int pageCountOffset = 28;
 constexpr int userVersionOffset = 60;
 constexpr int applicationIDOffset = 68;
 
-QString sentenceFor(StoreProblem problem, const QString &path)
-{
-    const QString shown = QDir::toNativeSeparators(path);
-    switch (problem) {
-    case StoreProblem::CannotWrite:
-        return storeText("Orvane cannot write its data in “%1”.").arg(QFileInfo{shown}.path());
-    case StoreProblem::NewerVersion:
-        return storeText("“%1” was written by a newer version of Orvane; this version leaves it untouched.")
-            .arg(shown);
-    case StoreProblem::NotAStore:
-        return storeText("“%1” is not an Orvane store; it was left untouched.").arg(shown);
-    case StoreProblem::Damaged:
-        return storeText("The store “%1” is damaged; it was left untouched.").arg(shown);
-    }
-    return {};
-}
-
 Store::Opening failed(StoreProblem problem, const QString &path)
 {
-    Store::Opening opening{nullptr, problem, sentenceFor(problem, path)};
+    Store::Opening opening{nullptr, problem, Store::sentenceFor(problem, path)};
     storeFileLog.error(opening.sentence);
     return opening;
 }
@@ -225,6 +208,25 @@ bool Store::looksLikeStore(const QString &path)
            problem != StoreProblem::CannotWrite;
 }
 
+QString Store::sentenceFor(StoreProblem problem, const QString &path)
+{
+    const QString shown = QDir::toNativeSeparators(path);
+    switch (problem) {
+    case StoreProblem::CannotWrite:
+        return storeText("Orvane cannot write its data in “%1”.").arg(QFileInfo{shown}.path());
+    case StoreProblem::NewerVersion:
+        return storeText("“%1” was written by a newer version of Orvane; this version leaves it untouched.")
+            .arg(shown);
+    case StoreProblem::NotAStore:
+        return storeText("“%1” is not an Orvane store; it was left untouched.").arg(shown);
+    case StoreProblem::Damaged:
+        return storeText("The store “%1” is damaged; it was left untouched.").arg(shown);
+    case StoreProblem::Lost:
+        return storeText("The store “%1” is gone, but there are backups of it.").arg(shown);
+    }
+    return {};
+}
+
 Result<QString> Store::setAside(const QString &path, LocalTime now, AsideReason reason)
 {
     QString time = TimeText::fromLocalTime(now, TimeText::Fraction::Never);
@@ -239,6 +241,14 @@ Result<QString> Store::setAside(const QString &path, LocalTime now, AsideReason 
             return Error{storeText("“%1” could not be moved aside.").arg(from)};
     }
     return kept;
+}
+
+Result<QString> Store::startFresh(const QString &path, const CXClock &clock, AsideReason reason)
+{
+    Result<QString> kept = setAside(path, clock.localNow(), reason);
+    if (!kept) return kept;
+    const Opening fresh = open(path, clock);
+    return fresh.store ? kept : Error{fresh.sentence};
 }
 
 std::unique_ptr<Connection> Store::connect()

@@ -15,6 +15,7 @@ enum class StoreProblem {
     NewerVersion, ///< a later version of the program wrote it
     NotAStore,    ///< the file is something else
     Damaged,
+    Lost, ///< the file is missing or empty, and yet there are backups of it
 };
 
 /// Why a store was moved aside; the name under which it is kept says it.
@@ -44,6 +45,11 @@ public:
     /// was kept under, with "-2" and so on behind the time when that is taken.
     static Result<QString> setAside(const QString &path, LocalTime now,
                                     AsideReason reason = AsideReason::Damaged);
+    /// Moves it aside and puts an empty store in its place.
+    static Result<QString> startFresh(const QString &path, const CXClock &clock, AsideReason reason);
+
+    /// The problem with the store at `path` in a sentence for a person.
+    static QString sentenceFor(StoreProblem problem, const QString &path);
 
     ~Store();
 

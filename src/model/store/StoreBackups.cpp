@@ -151,7 +151,7 @@ void StoreBackups::dropOld(Day today) const
 
 std::optional<StoreBackup> StoreBackups::newestGood() const
 {
-    const QList<StoreBackup> all = daily();
+    const QList<StoreBackup> all = list();
     const auto found = std::ranges::find_if(all, isSound, &StoreBackup::path);
     return found == all.end() ? std::nullopt : std::optional{*found};
 }

@@ -44,7 +44,7 @@ public:
     /// path. A damaged store is not backed up: the good backups stay.
     Result<QString> makeDaily(Connection &store, Day today) const;
 
-    /// The newest daily backup that is sound. Reads each from end to end until one is.
+    /// The newest of list() that is sound. Reads each from end to end until one is.
     std::optional<StoreBackup> newestGood() const;
 
     /// Writes the store into `file`, which is replaced when it is a store already and left when it is

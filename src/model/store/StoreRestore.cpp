@@ -28,6 +28,7 @@ Error refusal(StoreProblem problem, const QString &file)
     case StoreProblem::Damaged:
         return {storeText("“%1” is damaged, so nothing was restored.").arg(file)};
     case StoreProblem::CannotWrite:
+    case StoreProblem::Lost:
         break;
     }
     return {storeText("“%1” could not be copied into the data folder, so nothing was restored.").arg(file)};

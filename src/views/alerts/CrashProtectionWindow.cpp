@@ -85,8 +85,7 @@ CrashProtectionWindow::Outcome CrashProtectionWindow::restoreBackup()
 
 CrashProtectionWindow::Outcome CrashProtectionWindow::startEmpty()
 {
-    const Result<QString> kept =
-        Store::setAside(m_folders.store(), m_clock.localNow(), AsideReason::FreshStart);
+    const Result<QString> kept = Store::startFresh(m_folders.store(), m_clock, AsideReason::FreshStart);
     if (!kept) {
         tellFailure(kept.error());
         return Outcome::AskAgain;

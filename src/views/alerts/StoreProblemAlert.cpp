@@ -9,17 +9,24 @@ StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sen
 {
     const QString title = KWLocalizedString("Orvane cannot open your tasks");
     const QString quit = KWLocalizedString("Quit");
-    if (problem != StoreProblem::Damaged) {
+    const bool isLost = problem == StoreProblem::Lost;
+    if (problem != StoreProblem::Damaged && !isLost) {
         Alert::run({title, sentence, {quit}});
         return StoreProblemAnswer::Quit;
     }
     QString question =
-        KWLocalizedString("You can keep the damaged store beside a fresh, empty one, and start with that.");
+        isLost ? KWLocalizedString("None of the backups can be read. You can start with an empty store.")
+               : KWLocalizedString(
+                     "You can keep the damaged store beside a fresh, empty one, and start with that.");
     QList<StoreProblemAnswer> answers{StoreProblemAnswer::StartFresh, StoreProblemAnswer::Quit};
-    QStringList buttons{KWLocalizedString("Set Aside and Start Fresh"), quit};
+    QStringList buttons{
+        isLost ? KWLocalizedString("Start Fresh") : KWLocalizedString("Set Aside and Start Fresh"), quit};
     if (backup) {
-        question = KWLocalizedString("%1 can take its place, or an empty store. The damaged store is kept.")
-                       .arg(titleOf(*backup));
+        question =
+            (isLost
+                 ? KWLocalizedString("%1 can take its place, or an empty store.")
+                 : KWLocalizedString("%1 can take its place, or an empty store. The damaged store is kept."))
+                .arg(titleOf(*backup));
         answers.prepend(StoreProblemAnswer::RestoreBackup);
         buttons.prepend(KWLocalizedString("Restore Backup"));
     }

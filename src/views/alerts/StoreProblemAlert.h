@@ -5,7 +5,7 @@
 
 enum class StoreProblemAnswer { Quit, StartFresh, RestoreBackup };
 
-/// Tells why the store cannot be opened. Only a damaged one leaves a choice: to put `backup`, if there is
-/// one, in its place, or to start with an empty store; the damaged one is kept either way.
+/// Tells why the store cannot be opened. Only a damaged or lost one leaves a choice: to put `backup`, if
+/// there is one, in its place, or to start with an empty store; a damaged one is kept either way.
 StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sentence,
                                         const std::optional<StoreBackup> &backup = {});
