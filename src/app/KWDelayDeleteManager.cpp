@@ -9,6 +9,7 @@
 #include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/TaskPermissions.h"
+#include "model/text/DisplayTitle.h"
 
 #include <QTextBoundaryFinder>
 
@@ -31,7 +32,7 @@ QString shortened(const QString &title)
 
 QString deletedText(const QString &title)
 {
-    return KWLocalizedString("%@ deleted").replace("%@"_L1, shortened(title));
+    return KWLocalizedString("%@ deleted").replace("%@"_L1, shortened(displayTitle(title)));
 }
 
 QStringList idsOf(const QList<KWTask *> &tasks)
@@ -149,14 +150,14 @@ void KWDelayDeleteManager::start(Pending pending, const QString &message)
             setOf(*pending.type).insert(each);
     m_pending = std::move(pending);
     post(*m_pending, KWDelayDeleteStatus::Started);
-    m_pending->toast->showUndo(message, [this] { undo(); });
+    m_pending->offer = m_pending->toast->showUndo(message, [this] { undo(); });
     endLater();
 }
 
 void KWDelayDeleteManager::endLater()
 {
     m_end = m_with.clock.callAfter(undoTime, [this] {
-        if (m_pending->toast->isUndoHeld())
+        if (m_pending->toast->isUndoHeld(m_pending->offer))
             endLater();
         else
             commitPending();
@@ -170,7 +171,7 @@ std::optional<KWDelayDeleteManager::Pending> KWDelayDeleteManager::end()
     if (m_pending->type)
         for (const QString &each : m_pending->ids)
             setOf(*m_pending->type).remove(each);
-    m_pending->toast->endUndo();
+    m_pending->toast->endUndo(m_pending->offer);
     return std::exchange(m_pending, std::nullopt);
 }
 

@@ -64,6 +64,7 @@ private:
         QStringList ids;
         std::function<Result<void>()> commit;
         std::function<void()> undo;
+        ToastPort::Offer offer = 0;
     };
 
     void start(Pending pending, const QString &message);

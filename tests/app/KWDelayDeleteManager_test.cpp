@@ -14,18 +14,23 @@ using namespace std::chrono_literals;
 namespace {
 
 struct RecordingToast final : ToastPort {
-    void showUndo(const QString &message, std::function<void()> undo) override
+    Offer showUndo(const QString &message, std::function<void()> undo) override
     {
         lines << message;
         press = std::move(undo);
+        return ++lastOffer;
     }
     void showFailure(const QString &sentence) override { lines << sentence; }
-    void endUndo() override { press = {}; }
-    bool isUndoHeld() const override { return isHeld; }
+    void endUndo(Offer offer) override
+    {
+        if (offer == lastOffer) press = {};
+    }
+    bool isUndoHeld(Offer offer) const override { return isHeld && offer == lastOffer; }
 
     QStringList lines;
     std::function<void()> press;
     bool isHeld = false;
+    Offer lastOffer = 0;
 };
 
 } // namespace
@@ -72,6 +77,7 @@ private Q_SLOTS:
         QCOMPARE(deletes({u"0123456789a"_s}), u"0123456789... deleted"_s);
         QCOMPARE(deletes({astronaut.repeated(11)}), astronaut.repeated(10) + u"... deleted"_s);
         QCOMPARE(deletes({u"a"_s, u"b"_s}), u"Deleted"_s);
+        QCOMPARE(deletes({QString{}}), u"No Title deleted"_s);
     }
 
     void hidesAtOnceAndDeletesWhenTheTimeIsOver()
@@ -113,6 +119,16 @@ private Q_SLOTS:
         scene.manager.deleteTasks({second});
         scene.store.kit().center().post(KWUserDidSignOutNotification);
         QVERIFY(scene.isTrashed(second));
+    }
+
+    void leavesTheOfferOfAnotherAlone()
+    {
+        Scene scene;
+        scene.manager.deleteTasks({scene.make(u"First"_s)});
+        scene.toast.showUndo(u"Completed"_s, [] {});
+        scene.toast.isHeld = true; // the keyboard is in the other one
+        scene.store.clock.advance(KWDelayDeleteManager::undoTime);
+        QVERIFY(!scene.manager.isToastShown() && scene.toast.press);
     }
 
     void showsAgainWhatCannotBeDeleted()

@@ -9,12 +9,15 @@
 class ToastPort {
 public:
     virtual ~ToastPort() = default;
+    /// Which message of showUndo() is meant: none is 0.
+    using Offer = int;
+
     /// Shows a message with the button "Undo" in place of the one before.
-    virtual void showUndo(const QString & /*message*/, std::function<void()> /*undo*/) {}
+    virtual Offer showUndo(const QString & /*message*/, std::function<void()> /*undo*/) { return 0; }
     /// Says why something could not be done.
     virtual void showFailure(const QString & /*sentence*/) {}
-    /// Takes the last message of showUndo() away, if it is still there.
-    virtual void endUndo() {}
-    /// The keyboard is in the message of showUndo(): it is not the time to take it away.
-    virtual bool isUndoHeld() const { return false; }
+    /// Takes the message away, if it is still there.
+    virtual void endUndo(Offer /*offer*/) {}
+    /// The keyboard is in the message: it is not the time to take it away.
+    virtual bool isUndoHeld(Offer /*offer*/) const { return false; }
 };

@@ -169,7 +169,7 @@ void MainWindow::endToastLater()
     m_toastEnd = m_clock.callAfter(toastTime, [this] {
         if (m_toast->actionButton().hasFocus()) return endToastLater();
         m_toastAction = {};
-        m_isUndoOffered = false;
+        m_undoOffer = 0;
         m_toast->dismiss();
     });
 }
@@ -177,7 +177,7 @@ void MainWindow::endToastLater()
 void MainWindow::performToastAction()
 {
     m_toastEnd.cancel();
-    m_isUndoOffered = false;
+    m_undoOffer = 0;
     if (const auto perform = std::exchange(m_toastAction, {})) perform();
 }
 
@@ -185,36 +185,40 @@ void MainWindow::showAction(const QString &message, const QString &action,
                             const std::function<void()> &perform)
 {
     m_toastAction = perform;
-    m_isUndoOffered = false;
+    m_undoOffer = 0;
     showToast(message, action);
 }
 
-void MainWindow::showUndo(const QString &message, const std::function<void()> &undo)
+ToastPort::Offer MainWindow::showUndo(const QString &message, const std::function<void()> &undo)
 {
     showAction(message, KWLocalizedString("Undo"), undo);
-    m_isUndoOffered = true;
+    return m_undoOffer = ++m_lastOffer;
 }
 
-void MainWindow::endUndo()
+void MainWindow::endUndo(ToastPort::Offer offer)
 {
-    if (!std::exchange(m_isUndoOffered, false)) return;
+    if (offer == 0 || offer != m_undoOffer) return;
+    m_undoOffer = 0;
     m_toastEnd.cancel();
     m_toastAction = {};
     m_toast->dismiss();
 }
 
-bool MainWindow::isUndoHeld() const { return m_isUndoOffered && m_toast->actionButton().hasFocus(); }
+bool MainWindow::isUndoHeld(ToastPort::Offer offer) const
+{
+    return offer != 0 && offer == m_undoOffer && m_toast->actionButton().hasFocus();
+}
 
 void MainWindow::showMessage(const QString &message)
 {
     m_toastAction = {};
-    m_isUndoOffered = false;
+    m_undoOffer = 0;
     showToast(message, {});
 }
 
 bool MainWindow::takeBack()
 {
-    if (!m_isUndoOffered) return false;
+    if (m_undoOffer == 0) return false;
     m_toast->dismiss();
     performToastAction();
     return true;

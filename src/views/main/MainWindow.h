@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ports/ToastPort.h"
 #include "corvexkit/time/CXClock.h"
 
 #include <QWidget>
@@ -40,11 +41,9 @@ public:
     /// the keyboard is in it.
     void showAction(const QString &message, const QString &action, const std::function<void()> &perform);
     /// The same, with an action that takes something back.
-    void showUndo(const QString &message, const std::function<void()> &undo);
-    /// Takes the message away when it is one of showUndo().
-    void endUndo();
-    /// The keyboard is in the message of showUndo().
-    bool isUndoHeld() const;
+    ToastPort::Offer showUndo(const QString &message, const std::function<void()> &undo);
+    void endUndo(ToastPort::Offer offer);
+    bool isUndoHeld(ToastPort::Offer offer) const;
     void showMessage(const QString &message);
     /// Does what the message on show offers to take back; whether there is one.
     bool takeBack();
@@ -74,7 +73,8 @@ private:
     TaskDetailView *m_detail;
     Toast *m_toast;
     bool m_isNarrow = false;
-    bool m_isUndoOffered = false;
+    ToastPort::Offer m_undoOffer = 0; // of the message on show
+    ToastPort::Offer m_lastOffer = 0;
     std::function<void()> m_toastAction;
     ClockCall m_toastEnd;
 };

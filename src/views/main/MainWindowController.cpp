@@ -17,8 +17,10 @@
 #include "views/tasklist/TaskListView.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
+#include "views/trash/TrashController.h"
 
 #include <QFontMetrics>
+#include <QMenu>
 
 namespace {
 
@@ -35,6 +37,7 @@ struct MainWindowController::Content {
         , tasks{window.listPane(),  rooms.tasks, rooms.sidebar, ticker, editor,
                 rooms.kit.center(), rooms.clock}
         , addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
+        , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
         , detail{window.detail(), rooms.kit}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
         , commands{{rooms.menu, window, tasks, rooms.sidebar, editor, rooms.kit.manager(),
@@ -48,6 +51,7 @@ struct MainWindowController::Content {
     SidebarController sidebar;
     TaskListController tasks;
     AddFieldController addField;
+    TrashController trash;
     TaskDetailController detail;
     TaskWhereabouts whereabouts;
     MainWindowCommands commands;
@@ -72,9 +76,9 @@ void MainWindowController::close()
     m_content.reset();
 }
 
-void MainWindowController::showUndo(const QString &message, std::function<void()> undo)
+ToastPort::Offer MainWindowController::showUndo(const QString &message, std::function<void()> undo)
 {
-    if (m_content) m_content->window.showUndo(message, undo);
+    return m_content ? m_content->window.showUndo(message, undo) : 0;
 }
 
 void MainWindowController::showFailure(const QString &sentence)
@@ -82,12 +86,15 @@ void MainWindowController::showFailure(const QString &sentence)
     if (m_content) m_content->window.showMessage(sentence);
 }
 
-void MainWindowController::endUndo()
+void MainWindowController::endUndo(Offer offer)
 {
-    if (m_content) m_content->window.endUndo();
+    if (m_content) m_content->window.endUndo(offer);
 }
 
-bool MainWindowController::isUndoHeld() const { return m_content && m_content->window.isUndoHeld(); }
+bool MainWindowController::isUndoHeld(Offer offer) const
+{
+    return m_content && m_content->window.isUndoHeld(offer);
+}
 
 void MainWindowController::select(const KWListIdentifier &list) { m_rooms.sidebar.select(list); }
 
@@ -141,8 +148,16 @@ void MainWindowController::connectColumns()
     connect(&content.detail, &TaskDetailController::completionToggled, &content.tasks,
             &TaskListController::tick);
     connect(&content.tasks, &TaskListController::statusChanged, &window, &MainWindow::showUndo);
-    connect(&list, &TaskListView::deletionRequested, this,
-            [this](const QString &taskID) { m_rooms.deletes.deleteTasks({taskID}); });
+    connect(&list, &TaskListView::deletionRequested, this, [this](const QString &taskID) {
+        if (m_content->trash.isShown())
+            m_content->trash.deleteForever(taskID);
+        else
+            m_rooms.deletes.deleteTasks({taskID});
+    });
+    connect(&list, &TaskListView::menuAboutToShow, this, &MainWindowController::fillRowMenu);
+    connect(&content.tasks, &TaskListController::shown, &content.trash, &TrashController::showOffer);
+    connect(&content.trash, &TrashController::restored, &window, &MainWindow::showUndo);
+    connect(&content.trash, &TrashController::failed, &window, &MainWindow::showMessage);
     connect(&content.detail, &TaskDetailController::itemRemovalRequested, this,
             [this](const auto &remove, const auto &restore) {
                 m_rooms.deletes.deleteChecklistItemsWithCount(1, *this, remove, restore, [] {});
@@ -153,6 +168,13 @@ void MainWindowController::connectColumns()
     connect(&content.commands, &MainWindowCommands::changed, &window, &MainWindow::showUndo);
     connect(&content.commands, &MainWindowCommands::failed, &window, &MainWindow::showMessage);
     connect(&window, &MainWindow::closed, this, &MainWindowController::windowClosed);
+}
+
+void MainWindowController::fillRowMenu(QMenu &menu, const QString &taskID)
+{
+    if (m_content->trash.isShown()) return m_content->trash.fillMenu(menu, taskID);
+    connect(menu.addAction(tr("Delete")), &QAction::triggered, this,
+            [this, taskID] { m_rooms.deletes.deleteTasks({taskID}); });
 }
 
 void MainWindowController::showAdded(const QString &taskID)

@@ -14,6 +14,7 @@
 class MainMenu;
 class MainWindow;
 class OrvaneKit;
+class QMenu;
 
 /// The main window with everything in it, made when it is first shown and dropped when it closes.
 /// Main thread.
@@ -37,10 +38,10 @@ public:
 
     void show() override;
     void close() override;
-    void showUndo(const QString &message, std::function<void()> undo) override;
+    Offer showUndo(const QString &message, std::function<void()> undo) override;
     void showFailure(const QString &sentence) override;
-    void endUndo() override;
-    bool isUndoHeld() const override;
+    void endUndo(Offer offer) override;
+    bool isUndoHeld(Offer offer) const override;
     bool isShown() const { return m_content != nullptr; }
 
     /// None while it is not shown.
@@ -62,6 +63,7 @@ private:
 
     void make();
     void connectColumns();
+    void fillRowMenu(QMenu &menu, const QString &taskID);
     void showAdded(const QString &taskID);
 
     Rooms m_rooms;

@@ -5,12 +5,37 @@
 #include "views/theme/Theme.h"
 
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 
-PageHeader::PageHeader(QWidget *parent) : QWidget(parent)
+PageHeader::PageHeader(QWidget *parent) : QWidget(parent), m_action(new QPushButton{this})
 {
     setObjectName(QStringLiteral("pageHeader"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_action->setObjectName(QStringLiteral("pageAction"));
+    m_action->hide();
+    connect(m_action, &QPushButton::clicked, this, &PageHeader::actionTriggered);
+}
+
+void PageHeader::setAction(const QString &text)
+{
+    m_action->setText(text);
+    m_action->setVisible(!text.isEmpty());
+    placeAction();
+    update();
+}
+
+void PageHeader::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    placeAction();
+}
+
+void PageHeader::placeAction()
+{
+    const QSize size = m_action->sizeHint().boundedTo(this->size());
+    m_action->setGeometry(QStyle::visualRect(
+        layoutDirection(), rect(), {QPoint{width() - size.width(), (height() - size.height()) / 2}, size}));
 }
 
 void PageHeader::setTitle(const QString &title)
@@ -36,8 +61,9 @@ QSize PageHeader::sizeHint() const
 void PageHeader::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
+    const int textWidth = m_action->isVisibleTo(this) ? width() - m_action->width() - Metrics::gap : width();
     const int noteWidth = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
-    const int titleWidth = std::min(Fonts::width(Fonts::Role::PageTitle, m_title), width() - noteWidth);
+    const int titleWidth = std::min(Fonts::width(Fonts::Role::PageTitle, m_title), textWidth - noteWidth);
 
     const auto mirrored = [this](const QRect &bounds) {
         return QStyle::visualRect(layoutDirection(), rect(), bounds);

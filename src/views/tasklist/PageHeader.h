@@ -2,7 +2,10 @@
 
 #include <QWidget>
 
-/// The head of a page: its title, and a quiet note beside it.
+class QPushButton;
+
+/// The head of a page: its title, a quiet note beside it, and at the other end what can be done with the
+/// page as a whole.
 class PageHeader : public QWidget {
     Q_OBJECT
 
@@ -11,13 +14,22 @@ public:
 
     void setTitle(const QString &title);
     void setNote(const QString &note);
+    /// The button's text; without one there is no button.
+    void setAction(const QString &text);
 
     QSize sizeHint() const override;
 
+Q_SIGNALS:
+    void actionTriggered();
+
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void placeAction();
+
+    QPushButton *m_action;
     QString m_title;
     QString m_note;
 };

@@ -37,8 +37,9 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
                     Q_EMIT failed(saved.error().sentence);
             });
     connect(&m_pane.list(), &TaskListView::currentTaskChanged, this, [this] { m_wantedTask.clear(); });
-    m_observations.push_back(center.addObserver(
-        KWNewMinuteComesNotification, [this](const KWNotification &) { m_pane.model().refreshDates(); }));
+    for (const QString &name : {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification})
+        m_observations.push_back(
+            center.addObserver(name, [this](const KWNotification &) { m_pane.model().refreshDates(); }));
     m_observations.push_back(
         center.addObserver(KWNewDayComesNotification, [this](const KWNotification &) { showHead(); }));
 }
@@ -48,6 +49,7 @@ void TaskListController::show(const KWListIdentifier &list)
     m_wantedTask.clear();
     m_service.select(list);
     showHead();
+    Q_EMIT shown();
 }
 
 void TaskListController::showTask(const QString &taskID, const KWListIdentifier &list)
@@ -68,6 +70,7 @@ void TaskListController::showRows()
     showNames();
     m_pane.list().setRows(m_service.rows());
     selectWantedTask();
+    Q_EMIT shown();
 }
 
 void TaskListController::showNames()

@@ -27,6 +27,8 @@ public:
     void tick(const QString &taskID);
 
 Q_SIGNALS:
+    /// The list or its rows are other ones now.
+    void shown();
     /// A task was completed or reopened; `undo` takes it back.
     void statusChanged(const QString &message, const std::function<void()> &undo);
     void failed(const QString &sentence);

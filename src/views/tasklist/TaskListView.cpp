@@ -201,8 +201,7 @@ void TaskListView::contextMenuEvent(QContextMenuEvent *event)
     auto *menu = new QMenu{this};
     menu->setObjectName(u"taskMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addAction(tr("Delete")), &QAction::triggered, this,
-            [this, sid] { Q_EMIT deletionRequested(sid); });
+    Q_EMIT menuAboutToShow(*menu, sid);
     menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
 }
 

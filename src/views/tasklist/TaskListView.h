@@ -7,11 +7,12 @@
 
 #include <optional>
 
+class QMenu;
 class TaskRowDelegate;
 
 /// The list of tasks in the middle of the window. Arrows move, Space completes, Enter opens the
-/// detail, F2 edits the title, Delete and Backspace delete, as an entry of the context menu does; a click
-/// on a checkbox completes without selecting.
+/// detail, F2 edits the title, Delete and Backspace delete; a click on a checkbox completes without
+/// selecting.
 class TaskListView : public QListView {
     Q_OBJECT
 
@@ -37,6 +38,8 @@ Q_SIGNALS:
     void opened(const QString &sid);
     void titleEdited(const QString &sid, const QString &title);
     void deletionRequested(const QString &sid);
+    /// A row's menu comes: whoever knows what can be done with the task adds to it.
+    void menuAboutToShow(QMenu &menu, const QString &sid);
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
