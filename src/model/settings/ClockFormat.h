@@ -6,7 +6,8 @@
 #include <chrono>
 #include <optional>
 
-/// How times of day are written and read: as the person chose, else in the locale's short format. Main thread.
+/// How times of day are written and read: as the person chose, else in the locale's short format. Main
+/// thread.
 namespace ClockFormat {
 
 /// From now on, for the whole program: "24", "12", or any other text for the way of the locale.
