@@ -139,6 +139,8 @@ private Q_SLOTS:
                                       *CXTimeZone::named(u"America/New_York"_s), std::chrono::Monday};
         QCOMPARE(TaskRepetition::next(task, now)->startDate, at("2030-05-03 08:00", "Asia/Tokyo"));
         task.exDates.clear();
+        const Instant day = at("2030-05-01 00:00", "America/New_York");
+        QCOMPARE(TaskRepetition::next(task, now)->movedAlong(day, true), day + std::chrono::days{1});
         task.isFloating = true; // 19:00 in New York
         QCOMPARE(TaskRepetition::next(task, now)->startDate, at("2030-05-01 19:00", "America/New_York"));
     }

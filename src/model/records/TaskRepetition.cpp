@@ -99,7 +99,8 @@ std::optional<TaskRepetition> TaskRepetition::next(const KWTaskModel &task, cons
                           .endDate = movedEnd(task, *next, zone),
                           .repeatRule = ruleFrom(*next, *rule, object),
                           .zone = zone,
-                          .step = zone.toLocal(*next) - zone.toLocal(*task.startDate)};
+                          .step = zone.toLocal(*next) - zone.toLocal(*task.startDate),
+                          .localZone = now.zone};
 }
 
 Instant TaskRepetition::movedAlong(Instant date, bool isAllDay) const
@@ -107,7 +108,7 @@ Instant TaskRepetition::movedAlong(Instant date, bool isAllDay) const
     if (isAllDay) {
         const LocalTime start = zone.toLocal(startDate);
         const days passed = std::chrono::floor<days>(start) - std::chrono::floor<days>(start - step);
-        return zone.startOfDay(zone.dayOf(date) + passed);
+        return localZone.startOfDay(localZone.dayOf(date) + passed);
     }
     return zone.toInstant(zone.toLocal(date) + step);
 }

@@ -14,6 +14,7 @@ struct TaskRepetition {
     /// The zone in which the task repeats, and how far the wall clock goes on there.
     CXTimeZone zone;
     std::chrono::milliseconds step;
+    CXTimeZone localZone; ///< the one in force, in which days begin
 
     struct Now {
         Instant instant;
