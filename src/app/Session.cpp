@@ -132,7 +132,9 @@ void Session::refreshBadge()
 
 void Session::recordsDidChange(const StoreChange &change)
 {
-    if (change.touches(RecordKind::Task) || change.touches(RecordKind::ChecklistItem)) refreshBadge();
+    // A list that is archived or deleted takes its tasks out of the count.
+    for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project})
+        if (change.touches(kind)) return refreshBadge();
 }
 
 void Session::listDisplayDidChange()

@@ -42,13 +42,13 @@ void LauncherBadge::count()
         [this, number, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {
             if (life.expired()) return;
             if (!done) badgeLog.error(done.error().sentence);
-            didCount(*number, generation);
+            didCount(done ? std::optional{*number} : std::nullopt, generation);
         });
 }
 
-void LauncherBadge::didCount(int number, int generation)
+void LauncherBadge::didCount(std::optional<int> number, int generation)
 {
-    if (generation == m_generation) send(number);
+    if (number && generation == m_generation) send(*number);
     for (const auto &each : std::exchange(m_counting, {}))
         each();
     if (!m_waiting.empty()) count();

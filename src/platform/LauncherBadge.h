@@ -5,6 +5,7 @@
 #include <QDBusConnection>
 
 #include <memory>
+#include <optional>
 
 class KWAccountManager;
 class KWCoreDataManager;
@@ -13,7 +14,7 @@ class KWUserDefaults;
 /// The number on the program's icon in docks and task bars: the signal Update of the interface
 /// com.canonical.Unity.LauncherEntry on the session bus (Launcher API), which most of them understand. It
 /// counts in the background what the preference "badgeTypeShownInDock" selects; nothing to count, and
-/// nobody signed in, shows no number. Main thread.
+/// nobody signed in, shows no number; a count that fails leaves the last one. Main thread.
 class LauncherBadge final : public DockPort {
 public:
     using Connector = std::function<QDBusConnection()>;
@@ -29,7 +30,7 @@ public:
 private:
     static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     void count();
-    void didCount(int number, int generation);
+    void didCount(std::optional<int> number, int generation);
     void send(int number);
 
     KWCoreDataManager &m_manager;

@@ -114,10 +114,10 @@ private Q_SLOTS:
         QVERIFY(scene.clock.isIdle());
     }
 
-    void refreshesTheBadgeForTasksAndItemsOnly()
+    void refreshesTheBadgeForWhatItCounts()
     {
         SessionScene scene;
-        for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem}) {
+        for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project}) {
             scene.bus.post(changeOf(kind));
             QCOMPARE(scene.recording.calls.take(), callsOfTheBadge);
         }
