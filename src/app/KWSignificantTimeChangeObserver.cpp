@@ -2,9 +2,9 @@
 
 #include "app/ApplicationName.h"
 #include "corvexkit/log/CXLog.h"
+#include "model/account/AccountSettings.h"
 #include "model/account/KWAccountManager.h"
 #include "model/events/NotificationNames.h"
-#include "model/records/KWUserSettings.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
 #include "model/store/KWCoreDataManager.h"
@@ -110,14 +110,14 @@ void KWSignificantTimeChangeObserver::askAboutOptionIfSwitched()
 
 void KWSignificantTimeChangeObserver::enableTimeZoneOption()
 {
-    const QString userID = m_with.account.currentUserID();
-    const Result<void> saved =
-        KWCoreDataService{m_with.manager}.sync_save([&userID](ObjectContext &context) -> Result<void> {
-            if (KWUserSettings *settings = context.find<KWUserSettings>(userID))
-                settings->updateTimeZoneOptionEnable(true);
-            return {};
-        });
-    if (!saved) return zoneLog.error(saved.error().sentence);
+    AccountSettings settings{m_with.manager, m_with.center, m_with.account.currentUserID()};
+    if (const Result<void> saved = settings.updateTimeZoneOptionEnable(true); !saved) {
+        zoneLog.error(saved.error().sentence);
+        return m_with.alerts.show({KWLocalizedString("The Time Zone options could not be enabled"),
+                                   saved.error().sentence,
+                                   {KWLocalizedString("OK")}},
+                                  [](int) {});
+    }
     m_with.sync.batchSyncIfNeeded();
 }
 
