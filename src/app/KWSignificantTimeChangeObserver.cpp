@@ -78,6 +78,7 @@ void KWSignificantTimeChangeObserver::didAdapt(const CXTimeZone &zone, const Res
         if (changed > 0) askToRestart();
     }
     if (std::exchange(m_isCheckDue, false)) systemTimeZoneDidChange();
+    if (!m_isAdapting && onDidAdapt) onDidAdapt();
 }
 
 void KWSignificantTimeChangeObserver::askToRestart()

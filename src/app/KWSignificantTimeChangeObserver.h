@@ -8,6 +8,7 @@
 #include "model/events/KWNotificationCenter.h"
 #include "model/sync/KWSyncManager.h"
 
+#include <functional>
 #include <memory>
 
 class KWAccountManager;
@@ -41,6 +42,11 @@ public:
     /// The zone of the last check. Nothing before the first one, and when what is kept names no zone. After
     /// a save that failed it stays, so that the next check tries again.
     std::optional<CXTimeZone> lastLocalTimeZone() const;
+
+    /// Whether dates are just being adapted, in the background.
+    bool isAdapting() const { return m_isAdapting; }
+    /// Called when they are, or could not be.
+    std::function<void()> onDidAdapt;
 
 private:
     void adaptFrom(const CXTimeZone &last);

@@ -9,6 +9,8 @@
 #include "model/store/KWTaskEditor.h"
 #include "model/store/KWTaskTicker.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
 
@@ -27,10 +29,11 @@ void KWUserNotificationHandler::applicationDidFinishLaunching()
         m_observations.push_back(
             m_with.center.addObserver(name, [this, reaction](const auto &) { (this->*reaction)(); }));
     };
-    on(KWUserDidSignInNotification, &KWUserNotificationHandler::userDidSignIn);
+    for (const QString &each : {KWUserDidSignInNotification, KWDataDidChangeOutsideMainAppNotification,
+                                KWSyncDidBatchPullNotification})
+        on(each, &KWUserNotificationHandler::planAndCheckSoon);
     on(KWUserDidSignOutNotification, &KWUserNotificationHandler::userDidSignOut);
     for (const QString &each : {WorkspaceDidWakeNotification, SystemTimeZoneDidChangeNotification,
-                                KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
                                 delayDeleteStatusChangedNotification})
         on(each, &KWUserNotificationHandler::checkSoon);
     m_registration = m_with.bus.registerEventBus([this](const StoreChange &change) {
@@ -39,23 +42,41 @@ void KWUserNotificationHandler::applicationDidFinishLaunching()
     });
     m_with.notifications.onResponse = [this](const auto &response) { respond(response); };
     m_with.notifications.onClosed = [this](const QString &identifier) { m_shown.remove(identifier); };
-    if (m_with.account.isSignedIn()) userDidSignIn();
+    planAndCheckSoon();
 }
 
-void KWUserNotificationHandler::userDidSignIn()
+void KWUserNotificationHandler::planAndCheckSoon()
 {
-    m_reminders.planMissing(m_with.account.currentUserID());
+    m_isPlanDue = true;
     checkSoon();
 }
 
 void KWUserNotificationHandler::userDidSignOut()
 {
+    withdrawAll();
+    m_delivered.clear();
+}
+
+void KWUserNotificationHandler::applicationWillTerminate()
+{
+    m_observations.clear();
+    m_registration = {};
+    QList<DueReminder> unanswered;
+    for (const QList<DueReminder> &each : std::as_const(m_shown))
+        unanswered += each;
+    unanswered.removeIf([this](const DueReminder &each) { return isStale(each); });
+    withdrawAll();
+    if (unanswered.isEmpty()) return;
+    if (const Result<void> saved = m_reminders.markUndelivered(unanswered); !saved)
+        notificationLog.error(saved.error().sentence);
+}
+
+void KWUserNotificationHandler::withdrawAll()
+{
     for (ClockCall *each : {&m_next, &m_soon, &m_retry})
         each->cancel();
     for (const QString &each : std::exchange(m_shown, {}).keys())
         m_with.notifications.withdraw(each);
-    m_with.notifications.withdraw(ReminderText::digestIdentifier);
-    m_delivered.clear();
 }
 
 // Many changes come in a row, and none of them shall wait for this.
@@ -68,7 +89,8 @@ void KWUserNotificationHandler::checkSoon()
 void KWUserNotificationHandler::checkReminders()
 {
     const auto &user = m_with.account.currentUser();
-    if (!user) return;
+    if (!user || m_with.isAdaptingDates()) return;
+    if (std::exchange(m_isPlanDue, false)) m_reminders.planMissing(user->sid);
     withdrawStale();
 
     const Instant now = m_with.clock.now();
@@ -100,17 +122,16 @@ void KWUserNotificationHandler::present(const QList<DueReminder> &due)
     }
     if (late.size() == 1) onTime.prepend(late.takeFirst());
     const ReminderText words{m_with.clock};
-    if (!late.isEmpty()) show(words.digestOf(late));
-    for (const DueReminder &each : onTime) {
-        m_shown.insert(ReminderText::identifierOf(each.subject), {each.subject, each.startDate});
-        show(words.notificationOf(each));
-    }
+    if (!late.isEmpty()) show(words.digestOf(late), late);
+    for (const DueReminder &each : onTime)
+        show(words.notificationOf(each), {each});
 }
 
-void KWUserNotificationHandler::show(UserNotification notification)
+void KWUserNotificationHandler::show(UserNotification notification, const QList<DueReminder> &reminders)
 {
     const bool isHeard = m_with.defaults.value(Settings::notificationSound);
     notification.sound = isHeard ? UserNotification::Sound::AsUsual : UserNotification::Sound::None;
+    m_shown.insert(notification.identifier, reminders);
     m_with.notifications.show(notification);
 }
 
@@ -120,7 +141,8 @@ void KWUserNotificationHandler::waitForNext()
     m_next = next ? m_with.clock.callAt(*next, [this] { checkReminders(); }) : ClockCall{};
 }
 
-bool KWUserNotificationHandler::isStale(const Shown &shown) const
+// Done, deleted, or about another date by now.
+bool KWUserNotificationHandler::isStale(const DueReminder &shown) const
 {
     const std::optional<DueReminder> now = m_reminders.reminderOf(shown.subject);
     return !now || now->startDate != shown.startDate || m_with.isPendingDelete(shown.subject.taskID);
@@ -129,7 +151,8 @@ bool KWUserNotificationHandler::isStale(const Shown &shown) const
 void KWUserNotificationHandler::withdrawStale()
 {
     m_shown.removeIf([this](const auto &each) {
-        if (!isStale(each.value())) return false;
+        if (!std::ranges::all_of(each.value(), [this](const auto &shown) { return isStale(shown); }))
+            return false;
         m_with.notifications.withdraw(each.key());
         return true;
     });
@@ -137,26 +160,31 @@ void KWUserNotificationHandler::withdrawStale()
 
 void KWUserNotificationHandler::respond(const UserNotificationCenterPort::Response &response)
 {
-    const bool isKnown = m_shown.contains(response.identifier);
-    if (!m_with.account.isSignedIn() || (!isKnown && response.identifier != ReminderText::digestIdentifier))
-        return;
-    const Shown shown = m_shown.take(response.identifier);
-    m_with.notifications.withdraw(response.identifier);
+    if (!m_with.account.isSignedIn() || !m_shown.contains(response.identifier)) return;
+    const QList<DueReminder> shown = m_shown.take(response.identifier);
+    const DueReminder &reminder = shown.first();
+    const bool isOne = shown.size() == 1;
     if (response.action == ReminderText::openAction) {
+        m_with.notifications.withdraw(response.identifier);
         QStringList links;
-        if (isKnown) links.append(u"orvane://task/"_s + shown.subject.taskID);
+        if (isOne) links.append(u"orvane://task/"_s + reminder.subject.taskID);
         return m_with.open({.links = links, .activationToken = response.activationToken});
     }
-    if (!isKnown || isStale(shown)) return;
-    if (const Result<void> done = act(shown, response.action); !done)
-        show({.identifier = u"problem"_s, .title = done.error().sentence, .body = {}, .actions = {}});
+    const Result<void> done =
+        isOne && !isStale(reminder) ? act(reminder.subject, response.action) : Result<void>{};
+    // Also before it comes again: a server closes a message on which something was pressed.
+    m_with.notifications.withdraw(response.identifier);
+    if (done) return;
+    UserNotification again = ReminderText{m_with.clock}.notificationOf(reminder);
+    again.body = done.error().sentence + u'\n' + again.body;
+    show(again, shown);
 }
 
-Result<void> KWUserNotificationHandler::act(const Shown &shown, const QString &action)
+Result<void> KWUserNotificationHandler::act(const ReminderSubject &subject, const QString &action)
 {
-    if (action == ReminderText::completeAction) return complete(shown.subject);
+    if (action == ReminderText::completeAction) return complete(subject);
     const std::optional<Instant> until = snoozedUntil(action);
-    return until ? m_reminders.snooze(shown.subject, *until) : Result<void>{};
+    return until ? m_reminders.snooze(subject, *until) : Result<void>{};
 }
 
 Result<void> KWUserNotificationHandler::complete(const ReminderSubject &subject)

@@ -41,6 +41,9 @@ public:
         std::function<void(const LaunchRequest &)> open;
         /// Whether a task is about to be deleted.
         std::function<bool(const QString &taskID)> isPendingDelete = [](const QString &) { return false; };
+        /// Whether dates are just being adapted to another zone: until then no alert can be trusted, and
+        /// checkReminders() does nothing. Whoever adapts them calls it afterwards.
+        std::function<bool()> isAdaptingDates = [] { return false; };
     };
     explicit KWUserNotificationHandler(Collaborators collaborators);
 
@@ -48,23 +51,22 @@ public:
     void applicationDidFinishLaunching() override;
     /// Shows what is due and waits for what comes next.
     void checkReminders();
+    /// Takes every message back, for nobody would hear what is pressed on it; those that were not answered
+    /// are due again, for the next start. Reminds no more.
+    void applicationWillTerminate();
 
 private:
-    struct Shown {
-        ReminderSubject subject;
-        std::optional<Instant> startDate; // another one by now: the message is about something past
-    };
-
-    void userDidSignIn();
+    void planAndCheckSoon();
     void userDidSignOut();
     void checkSoon();
     void present(const QList<DueReminder> &due);
-    void show(UserNotification notification);
+    void show(UserNotification notification, const QList<DueReminder> &reminders);
+    void withdrawAll();
     void waitForNext();
     void withdrawStale();
-    bool isStale(const Shown &shown) const;
+    bool isStale(const DueReminder &shown) const;
     void respond(const UserNotificationCenterPort::Response &response);
-    Result<void> act(const Shown &shown, const QString &action);
+    Result<void> act(const ReminderSubject &subject, const QString &action);
     Result<void> complete(const ReminderSubject &subject);
     std::optional<Instant> snoozedUntil(const QString &action) const;
 
@@ -75,6 +77,7 @@ private:
     ClockCall m_next;
     ClockCall m_soon;
     ClockCall m_retry;
-    QHash<QString, Instant> m_delivered; // by identifier: shown, but not saved as delivered yet
-    QHash<QString, Shown> m_shown;       // by identifier
+    bool m_isPlanDue = false;                   // records may lack their alerts
+    QHash<QString, Instant> m_delivered;        // by identifier: shown, but not saved as delivered yet
+    QHash<QString, QList<DueReminder>> m_shown; // by identifier: what the message is about
 };

@@ -26,17 +26,23 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_reminders({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(),
                    services.notifications,
                    [this](const LaunchRequest &request) { m_application.open(request); },
-                   [this](const QString &taskID) { return m_deletes.containsTask(taskID); }})
+                   [this](const QString &taskID) { return m_deletes.containsTask(taskID); },
+                   [this] { return m_timeChanges.isAdapting(); }})
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
     , m_statusItem({kit, clock, m_newTasks, m_menu})
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {
+    m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
     connectStatusItem();
 }
 
-DesktopRooms::~DesktopRooms() { m_deletes.commitPending(); }
+DesktopRooms::~DesktopRooms()
+{
+    m_deletes.commitPending();
+    m_reminders.applicationWillTerminate();
+}
 
 // A port that is not named here belongs to a room that does not exist yet.
 AppPorts DesktopRooms::ports()

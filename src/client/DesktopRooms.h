@@ -33,7 +33,7 @@ struct DesktopServices {
 class DesktopRooms {
 public:
     DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices services = {});
-    /// Carries out the deletes that can still be undone.
+    /// Carries out the deletes that can still be undone, and takes messages back.
     ~DesktopRooms();
 
     KWProjectListPresenter &sidebar() { return m_sidebar; }

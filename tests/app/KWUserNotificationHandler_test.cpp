@@ -32,6 +32,7 @@ struct NotificationScene {
     RecordingNotifications notifications;
     QList<LaunchRequest> opened;
     QStringList pendingDeletes;
+    bool isAdaptingDates = false;
     std::unique_ptr<KWUserNotificationHandler> handler;
 
     NotificationScene() { start(); }
@@ -41,9 +42,15 @@ struct NotificationScene {
         handler = std::make_unique<KWUserNotificationHandler>(KWUserNotificationHandler::Collaborators{
             store.clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(), notifications,
             [this](const LaunchRequest &request) { opened << request; },
-            [this](const QString &id) { return pendingDeletes.contains(id); }});
+            [this](const QString &id) { return pendingDeletes.contains(id); },
+            [this] { return isAdaptingDates; }});
         handler->applicationDidFinishLaunching();
         store.clock.advance(0ms);
+    }
+    void quitFor(milliseconds duration)
+    {
+        handler->applicationWillTerminate();
+        closeFor(duration);
     }
     void closeFor(milliseconds duration)
     {
@@ -158,6 +165,32 @@ private Q_SLOTS:
         QCOMPARE(scene.titlesAfter(24h), QStringList({u"Water"_s, u"Roses"_s}));
     }
 
+    void waitsUntilDatesAreAdapted()
+    {
+        NotificationScene scene;
+        const QString id = scene.addTask("Call", "2030-05-01 09:00");
+        scene.isAdaptingDates = true;
+        QCOMPARE(scene.titlesAfter(1h), QStringList{});
+        setSaved<KWTask>(scene.store, id, &KWTaskModel::startDate, at("2030-05-01 11:00"));
+        scene.isAdaptingDates = false;
+        scene.handler->checkReminders();
+        QCOMPARE(scene.titlesAfter(119min), QStringList{});
+        QCOMPARE(scene.titlesAfter(1min), QStringList{u"Call"_s});
+    }
+
+    // Whoever else writes the store may know nothing of alerts.
+    void plansWhatCameFromOutside()
+    {
+        NotificationScene scene;
+        const QString id = scene.addTask("Call", "2030-05-01 09:00");
+        setSaved<KWTask>(scene.store, id, &KWTaskModel::remindTime, std::optional<Instant>{});
+        scene.store.clock.advance(0ms);
+        scene.store.kit().center().post(KWDataDidChangeOutsideMainAppNotification);
+        scene.store.clock.advance(0ms);
+        QTRY_COMPARE(scene.task(id).remindTime, at("2030-05-01 09:00"));
+        QCOMPARE(scene.titlesAfter(1h), QStringList{u"Call"_s});
+    }
+
     void heedsThePreferences()
     {
         NotificationScene scene;
@@ -194,6 +227,42 @@ private Q_SLOTS:
         if (const Result<void> out = scene.store.account().signOut(); !out) QFAIL("no sign-out");
         QVERIFY(scene.notifications.withdrawn.contains(u"task:"_s + write));
         QVERIFY(scene.store.clock.isIdle());
+    }
+
+    void bringsWhatWasNotAnsweredOnceMoreAfterAQuit()
+    {
+        NotificationScene scene;
+        const QString call = scene.addTask("Call", "2030-05-01 09:00");
+        const QString write = scene.addTask("Write", "2030-05-01 09:00");
+        scene.store.clock.advance(1h);
+        scene.notifications.onClosed(u"task:"_s + write);
+        scene.quitFor(0ms);
+        QCOMPARE(scene.notifications.withdrawn, QStringList{u"task:"_s + call});
+        QCOMPARE(scene.notifications.takeTitles(), QStringList({u"Call"_s, u"Write"_s, u"Call"_s}));
+        scene.notifications.onClosed(u"task:"_s + call);
+        scene.quitFor(0ms);
+        QCOMPARE(scene.notifications.takeTitles(), QStringList{});
+
+        scene.addTask("First", "2030-05-01 10:00");
+        scene.addTask("Second", "2030-05-01 10:30");
+        scene.store.clock.sleep(3h);
+        scene.quitFor(1min);
+        QCOMPARE(scene.notifications.takeTitles().size(), 2); // together, both times
+    }
+
+    void saysWhyNothingCameOfWhatWasPressed()
+    {
+        NotificationScene scene;
+        const QString id = scene.addTask("Call", "2030-05-01 09:00");
+        scene.store.clock.advance(1h);
+        Connection &connection = scene.store.context().connection();
+        connection.execute(
+            "CREATE TRIGGER full BEFORE UPDATE ON tasks BEGIN SELECT RAISE(ABORT, 'disk full'); END");
+        scene.press(u"task:"_s + id, u"complete"_s);
+        QCOMPARE(scene.notifications.takeTitles(), QStringList({u"Call"_s, u"Call"_s}));
+        connection.execute("DROP TRIGGER full");
+        scene.press(u"task:"_s + id, u"complete"_s);
+        QVERIFY(scene.store.context().find<KWTask>(id)->isCompleted());
     }
 
     void doesNotRepeatWhatItCouldNotSave()

@@ -164,6 +164,21 @@ Result<void> KWReminderService::markDelivered(const QList<DueReminder> &reminder
     });
 }
 
+Result<void> KWReminderService::markUndelivered(const QList<DueReminder> &reminders)
+{
+    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+        for (const DueReminder &each : reminders) {
+            if (!each.subject.itemID.isEmpty()) {
+                if (KWChecklistItem *item = context.find<KWChecklistItem>(each.subject.itemID))
+                    item->set(&KWChecklistItemModel::remindTime, each.moment);
+            } else if (KWTask *task = context.find<KWTask>(each.subject.taskID)) {
+                task->set(&KWTaskModel::remindTime, each.moment);
+            }
+        }
+        return {};
+    });
+}
+
 Result<void> KWReminderService::snooze(const ReminderSubject &subject, Instant until)
 {
     return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {

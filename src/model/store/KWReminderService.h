@@ -46,6 +46,8 @@ public:
 
     /// Moves these on to their next alert after `now`, in one save.
     Result<void> markDelivered(const QList<DueReminder> &reminders, Instant now);
+    /// Makes these due once more, in one save.
+    Result<void> markUndelivered(const QList<DueReminder> &reminders);
     /// Reminds again at a moment, besides the reminders that are still to come.
     Result<void> snooze(const ReminderSubject &subject, Instant until);
     /// In the background: gives coming tasks and items of the user the alert that whoever stored them left
