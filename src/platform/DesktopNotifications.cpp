@@ -45,6 +45,21 @@ void DesktopNotifications::connectToServer()
     connect(m_server.get(), &NotificationServer::ActivationToken, this,
             [this](uint id, const QString &token) { m_tokens.insert(id, token); });
     connect(m_server.get(), &NotificationServer::NotificationClosed, this, &DesktopNotifications::closed);
+    if (!m_server->connection().isConnected()) return;
+    m_serverWatch.setConnection(m_server->connection());
+    m_serverWatch.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    m_serverWatch.addWatchedService(m_server->service());
+    connect(&m_serverWatch, &QDBusServiceWatcher::serviceUnregistered, this,
+            &DesktopNotifications::forgetServer, Qt::UniqueConnection);
+}
+
+// Another one counts its messages from the beginning.
+void DesktopNotifications::forgetServer()
+{
+    m_capabilities.reset();
+    m_tokens.clear();
+    for (uint &each : m_ids)
+        each = 0;
 }
 
 void DesktopNotifications::askForCapabilities()

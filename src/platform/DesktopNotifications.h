@@ -3,6 +3,7 @@
 #include "app/ports/UserNotificationPorts.h"
 
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QHash>
 #include <QObject>
 #include <QStringList>
@@ -31,6 +32,7 @@ public:
 private:
     static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     void connectToServer();
+    void forgetServer();
     void askForCapabilities();
     void send(const UserNotification &notification);
     void didSend(const UserNotification &notification, uint id);
@@ -42,9 +44,11 @@ private:
     UserNotificationCenterPort &m_panel;
     Connector m_connector;
     std::unique_ptr<NotificationServer> m_server;
+    QDBusServiceWatcher m_serverWatch;
     std::optional<QStringList> m_capabilities; // unknown until the server has answered
     bool m_isAsking = false;
     QList<UserNotification> m_waiting; // for the capabilities
-    QHash<QString, uint> m_ids;        // by identifier, of what is shown; 0 while it is on its way
-    QHash<uint, QString> m_tokens;     // of the next action
+    QHash<QString, uint> m_ids;    // by identifier, of what is shown; 0 while it is on its way, and when the
+                                   // server that showed it has gone
+    QHash<uint, QString> m_tokens; // of the next action
 };

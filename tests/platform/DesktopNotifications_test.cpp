@@ -6,6 +6,8 @@
 #include "support/TestMain.h"
 
 #include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -172,6 +174,31 @@ private Q_SLOTS:
         desktop.show(messageTitled(u"Late"_s));
         desktop.withdraw(u"Late"_s); // on its way
         QTRY_COMPARE(server.closed.size(), 2);
+    }
+
+    void mistakesNoMessageOfAnotherServerForItsOwn()
+    {
+        DesktopNotifications desktop{m_panel};
+        QStringList pressed;
+        desktop.onResponse = [&pressed](const auto &response) { pressed << response.identifier; };
+        const QDBusServiceWatcher watch{u"org.freedesktop.Notifications"_s, QDBusConnection::sessionBus(),
+                                        QDBusServiceWatcher::WatchForUnregistration};
+        QSignalSpy gone{&watch, &QDBusServiceWatcher::serviceUnregistered};
+        {
+            FakeNotificationServer server;
+            desktop.show(messageTitled(u"Call"_s));
+            QTRY_COMPARE(server.messages.size(), 1);
+        }
+        QTRY_COMPARE(gone.count(), 1);
+        FakeNotificationServer restarted{{u"body"_s}};
+        desktop.show(messageTitled(u"Write"_s));
+        QTRY_COMPARE(restarted.messages.size(), 1);
+        QCOMPARE(restarted.questions, 1);
+        desktop.show(messageTitled(u"Call"_s));
+        QTRY_COMPARE(restarted.messages.size(), 2);
+        QCOMPARE(restarted.messages.last().replaced, 0u);
+        restarted.press(restarted.messages.first().id, u"default"_s); // the id that “Call” had before
+        QTRY_COMPARE(pressed, QStringList{u"Write"_s});
     }
 
     void usesThePanelUntilThereIsAServer()
