@@ -9,6 +9,7 @@
 #include "cli/RunSettings.h"
 #include "client/FirstPaintReport.h"
 #include "client/OpenClient.h"
+#include "client/RelaunchArguments.h"
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
 #include "platform/DBusSingleInstance.h"
@@ -151,8 +152,11 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     KWAbnormalDataCleanService diagnostics{
         {m_folders, clock, alerts, fileManager, mail, [] { QCoreApplication::quit(); }}};
     CrashProtectionWindow alert{m_folders, clock, diagnostics};
-    Relaunch relaunch{QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1)};
     std::unique_ptr<OpenClient> client;
+    Relaunch relaunch{QCoreApplication::applicationFilePath(), [&] {
+                          const MainWindow *window = client ? client->rooms().mainWindow().window() : nullptr;
+                          return relaunchArguments(m_invocation, !window || !window->isVisible());
+                      }};
     ExitStatus withoutClient = ExitStatus::Done; // the person quit before anything was opened
     AppDelegate delegate{clock, defaults, alert, [&]() -> RunningApplication * {
                              withoutClient = ExitStatus::CouldNot;

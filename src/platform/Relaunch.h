@@ -4,11 +4,16 @@
 
 #include <QStringList>
 
+#include <functional>
+#include <optional>
+
 /// Starts the program again as a process of its own, when it was asked for, once this one has let
 /// everything go. Main thread.
 class Relaunch final : public RelaunchPort {
 public:
-    Relaunch(QString program, QStringList arguments);
+    using Arguments = std::function<QStringList()>;
+    /// `arguments` is asked when the new start is, while the windows are still open.
+    Relaunch(QString program, Arguments arguments);
 
     /// Also ends the event loop; whoever runs the program calls startIfWanted() as its last act.
     void cx_relunch() override;
@@ -19,7 +24,7 @@ public:
 
 private:
     QString m_program;
-    QStringList m_arguments;
-    bool m_isWanted = false;
+    Arguments m_arguments;
+    std::optional<QStringList> m_wanted; // the arguments
     bool m_isForbidden = false;
 };

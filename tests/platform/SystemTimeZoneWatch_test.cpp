@@ -84,14 +84,17 @@ private Q_SLOTS:
     void relaunchesWithTheSameArgumentsUnlessForbidden()
     {
         const QString written = m_folder.filePath(u"arguments"_s);
-        Relaunch relaunch{u"/bin/sh"_s, {u"-c"_s, u"printf '%s' \"$1\" > \"$0\""_s, written, u"two words"_s}};
+        Relaunch relaunch{
+            u"/bin/sh"_s, [&written] {
+                return QStringList{u"-c"_s, u"printf '%s' \"$1\" > \"$0\""_s, written, u"two words"_s};
+            }};
         QVERIFY(relaunch.startIfWanted());
         relaunch.cx_relunch();
         QVERIFY(!QFile::exists(written));
         QVERIFY(relaunch.startIfWanted());
         QTRY_COMPARE(QFileInfo{written}.size(), 9);
 
-        Relaunch forbidden{u"/no/such/program"_s, {}};
+        Relaunch forbidden{u"/no/such/program"_s, [] { return QStringList{}; }};
         forbidden.cx_relunch();
         QVERIFY(!forbidden.startIfWanted());
         forbidden.forbid();

@@ -4,7 +4,8 @@
 class RelaunchPort {
 public:
     virtual ~RelaunchPort() = default;
-    /// Quits as the person would, and starts the program again with the same arguments once everything is
-    /// saved and the data folder is let go. Returns at once.
+    /// Quits as the person would, and starts the program again once everything is saved and the data folder
+    /// is let go: on the same folder with the same settings, in the background if it was there, and without
+    /// the links that it was once asked to open. Returns at once.
     virtual void cx_relunch() {}
 };
