@@ -164,6 +164,15 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
                              return client ? &client->rooms().application() : nullptr;
                          }};
 
+    bool isRunning = false;
+    bool isEnded = false;
+    const TerminationSignals signals{[&] {
+        isEnded = true;
+        relaunch.forbid();
+        // Before the program runs there is nothing to hand over, and only alerts to end.
+        isRunning ? QCoreApplication::quit() : QCoreApplication::exit();
+    }};
+
     const LaunchRequest request = launchRequestOf(m_invocation);
     const auto role =
         instance.start(request, [&delegate](const LaunchRequest &later) { delegate.open(later); });
@@ -191,11 +200,8 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     client->rooms().menu().handle(MenuCommand::SendDiagnostics, alerts,
                                   [&diagnostics] { diagnostics.run(); });
     reportFirstPaintIfAsked(*client);
-    const TerminationSignals signals{[&relaunch] {
-        relaunch.forbid();
-        QCoreApplication::quit();
-    }};
-    const int status = QApplication::exec();
+    isRunning = !isEnded;
+    const int status = isRunning ? QApplication::exec() : int(ExitStatus::Done);
     delegate.applicationWillTerminate();
     client.reset();
     marker.end();

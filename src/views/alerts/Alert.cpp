@@ -23,5 +23,6 @@ int Alert::run(const Content &content, QWidget *parent)
         buttons.append(button);
     }
     box.exec();
-    return int(std::max<qsizetype>(0, buttons.indexOf(box.clickedButton())));
+    const qsizetype chosen = buttons.indexOf(box.clickedButton());
+    return int(chosen < 0 ? buttons.size() - 1 : chosen);
 }
