@@ -73,11 +73,13 @@ void Session::bringUpSurfaces()
                                            .hide = textWithApplicationName("Hide %@"),
                                            .quit = textWithApplicationName("Quit %@")});
     m_ports.welcomeWindow.close();
-    if (!m_isLaunchedAsLoginItem) m_ports.mainWindow.show();
+    m_isInBackground = m_isLaunchedAsLoginItem;
+    if (!m_isInBackground) m_ports.mainWindow.show();
 }
 
 void Session::userDidSignOut()
 {
+    m_isInBackground = false;
     m_ports.statusItem.remove();
     m_ports.dock.applyIconPreference();
     m_ports.dock.clearBadge();
@@ -110,6 +112,7 @@ void Session::systemTimeZoneDidChange() { m_dayClock.minuteLevelTimerAction(); }
 
 void Session::showWindow(const QString &activationToken)
 {
+    m_isInBackground = false;
     if (m_ports.account.currentUser())
         m_ports.mainWindow.show();
     else

@@ -44,6 +44,9 @@ public:
         m_isLaunchedAsLoginItem = isLaunchedAsLoginItem;
     }
 
+    /// Started with the session of the desktop, and no window has been asked for since.
+    bool isInBackground() const { return m_isInBackground; }
+
     const DayClock &dayClock() const { return m_dayClock; }
 
 private:
@@ -59,6 +62,7 @@ private:
     DayClock m_dayClock;
     ClockCall m_secondLevelTimer;
     bool m_isLaunchedAsLoginItem = false;
+    bool m_isInBackground = false;
     std::vector<KWNotificationCenter::Observation> m_observations;
     KWEventBus::Registration m_registration;
 };

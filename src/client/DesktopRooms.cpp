@@ -23,6 +23,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_welcomeWindow(kit.account())
     , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
                      absent<LocalOnlySync>(), m_alerts, services.relaunch})
+    , m_significantTimeChange(services.followsSystemZone ? m_timeChanges
+                                                         : absent<SignificantTimeChangePort>())
     , m_reminders({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(),
                    services.notifications,
                    [this](const LaunchRequest &request) { m_application.open(request); },
@@ -30,12 +32,13 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
                    [this] { return m_timeChanges.isAdapting(); }})
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
-    , m_statusItem({kit, clock, m_newTasks, m_menu})
+    , m_statusItem({kit, clock, m_newTasks, m_menu, services.statusArea})
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {
     m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
     connectStatusItem();
+    decideAtTheLastWindow();
 }
 
 DesktopRooms::~DesktopRooms()
@@ -53,7 +56,7 @@ AppPorts DesktopRooms::ports()
             .theme = m_theme,
             .links = m_links,
             .userNotifications = m_reminders,
-            .significantTimeChange = m_timeChanges,
+            .significantTimeChange = m_significantTimeChange,
             .mainWindow = m_mainWindow,
             .welcomeWindow = m_welcomeWindow,
             .windows = m_windows,
@@ -70,8 +73,17 @@ void DesktopRooms::connectStatusItem()
     QObject::connect(&m_statusItem, &StatusItem::windowRequested, &m_mainWindow,
                      [this] { m_application.session().showWindow({}); });
     QObject::connect(&m_statusItem, &StatusItem::taskRequested, &m_mainWindow, [this](const QString &taskID) {
+        m_application.session().showWindow({});
         m_mainWindow.showTask(taskID, KWListIdentifier::todayProject());
-        m_windows.bringToFront({});
+    });
+}
+
+void DesktopRooms::decideAtTheLastWindow()
+{
+    // Heard before Qt makes up its mind.
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_lastWindow, [this] {
+        const bool staysWithoutWindow = m_statusItem.isShown() || m_application.session().isInBackground();
+        QApplication::setQuitOnLastWindowClosed(!staysWithoutWindow);
     });
 }
 

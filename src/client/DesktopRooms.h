@@ -26,6 +26,9 @@ struct DesktopServices {
     LoginItemPort &loginItem = absent<LoginItemPort>();
     UserNotificationCenterPort &notifications = absent<UserNotificationCenterPort>();
     DockPort &dock = absent<DockPort>();
+    StatusAreaPort &statusArea = absent<StatusAreaPort>();
+    /// The zone of the system is in force, and dates follow it; not one that was given for this run.
+    bool followsSystemZone = true;
 };
 
 /// Every room of the client over one open data folder, put together once, each in the order in which
@@ -71,6 +74,7 @@ private:
 
     AppPorts ports();
     void connectStatusItem();
+    void decideAtTheLastWindow();
 
     KWProjectListCountFetcher m_countFetcher;
     KWProjectListPresenter m_sidebar;
@@ -87,10 +91,12 @@ private:
     WelcomeWindowController m_welcomeWindow;
     AlertPresenter m_alerts;
     KWSignificantTimeChangeObserver m_timeChanges;
+    SignificantTimeChangePort &m_significantTimeChange;
     KWUserNotificationHandler m_reminders;
     DockPort &m_dock;
     ApplicationCommands m_commands;
     StatusItem m_statusItem;
     LinkOpener m_links;
     RunningApplication m_application;
+    QObject m_lastWindow; // what hears of it goes first
 };

@@ -15,6 +15,7 @@
 #include "views/theme/ThemeConfigurator.h"
 #include "views/welcome/WelcomeWindow.h"
 
+#include <QGuiApplication>
 #include <QTextStream>
 
 namespace {
@@ -66,6 +67,12 @@ std::optional<ColorScheme> schemeOf(PortalColorScheme::Preference preference)
     return preference == PortalColorScheme::Preference::Dark ? ColorScheme::Dark : ColorScheme::Light;
 }
 
+StatusNotifierArea::OlderKind olderStatusArea()
+{
+    using enum StatusNotifierArea::OlderKind;
+    return QGuiApplication::platformName() == u"xcb" ? Possible : Impossible;
+}
+
 QWidget *firstWidgetOf(DesktopRooms &rooms)
 {
     if (MainWindow *window = rooms.mainWindow().window()) return window->sidebar().tree().viewport();
@@ -86,10 +93,11 @@ std::unique_ptr<OpenClient> OpenClient::open(const DataFolders &folders, const I
         return nullptr;
     }
     fonts.finish();
-    return std::unique_ptr<OpenClient>{new OpenClient{std::move(kit), clock, relaunch}};
+    return std::unique_ptr<OpenClient>{new OpenClient{std::move(kit), invocation, clock, relaunch}};
 }
 
-OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock, RelaunchPort &relaunch)
+OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocation, SystemClock &clock,
+                       RelaunchPort &relaunch)
     : m_kit(std::move(kit))
     , m_outsideChanges(m_kit->folders(), m_kit->manager(), m_kit->center(), clock)
     , m_sleepMonitor(m_kit->center(), clock)
@@ -97,9 +105,14 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock, Relau
     , m_loginItem(m_kit->folders())
     , m_notifications(m_panel)
     , m_badge(m_kit->manager(), m_kit->account(), m_kit->defaults())
-    , m_rooms(
-          *m_kit, clock,
-          {.relaunch = relaunch, .loginItem = m_loginItem, .notifications = m_notifications, .dock = m_badge})
+    , m_statusArea(clock, olderStatusArea())
+    , m_rooms(*m_kit, clock,
+              {.relaunch = relaunch,
+               .loginItem = m_loginItem,
+               .notifications = m_notifications,
+               .dock = m_badge,
+               .statusArea = m_statusArea,
+               .followsSystemZone = invocation.zone.isEmpty()})
     , m_dataCare(*m_kit, relaunch)
     , m_damage(m_alerts, m_dataCare)
     , m_storeCare(m_kit->manager(), m_kit->center(), m_kit->folders())
@@ -107,6 +120,7 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock, Relau
     m_outsideChanges.start();
     m_sleepMonitor.start();
     m_zoneWatch.start();
+    m_statusArea.start();
 }
 
 void OpenClient::followDesktopScheme()

@@ -11,6 +11,7 @@
 #include "platform/LogindSleepMonitor.h"
 #include "platform/OutsideChangeWatcher.h"
 #include "platform/PortalColorScheme.h"
+#include "platform/StatusNotifierArea.h"
 #include "platform/SystemTimeZoneWatch.h"
 #include "views/alerts/AlertPresenter.h"
 #include "views/alerts/NotificationPanel.h"
@@ -38,7 +39,8 @@ public:
 private:
     void afterFirstPaint(std::function<void()> action);
 
-    OpenClient(std::unique_ptr<OrvaneKit> kit, SystemClock &clock, RelaunchPort &relaunch);
+    OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocation, SystemClock &clock,
+               RelaunchPort &relaunch);
 
     std::unique_ptr<OrvaneKit> m_kit;
     OutsideChangeWatcher m_outsideChanges;
@@ -49,6 +51,7 @@ private:
     NotificationPanel m_panel;
     DesktopNotifications m_notifications;
     LauncherBadge m_badge;
+    StatusNotifierArea m_statusArea;
     DesktopRooms m_rooms;
     AlertPresenter m_alerts;
     DataCare m_dataCare;

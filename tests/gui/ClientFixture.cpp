@@ -21,18 +21,18 @@ ClientFixture::ClientFixture(const char *localTime, const char *zone) : clock(lo
         return true;
     }();
     Q_UNUSED(isDressed)
-    start();
+    start({}, {});
 }
 
 ClientFixture::~ClientFixture() = default;
 
-void ClientFixture::start()
+void ClientFixture::start(const DesktopServices &services, const LaunchRequest &launch)
 {
     OrvaneKit::Opening opening = OrvaneKit::open(DataFolders::locate(m_folder.path()), clock);
     if (!opening.kit) qFatal("The store cannot be opened: %s", qUtf8Printable(opening.sentence));
     m_kit = std::move(opening.kit);
-    m_rooms = std::make_unique<DesktopRooms>(*m_kit, clock);
-    m_rooms->application().handleFinishLaunching({});
+    m_rooms = std::make_unique<DesktopRooms>(*m_kit, clock, services);
+    m_rooms->application().handleFinishLaunching(launch);
     resizeWindow();
 }
 
@@ -42,11 +42,11 @@ void ClientFixture::resizeWindow()
     if (window()) window()->resize(1280, 800);
 }
 
-void ClientFixture::restart()
+void ClientFixture::restart(const DesktopServices &services, const LaunchRequest &launch)
 {
     m_rooms.reset();
     m_kit.reset();
-    start();
+    start(services, launch);
 }
 
 MainWindow *ClientFixture::window() { return m_rooms->mainWindow().window(); }

@@ -25,7 +25,7 @@ public:
     /// Presses "Use on this computer" in the welcome window.
     void useOnThisComputer();
     /// Ends the program without closing it first and starts it again: what was saved is there.
-    void restart();
+    void restart(const DesktopServices &services = {}, const LaunchRequest &launch = {});
 
     /// The widget of that name in the main window; a missing one ends the program with a message.
     template <class Widget>
@@ -45,7 +45,7 @@ public:
 
 private:
     QWidget *findWidget(const char *objectName);
-    void start();
+    void start(const DesktopServices &services, const LaunchRequest &launch);
     void resizeWindow();
 
     QTemporaryDir m_folder;

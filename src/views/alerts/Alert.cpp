@@ -10,6 +10,7 @@ int Alert::run(const Content &content, QWidget *parent)
     QMessageBox box{QMessageBox::NoIcon, u"Orvane"_s, content.title, QMessageBox::NoButton, parent};
     box.setObjectName(u"alert"_s);
     box.setAccessibleName(content.title);
+    box.setAttribute(Qt::WA_QuitOnClose, false); // the program may run in the background
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(content.text);
 

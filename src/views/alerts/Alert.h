@@ -19,7 +19,8 @@ struct Content {
     int defaultButton = 0;
 };
 
-/// Shows the alert and waits. Answers the index of the chosen button. `parent` may be null.
+/// Shows the alert and waits. Answers the index of the chosen button, that of the last one when the program
+/// ends meanwhile. It is never the last window: closing it does not end the program. `parent` may be null.
 int run(const Content &content, QWidget *parent = nullptr);
 
 } // namespace Alert

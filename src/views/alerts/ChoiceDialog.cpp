@@ -27,6 +27,7 @@ ChoiceDialog::ChoiceDialog(const QString &title, const QString &text, QWidget *p
     : QDialog(parent), m_layout(new QVBoxLayout{this})
 {
     setObjectName(u"choiceDialog"_s);
+    setAttribute(Qt::WA_QuitOnClose, false); // as every alert
     setWindowTitle(u"Orvane"_s);
     setAccessibleName(title);
     m_layout->setSizeConstraint(QLayout::SetFixedSize);

@@ -15,7 +15,6 @@
 #include "views/theme/Icons.h"
 #include "views/wording/DateWording.h"
 
-#include <QApplication>
 #include <QMenu>
 #include <QSystemTrayIcon>
 
@@ -83,13 +82,20 @@ struct StatusItem::Popover {
 StatusItem::StatusItem(Rooms rooms) : m_rooms(rooms)
 {
     m_rooms.menu.handle(MenuCommand::ShowPopover, *this, [this] { togglePopover(); });
+    m_rooms.area.onAppeared = [this] { showIfPossible(); };
 }
 
-StatusItem::~StatusItem() = default;
+StatusItem::~StatusItem() { m_rooms.area.onAppeared = nullptr; }
 
 void StatusItem::create()
 {
-    if (m_icon || !QSystemTrayIcon::isSystemTrayAvailable()) return;
+    m_isWanted = true;
+    showIfPossible();
+}
+
+void StatusItem::showIfPossible()
+{
+    if (m_icon || !m_isWanted || !m_rooms.area.isThere() || !QSystemTrayIcon::isSystemTrayAvailable()) return;
     m_icon = std::make_unique<QSystemTrayIcon>(statusIcon());
     m_contextMenu.reset(makeMenu());
     m_icon->setContextMenu(m_contextMenu.get());
@@ -101,15 +107,13 @@ void StatusItem::create()
                     Q_EMIT windowRequested();
             });
     m_icon->show();
-    QApplication::setQuitOnLastWindowClosed(false);
 }
 
 void StatusItem::remove()
 {
-    if (!m_icon) return;
+    m_isWanted = false;
     m_icon.reset();
     m_contextMenu.reset();
-    QApplication::setQuitOnLastWindowClosed(true);
 }
 
 void StatusItem::refresh()
@@ -126,6 +130,7 @@ QMenu *StatusItem::makeMenu()
     menu->addAction(KWLocalizedString("Quick View of Today"), this, &StatusItem::togglePopover);
     menu->addSeparator();
     menu->addAction(&m_rooms.menu.action(MenuCommand::Preferences));
+    menu->addAction(&m_rooms.menu.action(MenuCommand::SendDiagnostics));
     menu->addAction(&m_rooms.menu.action(MenuCommand::Quit));
     return menu;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ports/StatusAreaPort.h"
 #include "app/ports/WindowPorts.h"
 #include "capture/NewTaskService.h"
 #include "lists/KWTaskListService.h"
@@ -15,9 +16,8 @@ class QMenu;
 class QSystemTrayIcon;
 
 /// The item in the desktop's status area (StatusNotifierItem, or XEmbed on older desktops) with the quick
-/// view behind it. Where there is no status area the item is left out; the quick view is a command of the
-/// main menu all the same. As long as there is an item, the program stays when its last window is closed.
-/// Main thread.
+/// view behind it. Where there is no status area the item is left out, until one comes; the quick view is a
+/// command of the main menu all the same. Main thread.
 class StatusItem : public QObject, public StatusItemPort {
     Q_OBJECT
 
@@ -28,6 +28,7 @@ public:
         CXClock &clock;
         NewTaskService &newTasks;
         MainMenu &menu;
+        StatusAreaPort &area;
     };
     explicit StatusItem(Rooms rooms);
     ~StatusItem() override;
@@ -52,9 +53,11 @@ Q_SIGNALS:
 private:
     struct Popover;
 
+    void showIfPossible();
     QMenu *makeMenu();
 
     Rooms m_rooms;
+    bool m_isWanted = false;
     std::unique_ptr<QMenu> m_contextMenu;
     std::unique_ptr<QSystemTrayIcon> m_icon;
     std::unique_ptr<Popover> m_popover;

@@ -1,0 +1,167 @@
+#include "client/RelaunchArguments.h"
+#include "gui/ClientFixture.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
+#include "support/TestMain.h"
+#include "views/alerts/Alert.h"
+#include "views/main/MainWindow.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+
+constexpr const char *home = "Pacific/Auckland";
+
+struct NotedNotifications final : UserNotificationCenterPort {
+    void show(const UserNotification &notification) override { titles << notification.title; }
+    QStringList titles;
+};
+
+QWidget *openAlert()
+{
+    for (QWidget *each : QApplication::topLevelWidgets())
+        if (each->objectName() == u"alert" && each->isVisible()) return each;
+    return nullptr;
+}
+
+void pressAlertButton()
+{
+    if (QWidget *alert = openAlert()) alert->findChild<QAbstractButton *>(u"alertButton0"_s)->click();
+}
+
+} // namespace
+
+/// The client without its window, and what it does before one is open.
+class BackgroundLife_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClientFixture> m_client;
+    NotedNotifications m_notifications;
+
+    QString addTask(bool isAllDay)
+    {
+        KWTaskModel model;
+        model.userID = m_client->kit().account().currentUserID();
+        model.projectID = KWProject::inboxIDOfUser(model.userID);
+        model.title = u"Pay rent"_s;
+        model.timeZone = QString::fromLatin1(home);
+        model.startDate = at("2026-11-22 00:00", home);
+        model.isAllDay = isAllDay;
+        model.reminders = {u"TRIGGER:P0DT9H0M0S"_s};
+        QString id;
+        const auto saved = KWCoreDataService{m_client->kit().manager()}.sync_save(
+            [&](ObjectContext &context) -> Result<void> {
+                id = context.insert<KWTask>(model).sid();
+                return {};
+            });
+        return saved ? id : QString{};
+    }
+    KWTaskModel task(const QString &id) { return m_client->kit().context().find<KWTask>(id)->model(); }
+    void flyToNewYork(const DesktopServices &services)
+    {
+        m_client->clock.setNow(at("2026-11-21 23:43"));
+        m_client->clock.setZone("America/New_York");
+        m_client->restart(services);
+        QTimer presser;
+        presser.callOnTimeout(&pressAlertButton);
+        presser.start(0);
+        m_client->clock.advance(0ms); // before anything in the background has ended
+        m_client->kit().manager().threadPool().waitForDone();
+        QCoreApplication::processEvents();
+        m_client->clock.advance(0ms);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_notifications.titles.clear();
+        m_client = std::make_unique<ClientFixture>("2026-11-21 09:00", home);
+        m_client->useOnThisComputer();
+    }
+    void cleanup() { m_client.reset(); }
+
+    // In between lies the moment at which it would have come at home.
+    void remindsAfterAJourneyAtTheTimeOfDayThatIsMeant()
+    {
+        const QString id = addTask(true);
+        QCOMPARE(task(id).remindTime, at("2026-11-21 20:00"));
+        flyToNewYork({.notifications = m_notifications});
+        QCOMPARE(m_notifications.titles, QStringList{});
+        QCOMPARE(task(id).remindTime, at("2026-11-22 09:00", "America/New_York"));
+        m_client->clock.advanceTo(at("2026-11-22 08:59", "America/New_York"));
+        QCOMPARE(m_notifications.titles, QStringList{});
+        m_client->clock.advance(1min);
+        QCOMPARE(m_notifications.titles, QStringList{u"Pay rent"_s});
+        m_client->clock.advance(24h);
+        QCOMPARE(m_notifications.titles.size(), 1);
+    }
+
+    void leavesDatesAloneInAZoneGivenForTheRun()
+    {
+        const QString id = addTask(true);
+        const KWTaskModel before = task(id);
+        flyToNewYork({.followsSystemZone = false});
+        QCOMPARE(task(id).startDate, before.startDate);
+        QCOMPARE(task(id).timeZone, before.timeZone);
+        QCOMPARE(m_client->kit().defaults().value(Settings::lastLocalTimeZone), QString::fromLatin1(home));
+    }
+
+    void staysUntilAWindowWasOpenedAndClosed()
+    {
+        m_client->restart({}, {.cause = LaunchCause::LoginItem});
+        QVERIFY(!m_client->window());
+        QMetaObject::invokeMethod(qApp, "lastWindowClosed");
+        QVERIFY(!QApplication::quitOnLastWindowClosed());
+        m_client->rooms().application().open({});
+        QVERIFY(m_client->window());
+        QMetaObject::invokeMethod(qApp, "lastWindowClosed");
+        QVERIFY(QApplication::quitOnLastWindowClosed());
+    }
+
+    void startsAgainWithItsSettingsAlone()
+    {
+        const auto again = [](const QStringList &words, bool isInBackground) {
+            return relaunchArguments(Invocation::parse(words).value(), isInBackground).join(u' ');
+        };
+        QCOMPARE(
+            again({u"--demo"_s, u"--zone=UTC"_s, u"--home"_s, u"/data"_s, u"orvane://list/today"_s}, false),
+            u"--home /data --zone UTC"_s);
+        QCOMPARE(again({u"--login-item"_s, u"--locale"_s, u"zh_CN"_s}, false), u"--locale zh_CN"_s);
+        QCOMPARE(again({u"--demo"_s}, true), u"--demo --login-item"_s);
+    }
+
+    void anAlertIsNotTheLastWindow()
+    {
+        m_client.reset();
+        QSignalSpy lastWindow{qApp, &QGuiApplication::lastWindowClosed};
+        int answer = -1;
+        QTimer::singleShot(0, this, [&answer] {
+            QTimer::singleShot(0, &pressAlertButton);
+            answer = Alert::run({u"Question"_s, {}, {u"Yes"_s, u"No"_s}});
+            QCoreApplication::exit();
+        });
+        QApplication::exec(); // Qt speaks of the last window only in here
+        QCOMPARE(answer, 0);
+        QCOMPARE(lastWindow.count(), 0);
+    }
+
+    void anAlertThatIsCutOffGoesBack()
+    {
+        int answer = -1;
+        QTimer::singleShot(0, this, [&answer] {
+            QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+            answer = Alert::run({u"Question"_s, {}, {u"Restore"_s, u"Quit"_s}});
+        });
+        QApplication::exec();
+        QCOMPARE(answer, 1);
+    }
+};
+
+ORVANE_TEST(BackgroundLife_test)
+#include "BackgroundLife_test.moc"
