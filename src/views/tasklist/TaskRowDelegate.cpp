@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskRowDelegate.h"
 
+#include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
 #include "views/tasklist/TaskDateColor.h"
 #include "views/tasklist/TaskListModel.h"
