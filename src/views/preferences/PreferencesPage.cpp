@@ -75,9 +75,12 @@ void PreferencesPage::addSwitch(const char *name, const QString &label, std::fun
     addRow(name, label, *control, hint);
 }
 
-void PreferencesPage::report(const Result<void> &saved, const std::function<void()> &showStored)
+void PreferencesPage::report(const Result<void> &result, const std::function<void()> &showStored)
 {
-    if (saved) return;
+    if (result) {
+        Q_EMIT saved();
+        return;
+    }
     showStored();
-    Q_EMIT failed(saved.error().sentence);
+    Q_EMIT failed(result.error().sentence);
 }

@@ -20,6 +20,7 @@ public:
     const QString &title() const { return m_title; }
 
 Q_SIGNALS:
+    void saved();
     void failed(const QString &sentence);
 
 protected:
@@ -74,7 +75,7 @@ protected:
             [this, &setting](const Value &value) { return m_preferences.set(setting, value); }, hint);
     }
 
-    void report(const Result<void> &saved, const std::function<void()> &showStored);
+    void report(const Result<void> &result, const std::function<void()> &showStored);
 
 private:
     QString m_title;

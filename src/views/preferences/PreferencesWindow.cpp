@@ -81,6 +81,7 @@ void PreferencesWindow::addPage(PreferencesPage *page)
     m_pages->addWidget(area);
     m_names->addItem(page->title());
     connect(page, &PreferencesPage::failed, this, &PreferencesWindow::showMessage);
+    connect(page, &PreferencesPage::saved, m_message, &QWidget::hide);
 }
 
 void PreferencesWindow::showPage(const QString &name)

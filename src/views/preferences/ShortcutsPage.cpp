@@ -2,20 +2,9 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/menu/MainMenu.h"
-#include "views/theme/Metrics.h"
+#include "views/preferences/ShortcutField.h"
 
-#include <QKeyEvent>
-#include <QKeySequenceEdit>
-#include <QLineEdit>
 #include <QPushButton>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int shortcutWidth = 170;
-
-} // namespace
 
 ShortcutsPage::ShortcutsPage(Preferences &preferences, MainMenu &menu)
     : PreferencesPage("shortcutsPage", KWLocalizedString("Keyboard Shortcuts"), preferences)
@@ -33,6 +22,7 @@ ShortcutsPage::ShortcutsPage(Preferences &preferences, MainMenu &menu)
     connect(m_reset, &QPushButton::clicked, this, [this] {
         m_menu.shortcuts().reset();
         m_menu.applyShortcuts();
+        report({}, [] {});
         showStored();
     });
     endRows();
@@ -41,28 +31,16 @@ ShortcutsPage::ShortcutsPage(Preferences &preferences, MainMenu &menu)
 
 void ShortcutsPage::addShortcut(const MenuEntry &entry)
 {
-    auto *edit = new QKeySequenceEdit;
-    edit->setFixedSize(Metrics::scaled(shortcutWidth), Metrics::scaled(Metrics::control));
-    // The field inside takes the keys; its Tab goes on to the next row.
-    for (QObject *each : edit->children())
-        if (auto *field = qobject_cast<QLineEdit *>(each)) {
-            field->setMinimumHeight(Metrics::scaled(Metrics::control));
-            field->setTextMargins(Metrics::grid * 2, 0, Metrics::grid * 2, 0);
-            field->installEventFilter(this);
-        }
-    edit->installEventFilter(this);
-    m_edits[entry.command] = edit;
-    connect(edit, &QKeySequenceEdit::keySequenceChanged, this,
-            [this, command = entry.command](const QKeySequence &keys) { take(command, keys); });
-    addRow(entry.name, entry.plainTitle(), *edit);
+    auto *field = new ShortcutField{entry.plainTitle(), QLatin1StringView{entry.keys}};
+    m_fields[entry.command] = field;
+    connect(field, &ShortcutField::chosen, this,
+            [this, command = entry.command](const QString &keys) { take(command, keys); });
+    addRow(entry.name, entry.plainTitle(), *field);
 }
 
-void ShortcutsPage::take(MenuCommand command, const QKeySequence &keys)
+void ShortcutsPage::take(MenuCommand command, const QString &keys)
 {
-    // One stroke, not a row of them.
-    const QString stroke =
-        keys.isEmpty() ? QString{} : QKeySequence{keys[0]}.toString(QKeySequence::PortableText);
-    const Result<void> set = m_menu.shortcuts().setKeys(command, stroke);
+    const Result<void> set = m_menu.shortcuts().setKeys(command, keys);
     if (set) m_menu.applyShortcuts();
     report(set, [] {});
     showStored();
@@ -70,29 +48,7 @@ void ShortcutsPage::take(MenuCommand command, const QKeySequence &keys)
 
 void ShortcutsPage::showStored()
 {
-    for (const auto &[command, edit] : m_edits) {
-        const QSignalBlocker quiet{edit};
-        edit->setKeySequence(QKeySequence{m_menu.shortcuts().keysOf(command), QKeySequence::PortableText});
-    }
+    for (const auto &[command, field] : m_fields)
+        field->setKeys(m_menu.shortcuts().keysOf(command));
     m_reset->setEnabled(!m_menu.shortcuts().isReset());
-}
-
-bool ShortcutsPage::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::KeyPress) return PreferencesPage::eventFilter(watched, event);
-    const auto *key = static_cast<QKeyEvent *>(event);
-    auto *edit = qobject_cast<QKeySequenceEdit *>(watched);
-    if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)
-        return focusNextPrevChild(key->key() == Qt::Key_Tab);
-    // Alone, these two take the keys away.
-    const bool clears = key->key() == Qt::Key_Backspace || key->key() == Qt::Key_Delete;
-    if (edit && clears && key->modifiers() == Qt::NoModifier) {
-        edit->clear();
-        return true;
-    }
-    if (key->key() == Qt::Key_Escape) {
-        window()->close();
-        return true;
-    }
-    return PreferencesPage::eventFilter(watched, event);
 }

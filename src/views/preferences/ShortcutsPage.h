@@ -6,26 +6,23 @@
 #include <map>
 
 class MainMenu;
-class QKeySequenceEdit;
 class QPushButton;
+class ShortcutField;
 
 /// The keys of the commands that have a slot. Keys that another command has, or that are needed for typing,
-/// are refused with a sentence.
+/// are refused with a sentence, and the old ones stay.
 class ShortcutsPage : public PreferencesPage {
     Q_OBJECT
 
 public:
     ShortcutsPage(Preferences &preferences, MainMenu &menu);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void addShortcut(const MenuEntry &entry);
-    void take(MenuCommand command, const QKeySequence &keys);
+    void take(MenuCommand command, const QString &keys);
     void showStored();
 
     MainMenu &m_menu;
-    std::map<MenuCommand, QKeySequenceEdit *> m_edits;
+    std::map<MenuCommand, ShortcutField *> m_fields;
     QPushButton *m_reset;
 };

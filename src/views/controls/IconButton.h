@@ -1,0 +1,25 @@
+#pragma once
+
+#include "views/theme/Icons.h"
+
+#include <QAbstractButton>
+
+/// A small quiet button that is its icon alone; what it does is said to screen readers and in its tool tip.
+class IconButton : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    IconButton(Icon icon, const QString &does, QWidget *parent = nullptr);
+
+    /// Draws the icon the other way round, left for right; right-to-left layouts turn it once more.
+    void setMirrored(bool isMirrored);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    const Icon m_icon;
+    bool m_isMirrored = false;
+};
