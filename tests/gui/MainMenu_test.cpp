@@ -160,6 +160,7 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Alt);
         QVERIFY(bar.isVisible());
         QCOMPARE(bar.actions().size(), 7);
+        QCOMPARE(bar.height(), bar.sizeHint().height());
         QTest::keyClick(&bar, Qt::Key_Escape);
         QVERIFY(bar.isHidden());
         QVERIFY(window().listPane().addField().hasFocus());

@@ -13,6 +13,7 @@ HiddenMenuBar::HiddenMenuBar(MainMenu &menu, QWidget &window) : QMenuBar(&window
     setObjectName(u"menuBar"_s);
     setNativeMenuBar(false);
     setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // the columns have the rest
     hide();
     // Of the whole program: the key goes to whichever widget has the focus.
     qApp->installEventFilter(this);
