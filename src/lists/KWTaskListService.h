@@ -22,6 +22,7 @@ public:
 
     void select(const KWListIdentifier &list);
     void reload();
+    /// No list is selected any more.
     void clear();
 
     /// The rows are other ones now.

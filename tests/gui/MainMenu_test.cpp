@@ -193,6 +193,7 @@ private Q_SLOTS:
         QVERIFY(!menu().action(MenuCommand::AddTask).isEnabled());
         m_client->useOnThisComputer();
         QVERIFY(menu().action(MenuCommand::AddTask).isEnabled());
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Call the venue"_s});
     }
 
     void paperShowsTheList()

@@ -44,6 +44,14 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
         center.addObserver(KWNewDayComesNotification, [this](const KWNotification &) { showHead(); }));
 }
 
+// The service outlives the window: the next one asks it afresh.
+TaskListController::~TaskListController()
+{
+    m_service.onRowsChanged = {};
+    m_service.onFailure = {};
+    m_service.clear();
+}
+
 void TaskListController::show(const KWListIdentifier &list)
 {
     m_wantedTask.clear();

@@ -18,6 +18,7 @@ public:
     TaskListController(TaskListPane &pane, KWTaskListService &service, KWProjectListPresenter &sidebar,
                        KWTaskTicker &ticker, KWTaskEditor &editor, KWNotificationCenter &center,
                        CXClock &clock);
+    ~TaskListController() override;
 
     /// Shows that list.
     void show(const KWListIdentifier &list);
