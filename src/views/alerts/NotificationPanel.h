@@ -3,10 +3,11 @@
 #include "app/ports/UserNotificationPorts.h"
 
 #include <QHash>
+#include <QObject>
 #include <QPointer>
-#include <QWidget>
 
-class QVBoxLayout;
+class NotificationCard;
+class NotificationWindow;
 
 /// Messages in a small window of our own at the top of the screen, for desktops that show none. It takes
 /// no focus, comes with the first message and goes with the last.
@@ -18,13 +19,12 @@ public:
     void withdraw(const QString &identifier) override;
 
     /// None while nothing is shown.
-    QWidget *window() const { return m_window; }
+    QWidget *window() const;
 
 private:
-    QWidget *makeCard(const UserNotification &notification);
+    void dismiss(const QString &identifier);
     void close(const QString &identifier);
-    void place();
 
-    QPointer<QWidget> m_window;
-    QHash<QString, QWidget *> m_cards; // by identifier
+    QPointer<NotificationWindow> m_window;
+    QHash<QString, NotificationCard *> m_cards; // by identifier
 };

@@ -39,6 +39,7 @@ inline constexpr int gap = 12;         ///< between the pieces at the right of a
 
 inline constexpr int rowRadius = 8;
 inline constexpr int fieldRadius = 10;
+inline constexpr int popupRadius = 10;
 inline constexpr int pillRadius = 5;
 inline constexpr int checkboxRadius = 5;
 

@@ -35,8 +35,9 @@ struct Theme {
 
     // Lines and marks
     QColor hairline;
-    QColor control; ///< outline of an empty checkbox
-    QColor done;    ///< filled checkbox of a closed task
+    QColor popupEdge; ///< around what stands over other windows
+    QColor control;   ///< outline of an empty checkbox
+    QColor done;      ///< filled checkbox of a closed task
     QColor accent;
 
     /// What one priority paints.

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+class NotificationCard;
+class QLabel;
+class QScrollArea;
+class QVBoxLayout;
+
+/// The window of the notification panel: the messages below each other, as high as they need and the screen
+/// allows. From two messages on a line above them counts them and dismisses all.
+class NotificationWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    NotificationWindow();
+
+    /// Takes the card, below the others.
+    void add(NotificationCard *card);
+    /// Takes the card out and deletes it once that is safe: its own button may be what closes it.
+    void remove(NotificationCard *card);
+
+Q_SIGNALS:
+    void allDismissed();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void place();
+
+    QWidget *m_head;
+    QLabel *m_count;
+    QScrollArea *m_area;
+    QVBoxLayout *m_cards;
+};
