@@ -15,13 +15,13 @@ constexpr bool group = true;
 
 constexpr MenuEntry entries[] = {
     {About, Application, "about", "About %@", "", Nothing},
-    {Preferences, Application, "preferences", "Preferences…", "Ctrl+,", SignedInUser, group},
-    {SignOut, Application, "signOut", "Sign Out", "", SignedInUser, group},
+    {Preferences, Application, "preferences", "Preferences…", "Ctrl+,", SignedInUser},
+    {SignOut, Application, "signOut", "Sign Out", "", SignedInUser},
     {Hide, Application, "hide", "Hide %@", "Ctrl+H", Nothing, group},
     {Quit, Application, "quit", "Quit %@", "Ctrl+Q", Nothing},
 
     {AddTask, File, "addTask", "Add Task", "Ctrl+N"},
-    {Print, File, "print", "Print…", "Ctrl+P", SignedInUser, group},
+    {Print, File, "print", "Print…", "Ctrl+P", SignedInUser},
     {CloseWindow, File, "closeWindow", "Close Window", "Ctrl+W", Nothing, group},
 
     {Undo, Edit, "undo", "Undo", "Ctrl+Z"},
@@ -46,7 +46,7 @@ constexpr MenuEntry entries[] = {
     {OpenToday, Go, "openToday", "Today", "Ctrl+2"},
     {OpenTomorrow, Go, "openTomorrow", "Tomorrow", "Ctrl+3"},
     {OpenNext7Days, Go, "openNext7Days", "Next 7 Days", "Ctrl+4"},
-    {OpenCalendar, Go, "openCalendar", "Calendar", "Ctrl+5", SignedInUser, group},
+    {OpenCalendar, Go, "openCalendar", "Calendar", "Ctrl+5"},
     {OpenHabit, Go, "openHabit", "Habits", "Ctrl+6"},
     {OpenAll, Go, "openAll", "All", "Ctrl+7", SignedInUser, group},
     {OpenAssignedToMe, Go, "openAssignedToMe", "Assigned to Me", "Ctrl+8"},
@@ -57,10 +57,10 @@ constexpr MenuEntry entries[] = {
 
     {Minimise, Window, "minimise", "Minimise", "Ctrl+M", Nothing},
     {ShowPopover, Window, "showPopover", "Quick View of Today", "Ctrl+Shift+O"},
-    {ShowMenuBar, Window, "showMenuBar", "Menu Bar", "F10", SignedInUser, group},
+    {ShowMenuBar, Window, "showMenuBar", "Menu Bar", "F10"},
 
     {ShowShortcuts, Help, "showShortcuts", "Keyboard Shortcuts", "F1"},
-    {SendDiagnostics, Help, "clear_data", "Send Diagnostic Data…", "", SignedInUser, group},
+    {SendDiagnostics, Help, "clear_data", "Send Diagnostic Data…", ""},
 };
 
 } // namespace

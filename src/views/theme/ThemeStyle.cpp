@@ -1,7 +1,9 @@
 #include "views/theme/ThemeStyle.h"
 
+#include "views/theme/MenuPainting.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
+#include "views/theme/PopupFrame.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>
@@ -14,7 +16,8 @@ namespace {
 constexpr int scrollBarExtent = 10;
 constexpr int shortestThumb = 24;
 constexpr int comboBoxPadding = 8;
-constexpr int fieldInset = 4; // within its outline
+constexpr int buttonPadding = 6; // more than Fusion has
+constexpr int fieldInset = 4;    // within its outline
 
 bool isAccented(const QStyleOptionButton &button)
 {
@@ -71,6 +74,11 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     case PE_FrameFocusRect:
         Painting::focusRing(*painter, option->rect, Metrics::pillRadius);
         return;
+    case PE_PanelMenu:
+        PopupFrame::paint(*painter, option->rect);
+        return;
+    case PE_FrameMenu:
+    case PE_PanelMenuBar:
     case PE_PanelItemViewRow:
     case PE_PanelItemViewItem:
         return;
@@ -99,6 +107,12 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
     if (element == CE_Splitter) {
         painter->fillRect(option->rect, Theme::current().hairline);
         return;
+    }
+    if (element == CE_MenuEmptyArea) return;
+    if (element == CE_MenuBarEmptyArea) return MenuPainting::drawBarBackground(*painter, option->rect);
+    if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
+        if (element == CE_MenuItem) return MenuPainting::drawItem(*painter, *item);
+        if (element == CE_MenuBarItem) return MenuPainting::drawBarItem(*painter, *item);
     }
     if (element == CE_PushButton) {
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
@@ -170,8 +184,12 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                                    const QWidget *widget) const
 {
+    if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        item && type == CT_MenuItem)
+        return MenuPainting::itemSize(*item, contents);
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     if (type == CT_ComboBox) size.rwidth() += 2 * comboBoxPadding;
+    if (type == CT_PushButton) size.rwidth() += 2 * buttonPadding;
     const bool isControl = type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox;
     return isControl ? size.expandedTo({0, Metrics::scaled(Metrics::control)}) : size;
 }
@@ -187,6 +205,16 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, cons
         return 0;
     case PM_SplitterWidth:
         return 1;
+    case PM_MenuPanelWidth:
+        return 0;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return MenuPainting::margin;
+    case PM_MenuBarPanelWidth:
+        return 0;
+    case PM_MenuBarHMargin:
+    case PM_MenuBarVMargin:
+        return 2;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
         return 0;
@@ -199,6 +227,12 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWid
                           QStyleHintReturn *returnData) const
 {
     switch (hint) {
+    case SH_Menu_Mask:
+        if (auto *mask = qstyleoption_cast<QStyleHintReturnMask *>(returnData)) {
+            mask->region = PopupFrame::shape(option->rect);
+            return 1;
+        }
+        return 0;
     case SH_ItemView_ActivateItemOnSingleClick:
         return 0;
     case SH_ScrollBar_LeftClickAbsolutePosition:

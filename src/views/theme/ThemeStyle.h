@@ -3,7 +3,7 @@
 #include <QProxyStyle>
 
 /// The look of the few stock controls the product uses, after the theme in force: buttons, fields of one
-/// line, scroll bars, splitters and the focus ring. Item views are left to their delegates.
+/// line, menus, scroll bars, splitters and the focus ring. Item views are left to their delegates.
 class ThemeStyle : public QProxyStyle {
     Q_OBJECT
 
