@@ -1,24 +1,26 @@
 #include "views/datepicker/DatePicker.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/controls/IconButton.h"
+#include "views/datepicker/MonthView.h"
+#include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/Painting.h"
-#include "views/theme/Theme.h"
+#include "views/theme/PopupFrame.h"
 #include "views/wording/CalendarDay.h"
 
-#include <QCalendarWidget>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTableView>
-#include <QTextCharFormat>
 
 using namespace Qt::StringLiterals;
 
 DatePicker::DatePicker(const Days &days, QWidget *parent)
-    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint), m_calendar(new QCalendarWidget{this})
+    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint)
+    , m_month(new MonthView{days.today, days.firstWeekday, this})
 {
     setObjectName(u"datePicker"_s);
     setAccessibleName(KWLocalizedString("Date"));
@@ -34,12 +36,14 @@ DatePicker::DatePicker(const Days &days, QWidget *parent)
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
     column->addLayout(choices);
-    column->addWidget(m_calendar);
+    column->addLayout(makeHead());
+    column->addWidget(m_month);
 
-    dressCalendar(days.firstWeekday);
-    m_calendar->setSelectedDate(dateOf(days.selected.value_or(days.today)));
-    connect(m_calendar, &QCalendarWidget::activated, this, [this](const QDate &date) { pick(dayOf(date)); });
-    connect(m_calendar, &QCalendarWidget::clicked, this, [this](const QDate &date) { pick(dayOf(date)); });
+    // The month answers to Enter itself, but only where its table has the focus.
+    if (auto *table = m_month->findChild<QTableView *>()) table->installEventFilter(this);
+    m_month->setSelectedDate(dateOf(days.selected.value_or(days.today)));
+    connect(m_month, &QCalendarWidget::activated, this, [this](const QDate &date) { pick(dayOf(date)); });
+    connect(m_month, &QCalendarWidget::clicked, this, [this](const QDate &date) { pick(dayOf(date)); });
 }
 
 void DatePicker::addChoice(QBoxLayout &row, const char *name, const QString &text, std::optional<Day> day)
@@ -52,21 +56,32 @@ void DatePicker::addChoice(QBoxLayout &row, const char *name, const QString &tex
     row.addWidget(button);
 }
 
-void DatePicker::dressCalendar(int firstWeekday)
+QLayout *DatePicker::makeHead()
 {
-    m_calendar->setObjectName(u"datePickerMonth"_s);
-    m_calendar->setAccessibleName(KWLocalizedString("Month"));
-    m_calendar->setFirstDayOfWeek(firstWeekday == 1 ? Qt::Sunday : Qt::DayOfWeek(firstWeekday - 1));
-    m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    m_calendar->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-    m_calendar->setDateEditEnabled(false);
-    // The weekend is no warning.
-    QTextCharFormat plain;
-    plain.setForeground(Theme::current().text);
-    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
-        m_calendar->setWeekdayTextFormat(day, plain);
-    // The month answers to Enter itself, but only where its table has the focus.
-    if (auto *table = m_calendar->findChild<QTableView *>()) table->installEventFilter(this);
+    auto *title = new QLabel;
+    title->setObjectName(u"datePickerTitle"_s);
+    title->setFont(Fonts::font(Fonts::Role::BodyStrong));
+    const auto showTitle = [this, title] { title->setText(m_month->title()); };
+    connect(m_month, &QCalendarWidget::currentPageChanged, title, showTitle);
+    showTitle();
+
+    auto *before = new IconButton{Icon::ChevronRight, KWLocalizedString("Month before")};
+    before->setMirrored(true);
+    before->setObjectName(u"monthBefore"_s);
+    connect(before, &QAbstractButton::clicked, m_month, &QCalendarWidget::showPreviousMonth);
+    auto *after = new IconButton{Icon::ChevronRight, KWLocalizedString("Month after")};
+    after->setObjectName(u"monthAfter"_s);
+    connect(after, &QAbstractButton::clicked, m_month, &QCalendarWidget::showNextMonth);
+
+    auto *head = new QHBoxLayout;
+    head->setContentsMargins(Metrics::gap, 0, 0, 0);
+    head->setSpacing(Metrics::grid);
+    head->addWidget(title, 1);
+    for (IconButton *each : {before, after}) {
+        each->setAutoRepeat(true);
+        head->addWidget(each);
+    }
+    return head;
 }
 
 bool DatePicker::eventFilter(QObject *watched, QEvent *event)
@@ -93,13 +108,17 @@ void DatePicker::popUp(const QPoint &position)
          std::clamp(position.y(), screenBounds.top(),
                     std::max(screenBounds.top(), screenBounds.bottom() - height())));
     show();
-    m_calendar->setFocus(Qt::PopupFocusReason);
+    m_month->setFocus(Qt::PopupFocusReason);
 }
 
 void DatePicker::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    painter.fillRect(rect(), Theme::current().popup);
-    Painting::roundedBox(painter, QRectF{rect()}.adjusted(0.5, 0.5, -0.5, -0.5), 0, Theme::current().popup,
-                         Theme::current().hairline);
+    PopupFrame::paint(painter, rect());
+}
+
+void DatePicker::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    setMask(PopupFrame::shape(rect()));
 }

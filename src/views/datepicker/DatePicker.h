@@ -6,8 +6,9 @@
 
 #include <optional>
 
+class MonthView;
 class QBoxLayout;
-class QCalendarWidget;
+class QLayout;
 
 /// A small frame over the window that asks for a day: a month, and above it the days that are asked for
 /// most. Arrows move, Enter takes, Escape goes back. It is gone when it has answered.
@@ -32,11 +33,12 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void addChoice(QBoxLayout &row, const char *name, const QString &text, std::optional<Day> day);
     void pick(std::optional<Day> day);
-    void dressCalendar(int firstWeekday);
+    QLayout *makeHead();
 
-    QCalendarWidget *m_calendar;
+    MonthView *m_month;
 };
