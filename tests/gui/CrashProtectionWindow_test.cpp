@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
@@ -20,6 +21,8 @@ using namespace Qt::StringLiterals;
 class CrashProtectionWindow_test : public QObject {
     Q_OBJECT
 
+    QString m_said; // by all the dialogs
+
     // Presses the buttons named, each in the dialog that is up when its turn comes.
     void press(QStringList buttons)
     {
@@ -27,6 +30,8 @@ class CrashProtectionWindow_test : public QObject {
             const QString name = buttons.takeFirst();
             QWidget *dialog = QApplication::activeModalWidget();
             QVERIFY(dialog);
+            for (const QLabel *each : dialog->findChildren<QLabel *>())
+                m_said += each->text();
             auto *button = dialog->findChild<QPushButton *>(name);
             if (!buttons.isEmpty()) press(buttons);
             if (name == u"Escape")
@@ -48,7 +53,8 @@ private Q_SLOTS:
         QTest::newRow("start") << QStringList{u"choice0"_s} << true << both;
         QTest::newRow("quit") << QStringList{u"choice4"_s} << false << both;
         QTest::newRow("escape") << QStringList{u"Escape"_s} << false << both;
-        QTest::newRow("restore") << QStringList{u"choice1"_s, u"restore"_s} << true << u"Early"_s;
+        QTest::newRow("restore") << QStringList{u"choice1"_s, u"restore"_s, u"alertButton0"_s} << true
+                                 << u"Early"_s;
         QTest::newRow("back, then start")
             << QStringList{u"choice1"_s, u"back"_s, u"choice0"_s} << true << both;
         QTest::newRow("empty") << QStringList{u"choice2"_s, u"alertButton0"_s} << true << QString{};
@@ -70,6 +76,7 @@ private Q_SLOTS:
             {folders, store.clock, alerts, absent<FileManagerPort>(), absent<MailPort>(), [] {}}};
         CrashProtectionWindow window{folders, store.clock, diagnostics};
         bool isStarted = false;
+        m_said.clear();
         press(presses);
         window.runModal(u"Orvane closed"_s, u"What now?"_s, [&isStarted] { isStarted = true; });
         QTEST(isStarted, "starts");
@@ -81,6 +88,8 @@ private Q_SLOTS:
             titles << each.title;
         QTEST(titles.join(u' '), "found");
         QCOMPARE(kept.size(), titles.size() == 2 ? 0 : 1);
+        for (const QString &each : kept)
+            QVERIFY2(m_said.contains(each), qUtf8Printable(m_said));
     }
 };
 

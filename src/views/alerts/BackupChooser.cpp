@@ -2,11 +2,15 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "model/store/BackupTitle.h"
+#include "views/wording/CalendarDay.h"
 
+#include <QDateTime>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -14,13 +18,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A daily backup tells its day alone; its file tells when on that day it was made.
+QString titleWithTime(const StoreBackup &backup)
+{
+    if (backup.origin != StoreBackup::Origin::Daily) return titleOf(backup);
+    const QDateTime made = QFileInfo{backup.path}.lastModified();
+    const Day day = std::chrono::floor<std::chrono::days>(backup.time);
+    if (made.date() != dateOf(day)) return titleOf(backup);
+    return titleOf(backup) + u", "_s + QLocale{}.toString(made.time(), QLocale::ShortFormat);
+}
+
 QListWidget *listOf(const QList<StoreBackup> &backups)
 {
     auto *list = new QListWidget;
     list->setObjectName(u"backups"_s);
     list->setAccessibleName(KWLocalizedString("Backups"));
     for (const StoreBackup &each : backups)
-        list->addItem(titleOf(each));
+        list->addItem(titleWithTime(each));
     list->setCurrentRow(0);
     return list;
 }
@@ -33,7 +47,8 @@ std::optional<StoreBackup> chooseBackup(const QList<StoreBackup> &backups, QWidg
     dialog.setObjectName(u"backupChooser"_s);
     dialog.setWindowTitle(u"Orvane"_s);
     auto *text = new QLabel{
-        KWLocalizedString("Which backup is to take the place of your tasks? They are kept beside it.")};
+        KWLocalizedString("Which backup is to take the place of your tasks? Those you have now are kept, "
+                          "and stand in this list afterwards.")};
     text->setWordWrap(true);
     QListWidget *list = listOf(backups);
     auto *buttons = new QDialogButtonBox;

@@ -3,6 +3,7 @@
 #include "app/KWAbnormalDataCleanService.h"
 #include "corvexkit/time/CXClock.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/BackupTitle.h"
 #include "model/store/Store.h"
 #include "model/store/StoreBackups.h"
 #include "views/alerts/Alert.h"
@@ -19,6 +20,16 @@ QString okText() { return KWLocalizedString("OK"); }
 void tellFailure(const Error &error)
 {
     Alert::run({KWLocalizedString("That did not work"), error.sentence, {okText()}});
+}
+
+// `kept` is the file of the tasks that were there; empty when there were none.
+void tellRestored(const StoreBackup &backup, const QString &kept)
+{
+    const QString aside =
+        KWLocalizedString("The tasks that were there are in “%1”, which stands among the backups now.");
+    Alert::run({KWLocalizedString("%1 is restored").arg(titleOf(backup)),
+                kept.isEmpty() ? QString{} : aside.arg(kept),
+                {okText()}});
 }
 
 } // namespace
@@ -79,6 +90,8 @@ CrashProtectionWindow::Outcome CrashProtectionWindow::restoreBackup()
     if (const Result<QString> kept = restoreStore(backup->path, m_folders, m_clock); !kept) {
         tellFailure(kept.error());
         return Outcome::AskAgain;
+    } else {
+        tellRestored(*backup, kept->isEmpty() ? QString{} : QDir{m_folders.data}.filePath(*kept));
     }
     return Outcome::Start;
 }
