@@ -5,6 +5,7 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
+#include "model/store/TimeZoneAdaptation.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -94,6 +95,27 @@ private Q_SLOTS:
         scene.store.kit().manager().threadPool().waitForDone();
         QCOMPARE(scene.reminders.nextRemindTime(scene.store.userID(), scene.store.clock.now()),
                  at("2030-05-01 12:00", zone));
+    }
+
+    void carriesAlertsToAnotherZoneOnce()
+    {
+        constexpr const char *away = "America/New_York";
+        ReminderScene scene;
+        const auto addDay = [&scene] {
+            const QString id = aTask("Pay rent", zone).dueOn("2030-05-02").savedIn(scene.store);
+            setSaved<KWTask>(scene.store, id, &KWTaskModel::reminders, {u"TRIGGER:P0DT9H0M0S"_s});
+            return id;
+        };
+        const QString left = addDay(), edited = addDay();
+        QCOMPARE(scene.alertOf(left), at("2030-05-02 09:00", zone));
+        scene.store.clock.setZone(away);
+        setSaved<KWTask>(scene.store, edited, &KWTaskModel::reminders, {u"TRIGGER:P0DT10H0M0S"_s});
+        QCOMPARE(scene.alertOf(edited), at("2030-05-02 10:00", away));
+        saved(scene.store, [](ObjectContext &context) {
+            QCOMPARE(adaptDatesToLocalTimeZone(*CXTimeZone::named(QString::fromLatin1(zone)), context), 2);
+        });
+        QCOMPARE(scene.alertOf(left), at("2030-05-02 09:00", away));
+        QCOMPARE(scene.alertOf(edited), at("2030-05-02 10:00", away));
     }
 
     void staysSilentAboutWhatNobodyIsToHear()

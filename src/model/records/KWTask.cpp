@@ -141,8 +141,12 @@ bool KWTask::adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &last
     if (adapted == task) return false;
     adapted.timeZone = local.identifier();
     // Moved and not worked out anew: an alert that was shown does not come again at the same time of day.
-    if (task.remindTime && task.remindTime != task.snoozedRemindDate)
-        adapted.remindTime = move.time(*task.remindTime);
+    // One that was worked out here, because somebody saved the task since the journey, stays.
+    const auto isOfHere = [&](Instant alert) {
+        return alert == task.snoozedRemindDate ||
+               (isAlert(adapted, alert, local) && !isAlert(task, alert, from));
+    };
+    if (task.remindTime && !isOfHere(*task.remindTime)) adapted.remindTime = move.time(*task.remindTime);
     assign(adapted);
     keepAlert(adapted.remindTime);
     return true;

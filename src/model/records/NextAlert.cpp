@@ -59,6 +59,11 @@ std::optional<Instant> nextAlert(const KWTaskModel &task, Instant after, const C
     return next;
 }
 
+bool isAlert(const KWTaskModel &task, Instant moment, const CXTimeZone &zone)
+{
+    return nextAlert(task, moment - std::chrono::milliseconds{1}, zone) == moment;
+}
+
 std::optional<Instant> nextAlert(const KWChecklistItemModel &item, Instant after)
 {
     if (!item.startDate) return std::nullopt;

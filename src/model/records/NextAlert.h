@@ -10,6 +10,8 @@
 /// all-day task count from its day in `zone`, those of a task with a time from its start, in its own zone
 /// unless it is floating. Nothing for a task without a date.
 std::optional<Instant> nextAlert(const KWTaskModel &task, Instant after, const CXTimeZone &zone);
+/// Whether one of them comes at that moment.
+bool isAlert(const KWTaskModel &task, Instant moment, const CXTimeZone &zone);
 /// An item with a time reminds when that comes, an all-day one only when it was snoozed.
 std::optional<Instant> nextAlert(const KWChecklistItemModel &item, Instant after);
 
