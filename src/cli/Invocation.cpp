@@ -59,7 +59,8 @@ constexpr Command commands[] = {
      "    without NAME, all of them. Each line: id, date, title.\n"},
     {"done"_L1, "orvane done ID…\n"
                 "    Completes tasks. ID is what `orvane list` shows, or any longer ending of the id.\n"},
-    {"undo"_L1, "orvane undo ID…\n    Opens completed tasks again.\n"},
+    {"undo"_L1, "orvane undo ID…\n"
+                "    Opens completed tasks again. ID is what `orvane list completed` shows.\n"},
     {"backup"_L1, "orvane backup [FILE]\n"
                   "    Copies the store into FILE; without FILE, into the backups of the data folder.\n"},
     {"restore"_L1,

@@ -7,16 +7,25 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype shortestEnding = 4;
 
 QString statusText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
-Result<QString> taskWithEnding(const QString &ending, OrvaneKit &kit)
+// Where the ids stand of the tasks that can be given that status.
+QString listCommandFor(KWTaskStatus status)
+{
+    return status == KWTaskStatusOpen ? u"`orvane list completed`"_s : u"`orvane list`"_s;
+}
+
+Result<KWTaskModel> taskWithEnding(const QString &ending, KWTaskStatus status, OrvaneKit &kit)
 {
     if (ending.size() < shortestEnding)
-        return Error{statusText("“%1” is too short for an id: give what `orvane list` shows.").arg(ending)};
+        return Error{statusText("“%1” is too short for an id: give what %2 shows.")
+                         .arg(ending, listCommandFor(status))};
     const QList<KWTaskModel> found = kit.context().models<KWTask>(
         {.where = "userID = ? AND isDeleted = 0 AND substr(sid, -length(?2)) = ?2",
          .values = {kit.account().currentUserID(), ending},
@@ -24,7 +33,18 @@ Result<QString> taskWithEnding(const QString &ending, OrvaneKit &kit)
     if (found.isEmpty()) return Error{statusText("There is no task “%1”.").arg(ending)};
     if (found.size() > 1)
         return Error{statusText("More than one task ends in “%1”: give more of the id.").arg(ending)};
-    return found.first().sid;
+    return found.first();
+}
+
+// What is said of the task once it has the status.
+Result<QString> giveStatus(KWTaskStatus status, const KWTaskModel &task, OrvaneKit &kit)
+{
+    if (task.status == status)
+        return statusText(status == KWTaskStatusOpen ? "“%1” is open already." : "“%1” is done already.")
+            .arg(task.title);
+    const auto ticked = KWTaskTicker{kit.manager()}.updateStatus(status, task.sid);
+    if (!ticked) return ticked.error();
+    return task.title;
 }
 
 } // namespace
@@ -33,18 +53,16 @@ ExitStatus runStatus(KWTaskStatus status, const Invocation &invocation, OrvaneKi
                      CommandStreams streams)
 {
     if (invocation.arguments.isEmpty())
-        return failWith(statusText("Which task? Give its id, as `orvane list` shows it."),
+        return failWith(statusText("Which task? Give its id, as %1 shows it.").arg(listCommandFor(status)),
                         ExitStatus::WrongUsage, streams.err);
     ExitStatus worst = ExitStatus::Done;
     for (const QString &each : invocation.arguments) {
-        const Result<QString> taskID = taskWithEnding(each, kit);
-        const auto done = taskID ? KWTaskTicker{kit.manager()}.updateStatus(status, *taskID)
-                                 : Result<KWTaskTicker::Ticked>{taskID.error()};
-        if (!done) {
-            worst = failWith(done.error().sentence, ExitStatus::CouldNot, streams.err);
-            continue;
-        }
-        streams.out << terminalText(kit.context().find<KWTask>(*taskID)->model().title) << '\n';
+        const Result<KWTaskModel> task = taskWithEnding(each, status, kit);
+        const Result<QString> said = task ? giveStatus(status, *task, kit) : task.error();
+        if (said)
+            streams.out << terminalText(*said) << '\n';
+        else
+            worst = failWith(said.error().sentence, ExitStatus::CouldNot, streams.err);
     }
     return worst;
 }

@@ -198,7 +198,9 @@ private Q_SLOTS:
         const Answer answer = orvane(u"done zzzz "_s + idOf(u"Pay rent"_s));
         QCOMPARE(answer.status, 1);
         QCOMPARE(answer.err, u"There is no task “zzzz”.\n"_s);
+        QCOMPARE(orvane(u"undo "_s + id).out, u"“Pay rent” is open already.\n"_s);
         QCOMPARE(answer.out, u"Pay rent\n"_s);
+        QCOMPARE(orvane(u"done "_s + id).out, u"“Pay rent” is done already.\n"_s);
     }
 
     void everythingGoesOutAndBack()
