@@ -1,11 +1,14 @@
 #include "cli/AddCommand.h"
 
+#include "capture/NewTaskContextOfList.h"
 #include "capture/NewTaskService.h"
 #include "cli/FixedClock.h"
+#include "cli/NamedList.h"
 #include "cli/TaskLine.h"
 #include "corvexkit/time/TimeText.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -26,16 +29,21 @@ QByteArray lineOf(const QJsonObject &object)
     return QJsonDocument{object}.toJson(QJsonDocument::Compact) + '\n';
 }
 
+QString listNameOf(const KWTaskModel &task, OrvaneKit &kit)
+{
+    const KWProject *project = kit.context().find<KWProject>(task.projectID);
+    return project ? project->model().name : QString{};
+}
+
 QJsonObject savedTask(const KWTaskModel &task, OrvaneKit &kit)
 {
     const CXTimeZone zone = kit.clock().zone();
-    const KWProject *project = kit.context().find<KWProject>(task.projectID);
     const auto dateOrNull = [&](const std::optional<Instant> &date) {
         return date ? QJsonValue{localDateText(date, task.isAllDay, zone)} : QJsonValue{};
     };
     return {{u"id"_s, task.sid},
             {u"title"_s, task.title},
-            {u"list"_s, project ? project->model().name : QString{}},
+            {u"list"_s, listNameOf(task, kit)},
             {u"tags"_s, QJsonArray::fromStringList(task.tags)},
             {u"priority"_s, int(task.priority)},
             {u"start"_s, dateOrNull(task.startDate)},
@@ -45,27 +53,30 @@ QJsonObject savedTask(const KWTaskModel &task, OrvaneKit &kit)
             {u"reminders"_s, QJsonArray::fromStringList(task.reminders)}};
 }
 
-Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
+// What was closed, deleted or given to somebody is no list to add to.
+bool takesTasks(const KWListIdentifier &list)
 {
-    NewTaskContext context;
-    if (invocation.list.isEmpty()) return context;
-    const KWProject *project =
-        KWProject::findProjectNamed(invocation.list, kit.account().currentUserID(), kit.context());
-    if (!project) return Error{addText("There is no list “%1”.").arg(invocation.list)};
-    context.presetList = project->sid();
-    return context;
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return list.type != KWListIdentifierType::SmartProject || smart->isAll() || smart->isToday() ||
+           smart->isTomorrow() || smart->isNext7Days();
 }
 
-std::optional<QString> textOf(std::string_view bytes)
+Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
 {
-    if (bytes.ends_with('\r')) bytes.remove_suffix(1);
-    const QByteArrayView view{bytes.data(), qsizetype(bytes.size())};
-    return view.isValidUtf8() ? std::optional{QString::fromUtf8(view)} : std::nullopt;
+    if (invocation.list.isEmpty()) return NewTaskContext{};
+    const Result<KWListIdentifier> list = listNamed(invocation.list, kit);
+    if (!list) return list.error();
+    if (!takesTasks(*list))
+        return Error{
+            addText("Tasks come into “%1” by themselves; none is added to it.").arg(invocation.list)};
+    return newTaskContextOf(*list, kit.clock());
 }
 
 // Answers an error object for a line that cannot be read; the lines after it go on.
-QJsonObject dryRunOfLine(const QString &line, FixedClock &clock, NewTaskService &service)
+QJsonObject dryRunOfLine(QByteArrayView bytes, FixedClock &clock, NewTaskService &service)
 {
+    if (!bytes.isValidUtf8()) return {{u"error"_s, addText("The line is not valid UTF-8.")}};
+    const QString line = QString::fromUtf8(bytes.endsWith('\r') ? bytes.chopped(1) : bytes);
     const qsizetype tab = line.indexOf(u'\t');
     const auto now = TimeText::toLocalTime(QStringView{line}.left(tab));
     if (tab < 0 || !now)
@@ -75,25 +86,25 @@ QJsonObject dryRunOfLine(const QString &line, FixedClock &clock, NewTaskService 
     return service.dryRun(line.mid(tab + 1));
 }
 
+QStringList notesOn(const KWTaskModel &task, bool isInNewList)
+{
+    QStringList notes;
+    if (!task.repeatRule.isEmpty()) notes.append(addText("repeats"));
+    if (isInNewList) notes.append(addText("new list"));
+    return notes;
+}
+
 } // namespace
 
 ExitStatus runDryRunOfLines(FixedClock &clock, OrvaneKit &kit, CommandStreams streams)
 {
     NewTaskService service{kit};
-    ExitStatus status = ExitStatus::Done;
     std::string bytes;
-    for (qint64 number = 1; streams.out.status() == QTextStream::Ok && std::getline(streams.in, bytes);
-         ++number) {
-        if (const std::optional<QString> line = textOf(bytes)) {
-            streams.out << lineOf(dryRunOfLine(*line, clock, service));
-        } else {
-            const QString sentence = addText("Line %1 is not valid UTF-8.").arg(number);
-            streams.out << lineOf({{u"error"_s, sentence}});
-            if (status == ExitStatus::Done) status = failWith(sentence, ExitStatus::WrongUsage, streams.err);
-        }
+    while (streams.out.status() == QTextStream::Ok && std::getline(streams.in, bytes)) {
+        streams.out << lineOf(dryRunOfLine(bytes, clock, service));
         streams.out.flush(); // whoever asks line by line waits for the answer
     }
-    return status;
+    return ExitStatus::Done;
 }
 
 ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
@@ -106,11 +117,14 @@ ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams s
         streams.out << QJsonDocument{service.dryRun(title, *context)}.toJson();
         return ExitStatus::Done;
     }
+    const bool makesList = service.compose(title, *context).newListName.has_value();
     const Result<KWTaskModel> added = service.add(title, *context);
     if (!added) return failWith(added.error().sentence, ExitStatus::CouldNot, streams.err);
     if (invocation.answersJson)
         streams.out << QJsonDocument{savedTask(*added, kit)}.toJson();
     else
-        streams.out << terminalText(added->title) << '\n';
+        streams.out << addedTaskLine(*added, listNameOf(*added, kit), notesOn(*added, makesList),
+                                     kit.clock().zone())
+                    << '\n';
     return ExitStatus::Done;
 }

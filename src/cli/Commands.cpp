@@ -80,7 +80,9 @@ Result<std::optional<Instant>> nowOf(const Invocation &invocation, const CXTimeZ
     if (const auto local = TimeText::toLocalTime(invocation.now))
         return std::optional{zone.toInstant(*local)};
     if (const auto instant = TimeText::toInstant(invocation.now)) return std::optional{*instant};
-    return Error{commandText("“%1” is no time such as 2030-05-01T09:00:00 or 2030-05-01T09:00:00+02:00.")
+    if (const auto day = TimeText::toDay(invocation.now)) return std::optional{zone.startOfDay(*day)};
+    return Error{commandText("“%1” is no time such as 2030-05-01, 2030-05-01T09:00 or "
+                             "2030-05-01T09:00:00+02:00.")
                      .arg(invocation.now)};
 }
 

@@ -47,8 +47,10 @@ struct Command {
 constexpr Command commands[] = {
     {"add"_L1, "orvane add [--list NAME] [--now ISO] [--dry-run] [--json] TITLE…\n"
                "    Adds a task. Dates, #tags, !priorities and ~lists in the title are understood.\n"
-               "    --list NAME  puts it into that list unless the title names one\n"
-               "    --now ISO    reads relative dates as of this time, local unless it ends in an offset\n"
+               "    --list NAME  puts it into that list, which may be Today, Tomorrow or a #tag, unless\n"
+               "                 the title names one\n"
+               "    --now ISO    reads relative dates as of this time, local unless it ends in an offset;\n"
+               "                 a day alone is its beginning\n"
                "    --dry-run    shows what is understood, as JSON, and changes nothing\n"
                "    --json       answers the saved task as JSON\n"
                "orvane add --dry-run --stdin\n"

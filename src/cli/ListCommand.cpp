@@ -1,14 +1,12 @@
 #include "cli/ListCommand.h"
 
+#include "cli/NamedList.h"
 #include "cli/TaskLine.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
-#include "model/records/KWTag.h"
-#include "model/store/FoldedName.h"
 #include "model/store/KWListDataFetcher.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -17,22 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The user's own lists come first: one may be called "Today".
-std::optional<KWListIdentifier> listNamed(const QString &name, OrvaneKit &kit)
-{
-    const QString userID = kit.account().currentUserID();
-    if (name.startsWith(u'#')) {
-        const KWTag *tag = KWTag::findTagNamed(name.mid(1), userID, kit.context());
-        return tag ? std::optional{KWListIdentifier::tag(tag->model().name)} : std::nullopt;
-    }
-    if (const KWProject *project = KWProject::findProjectNamed(name, userID, kit.context()))
-        return KWListIdentifier::project(project->sid());
-    for (const KWSmartProject *each : KWSmartProject::configurable())
-        if (foldedName(each->displayName()) == foldedName(name))
-            return KWListIdentifier::smartProject(each->identifier());
-    return std::nullopt;
-}
 
 QJsonObject jsonOf(const KWTaskListItemModel &task, OrvaneKit &kit)
 {
@@ -53,11 +35,10 @@ QJsonObject jsonOf(const KWTaskListItemModel &task, OrvaneKit &kit)
 ExitStatus runList(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
 {
     const QString name = invocation.arguments.join(u' ');
-    const auto list = name.isEmpty() ? KWListIdentifier::smartProject(KWSmartProject::all().identifier())
-                                     : listNamed(name, kit);
-    if (!list)
-        return failWith(QCoreApplication::translate("CommandLine", "There is no list “%1”.").arg(name),
-                        ExitStatus::CouldNot, streams.err);
+    const Result<KWListIdentifier> list =
+        name.isEmpty() ? KWListIdentifier::smartProject(KWSmartProject::all().identifier())
+                       : listNamed(name, kit);
+    if (!list) return failWith(list.error().sentence, ExitStatus::CouldNot, streams.err);
     const Result<QList<KWTaskListItemModel>> tasks = KWListDataFetcher{kit.clock()}.reloadDataModel(
         {.userID = kit.account().currentUserID(), .selection = *list}, kit.context().connection());
     if (!tasks) return failWith(tasks.error().sentence, ExitStatus::CouldNot, streams.err);

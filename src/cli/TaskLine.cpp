@@ -26,6 +26,18 @@ QString priorityMark(KWTaskPriority priority)
     }
 }
 
+// Of whatever has these fields.
+template <class Task>
+QString lineOf(const Task &task, const QString &shortID, const CXTimeZone &zone)
+{
+    QString line = shortID + u"  "_s +
+                   localDateText(task.startDate, task.isAllDay, zone).leftJustified(dateWidth) + u"  "_s +
+                   task.title;
+    for (const QString &tag : task.tags)
+        line += u" #"_s + tag;
+    return line + priorityMark(task.priority);
+}
+
 } // namespace
 
 QStringList shortIDs(const QStringList &ids)
@@ -50,10 +62,13 @@ QString localDateText(const std::optional<Instant> &date, bool isAllDay, const C
 
 QString taskLine(const KWTaskListItemModel &task, const QString &shortID, const CXTimeZone &zone)
 {
-    QString line = shortID + u"  "_s +
-                   localDateText(task.startDate, task.isAllDay, zone).leftJustified(dateWidth) + u"  "_s +
-                   task.title;
-    for (const QString &tag : task.tags)
-        line += u" #"_s + tag;
-    return terminalText(line + priorityMark(task.priority));
+    return terminalText(lineOf(task, shortID, zone));
+}
+
+QString addedTaskLine(const KWTaskModel &task, const QString &list, const QStringList &notes,
+                      const CXTimeZone &zone)
+{
+    QString line = lineOf(task, task.sid.right(shortestID), zone) + u" ~"_s + list;
+    if (!notes.isEmpty()) line += u" (%1)"_s.arg(notes.join(u", "_s));
+    return terminalText(line);
 }
