@@ -7,6 +7,11 @@
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWUser.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -117,11 +122,23 @@ private:
     std::int64_t m_order = 0;
 };
 
+bool holdsDemo(const QString &userID, ObjectContext &context)
+{
+    return std::ranges::all_of(Demo::lists(), [&](const Demo::List &each) {
+        return KWProject::findProjectNamed(QString{each.name}, userID, context) != nullptr;
+    });
+}
+
 } // namespace
 
 Result<void> fillDemoAccount(OrvaneKit &kit)
 {
-    if (kit.account().isSignedIn()) return {};
+    const QList<KWUserModel> users = kit.context().models<KWUser>({.where = "isDeleted = 0"});
+    if (kit.account().isSignedIn() && holdsDemo(kit.account().currentUserID(), kit.context())) return {};
+    if (!users.isEmpty())
+        return Error{QCoreApplication::translate("CommandLine",
+                                                 "“%1” holds tasks already; the demo fills an empty folder.")
+                         .arg(kit.folders().data)};
     return kit.account().openLocalAccount(QLocale{},
                                           [](const QString &userID, ObjectContext &context) -> Result<void> {
                                               DemoWriter{context, userID}.write();

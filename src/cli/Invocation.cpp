@@ -17,6 +17,7 @@ struct Option {
     bool Invocation::*flag = nullptr;
     QString Invocation::*value = nullptr;
     const char *commands = ""; // those it belongs to; "" for any run
+    bool needsPicture = false;
 };
 
 constexpr const char *noCommand = "none"; // the client and its pictures
@@ -28,10 +29,10 @@ constexpr Option options[] = {
     {.name = "--demo"_L1, .flag = &Invocation::isDemo},
     {.name = "--login-item"_L1, .flag = &Invocation::isLoginItem, .commands = noCommand},
     {.name = "--picture"_L1, .value = &Invocation::pictureFile, .commands = noCommand},
-    {.name = "--page"_L1, .value = &Invocation::page, .commands = noCommand},
+    {.name = "--page"_L1, .value = &Invocation::page, .commands = noCommand, .needsPicture = true},
     {.name = "--theme"_L1, .value = &Invocation::theme, .commands = noCommand},
-    {.name = "--size"_L1, .value = &Invocation::size, .commands = noCommand},
-    {.name = "--scale"_L1, .value = &Invocation::scale, .commands = noCommand},
+    {.name = "--size"_L1, .value = &Invocation::size, .commands = noCommand, .needsPicture = true},
+    {.name = "--scale"_L1, .value = &Invocation::scale, .commands = noCommand, .needsPicture = true},
     {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
     {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list"},
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
@@ -185,6 +186,9 @@ private:
             return Error{tr("With “--stdin” the titles come from there, not from the command line.")};
         const bool needsTitle = all.command == u"add" && !all.readsStandardInput;
         if (needsTitle && all.arguments.isEmpty()) return Error{tr("What is to be added? Give its title.")};
+        for (const Option *each : m_used)
+            if (each->needsPicture && all.pictureFile.isEmpty())
+                return Error{tr("“%1” goes with “--picture”.").arg(QString{each->name})};
         if (all.command.isEmpty())
             for (const QString &each : all.arguments)
                 if (!each.startsWith(u"orvane://"))

@@ -106,6 +106,7 @@ int DesktopClient::run(int &argc, char **argv)
 {
     const bool isPicture = m_invocation.action == Invocation::Action::Picture;
     if (isPicture) {
+        CXLog::installQtMessageHandler(); // standard error is for what went wrong
         qputenv("QT_QPA_PLATFORM", "offscreen");
         if (!m_invocation.scale.isEmpty()) qputenv("QT_SCALE_FACTOR", m_invocation.scale.toUtf8());
     }
@@ -176,7 +177,11 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     const LaunchRequest request = launchRequestOf(m_invocation);
     const auto role =
         instance.start(request, [&delegate](const LaunchRequest &later) { delegate.open(later); });
-    if (role && *role == SingleInstance::Role::HandedOver) return 0;
+    if (role && *role == SingleInstance::Role::HandedOver) {
+        if (!m_invocation.isDemo) return 0;
+        return fail(clientText("Orvane is open on this folder already; the demo fills an empty one."),
+                    ExitStatus::CouldNot);
+    }
     if (const Result<void> theme = applyTheme(); !theme)
         return fail(theme.error().sentence, ExitStatus::WrongUsage);
     if (!role) {
@@ -218,13 +223,15 @@ int DesktopClient::drawPicture(SystemClock &clock)
     const Result<PictureRequest> request =
         pictureRequest(m_invocation.pictureFile, m_invocation.page, m_invocation.size, m_invocation.scale);
     if (!request) return fail(request.error().sentence, ExitStatus::WrongUsage);
+    const bool isPreferences = request->page.section(u':', 0, 0) == u"preferences";
+    if (isPreferences && !PreferencesWindowController::hasPage(request->page.section(u':', 1)))
+        return fail(clientText("There is no page “%1”.").arg(request->page), ExitStatus::WrongUsage);
     const OrvaneKit::Opening opening = OrvaneKit::open(m_folders, clock);
     if (!opening.kit) return fail(opening.sentence, ExitStatus::CouldNot);
     OrvaneKit &kit = *opening.kit;
     if (const Result<void> filled = m_invocation.isDemo ? fillDemoAccount(kit) : Result<void>{}; !filled)
         return fail(filled.error().sentence, ExitStatus::CouldNot);
 
-    const bool isPreferences = request->page.section(u':', 0, 0) == u"preferences";
     const Result<std::optional<KWListIdentifier>> list =
         isPreferences ? std::optional<KWListIdentifier>{} : listOfPage(request->page, kit);
     if (!list) return fail(list.error().sentence, ExitStatus::WrongUsage);
@@ -239,6 +246,9 @@ int DesktopClient::drawPicture(SystemClock &clock)
     } else if (isPreferences) {
         rooms.preferences().show(request->page.section(u':', 1));
         window = rooms.preferences().window();
+        if (!window)
+            return fail(clientText("Nobody has used this folder yet, so it has no preferences."),
+                        ExitStatus::CouldNot);
     } else {
         rooms.welcomeWindow().showCentred();
         window = rooms.welcomeWindow().window();

@@ -198,7 +198,9 @@ private Q_SLOTS:
         orvane(u"add Pay rent"_s);
         orvane(u"add Wash up"_s);
         const QString id = idOf(u"Pay rent"_s);
+        QCOMPARE(orvane(u"undo "_s + id).out, u"“Pay rent” is open already.\n"_s);
         QCOMPARE(orvane(u"done "_s + id.right(6)).out, u"Pay rent\n"_s);
+        QCOMPARE(orvane(u"done "_s + id).out, u"“Pay rent” is done already.\n"_s);
         QCOMPARE(idOf(u"Pay rent"_s), QString{});
         QVERIFY(orvane(u"list Completed"_s).out.contains(u"Pay rent"_s));
         QCOMPARE(orvane(u"undo "_s + id).status, 0);
@@ -211,9 +213,7 @@ private Q_SLOTS:
         const Answer answer = orvane(u"done zzzz "_s + idOf(u"Pay rent"_s));
         QCOMPARE(answer.status, 1);
         QCOMPARE(answer.err, u"There is no task “zzzz”.\n"_s);
-        QCOMPARE(orvane(u"undo "_s + id).out, u"“Pay rent” is open already.\n"_s);
         QCOMPARE(answer.out, u"Pay rent\n"_s);
-        QCOMPARE(orvane(u"done "_s + id).out, u"“Pay rent” is done already.\n"_s);
     }
 
     void everythingGoesOutAndBack()
@@ -287,6 +287,13 @@ private Q_SLOTS:
         QVERIFY(demo.count(u'\n') > 30);
         QCOMPARE(orvane(u"list --demo"_s).out, demo);
         QVERIFY(orvane(u"list Groceries"_s).out.contains(u"Oat milk"_s));
+
+        m_home = std::make_unique<QTemporaryDir>();
+        orvane(u"add Pay rent"_s);
+        const Answer refused = orvane(u"list --demo"_s);
+        QCOMPARE(refused.status, 1);
+        QVERIFY2(refused.err.contains(u"holds tasks already"_s), qUtf8Printable(refused.err));
+        QCOMPARE(orvane(u"list"_s).out.count(u'\n'), 1);
     }
 };
 

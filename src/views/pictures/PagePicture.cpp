@@ -6,6 +6,7 @@
 #include "model/records/KWTag.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QWidget>
 
@@ -37,13 +38,18 @@ Result<PictureRequest> pictureRequest(const QString &file, const QString &page, 
                                       const QString &scale)
 {
     PictureRequest request{.file = file};
+    if (const QString suffix = QFileInfo{file}.suffix(); !suffix.isEmpty() && suffix.toLower() != u"png")
+        return Error{pictureText("“%1”: pictures are PNG files; give a name that ends in .png.").arg(file)};
     if (!page.isEmpty()) request.page = page;
     if (!size.isEmpty()) {
         const qsizetype cross = size.indexOf(u'x');
         request.size = {size.left(cross).toInt(), size.mid(cross + 1).toInt()};
         const auto fits = [](int side) { return side >= smallestSide && side <= largestSide; };
         if (cross < 0 || !fits(request.size.width()) || !fits(request.size.height()))
-            return Error{pictureText("“%1” is no size such as 1280x800.").arg(size)};
+            return Error{pictureText("“%1” is no size such as 1280x800, from %2 to %3 a side.")
+                             .arg(size)
+                             .arg(smallestSide)
+                             .arg(largestSide)};
     }
     if (!scale.isEmpty()) {
         request.scale = scale.toDouble();

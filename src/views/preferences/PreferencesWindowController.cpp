@@ -11,13 +11,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString pageObjectName(const QString &page)
+const QHash<QString, QString> &pageObjectNames()
 {
-    static const QHash<QString, QString> names{
-        {u"notifications"_s, u"notificationsPage"_s}, {u"date-time"_s, u"dateTimePage"_s},
-        {u"new-tasks"_s, u"newTasksPage"_s},          {u"smart-lists"_s, u"smartListsPage"_s},
-        {u"shortcuts"_s, u"shortcutsPage"_s},         {u"data"_s, u"dataPage"_s}};
-    return names.value(page, u"generalPage"_s);
+    static const QHash<QString, QString> names{{u"general"_s, u"generalPage"_s},
+                                               {u"notifications"_s, u"notificationsPage"_s},
+                                               {u"date-time"_s, u"dateTimePage"_s},
+                                               {u"new-tasks"_s, u"newTasksPage"_s},
+                                               {u"smart-lists"_s, u"smartListsPage"_s},
+                                               {u"shortcuts"_s, u"shortcutsPage"_s},
+                                               {u"data"_s, u"dataPage"_s}};
+    return names;
 }
 
 } // namespace
@@ -34,12 +37,17 @@ PreferencesWindowController::PreferencesWindowController(Rooms rooms)
 
 PreferencesWindowController::~PreferencesWindowController() = default;
 
+bool PreferencesWindowController::hasPage(const QString &page)
+{
+    return page.isEmpty() || pageObjectNames().contains(page);
+}
+
 void PreferencesWindowController::show(const QString &page)
 {
     if (!m_rooms.kit.account().isSignedIn()) return;
     // Made afresh, so that it shows what is so now.
     if (!m_window || !m_window->isVisible()) make();
-    m_window->showPage(pageObjectName(page));
+    m_window->showPage(pageObjectNames().value(page, u"generalPage"_s));
     m_window->show();
     m_window->raise();
     m_window->activateWindow();

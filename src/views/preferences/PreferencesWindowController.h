@@ -31,6 +31,7 @@ public:
 
     /// "general", "notifications", "date-time", "new-tasks", "smart-lists", "shortcuts", "data".
     void show(const QString &page = {});
+    static bool hasPage(const QString &page);
     void close();
     /// None until it is first shown.
     PreferencesWindow *window() const { return m_window.get(); }
