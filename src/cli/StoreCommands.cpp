@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTextStream>
 
 namespace {
@@ -29,13 +30,34 @@ constexpr const char *oneFile = "Give the name of one file.";
 
 QString absolute(const QString &file) { return QDir::current().absoluteFilePath(file); }
 
+Error isFolder(const QString &file)
+{
+    return {storeCommandText("“%1” is a folder; give the name of a file.").arg(file)};
+}
+
+// Before the store says it in its own words.
+Result<void> canBackUpInto(const QString &file)
+{
+    const QFileInfo target{file};
+    const QFileInfo folder{target.absolutePath()};
+    if (target.isDir()) return isFolder(file);
+    if (!folder.isDir())
+        return Error{
+            storeCommandText("There is no folder “%1”, so no backup was made.").arg(folder.filePath())};
+    if (!folder.isWritable())
+        return Error{
+            storeCommandText("“%1” cannot be written, so no backup was made.").arg(folder.filePath())};
+    return {};
+}
+
 Result<QString> backUp(const QStringList &files, OrvaneKit &kit)
 {
     Result<Store::Loan> connection = kit.store().borrowConnection();
     if (!connection) return connection.error();
     if (files.isEmpty()) return StoreBackups{kit.folders()}.makeDaily(**connection, kit.clock().today());
-    const Result<void> copied = StoreBackups::copyTo(absolute(files.first()), **connection);
-    if (!copied) return copied.error();
+    const QString file = absolute(files.first());
+    if (const Result<void> can = canBackUpInto(file); !can) return can.error();
+    if (const Result<void> copied = StoreBackups::copyTo(file, **connection); !copied) return copied.error();
     return files.first();
 }
 
@@ -54,6 +76,8 @@ ExitStatus runRestore(const Invocation &invocation, const DataFolders &folders, 
                       CommandStreams streams)
 {
     if (invocation.arguments.size() != 1) return wrongUsage(oneFile, streams);
+    const QString file = absolute(invocation.arguments.first());
+    if (QFileInfo{file}.isDir()) return couldNot(isFolder(file), streams);
     FolderLock lock{folders.lock()};
     switch (lock.tryLock()) {
     case FolderLock::Outcome::HeldByAnother:
@@ -63,7 +87,7 @@ ExitStatus runRestore(const Invocation &invocation, const DataFolders &folders, 
     case FolderLock::Outcome::Taken:
         break;
     }
-    const Result<QString> kept = restoreStore(absolute(invocation.arguments.first()), folders, clock);
+    const Result<QString> kept = restoreStore(file, folders, clock);
     if (!kept) return couldNot(kept.error(), streams);
     if (!kept->isEmpty())
         streams.out << terminalText(storeCommandText("The store that was there is kept as “%1”.")
