@@ -82,7 +82,8 @@ class KWTaskTicker_test : public QObject {
     // A weekly task with a checklist and two subtasks, one of them done.
     QString makeWeeklyReview()
     {
-        TaskBuilder builder = aTask("Review").dueOn("2030-05-01").tagged("work").prioritized(5);
+        TaskBuilder builder =
+            aTask("Review").dueOn("2030-05-01").tagged("work").prioritized(KWTaskPriorityHigh);
         const QString id = builder.savedIn(*m_store);
         saved(*m_store, [&id](ObjectContext &context) {
             KWTask &review = *context.find<KWTask>(id);

@@ -32,9 +32,11 @@ void alter(QList<Instant> &value, int number) { value = {Instant{milliseconds{1}
 void alter(double &value, int number) { value = number + 0.25; }
 
 // An enumeration kept as its number.
-template <StoredNumber Enum>
-requires std::is_enum_v<Enum>
-void alter(Enum &value, int) { value = value == Enum(1) ? Enum(2) : Enum(1); }
+template <NumberConstant Enum>
+void alter(Enum &value, int)
+{
+    value = value == numberValues<Enum>.back() ? numberValues<Enum>.front() : numberValues<Enum>.back();
+}
 
 template <std::integral Number>
 void alter(Number &value, int number)
@@ -118,20 +120,41 @@ private Q_SLOTS:
         });
     }
 
-    void anUnknownTextReadsAsTheDefaultAndIsKept()
+    void jsonRefusesNumbersThatNoConstantHas()
+    {
+        int refused = 0;
+        forEachTwin([&refused]<class Twin>() {
+            forEachField<Twin>([&]<class Owner, class Value>(const Field<Owner, Value> &each, std::size_t) {
+                if constexpr (NumberConstant<Value>) {
+                    const auto key = QString::fromLatin1(each.jsonKey.data(), qsizetype(each.jsonKey.size()));
+                    Twin twin = altered<Twin>();
+                    QCOMPARE(readJson(QJsonObject{{key, 4}}, twin), std::optional{key});
+                    QVERIFY(twin == altered<Twin>());
+                    ++refused;
+                }
+            });
+        });
+        QVERIFY(refused > int(recordKindCount)); // each has a sync status
+    }
+
+    void whatNoConstantHasReadsAsTheDefaultAndIsKept()
     {
         KWTagModel tag;
         tag.sid = u"tag"_s;
         tag.sortType = KWTaskSortTypeTitle;
+        tag.syncStatus = KWSyncStatusUpdated;
         RecordMapper<KWTagModel>::insert(*m_connection, tag);
-        m_connection->execute("UPDATE tags SET sortType = 'byWeather'");
+        m_connection->execute("UPDATE tags SET sortType = 'byWeather', syncStatus = 17");
 
         std::optional<KWTagModel> found = RecordMapper<KWTagModel>::find(*m_connection, tag.sid);
         QCOMPARE(found->sortType, KWTagModel{}.sortType);
+        QCOMPARE(found->syncStatus, KWTagModel{}.syncStatus);
         KWTagModel renamed = *found;
         renamed.label = u"Errands"_s;
         RecordMapper<KWTagModel>::update(*m_connection, renamed, difference(*found, renamed));
-        QCOMPARE(m_connection->number("SELECT count(*) FROM tags WHERE sortType = 'byWeather'"), 1);
+        QCOMPARE(m_connection->number("SELECT count(*) FROM tags WHERE sortType = 'byWeather' "
+                                      "AND syncStatus = 17"),
+                 1);
     }
 };
 

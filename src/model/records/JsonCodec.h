@@ -13,8 +13,8 @@
 
 /// How a field's value stands in JSON: texts, numbers and flags as such, instants as RFC 3339 in UTC (as
 /// milliseconds since the epoch outside the years 0 to 9999), enumerations as their number or stored
-/// text, lists as arrays, nothing as null. Reading answers false for a value of another kind and leaves
-/// the field as it was.
+/// text, lists as arrays, nothing as null. Reading answers false for a value of another kind, and for a
+/// number or text that no constant of the enumeration has, and leaves the field as it was.
 namespace json {
 
 inline QJsonValue write(const QString &value) { return value; }
@@ -73,15 +73,25 @@ inline bool read(const QJsonValue &json, double &value)
     return json.isDouble();
 }
 
-template <StoredNumber Number>
+template <std::integral Number>
 bool read(const QJsonValue &json, Number &value)
 {
     constexpr qint64 none = std::numeric_limits<qint64>::min();
     const qint64 number = json.toInteger(none);
     // Another answer for another fallback: the value is no whole number.
     if (number == none && json.toInteger(0) != none) return false;
+    if (qint64(Number(number)) != number) return false;
     value = Number(number);
-    return qint64(value) == number;
+    return true;
+}
+
+template <NumberConstant Enum>
+bool read(const QJsonValue &json, Enum &value)
+{
+    qint64 number = 0;
+    const std::optional<Enum> known = read(json, number) ? valueOf<Enum>(number) : std::nullopt;
+    value = known.value_or(value);
+    return known.has_value();
 }
 
 template <TextConstant Enum>

@@ -20,9 +20,16 @@ inline constexpr auto textValues = nullptr;
 template <class Enum>
 concept TextConstant = !std::is_same_v<std::remove_cv_t<decltype(textValues<Enum>)>, std::nullptr_t>;
 
-/// A value kept as a number: an integer, or an enumeration without stored texts.
+/// The values of an enumeration that is stored as its number.
+template <class Enum>
+inline constexpr auto numberValues = nullptr;
+
+template <class Enum>
+concept NumberConstant = !std::is_same_v<std::remove_cv_t<decltype(numberValues<Enum>)>, std::nullptr_t>;
+
+/// A value kept as a number.
 template <class Value>
-concept StoredNumber = std::integral<Value> ||(std::is_enum_v<Value> && !TextConstant<Value>);
+concept StoredNumber = std::integral<Value> || NumberConstant<Value>;
 
 template <TextConstant Enum>
 QLatin1StringView textOf(Enum value)
@@ -40,6 +47,14 @@ std::optional<Enum> valueOf(QStringView text)
     return std::nullopt;
 }
 
+template <NumberConstant Enum>
+std::optional<Enum> valueOf(std::int64_t number)
+{
+    for (const Enum each : numberValues<Enum>)
+        if (std::int64_t(each) == number) return each;
+    return std::nullopt;
+}
+
 enum KWTaskKind { KWTaskKindText, KWTaskKindChecklist, KWTaskKindNote };
 template <>
 inline constexpr auto textValues<KWTaskKind> = std::to_array<TextValues<KWTaskKind>>({
@@ -53,17 +68,22 @@ enum KWTaskStatus : std::int16_t {
     KWTaskStatusCompleted = 2,
     KWTaskStatusAbandoned = -1
 };
+template <>
+inline constexpr auto numberValues<KWTaskStatus> = std::to_array({KWTaskStatusOpen, KWTaskStatusCompleted,
+                                                                  KWTaskStatusAbandoned});
 
-/// 0 none, 1 low, 3 medium, 5 high.
-using KWTaskPriority = std::int16_t;
-inline constexpr KWTaskPriority KWTaskPriorityNone = 0;
-inline constexpr KWTaskPriority KWTaskPriorityLow = 1;
-inline constexpr KWTaskPriority KWTaskPriorityMedium = 3;
-inline constexpr KWTaskPriority KWTaskPriorityHigh = 5;
+enum KWTaskPriority : std::int16_t {
+    KWTaskPriorityNone = 0,
+    KWTaskPriorityLow = 1,
+    KWTaskPriorityMedium = 3,
+    KWTaskPriorityHigh = 5
+};
 
 /// The four priorities, highest first.
 inline constexpr std::array<KWTaskPriority, 4> KWTaskPriorities{KWTaskPriorityHigh, KWTaskPriorityMedium,
                                                                 KWTaskPriorityLow, KWTaskPriorityNone};
+template <>
+inline constexpr auto numberValues<KWTaskPriority> = KWTaskPriorities;
 
 inline constexpr std::int64_t KWTaskAssignedToNobody = -1;
 
@@ -144,11 +164,23 @@ enum KWHabitCheckinStatus : std::int16_t {
     KWHabitCheckinStatusUnAchieved = 1, ///< said by the person not to have been done
     KWHabitCheckinStatusDone = 2
 };
+template <>
+inline constexpr auto numberValues<KWHabitCheckinStatus> =
+    std::to_array({KWHabitCheckinStatusNotDone, KWHabitCheckinStatusUnAchieved, KWHabitCheckinStatusDone});
 
 enum KWFocusType : std::int16_t { KWFocusTypePomo = 0, KWFocusTypeStopwatch = 1 };
+template <>
+inline constexpr auto numberValues<KWFocusType> = std::to_array({KWFocusTypePomo, KWFocusTypeStopwatch});
+
 enum KWPomoStatus : std::int16_t { KWPomoStatusAbandoned = 0, KWPomoStatusCompleted = 1 };
+template <>
+inline constexpr auto numberValues<KWPomoStatus> = std::to_array({KWPomoStatusAbandoned,
+                                                                  KWPomoStatusCompleted});
 
 enum KWRepeatInstanceType : std::int16_t { KWRepeatInstanceTypeTask = 0, KWRepeatInstanceTypeEvent = 1 };
+template <>
+inline constexpr auto numberValues<KWRepeatInstanceType> = std::to_array({KWRepeatInstanceTypeTask,
+                                                                          KWRepeatInstanceTypeEvent});
 
 /// `KWProject::groupID` of a list in no folder.
 inline const QString KWProjectGroupIDUngrouped = QStringLiteral("none");
@@ -165,3 +197,6 @@ enum KWSyncStatus : std::int16_t {
     KWSyncStatusUpdated = 2, ///< changed here, not pushed yet
     KWSyncStatusDeleted = 3, ///< deleted here, stays until pushed
 };
+template <>
+inline constexpr auto numberValues<KWSyncStatus> = std::to_array({KWSyncStatusDone, KWSyncStatusCreated,
+                                                                  KWSyncStatusUpdated, KWSyncStatusDeleted});

@@ -14,7 +14,7 @@
 
 /// How a field's value stands in a column: texts as UTF-8, numbers and flags as integers, instants as
 /// milliseconds since the epoch, enumerations as their number or stored text, lists as JSON arrays,
-/// nothing as NULL. A stored text that no constant has reads as the field's default.
+/// nothing as NULL. A stored number or text that no constant has reads as the field's default.
 namespace columns {
 
 inline void bind(SQLite::Statement &statement, int index, const QString &value)
@@ -73,10 +73,16 @@ inline void read(const SQLite::Column &column, QString &value)
     value = QString::fromUtf8(column.getText(), column.getBytes());
 }
 
-template <StoredNumber Number>
+template <std::integral Number>
 void read(const SQLite::Column &column, Number &value)
 {
     value = Number(column.getInt64());
+}
+
+template <NumberConstant Enum>
+void read(const SQLite::Column &column, Enum &value)
+{
+    value = valueOf<Enum>(column.getInt64()).value_or(value);
 }
 
 template <TextConstant Enum>
