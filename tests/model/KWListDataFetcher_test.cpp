@@ -226,6 +226,7 @@ private Q_SLOTS:
         expected.tags = task.tags;
         expected.startDate = task.startDate;
         expected.endDate = task.endDate;
+        expected.rowID = m_store.context().number("SELECT max(id) FROM tasks");
         QVERIFY(rows(KWListIdentifier::tag(u"日本"_s)) == QList{expected});
     }
 
@@ -266,25 +267,46 @@ private Q_SLOTS:
 
     void pagesOfCompletedTasksFollowEachOther()
     {
-        constexpr int count = KWCompletionLoader::pageSize + 10;
-        for (int i = 0; i < count; ++i) // several at the same moment
-            aTask("A").completedAt(i < 30 ? "2030-04-02 12:00" : "2030-04-01 12:00").savedIn(m_store);
+        const QString inbox = m_lists.value(u"Inbox"_s);
+        constexpr int count = 165;
+        saved(m_store, [&](ObjectContext &context) { // several at the same moment, and without any
+            for (int i = 0; i < count; ++i) {
+                KWTaskModel task = aTask("A").in(inbox).model();
+                task.userID = m_store.userID();
+                task.status = KWTaskStatusCompleted;
+                if (i < 30)
+                    task.completionDate = at("2030-04-02 12:00");
+                else if (i < 105)
+                    task.completionDate = at("2030-04-01 12:00");
+                context.insert<KWTask>(task);
+            }
+        });
         KWCompletionLoader loader{m_store.kit().manager(), m_store.userID()};
-        QSet<QString> ids;
+        QStringList ids;
         std::optional<CompletedPage> page;
         const auto take = [&](const Result<CompletedPage> &read) {
             page = *read;
             for (const KWTaskListItemModel &each : read->models)
-                ids.insert(each.sid);
+                ids << each.sid;
         };
         loader.loadCompletedTasks(u"section"_s, {}, take);
-        QTRY_VERIFY(page && page->models.size() == KWCompletionLoader::pageSize && !page->isTotallyLoaded);
-        loader.loadCompletedTasks(u"section"_s, {m_lists.value(u"Inbox"_s)}, take);
-        QTRY_VERIFY(page->isTotallyLoaded);
-        QCOMPARE(ids.size(), count);
+        loader.loadCompletedTasks(u"section"_s, {inbox}, take); // asked for before the first one came
+        QTRY_COMPARE(ids.size(), 2 * KWCompletionLoader::pageSize);
+        QVERIFY(!page->isTotallyLoaded);
         QCOMPARE(loader.earliestTaskCompletionDate(u"section"_s), std::optional{at("2030-04-01 12:00")});
+        saved(m_store, [&](ObjectContext &context) { context.remove(*context.find<KWTask>(ids.last())); });
+        for (int i = 0; i < 2; ++i)
+            loader.loadCompletedTasks(u"section"_s, {}, take);
+        QTRY_COMPARE(ids.size(), count);
+        QVERIFY(page->isTotallyLoaded);
+        QCOMPARE(ids.removeDuplicates(), 0);
+        QCOMPARE(loader.earliestTaskCompletionDate(u"section"_s), std::nullopt);
+
         loader.loadCalendarCompletedTasks(at("2030-04-02 12:00"), at("2030-04-03 00:00"), take);
         QTRY_COMPARE(page->models.size(), 30);
+        loader.reset(u"section"_s);
+        loader.loadCompletedTasks(u"section"_s, {}, take);
+        QTRY_COMPARE(page->models.size(), KWCompletionLoader::pageSize);
     }
 
     void hasNoRowsForWhatItDoesNotKnow()

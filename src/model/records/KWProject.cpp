@@ -103,7 +103,8 @@ QList<KWTask *> KWProject::orderedTasks() const
     return context().fetch<KWTask>(
         {.where = "projectID = ? AND status = 0 AND isDeleted = 0 AND isTrashed = 0",
          .values = {sid()},
-         .orderBy = "sortOrder, id"});
+         .orderBy = "sortOrder, id",
+         .index = "openTasksByList"});
 }
 
 int KWProject::numberOfCompletedTasks() const
@@ -115,8 +116,8 @@ int KWProject::numberOfCompletedTasks() const
 
 int KWProject::numberOfUncompletedTasks() const
 {
-    return int(context().number("SELECT count(*) FROM tasks WHERE projectID = ? AND status = 0 AND "
-                                "isDeleted = 0 AND isTrashed = 0",
+    return int(context().number("SELECT count(*) FROM tasks INDEXED BY openTasksByList WHERE projectID = ? "
+                                "AND status = 0 AND isDeleted = 0 AND isTrashed = 0",
                                 {sid()}));
 }
 

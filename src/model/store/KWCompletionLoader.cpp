@@ -7,7 +7,7 @@ KWCompletionLoader::KWCompletionLoader(KWCoreDataManager &manager, QString userI
 {
 }
 
-void KWCompletionLoader::load(const CompletedTasksRequest &request, const Taken &taken, Completion completion)
+void KWCompletionLoader::load(const CompletedTasksRequest &request, Completion completion)
 {
     auto page = std::make_shared<CompletedPage>();
     const auto read = [page, request](ObjectContext &context) -> Result<void> {
@@ -21,10 +21,9 @@ void KWCompletionLoader::load(const CompletedTasksRequest &request, const Taken 
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(
-        read, [page, taken, completion = std::move(completion),
-               life = std::weak_ptr{m_life}](const Result<void> &done) {
+        read,
+        [page, completion = std::move(completion), life = std::weak_ptr{m_life}](const Result<void> &done) {
             if (life.expired()) return;
-            if (done && taken) taken(*page);
             completion(done ? Result<CompletedPage>{std::move(*page)} : Result<CompletedPage>{done.error()});
         });
 }
@@ -32,23 +31,34 @@ void KWCompletionLoader::load(const CompletedTasksRequest &request, const Taken 
 void KWCompletionLoader::loadCompletedTasks(const QString &sectionID, const QStringList &projectIDs,
                                             Completion completion)
 {
-    CompletedTasksRequest request{.userID = m_userID, .projectIDs = projectIDs, .limit = pageSize};
-    if (const auto end = m_ends.constFind(sectionID); end != m_ends.constEnd()) request.after = *end;
-    const auto taken = [this, sectionID](const CompletedPage &page) {
-        if (page.models.isEmpty()) return;
-        const KWTaskListItemModel &last = page.models.last();
-        m_ends.insert(sectionID, {last.completionDate.value_or(Instant{}), last.sid});
-    };
-    load(request, taken, std::move(completion));
+    std::shared_ptr<Section> &section = m_sections[sectionID];
+    if (!section) section = std::make_shared<Section>();
+    section->wanted.append({projectIDs, std::move(completion)});
+    if (section->wanted.size() == 1) loadNextPage(section);
+}
+
+void KWCompletionLoader::loadNextPage(const std::shared_ptr<Section> &section)
+{
+    load({.userID = m_userID,
+          .projectIDs = section->wanted.first().projectIDs,
+          .after = section->end,
+          .limit = pageSize},
+         [this, section](const Result<CompletedPage> &page) {
+             if (page && !page->models.isEmpty())
+                 section->end = {page->models.last().completionDate, page->models.last().rowID};
+             const WantedPage answered = section->wanted.takeFirst();
+             if (!section->wanted.isEmpty()) loadNextPage(section);
+             answered.completion(page);
+         });
 }
 
 void KWCompletionLoader::loadCalendarCompletedTasks(Instant beginDate, Instant endDate, Completion completion)
 {
-    load({.userID = m_userID, .from = beginDate, .until = endDate}, {}, std::move(completion));
+    load({.userID = m_userID, .from = beginDate, .until = endDate}, std::move(completion));
 }
 
 std::optional<Instant> KWCompletionLoader::earliestTaskCompletionDate(const QString &sectionID) const
 {
-    const auto end = m_ends.constFind(sectionID);
-    return end == m_ends.constEnd() ? std::nullopt : std::optional{end->completionDate};
+    const std::shared_ptr<Section> section = m_sections.value(sectionID);
+    return section && section->end ? section->end->completionDate : std::nullopt;
 }

@@ -27,24 +27,33 @@ public:
     static constexpr int pageSize = 50;
 
     /// The page behind the last one that the section got, of these lists; of all that the smart list
-    /// Completed shows when there are none.
+    /// Completed shows when there are none. Pages of one section are loaded one after another.
     void loadCompletedTasks(const QString &sectionID, const QStringList &projectIDs, Completion completion);
     /// All that were completed in [begin, end).
     void loadCalendarCompletedTasks(Instant beginDate, Instant endDate, Completion completion);
 
-    /// The completion of the last task that the section got; nothing before its first page.
+    /// The completion of the last task that the section got; nothing before its first page, and for a task
+    /// without one.
     std::optional<Instant> earliestTaskCompletionDate(const QString &sectionID) const;
-    /// The section begins at the first page again.
-    void reset(const QString &sectionID) { m_ends.remove(sectionID); }
+    /// The section begins at the first page again. Pages asked for before still come.
+    void reset(const QString &sectionID) { m_sections.remove(sectionID); }
 
 private:
     struct Life {};
-    using Taken = std::function<void(const CompletedPage &)>;
+    struct WantedPage {
+        QStringList projectIDs;
+        Completion completion;
+    };
+    struct Section {
+        std::optional<CompletionCursor> end; // of the last page
+        QList<WantedPage> wanted;            // the first of them is under way
+    };
 
-    void load(const CompletedTasksRequest &request, const Taken &taken, Completion completion);
+    void load(const CompletedTasksRequest &request, Completion completion);
+    void loadNextPage(const std::shared_ptr<Section> &section);
 
     KWCoreDataManager &m_manager;
     QString m_userID;
-    QHash<QString, CompletionCursor> m_ends; // by section
+    QHash<QString, std::shared_ptr<Section>> m_sections;
     std::shared_ptr<Life> m_life = std::make_shared<Life>();
 };

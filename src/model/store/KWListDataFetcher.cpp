@@ -10,8 +10,8 @@
 namespace {
 
 constexpr const char *rowColumns =
-    "t.sid, t.title, t.kind, t.status, t.priority, t.isAllDay, t.repeatRule <> '', t.sortOrder, t.projectID,"
-    " t.tags, t.startDate, t.endDate, t.completionDate,"
+    "t.sid, t.title, t.kind, t.status, t.priority, t.isAllDay, t.repeatRule <> '', t.sortOrder, t.id,"
+    " t.projectID, t.tags, t.startDate, t.endDate, t.completionDate,"
     " (SELECT count(*) FROM checklistItems c WHERE c.taskID = t.sid AND c.isDeleted = 0),"
     " (SELECT count(*) FROM checklistItems c WHERE c.taskID = t.sid AND c.isDeleted = 0 AND c.status <> 0)";
 
@@ -28,6 +28,7 @@ KWTaskListItemModel readRow(SQLite::Statement &statement)
     next(row.isAllDay);
     next(row.repeats);
     next(row.sortOrder);
+    next(row.rowID);
     next(row.projectID);
     next(row.tags);
     next(row.startDate);

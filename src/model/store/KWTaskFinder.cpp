@@ -2,6 +2,7 @@
 
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/store/CompletionOrder.h"
 
 #include <string>
 
@@ -50,9 +51,10 @@ struct TaskCondition {
         return *this;
     }
 
-    QList<KWTask *> fetch(ObjectContext &context, const char *orderBy) const
+    QList<KWTask *> fetch(ObjectContext &context, const char *orderBy, const char *index = nullptr) const
     {
-        return context.fetch<KWTask>({.where = where.c_str(), .values = values, .orderBy = orderBy});
+        return context.fetch<KWTask>(
+            {.where = where.c_str(), .values = values, .orderBy = orderBy, .index = index});
     }
 
     int count(ObjectContext &context, const std::string &from) const
@@ -84,7 +86,7 @@ int countOfClosed(KWTaskStatus status, const QString &userID, ObjectContext &con
     return TaskCondition{"status <> 0 AND isDeleted = 0 AND isTrashed = 0"}
         .also("status = ?", {std::int64_t(status)})
         .inListsOf(userID, {})
-        .count(context, "tasks INDEXED BY closedTasksByCompletion");
+        .count(context, "tasks INDEXED BY closedTasksInOrder");
 }
 
 } // namespace
@@ -96,7 +98,7 @@ QList<KWTask *> KWTaskFinder::findAllTasksInProject(const QString &projectID, co
     TaskCondition condition{withCompleted ? isOpenOrCompletedTask : isOpenTask};
     condition.also("projectID = ?", {projectID}).forOwner(owner);
     if (!includes.testFlag(TaskInclusion::Overdue)) notOverdue(condition, context);
-    return condition.fetch(context, "sortOrder, id");
+    return condition.fetch(context, "sortOrder, id", withCompleted ? nullptr : "openTasksByList");
 }
 
 QList<KWTask *> KWTaskFinder::findAllTasksHaveTag(const QString &tagName, const QString &userID,
@@ -135,21 +137,24 @@ QList<KWTask *> KWTaskFinder::fetchAllOfUser(const TaskOwner &owner, const QStri
 QList<KWTask *> KWTaskFinder::fetchCompletedAndNoDateBetween(Instant from, Instant to, const TaskOwner &owner,
                                                              ObjectContext &context)
 {
+    const std::string completion = completionOrder;
     return TaskCondition{"status <> 0 AND status = 2 AND isDeleted = 0 AND isTrashed = 0"}
-        .also("completionDate >= ? AND completionDate < ?", {sinceEpoch(from), sinceEpoch(to)})
-        .also("+startDate IS NULL")
+        .also(completion + " >= ? AND " + completion + " < ?", {sinceEpoch(from), sinceEpoch(to)})
+        .also("startDate IS NULL")
         .inListsOf(owner.userID, {})
         .forOwner(owner)
-        .fetch(context, "completionDate, id");
+        .fetch(context, (completion + ", id").c_str(), "closedTasksInOrder");
 }
 
 QList<KWTask *> KWTaskFinder::findAllTasksWillRepeatOfUser(const TaskOwner &owner, const QString &projectID,
                                                            ObjectContext &context)
 {
-    return TaskCondition{std::string{isOpenTask} + " AND repeatRule <> '' AND +startDate IS NOT NULL"}
-        .inListOrListsOf(projectID, owner, TaskInclusion::HiddenProjects)
-        .forOwner(owner)
-        .fetch(context, "id");
+    TaskCondition condition{std::string{isOpenTask} + " AND repeatRule <> '' AND startDate IS NOT NULL"};
+    if (projectID.isEmpty())
+        condition.inListsOf(owner.userID, TaskInclusion::HiddenProjects);
+    else
+        condition.also("projectID = ?", {projectID});
+    return condition.forOwner(owner).fetch(context, "id", "repeatingTasks");
 }
 
 KWTask *KWTaskFinder::findLatestCompletedTaskRepeatedByTask(const KWTask &task)

@@ -29,6 +29,7 @@ struct KWTaskListItemModel : KWBasicItemModel {
     int checklistCount = 0;
     int checklistDoneCount = 0;
     std::int64_t sortOrder = 0;
+    std::int64_t rowID = 0; ///< of the store: the order of those that are equal otherwise
     QString projectID;
     QStringList tags;
     std::optional<Instant> startDate;

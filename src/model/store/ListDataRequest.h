@@ -28,8 +28,8 @@ struct ListDataRequest {
 
 /// Where a page of completed tasks ended.
 struct CompletionCursor {
-    Instant completionDate;
-    QString taskID;
+    std::optional<Instant> completionDate; ///< nothing for a closed task without one; those come last
+    std::int64_t rowID;
 };
 
 /// Which completed tasks are wanted, the latest first. Values only.

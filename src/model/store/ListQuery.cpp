@@ -1,8 +1,11 @@
 #include "model/store/ListQuery.h"
 
 #include "model/records/KWSmartProject.h"
+#include "model/store/CompletionOrder.h"
 #include "model/store/FindAll.h"
 #include "model/text/SearchWords.h"
+
+#include <limits>
 
 namespace {
 
@@ -13,7 +16,7 @@ constexpr const char *isClosed = "t.status <> 0 AND t.isDeleted = 0 AND t.isTras
 constexpr const char *isInTrash = "t.isTrashed = 1 AND t.isDeleted = 0";
 constexpr const char *tasksByList = "tasks t INDEXED BY openTasksByList";
 constexpr const char *tasksInOrder = "tasks t INDEXED BY openTasksInOrder";
-constexpr const char *closedTasks = "tasks t INDEXED BY closedTasksByCompletion";
+constexpr const char *closedTasks = "tasks t INDEXED BY closedTasksInOrder";
 constexpr const char *trashedTasks = "tasks t INDEXED BY trashedTasks";
 constexpr const char *anyTasks = "tasks t";
 
@@ -27,10 +30,16 @@ constexpr const char *hasTag = "t.id IN (SELECT task FROM taskTags WHERE name = 
 // As openTasksInOrder stands, so that the top of a list is read without sorting all of it.
 constexpr const char *byDate = "t.startDate NULLS LAST, t.priority DESC, t.sortOrder, t.id";
 constexpr const char *byManualOrder = "t.sortOrder, t.id";
-constexpr const char *latestCompletedFirst = "t.completionDate DESC, t.id DESC";
+const std::string latestCompletedFirst = std::string{completionOrder} + " DESC, t.id DESC";
 constexpr const char *latestChangedFirst = "t.modifiedTime DESC, t.id DESC";
 
 std::int64_t millisecondsOf(Instant instant) { return instant.time_since_epoch().count(); }
+
+std::int64_t completionOf(const CompletionCursor &cursor)
+{
+    return cursor.completionDate ? millisecondsOf(*cursor.completionDate)
+                                 : std::numeric_limits<std::int64_t>::min();
+}
 
 ListQuery &between(ListQuery &query, std::optional<Day> from, std::optional<Day> until, const CXClock &clock)
 {
@@ -40,7 +49,7 @@ ListQuery &between(ListQuery &query, std::optional<Day> from, std::optional<Day>
     return query.also("t.startDate IS NOT NULL");
 }
 
-ListQuery inSmart(const char *from, const char *state, const QString &userID, const char *orderBy)
+ListQuery inSmart(const char *from, const char *state, const QString &userID, const std::string &orderBy)
 {
     return ListQuery{from, state, {}, orderBy}.also(inSmartLists, {userID});
 }
@@ -113,11 +122,15 @@ ListQuery ListQuery::ofCompletedTasks(const CompletedTasksRequest &request)
         query.also(inSmartLists, {request.userID});
     else
         query.also(inTheseLists, {idList(request.projectIDs)});
-    if (request.from) query.also("t.completionDate >= ?", {millisecondsOf(*request.from)});
-    if (request.until) query.also("t.completionDate < ?", {millisecondsOf(*request.until)});
-    if (request.after)
-        query.also("(t.completionDate, t.id) < (?, (SELECT coalesce(max(id), 0) FROM tasks WHERE sid = ?))",
-                   {millisecondsOf(request.after->completionDate), request.after->taskID});
+    if (request.from) query.also(std::string{completionOrder} + " >= ?", {millisecondsOf(*request.from)});
+    if (request.until) query.also(std::string{completionOrder} + " < ?", {millisecondsOf(*request.until)});
+    if (request.after) {
+        // The first alone is what the index is searched by.
+        const SqlValue completion = completionOf(*request.after);
+        query.also(std::string{completionOrder} + " <= ?", {completion});
+        query.also(std::string{"("} + completionOrder + ", t.id) < (?, ?)",
+                   {completion, request.after->rowID});
+    }
     return query;
 }
 

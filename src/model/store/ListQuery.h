@@ -11,7 +11,7 @@ struct ListQuery {
     const char *from; ///< with the index to use: the planner has no statistics to choose by
     std::string where;
     SqlValues values;
-    const char *orderBy;
+    std::string orderBy;
 
     /// Nothing for a selection that names nothing.
     static std::optional<ListQuery> ofRequest(const ListDataRequest &request, const CXClock &clock);

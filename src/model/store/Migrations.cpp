@@ -20,6 +20,7 @@ std::span<const std::string> migrations()
         schemas::taskQueries(),
         schemas::search(),
         schemas::reminders(),
+        schemas::closedTasksAndPlaces(),
     };
     return inOrder;
 }

@@ -49,8 +49,7 @@ std::string updateStatement(FieldMask changed)
 template <class Twin>
 const std::string &selectStatement()
 {
-    static const std::string sql =
-        "SELECT " + columnList<Twin>(", ") + " FROM " + Twin::tableName + " WHERE ";
+    static const std::string sql = "SELECT " + columnList<Twin>(", ") + " FROM " + Twin::tableName;
     return sql;
 }
 
@@ -100,7 +99,7 @@ void RecordMapper<Twin>::remove(Connection &connection, const QString &sid)
 template <class Twin>
 std::optional<Twin> RecordMapper<Twin>::find(Connection &connection, const QString &sid)
 {
-    auto statement = connection.prepare(selectStatement<Twin>() + "sid = ?");
+    auto statement = connection.prepare(selectStatement<Twin>() + " WHERE sid = ?");
     columns::bind(*statement, 1, sid);
     if (!statement->executeStep()) return std::nullopt;
     return readRow<Twin>(*statement);
@@ -109,7 +108,9 @@ std::optional<Twin> RecordMapper<Twin>::find(Connection &connection, const QStri
 template <class Twin>
 QList<Twin> RecordMapper<Twin>::select(Connection &connection, const SqlCondition &condition)
 {
-    std::string sql = selectStatement<Twin>() + condition.where;
+    std::string sql = selectStatement<Twin>();
+    if (condition.index) sql.append(" INDEXED BY ").append(condition.index);
+    sql.append(" WHERE ").append(condition.where);
     if (condition.orderBy) sql.append(" ORDER BY ").append(condition.orderBy);
     if (condition.limit >= 0) sql.append(" LIMIT ").append(std::to_string(condition.limit));
     auto statement = connection.prepare(sql);

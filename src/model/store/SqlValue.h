@@ -16,5 +16,6 @@ struct SqlCondition {
     const char *where = "1";
     SqlValues values{};
     const char *orderBy = nullptr;
-    std::int64_t limit = -1; ///< negative: all
+    std::int64_t limit = -1;     ///< negative: all
+    const char *index = nullptr; ///< the one to use; the planner has no statistics to choose by
 };

@@ -19,5 +19,7 @@ std::string taskQueries();
 std::string reminders();
 /// The words of tasks. Needs the tokenizer, see SearchTokenizer.h.
 std::string search();
+/// To closed tasks in their order, and to manual positions by what they belong to.
+std::string closedTasksAndPlaces();
 
 } // namespace schemas
