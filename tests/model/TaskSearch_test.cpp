@@ -1,5 +1,6 @@
 #include "model/store/TaskSearch.h"
 
+#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/KWListDataFetcher.h"
@@ -54,6 +55,20 @@ private Q_SLOTS:
         if (hits.isEmpty()) return;
         QCOMPARE(marked(hits.first().row.title, hits.first().titleMarks), cells[3]);
         QCOMPARE(marked(hits.first().excerpt, hits.first().excerptMarks), cells[4]);
+    }
+
+    void findsWhatLiesBehindManyInTheTrash()
+    {
+        aTask("Needle").savedIn(*m_store);
+        saved(*m_store, [this](ObjectContext &context) {
+            KWTaskModel thrownAway = aTask("needle").model();
+            thrownAway.userID = m_store->userID();
+            thrownAway.projectID = KWProject::inboxIDOfUser(m_store->userID());
+            thrownAway.isTrashed = true;
+            for (int i = 0; i < 400; ++i)
+                context.insert<KWTask>(thrownAway);
+        });
+        QCOMPARE(titles(u"needle"_s), u"Needle"_s);
     }
 
     void followsEveryChangeOfTheText()

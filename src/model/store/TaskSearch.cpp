@@ -24,13 +24,13 @@ QList<Found> latestFound(const TaskSearchRequest &request, const SearchPhrase &p
 {
     auto statement = connection.prepare(
         "SELECT t.sid, CASE t.kind WHEN 'CHECKLIST' THEN t.\"desc\" ELSE t.content END "
-        "FROM (SELECT rowid AS found FROM taskSearch WHERE taskSearch MATCH ? ORDER BY rowid DESC LIMIT ?) "
-        "CROSS JOIN tasks t ON t.id = found "
-        "WHERE t.userID = ? AND t.isDeleted = 0 AND t.isTrashed = 0 ORDER BY t.status <> 0, found DESC LIMIT "
-        "?");
+        "FROM (SELECT t.id AS found FROM taskSearch CROSS JOIN tasks t ON t.id = taskSearch.rowid "
+        "WHERE taskSearch MATCH ? AND t.userID = ? AND t.isDeleted = 0 AND t.isTrashed = 0 "
+        "ORDER BY taskSearch.rowid DESC LIMIT ?) "
+        "CROSS JOIN tasks t ON t.id = found ORDER BY t.status <> 0, found DESC LIMIT ?");
     const QString words = phrase.matchExpression();
     const bool inTitles = request.scope == SearchScope::Titles;
-    statement.bind({inTitles ? QStringLiteral("title : (%1)").arg(words) : words, orderedHits, request.userID,
+    statement.bind({inTitles ? QStringLiteral("title : (%1)").arg(words) : words, request.userID, orderedHits,
                     request.limit});
     QList<Found> found;
     while (statement->executeStep()) {
