@@ -190,6 +190,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->context().number("SELECT count(*) FROM tags"), each);
         QCOMPARE(m_store->context().number("SELECT count(*) FROM projects WHERE isInbox = 0"), each);
         QTRY_COMPARE(m_announced.size(), 4 * each);
+        QCOMPARE(std::ranges::count(m_announced, true, &StoreChange::isLate), 3 * each);
     }
 };
 

@@ -31,14 +31,18 @@ KWCoreDataManager::~KWCoreDataManager()
 
 void KWCoreDataManager::announceFromBackground(const StoreChange &change)
 {
-    const auto announce = [this, change] {
-        m_mainContext->refresh(change);
-        m_bus.post(change);
+    const auto announce = [this](const StoreChange &saved) {
+        m_mainContext->refresh(saved);
+        m_bus.post(saved);
     };
-    if (QThread::currentThread() == m_mainThread->thread())
-        announce();
-    else
-        QMetaObject::invokeMethod(m_mainThread.get(), announce, Qt::QueuedConnection);
+    if (QThread::currentThread() == m_mainThread->thread()) {
+        announce(change);
+        return;
+    }
+    StoreChange late = change;
+    late.isLate = true;
+    QMetaObject::invokeMethod(
+        m_mainThread.get(), [announce, late = std::move(late)] { announce(late); }, Qt::QueuedConnection);
 }
 
 Result<void> KWCoreDataService::sync_save(const Block &block)

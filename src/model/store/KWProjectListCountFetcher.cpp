@@ -53,15 +53,28 @@ void KWProjectListCountFetcher::updateCountCache(const QString &userID)
 void KWProjectListCountFetcher::take(const StoreChange &change)
 {
     if (m_userID.isEmpty()) return;
-    const bool listsChanged = change.touches(RecordKind::Project);
-    if (change.taskMoves.isEmpty() && !listsChanged) return;
-    // A count under way may or may not have seen this save.
-    if (m_isCounting || listsChanged) m_isWanted = true;
+    const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::User);
+    if (change.taskMoves.isEmpty() && !placesChanged) return;
+    // A count under way may or may not have seen this save, and one that is done may have seen a late one.
+    if (m_isCounting || change.isLate) m_isWanted = true;
     if (m_counts) {
-        m_counts->apply(change.taskMoves);
+        if (placesChanged)
+            countNow();
+        else
+            m_counts->apply(change.taskMoves);
         announce();
     }
     if (!m_isCounting) recount();
+}
+
+void KWProjectListCountFetcher::countNow()
+{
+    ObjectContext &context = m_manager.MR_defaultContext();
+    const auto counts = SidebarCounts::read(m_userID, context.clock(), context.connection());
+    if (counts)
+        m_counts = *counts;
+    else
+        countLog.error(counts.error().sentence);
 }
 
 void KWProjectListCountFetcher::announce()

@@ -7,9 +7,10 @@
 
 #include <memory>
 
-/// The counts of the sidebar. They are counted once in the background; after that every save of tasks
-/// changes those of the lists it touches at once, before any later listener of the bus hears of it. A
-/// save of lists counts again. Tasks that wait to be deleted are not counted. Every change ends in
+/// The counts of the sidebar. They are counted once in the background; after that they are right after
+/// every save, before any later listener of the bus hears of it: tasks that moved change the numbers of
+/// their lists, a save of lists or of the account counts at once. A save in the background is counted
+/// again there as well. Tasks that wait to be deleted are not counted. Every change ends in
 /// `countChanged`. Main thread.
 class KWProjectListCountFetcher {
 public:
@@ -29,6 +30,7 @@ private:
     struct Life {};
 
     void take(const StoreChange &change);
+    void countNow();
     void recount();
     void announce();
     void finish(const Result<void> &done, const SidebarCounts &counts);

@@ -20,6 +20,7 @@ struct StoreChange {
     std::array<Ids, recordKindCount> byKind;
     QStringList properties{};  ///< the fields that changed, where who posts it names them; else any may have
     QList<TaskMove> taskMoves; ///< of the tasks that are counted elsewhere now
+    bool isLate = false; ///< saved in the background: what was read before it is told may hold it already
 
     Ids &of(RecordKind kind) { return byKind[std::size_t(kind)]; }
     const Ids &of(RecordKind kind) const { return byKind[std::size_t(kind)]; }
