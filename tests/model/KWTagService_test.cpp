@@ -28,6 +28,27 @@ class KWTagService_test : public QObject {
             tags << (*each)->name + ((*each)->parent.isEmpty() ? QString{} : u'<' + (*each)->parent);
         return tags.join(u' ');
     }
+    /// A manual position of the task in the list of a tag, in the group of a tag.
+    void place(const char *list, const char *group)
+    {
+        saved(*m_store, [&](ObjectContext &context) {
+            KWTaskTagSortOrderModel place;
+            place.userID = m_store->userID();
+            place.taskID = m_task;
+            place.contextID = contextID({.tagName = QString::fromLatin1(list)});
+            place.tagName = QString::fromLatin1(group);
+            context.insert<KWTaskTagSortOrder>(place);
+        });
+    }
+    /// "tag:errand errand": those positions.
+    QString places() const
+    {
+        QStringList places;
+        for (const auto &each : m_store->context().models<KWTaskTagSortOrder>(
+                 {.where = "isDeleted = 0", .orderBy = "contextID, tagName"}))
+            places << each.contextID + u' ' + each.tagName;
+        return places.join(u", "_s);
+    }
     QString tagsOfTask() const { return (*m_store->context().find<KWTask>(m_task))->tags.join(u' '); }
 
 private Q_SLOTS:
@@ -39,13 +60,8 @@ private Q_SLOTS:
             QVERIFY(m_service->create({QString::fromLatin1(each)}));
         QVERIFY(m_service->setParent(u"chore"_s, u"Errand"_s));
         m_task = aTask("A").tagged("other").tagged("errand").tagged("home").savedIn(*m_store);
+        place("errand", "errand");
         saved(*m_store, [this](ObjectContext &context) {
-            KWTaskTagSortOrderModel place;
-            place.userID = m_store->userID();
-            place.taskID = m_task;
-            place.contextID = contextID({.tagName = u"errand"_s});
-            place.tagName = u"errand"_s;
-            context.insert<KWTaskTagSortOrder>(place);
             for (const char *each : {"errand", "home"}) {
                 KWListDisplayConfigurationModel shown;
                 shown.userID = m_store->userID();
@@ -60,8 +76,7 @@ private Q_SLOTS:
         QCOMPARE(*m_service->rename(u"errand"_s, u" Way "_s), u"way"_s);
         QCOMPARE(tags(), u"way chore<way home"_s);
         QCOMPARE(tagsOfTask(), u"other way home"_s);
-        const auto place = m_store->context().models<KWTaskTagSortOrder>({}).first();
-        QCOMPARE(place.contextID + place.tagName, u"tag:wayway"_s);
+        QCOMPARE(places(), u"tag:way way"_s);
         QCOMPARE(m_store->context().models<KWListDisplayConfiguration>({.where = "listID = '4:way'"}).size(),
                  1);
         QCOMPARE(*m_service->rename(u"way"_s, u"WAY"_s), u"way"_s);
@@ -71,7 +86,12 @@ private Q_SLOTS:
 
     void aRenameToAnotherTagMakesThemOne()
     {
+        place("home", "home");
+        place("home", "errand");
+        place("errand", "other");
+        place("other", "errand");
         QVERIFY(m_service->rename(u"errand"_s, u"home"_s));
+        QCOMPARE(places(), u"tag:home home, tag:home other, tag:other home"_s); // each once
         QCOMPARE(tags(), u"chore<home home"_s);
         QCOMPARE(tagsOfTask(), u"other home"_s);
         QCOMPARE(m_store->context().models<KWListDisplayConfiguration>({}).size(), 1);
@@ -85,7 +105,7 @@ private Q_SLOTS:
         QVERIFY(m_service->remove(u"errand"_s));
         QCOMPARE(tags(), u"chore home"_s);
         QCOMPARE(tagsOfTask(), u"other home"_s);
-        QVERIFY(m_store->context().models<KWTaskTagSortOrder>({.where = "isDeleted = 0"}).isEmpty());
+        QCOMPARE(places(), QString{});
         QVERIFY(!m_service->remove(u"errand"_s));
     }
 

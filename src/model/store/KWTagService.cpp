@@ -12,6 +12,8 @@
 #include "model/store/StoreFailure.h"
 #include "model/text/TagName.h"
 
+#include <algorithm>
+
 namespace {
 
 Error noSuchTag() { return {storeText("There is no such tag any more.")}; }
@@ -78,9 +80,6 @@ public:
         movePositions<KWTaskProjectSortOrder>(newName);
         movePositions<KWTaskTagSortOrder>(newName);
         movePositions<KWTaskPinnedSortOrder>(newName);
-        for (KWTaskTagSortOrder *each : m_context.fetch<KWTaskTagSortOrder>(
-                 {.where = "userID = ? AND tagName = ? AND isDeleted = 0", .values = {m_userID, m_name}}))
-            newName.isEmpty() ? dropRecord(*each) : each->set(&KWTaskTagSortOrderModel::tagName, newName);
         moveList<KWListDisplayConfiguration>(&KWListDisplayConfigurationModel::listID, newName);
         moveList<KWProjectPinnedSortOrder>(&KWProjectPinnedSortOrderModel::listID, newName);
     }
@@ -100,13 +99,49 @@ private:
     }
 
     template <class Record>
+    static constexpr bool isInGroupOfTag = requires(typename Record::Model model)
+    {
+        model.tagName;
+    };
+
+    /// In the tag's list, and in its group of other lists.
+    template <class Record>
+    QList<Record *> positions() const
+    {
+        const QString list = contextID({.tagName = m_name});
+        if constexpr (isInGroupOfTag<Record>)
+            return m_context.fetch<Record>(
+                {.where = "(contextID = ? OR tagName = ?) AND userID = ? AND isDeleted = 0",
+                 .values = {list, m_name, m_userID}});
+        else
+            return m_context.fetch<Record>(
+                {.where = "contextID = ? AND userID = ? AND isDeleted = 0", .values = {list, m_userID}});
+    }
+
+    /// Whether the task has another position in the list and group of this one.
+    template <class Record>
+    bool isTaken(const typename Record::Model &position) const
+    {
+        constexpr std::size_t own = std::tuple_size_v<decltype(synchronizableFields)>;
+        const auto taskPositions = m_context.fetch<Record>(
+            {.where = "taskID = ? AND userID = ?", .values = {position.taskID, m_userID}});
+        return std::ranges::any_of(taskPositions, [&](const Record *each) {
+            return each->sid() != position.sid && each->isNotDeleted() &&
+                   difference(each->model(), position) >> own == 0;
+        });
+    }
+
+    template <class Record>
     void movePositions(const QString &newName)
     {
-        const QString from = contextID({.tagName = m_name});
-        for (Record *each : m_context.fetch<Record>(
-                 {.where = "contextID = ? AND userID = ? AND isDeleted = 0", .values = {from, m_userID}}))
-            newName.isEmpty() ? dropRecord(*each)
-                              : each->set(&KWTaskSortOrderFields::contextID, contextID({.tagName = newName}));
+        for (Record *each : positions<Record>()) {
+            typename Record::Model moved = each->model();
+            if (moved.contextID == contextID({.tagName = m_name}))
+                moved.contextID = contextID({.tagName = newName});
+            if constexpr (isInGroupOfTag<Record>)
+                if (moved.tagName == m_name) moved.tagName = newName;
+            newName.isEmpty() || isTaken<Record>(moved) ? dropRecord(*each) : each->assign(moved);
+        }
     }
 
     template <class Record>
