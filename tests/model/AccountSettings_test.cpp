@@ -2,8 +2,10 @@
 
 #include "model/account/KWPublicUserProfileManager.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWListDisplayConfiguration.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
+#include "model/records/KWSmartProjectSetting.h"
 #include "model/records/KWTeamworker.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
 #include "support/TaskBuilder.h"
@@ -21,6 +23,28 @@ class AccountSettings_test : public QObject {
 
     /// What was posted since the last call.
     QString posted() { return std::exchange(m_posted, {}).join(u' '); }
+
+    /// Deletes those records, which the service knows.
+    template <class Record>
+    void deleteAll()
+    {
+        saved(*m_store, [](ObjectContext &context) {
+            for (Record *each : context.fetch<Record>({})) {
+                each->set(&KWSynchronizableFields::etag, u"1"_s);
+                each->markDone();
+                each->markDelete();
+            }
+        });
+    }
+    /// Of the one record of its kind, which is not deleted and still the one that the service knows.
+    template <class Record>
+    KWSyncStatus syncStatus()
+    {
+        const auto all = m_store->context().models<Record>({});
+        if (all.size() != 1 || all.first().isDeleted || all.first().etag != u"1")
+            qFatal("It did not come back");
+        return all.first().syncStatus;
+    }
 
 private Q_SLOTS:
     void init()
@@ -84,6 +108,14 @@ private Q_SLOTS:
         QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityShown);
         QCOMPARE(sortType(KWSmartProject::abandoned()), KWTaskSortTypeTitle);
         QCOMPARE(sortType(KWSmartProject::today()), KWTaskSortTypeDate);
+
+        deleteAll<KWSmartProjectSetting>();
+        QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityHidden);
+        QCOMPARE(sortType(KWSmartProject::abandoned()), KWTaskSortTypeCompletionDate);
+        QVERIFY(m_settings->setVisibility(KWSmartProjectVisibilityShown, KWSmartProject::abandoned()));
+        QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityShown);
+        QCOMPARE(sortType(KWSmartProject::abandoned()), KWTaskSortTypeCompletionDate); // as it comes
+        QCOMPARE(syncStatus<KWSmartProjectSetting>(), KWSyncStatusUpdated);
     }
 
     void keepsHowListsAreShown()
@@ -100,6 +132,11 @@ private Q_SLOTS:
             QCOMPARE(posted(), KWListDisplayConfigurationDidChangeNotification);
         }
         QVERIFY(lists.configuration(KWListIdentifier::tag(u"a"_s)).collapsedGroups.isEmpty());
+
+        deleteAll<KWListDisplayConfiguration>();
+        QVERIFY(lists.configuration(today).collapsedGroups.isEmpty());
+        QVERIFY(lists.save(lists.configuration(today)));
+        QCOMPARE(syncStatus<KWListDisplayConfiguration>(), KWSyncStatusUpdated);
     }
 
     void keepsWhatNewTasksGet()

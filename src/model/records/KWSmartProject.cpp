@@ -23,6 +23,7 @@ KWSmartProjectSettingModel initialSetting(const QString &identifier)
     return setting;
 }
 
+// A deleted one too: its place is taken.
 KWSmartProjectSetting *storedSetting(const QString &identifier, const QString &userID, ObjectContext &context)
 {
     for (KWSmartProjectSetting *each : context.inserted<KWSmartProjectSetting>())
@@ -35,10 +36,18 @@ KWSmartProjectSetting *storedSetting(const QString &identifier, const QString &u
 KWSmartProjectSetting &settingToChange(const QString &identifier, const QString &userID,
                                        ObjectContext &context)
 {
-    if (KWSmartProjectSetting *existing = storedSetting(identifier, userID, context)) return *existing;
     KWSmartProjectSettingModel setting = initialSetting(identifier);
-    setting.userID = userID;
-    return context.insert<KWSmartProjectSetting>(std::move(setting));
+    KWSmartProjectSetting *existing = storedSetting(identifier, userID, context);
+    if (!existing) {
+        setting.userID = userID;
+        return context.insert<KWSmartProjectSetting>(std::move(setting));
+    }
+    if (existing->isDeleted()) { // it begins as the list comes, again
+        existing->unmarkDelete();
+        existing->set(&KWSmartProjectSettingModel::sortType, setting.sortType);
+        existing->set(&KWSmartProjectSettingModel::visibility, setting.visibility);
+    }
+    return *existing;
 }
 
 } // namespace
@@ -142,7 +151,7 @@ KWTaskSortType KWSmartProject::sortTypeWithSmartProjectID(const QString &identif
                                                           ObjectContext &context)
 {
     const KWSmartProjectSetting *existing = storedSetting(identifier, userID, context);
-    return existing ? (*existing)->sortType : initialSetting(identifier).sortType;
+    return existing && existing->isNotDeleted() ? (*existing)->sortType : initialSetting(identifier).sortType;
 }
 
 void KWSmartProject::updateSortType(KWTaskSortType sortType, const QString &ofSmartProject,

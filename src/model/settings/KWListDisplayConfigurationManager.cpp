@@ -45,14 +45,15 @@ Result<void> KWListDisplayConfigurationManager::save(const KWListDisplayConfigur
     const Result<void> saved =
         KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
             KWListDisplayConfigurationModel model = configuration;
-            model.userID = m_userID;
             KWListDisplayConfiguration *stored = storedConfiguration(model.listID, m_userID, context);
-            if (stored) {
-                model.isDeleted = false;
-                stored->assign(model);
-            } else {
+            if (!stored) {
+                model.userID = m_userID;
                 context.insert<KWListDisplayConfiguration>(std::move(model));
+                return {};
             }
+            if (stored->isDeleted()) stored->unmarkDelete();
+            static_cast<KWSynchronizableFields &>(model) = stored->synchronizable(); // stays as it was
+            stored->assign(model);
             return {};
         });
     if (saved)
