@@ -8,23 +8,42 @@
 #include <algorithm>
 #include <concepts>
 
-/// A record that can be put in order by hand.
-template <class Record>
-concept KWSortOrderResetable = requires(Record record, std::int64_t order)
-{
-    record.set(&KWSynchronizableFields::sortOrder, order);
-    {
-        record.synchronizable().sortOrder
-        } -> std::convertible_to<std::int64_t>;
-};
+class KWChecklistItem;
+class KWColumn;
+class KWHabit;
+class KWProjectPinnedSortOrder;
+class KWTask;
+class KWTaskTagSortOrder;
+struct KWHabitSectionModel;
 
-/// Sets places of single records.
+template <class Record, class... Kinds>
+concept OneOf = (std::same_as<Record, Kinds> || ...);
+
+/// A record, or a value twin, whose kind is put in order by hand.
+template <class Record>
+concept KWSortOrderResetable = OneOf<Record, KWTask, KWChecklistItem, KWColumn, KWHabit, KWHabitSectionModel,
+                                     KWProjectPinnedSortOrder, KWTaskTagSortOrder>;
+
+/// Places of single records.
 struct KWEntitySortOrder {
+    template <KWSortOrderResetable Record>
+    static std::int64_t of(const Record &record)
+    {
+        if constexpr (std::derived_from<Record, KWSynchronizableFields>)
+            return record.sortOrder;
+        else
+            return record.synchronizable().sortOrder;
+    }
+
     /// Gives the record the place `order`, kept inside the bounds.
     template <KWSortOrderResetable Record>
     static void update(Record &record, std::int64_t order)
     {
-        record.set(&KWSynchronizableFields::sortOrder, std::clamp(order, KWSortOrderMin, KWSortOrderMax));
+        const std::int64_t place = std::clamp(order, KWSortOrderMin, KWSortOrderMax);
+        if constexpr (std::derived_from<Record, KWSynchronizableFields>)
+            record.sortOrder = place;
+        else
+            record.set(&KWSynchronizableFields::sortOrder, place);
     }
 };
 
@@ -34,12 +53,12 @@ template <KWSortOrderResetable Record>
 bool resetSortOrderIfNeeded(const QList<Record *> &run)
 {
     const auto collide = [](const Record *one, const Record *next) {
-        return one->synchronizable().sortOrder >= next->synchronizable().sortOrder;
+        return KWEntitySortOrder::of(*one) >= KWEntitySortOrder::of(*next);
     };
     if (std::ranges::adjacent_find(run, collide) == run.end()) return false;
     const std::int64_t length = std::int64_t(run.size() - 1) * KWSortOrderStep;
     std::int64_t order =
-        std::clamp(run.first()->synchronizable().sortOrder, KWSortOrderMin, KWSortOrderMax - length);
+        std::clamp(KWEntitySortOrder::of(*run.first()), KWSortOrderMin, KWSortOrderMax - length);
     for (Record *each : run) {
         KWEntitySortOrder::update(*each, order);
         order += KWSortOrderStep;
