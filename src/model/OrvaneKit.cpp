@@ -23,7 +23,11 @@ OrvaneKit::Opening OrvaneKit::open(const DataFolders &folders, const CXClock &cl
     Result<std::unique_ptr<KWCoreDataManager>> manager = KWCoreDataManager::make(*kit->m_store, kit->m_bus);
     if (!manager) return {nullptr, StoreProblem::CannotWrite, manager.error().sentence};
     kit->m_manager = std::move(*manager);
+    kit->m_tags = std::make_unique<KWTagCache>(*kit->m_manager, kit->m_center);
     kit->m_account = std::make_unique<KWAccountManager>(*kit->m_manager, kit->m_center, kit->m_defaults);
+    kit->m_account->onCurrentUserChanged = [kit = kit.get()] {
+        kit->m_tags->load(kit->m_account->currentUserID());
+    };
     kit->m_account->refreshCurrentUser();
     return {std::move(kit), {}, {}};
 }

@@ -6,6 +6,7 @@
 #include "model/settings/DataFolders.h"
 #include "model/settings/KWUserDefaults.h"
 #include "model/store/KWCoreDataManager.h"
+#include "model/store/KWTagCache.h"
 #include "model/store/Store.h"
 
 #include <memory>
@@ -31,6 +32,8 @@ public:
     Store &store() { return *m_store; }
     KWCoreDataManager &manager() { return *m_manager; }
     KWAccountManager &account() { return *m_account; }
+    /// Of the user who is signed in.
+    const KWTagCache &tags() const { return *m_tags; }
     ObjectContext &context() { return m_manager->MR_defaultContext(); }
 
 private:
@@ -42,5 +45,6 @@ private:
     KWEventBus m_bus;
     std::unique_ptr<Store> m_store;
     std::unique_ptr<KWCoreDataManager> m_manager;
+    std::unique_ptr<KWTagCache> m_tags;
     std::unique_ptr<KWAccountManager> m_account;
 };

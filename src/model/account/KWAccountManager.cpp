@@ -58,8 +58,10 @@ void KWAccountManager::refreshCurrentUser()
 
 void KWAccountManager::takeAsCurrent(const KWUser *user)
 {
+    const QString before = currentUserID();
     m_currentUser = user ? std::optional{user->model()} : std::nullopt;
     m_settings = user ? m_manager.MR_defaultContext().find<KWUserSettings>(user->sid()) : nullptr;
+    if (currentUserID() != before && onCurrentUserChanged) onCurrentUserChanged();
 }
 
 bool KWAccountManager::workWithLocalAccount()

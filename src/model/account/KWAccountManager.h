@@ -23,6 +23,8 @@ public:
 
     /// Reads from the store who is signed in.
     void refreshCurrentUser();
+    /// Called when it is another user than before, or nobody any more.
+    std::function<void()> onCurrentUserChanged;
     bool isSignedIn() const { return m_currentUser.has_value(); }
     const std::optional<KWUserModel> &currentUser() const { return m_currentUser; }
     /// Empty when nobody is signed in.

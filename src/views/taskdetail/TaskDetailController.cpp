@@ -4,7 +4,6 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
-#include "model/records/KWTag.h"
 #include "views/taskdetail/TaskDetailView.h"
 
 TaskDetailController::TaskDetailController(TaskDetailView &view, OrvaneKit &kit)
@@ -43,10 +42,8 @@ void TaskDetailController::refresh()
         data.listName = project->isInbox() ? KWSmartProject::inbox().displayName() : project->model().name;
         data.listColor = project->model().color;
     }
-    for (const QString &name : found->task.tags) {
-        const KWTag *tag = KWTag::findTagNamed(name, found->task.userID, m_kit.context());
-        if (tag) data.tagLabels.insert(name, tag->model().label);
-    }
+    for (const QString &name : found->task.tags)
+        if (m_kit.tags().contains(name)) data.tagLabels.insert(name, m_kit.tags().labelOf(name));
     m_view.setTask(data);
 }
 
