@@ -1,6 +1,7 @@
 #include "client/DesktopRooms.h"
 
 #include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/welcome/WelcomeWindow.h"
 
@@ -39,6 +40,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
     connectStatusItem();
     decideAtTheLastWindow();
+    QObject::connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, &m_mainWindow,
+                     [&kit] { kit.center().post(KWThemeDidChangeNotification); });
 }
 
 DesktopRooms::~DesktopRooms()

@@ -1,4 +1,5 @@
 #include "gui/ClientFixture.h"
+#include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
@@ -84,7 +85,12 @@ private Q_SLOTS:
 
     void aThemeIsPutOnAtOnce()
     {
+        ColorScheme told = ColorScheme::Light;
+        const auto observation = m_client->kit().center().addObserver(
+            KWThemeDidChangeNotification,
+            [&told](const KWNotification &) { told = Theme::current().scheme; });
         choose("theme", u"Dark"_s);
+        QCOMPARE(told, ColorScheme::Dark);
         QCOMPARE(Theme::current().scheme, ColorScheme::Dark);
         QCOMPARE(m_client->kit().defaults().value(Settings::theme), u"dark"_s);
     }

@@ -79,6 +79,7 @@ inline const QString KWSmartRecognitionConfigurationDidChangeNotification =
     QStringLiteral("KWSmartRecognitionConfigurationDidChangeNotification");
 inline const QString KWSyncDidPullHabitSettingsNotification =
     QStringLiteral("KWSyncDidPullHabitSettingsNotification");
+/// Colours or sizes are others now; posted by the client.
 inline const QString KWThemeDidChangeNotification = QStringLiteral("KWThemeDidChangeNotification");
 
 /// A task is about to be duplicated; posted by KWTaskCopier, the object is its id.
