@@ -275,19 +275,25 @@ private Q_SLOTS:
     void showsTheTrashPageByPageAndEmptiesIt()
     {
         QStringList ids;
-        for (int i = 0; i < 60; ++i)
+        for (int i = 0; i < 70; ++i)
             ids << make(qPrintable(u"Task %1"_s.arg(i)));
         throwAway(ids);
         make("Kept");
         KWTrashDataService service{manager(), m_store->account()};
         QVERIFY(service.refresh());
         QCOMPARE(service.tasks().size(), KWTrashDataService::pageSize);
-        QCOMPARE(service.tasks().first().title, u"Task 59"_s);
+        QCOMPARE(service.tasks().first().title, u"Task 69"_s);
+        QVERIFY(service.deleteForever({ids[69], ids[68], ids[21]})); // between two pages
+        throwAway({make("Another")});
         QVERIFY(service.hasMore() && service.loadNextPage());
         QVERIFY(!service.hasMore());
-        QCOMPARE(service.tasks().size(), 60);
-        QVERIFY(service.deleteForever({service.tasks().first().sid}) && service.refresh());
-        QCOMPARE(service.tasks().first().title, u"Task 58"_s);
+        QStringList shown;
+        for (const KWTaskModel &each : service.tasks())
+            shown << each.sid;
+        std::ranges::reverse(shown);
+        QCOMPARE(shown, ids); // each once, none left out
+        QVERIFY(service.refresh());
+        QCOMPARE(service.tasks().first().title, u"Another"_s);
         QVERIFY(service.empty() && service.refresh());
         QVERIFY(service.tasks().isEmpty());
         QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks"), 1);
