@@ -1,9 +1,14 @@
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "model/store/KWTagService.h"
+#include "model/store/KWTaskCopier.h"
 #include "model/store/KWTaskEditor.h"
+#include "model/store/KWTaskMerger.h"
 #include "model/store/KWTaskMover.h"
 #include "model/store/KWTaskTicker.h"
 #include "model/store/KWTrashDataService.h"
+#include "model/store/TimeZoneAdaptation.h"
 #include "support/FailingWrites.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -15,6 +20,7 @@ namespace {
 struct Contents {
     QList<KWTaskModel> tasks;
     QList<KWChecklistItemModel> items;
+    QList<KWTagModel> tags;
     bool operator==(const Contents &) const = default;
 };
 
@@ -24,7 +30,8 @@ Contents contentsOf(StoreFixture &store)
     Contents found;
     const auto read = KWCoreDataService{store.kit().manager()}.sync_perform([&found](ObjectContext &context) {
         found = {context.models<KWTask>({.orderBy = "sid"}),
-                 context.models<KWChecklistItem>({.orderBy = "sid"})};
+                 context.models<KWChecklistItem>({.orderBy = "sid"}),
+                 context.models<KWTag>({.orderBy = "sid"})};
         return Result<void>{};
     });
     if (!read) qFatal("The store cannot be read");
@@ -49,6 +56,21 @@ public:
                 [this] { return m_undo.undo(manager()); },
                 [this] { return trash(); },
                 [this] { return kept(m_trash.restore({m_task})); },
+                [this] { return done(m_tags.create({u"Garden"_s})); },
+                [this] { return m_tags.setParent(u"errand"_s, u"garden"_s); },
+                [this] { return done(m_tags.rename(u"errand"_s, u"Way"_s)); },
+                [this] { return done(m_tags.rename(u"way"_s, u"garden"_s)); }, // the two become one
+                [this] { return m_tags.remove(u"garden"_s); },
+                [this] { return travel("Asia/Tokyo"); },
+                [this] { return travel("America/New_York"); },
+                [this] { return copy(); },
+                [this] {
+                    return kept(m_merger.merge({m_task, m_copy}));
+                },
+                [this] { return m_undo.undo(manager()); },
+                [this] {
+                    return kept(m_merger.merge({m_task, m_copy}));
+                },
                 [this] { return trash(); },
                 [this] { return m_trash.empty(); }};
     }
@@ -70,6 +92,10 @@ private:
             KWTaskModel task = aTask("Water").dueOn("2030-05-01").in(m_list).model();
             task.userID = m_store.userID();
             task.repeatRule = u"FREQ=WEEKLY"_s;
+            task.tags = {
+                KWTag::createNewTagWithName(u"Errand"_s, m_store.userID(), TagUniqueness::MustBeNew, context)
+                    ->model()
+                    .name};
             m_task = context.insert<KWTask>(task).sid();
             task.title = u"Below"_s;
             task.repeatRule.clear();
@@ -94,6 +120,25 @@ private:
         m_undo = *done;
         return {};
     }
+    static Result<void> done(const Result<QString> &named) { return named ? Result<void>{} : named.error(); }
+    Result<void> travel(const char *zone)
+    {
+        const CXTimeZone last = m_store.clock.zone();
+        m_store.clock.setZone(zone);
+        const auto adapted =
+            KWCoreDataService{manager()}.sync_save([&last](ObjectContext &context) -> Result<void> {
+                adaptDatesToLocalTimeZone(last, context);
+                return {};
+            });
+        if (!adapted) m_store.clock.setZone(last);
+        return adapted;
+    }
+    Result<void> copy()
+    {
+        const Result<QString> copied = KWTaskCopier{manager(), m_store.kit().center()}.copy(m_task);
+        if (copied) m_copy = *copied;
+        return done(copied);
+    }
     Result<void> tick()
     {
         const auto ticked = m_ticker.tick(m_task);
@@ -107,7 +152,10 @@ private:
     KWTaskTicker m_ticker{manager()};
     KWTaskMover m_mover{manager()};
     KWTrashDataService m_trash{manager(), m_store.account()};
+    KWTagService m_tags{manager(), m_store.userID()};
+    KWTaskMerger m_merger{manager()};
     QString m_task;
+    QString m_copy;
     UndoToken m_undo;
 };
 
