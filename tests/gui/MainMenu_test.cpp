@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -99,6 +100,11 @@ private Q_SLOTS:
         press("Ctrl+D");
         auto *picker = window().findChild<DatePicker *>();
         QVERIFY(picker);
+        auto *title = picker->findChild<QLabel *>(u"datePickerTitle"_s);
+        QCOMPARE(title->text(), u"November 2026"_s);
+        picker->findChild<QAbstractButton *>(u"monthBefore"_s)->click();
+        QCOMPARE(title->text(), u"October 2026"_s);
+        picker->findChild<QAbstractButton *>(u"monthAfter"_s)->click();
         QTest::keyClick(picker->findChild<QWidget *>(u"qt_calendar_calendarview"_s), Qt::Key_Down);
         QTest::keyClick(picker->findChild<QWidget *>(u"qt_calendar_calendarview"_s), Qt::Key_Return);
         QCOMPARE(*task().startDate, at("2026-11-28 17:00"));
