@@ -33,7 +33,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
                    [this] { return m_timeChanges.isAdapting(); }})
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
-    , m_statusItem({kit, clock, m_newTasks, m_menu, services.statusArea})
+    , m_statusItem({kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea})
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {

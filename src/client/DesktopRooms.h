@@ -42,6 +42,7 @@ public:
     KWProjectListPresenter &sidebar() { return m_sidebar; }
     NewTaskService &newTasks() { return m_newTasks; }
     MainMenu &menu() { return m_menu; }
+    KWDelayDeleteManager &deletes() { return m_deletes; }
     MainWindowController &mainWindow() { return m_mainWindow; }
     PreferencesWindowController &preferences() { return m_preferences; }
     StatusItem &statusItem() { return m_statusItem; }

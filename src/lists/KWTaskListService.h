@@ -20,6 +20,8 @@ public:
     const KWListIdentifier &list() const { return m_list; }
     const QList<KWTaskListItemModel> &rows() const { return m_rows; }
 
+    /// Tasks that have waited to be deleted since before the service was there. To be told before select().
+    void leaveOut(const QSet<QString> &waitingTasks) { m_pendingDeletes.startWith(waitingTasks); }
     void select(const KWListIdentifier &list);
     void reload();
     /// No list is selected any more.

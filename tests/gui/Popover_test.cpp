@@ -57,8 +57,26 @@ private Q_SLOTS:
         QTRY_COMPARE(titles(), QStringList{});
     }
 
+    void leavesOutWhatIsBeingDeleted()
+    {
+        add(u"Feed the cat"_s);
+        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+        const QString taskID = popover().model().rows().constFirst().sid;
+        m_client->rooms().statusItem().resetPopover();
+        m_client->rooms().deletes().deleteTasks({taskID});
+        open();
+        QCOMPARE(titles(), QStringList{});
+        m_client->rooms().deletes().undo();
+        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+    }
+
     void goesByEscapeAndComesAgain()
     {
+        QTest::keyClick(&popover().addField(), Qt::Key_Escape);
+        QVERIFY(!popover().isVisible());
+        open();
+        QTest::keyClick(&popover().addField(), Qt::Key_Down);
+        QVERIFY(popover().focusWidget() == &popover().list());
         QTest::keyClick(&popover().list(), Qt::Key_Escape);
         QVERIFY(!popover().isVisible());
         open();

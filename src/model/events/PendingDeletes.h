@@ -22,6 +22,9 @@ public:
     /// `onChanged` is called when tasks are to be hidden or shown again.
     PendingDeletes(KWNotificationCenter &center, std::function<void()> onChanged);
 
+    /// Those that have waited since before this was there.
+    void startWith(const QSet<QString> &taskIDs) { m_taskIDs = taskIDs; }
+
     bool containsTask(const QString &taskID) const { return m_taskIDs.contains(taskID); }
     const QSet<QString> &taskIDs() const { return m_taskIDs; }
 

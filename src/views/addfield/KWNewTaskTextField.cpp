@@ -209,8 +209,10 @@ void KWNewTaskTextField::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Escape:
         Q_EMIT left();
         return;
-    case Qt::Key_Up:
     case Qt::Key_Down:
+        Q_EMIT steppedDown();
+        return;
+    case Qt::Key_Up:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
     case Qt::Key_Tab:

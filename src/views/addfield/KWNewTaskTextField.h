@@ -41,6 +41,8 @@ Q_SIGNALS:
     void pieceClicked(const RecognizedPiece &piece);
     /// Escape: the person is done here.
     void left();
+    /// Down: on to what stands below.
+    void steppedDown();
 
 protected:
     bool event(QEvent *event) override;

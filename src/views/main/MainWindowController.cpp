@@ -142,6 +142,8 @@ void MainWindowController::connectColumns()
             });
     connect(&content.sidebar, &SidebarController::listOpened, &list,
             [&list] { list.setFocus(Qt::OtherFocusReason); });
+    connect(&window.listPane().addField(), &KWNewTaskTextField::left, &list,
+            [&list] { list.setFocus(Qt::OtherFocusReason); });
     connect(&list, &TaskListView::currentTaskChanged, &content.detail, &TaskDetailController::show);
     connect(&list, &TaskListView::opened, &window, &MainWindow::openDetail);
     connect(&content.addField, &AddFieldController::added, this, &MainWindowController::showAdded);

@@ -22,10 +22,10 @@ QString pictureText(const char *text) { return QCoreApplication::translate("Comm
 const KWSmartProject *smartProjectOfPage(const QString &page)
 {
     const std::pair<QLatin1StringView, const KWSmartProject &> pages[] = {
-        {"today"_L1, KWSmartProject::today()},
-        {"tomorrow"_L1, KWSmartProject::tomorrow()},
-        {"next7days"_L1, KWSmartProject::next7days()},
-        {"completed"_L1, KWSmartProject::completed()},
+        {"today"_L1, KWSmartProject::today()},           {"tomorrow"_L1, KWSmartProject::tomorrow()},
+        {"next7days"_L1, KWSmartProject::next7days()},   {"all"_L1, KWSmartProject::all()},
+        {"assigned"_L1, KWSmartProject::assignedToMe()}, {"completed"_L1, KWSmartProject::completed()},
+        {"abandoned"_L1, KWSmartProject::abandoned()},   {"trash"_L1, KWSmartProject::trash()},
     };
     for (const auto &[name, smart] : pages)
         if (name == page) return &smart;

@@ -24,6 +24,7 @@ PopoverWindow::PopoverWindow(CXClock &clock) : TaskListPane(clock)
     setObjectName(u"popover"_s);
     setAccessibleName(KWLocalizedString("Quick view of today"));
     setWindowTitle(KWLocalizedString("Today"));
+    connect(&addField(), &KWNewTaskTextField::left, this, &QWidget::hide);
     resize(Metrics::scaled(popoverSize.width()), Metrics::scaled(popoverSize.height()));
 }
 

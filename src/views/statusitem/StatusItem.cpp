@@ -1,6 +1,7 @@
 #include "views/statusitem/StatusItem.h"
 
 #include "app/ApplicationName.h"
+#include "app/KWDelayDeleteManager.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
@@ -58,6 +59,7 @@ struct StatusItem::Popover {
         window.list().setEmptyText(KWLocalizedString("Nothing to do today"),
                                    KWLocalizedString("Type above to add a task."));
         addField.setList(KWListIdentifier::todayProject());
+        service.leaveOut(rooms.deletes.delayDeletedTaskSet());
         service.select(KWListIdentifier::todayProject());
         showHead();
     }

@@ -12,6 +12,7 @@
 class MainMenu;
 class OrvaneKit;
 class PopoverWindow;
+class KWDelayDeleteManager;
 class QMenu;
 class QSystemTrayIcon;
 
@@ -28,6 +29,7 @@ public:
         CXClock &clock;
         NewTaskService &newTasks;
         MainMenu &menu;
+        const KWDelayDeleteManager &deletes;
         StatusAreaPort &area;
     };
     explicit StatusItem(Rooms rooms);
