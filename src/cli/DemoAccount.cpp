@@ -87,6 +87,7 @@ private:
             model.status = KWTaskStatusCompleted;
             model.completionDate = model.startDate;
         }
+        model.isTrashed = task.state == Demo::State::Trashed;
         const KWTask &written = m_context.insert<KWTask>(std::move(model));
         for (const Demo::Item &each : task.items)
             writeItem(each, written.sid());

@@ -21,6 +21,8 @@ constexpr Task inbox[] = {
     {.title = "Renew library card"_L1, .when = When{-3}},
     {.title = "Ask about the bike repair"_L1},
     {.title = "Find a frame for the map"_L1},
+    {.title = "Book the dentist"_L1, .when = When{-6}, .state = State::Trashed},
+    {.title = "Packing list of last summer"_L1, .state = State::Trashed},
 };
 
 constexpr Task groceries[] = {

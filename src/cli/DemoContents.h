@@ -11,7 +11,7 @@
 /// What stands in the demo account: tables, with dates relative to the day.
 namespace Demo {
 
-enum class State { Open, Done };
+enum class State { Open, Done, Trashed };
 
 /// Days from today, and minutes of the day where there is a time.
 struct When {

@@ -111,9 +111,12 @@ private Q_SLOTS:
     {
         rebuild({list("Garden", 1, "House")}, {folder("House", 0)}, {tag("Food"), tag("Bread", "food")});
         const QList<KWListIdentifier> all{
-            KWListIdentifier::todayProject(), KWListIdentifier::group(u"House"_s),
-            KWListIdentifier::project(u"Garden"_s), KWListIdentifier::tag(u"bread"_s),
-            KWListIdentifier::smartProject(KWSmartProject::completed().identifier())};
+            KWListIdentifier::todayProject(),
+            KWListIdentifier::group(u"House"_s),
+            KWListIdentifier::project(u"Garden"_s),
+            KWListIdentifier::tag(u"bread"_s),
+            KWListIdentifier::smartProject(KWSmartProject::completed().identifier()),
+            KWListIdentifier::smartProject(KWSmartProject::trash().identifier())};
         for (const KWListIdentifier &each : all) {
             QVERIFY(m_service->nodeFor(each) && m_service->nodeFor(each)->listIdentifier() == each);
             QVERIFY(m_service->lists().contains(each));
@@ -147,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
         QCOMPARE(outline(m_service->listNode()), u"Work House Home"_s);
         QCOMPARE(outline(m_service->tagNode()), u"Food"_s);
-        QCOMPARE(outline(m_service->bottomNode()), u"Completed"_s);
+        QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
         setSaved<KWProject>(store, home, &KWProjectModel::name, u"House work"_s);
         QVERIFY(contents != ProjectListContents::read(user, store.context()));
     }

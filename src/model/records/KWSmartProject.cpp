@@ -106,8 +106,8 @@ bool KWSmartProject::isListOfTasks() const
 
 KWSmartProjectVisibility KWSmartProject::defaultVisibility() const
 {
-    const bool isShown =
-        isToday() || isTomorrow() || isNext7Days() || isCompleted() || this == &tag() || this == &filter();
+    const bool isShown = isToday() || isTomorrow() || isNext7Days() || isCompleted() || isTrash() ||
+                         this == &tag() || this == &filter();
     return isShown ? KWSmartProjectVisibilityShown : KWSmartProjectVisibilityHidden;
 }
 

@@ -1,25 +1,27 @@
 #include "views/tasklist/PageHeader.h"
 
+#include "views/controls/TextButton.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>
-#include <QPushButton>
 #include <QStyle>
 
-PageHeader::PageHeader(QWidget *parent) : QWidget(parent), m_action(new QPushButton{this})
+PageHeader::PageHeader(QWidget *parent)
+    : QWidget(parent), m_action(new TextButton{{}, TextButton::Opens::Nothing, this})
 {
     setObjectName(QStringLiteral("pageHeader"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_action->setObjectName(QStringLiteral("pageAction"));
     m_action->hide();
-    connect(m_action, &QPushButton::clicked, this, &PageHeader::actionTriggered);
+    connect(m_action, &TextButton::clicked, this, &PageHeader::actionTriggered);
 }
 
 void PageHeader::setAction(const QString &text)
 {
     m_action->setText(text);
+    m_action->setAccessibleName(text);
     m_action->setVisible(!text.isEmpty());
     placeAction();
     update();

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QPushButton;
+class TextButton;
 
 /// The head of a page: its title, a quiet note beside it, and at the other end what can be done with the
 /// page as a whole.
@@ -29,7 +29,7 @@ protected:
 private:
     void placeAction();
 
-    QPushButton *m_action;
+    TextButton *m_action;
     QString m_title;
     QString m_note;
 };
