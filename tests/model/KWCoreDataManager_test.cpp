@@ -62,6 +62,20 @@ private Q_SLOTS:
         QCOMPARE(m_announced.first().of(RecordKind::Task).updated, QStringList{m_rent});
     }
 
+    void savesNothingThatWasMadeOfAFailedRead()
+    {
+        const auto block = [](ObjectContext &context) -> Result<void> {
+            const auto known = context.models<KWTask>({.where = "titel = 'Pay rent'"});
+            if (known.isEmpty()) context.insert<KWTask>(aTask("Pay rent").model());
+            return {};
+        };
+        QVERIFY(!service().sync_save(block));
+        QVERIFY(!service().sync_perform(block));
+        QCOMPARE(m_store->context().models<KWTask>({}).size(), 1);
+        QVERIFY(m_announced.isEmpty());
+        QVERIFY(setTitle(u"Rent"_s));
+    }
+
     void keepsUnsavedChangesOfTheMainContext()
     {
         rent().set(&KWTaskModel::content, u"By transfer"_s);

@@ -5,6 +5,18 @@
 #include <QMetaObject>
 #include <QThread>
 
+namespace {
+
+// What a block made of records that could not be read is nothing to go by.
+Result<void> resultOf(const KWCoreDataService::Block &block, ObjectContext &context)
+{
+    const Result<void> done = block(context);
+    const Result<void> read = context.readResult();
+    return read ? done : read;
+}
+
+} // namespace
+
 Result<std::unique_ptr<KWCoreDataManager>> KWCoreDataManager::make(Store &store, KWEventBus &bus)
 {
     Result<std::unique_ptr<ObjectContext>> context = store.makeContext();
@@ -54,7 +66,7 @@ Result<void> KWCoreDataService::sync_save(const Block &block)
 
     // Before the block reads: two processes that both find a tag missing must not both make it.
     Result<void> done = context.beginWriting();
-    if (done) done = block(context);
+    if (done) done = resultOf(block, context);
     if (done) {
         const Result<StoreChange> saved = context.save();
         if (!saved) done = saved.error();
@@ -68,7 +80,7 @@ Result<void> KWCoreDataService::sync_perform(const Block &block)
     Result<Store::Loan> loan = m_manager.store().borrowConnection();
     if (!loan) return loan.error();
     ObjectContext context{loan->take(), m_manager.store().clock()};
-    const Result<void> done = block(context);
+    const Result<void> done = resultOf(block, context);
     m_manager.store().giveBack(context.releaseConnection());
     return done;
 }

@@ -49,8 +49,8 @@ public:
 
     /// Runs the block on the calling thread and saves what it changed, all or nothing. Nobody else writes
     /// from the block's first read to the save, so a block saves through its own context only. A block
-    /// that answers an error saves nothing, and its error is the answer. The change is announced before it
-    /// returns on the main thread, and soon after on any other.
+    /// that answers an error, or in which something could not be read, saves nothing, and the error is the
+    /// answer. The change is announced before it returns on the main thread, and soon after on any other.
     Result<void> sync_save(const Block &block);
     /// Runs the block on the calling thread; nothing is saved.
     Result<void> sync_perform(const Block &block);

@@ -84,7 +84,7 @@ Record *ObjectContext::find(const QString &sid)
         std::optional<Model> model = RecordMapper<Model>::find(*m_connection, sid);
         return model ? &managed<Record>(std::move(*model)) : nullptr;
     } catch (const SQLite::Exception &exception) {
-        storeLog.error(storeFailure(exception).sentence);
+        noteFailedRead(storeFailure(exception));
         return nullptr;
     }
 }
@@ -95,7 +95,7 @@ QList<typename Record::Model> ObjectContext::models(const SqlCondition &conditio
     try {
         return RecordMapper<typename Record::Model>::select(*m_connection, condition);
     } catch (const SQLite::Exception &exception) {
-        storeLog.error(storeFailure(exception).sentence);
+        noteFailedRead(storeFailure(exception));
         return {};
     }
 }
@@ -133,9 +133,20 @@ std::int64_t ObjectContext::number(const char *sql, const SqlValues &values)
     try {
         return m_connection->number(sql, values);
     } catch (const SQLite::Exception &exception) {
-        storeLog.error(storeFailure(exception).sentence);
+        noteFailedRead(storeFailure(exception));
         return 0;
     }
+}
+
+Result<void> ObjectContext::readResult() const
+{
+    return m_readFailure ? Result<void>{*m_readFailure} : Result<void>{};
+}
+
+void ObjectContext::noteFailedRead(Error error)
+{
+    storeLog.error(error.sentence);
+    if (!m_readFailure) m_readFailure = std::move(error);
 }
 
 void ObjectContext::noteChanged(KWBaseEntity &record)

@@ -12,6 +12,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class Connection;
@@ -28,7 +29,7 @@ public:
     /// A new record with the values of `model`; an empty `sid`, creation or modification time is filled.
     template <class Record>
     Record &insert(typename Record::Model model);
-    /// The record with that id, or none (also when the store cannot be read, which is logged).
+    /// The record with that id, or none; none as well when the store cannot be read: see readResult().
     template <class Record>
     Record *find(const QString &sid);
     /// The stored records that fit, deleted ones included unless the condition says otherwise. Records
@@ -46,6 +47,9 @@ public:
     QList<Record *> changed() const;
     /// The first column of the first row of a query, 0 when there is none or it fails.
     std::int64_t number(const char *sql, const SqlValues &values = {});
+    /// The error of the first read that failed in this context: what was decided on such reading must not
+    /// be saved.
+    Result<void> readResult() const;
 
     /// Removes the record's row for good at the next save.
     void remove(KWBaseEntity &record);
@@ -87,12 +91,14 @@ private:
     static void noteMove(const KWTask &task, StoreChange &change);
     void writeAll(StoreChange &change);
     void forget(KWBaseEntity &record);
+    void noteFailedRead(Error error);
 
     std::unique_ptr<Connection> m_connection;
     std::unique_ptr<WriteTransaction> m_transaction; // begun before the save; goes before the connection
     const CXClock &m_clock;
     std::array<IdentityMap, recordKindCount> m_records;
     std::vector<KWBaseEntity *> m_changed; // each once, in the order of their first change
+    std::optional<Error> m_readFailure;    // the first
 };
 
 /// A new identifier: 24 hexadecimal digits, the time of `now` in front, so that ids made later sort
