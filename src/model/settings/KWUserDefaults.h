@@ -98,6 +98,8 @@ public:
     template <class Value>
     void set(const Setting<Value> &setting, const Value &value, const QString &user = {})
     {
+        // A file that changes is written and flushed, which costs a start a millisecond.
+        if (contains(setting, user) && this->value(setting, user) == value) return;
         file(setting.scope).setValue(keyOf(setting, user), QVariant::fromValue(value));
     }
     template <class Value>
