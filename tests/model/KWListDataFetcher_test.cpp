@@ -230,6 +230,24 @@ private Q_SLOTS:
         QVERIFY(rows(KWListIdentifier::tag(u"日本"_s)) == QList{expected});
     }
 
+    void findsTheTopOfManyHitsAsOfFew()
+    {
+        saved(m_store, [this](ObjectContext &context) {
+            KWTaskModel task = aTask("Water the garden").in(m_lists.value(u"Home"_s)).model();
+            for (int i = 0; i < 4100; ++i) {
+                task.sortOrder = -i * 7 % 4099;
+                context.insert<KWTask>(task);
+            }
+        });
+        ListDataRequest request{m_store.userID(), KWListIdentifier::project(m_lists.value(u"Home"_s))};
+        request.condition.text = u"gard"_s;
+        const auto top = [&](std::int64_t limit) {
+            request.limit = limit;
+            return *KWListDataFetcher{m_store.clock}.reloadDataModel(request, m_store.context().connection());
+        };
+        QVERIFY(top(25) == top(-1).first(25));
+    }
+
     void narrowsByWhatTheConditionAsks()
     {
         const QString home = m_lists.value(u"Home"_s);

@@ -72,9 +72,10 @@ bool showsNumber(const KWListIdentifier &list)
 Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const ListDataRequest &request,
                                                                       Connection &connection) const
 {
-    const std::optional<ListQuery> query = ListQuery::ofRequest(request, m_clock);
-    if (!query) return QList<KWTaskListItemModel>{};
     try {
+        const std::optional<ListQuery> query =
+            ListQuery::ofRequest(request, m_clock, ListQuery::wordHits(request, connection));
+        if (!query) return QList<KWTaskListItemModel>{};
         return rowsOf(*query, request.limit, connection);
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);

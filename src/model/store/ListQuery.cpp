@@ -2,6 +2,7 @@
 
 #include "model/records/KWSmartProject.h"
 #include "model/store/CompletionOrder.h"
+#include "model/store/Connection.h"
 #include "model/store/FindAll.h"
 #include "model/text/SearchWords.h"
 
@@ -25,6 +26,9 @@ constexpr const char *inSmartLists = "+t.projectID IN (SELECT sid FROM projects 
 constexpr const char *inOpenLists =
     "+t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 AND closed = 0)";
 constexpr const char *inTheseLists = "+t.projectID IN (SELECT value FROM json_each(?))";
+constexpr const char *hasWords = "t.id IN (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ?)";
+// The same, but never what the planner begins with.
+constexpr const char *hasWordsOnTheWay = "+t.id IN (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ?)";
 constexpr const char *hasTag = "t.id IN (SELECT task FROM taskTags WHERE name = ?)";
 
 // As openTasksInOrder stands, so that the top of a list is read without sorting all of it.
@@ -84,7 +88,20 @@ ListQuery &ListQuery::also(const std::string &condition, const SqlValues &more)
     return *this;
 }
 
-std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, const CXClock &clock)
+ListQuery::WordHits ListQuery::wordHits(const ListDataRequest &request, Connection &connection)
+{
+    // To look up that many costs as much as to walk on to the twenty-fifth of them.
+    constexpr std::int64_t many = 4000;
+    const SearchPhrase phrase{request.condition.text};
+    if (request.limit < 0 || phrase.isEmpty()) return WordHits::Few;
+    const std::int64_t hits = connection.number(
+        "SELECT count(*) FROM (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ? LIMIT ?)",
+        {phrase.matchExpression(), many});
+    return hits < many ? WordHits::Few : WordHits::Many;
+}
+
+std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, const CXClock &clock,
+                                              WordHits wordHits)
 {
     const QString &id = request.selection.entityID;
     std::optional<ListQuery> query;
@@ -110,7 +127,7 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
     case KWListIdentifierType::View:
         break;
     }
-    if (query) query->narrow(request.condition, clock);
+    if (query) query->narrow(request.condition, clock, wordHits);
     return query;
 }
 
@@ -134,21 +151,20 @@ ListQuery ListQuery::ofCompletedTasks(const CompletedTasksRequest &request)
     return query;
 }
 
-ListQuery &ListQuery::narrow(const ListCondition &condition, const CXClock &clock)
+ListQuery &ListQuery::narrow(const ListCondition &condition, const CXClock &clock, WordHits wordHits)
 {
-    // Few tasks have one tag or one word: they are looked up, and nothing is walked.
+    // Few tasks have one tag: they are looked up, and nothing is walked.
     if (!condition.tag.isEmpty()) {
         from = anyTasks;
         also(hasTag, {condition.tag});
     }
     if (!condition.text.isEmpty()) {
         const SearchPhrase phrase{condition.text};
-        from = anyTasks;
+        if (wordHits == WordHits::Few) from = anyTasks;
         if (phrase.isEmpty())
             also("0");
         else
-            also("t.id IN (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ?)",
-                 {phrase.matchExpression()});
+            also(wordHits == WordHits::Few ? hasWords : hasWordsOnTheWay, {phrase.matchExpression()});
     }
     if (!condition.projectIDs.isEmpty()) also(inTheseLists, {idList(condition.projectIDs)});
     if (condition.priority) also("t.priority = ?", {std::int64_t(*condition.priority)});

@@ -6,6 +6,8 @@
 
 #include <string>
 
+class Connection;
+
 /// The tasks of a list as a query over `tasks t`.
 struct ListQuery {
     const char *from; ///< with the index to use: the planner has no statistics to choose by
@@ -13,13 +15,19 @@ struct ListQuery {
     SqlValues values;
     std::string orderBy;
 
+    /// How many tasks have the words of the condition. Few are looked up; where they are many, the list is
+    /// walked in its order until enough of them were met.
+    enum class WordHits { Few, Many };
+    static WordHits wordHits(const ListDataRequest &request, Connection &connection); // throws
+
     /// Nothing for a selection that names nothing.
-    static std::optional<ListQuery> ofRequest(const ListDataRequest &request, const CXClock &clock);
+    static std::optional<ListQuery> ofRequest(const ListDataRequest &request, const CXClock &clock,
+                                              WordHits wordHits = WordHits::Few);
     static ListQuery ofCompletedTasks(const CompletedTasksRequest &request);
 
     ListQuery &also(const std::string &condition, const SqlValues &more = {});
     /// Asks for what the condition asks, too.
-    ListQuery &narrow(const ListCondition &condition, const CXClock &clock);
+    ListQuery &narrow(const ListCondition &condition, const CXClock &clock, WordHits wordHits);
     /// Found by the id of one task, not by walking an index.
     ListQuery &onlyTask(const QString &taskID);
 };
