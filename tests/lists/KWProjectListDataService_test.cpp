@@ -55,76 +55,38 @@ bool nothing(const KWProjectListNode &) { return false; }
 class KWProjectListDataService_test : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<KWProjectListDataService> m_service;
-
-    void rebuild(const QList<KWProjectModel> &lists, const QList<KWProjectGroupModel> &folders = {},
-                 const QList<KWTagModel> &tags = {})
-    {
-        m_service->rebuild({.userID = {}, .projects = lists, .groups = folders, .tags = tags}, nothing);
-    }
+    KWProjectListDataService m_service;
 
 private Q_SLOTS:
-    void init() { m_service = std::make_unique<KWProjectListDataService>(); }
-
-    void hasItsSectionsFromTheStart()
+    void buildsTheTreeAndEmptiesIt()
     {
-        const auto &sections = m_service->rootNode().children();
-        QCOMPARE(sections.size(), 3U);
-        QCOMPARE(sections.at(0).get(), &m_service->topNode());
-        QCOMPARE(sections.at(2).get(), &m_service->bottomNode());
-        QCOMPARE(outline(m_service->centerNode()), u"Lists Tags Filters Subscriptions"_s);
-        QCOMPARE(m_service->filterNode().parent(), &m_service->centerNode());
-        QCOMPARE(m_service->filterNode().row(), 2);
-    }
-
-    void ordersFoldersAmongLists()
-    {
-        rebuild({list("First", -5), list("Garden", 1, "House"), list("Stray", 2, "gone"),
-                 list("Kitchen", 3, "House"), list("Last", 90)},
-                {folder("House", 0), folder("Empty", 50)});
-        QCOMPARE(outline(m_service->listNode()), u"First House(Garden Kitchen) Stray Empty Last"_s);
-    }
-
-    void nestsTagsBelowTheirParents()
-    {
-        rebuild({}, {},
-                {tag("Leek", "food"), tag("Errand"), tag("Food"), tag("Bread", "food"), tag("Stray", "gone"),
-                 tag("Self", "self")});
-        QCOMPARE(outline(m_service->tagNode()), u"Errand Food(Leek Bread) Stray Self"_s);
-    }
-
-    void keepsTheSectionsThroughRebuilds()
-    {
-        const KWProjectListNode *section = &m_service->tagNode();
-        rebuild({list("Home", 1)}, {}, {tag("a")});
-        rebuild({list("Work", 1)});
-        QCOMPARE(&m_service->tagNode(), section);
-        QCOMPARE(outline(m_service->listNode()), u"Work"_s);
-        QVERIFY(section->children().empty());
-        m_service->clear();
-        QVERIFY(m_service->lists().isEmpty());
-        QVERIFY(m_service->topNode().children().empty());
-        QCOMPARE(outline(m_service->centerNode()), u"Lists Tags Filters Subscriptions"_s);
-    }
-
-    void findsTheNodeOfAList()
-    {
-        rebuild({list("Garden", 1, "House")}, {folder("House", 0)}, {tag("Food"), tag("Bread", "food")});
-        const QList<KWListIdentifier> all{
-            KWListIdentifier::todayProject(),
-            KWListIdentifier::group(u"House"_s),
-            KWListIdentifier::project(u"Garden"_s),
-            KWListIdentifier::tag(u"bread"_s),
-            KWListIdentifier::smartProject(KWSmartProject::completed().identifier()),
-            KWListIdentifier::smartProject(KWSmartProject::trash().identifier())};
-        for (const KWListIdentifier &each : all) {
-            QVERIFY(m_service->nodeFor(each) && m_service->nodeFor(each)->listIdentifier() == each);
-            QVERIFY(m_service->lists().contains(each));
-        }
-        QCOMPARE(m_service->lists().size(), all.size() + 3); // with Tomorrow, Next 7 Days and Food
-        QVERIFY(!m_service->nodeFor(KWListIdentifier::project(u"House"_s)));
+        const KWProjectListNode *section = &m_service.tagNode();
+        const auto outlineOfCenter = [this](const ProjectListContents &contents) {
+            m_service.rebuild(contents, nothing);
+            return outline(m_service.centerNode());
+        };
+        QCOMPARE(outlineOfCenter(
+                     {.userID = {},
+                      .projects = {list("First", -5), list("Garden", 1, "House"), list("Stray", 2, "gone"),
+                                   list("Kitchen", 3, "House"), list("Last", 90)},
+                      .groups = {folder("House", 0), folder("Empty", 50)},
+                      .tags = {tag("Leek", "food"), tag("Errand"), tag("Food"), tag("Bread", "food"),
+                               tag("Stray", "gone"), tag("Self", "self")}}),
+                 u"Lists(First House(Garden Kitchen) Stray Empty Last) "
+                 "Tags(Errand Food(Leek Bread) Stray Self) Filters Subscriptions"_s);
+        const QList<KWListIdentifier> all = m_service.lists();
+        QCOMPARE(all.size(), 3 + 5 + 2 + 6 + 2); // of the top, lists, folders, tags, of the bottom
+        for (const KWListIdentifier &each : all)
+            QVERIFY(m_service.nodeFor(each) && m_service.nodeFor(each)->listIdentifier() == each);
+        QVERIFY(!m_service.nodeFor(KWListIdentifier::project(u"House"_s)));
         // The header of a section is no list.
-        QVERIFY(!m_service->nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
+        QVERIFY(!m_service.nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
+
+        QCOMPARE(outlineOfCenter({.userID = {}, .projects = {list("Work", 1)}, .groups = {}, .tags = {}}),
+                 u"Lists(Work) Tags Filters Subscriptions"_s);
+        QCOMPARE(&m_service.tagNode(), section);
+        m_service.clear();
+        QVERIFY(m_service.lists().isEmpty());
     }
 
     void readsItsContentsFromTheStore()
@@ -146,11 +108,11 @@ private Q_SLOTS:
             context.insert<KWProjectGroup>(folder("of another user", 0));
         });
         const ProjectListContents contents = ProjectListContents::read(user, store.context());
-        m_service->rebuild(contents, nothing);
-        QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
-        QCOMPARE(outline(m_service->listNode()), u"Work House Home"_s);
-        QCOMPARE(outline(m_service->tagNode()), u"Food"_s);
-        QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
+        m_service.rebuild(contents, nothing);
+        QCOMPARE(outline(m_service.topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
+        QCOMPARE(outline(m_service.listNode()), u"Work House Home"_s);
+        QCOMPARE(outline(m_service.tagNode()), u"Food"_s);
+        QCOMPARE(outline(m_service.bottomNode()), u"Completed Trash"_s);
         setSaved<KWProject>(store, home, &KWProjectModel::name, u"House work"_s);
         QVERIFY(contents != ProjectListContents::read(user, store.context()));
     }
