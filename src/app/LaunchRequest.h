@@ -4,8 +4,9 @@
 #include <QStringList>
 
 enum class LaunchCause {
-    Person,    ///< somebody started the program or opened a link
-    LoginItem, ///< the desktop started it with the session
+    Person,      ///< somebody started the program or opened a link
+    LoginItem,   ///< the desktop started it with the session
+    Diagnostics, ///< the menu of its icon asked for diagnostic data
 };
 
 /// What one start of the program asks for; the first process of a data folder gets the later ones' too.

@@ -60,7 +60,7 @@ constexpr MenuEntry entries[] = {
     {ShowMenuBar, Window, "showMenuBar", "Menu Bar", "F10"},
 
     {ShowShortcuts, Help, "showShortcuts", "Keyboard Shortcuts", "F1"},
-    {SendDiagnostics, Help, "clear_data", "Send Diagnostic Data…", ""},
+    {SendDiagnostics, Help, "clear_data", "Send Diagnostic Data…", "", Nothing},
 };
 
 } // namespace

@@ -2,14 +2,17 @@
 
 RunningApplication::RunningApplication(CXClock &clock, KWNotificationCenter &center, KWEventBus &bus,
                                        AppPorts ports)
-    : m_links(ports.links), m_session(clock, center, bus, ports), m_startup(ports, m_session)
+    : m_links(ports.links)
+    , m_mainMenu(ports.mainMenu)
+    , m_session(clock, center, bus, ports)
+    , m_startup(ports, m_session)
 {
 }
 
 void RunningApplication::handleFinishLaunching(const LaunchRequest &launch)
 {
     m_startup.handleFinishLaunching(launch);
-    openLinks(launch.links);
+    carryOut(launch);
 }
 
 void RunningApplication::open(const LaunchRequest &request)
@@ -17,11 +20,12 @@ void RunningApplication::open(const LaunchRequest &request)
     // With the session of the desktop nobody asked for a window.
     if (request.cause == LaunchCause::LoginItem) return;
     m_session.showWindow(request.activationToken);
-    openLinks(request.links);
+    carryOut(request);
 }
 
-void RunningApplication::openLinks(const QStringList &links)
+void RunningApplication::carryOut(const LaunchRequest &request)
 {
-    for (const QString &link : links)
+    for (const QString &link : request.links)
         m_links.open(link);
+    if (request.cause == LaunchCause::Diagnostics) m_mainMenu.trigger(MenuCommand::SendDiagnostics);
 }

@@ -9,17 +9,18 @@ class RunningApplication {
 public:
     RunningApplication(CXClock &clock, KWNotificationCenter &center, KWEventBus &bus, AppPorts ports);
 
-    /// Starts, and opens the links of the launch.
+    /// Starts, and does what the launch asks for.
     void handleFinishLaunching(const LaunchRequest &launch);
-    /// A later start of the program handed its request over: shows the window and opens the links.
+    /// A later start of the program handed its request over: shows the window and does what it asks for.
     void open(const LaunchRequest &request);
 
     Session &session() { return m_session; }
 
 private:
-    void openLinks(const QStringList &links);
+    void carryOut(const LaunchRequest &request);
 
     LinksPort &m_links;
+    MainMenuPort &m_mainMenu;
     Session m_session;
     StartupSequence m_startup;
 };

@@ -28,6 +28,7 @@ constexpr Option options[] = {
     {.name = "--zone"_L1, .value = &Invocation::zone},
     {.name = "--demo"_L1, .flag = &Invocation::isDemo},
     {.name = "--login-item"_L1, .flag = &Invocation::isLoginItem, .commands = noCommand},
+    {.name = "--send-diagnostics"_L1, .flag = &Invocation::sendsDiagnostics, .commands = noCommand},
     {.name = "--picture"_L1, .value = &Invocation::pictureFile, .commands = noCommand},
     {.name = "--page"_L1, .value = &Invocation::page, .commands = noCommand, .needsPicture = true},
     {.name = "--theme"_L1, .value = &Invocation::theme, .commands = noCommand},
@@ -78,14 +79,15 @@ constexpr Command commands[] = {
 };
 
 constexpr const char *programUsage =
-    "orvane [--home DIR] [--locale xx_YY] [--zone TZID] [--demo] [--login-item] [orvane://…]\n"
+    "orvane [--home DIR] [--locale xx_YY] [--zone TZID] [--demo] [--login-item]\n"
+    "       [--send-diagnostics] [orvane://…]\n"
     "    Opens the client. --demo opens a throw-away folder with a small account; together with --home\n"
-    "    it fills that folder.\n"
+    "    it fills that folder. --send-diagnostics packs what helps to find a fault.\n"
     "orvane add|list|done|undo|backup|restore|export|import …\n"
     "    See `orvane COMMAND --help`.\n"
     "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
-    "    completed, list:NAME, tag:NAME, preferences or preferences:PAGE.\n"
+    "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, preferences or preferences:PAGE.\n"
     "orvane --version | --help | -h\n";
 
 const Option *optionNamed(QStringView name)

@@ -28,6 +28,7 @@ struct Invocation {
     QString pictureFile;
     bool isDemo = false;
     bool isLoginItem = false;
+    bool sendsDiagnostics = false;
     bool isDryRun = false;
     bool readsStandardInput = false;
     bool answersJson = false;

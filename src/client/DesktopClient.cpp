@@ -56,9 +56,15 @@ bool hasDisplay()
                                [](const char *name) { return !qEnvironmentVariableIsEmpty(name); });
 }
 
+LaunchCause causeOf(const Invocation &invocation)
+{
+    if (invocation.sendsDiagnostics) return LaunchCause::Diagnostics;
+    return invocation.isLoginItem ? LaunchCause::LoginItem : LaunchCause::Person;
+}
+
 LaunchRequest launchRequestOf(const Invocation &invocation)
 {
-    return {.cause = invocation.isLoginItem ? LaunchCause::LoginItem : LaunchCause::Person,
+    return {.cause = causeOf(invocation),
             .links = invocation.arguments,
             .activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN")};
 }

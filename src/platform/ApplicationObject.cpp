@@ -38,9 +38,12 @@ void ApplicationObject::Open(const QStringList &uris, const QVariantMap &platfor
     pass(request);
 }
 
-void ApplicationObject::ActivateAction(const QString &name, const QVariantList &, const QVariantMap &)
+void ApplicationObject::ActivateAction(const QString &name, const QVariantList &,
+                                       const QVariantMap &platformData)
 {
     if (name == loginItemAction) return pass({.cause = LaunchCause::LoginItem});
+    if (name == diagnosticsAction)
+        return pass({.cause = LaunchCause::Diagnostics, .activationToken = tokenOf(platformData)});
     if (calledFromDBus()) sendErrorReply(QDBusError::InvalidArgs, u"There is no action “%1”."_s.arg(name));
 }
 

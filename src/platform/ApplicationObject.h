@@ -17,6 +17,8 @@ class ApplicationObject : public QObject, protected QDBusContext {
 public:
     /// What a start with the session of the desktop asks for.
     static constexpr QLatin1StringView loginItemAction{"login-item"};
+    /// What the menu of the icon asks for.
+    static constexpr QLatin1StringView diagnosticsAction{"clear_data"};
 
     /// `handler` is called from the event loop, when the caller has its answer.
     void setHandler(std::function<void(const LaunchRequest &)> handler) { m_handler = std::move(handler); }

@@ -113,8 +113,10 @@ QDBusMessage DBusSingleInstance::callFor(const LaunchRequest &request) const
     };
     const QVariantMap platformData = ApplicationObject::platformDataOf(request);
     if (!request.links.isEmpty()) return call(u"Open"_s, {request.links, platformData});
-    if (request.cause == LaunchCause::LoginItem)
-        return call(u"ActivateAction"_s,
-                    {QString{ApplicationObject::loginItemAction}, QVariantList{}, platformData});
+    const auto callAction = [&](QLatin1StringView name) {
+        return call(u"ActivateAction"_s, {QString{name}, QVariantList{}, platformData});
+    };
+    if (request.cause == LaunchCause::LoginItem) return callAction(ApplicationObject::loginItemAction);
+    if (request.cause == LaunchCause::Diagnostics) return callAction(ApplicationObject::diagnosticsAction);
     return call(u"Activate"_s, {platformData});
 }

@@ -69,7 +69,8 @@ private Q_SLOTS:
     {
         const LaunchRequest links{.links = {u"orvane://task/1"_s, u"ORVANE://list/ü?x=1"_s},
                                   .activationToken = u"token"_s};
-        const QList<LaunchRequest> requests{{}, links, {.cause = LaunchCause::LoginItem}};
+        const QList<LaunchRequest> requests{
+            {}, links, {.cause = LaunchCause::LoginItem}, {.cause = LaunchCause::Diagnostics}};
         DBusSingleInstance first = channelOf("first"), second = channelOf("second");
         first.listen(receiver());
         for (const LaunchRequest &request : requests)

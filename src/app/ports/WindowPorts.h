@@ -49,6 +49,8 @@ public:
     virtual void updateTaskMenuItemsWithEnabled(bool /*enabled*/) {}
     virtual void hideUpdateItem() {}
     virtual void setApplicationTitles(const ApplicationMenuTitles & /*titles*/) {}
+    /// Gives the command as its menu item does, from the event loop.
+    virtual void trigger(MenuCommand /*command*/) {}
     /// What menus show of lists and settings may have changed.
     virtual void refresh() {}
 };

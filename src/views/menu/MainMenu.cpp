@@ -62,6 +62,11 @@ void MainMenu::updateItem(const MenuEntry &entry)
     item.action->setStatusTip(reason);
 }
 
+void MainMenu::trigger(MenuCommand command)
+{
+    QMetaObject::invokeMethod(&action(command), &QAction::trigger, Qt::QueuedConnection);
+}
+
 void MainMenu::setUp()
 {
     m_shortcuts.reload();

@@ -26,6 +26,7 @@ public:
     // MainMenuPort
     void updateTaskMenuItemsWithEnabled(bool enabled) override;
     void setApplicationTitles(const ApplicationMenuTitles &titles) override;
+    void trigger(MenuCommand command) override;
     void refresh() override;
 
     // KeyboardShortcutsPort
