@@ -1,6 +1,7 @@
 #include "corvexkit/log/CXLog.h"
 
 #include "corvexkit/log/RotatingFileSink.h"
+#include "support/CaseTable.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
@@ -30,15 +31,16 @@ public:
     bool complains = false; // through Qt, whenever it writes
 };
 
-// What the files of a folder hold, by name.
-QStringList contentsOf(const QString &folder)
+// The lines in the files of a folder, by name: "one, two; three".
+QString contentsOf(const QString &folder)
 {
     QStringList contents;
     for (const QFileInfo &each : QDir{folder}.entryInfoList(QDir::Files, QDir::Name)) {
         QFile file{each.filePath()};
-        contents << (file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"unreadable"_s);
+        const QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString{};
+        contents << text.chopped(text.endsWith(u'\n') ? 1 : 0).replace(u"\n"_s, u", "_s);
     }
-    return contents;
+    return contents.join(u"; "_s);
 }
 
 // What `action` writes to standard error.
@@ -68,7 +70,7 @@ private Q_SLOTS:
     {
         m_sink = std::make_shared<CapturingSink>();
         CXLog::setSink(m_sink);
-        CXLog::setTimeSource([] { return at("2030-05-01 09:00:00.123"); });
+        CXLog::setTimeSource([] { return at("2030-05-01 09:00:00"); });
     }
     void cleanup()
     {
@@ -81,8 +83,8 @@ private Q_SLOTS:
     {
         logger.error(u"100 %1 of %2");
         logger.warning(u"one\ntwo\r\nthree\rfour\n\n");
-        QCOMPARE(m_sink->lines, QStringList({u"2030-05-01T09:00:00.123Z error app: 100 %1 of %2\n"_s,
-                                             u"2030-05-01T09:00:00.123Z warning app: one\n    two\n"
+        QCOMPARE(m_sink->lines, QStringList({u"2030-05-01T09:00:00.000Z error app: 100 %1 of %2\n"_s,
+                                             u"2030-05-01T09:00:00.000Z warning app: one\n    two\n"
                                              "    three\n    four\n"_s}));
     }
 
@@ -100,7 +102,7 @@ private Q_SLOTS:
         CXLog::setMinimumLevel(CXLogLevel::Error);
         logger.warning(text);
         QCOMPARE(built, 1);
-        QCOMPARE(m_sink->lines, QStringList{u"2030-05-01T09:00:00.123Z debug app: dear\n"_s});
+        QCOMPARE(m_sink->lines, QStringList{u"2030-05-01T09:00:00.000Z debug app: dear\n"_s});
     }
 
     void takesInQtMessages()
@@ -115,8 +117,8 @@ private Q_SLOTS:
         qDebug("not at this level");
         qInstallMessageHandler(before);
         QCOMPARE(m_sink->lines,
-                 QStringList({u"2030-05-01T09:00:00.123Z warning qt: from Qt\n"_s,
-                              u"2030-05-01T09:00:00.123Z error qt.some.part: from a part\n"_s}));
+                 QStringList({u"2030-05-01T09:00:00.000Z warning qt: from Qt\n"_s,
+                              u"2030-05-01T09:00:00.000Z error qt.some.part: from a part\n"_s}));
     }
 
     void takesLinesFromManyThreads()
@@ -132,39 +134,21 @@ private Q_SLOTS:
         QCOMPARE(m_sink->lines.size(), 400);
     }
 
-    void rotatesFiles_data()
-    {
-        QTest::addColumn<int>("bytes");
-        QTest::addColumn<int>("files");
-        QTest::addColumn<QStringList>("lines");
-        QTest::addColumn<QStringList>("kept"); // orvane.1.log, orvane.2.log, …, orvane.log
-        QTest::newRow("three files")
-            << 10 << 3
-            << QStringList{u"one"_s, u"two"_s, u"three"_s, u"four"_s, u"a line beyond the limit"_s, u"six"_s}
-            << QStringList{u"a line beyond the limit\n"_s, u"four\n"_s, u"six\n"_s};
-        QTest::newRow("two files") << 10 << 2 << QStringList{u"one"_s, u"two"_s, u"three"_s}
-                                   << QStringList{u"one\ntwo\n"_s, u"three\n"_s};
-        QTest::newRow("one file") << 5 << 1 << QStringList{u"one"_s, u"two"_s} << QStringList{u"two\n"_s};
-        QTest::newRow("a long first line")
-            << 5 << 3 << QStringList{u"beyond the limit"_s} << QStringList{u"beyond the limit\n"_s};
-    }
-
+    void rotatesFiles_data() { addCaseRows("corvexkit/rotation.txt", 4); }
     void rotatesFiles()
     {
-        QFETCH(const int, bytes);
-        QFETCH(const int, files);
-        QFETCH(const QStringList, lines);
+        QFETCH(QStringList, cells);
         const QTemporaryDir home;
         const QString folder = home.filePath(u"new/logs"_s);
-        const RotatingFileSink::Limits limits{.bytes = bytes, .files = files};
+        const RotatingFileSink::Limits limits{.bytes = cells[0].toInt(), .files = cells[1].toInt()};
         RotatingFileSink sink{folder, limits};
         QVERIFY(!QDir{folder}.exists()); // nothing before the first line
-        for (const QString &line : lines) {
+        for (const QString &line : cells[2].split(u", "_s)) {
             sink.write(line.toUtf8() + '\n');
             RotatingFileSink{home.path(), limits}.write(line.toUtf8() + '\n'); // goes on in a file of before
         }
-        QTEST(contentsOf(folder), "kept");
-        QTEST(contentsOf(home.path()), "kept");
+        QCOMPARE(contentsOf(folder), cells[3]);
+        QCOMPARE(contentsOf(home.path()), cells[3]);
     }
 
     void saysOnceThatAFolderCannotBeWritten()

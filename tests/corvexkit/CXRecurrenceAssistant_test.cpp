@@ -28,14 +28,24 @@ CXRecurringObject objectOf(const QString &rule, const QString &start,
     return object;
 }
 
+std::vector<Instant> occurrencesOf(const CXRecurringObject &object, std::size_t limit)
+{
+    return Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, limit);
+}
+
+std::vector<Instant> occurrencesOf(const CXRecurringObject &object, Instant from = beginning,
+                                   Instant to = end)
+{
+    return Assistant::calendar_occurrenceDatesForRecurringObject(object, from, to, true);
+}
+
 // So many first occurrences as the text names, and one more when it ends there.
 std::vector<LocalTime> occurrencesOf(const CXRecurringObject &object, const OccurrenceText &expected,
                                      const CXTimeZone &shownIn)
 {
     const std::size_t limit = expected.times.size() + (expected.goesOn ? 0 : 1);
     std::vector<LocalTime> times;
-    for (const Instant instant :
-         Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, limit))
+    for (const Instant instant : occurrencesOf(object, limit))
         times.push_back(shownIn.toLocal(instant));
     return times;
 }
@@ -76,8 +86,7 @@ private Q_SLOTS:
         QCOMPARE(joined(occurrencesOf(object, expected, CXTimeZone::utc())), joined(expected.times));
         // A limit must not hide what a gap has put into another order.
         for (std::size_t limit = 1; limit <= expected.times.size(); ++limit) {
-            const auto some =
-                Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, limit);
+            const auto some = occurrencesOf(object, limit);
             QCOMPARE(some.size(), limit);
             QCOMPARE(CXTimeZone::utc().toLocal(some.back()), expected.times[limit - 1]);
         }
@@ -96,8 +105,7 @@ private Q_SLOTS:
     {
         const CXRecurringObject object = objectOf(u"FREQ=DAILY"_s, u"2030-05-01T09:00"_s, u"UTC"_s);
         const auto count = [&](const char *from, const char *to) {
-            return Assistant::calendar_occurrenceDatesForRecurringObject(object, at(from), at(to), true)
-                .size();
+            return occurrencesOf(object, at(from), at(to)).size();
         };
         QCOMPARE(count("2030-05-02T09:00:00Z", "2030-05-04T09:00:00Z"), 3U); // both included
         QCOMPARE(count("2030-05-02T09:00:00.001Z", "2030-05-04T08:59:59.999Z"), 1U);
@@ -119,13 +127,12 @@ private Q_SLOTS:
         // The second 01:30 of the fold, with a fraction of a second, and an all-day start within its day.
         CXRecurringObject fold = objectOf(u"FREQ=MINUTELY;INTERVAL=20;COUNT=4"_s, u"2030-11-03T01:30"_s);
         fold.startDate = *fold.startDate + 1h + 250ms;
-        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(fold, beginning, end, true),
+        QCOMPARE(occurrencesOf(fold),
                  (std::vector{at("2030-11-03T06:30:00.250Z"), at("2030-11-03T07:10:00.250Z"),
                               at("2030-11-03T07:30:00.250Z")}));
         CXRecurringObject day = objectOf(u"FREQ=DAILY;COUNT=2"_s, u"2030-05-01"_s);
         day.startDate = *day.startDate + 10h;
-        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(day, beginning, end, true),
-                 (std::vector{at("2030-05-01T14:00:00Z"), at("2030-05-02T04:00:00Z")}));
+        QCOMPARE(occurrencesOf(day), (std::vector{at("2030-05-01T14:00:00Z"), at("2030-05-02T04:00:00Z")}));
     }
 
     void takesTheObjectsWeekStart()
@@ -143,13 +150,11 @@ private Q_SLOTS:
     {
         for (const QString &rule : {u""_s, u"every day"_s, u"FREQ=DAILY;INTERVAL=0"_s}) {
             const CXRecurringObject object = objectOf(rule, u"2030-05-01T09:00"_s);
-            QVERIFY(
-                Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true).empty());
+            QVERIFY(occurrencesOf(object).empty());
             QVERIFY(!Assistant::nextOccurrence(object, beginning));
         }
         CXRecurringObject object = objectOf(u"FREQ=DAILY"_s, u"2030-05-01T09:00"_s);
-        QVERIFY(
-            Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning, end, true, 0).empty());
+        QVERIFY(occurrencesOf(object, 0).empty());
         object.startDate.reset();
         QVERIFY(!Assistant::nextOccurrence(object, beginning));
     }
@@ -157,8 +162,7 @@ private Q_SLOTS:
     void staysWithinTheYearsOfTheCalendar()
     {
         const CXRecurringObject last = objectOf(u"FREQ=MONTHLY"_s, u"9999-11-15T09:00"_s, u"UTC"_s);
-        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(last, beginning, end, true),
-                 (std::vector{at("9999-11-15T09:00:00Z"), at("9999-12-15T09:00:00Z")}));
+        QCOMPARE(occurrencesOf(last), (std::vector{at("9999-11-15T09:00:00Z"), at("9999-12-15T09:00:00Z")}));
         for (const QString &frequency : {u"SECONDLY"_s, u"DAILY"_s, u"WEEKLY"_s, u"MONTHLY"_s, u"YEARLY"_s}) {
             CXRecurringObject object = objectOf(u"FREQ="_s + frequency, u"2030-05-01T09:00"_s);
             for (const Instant start : {Instant::min(), Instant::max(), at("0000-12-31T23:59:59Z")}) {

@@ -9,6 +9,7 @@
 #include <date/tz.h>
 
 #include <QFile>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <thread>
@@ -106,42 +107,32 @@ private Q_SLOTS:
         QVERIFY(zone.dayOf(start - 1ms) < day);
     }
 
-    // The years that the zone files list themselves, against another reader of the same files.
+    // The years that the zone files list themselves, against another reader of the same files. A closing
+    // rule, taken alone, must give the last of them too; but in Palestine those still follow the months of
+    // the moon.
     void agreesWithTheReferenceInEveryZone()
     {
-        const date::sys_seconds first = date::sys_days{date::year{1900} / 1 / 1};
-        const date::sys_seconds last = date::sys_days{date::year{2037} / 1 / 1};
-        QHash<QByteArray, bool> seen;
-        for (const date::time_zone &reference : date::get_tzdb().zones) {
-            const QByteArray bytes = zoneFileBytes(reference.name());
-            if (std::exchange(seen[bytes], true)) continue; // another name of the same zone
-            const auto table = ZoneTable::fromFile({}, view(bytes));
-            QVERIFY2(table, reference.name().c_str());
-            const QString where = difference(*table, reference, first, last);
-            QVERIFY2(where.isEmpty(), (reference.name() + " at " + where.toStdString()).c_str());
-        }
-    }
-
-    // A closing rule, taken alone, must give the last listed years too; but in Palestine those still
-    // follow the months of the moon.
-    void rulesContinueTheListedYears()
-    {
-        const date::sys_seconds first = date::sys_days{date::year{2033} / 1 / 1};
-        const date::sys_seconds last = date::sys_days{date::year{2037} / 1 / 1};
+        const auto yearBegin = [](int year) { return date::sys_days{date::year{year} / 1 / 1}; };
+        QSet<QByteArray> seen;
         int rules = 0;
         for (const date::time_zone &reference : date::get_tzdb().zones) {
-            const auto file = ZoneFile::parse(view(zoneFileBytes(reference.name())));
-            if (!file || file->rule.find(',') == std::string::npos ||
-                file->rule.starts_with("EET-2EEST,M3.4.4/50"))
-                continue;
-            const auto rule = ZoneRule::parse(file->rule);
-            QVERIFY2(rule, file->rule.c_str());
-            const ZoneTable table{{}, rule->standardOffset(), {}, rule};
-            const QString where = difference(table, reference, first, last);
+            const QByteArray bytes = zoneFileBytes(reference.name());
+            if (seen.contains(bytes)) continue; // another name of the same zone
+            seen.insert(bytes);
+            const auto file = ZoneFile::parse(view(bytes));
+            const auto table = ZoneTable::fromFile({}, view(bytes));
+            QVERIFY2(file && table, reference.name().c_str());
+            QString where = difference(*table, reference, yearBegin(1900), yearBegin(2037));
+            if (file->rule.find(',') != std::string::npos && !file->rule.starts_with("EET-2EEST,M3.4.4/50")) {
+                const auto rule = ZoneRule::parse(file->rule);
+                QVERIFY2(rule, file->rule.c_str());
+                const ZoneTable alone{{}, rule->standardOffset(), {}, rule};
+                where += difference(alone, reference, yearBegin(2033), yearBegin(2037));
+                ++rules;
+            }
             QVERIFY2(where.isEmpty(), (reference.name() + " at " + where.toStdString()).c_str());
-            ++rules;
         }
-        QVERIFY(rules > 50);
+        QVERIFY(rules > 20);
     }
 
     void knowsWhatIsNoZone()

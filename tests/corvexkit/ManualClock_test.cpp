@@ -39,19 +39,6 @@ private Q_SLOTS:
         QVERIFY(clock.isIdle());
     }
 
-    void runsWhatCallsAskFor()
-    {
-        ManualClock clock{"2030-05-01 09:00:20"};
-        ClockCall minute;
-        std::function<void()> tick = [&] {
-            note(clock, u"tick"_s)();
-            minute = clock.callAt(ceil<minutes>(clock.now() + 1ms), tick);
-        };
-        minute = clock.callAt(at("2030-05-01 09:01"), tick);
-        clock.advance(3min);
-        QCOMPARE(m_ran, QStringList({u"tick 09:01"_s, u"tick 09:02"_s, u"tick 09:03"_s}));
-    }
-
     void cancels()
     {
         ManualClock clock{"2030-05-01 09:00"};

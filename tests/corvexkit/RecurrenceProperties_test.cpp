@@ -82,6 +82,8 @@ private Q_SLOTS:
             CXRecurringObject object =
                 objectOf(text, random.start(), i % 2 == 0 ? u"America/New_York"_s : u"Australia/Lord_Howe"_s);
             object.isAllDay = i % 5 == 0;
+            const auto rule = CXRecurrenceRule::parse(text);
+            QVERIFY2(rule && CXRecurrenceRule::parse(rule->toIcal()).value() == *rule, qPrintable(text));
             const Instant start = *object.startDate;
             const days span = spanOf(text);
             const std::vector<Instant> whole = expand(object, start, start + span);
@@ -93,19 +95,6 @@ private Q_SLOTS:
             const auto next = std::ranges::upper_bound(whole, from);
             if (next != whole.end())
                 QVERIFY2(CXRecurrenceAssistant::nextOccurrence(object, from) == *next, qPrintable(text));
-        }
-    }
-
-    void readsItsOwnText()
-    {
-        RandomRules random{RandomRules::Kinds::All};
-        for (int i = 0; i < 3000; ++i) {
-            const QString text = random.rule();
-            const auto rule = CXRecurrenceRule::parse(text);
-            QVERIFY2(rule, qPrintable(text));
-            const auto again = CXRecurrenceRule::parse(rule->toIcal());
-            QVERIFY2(again && *again == *rule, qPrintable(text));
-            QCOMPARE(again->toIcal(), rule->toIcal());
         }
     }
 };

@@ -40,21 +40,6 @@ private Q_SLOTS:
             QVERIFY2(!TimeText::toInstant(whole.first(length)), qPrintable(whole.first(length)));
         QVERIFY(TimeText::toInstant(whole));
     }
-
-    void readsEveryDayOfFourCenturies()
-    {
-        for (Day day{1970y / 1 / 1}; day < Day{2370y / 1 / 1}; day += days{1})
-            QCOMPARE(TimeText::toDay(TimeText::fromDay(day)), std::optional{day});
-    }
-
-    void writesAFractionAsAsked()
-    {
-        using TimeText::Fraction;
-        const Instant round = *TimeText::toInstant(u"2030-05-01T09:00:00Z");
-        QCOMPARE(TimeText::fromInstant(round, Fraction::Always), u"2030-05-01T09:00:00.000Z"_s);
-        QCOMPARE(TimeText::fromInstant(round + 7ms, Fraction::Never), u"2030-05-01T09:00:00Z"_s);
-        QCOMPARE(TimeText::fromInstant(round + 7ms), u"2030-05-01T09:00:00.007Z"_s);
-    }
 };
 
 ORVANE_TEST(TimeText_test)
