@@ -1,6 +1,5 @@
 #include "app/KWDelayDeleteManager.h"
 
-#include "app/RecordingPorts.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
@@ -52,7 +51,7 @@ class KWDelayDeleteManager_test : public QObject {
 
         StoreFixture store;
         RecordingToast toast;
-        AnsweringSync sync;
+        LocalOnlySync sync;
         KWDelayDeleteManager manager{
             {store.clock, store.kit().manager(), store.kit().center(), store.kit().bus(), sync, toast}};
         KWNotificationCenter::Observation observation;
