@@ -65,18 +65,15 @@ private Q_SLOTS:
     {
         Scene scene;
         const QString astronaut = u"👩‍🚀"_s;
-        const auto deletes = [&scene](const QStringList &titles) {
-            QStringList ids{u"gone"_s};
-            for (const QString &each : titles)
-                ids << scene.make(each);
-            scene.manager.deleteTasks(ids);
-            return scene.toast.lines.last();
-        };
-        QCOMPARE(deletes({u"0123456789"_s}), u"0123456789 deleted"_s);
-        QCOMPARE(deletes({u"0123456789a"_s}), u"0123456789... deleted"_s);
-        QCOMPARE(deletes({astronaut.repeated(11)}), astronaut.repeated(10) + u"... deleted"_s);
-        QCOMPARE(deletes({u"a"_s, u"b"_s}), u"Deleted"_s);
-        QCOMPARE(deletes({QString{}}), u"No Title deleted"_s);
+        for (const auto &[title, text] : {std::pair{u"0123456789"_s, u"0123456789 deleted"_s},
+                                          {u"0123456789a"_s, u"0123456789... deleted"_s},
+                                          {astronaut.repeated(11), astronaut.repeated(10) + u"... deleted"_s},
+                                          {QString{}, u"No Title deleted"_s}}) {
+            scene.manager.deleteTasks({u"gone"_s, scene.make(title)});
+            QCOMPARE(scene.toast.lines.last(), text);
+        }
+        scene.manager.deleteTasks({scene.make(u"a"_s), scene.make(u"b"_s)});
+        QCOMPARE(scene.toast.lines.last(), u"Deleted"_s);
     }
 
     void hidesAtOnceAndDeletesWhenTheTimeIsOver()
@@ -104,8 +101,8 @@ private Q_SLOTS:
     void undoesAndCommitsTheOneBefore()
     {
         Scene scene;
-        const QString first = scene.make(u"First"_s);
-        const QString second = scene.make(u"Second"_s);
+        const QString first = scene.make(u"First"_s), second = scene.make(u"Second"_s),
+                      third = scene.make(u"Third"_s);
         scene.manager.deleteTasks({first});
         scene.manager.deleteTasks({second});
         QVERIFY(scene.isTrashed(first));
@@ -118,6 +115,10 @@ private Q_SLOTS:
         scene.manager.deleteTasks({second});
         scene.store.kit().center().post(KWUserDidSignOutNotification);
         QVERIFY(scene.isTrashed(second));
+
+        scene.manager.deleteTasks({third});
+        QVERIFY(scene.manager.deleteTaskAndDescendantsForever(third));
+        QVERIFY(!scene.store.context().find<KWTask>(third) && !scene.manager.isToastShown());
     }
 
     void leavesTheOfferOfAnotherAlone()
@@ -160,14 +161,11 @@ private Q_SLOTS:
         const auto call = [&calls](const char *name) {
             return [&calls, name] { calls << QString::fromLatin1(name); };
         };
-        const auto deleteItems = [&](int count) {
+        for (const int count : {0, 1, 2}) {
             scene.manager.deleteChecklistItemsWithCount(count, scene.toast, call("delete"), call("undo"),
                                                         call("timeout"));
-        };
-        deleteItems(0);
-        deleteItems(1);
-        scene.store.clock.advance(5s);
-        deleteItems(2);
+            if (count == 1) scene.store.clock.advance(5s);
+        }
         scene.toast.press();
         QCOMPARE(calls.join(u' '), u"delete timeout delete undo"_s);
         QCOMPARE(scene.toast.lines, QStringList({u"Deleted"_s, u"Deleted"_s}));
@@ -177,15 +175,6 @@ private Q_SLOTS:
         QCOMPARE(scene.toast.lines.last(), u"Meeting deleted"_s);
         scene.manager.commitPending();
         QVERIFY(scene.manager.delayDeletedEventSet().isEmpty());
-    }
-
-    void deletesForGoodAtOnce()
-    {
-        Scene scene;
-        const QString id = scene.make(u"Rent"_s);
-        scene.manager.deleteTasks({id});
-        QVERIFY(scene.manager.deleteTaskAndDescendantsForever(id));
-        QVERIFY(!scene.store.context().find<KWTask>(id) && !scene.manager.isToastShown());
     }
 };
 

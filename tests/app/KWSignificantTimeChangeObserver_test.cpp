@@ -50,15 +50,14 @@ struct Traveller {
         store.kit().manager().threadPool().waitForDone();
         QCoreApplication::processEvents();
     }
-    QString local(std::optional<Instant> date)
+    KWTaskModel task(const QString &id) { return store.context().find<KWTask>(id)->model(); }
+    std::optional<Instant> startOf(const QString &id)
     {
-        return date ? TimeText::fromLocalTime(store.clock.zone().toLocal(*date)).chopped(3) : u"-"_s;
+        const KWTask *owner = store.context().find<KWTask>(id);
+        return owner ? owner->model().startDate
+                     : store.context().find<KWChecklistItem>(id)->model().startDate;
     }
-    template <class Record>
-    typename Record::Model model(const QString &id)
-    {
-        return store.context().find<Record>(id)->model();
-    }
+    QString wall(Instant date) { return TimeText::fromLocalTime(store.clock.zone().toLocal(date)); }
     QString addItem(const QString &taskID, const char *localTime, bool isAllDay)
     {
         QString id;
@@ -101,22 +100,15 @@ private Q_SLOTS:
         const QString itemOfFixed = traveller.addItem(fixed, "2030-05-02 00:00", true);
         const QString timedItem = traveller.addItem(fixed, "2030-05-02 06:30", false);
         const auto dates = [&] {
-            const KWTaskModel days = traveller.model<KWTask>(day);
-            QStringList local;
-            for (const auto &each :
-                 {days.startDate, days.endDate, std::optional{days.exDates.value(0)},
-                  traveller.model<KWTask>(floating).startDate, traveller.model<KWTask>(nameless).startDate,
-                  traveller.model<KWChecklistItem>(itemOfFloating).startDate,
-                  traveller.model<KWChecklistItem>(itemOfFixed).startDate})
-                local << traveller.local(each);
-            return local;
-        };
-        const auto instants = [&] {
-            return QList{traveller.model<KWTask>(fixed).startDate, traveller.model<KWTask>(deleted).startDate,
-                         traveller.model<KWChecklistItem>(timedItem).startDate};
+            const KWTaskModel days = traveller.task(day);
+            QStringList seen{traveller.wall(*days.endDate), traveller.wall(days.exDates.value(0))};
+            for (const QString &each : {day, floating, nameless, itemOfFloating, itemOfFixed})
+                seen << traveller.wall(*traveller.startOf(each));
+            for (const QString &each : {fixed, deleted, timedItem})
+                seen << TimeText::fromInstant(*traveller.startOf(each));
+            return seen;
         };
         const QStringList datesAtHome = dates();
-        const auto instantsAtHome = instants();
 
         for (const char *zone : {"Asia/Tokyo", home, "Pacific/Apia", "Africa/Cairo", home}) {
             traveller.flyTo(zone);
@@ -125,8 +117,12 @@ private Q_SLOTS:
             traveller.restart();
             QCOMPARE(traveller.alerts.messages.takeFirst(), u"Time Zone Change"_s);
             QCOMPARE(dates(), datesAtHome);
-            QVERIFY(instants() == instantsAtHome);
         }
+        // The last act before a crash may have been the save, without the note of the zone.
+        store.kit().defaults().set(Settings::lastLocalTimeZone, u"Asia/Tokyo"_s);
+        traveller.restart();
+        QCOMPARE(dates(), datesAtHome);
+        QCOMPARE(traveller.alerts.messages, QStringList{});
         QCOMPARE(traveller.relaunch.count, 5);
     }
 
@@ -136,8 +132,6 @@ private Q_SLOTS:
         aTask("Pay rent", home).dueOn("2030-05-02").savedIn(traveller.store);
         traveller.flyTo("Asia/Tokyo");
         QCOMPARE(traveller.alerts.last.buttons, QStringList{u"Restart Now"_s});
-        QVERIFY(
-            traveller.alerts.last.text.contains(u"date being changed. To avoid this issue, Orvane needs"));
         traveller.restart();
         QCOMPARE(traveller.alerts.last.buttons, QStringList({u"Enable"_s, u"Cancel"_s}));
         traveller.alerts.answer(1);
@@ -162,27 +156,11 @@ private Q_SLOTS:
         traveller.flyTo("America/Toronto");
         QCOMPARE(traveller.alerts.messages, QStringList{});
         QCOMPARE(traveller.observer->lastLocalTimeZone()->identifier(), u"America/Toronto"_s);
-        QCOMPARE(traveller.model<KWTask>(id).timeZone, QString::fromLatin1(home));
-
+        QCOMPARE(traveller.task(id).timeZone, QString::fromLatin1(home));
         traveller.store.kit().defaults().set(Settings::lastLocalTimeZone, u"Atlantis/Capital"_s);
-        QVERIFY(!traveller.observer->lastLocalTimeZone());
         traveller.flyTo("Asia/Tokyo");
         QCOMPARE(traveller.alerts.messages, QStringList{});
         QCOMPARE(traveller.observer->lastLocalTimeZone()->identifier(), u"Asia/Tokyo"_s);
-    }
-
-    // The last act before a crash may have been the save, without the note of the zone.
-    void adaptsNothingTwice()
-    {
-        Traveller traveller;
-        const QString id = aTask("Pay rent", home).dueOn("2030-05-02").savedIn(traveller.store);
-        const QString item = traveller.addItem(id, "2030-05-02 00:00", true);
-        traveller.flyTo("Asia/Tokyo");
-        traveller.store.kit().defaults().set(Settings::lastLocalTimeZone, QString::fromLatin1(home));
-        traveller.restart();
-        QCOMPARE(traveller.local(traveller.model<KWTask>(id).startDate), u"2030-05-02T00:00"_s);
-        QCOMPARE(traveller.local(traveller.model<KWChecklistItem>(item).startDate), u"2030-05-02T00:00"_s);
-        QCOMPARE(traveller.alerts.messages.size(), 1);
     }
 };
 
