@@ -14,17 +14,26 @@ using namespace std::chrono;
 namespace {
 
 struct WaitingAlert final : CrashProtectionAlert {
-    void runModal(const QString &, const QString &, std::function<void()> then) override
+    void runModal(const QString &alertTitle, const QString &, std::function<void()> then) override
     {
+        title = alertTitle;
         continuation = std::move(then);
     }
+    QString title;
     std::function<void()> continuation;
 };
 
-QSettings onDisk(const QString &folder) { return {folder + u"/standard.ini"_s, QSettings::IniFormat}; }
+const QString countKey = u"org.orvane.crash.cout"_s;
 
-// As another process would read it.
-int countOnDisk(const QString &folder) { return onDisk(folder).value("org.orvane.crash.cout").toInt(); }
+QString fileIn(const QString &folder) { return folder + u"/standard.ini"_s; }
+
+// As another process would read it: settings of one process share what they have not written yet.
+int countOnDisk(const QString &folder)
+{
+    QFile file{fileIn(folder)};
+    if (!file.open(QIODevice::ReadOnly)) return 0;
+    return QString::fromUtf8(file.readAll()).section(countKey + u'=', 1).section(u'\n', 0, 0).toInt();
+}
 
 // One process: what it knows goes with it, what is on disk stays.
 struct Launch {
@@ -55,12 +64,14 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, cells);
         const QString folder = m_folder->path();
-        if (cells.at(0) != u'-') onDisk(folder).setValue("org.orvane.crash.cout", cells.at(0));
+        if (cells.at(0) != u'-')
+            QSettings{fileIn(folder), QSettings::IniFormat}.setValue(countKey, cells.at(0));
         const int countDuring = cells.at(2).toInt();
         {
             Launch launch{folder};
             if (cells.at(1) == u"alert"_s) {
                 QVERIFY(!launch.countAtLaunch);
+                QCOMPARE(launch.alert.title, u"Orvane closed unexpectedly several times"_s);
                 launch.alert.continuation();
             }
             QCOMPARE(launch.countAtLaunch, countDuring);
