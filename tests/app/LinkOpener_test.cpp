@@ -29,35 +29,32 @@ class LinkOpener_test : public QObject {
     RecordingTarget m_target;
     std::optional<LinkOpener> m_links;
 
-    QString task(const QString &id, const QString &listID, void (*edit)(KWTaskModel &))
+    void task(
+        const char *id, const char *list, void (*edit)(KWTaskModel &) = [](KWTaskModel &) {})
     {
-        KWTaskModel model = aTask("Repot the fig").in(listID).model();
-        model.sid = id;
+        KWTaskModel model = aTask("Repot the fig").in(QString::fromLatin1(list)).model();
+        model.sid = QString::fromLatin1(id);
         model.userID = m_store.userID();
         edit(model);
         saved(m_store, [&model](ObjectContext &context) { context.insert<KWTask>(model); });
-        return id;
-    }
-    void list(const QString &id, bool closed)
-    {
-        KWProjectModel model;
-        model.sid = id;
-        model.userID = m_store.userID();
-        model.closed = closed;
-        saved(m_store, [&model](ObjectContext &context) { context.insert<KWProject>(model); });
     }
 
 private Q_SLOTS:
     void initTestCase()
     {
-        list(u"list"_s, false);
-        list(u"closed"_s, true);
-        task(u"task"_s, u"list"_s, [](KWTaskModel &) {});
-        task(u"done"_s, u"list"_s, [](KWTaskModel &each) { each.status = KWTaskStatusCompleted; });
-        task(u"dropped"_s, u"list"_s, [](KWTaskModel &each) { each.status = KWTaskStatusAbandoned; });
-        task(u"thrown"_s, u"list"_s, [](KWTaskModel &each) { each.isTrashed = true; });
-        task(u"deleted"_s, u"list"_s, [](KWTaskModel &each) { each.isDeleted = true; });
-        task(u"shelved"_s, u"closed"_s, [](KWTaskModel &) {});
+        for (const auto &[id, isClosed] : {std::pair{u"list"_s, false}, {u"closed"_s, true}}) {
+            KWProjectModel model;
+            model.sid = id;
+            model.userID = m_store.userID();
+            model.closed = isClosed;
+            saved(m_store, [&model](ObjectContext &context) { context.insert<KWProject>(model); });
+        }
+        task("task", "list");
+        task("done", "list", [](KWTaskModel &each) { each.status = KWTaskStatusCompleted; });
+        task("dropped", "list", [](KWTaskModel &each) { each.status = KWTaskStatusAbandoned; });
+        task("thrown", "list", [](KWTaskModel &each) { each.isTrashed = true; });
+        task("deleted", "list", [](KWTaskModel &each) { each.isDeleted = true; });
+        task("shelved", "closed");
         m_links.emplace(m_store.kit().manager(), m_store.account(), m_store.kit().center(), m_target);
     }
     void init() { m_target.shown.clear(); }

@@ -10,25 +10,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Reaches the first process when there is one; `onHandOver` is what that one does meanwhile.
-struct FakeChannel final : InstanceChannel {
-    explicit FakeChannel(FakeChannel *first = nullptr) : m_first{first} {}
-
-    void listen(Handler handler) override { m_handler = std::move(handler); }
-    void stopListening() override { m_handler = nullptr; }
-    bool handOver(const LaunchRequest &request) override
+// Reaches nobody; `onHandOver` is what the first process does meanwhile.
+struct DeafChannel final : InstanceChannel {
+    void listen(Handler) override {}
+    void stopListening() override {}
+    bool handOver(const LaunchRequest &) override
     {
         onHandOver();
-        if (!m_first || !m_first->m_handler) return false;
-        m_first->m_handler(request);
-        return true;
+        return false;
     }
-
     std::function<void()> onHandOver = [] {};
-
-private:
-    FakeChannel *m_first;
-    Handler m_handler;
 };
 
 QString outcomeOf(const Result<SingleInstance::Role> &role)
@@ -43,31 +34,12 @@ class SingleInstance_test : public QObject {
     Q_OBJECT
 
     std::optional<QTemporaryDir> m_folder;
-    FakeChannel m_channel;
+    DeafChannel m_channel;
     DataFolders folders() const { return {m_folder->path() + u"/data"_s, m_folder->path()}; }
-
-    QString startOfAnother() const
-    {
-        FakeChannel unreachable;
-        return outcomeOf(SingleInstance{folders(), unreachable}.start({}, {}));
-    }
+    QString startOfAnother() { return outcomeOf(SingleInstance{folders(), m_channel}.start({}, {})); }
 
 private Q_SLOTS:
     void init() { m_folder.emplace(); }
-
-    void handsOverToTheFirst()
-    {
-        QList<LaunchRequest> received;
-        SingleInstance first{folders(), m_channel};
-        const auto role = first.start({}, [&](const LaunchRequest &request) { received << request; });
-        QCOMPARE(outcomeOf(role), u"first"_s);
-
-        const LaunchRequest request{.links = {u"orvane://task/1"_s}};
-        FakeChannel secondChannel{&m_channel};
-        SingleInstance second{folders(), secondChannel};
-        QCOMPARE(outcomeOf(second.start(request, {})), u"handed over"_s);
-        QCOMPARE(received, QList<LaunchRequest>{request});
-    }
 
     void saysThatTheFolderIsOpen()
     {
@@ -80,10 +52,9 @@ private Q_SLOTS:
     {
         std::optional<SingleInstance> first{std::in_place, folders(), m_channel};
         QVERIFY(first->start({}, {}));
-        FakeChannel secondChannel;
-        secondChannel.onHandOver = [&first] { first.reset(); };
-        SingleInstance second{folders(), secondChannel};
-        QCOMPARE(outcomeOf(second.start({}, {})), u"first"_s);
+        m_channel.onHandOver = [&first] { first.reset(); };
+        QCOMPARE(startOfAnother(), u"first"_s);
+        m_channel.onHandOver = [] {};
     }
 
     void letsTheFolderGoThoughAProgramItStartedLivesOn()
