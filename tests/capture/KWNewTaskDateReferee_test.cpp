@@ -65,20 +65,9 @@ private Q_SLOTS:
         dates.setManual(modelOn("2030-05-05 10:00"));
         dates.restoreToDefault();
         QCOMPARE(winner(), at("2030-05-02 00:00"));
-        QCOMPARE(dates.finalWithUsesDefault(false), KWTaskDateTimeReminderModel{});
-    }
-
-    void movesTheDefaultDateOn()
-    {
-        KWNewTaskDateReferee dates = makeDates();
-        const auto byDefault = [&dates] { return dates.finalWithUsesDefault(true).startDateTime; };
-        QCOMPARE(byDefault()->date, at("2030-05-02 00:00"));
         m_clock.advance(24h);
         m_center.post(KWNewDayComesNotification);
-        QCOMPARE(byDefault()->date, at("2030-05-03 00:00"));
-        m_configuration.dateOffset.reset();
-        m_center.post(KWTaskDefaultConfigurationChangedNotification);
-        QVERIFY(!byDefault());
+        QCOMPARE(winner(), at("2030-05-03 00:00"));
     }
 
     void givesDatesTheirReminders()

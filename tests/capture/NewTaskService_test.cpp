@@ -1,17 +1,12 @@
 #include "capture/NewTaskService.h"
 
 #include "capture/CaseText.h"
-#include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
-#include "model/records/KWUserSettings.h"
 #include "support/CaseTable.h"
 #include "support/StoreFixture.h"
 #include "support/TestMain.h"
-
-#include <QJsonDocument>
-#include <QJsonObject>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -19,16 +14,6 @@ using namespace std::chrono;
 namespace {
 
 const QString venue = u"Call the venue tomorrow 5pm !high #Errand ~Client launch"_s;
-const QByteArray recognition = R"({
-    "title": "Call the venue",
-    "tags": ["Errand"], "priority": 5, "list": "Client launch", "assignee": null,
-    "date": {"start": "2030-05-02T17:00:00", "end": null, "isAllDay": false,
-        "repeatRule": "", "repeatFrom": "", "reminders": ["TRIGGER:PT0S"]},
-    "recognized": [
-        {"type": "date", "location": 15, "length": 12, "text": "tomorrow 5pm"},
-        {"type": "priority", "location": 28, "length": 5, "text": "!high"},
-        {"type": "tag", "location": 34, "length": 7, "text": "#Errand"},
-        {"type": "list", "location": 42, "length": 14, "text": "~Client launch"}]})";
 
 } // namespace
 
@@ -143,18 +128,6 @@ private Q_SLOTS:
         QCOMPARE(countOf("projects"), 2);
     }
 
-    void takesTheDefaultsOfTheUser()
-    {
-        KWUserDefaults &defaults = m_store->kit().defaults();
-        defaults.set(Settings::newTaskPriority, int(KWTaskPriorityMedium));
-        defaults.set(Settings::newTaskDateOffset, 1);
-        m_store->kit().center().post(KWTaskDefaultConfigurationChangedNotification);
-        const KWTaskModel task = added(u"plain"_s);
-        QCOMPARE(task.priority, KWTaskPriorityMedium);
-        QCOMPARE(task.startDate, at("2030-05-02 00:00", "Europe/Berlin"));
-        QCOMPARE(task.projectID, m_store->account().defaultAddtoList());
-    }
-
     void makesNotesInNotesLists()
     {
         m_store->makeList(u"Notes"_s, KWProjectKindNote);
@@ -231,28 +204,10 @@ private Q_SLOTS:
         QVERIFY(m_store->context().save());
         QCOMPARE(listNamedIn(u"a ~Desk"_s), work);
 
-        m_store->context()
-            .find<KWUserSettings>(m_store->userID())
-            ->set(&KWUserSettingsModel::smartTimeForEvening, 18 * 60);
-        QVERIFY(m_store->context().save());
-        QCOMPARE(added(u"call tomorrow evening"_s).startDate, at("2030-05-02 18:00", "Europe/Berlin"));
-
         KWSmartRecognitionConfiguration unread;
         unread.dateEnabled = false;
         unread.save(m_store->userID(), m_store->kit().defaults(), m_store->kit().center());
         QCOMPARE(added(u"call tomorrow"_s).title, u"call tomorrow"_s);
-    }
-
-    void tellsWhatItWouldRecognise()
-    {
-        const QJsonObject expected = QJsonDocument::fromJson(recognition).object();
-        QVERIFY(!expected.isEmpty());
-        QCOMPARE(m_service->dryRun(venue), expected);
-        QCOMPARE(countOf("tasks") + countOf("tags"), 0);
-
-        const QJsonObject plain = m_service->dryRun(u"Buy milk"_s);
-        QVERIFY(plain[u"date"].isNull() && plain[u"list"].isNull());
-        QCOMPARE(plain[u"priority"].toInt(-1), 0);
     }
 };
 
