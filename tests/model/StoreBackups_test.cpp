@@ -5,6 +5,7 @@
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/StoreCare.h"
+#include "support/Files.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -15,20 +16,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file{path};
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("%s cannot be written", qUtf8Printable(path));
-}
-
 // Overwrites the last page: a store that opens and is damaged all the same.
 void damage(const QString &path)
 {
-    QFile file{path};
-    if (!file.open(QIODevice::ReadWrite)) qFatal("%s cannot be written", qUtf8Printable(path));
-    file.seek(file.size() - 4096);
-    file.write(QByteArray(4096, '\x5a'));
+    const QByteArray sound = bytesOf(path);
+    write(path, sound.chopped(4096) + QByteArray(4096, '\x5a'));
 }
 
 QStringList namesOf(const QList<StoreBackup> &backups)
@@ -111,22 +103,8 @@ private Q_SLOTS:
         QVERIFY(store.context().find<KWTask>(later));
     }
 
-    void whatIsNoGoodStoreIsRefused_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("why");
-        QTest::newRow("missing") << u"missing.sqlite"_s << u"There is no file"_s;
-        QTest::newRow("text") << u"text.sqlite"_s << u"is not an Orvane store"_s;
-        QTest::newRow("empty") << u"empty.sqlite"_s << u"is not an Orvane store"_s;
-        QTest::newRow("damaged") << u"damaged.sqlite"_s << u"is damaged"_s;
-        QTest::newRow("newer") << u"newer.sqlite"_s << u"a newer version"_s;
-        QTest::newRow("itself") << u"store.sqlite"_s << u"is the store itself"_s;
-    }
-
     void whatIsNoGoodStoreIsRefused()
     {
-        QFETCH(QString, file);
-        QFETCH(QString, why);
         StoreFixture store;
         const DataFolders folders = store.kit().folders();
         const QDir data{folders.data};
@@ -143,10 +121,16 @@ private Q_SLOTS:
         store.close();
         const QStringList before = data.entryList(QDir::Files);
 
-        const Result<QString> restored = restoreStore(data.filePath(file), folders, store.clock);
-        QVERIFY(!restored);
-        QVERIFY2(restored.error().sentence.contains(why), qUtf8Printable(restored.error().sentence));
-        QCOMPARE(data.entryList(QDir::Files), before);
+        for (const auto &[file, why] : {std::pair{u"missing.sqlite"_s, u"There is no file"_s},
+                                        {u"text.sqlite"_s, u"is not an Orvane store"_s},
+                                        {u"empty.sqlite"_s, u"is not an Orvane store"_s},
+                                        {u"damaged.sqlite"_s, u"is damaged"_s},
+                                        {u"newer.sqlite"_s, u"a newer version"_s},
+                                        {u"store.sqlite"_s, u"is the store itself"_s}}) {
+            const Result<QString> restored = restoreStore(data.filePath(file), folders, store.clock);
+            QVERIFY2(!restored && restored.error().sentence.contains(why), qUtf8Printable(file));
+            QCOMPARE(data.entryList(QDir::Files), before);
+        }
         store.reopen();
         QVERIFY(store.context().find<KWTask>(task));
     }

@@ -5,6 +5,7 @@
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/Migrations.h"
+#include "support/Files.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
@@ -21,19 +22,6 @@ namespace {
 
 constexpr int taskCount = 60;
 constexpr qsizetype pageSize = 4096;
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file{path};
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray{};
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file{path};
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("%s cannot be written", qUtf8Printable(path));
-}
 
 void execute(const QString &path, const char *sql)
 {
@@ -167,13 +155,6 @@ private Q_SLOTS:
             bytes[18] = bytes[19] = 1; // SQLite file format, section 1.3.3
             write(path, bytes);
         });
-        row("an empty root page", Damaged, [this](const QString &path) {
-            write(path, m_sound);
-            const auto root = Connection{path.toStdString(), Connection::Access::ReadWrite}.number(
-                "SELECT rootpage FROM sqlite_schema WHERE name = 'tasks'");
-            write(path,
-                  QByteArray{m_sound}.replace((root - 1) * pageSize, pageSize, QByteArray{pageSize, '\0'}));
-        });
         row("a table too few", Damaged, [this](const QString &path) {
             write(path, m_sound);
             execute(path, "DROP TABLE tags");
@@ -231,23 +212,20 @@ private Q_SLOTS:
     void refusesWhatItCannotWrite_data()
     {
         QTest::addColumn<Damage>("damage");
-        QTest::newRow("a file for a folder")
-            << Damage{[](const QString &path) { write(QFileInfo{path}.path(), "x"); }};
-        QTest::newRow("a folder that is locked") << Damage{[](const QString &path) {
+        const auto row = [](const char *name, Damage damage) { QTest::newRow(name) << std::move(damage); };
+        const auto makeFolder = [](const QString &path, int permissions) {
             const QString folder = QFileInfo{path}.path();
             QDir{}.mkpath(folder);
-            QFile::setPermissions(folder,
-                                  QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
-        }};
-        QTest::newRow("a folder that cannot be made")
-            << Damage{[](const QString &path) { QDir{}.rmdir(QFileInfo{path}.path()); }};
-        QTest::newRow("a file that is locked") << Damage{[this](const QString &path) {
-            const QString folder = QFileInfo{path}.path();
-            QDir{}.mkpath(folder);
+            QFile::setPermissions(folder, QFile::Permissions{permissions});
+        };
+        row("a file for a folder", [](const QString &path) { write(QFileInfo{path}.path(), "x"); });
+        row("a folder that is locked", [=](const QString &path) { makeFolder(path, 0x5555); });
+        row("a folder that cannot be made", [](const QString &) {});
+        row("a file that is locked", [=, this](const QString &path) {
+            makeFolder(path, 0x7777);
             write(path, m_sound);
             QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther);
-            QFile::setPermissions(folder, QFile::Permissions{0x7777});
-        }};
+        });
     }
 
     void refusesWhatItCannotWrite()
@@ -268,18 +246,6 @@ private Q_SLOTS:
         QFile::setPermissions(m_folder->path(), QFile::Permissions{0x7755});
         QFile::setPermissions(QFileInfo{inside}.path(), QFile::Permissions{0x7755});
         QCOMPARE(contentsOf(m_folder->path()), before);
-    }
-
-    void opensAStoreThatWasNotClosed()
-    {
-        const QString other = m_folder->filePath(u"other.sqlite"_s);
-        const Store::Opening running = Store::open(other, m_clock);
-        fill(*running.store);
-        write(path(), bytesOf(other));
-        write(path() + u"-wal"_s, bytesOf(other + u"-wal"_s));
-        const Store::Opening opening = open();
-        QVERIFY(opening.store);
-        QCOMPARE(storedTasks(*opening.store), taskCount);
     }
 
     // Two of them in the same second, too.

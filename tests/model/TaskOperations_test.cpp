@@ -34,7 +34,7 @@ class TaskOperations_test : public QObject {
         });
         return id;
     }
-    // "Title<Parent" in their manual order, ticked ones of closed tasks with "x".
+    // "Title<Parent" in their manual order.
     QString tasksOf(const QString &list, const char *where = "isTrashed = 0")
     {
         QStringList titles;
@@ -47,6 +47,15 @@ class TaskOperations_test : public QObject {
         return titles.join(u' ');
     }
     QString trash() { return tasksOf(m_home, "isTrashed = 1"); }
+    Result<QString> copy(const QString &id)
+    {
+        return KWTaskCopier{manager(), m_store->kit().center()}.copy(id);
+    }
+    Result<UndoToken> merge(const QStringList &ids) { return KWTaskMerger{manager()}.merge(ids); }
+    Result<UndoToken> move(const QStringList &ids, const QString &list)
+    {
+        return KWTaskMover{manager()}.move(ids, list, KWTaskMover::From::Lists);
+    }
     void throwAway(const QStringList &ids)
     {
         saved(*m_store, [&ids](ObjectContext &context) {
@@ -72,14 +81,12 @@ private Q_SLOTS:
         aTask("There").in(m_work).savedIn(*m_store);
         setSaved<KWTask>(*m_store, child, &KWTaskModel::columnID, u"column"_s);
 
-        using enum KWTaskMover::From;
-        KWTaskMover mover{manager()};
-        const auto moved = mover.move({other, child}, m_work, Lists);
+        const auto moved = move({other, child}, m_work);
         QVERIFY(moved);
         QCOMPARE(tasksOf(m_home), u"Parent"_s);
         QCOMPARE(tasksOf(m_work), u"Other Child There Leaf<Child"_s);
         QVERIFY(task(parent)->childIds.isEmpty() && task(child)->columnID.isEmpty());
-        QVERIFY(mover.move({other, child}, m_work, Lists)->isEmpty()); // there already
+        QVERIFY(move({other, child}, m_work)->isEmpty()); // there already
         QVERIFY(moved->undo(manager()));
         QCOMPARE(tasksOf(m_home), u"Parent Child<Parent Leaf<Child Other"_s);
         QCOMPARE(task(child)->columnID, u"column"_s);
@@ -88,19 +95,17 @@ private Q_SLOTS:
     void movesOnlyWhereItMay()
     {
         const QString id = make("Task");
-        using enum KWTaskMover::From;
-        const auto isRefused = [&] {
-            const auto moved = KWTaskMover{manager()}.move({id}, m_work, Lists);
+        const auto isRefused = [&](const QString &list) {
+            const auto moved = move({id}, list);
             return !moved && moved.error().sentence.endsWith(u'.') && tasksOf(m_home) == u"Task";
         };
         for (const QString &list : {m_home, m_work}) {
             setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionComment);
-            QVERIFY(isRefused());
+            QVERIFY(isRefused(m_work));
             setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionWrite);
         }
         setSaved<KWProject>(*m_store, m_work, &KWProjectModel::closed, true);
-        QVERIFY(isRefused());
-        QVERIFY(!KWTaskMover{manager()}.move({id}, u"gone"_s, Lists));
+        QVERIFY(isRefused(m_work) && isRefused(u"gone"_s));
     }
 
     void duplicatesWithItsParts()
@@ -123,25 +128,20 @@ private Q_SLOTS:
             KWWillDuplicateTaskNotification,
             [&](const KWNotification &each) { announced = each.object.toString(); });
 
-        const auto copy = KWTaskCopier{manager(), m_store->kit().center()}.copy(parent);
-        QVERIFY(copy);
+        const auto copied = copy(parent);
+        QVERIFY(copied);
         QCOMPARE(announced, parent);
         QCOMPARE(tasksOf(m_home), u"Parent Parent Next Open<Parent Open<Parent Done<Parent"_s);
-        QCOMPARE(task(*copy)->status, KWTaskStatusOpen);
-        QCOMPARE(task(*copy).orderedChecklistItems().size(), 1);
+        QCOMPARE(task(*copied)->status, KWTaskStatusOpen);
+        QCOMPARE(task(*copied).orderedChecklistItems().size(), 1);
         QCOMPARE(m_store->context().models<KWAttachment>({}).size(), 2);
         for (int i = 0; i < 45; ++i) // until there is no room between two
-            QVERIFY((KWTaskCopier{manager(), m_store->kit().center()}.copy(parent)));
+            QVERIFY(copy(parent));
         QVERIFY(tasksOf(m_home).startsWith(u"Parent Parent"_s));
-    }
-
-    void duplicatesAmongTasksAtOnePlace()
-    {
-        make("A");
-        const QString id = make("B");
-        make("C");
-        QVERIFY((KWTaskCopier{manager(), m_store->kit().center()}.copy(id)));
-        QCOMPARE(tasksOf(m_home), u"A B B C"_s);
+        for (const char *each : {"A", "B", "C"}) // at one place
+            make(each, {}, -1);
+        QVERIFY(copy(m_store->context().fetch<KWTask>({.where = "title = 'B'"}).first()->sid()));
+        QVERIFY(tasksOf(m_home).startsWith(u"A B B C Parent"_s));
     }
 
     void duplicatesNoRemindersThatWereMissed()
@@ -159,10 +159,10 @@ private Q_SLOTS:
             context.insert<KWChecklistItem>(item);
         });
         m_store->clock.advance(std::chrono::minutes{40});
-        const auto copy = KWTaskCopier{manager(), m_store->kit().center()}.copy(id);
-        QCOMPARE(task(*copy)->remindTime, task(*copy)->startDate);
-        QVERIFY(!task(*copy)->snoozedRemindDate && !task(*copy)->serverStartDate);
-        QVERIFY(!task(*copy).orderedChecklistItems().first()->model().remindTime);
+        const KWTask &copied = task(*copy(id));
+        QCOMPARE(copied->remindTime, copied->startDate);
+        QVERIFY(!copied->snoozedRemindDate && !copied->serverStartDate);
+        QVERIFY(!copied.orderedChecklistItems().first()->model().remindTime);
     }
 
     void refusesWhatIsInTheTrash()
@@ -170,10 +170,7 @@ private Q_SLOTS:
         const QString live = make("Live");
         const QString gone = make("Gone");
         throwAway({gone});
-        QVERIFY((!KWTaskCopier{manager(), m_store->kit().center()}.copy(gone)));
-        QVERIFY((!KWTaskMerger{manager()}.merge({live, gone})));
-        QVERIFY((!KWTaskMerger{manager()}.merge({gone, live})));
-        QVERIFY((!KWTaskMover{manager()}.move({gone}, m_work, KWTaskMover::From::Lists)));
+        QVERIFY(!copy(gone) && !merge({live, gone}) && !merge({gone, live}) && !move({gone}, m_work));
         QCOMPARE(tasksOf(m_home), u"Live"_s);
     }
 
@@ -199,7 +196,7 @@ private Q_SLOTS:
         });
         KWTaskEditor editor{manager()};
         QVERIFY(editor.addItem(second, {}, u"item"_s));
-        const auto merged = KWTaskMerger{manager()}.merge({first, second});
+        const auto merged = merge({first, second});
         QVERIFY(merged);
 
         const KWTaskModel task = this->task(first).model();
@@ -219,30 +216,21 @@ private Q_SLOTS:
         QCOMPARE(trash(), u"Second"_s);
         QVERIFY(merged->undo(manager()));
         QCOMPARE(tasksOf(m_home), u"First Second Below<Second First child<First"_s);
-        QVERIFY(!(KWTaskMerger{manager()}.merge({first, first})));
+        QVERIFY(!merge({first, first}));
     }
 
     void mergesAFamilyWithoutACircle()
     {
-        const QString top = make("Top", {}, 1);
-        const QString middle = make("Middle", top, 2);
-        const QString low = make("Low", middle, 3);
+        const QString root = make("Root");
+        const QString top = make("Top", root, 1);
+        const QString last = make("Last", root, 5);
+        const QString low = make("Low", make("Middle", top, 2), 3);
         make("Child", low, 4);
         setSaved<KWTask>(*m_store, low, &KWTaskModel::kind, KWTaskKindNote);
-        QVERIFY(KWTaskMerger{manager()}.merge({low, top}));
-        QCOMPARE(tasksOf(m_home), u"Middle<Low Low Child<Low"_s);
+        QVERIFY(merge({low, top}));
+        QCOMPARE(tasksOf(m_home), u"Root Middle<Low Low<Root Child<Low Last<Root"_s);
+        QCOMPARE(task(root)->childIds, QStringList({low, last})); // in the place of the highest
         QCOMPARE(task(low)->content, u"Top"_s);
-    }
-
-    void mergesIntoThePlaceOfItsParent()
-    {
-        const QString top = make("Top");
-        const QString parent = make("Parent", top);
-        const QString last = make("Last", top);
-        const QString child = make("Child", parent);
-        QVERIFY(KWTaskMerger{manager()}.merge({child, parent}));
-        QCOMPARE(task(child)->parentId, top);
-        QCOMPARE(task(top)->childIds, QStringList({child, last}));
     }
 
     void restoresFromTheTrash()
