@@ -43,36 +43,15 @@ class PersonsDay {
 public:
     explicit PersonsDay(StoreFixture &store) : m_store(store) {}
 
-    using Step = std::function<Result<void>()>;
-    QList<Step> steps()
+    using Step = Result<void> (PersonsDay::*)();
+    static QList<Step> steps()
     {
-        return {[this] { return add(); },
-                [this] { return m_editor.setTitle(m_task, u"Water the plants"_s); },
-                [this] { return m_editor.setContent(m_task, u"In the kitchen"_s); },
-                [this] { return tick(); },
-                [this] { return m_undo.undo(manager()); },
-                [this] { return tick(); },
-                [this] { return kept(m_mover.move({m_task}, m_otherList, KWTaskMover::From::Lists)); },
-                [this] { return m_undo.undo(manager()); },
-                [this] { return trash(); },
-                [this] { return kept(m_trash.restore({m_task})); },
-                [this] { return done(m_tags.create({u"Garden"_s})); },
-                [this] { return m_tags.setParent(u"errand"_s, u"garden"_s); },
-                [this] { return done(m_tags.rename(u"errand"_s, u"Way"_s)); },
-                [this] { return done(m_tags.rename(u"way"_s, u"garden"_s)); }, // the two become one
-                [this] { return m_tags.remove(u"garden"_s); },
-                [this] { return travel("Asia/Tokyo"); },
-                [this] { return travel("America/New_York"); },
-                [this] { return copy(); },
-                [this] {
-                    return kept(m_merger.merge({m_task, m_copy}));
-                },
-                [this] { return m_undo.undo(manager()); },
-                [this] {
-                    return kept(m_merger.merge({m_task, m_copy}));
-                },
-                [this] { return trash(); },
-                [this] { return m_trash.empty(); }};
+        using Day = PersonsDay;
+        return {&Day::add,    &Day::name,        &Day::write,     &Day::tick,     &Day::undo,
+                &Day::tick,   &Day::move,        &Day::undo,      &Day::trash,    &Day::restore,
+                &Day::addTag, &Day::putTagBelow, &Day::renameTag, &Day::joinTags, &Day::removeTag,
+                &Day::travel, &Day::travel,      &Day::copy,      &Day::merge,    &Day::undo,
+                &Day::merge,  &Day::trash,       &Day::emptyTrash};
     }
 
     bool isShownAsStored()
@@ -86,16 +65,20 @@ public:
 private:
     KWCoreDataManager &manager() { return m_store.kit().manager(); }
 
+    Result<void> save(const std::function<void(ObjectContext &)> &block)
+    {
+        return KWCoreDataService{manager()}.sync_save([&block](ObjectContext &context) -> Result<void> {
+            block(context);
+            return {};
+        });
+    }
     Result<void> add()
     {
-        return KWCoreDataService{manager()}.sync_save([this](ObjectContext &context) -> Result<void> {
-            KWTaskModel task = aTask("Water").dueOn("2030-05-01").in(m_list).model();
+        return save([this](ObjectContext &context) {
+            KWTaskModel task = aTask("Water").dueOn("2030-05-01").in(m_list).tagged("errand").model();
             task.userID = m_store.userID();
+            KWTag::createNewTagWithName(u"Errand"_s, task.userID, TagUniqueness::MustBeNew, context);
             task.repeatRule = u"FREQ=WEEKLY"_s;
-            task.tags = {
-                KWTag::createNewTagWithName(u"Errand"_s, m_store.userID(), TagUniqueness::MustBeNew, context)
-                    ->model()
-                    .name};
             m_task = context.insert<KWTask>(task).sid();
             task.title = u"Below"_s;
             task.repeatRule.clear();
@@ -104,15 +87,45 @@ private:
             KWChecklistItemModel item;
             item.taskID = m_task;
             context.insert<KWChecklistItem>(item);
-            return {};
         });
     }
     Result<void> trash()
     {
-        return KWCoreDataService{manager()}.sync_save([this](ObjectContext &context) -> Result<void> {
+        return save([this](ObjectContext &context) {
             KWTask::trashTaskAndDescendants({context.find<KWTask>(m_task)}, context);
-            return {};
         });
+    }
+    Result<void> name() { return m_editor.setTitle(m_task, u"Water the plants"_s); }
+    Result<void> write() { return m_editor.setContent(m_task, u"In the kitchen"_s); }
+    Result<void> tick()
+    {
+        const auto ticked = m_ticker.tick(m_task);
+        return ticked ? kept(ticked->undo) : ticked.error();
+    }
+    Result<void> undo() { return m_undo.undo(manager()); }
+    Result<void> move() { return kept(m_mover.move({m_task}, m_otherList, KWTaskMover::From::Lists)); }
+    Result<void> restore() { return kept(m_trash.restore({m_task})); }
+    Result<void> emptyTrash() { return m_trash.empty(); }
+    Result<void> addTag() { return done(m_tags.create({u"Garden"_s})); }
+    Result<void> putTagBelow() { return m_tags.setParent(u"errand"_s, u"garden"_s); }
+    Result<void> renameTag() { return done(m_tags.rename(u"errand"_s, u"Way"_s)); }
+    Result<void> joinTags() { return done(m_tags.rename(u"way"_s, u"garden"_s)); }
+    Result<void> removeTag() { return m_tags.remove(u"garden"_s); }
+    Result<void> merge() { return kept(m_merger.merge({m_task, m_copy})); }
+    Result<void> copy()
+    {
+        const Result<QString> copied = KWTaskCopier{manager(), m_store.kit().center()}.copy(m_task);
+        if (copied) m_copy = *copied;
+        return done(copied);
+    }
+    Result<void> travel() // east, then west
+    {
+        const CXTimeZone last = m_store.clock.zone();
+        m_store.clock.setZone(last == CXTimeZone{} ? "Asia/Tokyo" : "America/New_York");
+        const auto adapted =
+            save([&last](ObjectContext &context) { adaptDatesToLocalTimeZone(last, context); });
+        if (!adapted) m_store.clock.setZone(last);
+        return adapted;
     }
     Result<void> kept(const Result<UndoToken> &done)
     {
@@ -121,29 +134,6 @@ private:
         return {};
     }
     static Result<void> done(const Result<QString> &named) { return named ? Result<void>{} : named.error(); }
-    Result<void> travel(const char *zone)
-    {
-        const CXTimeZone last = m_store.clock.zone();
-        m_store.clock.setZone(zone);
-        const auto adapted =
-            KWCoreDataService{manager()}.sync_save([&last](ObjectContext &context) -> Result<void> {
-                adaptDatesToLocalTimeZone(last, context);
-                return {};
-            });
-        if (!adapted) m_store.clock.setZone(last);
-        return adapted;
-    }
-    Result<void> copy()
-    {
-        const Result<QString> copied = KWTaskCopier{manager(), m_store.kit().center()}.copy(m_task);
-        if (copied) m_copy = *copied;
-        return done(copied);
-    }
-    Result<void> tick()
-    {
-        const auto ticked = m_ticker.tick(m_task);
-        return ticked ? kept(ticked->undo) : ticked.error();
-    }
 
     StoreFixture &m_store;
     QString m_list = m_store.makeList(u"Home"_s);
@@ -174,13 +164,13 @@ class DaysStory_test : public QObject {
             PersonsDay day{store};
             last = contentsOf(store);
             writes.failAt(failingWrite);
-            for (const PersonsDay::Step &step : day.steps()) {
-                if (const Result<void> done = step(); !done) {
+            for (const PersonsDay::Step step : PersonsDay::steps()) {
+                if (const Result<void> done = (day.*step)(); !done) {
                     QVERIFY2(writes.hasFailed(), qUtf8Printable(done.error().sentence));
                     QVERIFY(done.error().sentence.endsWith(u'.'));
                     QVERIFY(contentsOf(store) == last);
                     QVERIFY(day.isShownAsStored());
-                    QVERIFY(step());
+                    QVERIFY((day.*step)());
                 }
                 QVERIFY(contentsOf(store) != last);
                 last = contentsOf(store);

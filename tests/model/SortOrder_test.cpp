@@ -1,22 +1,12 @@
-#include "model/records/KWColumn.h"
-#include "model/records/KWHabit.h"
 #include "model/records/KWHabitSectionModel.h"
 #include "model/records/KWProject.h"
-#include "model/records/KWProjectPinnedSortOrder.h"
 #include "model/records/KWSortOrderResetable.h"
 #include "model/records/KWTask.h"
-#include "model/records/KWTaskSortOrders.h"
 #include "model/records/KWTeamworker.h"
-#include "model/records/KWUser.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
 using namespace Qt::StringLiterals;
-
-static_assert(KWSortOrderResetable<KWTask> && KWSortOrderResetable<KWColumn> &&
-              KWSortOrderResetable<KWHabit> && KWSortOrderResetable<KWProjectPinnedSortOrder> &&
-              KWSortOrderResetable<KWTaskTagSortOrder> && KWSortOrderResetable<KWHabitSectionModel>);
-static_assert(!KWSortOrderResetable<KWUser> && !KWSortOrderResetable<KWTeamworker>);
 
 /// Orders made by hand and orders by name.
 class SortOrder_test : public QObject {
@@ -24,49 +14,44 @@ class SortOrder_test : public QObject {
 
     using Places = QList<std::int64_t>;
 
-    /// The places after renumbering, of value twins and of records alike; none when nothing was to do.
-    static Places reset(const Places &places)
+    /// The places after renumbering; none when nothing was to do.
+    template <class Record>
+    static Places reset(QList<Record *> run, const Places &places)
     {
-        QList<KWHabitSectionModel> sections(places.size());
-        StoreFixture store;
-        QList<KWHabitSectionModel *> twins;
-        QList<KWTask *> tasks;
-        for (qsizetype i = 0; i < places.size(); ++i) {
-            sections[i].sortOrder = places[i];
-            twins << &sections[i];
-            KWTaskModel task = aTask("A").in(KWProject::inboxIDOfUser(store.userID())).model();
-            task.sortOrder = places[i];
-            tasks << &store.context().insert<KWTask>(task);
-        }
+        for (qsizetype i = 0; i < places.size(); ++i)
+            KWEntitySortOrder::update(*run[i], places[i]);
+        if (!resetSortOrderIfNeeded(run)) return {};
         Places found;
-        const bool isReset = resetSortOrderIfNeeded(twins);
-        if (isReset != resetSortOrderIfNeeded(tasks)) qFatal("Twins and records differ");
-        for (qsizetype i = 0; i < places.size(); ++i) {
-            if (sections[i].sortOrder != tasks[i]->model().sortOrder) qFatal("Twins and records differ");
-            found << sections[i].sortOrder;
-        }
-        store.context().rollback();
-        return isReset ? found : Places{};
+        for (const Record *each : run)
+            found << KWEntitySortOrder::of(*each);
+        return found;
     }
 
 private Q_SLOTS:
+    // Of value twins and of records alike.
     void aRunIsRenumberedWhenPlacesCollide()
     {
         constexpr std::int64_t step = KWSortOrderStep;
-        QCOMPARE(reset({}), Places{});
-        QCOMPARE(reset({-3, 0, 1}), Places{});
-        QCOMPARE(reset({7, 7, 8}), Places({7, 7 + step, 7 + 2 * step}));
-        QCOMPARE(reset({5, 4}), Places({5, 5 + step}));
-        QCOMPARE(reset({KWSortOrderMax, 0}), Places({KWSortOrderMax - step, KWSortOrderMax}));
-    }
-
-    void aPlaceStaysInsideTheBounds()
-    {
-        KWHabitSectionModel section;
-        KWEntitySortOrder::update(section, std::numeric_limits<std::int64_t>::max());
-        QCOMPARE(section.sortOrder, KWSortOrderMax);
-        KWEntitySortOrder::update(section, std::numeric_limits<std::int64_t>::min());
-        QCOMPARE(section.sortOrder, KWSortOrderMin);
+        StoreFixture store;
+        for (const auto &[places, expected] : {std::pair{Places{}, Places{}},
+                                               {{-3, 0, 1}, {}},
+                                               {{7, 7, 8}, {7, 7 + step, 7 + 2 * step}},
+                                               {{5, 4}, {5, 5 + step}},
+                                               {{KWSortOrderMax, std::numeric_limits<std::int64_t>::max()},
+                                                {KWSortOrderMax - step, KWSortOrderMax}},
+                                               {{std::numeric_limits<std::int64_t>::min(), KWSortOrderMin},
+                                                {KWSortOrderMin, KWSortOrderMin + step}}}) {
+            QList<KWHabitSectionModel> sections(places.size());
+            QList<KWHabitSectionModel *> twins;
+            QList<KWTask *> tasks;
+            for (KWHabitSectionModel &each : sections) {
+                twins << &each;
+                tasks << &store.context().insert<KWTask>({});
+            }
+            QCOMPARE(reset(twins, places), expected);
+            QCOMPARE(reset(tasks, places), expected);
+        }
+        store.context().rollback();
     }
 
     void membersStandByNameAsTheLanguageOrders()

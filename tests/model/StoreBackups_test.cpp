@@ -73,7 +73,6 @@ private Q_SLOTS:
         QCOMPARE(problem(), StoreProblem::Lost);
         QVERIFY(QFile::remove(folders.store()));
         QCOMPARE(problem(), StoreProblem::Lost);
-        QVERIFY(StoreBackups{folders}.newestGood());
         QVERIFY(Store::startFresh(folders.store(), store.clock, AsideReason::FreshStart));
         QVERIFY(OrvaneKit::open(folders, store.clock).kit);
     }
@@ -92,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(refused.error().sentence, u"Another program has the store open, so nothing was restored."_s);
         store.close();
         const Result<QString> kept = restoreStore(file, folders, store.clock);
-        QVERIFY2(kept, kept ? "" : qUtf8Printable(kept.error().sentence));
+        QVERIFY(kept);
         QCOMPARE(*kept, u"store.replaced-2030-05-01T090000.sqlite"_s);
         store.reopen();
         QVERIFY(store.context().find<KWTask>(before));

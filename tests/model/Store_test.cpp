@@ -57,15 +57,14 @@ private:
     const bool m_isRoot = geteuid() == 0;
 };
 
-QStringList schemaOf(const QString &path)
+QString schemaOf(const QString &path)
 {
     Connection connection{path.toStdString(), Connection::Access::ReadWrite};
-    QStringList schema{QString::number(connection.number("PRAGMA user_version"))};
-    auto statement = connection.prepare("SELECT name, sql FROM sqlite_schema ORDER BY name");
-    while (statement->executeStep())
-        schema << QString::fromStdString(statement->getColumn(0).getString() + ' ' +
-                                         statement->getColumn(1).getString());
-    return schema;
+    auto schema = connection.prepare("SELECT group_concat(name || ' ' || sql), user_version "
+                                     "FROM (SELECT * FROM sqlite_schema ORDER BY name), pragma_user_version");
+    schema->executeStep();
+    return QString::fromUtf8(schema->getColumn(0).getText()) + u' ' +
+           QString::number(schema->getColumn(1).getInt());
 }
 
 } // namespace
@@ -146,9 +145,6 @@ private Q_SLOTS:
             write(path, bytesOf(other));
             write(path + u"-wal"_s, bytesOf(other + u"-wal"_s));
             QVERIFY(bytesOf(path + u"-wal"_s).size() > pageSize);
-        });
-        row("nothing behind the header", Damaged, [this](const QString &path) {
-            write(path, m_sound.left(100).leftJustified(m_sound.size(), 'x'));
         });
         row("nothing behind a header without a log", Damaged, [this](const QString &path) {
             QByteArray bytes = m_sound.left(100).leftJustified(m_sound.size(), 'x');
@@ -251,29 +247,24 @@ private Q_SLOTS:
     // Two of them in the same second, too.
     void setsADamagedStoreAsideWithAllItsParts()
     {
+        const QStringList parts{QString{}, u"-wal"_s, u"-shm"_s};
         const QStringList names{u"store.damaged-2030-05-01T090000.sqlite"_s,
                                 u"store.damaged-2030-05-01T090000-2.sqlite"_s};
-        const QStringList parts{QString{}, u"-wal"_s, u"-shm"_s};
         for (const QString &name : names) {
             for (const QString &part : parts)
                 write(path() + part, (name + part).toUtf8());
-            const Result<QString> kept =
-                Store::setAside(path(), *TimeText::toLocalTime(u"2030-05-01T09:00:00"));
-            QVERIFY(kept);
-            QCOMPARE(*kept, name);
+            QCOMPARE(*Store::setAside(path(), m_clock.localNow()), name);
         }
-        for (const QString &part : parts) {
-            QVERIFY(!QFile::exists(path() + part));
+        for (const QString &part : parts)
             for (const QString &name : names)
                 QCOMPARE(bytesOf(m_folder->filePath(name + part)), (name + part).toUtf8());
-        }
-        QVERIFY(open().store);
+        QCOMPARE(contentsOf(m_folder->path()).size(), 4); // the shared memory not counted
     }
 
     void bringsEveryOldVersionUpToDate()
     {
         QVERIFY(open().store);
-        const QStringList expected = schemaOf(path());
+        const QString expected = schemaOf(path());
         for (int version = 0; version <= Migrations::currentVersion(); ++version) {
             const QString old = m_folder->filePath(u"version%1.sqlite"_s.arg(version));
             {

@@ -61,9 +61,8 @@ private Q_SLOTS:
     {
         aTask("Needle").savedIn(*m_store);
         saved(*m_store, [this](ObjectContext &context) {
-            KWTaskModel thrownAway = aTask("needle").model();
+            KWTaskModel thrownAway = aTask("needle").in(KWProject::inboxIDOfUser(m_store->userID())).model();
             thrownAway.userID = m_store->userID();
-            thrownAway.projectID = KWProject::inboxIDOfUser(m_store->userID());
             thrownAway.isTrashed = true;
             for (int i = 0; i < 400; ++i)
                 context.insert<KWTask>(thrownAway);
