@@ -1,6 +1,7 @@
 #include "platform/DesktopFileManager.h"
 #include "platform/XdgMail.h"
 
+#include "platform/FakeService.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -8,29 +9,17 @@
 
 using namespace Qt::StringLiterals;
 
-/// A file manager on the bus, as another process would be.
-class FakeFileManager : public QObject {
+/// A file manager.
+class FakeFileManager : public FakeService {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
 
 public:
-    FakeFileManager()
-    {
-        m_bus.registerObject(u"/org/freedesktop/FileManager1"_s, this, QDBusConnection::ExportAllSlots);
-        m_bus.registerService(u"org.freedesktop.FileManager1"_s);
-    }
-    ~FakeFileManager() override
-    {
-        m_bus.unregisterService(u"org.freedesktop.FileManager1"_s);
-        QDBusConnection::disconnectFromBus(u"files"_s);
-    }
+    FakeFileManager() : FakeService{u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s} {}
     QStringList shown;
 
 public Q_SLOTS:
     void ShowItems(const QStringList &uris, const QString &) { shown = uris; }
-
-private:
-    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"files"_s);
 };
 
 /// What is handed to the programs of the desktop.

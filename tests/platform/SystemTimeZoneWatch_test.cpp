@@ -2,11 +2,11 @@
 
 #include "model/events/KWNotificationCenter.h"
 #include "model/events/NotificationNames.h"
+#include "platform/FakeService.h"
 #include "platform/Relaunch.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
-#include <QDBusMessage>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -16,25 +16,13 @@ namespace {
 
 QDBusConnection busForTheSystem() { return QDBusConnection::sessionBus(); }
 
-// The date and time service, as another process would be.
-class FakeTimeDate {
-public:
-    FakeTimeDate() { m_bus.registerService(u"org.freedesktop.timedate1"_s); }
-    ~FakeTimeDate()
-    {
-        m_bus.unregisterService(u"org.freedesktop.timedate1"_s);
-        QDBusConnection::disconnectFromBus(u"timedate"_s);
-    }
+struct FakeTimeDate : FakeService {
+    FakeTimeDate() : FakeService{u"org.freedesktop.timedate1"_s, u"/org/freedesktop/timedate1"_s} {}
     void tellOfZone(const QString &identifier)
     {
-        QDBusMessage signal = QDBusMessage::createSignal(
-            u"/org/freedesktop/timedate1"_s, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
-        signal << u"org.freedesktop.timedate1"_s << QVariantMap{{u"Timezone"_s, identifier}} << QStringList{};
-        m_bus.send(signal);
+        tell("org.freedesktop.DBus.Properties", "PropertiesChanged",
+             {u"org.freedesktop.timedate1"_s, QVariantMap{{u"Timezone"_s, identifier}}, QStringList{}});
     }
-
-private:
-    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"timedate"_s);
 };
 
 } // namespace
