@@ -1,6 +1,5 @@
 #include "client/RelaunchArguments.h"
 #include "gui/ClientFixture.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "support/TestMain.h"
 #include "views/alerts/Alert.h"
@@ -44,24 +43,7 @@ class BackgroundLife_test : public QObject {
     std::unique_ptr<ClientFixture> m_client;
     NotedNotifications m_notifications;
 
-    QString addTask(bool isAllDay)
-    {
-        KWTaskModel model;
-        model.userID = m_client->kit().account().currentUserID();
-        model.projectID = KWProject::inboxIDOfUser(model.userID);
-        model.title = u"Pay rent"_s;
-        model.timeZone = QString::fromLatin1(home);
-        model.startDate = at("2026-11-22 00:00", home);
-        model.isAllDay = isAllDay;
-        model.reminders = {u"TRIGGER:P0DT9H0M0S"_s};
-        QString id;
-        const auto saved = KWCoreDataService{m_client->kit().manager()}.sync_save(
-            [&](ObjectContext &context) -> Result<void> {
-                id = context.insert<KWTask>(model).sid();
-                return {};
-            });
-        return saved ? id : QString{};
-    }
+    QString addTask() { return m_client->rooms().newTasks().add(u"Pay rent tomorrow remind me"_s)->sid; }
     KWTaskModel task(const QString &id) { return m_client->kit().context().find<KWTask>(id)->model(); }
     void flyToNewYork(const DesktopServices &services)
     {
@@ -89,7 +71,7 @@ private Q_SLOTS:
     // In between lies the moment at which it would have come at home.
     void remindsAfterAJourneyAtTheTimeOfDayThatIsMeant()
     {
-        const QString id = addTask(true);
+        const QString id = addTask();
         QCOMPARE(task(id).remindTime, at("2026-11-21 20:00"));
         flyToNewYork({.notifications = m_notifications});
         QCOMPARE(m_notifications.titles, QStringList{});
@@ -104,7 +86,7 @@ private Q_SLOTS:
 
     void leavesDatesAloneInAZoneGivenForTheRun()
     {
-        const QString id = addTask(true);
+        const QString id = addTask();
         const KWTaskModel before = task(id);
         flyToNewYork({.followsSystemZone = false});
         QCOMPARE(task(id).startDate, before.startDate);

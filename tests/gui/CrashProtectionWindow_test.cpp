@@ -5,6 +5,7 @@
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/StoreBackups.h"
+#include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 #include "views/alerts/AlertPresenter.h"
@@ -44,27 +45,10 @@ class CrashProtectionWindow_test : public QObject {
     }
 
 private Q_SLOTS:
-    void everyChoiceDoesWhatItSays_data()
-    {
-        QTest::addColumn<QStringList>("presses");
-        QTest::addColumn<bool>("starts");
-        QTest::addColumn<QString>("found");
-        const QString both = u"Early Late"_s;
-        QTest::newRow("start") << QStringList{u"choice0"_s} << true << both;
-        QTest::newRow("quit") << QStringList{u"choice4"_s} << false << both;
-        QTest::newRow("escape") << QStringList{u"Escape"_s} << false << both;
-        QTest::newRow("restore") << QStringList{u"choice1"_s, u"restore"_s, u"alertButton0"_s} << true
-                                 << u"Early"_s;
-        QTest::newRow("back, then start")
-            << QStringList{u"choice1"_s, u"back"_s, u"choice0"_s} << true << both;
-        QTest::newRow("empty") << QStringList{u"choice2"_s, u"alertButton0"_s} << true << QString{};
-        QTest::newRow("nothing sent")
-            << QStringList{u"choice3"_s, u"alertButton1"_s, u"choice4"_s} << false << both;
-    }
-
+    void everyChoiceDoesWhatItSays_data() { addCaseRows("gui/crash-choices.txt", 3); }
     void everyChoiceDoesWhatItSays()
     {
-        QFETCH(QStringList, presses);
+        QFETCH(QStringList, cells);
         StoreFixture store;
         const DataFolders folders = store.kit().folders();
         aTask("Early").savedIn(store);
@@ -77,16 +61,16 @@ private Q_SLOTS:
         CrashProtectionWindow window{folders, store.clock, diagnostics};
         bool isStarted = false;
         m_said.clear();
-        press(presses);
+        press(cells[0].split(u' '));
         window.runModal(u"Orvane closed"_s, u"What now?"_s, [&isStarted] { isStarted = true; });
-        QTEST(isStarted, "starts");
+        QCOMPARE(isStarted, cells[1] == u"starts");
 
         const QStringList kept = QDir{folders.data}.entryList({u"store.*-*.sqlite"_s});
         store.reopen();
         QStringList titles;
         for (const KWTaskModel &each : store.context().models<KWTask>({.orderBy = "title"}))
             titles << each.title;
-        QTEST(titles.join(u' '), "found");
+        QCOMPARE(titles.join(u' '), cells[2]);
         QCOMPARE(kept.size(), titles.size() == 2 ? 0 : 1);
         for (const QString &each : kept)
             QVERIFY2(m_said.contains(each), qUtf8Printable(m_said));

@@ -9,8 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(RecognizedPiece)
-
 namespace {
 
 RecognizedPiece piece(RecognizedPieceType type, qsizetype location, qsizetype length)
@@ -118,8 +116,11 @@ private Q_SLOTS:
     {
         const auto locationsAfter = [this](int caret, Qt::Key key) {
             m_field->setText(u"Call tomorrow #home"_s);
+            // Those that do not fit into the text are no pieces.
             m_field->setPieces(
-                {piece(RecognizedPieceType::Date, 5, 8), piece(RecognizedPieceType::Tag, 14, 5)});
+                {piece(RecognizedPieceType::Date, 5, 8), piece(RecognizedPieceType::Tag, 14, 5),
+                 piece(RecognizedPieceType::Tag, 18, 2), piece(RecognizedPieceType::Date, -1, 2),
+                 piece(RecognizedPieceType::Date, 1, 0)});
             putCaret(*m_field, caret);
             QTest::keyClick(m_field.get(), key);
             QList<int> locations;
@@ -133,40 +134,6 @@ private Q_SLOTS:
         QCOMPARE(locationsAfter(13, Qt::Key_X), (QList{5, 15}));
         QCOMPARE(locationsAfter(17, Qt::Key_Backspace), QList{5}); // within the second
         QCOMPARE(locationsAfter(19, Qt::Key_X), (QList{5, 14}));
-    }
-
-    void refusesPiecesBeyondTheText()
-    {
-        m_field->setText(u"abc"_s);
-        m_field->setPieces({piece(RecognizedPieceType::Date, 0, 3), piece(RecognizedPieceType::Date, 2, 2),
-                            piece(RecognizedPieceType::Date, -1, 2), piece(RecognizedPieceType::Date, 1, 0)});
-        QCOMPARE(m_field->pieces().size(), 1);
-        QVERIFY(!m_field->grab().isNull());
-    }
-
-    void clickOnAPieceAsksToUndoIt()
-    {
-        qRegisterMetaType<RecognizedPiece>();
-        m_field->setText(u"Call tomorrow #home"_s);
-        const RecognizedPiece date = piece(RecognizedPieceType::Date, 5, 8);
-        m_field->setPieces({date});
-        QSignalSpy clicked{m_field.get(), &KWNewTaskTextField::pieceClicked};
-        const auto positionOf = [this](int location) {
-            QTextCursor cursor = m_field->textCursor();
-            cursor.setPosition(location);
-            return m_field->cursorRect(cursor).center();
-        };
-        QTest::mouseClick(m_field->viewport(), Qt::LeftButton, {}, positionOf(2));
-        QCOMPARE(clicked.count(), 0);
-        QTest::mouseClick(m_field->viewport(), Qt::LeftButton, {}, positionOf(9));
-        QCOMPARE(clicked.count(), 1);
-        QVERIFY(clicked[0][0].value<RecognizedPiece>() == date);
-
-        // Dragging over it selects text and undoes nothing.
-        QTest::mousePress(m_field->viewport(), Qt::LeftButton, {}, positionOf(6));
-        QTest::mouseMove(m_field->viewport(), positionOf(16));
-        QTest::mouseRelease(m_field->viewport(), Qt::LeftButton, {}, positionOf(16));
-        QCOMPARE(clicked.count(), 1);
     }
 
 private:

@@ -1,6 +1,6 @@
 #include "gui/ClientFixture.h"
 #include "model/records/KWTask.h"
-#include "support/TaskBuilder.h"
+#include "support/CaseTable.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/datepicker/DatePicker.h"
@@ -37,6 +37,11 @@ class MainMenu_test : public QObject {
         m_client->kit().manager().refreshAll();
         return m_client->kit().context().models<KWTask>({}).constFirst();
     }
+    void goToTask()
+    {
+        list().selectTask(task().sid);
+        list().setFocus();
+    }
     void press(const char *keys)
     {
         const QKeySequence sequence{QLatin1StringView{keys}};
@@ -55,19 +60,21 @@ private Q_SLOTS:
     }
     void cleanup() { m_client.reset(); }
 
-    void taskItemsWaitForASelectedTask()
+    void whatCannotBeChosenSaysWhy()
     {
         list().setCurrentIndex({});
-        QVERIFY(!menu().action(MenuCommand::SetToday).isEnabled());
-        QVERIFY(!menu().action(MenuCommand::SetToday).toolTip().isEmpty());
-        list().selectTask(task().sid);
+        for (const MenuCommand each : {MenuCommand::SetToday, MenuCommand::OpenCalendar,
+                                       MenuCommand::OpenHabit, MenuCommand::OpenSummary}) {
+            QVERIFY(!menu().action(each).isEnabled());
+            QVERIFY(!menu().action(each).toolTip().isEmpty());
+        }
+        goToTask();
         QVERIFY(menu().action(MenuCommand::SetToday).isEnabled());
     }
 
     void keysWorkOnTheSelectedTask()
     {
-        list().selectTask(task().sid);
-        list().setFocus();
+        goToTask();
         press("Alt+3");
         QCOMPARE(task().priority, KWTaskPriorityHigh);
         press("Ctrl+Z");
@@ -78,8 +85,7 @@ private Q_SLOTS:
         press("Ctrl+Shift+T");
         QCOMPARE(*task().startDate, at("2026-11-22 17:00"));
         m_client->openList(u"Inbox"_s);
-        list().selectTask(task().sid);
-        list().setFocus();
+        goToTask();
         press("Ctrl+Shift+W"); // on a Saturday, where weeks begin on Monday or Sunday
         QCOMPARE(*task().startDate, at("2026-11-23 17:00"));
         press("Ctrl+T");
@@ -95,8 +101,7 @@ private Q_SLOTS:
 
     void theDatePickerAnswersToTheKeyboard()
     {
-        list().selectTask(task().sid);
-        list().setFocus();
+        goToTask();
         press("Ctrl+D");
         auto *picker = window().findChild<DatePicker *>();
         QVERIFY(picker);
@@ -112,33 +117,18 @@ private Q_SLOTS:
         window().activateWindow(); // what a window manager does when the picker goes
         QVERIFY(QTest::qWaitForWindowActive(&window()));
         m_client->openList(u"Inbox"_s);
-        list().selectTask(task().sid);
-        list().setFocus();
+        goToTask();
         press("Ctrl+D");
         window().findChild<QPushButton *>(u"pickNoDate"_s)->click();
         QVERIFY(!task().startDate);
     }
 
-    void keysOpenLists_data()
-    {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("title");
-        for (const auto &[keys, title] :
-             std::initializer_list<std::pair<const char *, QString>>{{"Ctrl+1", u"Inbox"_s},
-                                                                     {"Ctrl+3", u"Tomorrow"_s},
-                                                                     {"Ctrl+4", u"Next 7 Days"_s},
-                                                                     {"Ctrl+7", u"All"_s},
-                                                                     {"Ctrl+8", u"Assigned to Me"_s},
-                                                                     {"Ctrl+9", u"Completed"_s},
-                                                                     {"Ctrl+0", u"Trash"_s}})
-            QTest::newRow(keys) << QString::fromLatin1(keys) << title;
-    }
-
+    void keysOpenLists_data() { addCaseRows("gui/list-keys.txt", 2); }
     void keysOpenLists()
     {
-        QFETCH(QString, keys);
-        QFETCH(QString, title);
-        press(keys.toLatin1().constData());
+        QFETCH(QStringList, cells);
+        const QString &title = cells[1];
+        press(cells[0].toLatin1().constData());
         QCOMPARE(head(), title);
         const bool takesTasks = title != u"Completed" && title != u"Trash";
         QCOMPARE(window().listPane().addField().isVisible(), takesTasks);
@@ -147,16 +137,6 @@ private Q_SLOTS:
         QCOMPARE(head(), takesTasks ? title : u"Today"_s);
         m_client->restart();
         QVERIFY(!head().isEmpty());
-    }
-
-    void whatIsMissingSaysSo()
-    {
-        for (const MenuCommand each : {MenuCommand::OpenCalendar, MenuCommand::OpenHabit,
-                                       MenuCommand::OpenSummary, MenuCommand::SendDiagnostics}) {
-            if (menu().action(each).isEnabled()) continue;
-            QVERIFY(!menu().action(each).toolTip().isEmpty());
-        }
-        QVERIFY(!menu().action(MenuCommand::OpenCalendar).isEnabled());
     }
 
     void altShowsTheBarAndEscapeHidesIt()
@@ -198,6 +178,7 @@ private Q_SLOTS:
         QVERIFY(m_client->rooms().welcomeWindow().window());
         QVERIFY(!menu().action(MenuCommand::AddTask).isEnabled());
         m_client->useOnThisComputer();
+        QVERIFY(!m_client->rooms().welcomeWindow().window());
         QVERIFY(menu().action(MenuCommand::AddTask).isEnabled());
         QCOMPARE(m_client->shownTitles(), QStringList{u"Call the venue"_s});
     }

@@ -1,4 +1,5 @@
 #include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
@@ -69,15 +70,7 @@ private Q_SLOTS:
     {
         for (int row = 0; row < find<QListWidget>("preferencesPages").count(); ++row) {
             find<QListWidget>("preferencesPages").setCurrentRow(row);
-            for (QWidget *each : window().findChildren<QWidget *>()) {
-                const bool isControl =
-                    qobject_cast<QAbstractButton *>(each) || qobject_cast<QComboBox *>(each) ||
-                    qobject_cast<QTimeEdit *>(each) ||
-                    (qobject_cast<QLineEdit *>(each) && !qobject_cast<QTimeEdit *>(each->parent()));
-                if (!isControl || !each->isVisible()) continue;
-                QVERIFY2(!each->accessibleName().isEmpty(), qPrintable(each->objectName()));
-                QVERIFY2(each->focusPolicy() & Qt::TabFocus, qPrintable(each->objectName()));
-            }
+            verifyControlsHaveNames(window());
         }
         QTest::keyClick(&window(), Qt::Key_Escape);
         QVERIFY(!window().isVisible());

@@ -1,5 +1,6 @@
 #include "views/taskdetail/TaskDetailView.h"
 
+#include "gui/WindowHelp.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 #include "views/controls/CommittingTextEdit.h"
@@ -61,29 +62,6 @@ private Q_SLOTS:
         QTest::keyClicks(&content(), u"z"_s);
         m_view->setTask(std::nullopt);
         QCOMPARE(m_record.task.content, u"yzOne page"_s);
-    }
-
-    void showsNoTask()
-    {
-        m_view->setTask(m_record);
-        QVERIFY(title().isVisible());
-        m_view->setTask(std::nullopt);
-        QVERIFY(!title().isVisible());
-    }
-
-    void updateLeavesTheCaretAndTheWordsAlone()
-    {
-        m_view->setTask(m_record);
-        content().setFocus();
-        content().moveCursor(QTextCursor::End);
-        QTest::keyClicks(&content(), u" and more"_s);
-        m_record.task.title = u"Another title"_s;
-        m_record.task.content = u"Other words"_s;
-        m_view->setTask(m_record);
-        QCOMPARE(title().text(), u"Another title"_s);
-        QCOMPARE(content().text(), u"One page and more"_s);
-        QVERIFY(content().hasFocus());
-        QVERIFY(content().textCursor().atEnd());
     }
 
     void enterGoesOnToTheNextItem()
@@ -161,15 +139,14 @@ private Q_SLOTS:
         QTest::mouseClick(m_view->findChild<QWidget *>(u"detailCheckbox"_s), Qt::LeftButton);
         QCOMPARE(itemToggled.last().first().toString(), u"a"_s);
         QCOMPARE(completionToggled.count(), 1);
+        m_view->setTask(std::nullopt);
+        QVERIFY(!title().isVisible());
     }
 
     void everyPartHasAName()
     {
         m_view->setTask(taskWith({item(u"a"_s, u"A"_s)}));
-        for (const QWidget *widget : m_view->findChildren<QWidget *>())
-            if (widget->focusPolicy() & Qt::TabFocus && widget->isVisible())
-                QVERIFY2(!widget->accessibleName().isEmpty() && !widget->objectName().isEmpty(),
-                         widget->metaObject()->className());
+        verifyControlsHaveNames(*m_view);
     }
 
 private:

@@ -1,4 +1,5 @@
 #include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "support/TestMain.h"
@@ -8,7 +9,6 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QPushButton>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -45,14 +45,6 @@ class TrashPage_test : public QObject {
         menus.last()->close();
         (*found)->trigger();
     }
-    void answerNextQuestion(Qt::Key key, const QString &button = {})
-    {
-        QTimer::singleShot(0, this, [key, button] {
-            QWidget *alert = QApplication::activeModalWidget();
-            QVERIFY(alert);
-            QTest::keyClick(button.isEmpty() ? alert : alert->findChild<QPushButton *>(button), key);
-        });
-    }
 
 private Q_SLOTS:
     void init()
@@ -85,11 +77,11 @@ private Q_SLOTS:
     void deletesForGoodOnlyWhenSure()
     {
         goToFirstRow();
-        answerNextQuestion(Qt::Key_Return);
+        answerNextAlert(Qt::Key_Return);
         m_client->press(Qt::Key_Delete);
         QCOMPARE(storedTasks(), 2);
         goToFirstRow();
-        answerNextQuestion(Qt::Key_Space, u"alertButton0"_s);
+        answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
         m_client->press(Qt::Key_Delete);
         QCOMPARE(m_client->shownTitles(), QStringList{u"Pay rent"_s});
         QCOMPARE(storedTasks(), 1);
@@ -98,10 +90,10 @@ private Q_SLOTS:
     void isEmptiedAsAWhole()
     {
         QVERIFY(offer().isVisible());
-        answerNextQuestion(Qt::Key_Escape);
+        answerNextAlert(Qt::Key_Escape);
         offer().click();
         QCOMPARE(storedTasks(), 2);
-        answerNextQuestion(Qt::Key_Space, u"alertButton0"_s);
+        answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
         offer().click();
         QCOMPARE(storedTasks(), 0);
         QVERIFY(!offer().isVisible());
