@@ -129,20 +129,15 @@ private Q_SLOTS:
     {
         const auto here = context();
         KWTask &rent = *here->find<KWTask>(m_rent);
-        KWTask &milk = *here->find<KWTask>(m_milk);
         const KWTaskModel before = rent.model();
         const QString made = here->insert<KWTask>(task("Water plants")).sid();
         rent.set(&KWTaskModel::title, u"Pay the rent"_s);
         here->remove(rent);
-        here->remove(milk);
         here->rollback();
-
-        QVERIFY(!here->hasChanges());
+        QVERIFY(!here->hasChanges() && here->save()->isEmpty());
         QCOMPARE(rent.model(), before);
         QCOMPARE(here->find<KWTask>(m_rent), &rent);
-        QCOMPARE(here->find<KWTask>(m_milk), &milk);
         QCOMPARE(here->find<KWTask>(made), nullptr);
-        QVERIFY(here->save()->isEmpty());
     }
 
     void keepsDifferentFieldsOfTwoWriters()
@@ -152,17 +147,11 @@ private Q_SLOTS:
         KWTask &rent = *here->find<KWTask>(m_rent);
         rent.set(&KWTaskModel::title, u"Pay the rent"_s);
         KWTask &other = *there->find<KWTask>(m_rent);
-        other.set(&KWTaskModel::sortOrder, 7);
         other.set(&KWTaskModel::content, u"By transfer"_s);
-        const Result<StoreChange> change = there->save();
-        QCOMPARE(rent->content, QString{});
-        here->refresh(*change);
-        QCOMPARE(rent->title, u"Pay the rent"_s);
-        QCOMPARE(rent->content, u"By transfer"_s);
-
+        here->refresh(*there->save());
+        QCOMPARE(rent->title + rent->content, u"Pay the rentBy transfer"_s);
         other.set(&KWTaskModel::tags, {u"home"_s});
-        QVERIFY(there->save());
-        QVERIFY(here->save()); // without the tags, which it does not know of
+        QVERIFY(there->save() && here->save()); // without the tags, which it does not know of
         QCOMPARE(stored(m_rent)->title, u"Pay the rent"_s);
         QCOMPARE(stored(m_rent)->tags, QStringList{u"home"_s});
     }
@@ -271,10 +260,9 @@ private Q_SLOTS:
     {
         const auto here = context();
         here->connection().execute("ALTER TABLE checklistItems RENAME TO lost");
-        QCOMPARE(here->find<KWChecklistItem>(u"any"_s), nullptr);
-        QVERIFY(here->fetch<KWChecklistItem>({}).isEmpty());
+        QVERIFY(!here->find<KWChecklistItem>(u"any"_s) && here->fetch<KWChecklistItem>({}).isEmpty());
         QCOMPARE(here->number("SELECT count(*) FROM checklistItems"), 0);
-        QVERIFY(here->find<KWTask>(m_rent));
+        QVERIFY(here->find<KWTask>(m_rent) && !here->readResult());
     }
 };
 
