@@ -83,12 +83,9 @@ private Q_SLOTS:
         QCOMPARE(TimeText::fromInstant(got.before), cells[3]);
         QCOMPARE(TimeText::fromInstant(got.after), cells[4]);
         QCOMPARE(zone->toInstant(local), got.before);
-        if (got.kind == Kind::Gap) {
-            QCOMPARE(zone->toLocal(got.before) - local, got.before - got.after);
-        } else {
-            QCOMPARE(zone->toLocal(got.before), local);
-            QCOMPARE(zone->toLocal(got.after), local);
-        }
+        const auto gap = got.kind == Kind::Gap ? got.before - got.after : 0ms;
+        QCOMPARE(zone->toLocal(got.before), local + gap);
+        QCOMPARE(zone->toLocal(got.after), local - gap);
         QCOMPARE(got.transition.has_value(), got.kind != Kind::Unique);
         if (!got.transition) return;
         QVERIFY(zone->offsetAt(*got.transition) != zone->offsetAt(*got.transition - 1ms));
@@ -138,10 +135,9 @@ private Q_SLOTS:
     void knowsWhatIsNoZone()
     {
         QVERIFY(!CXTimeZone::named({}));
-        for (const CaseRow &row : readCases("corvexkit/no-zones.txt", 1)) {
-            QVERIFY2(!CXTimeZone::named(row.cells.first()), row.where.constData());
-            QVERIFY(!CXTimeZone::named(row.cells.first())); // nor when asked again
-        }
+        for (const CaseRow &row : readCases("corvexkit/no-zones.txt", 1))
+            for (int again = 0; again < 2; ++again)
+                QVERIFY2(!CXTimeZone::named(row.cells.first()), row.where.constData());
     }
 
     void refusesBrokenFiles()
@@ -176,20 +172,13 @@ private Q_SLOTS:
         QCOMPARE(zone->offsetAt(Instant{}), 9h);
     }
 
+    void followsTheSystem_data() { addCaseRows("corvexkit/system-zones.txt", 2); }
     void followsTheSystem()
     {
-        const QList<QPair<QByteArray, QString>> cases{
-            {"Europe/Berlin", u"Europe/Berlin"_s},
-            {":Asia/Tokyo", u"Asia/Tokyo"_s},
-            {"/usr/share/zoneinfo/Asia/Kolkata", u"Asia/Kolkata"_s},
-            {"EST5EDT,M3.2.0,M11.1.0", u"EST5EDT,M3.2.0,M11.1.0"_s},
-            {"Nowhere/Else", u"UTC"_s},
-        };
-        for (const auto &[variable, identifier] : cases) {
-            qputenv("TZ", variable);
-            QCOMPARE(CXTimeZone::systemIdentifier(), identifier);
-            QCOMPARE(CXTimeZone::system().identifier(), identifier);
-        }
+        QFETCH(QStringList, cells);
+        qputenv("TZ", cells[0].toLatin1());
+        QCOMPARE(CXTimeZone::systemIdentifier(), cells[1]);
+        QCOMPARE(CXTimeZone::system().identifier(), cells[1]);
         qputenv("TZ", "UTC");
     }
 

@@ -33,19 +33,16 @@ private Q_SLOTS:
         SystemClock clock;
         for (int i = 0; i < 5; ++i) {
             QEventLoop loop; // awake the moment a call is due
+            bool isEarly = false;
             const Instant due = clock.now() + 2ms;
-            Instant wall;
-            const auto first = clock.callAt(due, [&] {
-                wall = clock.now();
+            const auto wall = clock.callAt(due, [&] { isEarly = clock.now() < due; });
+            const auto start = steady_clock::now();
+            const auto steady = clock.callAfter(4ms, [&] {
+                isEarly = isEarly || steady_clock::now() - start < 4ms;
                 loop.quit();
             });
             loop.exec();
-            QVERIFY(wall >= due);
-
-            const auto start = steady_clock::now();
-            const auto second = clock.callAfter(2ms, [&] { loop.quit(); });
-            loop.exec();
-            QVERIFY(steady_clock::now() - start >= 2ms);
+            QVERIFY(!wall.isPending() && !isEarly);
         }
     }
 
@@ -68,11 +65,10 @@ private Q_SLOTS:
     void runsInNestedLoops()
     {
         SystemClock clock;
-        QEventLoop nested;
         bool done = false;
-        ClockCall inner;
         const auto outer = clock.callAfter(0ms, [&] {
-            inner = clock.callAfter(1ms, [&] { nested.quit(); });
+            QEventLoop nested;
+            const auto inner = clock.callAfter(1ms, [&] { nested.quit(); });
             nested.exec();
             done = true;
         });
@@ -84,13 +80,11 @@ private Q_SLOTS:
         qputenv("TZ", "Europe/Berlin");
         SystemClock clock;
         SystemClock fixed{CXTimeZone::named(u"Asia/Tokyo"_s)};
-        QCOMPARE(clock.zone().identifier(), u"Europe/Berlin"_s);
         QVERIFY(!clock.refreshZone());
         qputenv("TZ", "America/New_York");
         QCOMPARE(clock.zone().identifier(), u"Europe/Berlin"_s);
-        QVERIFY(clock.refreshZone());
+        QVERIFY(clock.refreshZone() && !fixed.refreshZone());
         QCOMPARE(clock.zone().identifier(), u"America/New_York"_s);
-        QVERIFY(!fixed.refreshZone());
         QCOMPARE(fixed.zone().identifier(), u"Asia/Tokyo"_s);
         qputenv("TZ", "UTC");
     }
