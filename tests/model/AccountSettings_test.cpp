@@ -24,9 +24,10 @@ class AccountSettings_test : public QObject {
     /// What was posted since the last call.
     QString posted() { return std::exchange(m_posted, {}).join(u' '); }
 
-    /// Deletes those records, which the service knows.
+    /// What a person chose lies in one record that the service knows. Once it is deleted, choosing brings
+    /// it back, still the one that the service knows.
     template <class Record>
-    void deleteAll()
+    void comesBack(const std::function<void()> &choose)
     {
         saved(*m_store, [](ObjectContext &context) {
             for (Record *each : context.fetch<Record>({})) {
@@ -35,15 +36,11 @@ class AccountSettings_test : public QObject {
                 each->markDelete();
             }
         });
-    }
-    /// Of the one record of its kind, which is not deleted and still the one that the service knows.
-    template <class Record>
-    KWSyncStatus syncStatus()
-    {
+        choose();
         const auto all = m_store->context().models<Record>({});
-        if (all.size() != 1 || all.first().isDeleted || all.first().etag != u"1")
-            qFatal("It did not come back");
-        return all.first().syncStatus;
+        QCOMPARE(all.size(), 1);
+        QVERIFY(!all.first().isDeleted && all.first().etag == u"1");
+        QCOMPARE(all.first().syncStatus, KWSyncStatusUpdated);
     }
 
 private Q_SLOTS:
@@ -62,32 +59,28 @@ private Q_SLOTS:
         const auto with = [this](auto KWUserSettingsModel::*field, auto value) {
             return bool(m_settings->change([&](KWUserSettingsModel &settings) { settings.*field = value; }));
         };
-        const auto &stored = [this]() -> const KWUserSettingsModel & {
-            return m_store->account().userSettings();
-        };
         const QString home = m_store->makeList(u"Home"_s);
-        QVERIFY(with(&KWUserSettingsModel::firstWeekday, 7));
+        const QString closed = m_store->makeList(u"Closed"_s);
+        setSaved<KWProject>(*m_store, closed, &KWProjectModel::closed, true);
+        const QString both =
+            KWUserSettingsDidChangeNotification + u' ' + KWTaskDefaultConfigurationChangedNotification;
         QVERIFY(m_settings->updateTimeZoneOptionEnable(true));
-        QCOMPARE(m_posted.count(KWUserSettingsDidChangeNotification), 2);
-        posted();
+        QCOMPARE(posted(), both);
         QVERIFY(with(&KWUserSettingsModel::showCompleted, false));
         QCOMPARE(posted(), KWUserSettingsDidChangeNotification);
-        QVERIFY(stored().firstWeekday == 7 && stored().isTimeZoneOptionEnabled);
         QVERIFY(with(&KWUserSettingsModel::defaultListID, home));
-        QCOMPARE(m_posted.last(), KWTaskDefaultConfigurationChangedNotification);
+        QCOMPARE(posted(), both);
         QCOMPARE(m_store->account().defaultAddtoList(), home);
 
-        const KWUserSettingsModel before = stored();
-        posted();
+        const KWUserSettingsModel before = m_store->account().userSettings();
+        QVERIFY(before.isTimeZoneOptionEnabled);
         for (const int each : {0, 8})
             QVERIFY(!with(&KWUserSettingsModel::firstWeekday, each));
         for (const int each : {-1, 24 * 60})
             QVERIFY(!with(&KWUserSettingsModel::smartTimeForNight, each));
-        const QString closed = m_store->makeList(u"Closed"_s);
-        setSaved<KWProject>(*m_store, closed, &KWProjectModel::closed, true);
         for (const QString &each : {closed, u"gone"_s})
             QVERIFY(!with(&KWUserSettingsModel::defaultListID, each));
-        QVERIFY(stored() == before);
+        QVERIFY(m_store->account().userSettings() == before);
         QCOMPARE(posted(), QString{});
     }
 
@@ -100,22 +93,19 @@ private Q_SLOTS:
         const auto visibility = [this](const KWSmartProject &list) {
             return list.visibilityOfUser(m_store->userID(), m_store->context());
         };
-        QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityHidden);
-        QVERIFY(m_settings->setVisibility(KWSmartProjectVisibilityShown, KWSmartProject::abandoned()));
+        const KWSmartProject &abandoned = KWSmartProject::abandoned();
+        QVERIFY(m_settings->setVisibility(KWSmartProjectVisibilityShown, abandoned));
         QCOMPARE(posted(), KWSmartListDisplayStatusDidChangeNotification);
-        QVERIFY(m_settings->setSortType(KWTaskSortTypeTitle, KWSmartProject::abandoned()));
+        QVERIFY(m_settings->setSortType(KWTaskSortTypeTitle, abandoned));
         QCOMPARE(posted(), KWListDisplayConfigurationDidChangeNotification);
-        QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityShown);
-        QCOMPARE(sortType(KWSmartProject::abandoned()), KWTaskSortTypeTitle);
+        QCOMPARE(sortType(abandoned), KWTaskSortTypeTitle);
         QCOMPARE(sortType(KWSmartProject::today()), KWTaskSortTypeDate);
-
-        deleteAll<KWSmartProjectSetting>();
-        QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityHidden);
-        QCOMPARE(sortType(KWSmartProject::abandoned()), KWTaskSortTypeCompletionDate);
-        QVERIFY(m_settings->setVisibility(KWSmartProjectVisibilityShown, KWSmartProject::abandoned()));
-        QCOMPARE(visibility(KWSmartProject::abandoned()), KWSmartProjectVisibilityShown);
-        QCOMPARE(sortType(KWSmartProject::abandoned()), KWTaskSortTypeCompletionDate); // as it comes
-        QCOMPARE(syncStatus<KWSmartProjectSetting>(), KWSyncStatusUpdated);
+        comesBack<KWSmartProjectSetting>([&] {
+            QCOMPARE(visibility(abandoned), KWSmartProjectVisibilityHidden);
+            QVERIFY(m_settings->setVisibility(KWSmartProjectVisibilityShown, abandoned));
+            QCOMPARE(visibility(abandoned), KWSmartProjectVisibilityShown);
+            QCOMPARE(sortType(abandoned), KWTaskSortTypeCompletionDate); // as it comes
+        });
     }
 
     void keepsHowListsAreShown()
@@ -125,33 +115,30 @@ private Q_SLOTS:
         const auto today = KWListIdentifier::todayProject();
         for (const QString &folded : {u"late"_s, u"done"_s}) {
             KWListDisplayConfigurationModel shown = lists.configuration(today);
-            QVERIFY(shown.collapsedGroups != QStringList{folded});
             shown.collapsedGroups = {folded};
             QVERIFY(lists.save(shown));
-            QVERIFY(lists.configuration(today).collapsedGroups == QStringList{folded});
+            QCOMPARE(lists.configuration(today).collapsedGroups, QStringList{folded});
             QCOMPARE(posted(), KWListDisplayConfigurationDidChangeNotification);
         }
         QVERIFY(lists.configuration(KWListIdentifier::tag(u"a"_s)).collapsedGroups.isEmpty());
-
-        deleteAll<KWListDisplayConfiguration>();
-        QVERIFY(lists.configuration(today).collapsedGroups.isEmpty());
-        QVERIFY(lists.save(lists.configuration(today)));
-        QCOMPARE(syncStatus<KWListDisplayConfiguration>(), KWSyncStatusUpdated);
+        comesBack<KWListDisplayConfiguration>([&] {
+            QVERIFY(lists.configuration(today).collapsedGroups.isEmpty());
+            QVERIFY(lists.save(lists.configuration(today)));
+        });
     }
 
     void keepsWhatNewTasksGet()
     {
-        KWTaskDefaultConfiguration chosen = m_store->account().taskDefaultConfiguration();
-        chosen.priority = KWTaskPriorityHigh;
+        KWTaskDefaultConfiguration chosen;
         chosen.dateOffset = std::chrono::days{2};
-        chosen.allDayReminders = {CXAlarmTrigger::triggerWithRepresentation(u"TRIGGER:P0DT9H0M0S"_s, true)};
+        chosen.reminders = {CXAlarmTrigger::triggerWithUnit(CXAlarmTrigger::Unit::Minutes, 10)};
         OrvaneKit &kit = m_store->kit();
-        QVERIFY(KWTaskDefaultConfigurationManager::save(chosen, m_store->userID(), kit.manager(),
-                                                        kit.defaults(), kit.center()));
+        const auto save = [&](const KWTaskDefaultConfiguration &each, const QString &user) {
+            return KWTaskDefaultConfigurationManager::save(each, user, kit.manager(), kit.defaults(),
+                                                           kit.center());
+        };
+        QVERIFY(save(chosen, m_store->userID()) && !save({}, u"nobody"_s));
         QCOMPARE(posted(), KWTaskDefaultConfigurationChangedNotification);
-        QVERIFY(m_store->account().taskDefaultConfiguration() == chosen);
-        QVERIFY(!KWTaskDefaultConfigurationManager::save({}, u"nobody"_s, kit.manager(), kit.defaults(),
-                                                         kit.center()));
         QVERIFY(m_store->account().taskDefaultConfiguration() == chosen);
     }
 

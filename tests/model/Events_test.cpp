@@ -7,82 +7,62 @@ using namespace Qt::StringLiterals;
 class Events_test : public QObject {
     Q_OBJECT
 
-    KWNotificationCenter m_center;
-    KWEventBus m_bus;
-    QStringList m_heard;
+    using Call = std::function<void()>;
 
-    KWNotificationCenter::Handler hear(const QString &who)
+    // Who observes with `Holder` may drop itself and others, and add others, while it is being told.
+    template <class Holder>
+    static void comeAndGo(const std::function<Holder(Call)> &observe, const Call &post)
     {
-        return [this, who](const KWNotification &notification) { m_heard << who + u' ' + notification.name; };
+        QStringList heard;
+        Holder self, later, added;
+        self = observe([&] {
+            later = self = {};
+            heard << u"self"_s; // still whole after it dropped itself
+            added = observe([&] { heard << u"added"_s; });
+        });
+        later = observe([&] { heard << u"later"_s; });
+        post();
+        QCOMPARE(heard, QStringList{u"self"_s});
+        post();
+        QCOMPARE(heard, QStringList({u"self"_s, u"added"_s}));
     }
 
 private Q_SLOTS:
-    void init() { m_heard.clear(); }
-
     void tellsWhoeverObservesTheName()
     {
-        QVariant object;
-        auto first = m_center.addObserver(u"day"_s, [&](const KWNotification &each) {
-            object = each.object;
-            m_center.post(u"hour"_s); // within a post
-        });
-        const auto everything = m_center.addObserver(hear(u"everything"_s));
-        const auto second = m_center.addObserver(u"day"_s, hear(u"second"_s));
-        m_center.post(u"day"_s, 7);
-        QCOMPARE(object, QVariant{7});
-        QCOMPARE(m_heard, QStringList({u"everything hour"_s, u"everything day"_s, u"second day"_s}));
-        m_heard.clear();
-        first = {};
-        m_center.post(u"day"_s);
-        QCOMPARE(m_heard, QStringList({u"everything day"_s, u"second day"_s}));
-    }
-
-    void standsObserversThatComeAndGoWhilePosting()
-    {
-        KWNotificationCenter::Observation later;
-        KWNotificationCenter::Observation self;
-        KWNotificationCenter::Observation added;
-        self = m_center.addObserver(u"day"_s, [&](const KWNotification &) {
-            later = {};
-            self = {};
-            m_heard << u"self"_s; // still whole after it dropped itself
-            added = m_center.addObserver(u"day"_s, hear(u"added"_s));
-        });
-        later = m_center.addObserver(u"day"_s, hear(u"later"_s));
-        m_center.post(u"day"_s);
-        QCOMPARE(m_heard, QStringList{u"self"_s});
-        m_center.post(u"day"_s);
-        QCOMPARE(m_heard, QStringList({u"self"_s, u"added day"_s}));
-    }
-
-    void mayGoBeforeItsObservations()
-    {
-        auto center = std::make_unique<KWNotificationCenter>();
-        auto observation = center->addObserver(hear(u"late"_s));
-        center.reset();
-        observation = {};
-        QVERIFY(m_heard.isEmpty());
-    }
-
-    void standsHandlersOfChangesThatComeAndGo()
-    {
-        KWEventBus::Registration self;
-        KWEventBus::Registration later;
-        KWEventBus::Registration added;
-        const auto hearDeleted = [this](const StoreChange &change) {
-            m_heard << change.of(RecordKind::Task).deleted;
+        KWNotificationCenter center;
+        QStringList heard;
+        const auto hear = [&heard](const KWNotification &each) {
+            heard << each.name + each.object.toString();
         };
-        self = m_bus.registerEventBus([&](const StoreChange &) {
-            KWEventBus::eb_unregister(later);
-            KWEventBus::eb_unregister(self);
-            m_heard << u"self"_s;
-            added = m_bus.registerEventBus(hearDeleted);
+        auto first = center.addObserver(u"day"_s, [&center](const KWNotification &) {
+            center.post(u"hour"_s); // within a post
         });
-        later = m_bus.registerEventBus(hearDeleted);
-        m_bus.post({});
-        QCOMPARE(m_heard, QStringList{u"self"_s});
-        eb_postTasksDeleted(m_bus, {u"a"_s, u"b"_s});
-        QCOMPARE(m_heard, QStringList({u"self"_s, u"a"_s, u"b"_s}));
+        const auto everything = center.addObserver(hear);
+        const auto second = center.addObserver(u"day"_s, hear);
+        center.post(u"day"_s, 7);
+        first = {};
+        center.post(u"day"_s, 8);
+        QCOMPARE(heard.join(u' '), u"hour day7 day7 day8 day8"_s);
+    }
+
+    void standsObserversThatComeAndGo()
+    {
+        KWNotificationCenter center;
+        comeAndGo<KWNotificationCenter::Observation>(
+            [&center](const Call &call) {
+                return center.addObserver(u"day"_s, [call](const KWNotification &) { call(); });
+            },
+            [&center] { center.post(u"day"_s); });
+        KWEventBus bus;
+        comeAndGo<KWEventBus::Registration>(
+            [&bus](const Call &call) {
+                return bus.registerEventBus([call](const StoreChange &change) {
+                    QCOMPARE(change.of(RecordKind::Task).deleted, QStringList{u"a"_s});
+                    call();
+                });
+            },
+            [&bus] { eb_postTasksDeleted(bus, {u"a"_s}); });
     }
 };
 
