@@ -78,6 +78,30 @@ TaskBuilder &TaskBuilder::completedAt(const char *localTime)
     return *this;
 }
 
+TaskBuilder &TaskBuilder::when(const QString &dates)
+{
+    if (dates == u'-') return *this;
+    const QStringList ends = dates.split(QStringLiteral(" .. "));
+    const QByteArray first = ends.first().toLatin1();
+    const QByteArray last = ends.last().toLatin1();
+    if (!dates.contains(u':')) return ends.size() == 2 ? dueFrom(first, last) : dueOn(first);
+    startingAt(first);
+    return ends.size() == 2 ? endingAt(last) : *this;
+}
+
+TaskBuilder &TaskBuilder::inState(const QString &words, const char *closedAt)
+{
+    for (const QString &word : words.split(u' ')) {
+        if (word == u"completed" || word == u"abandoned") completedAt(closedAt);
+        if (word == u"abandoned") m_task.status = KWTaskStatusAbandoned;
+        if (word == u"trashed") m_task.isTrashed = true;
+        if (word == u"deleted") m_task.isDeleted = true;
+        if (word == u"repeating") m_task.repeatRule = QStringLiteral("RRULE:FREQ=DAILY");
+        if (word.startsWith(u"assigned-")) m_task.assignee = word.section(u'-', 1).toInt();
+    }
+    return *this;
+}
+
 QString TaskBuilder::savedIn(StoreFixture &store) const
 {
     KWTaskModel task = m_task;

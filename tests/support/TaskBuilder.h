@@ -20,6 +20,18 @@ public:
     TaskBuilder &ordered(std::int64_t sortOrder);
     TaskBuilder &in(const QString &listID);
     TaskBuilder &completedAt(const char *localTime);
+    template <class Value, class Owner>
+    TaskBuilder &with(Value Owner::*member, std::type_identity_t<Value> value)
+    {
+        m_task.*member = std::move(value);
+        return *this;
+    }
+
+    // As the tables in tests/data write them.
+    /// "-", a day, a local time, or two of a kind: "2030-05-01 .. 2030-05-03".
+    TaskBuilder &when(const QString &dates);
+    /// Words out of "open completed abandoned trashed deleted repeating assigned-7"; "repeating": daily.
+    TaskBuilder &inState(const QString &words, const char *closedAt);
 
     KWTaskModel model() const { return m_task; }
     /// Saves it and answers its id.
