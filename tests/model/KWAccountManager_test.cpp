@@ -134,12 +134,6 @@ private Q_SLOTS:
         QCOMPARE(named(u"inbox"_s), KWProject::inboxIDOfUser(m_store->userID()));
         QCOMPARE(named(u"Old"_s), QString{});
         QCOMPARE(named(u"Home"_s), QString{});
-
-        QStringList names;
-        for (const KWProject *each : KWProject::findProjectsOfUser(
-                 m_store->userID(), ProjectScope::OpenAndClosed, m_store->context()))
-            names << (*each)->name;
-        QCOMPARE(names.mid(1), QStringList({u"Home  Office"_s, u"Old"_s})); // below the inbox
     }
 };
 

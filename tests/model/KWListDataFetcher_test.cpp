@@ -115,14 +115,6 @@ private Q_SLOTS:
         QCOMPARE(shownIn.isEmpty() ? u"-"_s : shownIn.join(u' '), cells.at(5));
     }
 
-    void followsTheZone()
-    {
-        aTask("Pay rent", zone).startingAt("2030-05-02 01:30").savedIn(m_store);
-        QVERIFY(rows(KWListIdentifier::todayProject()).isEmpty());
-        m_store.clock.setZone("UTC"); // where it is 23:30 of today
-        QCOMPARE(rows(KWListIdentifier::todayProject()).size(), 1);
-    }
-
     void ordersEachListInItsWay()
     {
         const auto add = [this](const char *title, const QString &when, KWTaskPriority priority, int order) {

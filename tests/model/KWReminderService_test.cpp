@@ -4,6 +4,7 @@
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTaskDateTimeReminderModel.h"
 #include "model/store/Connection.h"
 #include "model/store/TimeZoneAdaptation.h"
 #include "support/CaseTable.h"
@@ -27,11 +28,12 @@ struct ReminderScene {
     StoreFixture store{"2030-05-01 08:00", zone};
     KWReminderService reminders{store.kit().manager()};
 
-    QString addTask(const char *start, const char *reminder = "TRIGGER:PT0S")
+    /// To be reminded of at nine.
+    QString addTask(const char *title, const QString &list = {}, const char *state = "open")
     {
-        const QString id = aTask("Call", zone).startingAt(start).savedIn(store);
-        setSaved<KWTask>(store, id, &KWTaskModel::reminders, {QString::fromLatin1(reminder)});
-        return id;
+        TaskBuilder task = aTask(title, zone).startingAt("2030-05-01 09:00").in(list);
+        task.with(&KWTaskModel::reminders, {u"TRIGGER:PT0S"_s});
+        return task.inState(QString::fromLatin1(state), "2030-05-01 08:00").savedIn(store);
     }
     std::optional<Instant> alertOf(const QString &id)
     {
@@ -58,25 +60,25 @@ private Q_SLOTS:
         QFETCH(QStringList, cells);
         ReminderScene scene;
         scene.store.clock.setNow(*instantOf(cells.at(0)));
-        KWTaskModel task = aTask("Call", zone).model();
-        task.userID = scene.store.userID();
-        task.projectID = KWProject::inboxIDOfUser(task.userID);
-        task.isAllDay = cells.at(1).size() == 10;
-        task.timeZone = cells.at(2) == u"-" ? QString{} : cells.at(2);
-        task.startDate = instantOf(cells.at(1), task.isAllDay ? task.timeZone : QString::fromLatin1(zone));
-        task.reminders = cells.at(3).split(u' ');
-        task.snoozedRemindDate = instantOf(cells.at(4));
-        QString id;
-        saved(scene.store, [&](ObjectContext &context) { id = context.insert<KWTask>(task).sid(); });
+        const bool isAllDay = cells.at(1).size() == 10;
+        const QString taskZone = cells.at(2) == u"-" ? QString{} : cells.at(2);
+        const QString id = aTask("Call")
+                               .with(&KWTaskModel::isAllDay, isAllDay)
+                               .with(&KWTaskModel::timeZone, taskZone)
+                               .with(&KWTaskModel::startDate,
+                                     isAllDay ? instantOf(cells.at(1), taskZone) : instantOf(cells.at(1)))
+                               .with(&KWTaskModel::reminders, cells.at(3).split(u' '))
+                               .with(&KWTaskModel::snoozedRemindDate, instantOf(cells.at(4)))
+                               .savedIn(scene.store);
         QCOMPARE(scene.alertOf(id), instantOf(cells.at(5)));
-        const auto next = scene.reminders.nextRemindTime(task.userID, scene.store.clock.now());
+        const auto next = scene.reminders.nextRemindTime(scene.store.userID(), scene.store.clock.now());
         QCOMPARE(next, instantOf(cells.at(5)));
     }
 
     void followsEditsAndLeavesTheModificationTimeAlone()
     {
         ReminderScene scene;
-        const QString id = scene.addTask("2030-05-01 09:00");
+        const QString id = scene.addTask("Call");
         setSaved<KWTask>(scene.store, id, &KWTaskModel::startDate, at("2030-05-01 10:00", zone));
         QCOMPARE(scene.alertOf(id), at("2030-05-01 10:00", zone));
 
@@ -102,9 +104,8 @@ private Q_SLOTS:
         constexpr const char *away = "America/New_York";
         ReminderScene scene;
         const auto addDay = [&scene] {
-            const QString id = aTask("Pay rent", zone).dueOn("2030-05-02").savedIn(scene.store);
-            setSaved<KWTask>(scene.store, id, &KWTaskModel::reminders, {u"TRIGGER:P0DT9H0M0S"_s});
-            return id;
+            TaskBuilder task = aTask("Pay rent", zone).dueOn("2030-05-02");
+            return task.with(&KWTaskModel::reminders, {u"TRIGGER:P0DT9H0M0S"_s}).savedIn(scene.store);
         };
         const QString left = addDay(), edited = addDay();
         QCOMPARE(scene.alertOf(left), at("2030-05-02 09:00", zone));
@@ -118,34 +119,42 @@ private Q_SLOTS:
         QCOMPARE(scene.alertOf(edited), at("2030-05-02 10:00", away));
     }
 
+    void carriesDatesOverToAnotherTask()
+    {
+        KWTaskModel allDay = aTask("Pay rent", zone).dueFrom("2030-05-01", "2030-05-03").model();
+        allDay.repeatRule = u"RRULE:FREQ=WEEKLY"_s;
+        allDay.repeatFrom = CXRecurrenceFromCompletionDate;
+        allDay.reminders = {u"TRIGGER:P0DT9H0M0S"_s};
+        const KWTaskModel timed = aTask("Pay rent", zone).startingAt("2030-05-01 10:00").model();
+        for (const KWTaskModel &each : {allDay, timed, aTask("Pay rent", zone).model()}) {
+            KWTaskModel copy = aTask("Pay rent", zone).dueOn("2020-01-01").model();
+            copy.reminders = {u"TRIGGER:PT0S"_s};
+            KWTaskDateTimeReminderModel::ofTask(each).applyTo(copy, QString::fromLatin1(zone));
+            QVERIFY(copy == each);
+        }
+    }
+
     void staysSilentAboutWhatNobodyIsToHear()
     {
         ReminderScene scene;
         const QString muted = scene.store.makeList(u"Muted"_s);
         const QString archived = scene.store.makeList(u"Archived"_s);
-        QHash<QString, QString> ids;
-        for (const char *each : {"muted", "archived", "else's", "mine", "completed", "trashed", "deleted"}) {
-            const QString id = ids[QString::fromLatin1(each)] = scene.addTask("2030-05-01 09:00");
-            setSaved<KWTask>(scene.store, id, &KWTaskModel::title, QString::fromLatin1(each));
-        }
+        setSaved<KWProject>(scene.store, muted, &KWProjectModel::isMuted, true);
+        setSaved<KWProject>(scene.store, archived, &KWProjectModel::closed, true);
+        scene.addTask("muted", muted);
+        scene.addTask("archived", archived);
+        scene.addTask("else's", {}, "assigned-7");
+        scene.addTask("trashed", {}, "trashed");
+        scene.addTask("deleted", {}, "deleted");
+        const QString mine = scene.addTask("mine", {}, "assigned-0");
+        const QString completed = scene.addTask("completed", {}, "completed");
         saved(scene.store, [&](ObjectContext &context) {
-            const auto task = [&](const QString &title) { return context.find<KWTask>(ids.value(title)); };
-            context.find<KWProject>(muted)->set(&KWProjectModel::isMuted, true);
-            context.find<KWProject>(archived)->set(&KWProjectModel::closed, true);
-            task(u"muted"_s)->set(&KWTaskModel::projectID, muted);
-            task(u"archived"_s)->set(&KWTaskModel::projectID, archived);
-            task(u"else's"_s)->set(&KWTaskModel::assignee, 7);
-            task(u"mine"_s)->set(&KWTaskModel::assignee, 0);
-            task(u"completed"_s)->updateStatus(KWTaskStatusCompleted);
-            task(u"trashed"_s)->set(&KWTaskModel::isTrashed, true);
-            task(u"deleted"_s)->markDelete();
             KWChecklistItemModel item;
             item.userID = scene.store.userID();
             item.startDate = at("2030-05-01 09:00", zone);
-            for (const auto &[title, owner] :
-                 {std::pair{u"item"_s, u"mine"_s}, {u"orphan"_s, u"completed"_s}}) {
+            for (const auto &[title, owner] : {std::pair{u"item"_s, mine}, {u"orphan"_s, completed}}) {
                 item.title = title;
-                item.taskID = ids.value(owner);
+                item.taskID = owner;
                 context.insert<KWChecklistItem>(item);
             }
         });

@@ -1,5 +1,6 @@
 #include "model/store/KWTaskEditor.h"
 
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "support/CaseTable.h"
@@ -25,16 +26,25 @@ class KWTaskEditor_test : public QObject {
     StoreFixture m_store{"2030-05-01 09:00", berlin};
     KWTaskEditor m_editor{m_store.kit().manager()};
     const KWTaskModel &taskWith(const QString &id) { return m_store.context().find<KWTask>(id)->model(); }
+    QStringList itemTitles(const QString &taskID)
+    {
+        QStringList titles;
+        const auto found = m_editor.read(taskID);
+        for (const KWChecklistItemModel &each : found->items)
+            titles << each.title;
+        return titles;
+    }
 
 private Q_SLOTS:
     void putsOnAnotherDay_data() { addCaseRows("model/days.txt", 6); }
     void putsOnAnotherDay()
     {
         QFETCH(QStringList, cells);
-        const QString id = aTask("Water the seedlings", berlin).savedIn(m_store);
-        setSaved<KWTask>(m_store, id, &KWTaskModel::startDate, when(cells.at(0)));
-        setSaved<KWTask>(m_store, id, &KWTaskModel::endDate, when(cells.at(1)));
-        setSaved<KWTask>(m_store, id, &KWTaskModel::isAllDay, cells.at(2) == u"yes");
+        const QString id = aTask("Water the seedlings")
+                               .with(&KWTaskModel::startDate, when(cells.at(0)))
+                               .with(&KWTaskModel::endDate, when(cells.at(1)))
+                               .with(&KWTaskModel::isAllDay, cells.at(2) == u"yes")
+                               .savedIn(m_store);
         const Day day = CXTimeZone::named(QLatin1StringView{berlin})->dayOf(*when(cells.at(3) + u" 12:00"_s));
 
         QVERIFY(m_editor.setDay(id, day));
@@ -47,10 +57,55 @@ private Q_SLOTS:
         QVERIFY(!taskWith(id).startDate && !taskWith(id).endDate && !taskWith(id).isAllDay);
     }
 
+    void editsTheTitleAndTheText()
+    {
+        const QString id = aTask("Pay rent").savedIn(m_store);
+        QVERIFY(m_editor.setTitle(id, u"\r\n😀\nPay\r\nthe\u2028rent \n"_s));
+        const QString odd = u"\u202Eשלום‏ 👩‍🚀 𝒙\n'; DROP TABLE tasks; -- \" ? % _ \\"_s +
+                            QChar{u'\0'} + QString{100'000, u'語'};
+        QVERIFY(m_editor.setContent(id, odd));
+        const Result<void> refused = m_editor.setTitle(id, u" \n"_s);
+        QVERIFY(!refused && refused.error().sentence.endsWith(u'.'));
+        QVERIFY(m_editor.addItem(id, {}, u"item"_s)); // makes a checklist of it
+        const auto fresh = std::move(*m_store.kit().store().makeContext());
+        QCOMPARE(fresh->find<KWTask>(id)->model().desc, odd);
+        QVERIFY(m_editor.setContent(id, u"In cash"_s));
+        QCOMPARE(taskWith(id).title, u"😀 Pay the rent"_s);
+        QCOMPARE(taskWith(id).desc, u"In cash"_s);
+        QCOMPARE(taskWith(id).content, QString{});
+    }
+
+    void keepsTheItemsOfAChecklistInOrder()
+    {
+        const QString id = aTask("Pay rent").savedIn(m_store);
+        const QString second = *m_editor.addItem(id, {}, u"second"_s);
+        QVERIFY(m_editor.addItem(id, {}, u"first"_s));
+        const QString last = *m_editor.addItem(id, u"no such item"_s, u"last"_s);
+        QStringList titles{u"last"_s};
+        for (int i = 0; i < 60; ++i) { // more than there is room for
+            titles.prepend(u"between %1"_s.arg(i));
+            QVERIFY(m_editor.addItem(id, second, titles.first()));
+        }
+        QCOMPARE(itemTitles(id), QStringList({u"first"_s, u"second"_s}) + titles);
+
+        QVERIFY(m_editor.tickItem(last));
+        QVERIFY(m_store.context().find<KWChecklistItem>(last)->isCompleted());
+        QVERIFY(m_editor.tickItem(last));
+        QVERIFY(!m_store.context().find<KWChecklistItem>(last)->isCompleted());
+        QVERIFY(m_editor.setItemTitle(last, u"the\nlast"_s));
+        QVERIFY(m_editor.removeItem(second));
+        QVERIFY(!m_editor.tickItem(second));
+        QCOMPARE(itemTitles(id).size(), 62);
+        QCOMPARE(itemTitles(id).last(), u"the last"_s);
+    }
+
     void refusesATaskThatIsGone()
     {
-        QVERIFY(!m_editor.setPriority(u"gone"_s, KWTaskPriorityHigh));
-        QVERIFY(!m_editor.setDay(u"gone"_s, m_store.clock.today()));
+        const QString deleted = aTask("Seedlings").inState(u"deleted"_s, {}).savedIn(m_store);
+        for (const QString &each : {u"gone"_s, deleted}) {
+            QVERIFY(!m_editor.setTitle(each, u"Rent"_s) && !m_editor.addItem(each, {}, u"Item"_s));
+            QVERIFY(!m_editor.setDay(each, m_store.clock.today()) && !m_editor.read(each));
+        }
     }
 
     void changesNothingInAListThatMayOnlyBeRead()
@@ -73,8 +128,7 @@ private Q_SLOTS:
 
     void givesANoteNoChecklist()
     {
-        const QString id = aTask("Seedlings").savedIn(m_store);
-        setSaved<KWTask>(m_store, id, &KWTaskModel::kind, KWTaskKindNote);
+        const QString id = aTask("Seedlings").with(&KWTaskModel::kind, KWTaskKindNote).savedIn(m_store);
         QVERIFY(!m_editor.addItem(id, {}, u"item"_s));
         QVERIFY(m_editor.read(id)->items.isEmpty());
     }
