@@ -1,40 +1,23 @@
 #include "platform/DesktopNotifications.h"
 
-#include "app/KWUserNotificationHandler.h"
-#include "model/records/KWTask.h"
 #include "platform/FakeService.h"
-#include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
 #include <QDBusServiceWatcher>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono;
 
 namespace {
+
+const QString name = u"org.freedesktop.Notifications"_s;
 
 struct RecordingPanel final : UserNotificationCenterPort {
     void show(const UserNotification &notification) override { titles << notification.title; }
     QStringList titles;
 };
 
-UserNotification messageTitled(const QString &title, const QString &body = {})
-{
-    return {.identifier = title,
-            .title = title,
-            .body = body,
-            .actions = {{u"default"_s, u"Open"_s}, {u"complete"_s, u"Complete"_s}}};
-}
-
-} // namespace
-
-/// The notification server of a desktop.
-class FakeNotificationServer : public FakeService {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
-
-public:
+struct FakeNotificationServer : FakeService {
     struct Message {
         uint id;
         uint replaced;
@@ -43,46 +26,59 @@ public:
         QStringList actions;
     };
 
-    explicit FakeNotificationServer(QStringList abilities = {u"actions"_s, u"body-markup"_s})
-        : FakeService{u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s}
-        , m_abilities(std::move(abilities))
+    explicit FakeNotificationServer(const QStringList &abilities = {u"actions"_s, u"body-markup"_s})
+        : FakeService{name, u"/org/freedesktop/Notifications"_s,
+                      [this, abilities](const QString &call, const QVariantList &arguments) -> Answer {
+                          if (call == name + u".GetCapabilities()"_s) return {{abilities}};
+                          if (call == name + u".Notify(susssasa{sv}i)"_s) return {{noted(arguments)}};
+                          if (call == name + u".CloseNotification(u)"_s) closed << arguments.first().toUInt();
+                          return {};
+                      }}
     {
+    }
+    uint noted(const QVariantList &arguments)
+    {
+        const uint replaced = arguments.at(1).toUInt();
+        const uint id = replaced != 0 ? replaced : uint(messages.size()) + 7;
+        messages.append({id, replaced, arguments.at(3).toString(), arguments.at(4).toString(),
+                         arguments.at(5).toStringList()});
+        return id;
     }
     void press(uint id, const QString &key)
     {
-        constexpr auto interface = "org.freedesktop.Notifications";
-        tell(interface, "ActivationToken", {id, u"token"_s});
-        tell(interface, "ActionInvoked", {id, key});
-        tell(interface, "NotificationClosed", {id, 2u});
+        tell(qPrintable(name), "ActivationToken", {id, u"token"_s});
+        tell(qPrintable(name), "ActionInvoked", {id, key});
+        tell(qPrintable(name), "NotificationClosed", {id, 2u});
     }
 
     QList<Message> messages;
     QList<uint> closed;
-    int questions = 0;
-
-public Q_SLOTS:
-    QStringList GetCapabilities()
-    {
-        ++questions;
-        return m_abilities;
-    }
-    uint Notify(const QString &, uint replaced, const QString &, const QString &title, const QString &body,
-                const QStringList &actions, const QVariantMap &, int)
-    {
-        const uint id = replaced != 0 ? replaced : uint(messages.size()) + 7;
-        messages.append({id, replaced, title, body, actions});
-        return id;
-    }
-    void CloseNotification(uint id) { closed << id; }
-
-private:
-    QStringList m_abilities;
 };
+
+} // namespace
 
 class DesktopNotifications_test : public QObject {
     Q_OBJECT
 
-    RecordingPanel m_panel;
+    struct Scene {
+        Scene()
+        {
+            desktop.onResponse = [this](const auto &each) {
+                heard << each.identifier + u' ' + each.action + u' ' + each.activationToken;
+            };
+            desktop.onClosed = [this](const QString &identifier) { heard << identifier + u" closed"_s; };
+        }
+        void show(const QString &title)
+        {
+            desktop.show({.identifier = title,
+                          .title = title,
+                          .body = u"a <b>"_s,
+                          .actions = {{u"default"_s, u"Open"_s}, {u"complete"_s, u"Complete"_s}}});
+        }
+        RecordingPanel panel;
+        DesktopNotifications desktop{panel};
+        QStringList heard;
+    };
 
 private Q_SLOTS:
     void initTestCase()
@@ -90,110 +86,66 @@ private Q_SLOTS:
         QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run it on a bus");
         QCoreApplication::processEvents();
     }
-    void init() { m_panel.titles.clear(); }
 
-    void remindsAndDoesWhatIsPressed()
+    void showsReplacesAndTakesBack()
     {
         FakeNotificationServer server;
-        StoreFixture store{"2030-05-01 08:00"};
-        DesktopNotifications desktop{m_panel};
-        OrvaneKit &kit = store.kit();
-        QList<LaunchRequest> opened;
-        KWUserNotificationHandler handler{{store.clock, kit.manager(), kit.account(), kit.defaults(),
-                                           kit.center(), kit.bus(), desktop,
-                                           [&opened](const LaunchRequest &each) { opened << each; }}};
-        const QString id = aTask("Call").startingAt("2030-05-01 09:00").savedIn(store);
-        setSaved<KWTask>(store, id, &KWTaskModel::reminders, {u"TRIGGER:PT0S"_s});
-        const auto task = [&] { return store.context().find<KWTask>(id); };
-        handler.applicationDidFinishLaunching();
-
-        store.clock.advance(1h);
+        Scene scene;
+        scene.show(u"Call"_s);
         QTRY_COMPARE(server.messages.size(), 1);
-        QCOMPARE(server.messages.last().title, u"Call"_s);
-        QCOMPARE(server.messages.last().actions.first(2), QStringList({u"default"_s, u"Open"_s}));
+        const auto first = server.messages.first();
+        QCOMPARE(first.title, u"Call"_s);
+        QCOMPARE(first.body, u"a &lt;b&gt;"_s);
+        QCOMPARE(first.actions, QStringList({u"default"_s, u"Open"_s, u"complete"_s, u"Complete"_s}));
         server.press(99, u"complete"_s); // somebody else's
-        server.press(server.messages.last().id, u"snooze-10"_s);
-        QTRY_COMPARE(task()->model().snoozedRemindDate, at("2030-05-01 09:10"));
-        QVERIFY(!task()->isCompleted());
+        server.press(first.id, u"complete"_s);
+        QTRY_COMPARE(scene.heard, QStringList({u"Call complete token"_s, u"Call closed"_s}));
 
-        store.clock.advance(10min);
+        scene.show(u"Write"_s);
         QTRY_COMPARE(server.messages.size(), 2);
-        server.press(server.messages.last().id, u"default"_s);
-        QTRY_COMPARE(opened.size(), 1);
-        QCOMPARE(opened.first().activationToken, u"token"_s);
-
-        QVERIFY(KWReminderService{kit.manager()}.snooze({id, {}}, at("2030-05-01 10:00")));
-        store.clock.advance(50min);
-        QTRY_COMPARE(server.messages.size(), 3);
-        server.press(server.messages.last().id, u"complete"_s);
-        QTRY_VERIFY(task()->isCompleted());
-        QCOMPARE(server.questions, 1);
-        QCOMPARE(m_panel.titles, QStringList{});
-    }
-
-    void replacesAndTakesBack()
-    {
-        FakeNotificationServer server;
-        DesktopNotifications desktop{m_panel};
-        desktop.show(messageTitled(u"Call"_s, u"a <b>"_s));
-        QTRY_COMPARE(server.messages.size(), 1);
-        QCOMPARE(server.messages.first().body, u"a &lt;b&gt;"_s);
         QCoreApplication::processEvents();
-        desktop.show(messageTitled(u"Call"_s));
-        QTRY_COMPARE(server.messages.size(), 2);
-        QTRY_COMPARE(server.messages.last().replaced, server.messages.first().id);
-        desktop.withdraw(u"Call"_s);
-        QTRY_COMPARE(server.closed, QList{server.messages.first().id});
+        scene.show(u"Write"_s);
+        QTRY_COMPARE(server.messages.size(), 3);
+        QCOMPARE(server.messages.last().replaced, server.messages.at(1).id);
+        scene.desktop.withdraw(u"Write"_s);
+        QTRY_COMPARE(server.closed, QList{server.messages.at(1).id});
 
-        desktop.show(messageTitled(u"Late"_s));
-        desktop.withdraw(u"Late"_s); // on its way
+        scene.show(u"Late"_s);
+        scene.desktop.withdraw(u"Late"_s); // on its way
         QTRY_COMPARE(server.closed.size(), 2);
+        QCOMPARE(scene.panel.titles, QStringList{});
     }
 
-    void mistakesNoMessageOfAnotherServerForItsOwn()
+    void usesThePanelWhileThereIsNoServerAndLearnsOfAnother()
     {
-        DesktopNotifications desktop{m_panel};
-        QStringList pressed;
-        desktop.onResponse = [&pressed](const auto &response) { pressed << response.identifier; };
-        const QDBusServiceWatcher watch{u"org.freedesktop.Notifications"_s, QDBusConnection::sessionBus(),
+        const QDBusServiceWatcher watch{name, QDBusConnection::sessionBus(),
                                         QDBusServiceWatcher::WatchForUnregistration};
         QSignalSpy gone{&watch, &QDBusServiceWatcher::serviceUnregistered};
+        Scene scene;
+        scene.show(u"First"_s);
+        scene.show(u"Second"_s);
+        QTRY_COMPARE(scene.panel.titles, QStringList({u"First"_s, u"Second"_s}));
+        scene.panel.onResponse({u"First"_s, u"complete"_s, {}});
+        QCOMPARE(scene.heard.takeFirst(), u"First complete "_s);
         {
             FakeNotificationServer server;
-            desktop.show(messageTitled(u"Call"_s));
+            scene.show(u"Call"_s);
             QTRY_COMPARE(server.messages.size(), 1);
         }
         QTRY_COMPARE(gone.count(), 1);
-        FakeNotificationServer restarted{{u"body"_s}};
-        desktop.show(messageTitled(u"Write"_s, u"a <b>"_s));
-        QTRY_COMPARE(restarted.messages.size(), 1);
-        QCOMPARE(restarted.messages.first().actions, QStringList{}); // it knows text alone
-        QCOMPARE(restarted.messages.first().body, u"a <b>"_s);
-        QCOMPARE(restarted.questions, 1);
-        desktop.show(messageTitled(u"Call"_s));
-        QTRY_COMPARE(restarted.messages.size(), 2);
-        QCOMPARE(restarted.messages.last().replaced, 0u);
-        restarted.press(restarted.messages.first().id, u"default"_s); // the id that “Call” had before
-        QTRY_COMPARE(pressed, QStringList{u"Write"_s});
-    }
-
-    void usesThePanelUntilThereIsAServer()
-    {
-        DesktopNotifications desktop{m_panel};
-        QStringList pressed;
-        desktop.onResponse = [&pressed](const auto &response) { pressed << response.action; };
-        desktop.show(messageTitled(u"First"_s));
-        desktop.show(messageTitled(u"Second"_s));
-        QTRY_COMPARE(m_panel.titles, QStringList({u"First"_s, u"Second"_s}));
-        m_panel.onResponse({u"First"_s, u"complete"_s, {}});
-        QCOMPARE(pressed, QStringList{u"complete"_s});
         {
-            FakeNotificationServer server;
-            desktop.show(messageTitled(u"Third"_s));
-            QTRY_COMPARE(server.messages.size(), 1);
+            FakeNotificationServer restarted{{u"body"_s}};
+            scene.show(u"Write"_s);
+            scene.show(u"Call"_s);
+            QTRY_COMPARE(restarted.messages.size(), 2);
+            QCOMPARE(restarted.messages.first().actions, QStringList{}); // it knows text alone
+            QCOMPARE(restarted.messages.first().body, u"a <b>"_s);
+            QCOMPARE(restarted.messages.last().replaced, 0u);
+            restarted.press(restarted.messages.first().id, u"default"_s); // the id that “Call” had before
+            QTRY_COMPARE(scene.heard.value(0), u"Write default token"_s);
         }
-        desktop.show(messageTitled(u"Fourth"_s)); // the server has gone
-        QTRY_COMPARE(m_panel.titles.size(), 3);
+        scene.show(u"Fourth"_s); // the server has gone, unnoticed
+        QTRY_COMPARE(scene.panel.titles.size(), 3);
     }
 };
 

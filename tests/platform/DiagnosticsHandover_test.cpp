@@ -9,19 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-/// A file manager.
-class FakeFileManager : public FakeService {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-
-public:
-    FakeFileManager() : FakeService{u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s} {}
-    QStringList shown;
-
-public Q_SLOTS:
-    void ShowItems(const QStringList &uris, const QString &) { shown = uris; }
-};
-
 /// What is handed to the programs of the desktop.
 class DiagnosticsHandover_test : public QObject {
     Q_OBJECT
@@ -46,16 +33,22 @@ class DiagnosticsHandover_test : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        const QByteArray path = QFile::encodeName(m_programs.path()) + ":/usr/bin:/bin";
-        qputenv("PATH", path);
+        qputenv("PATH", QFile::encodeName(m_programs.path()) + ":/usr/bin:/bin");
         provide(u"xdg-open"_s);
     }
 
     void aFileManagerShowsTheFile()
     {
-        FakeFileManager manager;
+        QVariantList shown;
+        const FakeService manager{
+            u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+            [&shown](const QString &call, const QVariantList &arguments) -> FakeService::Answer {
+                if (call != u"org.freedesktop.FileManager1.ShowItems(ass)") return {};
+                shown = arguments;
+                return QVariantList{};
+            }};
         DesktopFileManager{}.showItem(u"/data/a b.zip"_s);
-        QCOMPARE(manager.shown, QStringList{u"file:///data/a%20b.zip"_s});
+        QCOMPARE(shown.value(0).toStringList(), QStringList{u"file:///data/a%20b.zip"_s});
     }
 
     void withoutOneTheFolderIsOpened()

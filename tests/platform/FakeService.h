@@ -2,15 +2,25 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
 
-/// A service on the bus, with a connection of its own as another process would have. Its slots and
-/// properties can be called there.
-class FakeService : public QObject {
+#include <functional>
+#include <optional>
+
+/// A service on the bus, with a connection of its own as another process would have.
+class FakeService : public QDBusVirtualObject {
 public:
-    FakeService(const QString &name, const QString &path) : m_name{name}, m_path{path}
+    /// What it answers to a call such as "org.freedesktop.DBus.Properties.Get(ss)"; nothing to one that it
+    /// does not know.
+    using Answer = std::optional<QVariantList>;
+    using Answering = std::function<Answer(const QString &call, const QVariantList &arguments)>;
+
+    FakeService(
+        const QString &name, const QString &path,
+        Answering answering = [](const auto &, const auto &) { return Answer{}; })
+        : m_name{name}, m_path{path}, m_answering{std::move(answering)}
     {
-        m_bus.registerObject(path, this,
-                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+        m_bus.registerVirtualObject(path, this);
         m_bus.registerService(name);
     }
     ~FakeService() override
@@ -28,8 +38,18 @@ public:
         m_bus.send(signal);
     }
 
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        const QString call =
+            QStringLiteral("%1.%2(%3)").arg(message.interface(), message.member(), message.signature());
+        const Answer answer = m_answering(call, message.arguments());
+        return answer && bus.send(message.createReply(*answer));
+    }
+
 private:
     QString m_name, m_path;
+    Answering m_answering;
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name);
 };
 

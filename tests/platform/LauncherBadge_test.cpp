@@ -6,41 +6,27 @@
 
 using namespace Qt::StringLiterals;
 
-/// A dock, as another process would be: notes the numbers.
-class FakeDock : public QObject {
-    Q_OBJECT
-
-public:
-    FakeDock()
-    {
-        m_bus.connect({}, {}, u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s, this,
-                      SLOT(Update(QString, QVariantMap)));
-    }
-    ~FakeDock() override { QDBusConnection::disconnectFromBus(u"dock"_s); }
-
-    QStringList numbers;
-
-public Q_SLOTS:
-    void Update(const QString &application, const QVariantMap &properties)
-    {
-        QCOMPARE(application, u"application://org.orvane.Orvane.desktop"_s);
-        const bool isVisible = properties.value(u"count-visible"_s).toBool();
-        const QVariant count = properties.value(u"count"_s);
-        QCOMPARE(count.metaType(), QMetaType::fromType<qlonglong>());
-        numbers << (isVisible ? count.toString() : u"none"_s);
-    }
-
-private:
-    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"dock"_s);
-};
-
 class LauncherBadge_test : public QObject {
     Q_OBJECT
+
+    QStringList m_numbers;
+
+public Q_SLOTS:
+    // What a dock hears.
+    void update(const QString &application, const QVariantMap &properties)
+    {
+        QCOMPARE(application, u"application://org.orvane.Orvane.desktop"_s);
+        const QVariant count = properties.value(u"count"_s);
+        QCOMPARE(count.metaType(), QMetaType::fromType<qlonglong>());
+        m_numbers << (properties.value(u"count-visible"_s).toBool() ? count.toString() : u"none"_s);
+    }
 
 private Q_SLOTS:
     void showsWhatThePreferenceSelectsUntilSignOut()
     {
-        FakeDock dock;
+        auto dock = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"dock"_s);
+        QVERIFY(dock.connect({}, {}, u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s, this,
+                             SLOT(update(QString, QVariantMap))));
         StoreFixture store{"2030-05-01 08:00"};
         OrvaneKit &kit = store.kit();
         LauncherBadge badge{kit.manager(), kit.account(), kit.defaults()};
@@ -58,7 +44,7 @@ private Q_SLOTS:
             refresh();
             refresh(); // while the first one counts
             expected << QString::fromLatin1(number);
-            QTRY_COMPARE(dock.numbers, expected);
+            QTRY_COMPARE(m_numbers, expected);
             QTRY_COMPARE(shown, 2 * expected.size());
         }
 
@@ -70,7 +56,7 @@ private Q_SLOTS:
         refresh();
         QTRY_COMPARE(shown, 8);
         expected << u"none"_s;
-        QTRY_COMPARE(dock.numbers, expected);
+        QTRY_COMPARE(m_numbers, expected);
     }
 };
 

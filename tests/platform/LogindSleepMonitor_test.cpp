@@ -18,11 +18,6 @@ const bool hasFakeSystemBus = qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_S
 
 const QString loginManager = u"org.freedesktop.login1"_s;
 
-struct FakeLogind : FakeService {
-    explicit FakeLogind(const QString &name) : FakeService{name, u"/org/freedesktop/login1"_s} {}
-    void prepareForSleep(bool start) { tell("org.freedesktop.login1.Manager", "PrepareForSleep", {start}); }
-};
-
 } // namespace
 
 class LogindSleepMonitor_test : public QObject {
@@ -49,10 +44,10 @@ private Q_SLOTS:
         // Answered by the bus, which then knows what the monitor listens to.
         QVERIFY(!QDBusConnection::systemBus().interface()->isServiceRegistered(loginManager));
 
-        FakeLogind logind{loginManager};
-        FakeLogind{u"org.freedesktop.stranger"_s}.prepareForSleep(false);
-        logind.prepareForSleep(true);
-        logind.prepareForSleep(false);
+        for (const auto &[sender, start] :
+             {std::pair{u"org.freedesktop.stranger"_s, false}, {loginManager, true}, {loginManager, false}})
+            FakeService{sender, u"/org/freedesktop/login1"_s}.tell("org.freedesktop.login1.Manager",
+                                                                   "PrepareForSleep", {start});
         QTRY_COMPARE(posted, QStringList({WorkspaceWillSleepNotification, WorkspaceDidWakeNotification}));
     }
 };

@@ -10,68 +10,41 @@ using namespace Qt::StringLiterals;
 
 using Preference = PortalColorScheme::Preference;
 
-namespace {
-
-const QString appearance = u"org.freedesktop.appearance"_s;
-
-} // namespace
-
-/// The portal of a desktop.
-class FakePortal : public FakeService {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
-
-public:
-    explicit FakePortal(uint preference)
-        : FakeService{u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s}
-        , m_preference(preference)
-    {
-    }
-    void change(const QString &nameSpace, const QString &key, uint value)
-    {
-        tell("org.freedesktop.portal.Settings", "SettingChanged",
-             {nameSpace, key, QVariant::fromValue(QDBusVariant{value})});
-    }
-
-public Q_SLOTS:
-    QDBusVariant Read(const QString &nameSpace, const QString &key)
-    {
-        const bool isKnown = nameSpace == appearance && key == u"color-scheme";
-        return QDBusVariant{QVariant::fromValue(QDBusVariant{isKnown ? m_preference : 0})};
-    }
-
-private:
-    uint m_preference;
-};
-
 class PortalColorScheme_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
+    void followsThatSettingOfThePortalAlone()
     {
         QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run it on a bus");
         QCoreApplication::processEvents();
-    }
-
-    void followsChangesOfThatSettingAlone()
-    {
-        FakePortal portal{2};
+        const QVariantList setting{u"org.freedesktop.appearance"_s, u"color-scheme"_s};
+        const auto wrapped = [](const QVariant &value) { return QVariant::fromValue(QDBusVariant{value}); };
+        FakeService portal{u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
+                           [&](const QString &call, const QVariantList &arguments) -> FakeService::Answer {
+                               if (call != u"org.freedesktop.portal.Settings.Read(ss)" ||
+                                   arguments != setting)
+                                   return {};
+                               return {{wrapped(wrapped(2u))}};
+                           }};
         PortalColorScheme scheme;
         QList<Preference> changes;
         scheme.onChanged = [&changes](Preference preference) { changes << preference; };
         scheme.start();
         QCOMPARE(scheme.preference(), Preference::None); // it did not wait
         QTRY_COMPARE(changes, QList{Preference::Light});
-        portal.change(u"org.gnome.desktop.interface"_s, u"color-scheme"_s, 1);
-        portal.change(appearance, u"contrast"_s, 1);
-        portal.change(appearance, u"color-scheme"_s, 2);
-        portal.change(appearance, u"color-scheme"_s, 1);
-        portal.change(appearance, u"color-scheme"_s, 7); // of a later version: no preference
+        const auto change = [&](const QVariantList &changed, uint value) {
+            portal.tell("org.freedesktop.portal.Settings", "SettingChanged",
+                        changed + QVariantList{wrapped(value)});
+        };
+        change({u"org.gnome.desktop.interface"_s, setting.last()}, 1);
+        change({setting.first(), u"contrast"_s}, 1);
+        for (const uint value : {2, 1, 7}) // the last is one of a later version: no preference
+            change(setting, value);
         QTRY_COMPARE(changes, (QList{Preference::Light, Preference::Dark, Preference::None}));
     }
 
-    void doesWithoutAPortal()
+    void saysThatThereIsNoPortal()
     {
         LogRecorder log;
         PortalColorScheme scheme;

@@ -4,60 +4,48 @@
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
-#include <QDBusConnectionInterface>
+#include <QDBusVariant>
 
 using namespace Qt::StringLiterals;
-
-/// The service that tells of status areas.
-class FakeNotifierWatcher : public FakeService {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
-    Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER m_hasHost)
-
-public:
-    explicit FakeNotifierWatcher(bool hasHost)
-        : FakeService{u"org.kde.StatusNotifierWatcher"_s, u"/StatusNotifierWatcher"_s}, m_hasHost(hasHost)
-    {
-    }
-    void addHost()
-    {
-        m_hasHost = true;
-        tell("org.kde.StatusNotifierWatcher", "StatusNotifierHostRegistered");
-    }
-
-private:
-    bool m_hasHost;
-};
 
 class StatusNotifierArea_test : public QObject {
     Q_OBJECT
 
-    ManualClock m_clock{"2030-05-01 08:00"};
-
 private Q_SLOTS:
-    void isThereFromTheBeginning()
+    void isThereOnceTheServiceThatTellsOfAreasKnowsOne()
     {
-        const FakeNotifierWatcher watcher{true};
-        StatusNotifierArea area{m_clock, StatusNotifierArea::OlderKind::Impossible};
-        area.start();
-        QTRY_VERIFY(area.isThere());
-    }
-
-    void comesLaterThanTheProgram()
-    {
-        StatusNotifierArea area{m_clock, StatusNotifierArea::OlderKind::Impossible};
+        ManualClock clock{"2030-05-01 08:00"};
+        StatusNotifierArea area{clock, StatusNotifierArea::OlderKind::Impossible};
         int appeared = 0;
         area.onAppeared = [&appeared] { ++appeared; };
         area.start();
-        FakeNotifierWatcher watcher{false};
-        // Told of the service, it asks; so the bus has passed everything on when this answer is there.
-        QDBusConnection::sessionBus().call(
-            QDBusMessage::createMethodCall(u"org.kde.StatusNotifierWatcher"_s, u"/StatusNotifierWatcher"_s,
-                                           u"org.freedesktop.DBus.Peer"_s, u"Ping"_s));
-        QVERIFY(!area.isThere());
-        watcher.addHost();
-        watcher.addHost();
+
+        const QVariantList question{u"org.kde.StatusNotifierWatcher"_s, u"IsStatusNotifierHostRegistered"_s};
+        bool hasArea = false;
+        int asked = 0;
+        FakeService watcher{u"org.kde.StatusNotifierWatcher"_s, u"/StatusNotifierWatcher"_s,
+                            [&](const QString &call, const QVariantList &arguments) -> FakeService::Answer {
+                                if (call != u"org.freedesktop.DBus.Properties.Get(ss)" ||
+                                    arguments != question)
+                                    return {};
+                                ++asked;
+                                return {{QVariant::fromValue(QDBusVariant{hasArea})}};
+                            }};
+        const auto tellOfAnArea = [&watcher] {
+            watcher.tell("org.kde.StatusNotifierWatcher", "StatusNotifierHostRegistered");
+        };
+        QTRY_COMPARE(asked, 1);
+        tellOfAnArea();
+        QTRY_COMPARE(asked, 2);
+        QVERIFY(!area.isThere()); // as it was answered first
+        hasArea = true;
+        tellOfAnArea();
+        tellOfAnArea();
         QTRY_VERIFY(area.isThere());
+
+        StatusNotifierArea later{clock, StatusNotifierArea::OlderKind::Impossible};
+        later.start();
+        QTRY_VERIFY(later.isThere());
         QCOMPARE(appeared, 1);
     }
 };

@@ -12,60 +12,44 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QDBusConnection busForTheSystem() { return QDBusConnection::sessionBus(); }
-
-struct FakeTimeDate : FakeService {
-    FakeTimeDate() : FakeService{u"org.freedesktop.timedate1"_s, u"/org/freedesktop/timedate1"_s} {}
-    void tellOfZone(const QString &identifier)
-    {
-        tell("org.freedesktop.DBus.Properties", "PropertiesChanged",
-             {u"org.freedesktop.timedate1"_s, QVariantMap{{u"Timezone"_s, identifier}}, QStringList{}});
-    }
-};
-
-} // namespace
-
 class SystemTimeZoneWatch_test : public QObject {
     Q_OBJECT
 
-    ManualClock m_clock{"2030-05-01 09:00"};
-    KWNotificationCenter m_center;
-    int m_posted = 0;
-    KWNotificationCenter::Observation m_observation =
-        m_center.addObserver(SystemTimeZoneDidChangeNotification, [this](const auto &) { ++m_posted; });
     QTemporaryDir m_folder;
-    QString m_zoneFile = m_folder.filePath(u"localtime"_s);
-    bool m_isOther = false;
-
-    bool takeChange() { return std::exchange(m_isOther, false); }
-    void linkTo(const QString &zone)
-    {
-        const QString fresh = m_folder.filePath(u"fresh"_s);
-        QVERIFY(QFile::link(u"/usr/share/zoneinfo/"_s + zone, fresh));
-        QCOMPARE(std::rename(qPrintable(fresh), qPrintable(m_zoneFile)), 0);
-    }
 
 private Q_SLOTS:
     void hearsTheServiceAndTheFile()
     {
-        FakeTimeDate service;
+        const QString zoneFile = m_folder.filePath(u"localtime"_s);
+        const auto linkTo = [&](const QString &zone) {
+            const QString fresh = m_folder.filePath(u"fresh"_s);
+            QVERIFY(QFile::link(u"/usr/share/zoneinfo/"_s + zone, fresh));
+            QCOMPARE(std::rename(qPrintable(fresh), qPrintable(zoneFile)), 0);
+        };
+        FakeService service{u"org.freedesktop.timedate1"_s, u"/org/freedesktop/timedate1"_s};
+        ManualClock clock{"2030-05-01 09:00"};
+        KWNotificationCenter center;
+        int posted = 0;
+        const auto observation =
+            center.addObserver(SystemTimeZoneDidChangeNotification, [&posted](const auto &) { ++posted; });
+        bool isOther = false;
         linkTo(u"UTC"_s);
-        SystemTimeZoneWatch watch{m_center, m_clock, [this] { return takeChange(); }, busForTheSystem,
-                                  m_zoneFile};
+        SystemTimeZoneWatch watch{center, clock, [&isOther] { return std::exchange(isOther, false); },
+                                  [] { return QDBusConnection::sessionBus(); }, zoneFile};
         watch.start();
-        m_isOther = true; // before it listens to the service
-        m_clock.advance(SystemTimeZoneWatch::connectAfter);
-        QCOMPARE(m_posted, 1);
-        m_isOther = true;
-        service.tellOfZone(u"Asia/Tokyo"_s);
-        QTRY_COMPARE(m_posted, 2);
+        isOther = true; // before it listens to the service
+        clock.advance(SystemTimeZoneWatch::connectAfter);
+        QCOMPARE(posted, 1);
+        isOther = true;
+        service.tell(
+            "org.freedesktop.DBus.Properties", "PropertiesChanged",
+            {u"org.freedesktop.timedate1"_s, QVariantMap{{u"Timezone"_s, u"Asia/Tokyo"_s}}, QStringList{}});
+        QTRY_COMPARE(posted, 2);
 
         for (int expected = 3; expected <= 4; ++expected) {
-            m_isOther = true;
+            isOther = true;
             linkTo(expected == 3 ? u"Asia/Tokyo"_s : u"America/New_York"_s);
-            QTRY_COMPARE(m_posted, expected);
+            QTRY_COMPARE(posted, expected);
         }
     }
 
