@@ -127,10 +127,6 @@ private Q_SLOTS:
         QCOMPARE(startOf(u"明天交房租"_s, m_now), u"all-day 2030-05-02T00:00:00"_s);
         QCOMPARE(startOf(u"pay tomorrow"_s, std::nullopt), u"-"_s);
         QCOMPARE(startOf({}, m_now), u"-"_s);
-    }
-
-    void writesNoFractions()
-    {
         QCOMPARE(KWNativeParser::stringFromDate(m_now + 999ms, m_berlin), u"2030-05-01T09:00:00"_s);
     }
 };

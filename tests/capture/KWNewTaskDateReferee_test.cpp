@@ -16,11 +16,6 @@ KWTaskDateTimeReminderModel modelOn(const char *localTime, bool hasTime = true)
     return model;
 }
 
-CXAlarmTrigger minutesBefore(int value)
-{
-    return CXAlarmTrigger::triggerWithUnit(CXAlarmTrigger::Unit::Minutes, value);
-}
-
 } // namespace
 
 class KWNewTaskDateReferee_test : public QObject {
@@ -29,41 +24,34 @@ class KWNewTaskDateReferee_test : public QObject {
     ManualClock m_clock{"2030-05-01 09:00"};
     KWNotificationCenter m_center;
     KWTaskDefaultConfiguration m_configuration;
-
-    KWNewTaskDateReferee makeDates()
-    {
-        return {m_clock, m_center, [this] { return m_configuration; }};
-    }
+    KWNewTaskDateReferee m_dates{m_clock, m_center, [this] { return m_configuration; }};
 
 private Q_SLOTS:
-    void init()
+    void initTestCase()
     {
-        m_clock.setNow(at("2030-05-01 09:00"));
-        m_configuration = {};
         m_configuration.dateOffset = days{1};
-        m_configuration.reminders = {minutesBefore(10)};
+        m_configuration.reminders = {CXAlarmTrigger::triggerWithUnit(CXAlarmTrigger::Unit::Minutes, 10)};
         m_configuration.allDayReminders = {
             CXAlarmTrigger::triggerWithUnit(CXAlarmTrigger::Unit::Days, 1, 9h)};
     }
 
     void decidesTheDateByPrecedence()
     {
-        KWNewTaskDateReferee dates = makeDates();
-        const auto winner = [&dates] { return dates.finalWithUsesDefault(true).startDateTime->date; };
-        QCOMPARE(dates.finalWithUsesDefault(false), KWTaskDateTimeReminderModel{});
+        const auto winner = [this] { return m_dates.finalWithUsesDefault(true).startDateTime->date; };
+        QCOMPARE(m_dates.finalWithUsesDefault(false), KWTaskDateTimeReminderModel{});
         QCOMPARE(winner(), at("2030-05-02 00:00"));
-        dates.setPresetDay(m_clock.today() + days{2});
+        m_dates.setPresetDay(m_clock.today() + days{2});
         QCOMPARE(winner(), at("2030-05-03 00:00"));
-        dates.setWithNlp(modelOn("2030-05-04 10:00"), u"on the 4th at 10"_s);
+        m_dates.setWithNlp(modelOn("2030-05-04 10:00"), u"on the 4th at 10"_s);
         QCOMPARE(winner(), at("2030-05-04 10:00"));
-        dates.setManual(modelOn("2030-05-05 10:00"));
+        m_dates.setManual(modelOn("2030-05-05 10:00"));
         QCOMPARE(winner(), at("2030-05-05 10:00"));
 
-        dates.restoreToPreset();
+        m_dates.restoreToPreset();
         QCOMPARE(winner(), at("2030-05-04 10:00"));
-        dates.setWithNlp(std::nullopt, {});
-        dates.setManual(modelOn("2030-05-05 10:00"));
-        dates.restoreToDefault();
+        m_dates.setWithNlp(std::nullopt, {});
+        m_dates.setManual(modelOn("2030-05-05 10:00"));
+        m_dates.restoreToDefault();
         QCOMPARE(winner(), at("2030-05-02 00:00"));
         m_clock.advance(24h);
         m_center.post(KWNewDayComesNotification);
@@ -72,10 +60,9 @@ private Q_SLOTS:
 
     void givesDatesTheirReminders()
     {
-        KWNewTaskDateReferee dates = makeDates();
-        const auto fromText = [&dates](const KWTaskDateTimeReminderModel &model, const QString &text) {
-            dates.setWithNlp(model, text);
-            return dates.nlp()->alarmTriggers;
+        const auto fromText = [this](const KWTaskDateTimeReminderModel &model, const QString &text) {
+            m_dates.setWithNlp(model, text);
+            return m_dates.nlp()->alarmTriggers;
         };
         const KWTaskDateTimeReminderModel timed = modelOn("2030-05-04 10:00");
         const KWTaskDateTimeReminderModel allDay = modelOn("2030-05-04 00:00", false);
@@ -86,11 +73,11 @@ private Q_SLOTS:
             QCOMPARE(fromText(allDay, text), std::set{CXAlarmTrigger::onTime_AllDay()});
         }
         KWTaskDateTimeReminderModel named = timed;
-        named.alarmTriggers = {minutesBefore(5)};
-        QCOMPARE(fromText(named, u"remind me 5 minutes before"_s), named.alarmTriggers);
+        named.alarmTriggers = m_configuration.allDayReminders;
+        QCOMPARE(fromText(named, u"remind me the day before"_s), named.alarmTriggers);
 
-        dates.setPresetDay(m_clock.today());
-        QCOMPARE(dates.preset()->alarmTriggers, m_configuration.allDayReminders);
+        m_dates.setPresetDay(m_clock.today());
+        QCOMPARE(m_dates.preset()->alarmTriggers, m_configuration.allDayReminders);
     }
 };
 

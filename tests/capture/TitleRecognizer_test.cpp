@@ -7,6 +7,7 @@
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
+#include <QMap>
 #include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
@@ -94,47 +95,34 @@ private Q_SLOTS:
         understandsTitles();
     }
 
-    void keepsWhatIsNotToBeRemoved()
+    // How a setting, or a mark that was taken back, changes what is recognised.
+    void followsSettings_data() { addCaseRows("tokens/settings.txt", 4); }
+    void followsSettings()
     {
-        const QString typed = u"pay #home rent tomorrow !high ~Home"_s;
-        const TitleRecognizer keepsDate{m_clock, settings({.removesDate = false})};
-        QCOMPARE(keepsDate.recognize(typed).title, u"pay rent tomorrow"_s);
-        const TitleRecognizer keepsTag{m_clock, settings({.removesTag = false})};
-        QCOMPARE(keepsTag.recognize(typed).title, u"pay #home rent"_s);
-        QCOMPARE(keepsTag.recognize(typed).tags, QStringList{u"home"_s});
-    }
-
-    void leavesOutWhatIsSwitchedOff()
-    {
-        const auto piecesWithout = [this](ParseOption option) {
-            RecognitionOptions options;
-            options.parseOption = ParseOptions{63 & ~int(option)};
-            return textOf(m_recognizer.recognize(u"pay #a !low *today 5pm ~Home"_s, options).pieces);
+        QFETCH(QStringList, cells);
+        const auto without = [](ParseOption option) {
+            return RecognitionOptions{.parseOption = ParseOptions{63 & ~int(option)}};
         };
-        QCOMPARE(piecesWithout(ParseOption::Tag), u"priority 7+4, date 12+10, list 23+5"_s);
-        QCOMPARE(piecesWithout(ParseOption::Priority), u"tag 4+2, date 12+10, list 23+5"_s);
-        QCOMPARE(piecesWithout(ParseOption::List), u"tag 4+2, priority 7+4, date 12+10"_s);
-        QCOMPARE(piecesWithout(ParseOption::DateToken), u"tag 4+2, priority 7+4, date 13+9, list 23+5"_s);
-        QCOMPARE(piecesWithout(ParseOption::Date), u"tag 4+2, priority 7+4, date 12+6, list 23+5"_s);
-    }
-
-    void doesNotRecogniseWhatWasUndone()
-    {
-        const QString typed = u"pay !low ~Home *today"_s;
-        const auto pieces = [&](const RecognitionOptions &options) {
-            return textOf(m_recognizer.recognize(typed, options).pieces);
-        };
-        QCOMPARE(pieces({.donotParseDate = true}), u"priority 4+4, list 9+5"_s);
-        QCOMPARE(pieces({.blockedProjects = {u"h"_s}}), u"priority 4+4, date 15+6"_s);
-        QCOMPARE(pieces({.blockedPriorities = {KWTaskPriorityLow}}), u"list 9+5, date 15+6"_s);
-
-        const RecognitionOptions noSale{.blockedProjects = {u"Sale"_s}};
-        QCOMPARE(textOf(m_recognizer.recognize(u"launch ~Sale"_s, noSale).pieces), u"-"_s);
-        const RecognitionOptions noOffice{.blockedProjects = {u"o"_s}};
-        QCOMPARE(textOf(m_recognizer.recognize(u"call ~Home Office"_s, noOffice).list), u"Home"_s);
-
-        const TitleRecognizer noPlainDates{m_clock, settings({.dateEnabled = false})};
-        QCOMPARE(textOf(noPlainDates.recognize(u"today pay *tomorrow"_s).pieces), u"date 10+9"_s);
+        const QMap<QString, KWSmartRecognitionConfiguration> configurations{
+            {u"keeps dates"_s, {.removesDate = false}},
+            {u"keeps tags"_s, {.removesTag = false}},
+            {u"plain dates off"_s, {.dateEnabled = false}}};
+        const QMap<QString, RecognitionOptions> options{
+            {u"no tags"_s, without(ParseOption::Tag)},
+            {u"no priorities"_s, without(ParseOption::Priority)},
+            {u"no lists"_s, without(ParseOption::List)},
+            {u"no marked dates"_s, without(ParseOption::DateToken)},
+            {u"no plain dates"_s, without(ParseOption::Date)},
+            {u"date undone"_s, {.donotParseDate = true}},
+            {u"Home undone"_s, {.blockedProjects = {u"h"_s}}},
+            {u"Home Office undone"_s, {.blockedProjects = {u"o"_s}}},
+            {u"new list undone"_s, {.blockedProjects = {u"Sale"_s}}},
+            {u"!low undone"_s, {.blockedPriorities = {KWTaskPriorityLow}}}};
+        QVERIFY(configurations.contains(cells[0]) || options.contains(cells[0]));
+        const TitleRecognizer recognizer{m_clock, settings(configurations.value(cells[0]))};
+        const auto found = recognizer.recognize(quotedText(cells[1]), options.value(cells[0]));
+        QCOMPARE(found.title, quotedText(cells[2]));
+        QCOMPARE(textOf(found.pieces), cells[3]);
     }
 
     // In quadratic time this test would not end.
