@@ -4,23 +4,30 @@
 #include "app/RunningApplication.h"
 #include "model/events/NotificationNames.h"
 #include "model/settings/KWUserDefaults.h"
+#include "support/CaseTable.h"
 #include "support/LogRecorder.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
+#include <QSettings>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono;
 
 namespace {
 
 struct WaitingAlert final : CrashProtectionAlert {
-    void runModal(const QString &, const QString &, std::function<void()> then) override
+    void runModal(const QString &alertTitle, const QString &, std::function<void()> then) override
     {
+        title = alertTitle;
         continuation = std::move(then);
     }
+    QString title;
     std::function<void()> continuation;
 };
+
+const QString countKey = u"org.orvane.crash.cout"_s;
 
 struct DelegateScene : NotedPorts {
     QTemporaryDir folder;
@@ -31,7 +38,20 @@ struct DelegateScene : NotedPorts {
     WaitingAlert alert;
     RunningApplication application{clock, center, bus, ports};
     bool canBringUp = true;
-    AppDelegate delegate{clock, defaults, alert, [this] { return canBringUp ? &application : nullptr; }};
+    int countAtLaunch = 0;
+    AppDelegate delegate{clock, defaults, alert, [this] {
+                             countAtLaunch = countOnDisk();
+                             return canBringUp ? &application : nullptr;
+                         }};
+
+    QString settings() const { return folder.filePath(u"standard.ini"_s); }
+    // As another process would read it: settings of one process share what they have not written yet.
+    int countOnDisk() const
+    {
+        QFile file{settings()};
+        if (!file.open(QIODevice::ReadOnly)) return 0;
+        return QString::fromUtf8(file.readAll()).section(countKey + u'=', 1).section(u'\n', 0, 0).toInt();
+    }
 };
 
 const LaunchRequest aLink{.links = {u"orvane://task/1"_s, u"orvane://task/2"_s},
@@ -75,16 +95,38 @@ private Q_SLOTS:
         QCOMPARE(scene.calls.last(), u"mainWindow.show"_s);
     }
 
-    void startsNothingUnderTheAlertAndKeepsLaterStarts()
+    void guardsOneLaunch_data() { addCaseRows("app/launch-guard.txt", 6); }
+
+    void guardsOneLaunch()
     {
+        QFETCH(QStringList, cells);
         DelegateScene scene;
-        scene.defaults.set(Settings::crashCount, 3);
+        if (cells.at(0) != u'-')
+            QSettings{scene.settings(), QSettings::IniFormat}.setValue(countKey, cells.at(0));
         scene.signIn();
         scene.delegate.applicationDidFinishLaunching({});
-        scene.delegate.open(aLink);
-        QCOMPARE(scene.take(), QStringList{});
-        scene.alert.continuation();
-        QCOMPARE(scene.take().last(4), QStringList{u"mainWindow.show"_s} + callsOfALink);
+        if (cells.at(1) == u"alert") {
+            scene.delegate.open(aLink); // kept for later
+            QCOMPARE(scene.take(), QStringList{});
+            QCOMPARE(scene.alert.title, u"Orvane closed unexpectedly several times"_s);
+            scene.alert.continuation();
+            QCOMPARE(scene.take().last(4), QStringList{u"mainWindow.show"_s} + callsOfALink);
+        }
+        QCOMPARE(scene.countAtLaunch, cells.at(2).toInt());
+        scene.clock.advance(milliseconds{cells.at(3).toInt()});
+        if (cells.at(4) == u"terminate") scene.delegate.applicationWillTerminate();
+        QCOMPARE(scene.countOnDisk(), cells.at(5).toInt());
+    }
+
+    void countsFiveSecondsOfTheComputerUntilItTerminates()
+    {
+        DelegateScene scene;
+        scene.delegate.applicationDidFinishLaunching({});
+        scene.clock.setNow(scene.clock.now() + 1h);
+        QCOMPARE(scene.countOnDisk(), 1);
+        scene.delegate.applicationWillTerminate();
+        QCOMPARE(scene.countOnDisk(), 0);
+        QVERIFY(scene.clock.isIdle()); // the count of the next launch is left alone
     }
 
     void aLaunchThatCannotBringUpTheRoomsStartsNothingAndCounts()
@@ -94,9 +136,7 @@ private Q_SLOTS:
         scene.delegate.applicationDidFinishLaunching(aLink);
         scene.delegate.open({});
         QCOMPARE(scene.calls, QStringList{});
-        QCOMPARE(scene.defaults.value(Settings::crashCount), 1);
-        scene.delegate.applicationWillTerminate();
-        QCOMPARE(scene.defaults.value(Settings::crashCount), 0);
+        QCOMPARE(scene.countOnDisk(), 1);
     }
 };
 
