@@ -96,6 +96,12 @@ private Q_SLOTS:
         QVERIFY(scene.isTrashed(parent) && scene.isTrashed(child));
         QVERIFY(!scene.manager.isToastShown() && !scene.manager.containsTask(child) && !scene.toast.press);
         QCOMPARE(scene.statuses, (QList<int>{Started, Committed}));
+
+        scene.manager.deleteTasks({scene.make(u"Next"_s)});
+        scene.toast.showUndo(u"Completed"_s, [] {});
+        scene.toast.isHeld = true; // the keyboard is in the offer of another
+        scene.store.clock.advance(KWDelayDeleteManager::undoTime);
+        QVERIFY(!scene.manager.isToastShown() && scene.toast.press);
     }
 
     void undoesAndCommitsTheOneBefore()
@@ -121,28 +127,15 @@ private Q_SLOTS:
         QVERIFY(!scene.store.context().find<KWTask>(third) && !scene.manager.isToastShown());
     }
 
-    void leavesTheOfferOfAnotherAlone()
-    {
-        Scene scene;
-        scene.manager.deleteTasks({scene.make(u"First"_s)});
-        scene.toast.showUndo(u"Completed"_s, [] {});
-        scene.toast.isHeld = true; // the keyboard is in the other one
-        scene.store.clock.advance(KWDelayDeleteManager::undoTime);
-        QVERIFY(!scene.manager.isToastShown() && scene.toast.press);
-    }
-
     void showsAgainWhatCannotBeDeleted()
     {
         Scene scene;
         const QString id = scene.make(u"Rent"_s);
-        const auto makeInboxReadable = [&](KWProjectPermission permission) {
-            setSaved<KWProject>(scene.store, KWProject::inboxIDOfUser(scene.store.userID()),
-                                &KWProjectModel::permission, permission);
-        };
-        makeInboxReadable(KWProjectPermissionRead);
+        const QString inbox = KWProject::inboxIDOfUser(scene.store.userID());
+        setSaved<KWProject>(scene.store, inbox, &KWProjectModel::permission, KWProjectPermissionRead);
         scene.manager.deleteTasks({id});
         QVERIFY(!scene.manager.containsTask(id) && scene.toast.lines.takeLast().endsWith(u'.'));
-        makeInboxReadable(KWProjectPermissionWrite);
+        setSaved<KWProject>(scene.store, inbox, &KWProjectModel::permission, KWProjectPermissionWrite);
 
         scene.manager.deleteTasks({id});
         Connection &connection = **scene.store.kit().store().borrowConnection(); // the one lent next
@@ -158,12 +151,10 @@ private Q_SLOTS:
     {
         Scene scene;
         QStringList calls;
-        const auto call = [&calls](const char *name) {
-            return [&calls, name] { calls << QString::fromLatin1(name); };
-        };
         for (const int count : {0, 1, 2}) {
-            scene.manager.deleteChecklistItemsWithCount(count, scene.toast, call("delete"), call("undo"),
-                                                        call("timeout"));
+            scene.manager.deleteChecklistItemsWithCount(
+                count, scene.toast, [&] { calls << u"delete"_s; }, [&] { calls << u"undo"_s; },
+                [&] { calls << u"timeout"_s; });
             if (count == 1) scene.store.clock.advance(5s);
         }
         scene.toast.press();

@@ -60,15 +60,13 @@ struct Traveller {
     QString wall(Instant date) { return TimeText::fromLocalTime(store.clock.zone().toLocal(date)); }
     QString addItem(const QString &taskID, const char *localTime, bool isAllDay)
     {
+        KWChecklistItemModel item;
+        item.userID = store.userID();
+        item.taskID = taskID;
+        item.startDate = at(localTime, home);
+        item.isAllDay = isAllDay;
         QString id;
-        saved(store, [&](ObjectContext &context) {
-            KWChecklistItemModel item;
-            item.userID = store.userID();
-            item.taskID = taskID;
-            item.startDate = at(localTime, home);
-            item.isAllDay = isAllDay;
-            id = context.insert<KWChecklistItem>(item).sid();
-        });
+        saved(store, [&](ObjectContext &context) { id = context.insert<KWChecklistItem>(item).sid(); });
         return id;
     }
 

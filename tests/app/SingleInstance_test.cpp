@@ -22,60 +22,51 @@ struct DeafChannel final : InstanceChannel {
     std::function<void()> onHandOver = [] {};
 };
 
-QString outcomeOf(const Result<SingleInstance::Role> &role)
-{
-    if (!role) return role.error().sentence;
-    return *role == SingleInstance::Role::First ? u"first"_s : u"handed over"_s;
-}
-
 } // namespace
 
 class SingleInstance_test : public QObject {
     Q_OBJECT
 
-    std::optional<QTemporaryDir> m_folder;
+    QTemporaryDir m_folder;
+    DataFolders m_folders{m_folder.filePath(u"data"_s), m_folder.path()};
     DeafChannel m_channel;
-    DataFolders folders() const { return {m_folder->path() + u"/data"_s, m_folder->path()}; }
-    QString startOfAnother() { return outcomeOf(SingleInstance{folders(), m_channel}.start({}, {})); }
 
-private Q_SLOTS:
-    void init() { m_folder.emplace(); }
-
-    void saysThatTheFolderIsOpen()
+    QString startOfAnother(const DataFolders &folders)
     {
-        SingleInstance first{folders(), m_channel};
-        QVERIFY(first.start({}, {}));
-        QCOMPARE(startOfAnother(), u"Orvane is already open with this data folder."_s);
+        const auto role = SingleInstance{folders, m_channel}.start({}, {});
+        if (!role) return role.error().sentence;
+        return *role == SingleInstance::Role::First ? u"first"_s : u"handed over"_s;
     }
 
-    void takesOverFromAFirstThatEndsMeanwhile()
+private Q_SLOTS:
+    void isTheFirstOnceTheFirstHasEnded()
     {
-        std::optional<SingleInstance> first{std::in_place, folders(), m_channel};
+        std::optional<SingleInstance> first{std::in_place, m_folders, m_channel};
         QVERIFY(first->start({}, {}));
-        m_channel.onHandOver = [&first] { first.reset(); };
-        QCOMPARE(startOfAnother(), u"first"_s);
-        m_channel.onHandOver = [] {};
+        QCOMPARE(startOfAnother(m_folders), u"Orvane is already open with this data folder."_s);
+        m_channel.onHandOver = [&first] { first.reset(); }; // meanwhile
+        QCOMPARE(startOfAnother(m_folders), u"first"_s);
     }
 
     void letsTheFolderGoThoughAProgramItStartedLivesOn()
     {
-        SingleInstance first{folders(), m_channel};
+        SingleInstance first{m_folders, m_channel};
         QVERIFY(first.start({}, {}));
         QProcess child;
         child.start(u"cat"_s);
         QVERIFY(child.waitForStarted());
         first.release();
-        QCOMPARE(startOfAnother(), u"first"_s);
+        QCOMPARE(startOfAnother(m_folders), u"first"_s);
         child.closeWriteChannel();
         QVERIFY(child.waitForFinished());
     }
 
     void refusesAFolderThatCannotBeWritten()
     {
-        // A file where the folder should be stops root too.
-        QFile file{folders().data};
+        const DataFolders folders{m_folder.filePath(u"file"_s), m_folder.path()};
+        QFile file{folders.data}; // stops root too
         QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(startOfAnother(), u"Orvane cannot write its data in “%1”."_s.arg(folders().data));
+        QCOMPARE(startOfAnother(folders), u"Orvane cannot write its data in “%1”."_s.arg(folders.data));
     }
 };
 
