@@ -6,6 +6,7 @@
 #include "model/records/KWUser.h"
 #include "model/records/KWUserSettings.h"
 #include "model/store/Connection.h"
+#include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -56,9 +57,8 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const auto opening = OrvaneKit::open(DataFolders::locate(folder.path()), m_store->kit().clock());
         KWAccountManager &fresh = opening.kit->account();
-        QVERIFY(!fresh.openLocalAccount(
-            QLocale::c(), [](const QString &, ObjectContext &) -> Result<void> { return Error{u"No."_s}; }));
-        QVERIFY(!fresh.isSignedIn());
+        const auto refuse = [](const QString &, ObjectContext &) -> Result<void> { return Error{u"No."_s}; };
+        QVERIFY(!fresh.openLocalAccount(QLocale::c(), refuse) && !fresh.isSignedIn());
         QCOMPARE(opening.kit->context().number("SELECT count(*) FROM users"), 0);
     }
 
@@ -67,13 +67,11 @@ private Q_SLOTS:
         const QString user = account().currentUserID();
         aTask("Pay rent").savedIn(*m_store);
         setSaved<KWUserSettings>(*m_store, user, &KWUserSettingsModel::smartTimeForNight, 1233);
-        QVERIFY(account().signOut());
-        QVERIFY(!account().isSignedIn());
+        QVERIFY(account().signOut() && !account().isSignedIn());
         QCOMPARE(account().userSettings(), KWUserSettingsModel{});
         QCOMPARE(m_posted, QStringList{KWUserDidSignOutNotification});
         m_store->reopen();
-        QVERIFY(!account().isSignedIn());
-        QVERIFY(account().workWithLocalAccount());
+        QVERIFY(!account().isSignedIn() && account().workWithLocalAccount());
         QCOMPARE(account().currentUserID(), user);
         account().refreshCurrentUser();
         QCOMPARE(account().currentUserID(), QString{});
@@ -87,9 +85,7 @@ private Q_SLOTS:
     void staysAsItWasWhenNothingCanBeSaved()
     {
         (*m_store->kit().store().borrowConnection())->execute("PRAGMA query_only = 1");
-        const Result<void> refused = account().signOut();
-        QVERIFY(!refused && refused.error().sentence.endsWith(u'.'));
-        QVERIFY(account().isSignedIn() && m_posted.isEmpty());
+        QVERIFY(isRefused(account().signOut()) && account().isSignedIn() && m_posted.isEmpty());
     }
 
     void takesTheFirstWeekdayOfTheLocale()
@@ -113,9 +109,9 @@ private Q_SLOTS:
         setSaved<KWUserSettings>(*m_store, m_store->userID(), &KWUserSettingsModel::defaultListID, home);
         const auto isInboxWhile = [&](auto member, auto value, auto before) {
             setSaved<KWProject>(*m_store, home, member, value);
-            const QString list = account().defaultAddtoList();
+            const bool isInbox = account().defaultAddtoList() == inbox;
             setSaved<KWProject>(*m_store, home, member, before);
-            return list == inbox && account().defaultAddtoList() == home;
+            return isInbox && account().defaultAddtoList() == home;
         };
         QVERIFY(isInboxWhile(&KWProjectModel::closed, true, false));
         QVERIFY(isInboxWhile(&KWProjectModel::isDeleted, true, false));
@@ -132,8 +128,7 @@ private Q_SLOTS:
         };
         QCOMPARE(named(u"HOMEoffice"_s), home);
         QCOMPARE(named(u"inbox"_s), KWProject::inboxIDOfUser(m_store->userID()));
-        QCOMPARE(named(u"Old"_s), QString{});
-        QCOMPARE(named(u"Home"_s), QString{});
+        QCOMPARE(named(u"Old"_s) + named(u"Home"_s), QString{});
     }
 };
 

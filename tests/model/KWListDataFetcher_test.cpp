@@ -2,11 +2,10 @@
 
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
-#include "model/records/KWProjectGroup.h"
-#include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/KWCompletionLoader.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -17,18 +16,10 @@ namespace {
 
 constexpr const char *zone = "Europe/Berlin";
 
-QString titles(const QList<KWTaskListItemModel> &rows)
-{
-    QStringList titles;
-    for (const KWTaskListItemModel &each : rows)
-        titles << each.title;
-    return titles.join(u' ');
-}
+QString titles(const QList<KWTaskListItemModel> &rows) { return joined(rows, &KWTaskListItemModel::title); }
 
-KWListIdentifier smart(const KWSmartProject &project)
-{
-    return KWListIdentifier::smartProject(project.identifier());
-}
+// "today": the smart list of that name.
+KWListIdentifier smart(const QString &name) { return KWListIdentifier::smartProject(u"smart."_s + name); }
 
 } // namespace
 
@@ -37,7 +28,6 @@ class KWListDataFetcher_test : public QObject {
 
     StoreFixture m_store{"2030-05-01 09:00", zone};
     QHash<QString, QString> m_lists; // ids by name
-    QString m_folder;
 
     QList<KWTaskListItemModel> rows(const KWListIdentifier &list, std::int64_t limit = -1)
     {
@@ -51,18 +41,11 @@ class KWListDataFetcher_test : public QObject {
         return *found;
     }
 
-    QList<std::pair<QString, KWListIdentifier>> selections(const QString &ownList) const
+    QString add(const char *title, const QString &when, KWTaskPriority priority, int order,
+                const QString &list = u"Inbox"_s)
     {
-        return {{u"own"_s, KWListIdentifier::project(ownList)},
-                {u"folder"_s, KWListIdentifier::group(m_folder)},
-                {u"tag"_s, KWListIdentifier::tag(u"errand"_s)},
-                {u"all"_s, smart(KWSmartProject::all())},
-                {u"today"_s, smart(KWSmartProject::today())},
-                {u"tomorrow"_s, smart(KWSmartProject::tomorrow())},
-                {u"next7"_s, smart(KWSmartProject::next7days())},
-                {u"completed"_s, smart(KWSmartProject::completed())},
-                {u"abandoned"_s, smart(KWSmartProject::abandoned())},
-                {u"trash"_s, smart(KWSmartProject::trash())}};
+        TaskBuilder task = aTask(title, zone).when(when).prioritized(priority).ordered(order);
+        return task.in(m_lists.value(list)).savedIn(m_store);
     }
 
 private Q_SLOTS:
@@ -72,14 +55,11 @@ private Q_SLOTS:
         for (const char *name : {"Home", "Closed", "Hidden", "Gone", "Theirs"})
             m_lists.insert(QString::fromLatin1(name), m_store.makeList(QString::fromLatin1(name)));
         saved(m_store, [this](ObjectContext &context) {
-            KWProjectGroupModel folder;
-            folder.userID = m_store.userID();
-            m_folder = context.insert<KWProjectGroup>(folder).sid();
             const auto list = [&](const QString &name) {
                 return context.find<KWProject>(m_lists.value(name));
             };
-            list(u"Home"_s)->set(&KWProjectModel::groupID, m_folder);
-            list(u"Closed"_s)->set(&KWProjectModel::groupID, m_folder);
+            for (const QString &each : {u"Home"_s, u"Closed"_s})
+                list(each)->set(&KWProjectModel::groupID, u"folder"_s);
             list(u"Closed"_s)->set(&KWProjectModel::closed, true);
             list(u"Hidden"_s)->set(&KWProjectModel::showsInSmartList, false);
             list(u"Gone"_s)->markDelete();
@@ -89,8 +69,6 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        m_store.clock.setNow(at("2030-05-01 09:00", zone));
-        m_store.clock.setZone(zone);
         saved(m_store, [](ObjectContext &context) {
             for (KWTask *each : context.fetch<KWTask>({}))
                 context.remove(*each);
@@ -110,16 +88,19 @@ private Q_SLOTS:
         QCOMPARE(isOverdue ? u"overdue"_s : u"-"_s, cells.at(4));
 
         QStringList shownIn;
-        for (const auto &[name, selection] : selections(list))
+        const auto look = [&](const QString &name, const KWListIdentifier &selection) {
             if (titles(rows(selection)) == cells.at(0)) shownIn << name;
+        };
+        look(u"own"_s, KWListIdentifier::project(list));
+        look(u"folder"_s, KWListIdentifier::group(u"folder"_s));
+        look(u"tag"_s, KWListIdentifier::tag(u"errand"_s));
+        for (const QString &each : u"all today tomorrow next7days completed abandoned trash"_s.split(u' '))
+            look(each, smart(each));
         QCOMPARE(shownIn.isEmpty() ? u"-"_s : shownIn.join(u' '), cells.at(5));
     }
 
     void ordersEachListInItsWay()
     {
-        const auto add = [this](const char *title, const QString &when, KWTaskPriority priority, int order) {
-            aTask(title, zone).when(when).prioritized(priority).ordered(order).savedIn(m_store);
-        };
         add("undated", u"-"_s, KWTaskPriorityHigh, -9);
         add("later", u"2030-05-03"_s, KWTaskPriorityHigh, 0);
         add("low", u"2030-05-01"_s, KWTaskPriorityLow, 0);
@@ -127,8 +108,7 @@ private Q_SLOTS:
         add("high-1", u"2030-05-01"_s, KWTaskPriorityHigh, 1);
         add("at-nine", u"2030-05-01 09:00"_s, KWTaskPriorityNone, 0);
         add("overdue", u"2030-04-30"_s, KWTaskPriorityNone, 99);
-        QCOMPARE(titles(rows(smart(KWSmartProject::all()))),
-                 u"overdue high-1 high-2 low at-nine later undated"_s);
+        QCOMPARE(titles(rows(smart(u"all"_s))), u"overdue high-1 high-2 low at-nine later undated"_s);
         const auto inbox = KWListIdentifier::project(m_lists.value(u"Inbox"_s));
         QCOMPARE(titles(rows(inbox)), u"undated later low at-nine high-1 high-2 overdue"_s);
         QCOMPARE(titles(rows(inbox, 2)), u"undated later"_s);
@@ -136,7 +116,7 @@ private Q_SLOTS:
         aTask("earlier").completedAt("2030-04-01 12:00").savedIn(m_store);
         aTask("latest").completedAt("2030-05-01 06:00").savedIn(m_store);
         aTask("between").completedAt("2030-04-30 12:00").dueOn("2040-01-01").savedIn(m_store);
-        QCOMPARE(titles(rows(smart(KWSmartProject::completed()))), u"latest between earlier"_s);
+        QCOMPARE(titles(rows(smart(u"completed"_s))), u"latest between earlier"_s);
     }
 
     void readsWhatARowShows()
@@ -199,18 +179,16 @@ private Q_SLOTS:
     void narrowsByWhatTheConditionAsks()
     {
         const QString home = m_lists.value(u"Home"_s);
-        aTask("a", zone)
-            .dueOn("2030-05-01")
-            .prioritized(KWTaskPriorityHigh)
-            .tagged("errand")
-            .savedIn(m_store);
-        aTask("b", zone).dueFrom("2030-04-30", "2030-05-02").in(home).savedIn(m_store);
-        aTask("c", zone).dueOn("2030-05-03").prioritized(KWTaskPriorityHigh).in(home).savedIn(m_store);
-        const QString last = aTask("d", zone).tagged("errand").in(home).savedIn(m_store);
+        const QString first = add("a", u"2030-05-01"_s, KWTaskPriorityHigh, 0);
+        add("b", u"2030-04-30 .. 2030-05-02"_s, KWTaskPriorityNone, 0, u"Home"_s);
+        add("c", u"2030-05-03"_s, KWTaskPriorityHigh, 0, u"Home"_s);
+        const QString last = add("d", u"-"_s, KWTaskPriorityNone, 0, u"Home"_s);
+        for (const QString &each : {first, last})
+            setSaved<KWTask>(m_store, each, &KWTaskModel::tags, {u"errand"_s});
         Connection &connection = m_store.context().connection();
         const KWListDataFetcher fetcher{m_store.clock};
         const auto with = [&](const ListCondition &condition, std::int64_t limit = -1) {
-            const auto all = smart(KWSmartProject::all());
+            const auto all = smart(u"all"_s);
             return titles(*fetcher.reloadDataModel({m_store.userID(), all, limit, condition}, connection));
         };
         const auto day = [](int number) {
@@ -226,8 +204,7 @@ private Q_SLOTS:
 
         const auto matrix = fetcher.reloadDataModelForMatrix({.userID = m_store.userID()}, connection);
         QCOMPARE(titles(matrix->front()) + u", "_s + titles(matrix->back()), u"a c, b d"_s);
-        QCOMPARE(titles(*fetcher.generateModels({last, u"gone"_s, matrix->front()[0].sid}, connection)),
-                 u"d a"_s);
+        QCOMPARE(titles(*fetcher.generateModels({last, u"gone"_s, first}, connection)), u"d a"_s);
     }
 
     void pagesOfCompletedTasksFollowEachOther()
@@ -278,8 +255,8 @@ private Q_SLOTS:
              {KWListIdentifier::monthCalendarViewID(), KWListIdentifier::smartProject(u"smart.nothing"_s),
               KWListIdentifier::project(u"no such list"_s), KWListIdentifier::tag(u"rent' OR 1 = 1 --"_s)})
             QVERIFY(rows(each).isEmpty());
-        const auto count = KWListDataFetcher{m_store.clock}.count(
-            {m_store.userID(), smart(KWSmartProject::completed())}, m_store.context().connection());
+        const auto count = KWListDataFetcher{m_store.clock}.count({m_store.userID(), smart(u"completed"_s)},
+                                                                  m_store.context().connection());
         QVERIFY(count && !*count); // the sidebar shows no number there
     }
 };

@@ -22,17 +22,13 @@ class KWProjectListCountFetcher_test : public QObject {
     QStringList m_tasks;
 
     int roll(int below) { return int(m_random() % unsigned(below)); }
-    static KWListIdentifier smart(const KWSmartProject &project)
-    {
-        return KWListIdentifier::smartProject(project.identifier());
-    }
 
     QList<KWListIdentifier> sidebar() const
     {
         QList<KWListIdentifier> all{KWListIdentifier::group(u"folder"_s), KWListIdentifier::tag(u"t0"_s),
                                     KWListIdentifier::tag(u"t1"_s)};
         for (const KWSmartProject *each : KWSmartProject::configurable())
-            if (!each->isSummary()) all << smart(*each);
+            if (!each->isSummary()) all << KWListIdentifier::smartProject(each->identifier());
         for (const QString &each : m_lists)
             all << KWListIdentifier::project(each);
         return all;
@@ -75,10 +71,8 @@ class KWProjectListCountFetcher_test : public QObject {
             for (int i = roll(3); i >= 0; --i) {
                 KWTask *task = context.find<KWTask>(m_tasks.at(roll(int(m_tasks.size()))));
                 if (!task || roll(4) == 0) {
-                    KWTaskModel fresh;
-                    fresh.userID = m_store.userID();
-                    fresh.projectID = m_lists.first();
-                    task = &context.insert<KWTask>(fresh);
+                    task = &context.insert<KWTask>(aTask("New").in(m_lists.first()).model());
+                    task->set(&KWTaskModel::userID, m_store.userID());
                     m_tasks << task->sid();
                 }
                 change(*task);

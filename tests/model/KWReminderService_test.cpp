@@ -1,12 +1,12 @@
 #include "model/store/KWReminderService.h"
 
 #include "corvexkit/time/TimeText.h"
-#include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWTaskDateTimeReminderModel.h"
 #include "model/store/Connection.h"
 #include "model/store/TimeZoneAdaptation.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -29,22 +29,23 @@ struct ReminderScene {
     KWReminderService reminders{store.kit().manager()};
 
     /// To be reminded of at nine.
-    QString addTask(const char *title, const QString &list = {}, const char *state = "open")
+    static TaskBuilder task(const char *title, const char *state = "open")
     {
-        TaskBuilder task = aTask(title, zone).startingAt("2030-05-01 09:00").in(list);
+        TaskBuilder task = aTask(title, zone).startingAt("2030-05-01 09:00");
         task.with(&KWTaskModel::reminders, {u"TRIGGER:PT0S"_s});
-        return task.inState(QString::fromLatin1(state), "2030-05-01 08:00").savedIn(store);
+        return task.inState(QString::fromLatin1(state), "2030-05-01 08:00");
     }
     std::optional<Instant> alertOf(const QString &id)
     {
         return store.context().find<KWTask>(id)->model().remindTime;
     }
-    QStringList dueTitles()
+    QString due()
     {
-        QStringList titles;
-        for (const DueReminder &each : reminders.due({store.userID(), 0}, store.clock.now()))
-            titles << (each.isSilent ? u"("_s + each.title + u")"_s : each.title);
-        return titles;
+        auto found = reminders.due({store.userID(), 0}, store.clock.now());
+        std::ranges::sort(found, {}, &DueReminder::title);
+        return joined(found, [](const DueReminder &each) {
+            return each.isSilent ? u"("_s + each.title + u")"_s : each.title;
+        });
     }
 };
 
@@ -78,13 +79,13 @@ private Q_SLOTS:
     void followsEditsAndLeavesTheModificationTimeAlone()
     {
         ReminderScene scene;
-        const QString id = scene.addTask("Call");
+        const QString id = scene.task("Call").savedIn(scene.store);
         setSaved<KWTask>(scene.store, id, &KWTaskModel::startDate, at("2030-05-01 10:00", zone));
         QCOMPARE(scene.alertOf(id), at("2030-05-01 10:00", zone));
 
         const auto modified = scene.store.context().find<KWTask>(id)->model().modifiedTime;
         scene.store.clock.advance(2h);
-        QCOMPARE(scene.dueTitles(), QStringList{u"Call"_s});
+        QCOMPARE(scene.due(), u"Call"_s);
         const auto due = scene.reminders.due({scene.store.userID(), 0}, scene.store.clock.now());
         QVERIFY(scene.reminders.markDelivered(due, scene.store.clock.now()));
         QCOMPARE(scene.alertOf(id), std::nullopt);
@@ -141,28 +142,14 @@ private Q_SLOTS:
         const QString archived = scene.store.makeList(u"Archived"_s);
         setSaved<KWProject>(scene.store, muted, &KWProjectModel::isMuted, true);
         setSaved<KWProject>(scene.store, archived, &KWProjectModel::closed, true);
-        scene.addTask("muted", muted);
-        scene.addTask("archived", archived);
-        scene.addTask("else's", {}, "assigned-7");
-        scene.addTask("trashed", {}, "trashed");
-        scene.addTask("deleted", {}, "deleted");
-        const QString mine = scene.addTask("mine", {}, "assigned-0");
-        const QString completed = scene.addTask("completed", {}, "completed");
-        saved(scene.store, [&](ObjectContext &context) {
-            KWChecklistItemModel item;
-            item.userID = scene.store.userID();
-            item.startDate = at("2030-05-01 09:00", zone);
-            for (const auto &[title, owner] : {std::pair{u"item"_s, mine}, {u"orphan"_s, completed}}) {
-                item.title = title;
-                item.taskID = owner;
-                context.insert<KWChecklistItem>(item);
-            }
-        });
+        scene.task("muted").in(muted).savedIn(scene.store);
+        scene.task("archived").in(archived).savedIn(scene.store);
+        for (const char *state : {"assigned-7", "trashed", "deleted"})
+            scene.task(state, state).savedIn(scene.store);
+        scene.task("mine", "assigned-0").withItem("item", "2030-05-01 09:00").savedIn(scene.store);
+        scene.task("completed", "completed").withItem("orphan", "2030-05-01 09:00").savedIn(scene.store);
         scene.store.clock.advance(1h);
-        QStringList titles = scene.dueTitles();
-        titles.sort();
-        QCOMPARE(titles, QStringList({u"(archived)"_s, u"(else's)"_s, u"(muted)"_s, u"(orphan)"_s, u"item"_s,
-                                      u"mine"_s}));
+        QCOMPARE(scene.due(), u"(archived) (assigned-7) item mine (muted) (orphan)"_s);
     }
 };
 

@@ -7,7 +7,9 @@
 #include "model/records/KWTask.h"
 #include "model/records/KWTaskSortOrders.h"
 #include "model/records/SortOrderContext.h"
+#include "model/settings/KWListDisplayConfigurationManager.h"
 #include "model/store/KWTagCache.h"
+#include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -23,10 +25,10 @@ class KWTagService_test : public QObject {
     /// "errand chore<errand": the tags by name, each with its parent.
     QString tags() const
     {
-        QStringList tags;
-        for (const KWTag *each : KWTag::findTagsOfUser(m_store->userID(), m_store->context()))
-            tags << (*each)->name + ((*each)->parent.isEmpty() ? QString{} : u'<' + (*each)->parent);
-        return tags.join(u' ');
+        const auto found = KWTag::findTagsOfUser(m_store->userID(), m_store->context());
+        return joined(found, [](const KWTag *each) {
+            return (*each)->name + ((*each)->parent.isEmpty() ? QString{} : u'<' + (*each)->parent);
+        });
     }
     /// A manual position of the task in the list of a tag, in the group of a tag.
     void place(const char *list, const char *group)
@@ -40,14 +42,12 @@ class KWTagService_test : public QObject {
             context.insert<KWTaskTagSortOrder>(place);
         });
     }
-    /// "tag:errand errand": those positions.
+    /// "tag:errand errand tag:errand home": those positions.
     QString places() const
     {
-        QStringList places;
-        for (const auto &each : m_store->context().models<KWTaskTagSortOrder>(
-                 {.where = "isDeleted = 0", .orderBy = "contextID, tagName"}))
-            places << each.contextID + u' ' + each.tagName;
-        return places.join(u", "_s);
+        const auto places = m_store->context().models<KWTaskTagSortOrder>(
+            {.where = "isDeleted = 0", .orderBy = "contextID, tagName"});
+        return joined(places, [](const auto &each) { return each.contextID + u' ' + each.tagName; });
     }
     QString tagsOfTask() const { return (*m_store->context().find<KWTask>(m_task))->tags.join(u' '); }
 
@@ -61,14 +61,10 @@ private Q_SLOTS:
         QVERIFY(m_service->setParent(u"chore"_s, u"Errand"_s));
         m_task = aTask("A").tagged("other").tagged("errand").tagged("home").savedIn(*m_store);
         place("errand", "errand");
-        saved(*m_store, [this](ObjectContext &context) {
-            for (const char *each : {"errand", "home"}) {
-                KWListDisplayConfigurationModel shown;
-                shown.userID = m_store->userID();
-                shown.listID = KWListIdentifier::tag(QString::fromLatin1(each)).userDefaultEncode();
-                context.insert<KWListDisplayConfiguration>(shown);
-            }
-        });
+        KWListDisplayConfigurationManager lists{m_store->kit().manager(), m_store->kit().center(),
+                                                m_store->userID()};
+        for (const QString &each : {u"errand"_s, u"home"_s})
+            QVERIFY(lists.save(lists.configuration(KWListIdentifier::tag(each))));
     }
 
     void aRenameReachesAllThatNamesTheTag()
@@ -91,7 +87,7 @@ private Q_SLOTS:
         place("errand", "other");
         place("other", "errand");
         QVERIFY(m_service->rename(u"errand"_s, u"home"_s));
-        QCOMPARE(places(), u"tag:home home, tag:home other, tag:other home"_s); // each once
+        QCOMPARE(places(), u"tag:home home tag:home other tag:other home"_s); // each once
         QCOMPARE(tags(), u"chore<home home"_s);
         QCOMPARE(tagsOfTask(), u"other home"_s);
         QCOMPARE(m_store->context().models<KWListDisplayConfiguration>({}).size(), 1);

@@ -3,6 +3,7 @@
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -26,13 +27,9 @@ class KWTaskEditor_test : public QObject {
     StoreFixture m_store{"2030-05-01 09:00", berlin};
     KWTaskEditor m_editor{m_store.kit().manager()};
     const KWTaskModel &taskWith(const QString &id) { return m_store.context().find<KWTask>(id)->model(); }
-    QStringList itemTitles(const QString &taskID)
+    QString items(const QString &taskID)
     {
-        QStringList titles;
-        const auto found = m_editor.read(taskID);
-        for (const KWChecklistItemModel &each : found->items)
-            titles << each.title;
-        return titles;
+        return joined(m_editor.read(taskID)->items, &KWChecklistItemModel::title);
     }
 
 private Q_SLOTS:
@@ -64,8 +61,7 @@ private Q_SLOTS:
         const QString odd = u"\u202Eשלום‏ 👩‍🚀 𝒙\n'; DROP TABLE tasks; -- \" ? % _ \\"_s +
                             QChar{u'\0'} + QString{100'000, u'語'};
         QVERIFY(m_editor.setContent(id, odd));
-        const Result<void> refused = m_editor.setTitle(id, u" \n"_s);
-        QVERIFY(!refused && refused.error().sentence.endsWith(u'.'));
+        QVERIFY(isRefused(m_editor.setTitle(id, u" \n"_s)));
         QVERIFY(m_editor.addItem(id, {}, u"item"_s)); // makes a checklist of it
         const auto fresh = std::move(*m_store.kit().store().makeContext());
         QCOMPARE(fresh->find<KWTask>(id)->model().desc, odd);
@@ -81,22 +77,20 @@ private Q_SLOTS:
         const QString second = *m_editor.addItem(id, {}, u"second"_s);
         QVERIFY(m_editor.addItem(id, {}, u"first"_s));
         const QString last = *m_editor.addItem(id, u"no such item"_s, u"last"_s);
-        QStringList titles{u"last"_s};
+        QString titles = u"last"_s;
         for (int i = 0; i < 60; ++i) { // more than there is room for
-            titles.prepend(u"between %1"_s.arg(i));
-            QVERIFY(m_editor.addItem(id, second, titles.first()));
+            QVERIFY(m_editor.addItem(id, second, QString::number(i)));
+            titles.prepend(QString::number(i) + u' ');
         }
-        QCOMPARE(itemTitles(id), QStringList({u"first"_s, u"second"_s}) + titles);
+        QCOMPARE(items(id), u"first second "_s + titles);
 
         QVERIFY(m_editor.tickItem(last));
         QVERIFY(m_store.context().find<KWChecklistItem>(last)->isCompleted());
         QVERIFY(m_editor.tickItem(last));
         QVERIFY(!m_store.context().find<KWChecklistItem>(last)->isCompleted());
         QVERIFY(m_editor.setItemTitle(last, u"the\nlast"_s));
-        QVERIFY(m_editor.removeItem(second));
-        QVERIFY(!m_editor.tickItem(second));
-        QCOMPARE(itemTitles(id).size(), 62);
-        QCOMPARE(itemTitles(id).last(), u"the last"_s);
+        QVERIFY(m_editor.removeItem(second) && !m_editor.tickItem(second));
+        QCOMPARE(items(id), u"first "_s + titles.replace(u"last"_s, u"the last"_s));
     }
 
     void refusesATaskThatIsGone()
@@ -118,8 +112,7 @@ private Q_SLOTS:
         setSaved<KWProject>(m_store, list, &KWProjectModel::permission, KWProjectPermissionRead);
         const KWTaskModel before = taskWith(id);
 
-        const Result<void> refused = m_editor.setTitle(id, u"other"_s);
-        QVERIFY(!refused && refused.error().sentence.contains(u"Office"));
+        QVERIFY(isRefused(m_editor.setTitle(id, u"other"_s), u"Office"));
         QVERIFY(!m_editor.setDay(id, m_store.clock.today()) && !m_editor.addItem(id, {}, u"other"_s));
         QVERIFY(!m_editor.tickItem(item) && !m_editor.removeItem(item) && !m_editor.restoreItem(removed));
         QCOMPARE(taskWith(id), before);

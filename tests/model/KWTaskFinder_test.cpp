@@ -1,6 +1,5 @@
 #include "model/store/KWTaskFinder.h"
 
-#include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "support/CaseTable.h"
@@ -97,15 +96,12 @@ private Q_SLOTS:
 
     void theBadgeCountsDatedItemsOfOpenTasks()
     {
-        const QString task = save(u"Home"_s, u"-"_s, u"open"_s);
-        saved(*m_store, [&](ObjectContext &context) {
-            for (const char *start : {"2030-04-30 10:00", "2030-05-01 10:00", "2030-05-02 10:00"}) {
-                KWChecklistItemModel item;
-                item.taskID = task;
-                item.startDate = at(start, berlin);
-                context.insert<KWChecklistItem>(item);
-            }
-        });
+        const QString task = aTask("A", berlin)
+                                 .in(m_lists[u"Home"_s])
+                                 .withItem("late", "2030-04-30 10:00")
+                                 .withItem("today", "2030-05-01 10:00")
+                                 .withItem("tomorrow", "2030-05-02 10:00")
+                                 .savedIn(*m_store);
         const auto count = [this](KWBadgeType type) {
             return KWTaskFinder::countOnBadgeWithType(type, {m_store->userID()}, m_store->context());
         };

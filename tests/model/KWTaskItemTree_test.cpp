@@ -3,6 +3,7 @@
 #include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -46,10 +47,7 @@ class KWTaskItemTree_test : public QObject {
 
     static QString names(const QList<KWTask *> &tasks)
     {
-        QStringList names;
-        for (const KWTask *each : tasks)
-            names.append(each->sid());
-        return names.join(u' ');
+        return joined(tasks, [](const KWTask *each) { return each->sid(); });
     }
 
 private Q_SLOTS:
@@ -69,14 +67,11 @@ private Q_SLOTS:
     void knowsTheLevelRightBelow()
     {
         makeTasks(u"a[c,b,gone] b<a c<a trashed!<a d<b self<self"_s);
-        const auto below = [this](const QString &id) {
-            KWTask &task = *tasks(id).first();
-            const QString children = names(KWTask::children(task, m_store->context()));
-            return task.hasChildren() == children.isEmpty() ? u"unlike"_s : children;
-        };
-        QCOMPARE(below(u"a"_s), u"c b"_s);
-        QCOMPARE(below(u"b"_s), u"d"_s);
-        QCOMPARE(below(u"c"_s) + below(u"self"_s), QString{});
+        for (const auto &[id, children] : {std::pair{"a", "c b"}, {"b", "d"}, {"c", ""}, {"self", ""}}) {
+            KWTask &task = *tasks(QString::fromLatin1(id)).first();
+            QCOMPARE(names(KWTask::children(task, m_store->context())), QString::fromLatin1(children));
+            QCOMPARE(task.hasChildren(), *children != 0);
+        }
     }
 
     void deletesForGoodWithAllThatBelongsToIt()

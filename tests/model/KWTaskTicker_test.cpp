@@ -8,6 +8,7 @@
 #include "model/records/KWTask.h"
 #include "model/records/TaskRepetition.h"
 #include "model/store/KWTaskEditor.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -61,18 +62,17 @@ class KWTaskTicker_test : public QObject {
     QString partsOf(const QString &taskID)
     {
         KWTask &parent = *m_store->context().find<KWTask>(taskID);
-        QStringList parts;
-        for (const KWChecklistItem *each : parent.orderedChecklistItems())
-            parts << u"%1 %2"_s.arg((*each)->title).arg((*each)->status);
-        QStringList below;
-        for (const KWTask *each : KWTask::children(parent, m_store->context())) {
+        const auto item = [](const KWChecklistItem *each) {
+            return u"%1 %2"_s.arg((*each)->title).arg((*each)->status);
+        };
+        const auto subtask = [](const KWTask *each) {
             const auto date = (*each)->startDate;
-            below << u"%1 %2 %3"_s.arg((*each)->title)
-                         .arg((*each)->status)
-                         .arg(date ? TimeText::fromDay(CXTimeZone{}.dayOf(*date)) : u"-"_s);
-        }
-        below.sort();
-        return (parts + below).join(u", "_s);
+            return u"%1 %2 %3"_s.arg((*each)->title)
+                .arg((*each)->status)
+                .arg(date ? TimeText::fromDay(CXTimeZone{}.dayOf(*date)) : u"-"_s);
+        };
+        return joined(parent.orderedChecklistItems(), item) + u", "_s +
+               joined(KWTask::children(parent, m_store->context()), subtask);
     }
     QString addItem(const QString &taskID, const QString &title)
     {
@@ -88,8 +88,10 @@ class KWTaskTicker_test : public QObject {
         const QString id = review.with(&KWTaskModel::pinnedDate, at("2030-04-01 10:00")).savedIn(*m_store);
         addItem(id, u"Inbox"_s);
         if (!KWTaskEditor{m_store->kit().manager()}.tickItem(addItem(id, u"Lists"_s))) qFatal("No tick");
-        aTask("Print").dueOn("2030-04-30").with(&KWTaskModel::parentId, id).savedIn(*m_store);
-        aTask("File").completedAt("2030-05-01 08:00").with(&KWTaskModel::parentId, id).savedIn(*m_store);
+        TaskBuilder print = aTask("Print").dueOn("2030-04-30").with(&KWTaskModel::parentId, id);
+        print.savedIn(*m_store);
+        TaskBuilder file = aTask("File").completedAt("2030-05-01 08:00").with(&KWTaskModel::parentId, id);
+        file.ordered(1).savedIn(*m_store);
         return id;
     }
 
@@ -145,8 +147,8 @@ private Q_SLOTS:
         QCOMPARE(copy.tags, QStringList{u"work"_s});
         QCOMPARE(copy.desc, u"All lists"_s);
         QVERIFY(copy.repeatRule.isEmpty() && copy.reminders.isEmpty() && !copy.pinnedDate);
-        QCOMPARE(partsOf(id), u"Inbox 0, Lists 0, File 0 -, Print 0 2030-05-07"_s);
-        QCOMPARE(partsOf(copy.sid), u"Inbox 0, Lists 2, File 2 -, Print 2 2030-04-30"_s);
+        QCOMPARE(partsOf(id), u"Inbox 0 Lists 0, Print 0 2030-05-07 File 0 -"_s);
+        QCOMPARE(partsOf(copy.sid), u"Inbox 0 Lists 2, Print 2 2030-04-30 File 2 -"_s);
     }
 
     void takesEveryTickBack_data() { addCaseRows("model/ticks.txt", 5); }
@@ -169,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(ticker().undo(ticked->undo));
         QVERIFY(contents<KWTask>(*m_store) == tasks);
         QVERIFY(contents<KWChecklistItem>(*m_store) == items);
-        QVERIFY(ticker().undo(ticked->undo).error().sentence.endsWith(u'.')); // once
+        QVERIFY(isRefused(ticker().undo(ticked->undo))); // once
     }
 
     void keepsWhatWasChangedSinceTheTick()
@@ -194,24 +196,24 @@ private Q_SLOTS:
         const QString id = makeWeeklyReview();
         const auto ticked = ticker().tick(id);
         const QString copyID = copyOf(id).sid;
-        const auto isKept = [&]<class Record>(std::type_identity<Record>, auto owner) {
-            typename Record::Model part;
-            part.*owner = copyID;
+        const auto keeps = [&]<class Record>(std::type_identity<Record>, auto owner) {
+            QString part;
             saved(*m_store, [&](ObjectContext &context) {
+                typename Record::Model model;
+                model.*owner = copyID;
                 if constexpr (std::same_as<Record, KWTask>)
-                    part.projectID = context.find<KWTask>(id)->model().projectID;
-                part.sid = context.insert<Record>(part).sid();
+                    model.projectID = context.find<KWTask>(id)->model().projectID;
+                part = context.insert<Record>(model).sid();
             });
-            const bool isRefused = !ticker().undo(ticked->undo);
-            const bool isThere = m_store->context().find<Record>(part.sid);
-            saved(*m_store, [&](ObjectContext &context) { context.remove(*context.find<Record>(part.sid)); });
-            return isRefused && isThere;
+            const bool isKept = !ticker().undo(ticked->undo) && m_store->context().find<Record>(part);
+            saved(*m_store, [&](ObjectContext &context) { context.remove(*context.find<Record>(part)); });
+            return isKept;
         };
-        QVERIFY(isKept(std::type_identity<KWTask>{}, &KWTaskModel::parentId));
-        QVERIFY(isKept(std::type_identity<KWChecklistItem>{}, &KWChecklistItemModel::taskID));
-        QVERIFY(isKept(std::type_identity<KWAttachment>{}, &KWAttachmentModel::taskID));
-        QVERIFY(isKept(std::type_identity<KWComment>{}, &KWCommentModel::taskID));
-        QVERIFY(isKept(std::type_identity<KWFocusSummary>{}, &KWFocusSummaryModel::taskID));
+        QVERIFY(keeps(std::type_identity<KWTask>{}, &KWTaskModel::parentId));
+        QVERIFY(keeps(std::type_identity<KWChecklistItem>{}, &KWChecklistItemModel::taskID));
+        QVERIFY(keeps(std::type_identity<KWAttachment>{}, &KWAttachmentModel::taskID));
+        QVERIFY(keeps(std::type_identity<KWComment>{}, &KWCommentModel::taskID));
+        QVERIFY(keeps(std::type_identity<KWFocusSummary>{}, &KWFocusSummaryModel::taskID));
         QVERIFY(ticker().undo(ticked->undo));
         QVERIFY(copyOf(id).sid.isEmpty());
     }

@@ -3,6 +3,7 @@
 #include "model/records/KWSortOrderResetable.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWTeamworker.h"
+#include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -63,10 +64,9 @@ private Q_SLOTS:
             member.name = name;
             members << &store.context().insert<KWTeamworker>(member);
         }
-        QStringList names;
-        for (const KWTeamworker *each : KWTeamworker::sortedByName(members, QLocale{u"de_DE"_s}))
-            names << each->model().name;
-        QCOMPARE(names.join(u", "_s), u"Äpfel, birne, part 2, Part 10, zebra"_s);
+        const auto sorted = KWTeamworker::sortedByName(members, QLocale{u"de_DE"_s});
+        QCOMPARE(joined(sorted, [](const KWTeamworker *each) { return each->model().name + u','; }),
+                 u"Äpfel, birne, part 2, Part 10, zebra,"_s);
         store.context().rollback();
     }
 };

@@ -1,10 +1,10 @@
 #include "model/store/StoreBackups.h"
 
 #include "model/events/NotificationNames.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/StoreCare.h"
+#include "support/Answers.h"
 #include "support/Files.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -21,14 +21,6 @@ void damage(const QString &path)
 {
     const QByteArray sound = bytesOf(path);
     write(path, sound.chopped(4096) + QByteArray(4096, '\x5a'));
-}
-
-QStringList namesOf(const QList<StoreBackup> &backups)
-{
-    QStringList names;
-    for (const StoreBackup &each : backups)
-        names << QFileInfo{each.path}.fileName();
-    return names;
 }
 
 } // namespace
@@ -55,7 +47,8 @@ private Q_SLOTS:
             store.clock.advance(24h);
             store.kit().center().post(KWNewDayComesNotification);
         }
-        QTRY_COMPARE(namesOf(StoreBackups{folders}.list()).join(u' '),
+        const auto name = [](const StoreBackup &each) { return QFileInfo{each.path}.fileName(); };
+        QTRY_COMPARE(joined(StoreBackups{folders}.list(), name),
                      u"store-2040-01-01.sqlite store-2030-05-10.sqlite store-2030-05-09.sqlite "
                      "store-2030-05-08.sqlite store-2030-05-07.sqlite store-2030-05-06.sqlite "
                      "store-2030-05-05.sqlite store.replaced-2030-05-02T083000-2.sqlite"_s);
@@ -86,16 +79,12 @@ private Q_SLOTS:
         QVERIFY(StoreBackups::copyTo(file, store.context().connection()));
         const QString later = aTask("Later").savedIn(store);
 
-        const Result<QString> refused = restoreStore(file, folders, store.clock);
-        QVERIFY(!refused);
-        QCOMPARE(refused.error().sentence, u"Another program has the store open, so nothing was restored."_s);
+        QVERIFY(isRefused(restoreStore(file, folders, store.clock), u"Another program has the store open"));
         store.close();
         const Result<QString> kept = restoreStore(file, folders, store.clock);
-        QVERIFY(kept);
         QCOMPARE(*kept, u"store.replaced-2030-05-01T090000.sqlite"_s);
         store.reopen();
-        QVERIFY(store.context().find<KWTask>(before));
-        QVERIFY(!store.context().find<KWTask>(later));
+        QVERIFY(store.context().find<KWTask>(before) && !store.context().find<KWTask>(later));
         store.close();
         QVERIFY(restoreStore(folders.data + u'/' + *kept, folders, store.clock));
         store.reopen();
@@ -126,8 +115,8 @@ private Q_SLOTS:
                                         {u"damaged.sqlite"_s, u"is damaged"_s},
                                         {u"newer.sqlite"_s, u"a newer version"_s},
                                         {u"store.sqlite"_s, u"is the store itself"_s}}) {
-            const Result<QString> restored = restoreStore(data.filePath(file), folders, store.clock);
-            QVERIFY2(!restored && restored.error().sentence.contains(why), qUtf8Printable(file));
+            QVERIFY2(isRefused(restoreStore(data.filePath(file), folders, store.clock), why),
+                     qUtf8Printable(file));
             QCOMPARE(data.entryList(QDir::Files), before);
         }
         store.reopen();
@@ -140,11 +129,7 @@ private Q_SLOTS:
         const DataFolders folders = store.kit().folders();
         const Day today = store.clock.today();
         const StoreBackups backups{folders};
-        saved(store, [&](ObjectContext &context) {
-            for (int i = 0; i < 200; ++i)
-                context.insert<KWTask>(
-                    aTask("To be damaged").in(KWProject::inboxIDOfUser(store.userID())).model());
-        });
+        aTask("To be damaged").with(&KWTaskModel::content, QString{50'000, u'x'}).savedIn(store);
         for (const int day : {-3, -2, -1})
             QVERIFY(backups.makeDaily(store.context().connection(), today + std::chrono::days{day}));
         damage(backups.list().first().path);

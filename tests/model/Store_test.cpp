@@ -292,7 +292,7 @@ private Q_SLOTS:
         for (int round = 0; round < 10; ++round) {
             const QString fresh = m_folder->filePath(u"fresh%1.sqlite"_s.arg(round));
             std::atomic_int opened = 0;
-            std::vector<std::thread> threads;
+            std::vector<std::jthread> threads;
             for (int i = 0; i < 4; ++i)
                 threads.emplace_back([&] {
                     const Store::Opening opening = Store::open(fresh, m_clock);
@@ -300,8 +300,7 @@ private Q_SLOTS:
                     fill(*opening.store);
                     ++opened;
                 });
-            for (std::thread &each : threads)
-                each.join();
+            threads.clear(); // joins them
             QCOMPARE(opened.load(), 4);
             QCOMPARE(storedTasks(*Store::open(fresh, m_clock).store), 4 * taskCount);
         }

@@ -8,6 +8,7 @@
 #include "model/store/KWTaskMerger.h"
 #include "model/store/KWTaskMover.h"
 #include "model/store/KWTrashDataService.h"
+#include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -25,26 +26,23 @@ class TaskOperations_test : public QObject {
     KWTask &task(const QString &id) { return *m_store->context().find<KWTask>(id); }
     QString make(const char *title, const QString &parentID = {}, int order = 0)
     {
-        const QString id = aTask(title).in(m_home).ordered(order * KWSortOrderStep).savedIn(*m_store);
+        TaskBuilder builder = aTask(title).in(m_home).ordered(order * KWSortOrderStep);
+        const QString id = builder.with(&KWTaskModel::parentId, parentID).savedIn(*m_store);
         if (parentID.isEmpty()) return id;
-        saved(*m_store, [&](ObjectContext &context) {
-            context.find<KWTask>(id)->set(&KWTaskModel::parentId, parentID);
-            KWTask &parent = *context.find<KWTask>(parentID);
-            parent.set(&KWTaskModel::childIds, parent.model().childIds + QStringList{id});
-        });
+        const QStringList children = task(parentID)->childIds + QStringList{id};
+        setSaved<KWTask>(*m_store, parentID, &KWTaskModel::childIds, children);
         return id;
     }
     // "Title<Parent" in their manual order.
     QString tasksOf(const QString &list, const char *where = "isTrashed = 0")
     {
-        QStringList titles;
         const std::string condition = std::string{"projectID = ? AND isDeleted = 0 AND "} + where;
-        for (const KWTask *each : m_store->context().fetch<KWTask>(
-                 {.where = condition.c_str(), .values = {list}, .orderBy = "sortOrder, id"})) {
+        const auto found = m_store->context().fetch<KWTask>(
+            {.where = condition.c_str(), .values = {list}, .orderBy = "sortOrder, id"});
+        return joined(found, [this](const KWTask *each) {
             const KWTask *parent = m_store->context().find<KWTask>((*each)->parentId);
-            titles << (*each)->title + (parent ? u"<"_s + (*parent)->title : QString{});
-        }
-        return titles.join(u' ');
+            return (*each)->title + (parent ? u"<"_s + (*parent)->title : QString{});
+        });
     }
     QString trash() { return tasksOf(m_home, "isTrashed = 1"); }
     Result<QString> copy(const QString &id)
@@ -95,17 +93,16 @@ private Q_SLOTS:
     void movesOnlyWhereItMay()
     {
         const QString id = make("Task");
-        const auto isRefused = [&](const QString &list) {
-            const auto moved = move({id}, list);
-            return !moved && moved.error().sentence.endsWith(u'.') && tasksOf(m_home) == u"Task";
+        const auto isRefusedTo = [&](const QString &list) {
+            return isRefused(move({id}, list)) && tasksOf(m_home) == u"Task";
         };
         for (const QString &list : {m_home, m_work}) {
             setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionComment);
-            QVERIFY(isRefused(m_work));
+            QVERIFY(isRefusedTo(m_work));
             setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionWrite);
         }
         setSaved<KWProject>(*m_store, m_work, &KWProjectModel::closed, true);
-        QVERIFY(isRefused(m_work) && isRefused(u"gone"_s));
+        QVERIFY(isRefusedTo(m_work) && isRefusedTo(u"gone"_s));
     }
 
     void duplicatesWithItsParts()
@@ -125,12 +122,10 @@ private Q_SLOTS:
         });
         QString announced;
         const auto observation = m_store->kit().center().addObserver(
-            KWWillDuplicateTaskNotification,
-            [&](const KWNotification &each) { announced = each.object.toString(); });
+            KWWillDuplicateTaskNotification, [&](const auto &each) { announced = each.object.toString(); });
 
         const auto copied = copy(parent);
-        QVERIFY(copied);
-        QCOMPARE(announced, parent);
+        QVERIFY(copied && announced == parent);
         QCOMPARE(tasksOf(m_home), u"Parent Parent Next Open<Parent Open<Parent Done<Parent"_s);
         QCOMPARE(task(*copied)->status, KWTaskStatusOpen);
         QCOMPARE(task(*copied).orderedChecklistItems().size(), 1);
@@ -146,18 +141,11 @@ private Q_SLOTS:
 
     void duplicatesNoRemindersThatWereMissed()
     {
-        const QString id = make("Task");
-        saved(*m_store, [&](ObjectContext &context) {
-            KWTask &task = *context.find<KWTask>(id);
-            task.set(&KWTaskModel::startDate, m_store->clock.now() + std::chrono::hours{1});
-            task.set(&KWTaskModel::reminders, {u"TRIGGER:PT0S"_s, u"TRIGGER:-PT30M"_s});
-            task.set(&KWTaskModel::snoozedRemindDate, m_store->clock.now() + std::chrono::minutes{45});
-            task.set(&KWTaskModel::serverStartDate, m_store->clock.now());
-            KWChecklistItemModel item;
-            item.taskID = id;
-            item.startDate = m_store->clock.now() + std::chrono::minutes{10};
-            context.insert<KWChecklistItem>(item);
-        });
+        TaskBuilder builder = aTask("Task").startingAt("2030-05-01 10:00").in(m_home);
+        builder.with(&KWTaskModel::reminders, {u"TRIGGER:PT0S"_s, u"TRIGGER:-PT30M"_s});
+        builder.with(&KWTaskModel::snoozedRemindDate, at("2030-05-01 09:45"));
+        builder.with(&KWTaskModel::serverStartDate, at("2030-05-01 09:00"));
+        const QString id = builder.withItem("item", "2030-05-01 09:10").savedIn(*m_store);
         m_store->clock.advance(std::chrono::minutes{40});
         const KWTask &copied = task(*copy(id));
         QCOMPARE(copied->remindTime, copied->startDate);
@@ -176,25 +164,13 @@ private Q_SLOTS:
 
     void mergesWithoutLosingAWord()
     {
-        const auto content = &KWTaskModel::content;
-        const QString first = aTask("First")
-                                  .tagged("a")
-                                  .tagged("b")
-                                  .startingAt("2030-06-01 10:00")
-                                  .in(m_home)
-                                  .savedIn(*m_store);
-        const QString second = aTask("Second")
-                                   .tagged("b")
-                                   .tagged("c")
-                                   .prioritized(KWTaskPriorityHigh)
-                                   .dueOn("2030-05-20")
-                                   .ordered(2)
-                                   .in(m_home)
-                                   .savedIn(*m_store);
-        setSaved<KWTask>(*m_store, first, content, u"one"_s);
-        setSaved<KWTask>(*m_store, second, content, u"two"_s);
-        setSaved<KWTask>(*m_store, second, &KWTaskModel::reminders, {u"TRIGGER:PT9H"_s});
-        setSaved<KWTask>(*m_store, second, &KWTaskModel::status, KWTaskStatusAbandoned);
+        TaskBuilder one = aTask("First").startingAt("2030-06-01 10:00").in(m_home);
+        one.with(&KWTaskModel::tags, {u"a"_s, u"b"_s}).with(&KWTaskModel::content, u"one"_s);
+        TaskBuilder two = aTask("Second").dueOn("2030-05-20").prioritized(KWTaskPriorityHigh).in(m_home);
+        two.with(&KWTaskModel::tags, {u"b"_s, u"c"_s}).with(&KWTaskModel::content, u"two"_s);
+        two.with(&KWTaskModel::reminders, {u"TRIGGER:PT9H"_s}).ordered(2);
+        two.with(&KWTaskModel::status, KWTaskStatusAbandoned);
+        const QString first = one.savedIn(*m_store), second = two.savedIn(*m_store);
         make("Below", second, 3);
         make("First child", first, 4);
         KWTaskEditor editor{manager()};
@@ -209,8 +185,7 @@ private Q_SLOTS:
         QCOMPARE(task.startDate, at("2030-05-20 00:00"));
         QCOMPARE(task.reminders, QStringList{u"TRIGGER:PT9H"_s});
         const auto read = editor.read(first);
-        QCOMPARE(read->items.size(), 2);
-        QCOMPARE(read->items.first().title + read->items.last().title, u"Seconditem"_s);
+        QCOMPARE(joined(read->items, &KWChecklistItemModel::title), u"Second item"_s);
         QVERIFY(read->items.first().isCompleted());
         QCOMPARE(tasksOf(m_home), u"First Below<First First child<First"_s);
         QCOMPARE(trash(), u"Second"_s);
@@ -288,8 +263,7 @@ private Q_SLOTS:
         throwAway({read, gone});
         setSaved<KWProject>(*m_store, m_home, &KWProjectModel::permission, KWProjectPermissionRead);
         KWTrashDataService service{manager(), m_store->account()};
-        const Result<void> refused = service.deleteForever({gone, read});
-        QVERIFY(!refused && refused.error().sentence.contains(u"Home"));
+        QVERIFY(isRefused(service.deleteForever({gone, read}), u"Home"));
         QVERIFY(service.deleteForever({live}));
         QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks"), 3);
         QVERIFY(service.empty() && !service.empty());

@@ -1,6 +1,7 @@
 #include "support/TaskBuilder.h"
 
 #include "corvexkit/time/TimeText.h"
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 
@@ -78,6 +79,14 @@ TaskBuilder &TaskBuilder::completedAt(const char *localTime)
     return *this;
 }
 
+TaskBuilder &TaskBuilder::withItem(const char *title, const char *localTime)
+{
+    KWChecklistItemModel &item = m_items.emplaceBack();
+    item.title = QString::fromUtf8(title);
+    item.startDate = at(localTime, m_zone);
+    return *this;
+}
+
 TaskBuilder &TaskBuilder::when(const QString &dates)
 {
     if (dates == u'-') return *this;
@@ -107,9 +116,15 @@ QString TaskBuilder::savedIn(StoreFixture &store) const
     KWTaskModel task = m_task;
     task.userID = store.userID();
     if (task.projectID.isEmpty()) task.projectID = KWProject::inboxIDOfUser(task.userID);
-    QString id;
-    saved(store, [&](ObjectContext &context) { id = context.insert<KWTask>(task).sid(); });
-    return id;
+    saved(store, [&](ObjectContext &context) {
+        task.sid = context.insert<KWTask>(task).sid();
+        for (KWChecklistItemModel each : m_items) {
+            each.userID = task.userID;
+            each.taskID = task.sid;
+            context.insert<KWChecklistItem>(each);
+        }
+    });
+    return task.sid;
 }
 
 void saved(StoreFixture &store, const std::function<void(ObjectContext &)> &block)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWTaskModel.h"
 #include "support/StoreFixture.h"
 
@@ -20,6 +21,8 @@ public:
     TaskBuilder &ordered(std::int64_t sortOrder);
     TaskBuilder &in(const QString &listID);
     TaskBuilder &completedAt(const char *localTime);
+    /// A line of its checklist with a date.
+    TaskBuilder &withItem(const char *title, const char *localTime);
     template <class Value, class Owner>
     TaskBuilder &with(Value Owner::*member, std::type_identity_t<Value> value)
     {
@@ -40,6 +43,7 @@ public:
 private:
     const char *m_zone;
     KWTaskModel m_task;
+    QList<KWChecklistItemModel> m_items;
 };
 
 inline TaskBuilder aTask(const char *title, const char *zone = "UTC") { return {title, zone}; }
