@@ -1,223 +1,179 @@
 #include "views/taskdetail/TaskDetailView.h"
 
+#include "gui/ClientFixture.h"
 #include "gui/WindowHelp.h"
-#include "support/ManualClock.h"
+#include "model/store/KWTaskEditor.h"
 #include "support/TestMain.h"
 #include "views/controls/CommittingTextEdit.h"
+#include "views/main/MainWindow.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
 
 #include <QApplication>
-#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-namespace {
-
-KWChecklistItemModel item(const QString &sid, const QString &title)
-{
-    KWChecklistItemModel made;
-    made.sid = sid;
-    made.title = title;
-    return made;
-}
-
-TaskDetailData taskWith(const QList<KWChecklistItemModel> &items = {})
-{
-    TaskDetailData data;
-    data.task.sid = u"task"_s;
-    data.task.title = u"Write the announcement"_s;
-    data.task.content = u"One page"_s;
-    data.items = items;
-    return data;
-}
-
-} // namespace
-
-/// The view with a record behind it that takes every edit, and shows it again, as the controller does.
+/// The detail of the selected task, in the real window: what is typed there is in the store.
 class TaskDetailView_test : public QObject {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
-    {
-        m_clock = std::make_unique<ManualClock>("2030-05-01 09:00");
-        m_view = std::make_unique<TaskDetailView>(*m_clock);
-        m_view->resize(352, 700);
-        m_view->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
-        m_record = taskWith();
-    }
-    void cleanup() { m_view.reset(); }
+    std::unique_ptr<ClientFixture> m_client;
+    std::optional<KWTaskEditor> m_editor;
+    QString m_taskID;
 
-    void losesNothingOfWhatIsTyped()
-    {
-        keepRecord();
-        QTest::keyClicks(&title(), u"x"_s);
-        m_view->hide();
-        QCOMPARE(m_record.task.title, u"xWrite the announcement"_s);
-        m_view->show();
-        QTest::keyClicks(&content(), u"y"_s);
-        m_view->commitEdits();
-        QCOMPARE(m_record.task.content, u"yOne page"_s);
-        QTest::keyClicks(&content(), u"z"_s);
-        m_view->setTask(std::nullopt);
-        QCOMPARE(m_record.task.content, u"yzOne page"_s);
-    }
-
-    void enterGoesOnToTheNextItem()
-    {
-        m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"Last"_s)});
-        keepRecord();
-        putCaret(0, 5);
-        QTest::keyClick(focused(), Qt::Key_Return);
-        QCOMPARE(titles(), (QStringList{u"First"_s, QString{}, u"Last"_s}));
-        QTest::keyClicks(focused(), u"Middle"_s);
-        QTest::keyClick(focused(), Qt::Key_Return);
-        QCOMPARE(stored(), (QStringList{u"First"_s, u"Middle"_s, u"Last"_s}));
-        // Enter in the empty one ends the list and leaves nothing behind.
-        QTest::keyClick(focused(), Qt::Key_Return);
-        QCOMPARE(titles(), (QStringList{u"First"_s, u"Middle"_s, u"Last"_s}));
-        QCOMPARE(stored().size(), 3);
-    }
-
-    void enterWithinAnItemPartsIt()
-    {
-        m_record = taskWith({item(u"a"_s, u"Bread and milk"_s)});
-        keepRecord();
-        putCaret(0, 5);
-        QTest::keyClick(focused(), Qt::Key_Return);
-        QCOMPARE(stored(), (QStringList{u"Bread"_s, u" and milk"_s}));
-        QCOMPARE(titles(), stored());
-        QCOMPARE(focused()->textCursor().position(), 0);
-    }
-
-    void newItemIsKeptAndTypedOn()
-    {
-        keepRecord();
-        QTest::mouseClick(m_view->findChild<QWidget *>(u"addChecklistItem"_s), Qt::LeftButton);
-        QTest::keyClicks(focused(), u"Mi"_s);
-        m_clock->advance(1s);
-        QCOMPARE(stored(), QStringList{u"Mi"_s});
-        QTest::keyClicks(focused(), u"lk"_s);
-        m_clock->advance(1s);
-        QCOMPARE(stored(), QStringList{u"Milk"_s});
-    }
-
-    void backspaceInAnEmptyItemRemovesIt()
-    {
-        m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"x"_s)});
-        keepRecord();
-        putCaret(1, 1);
-        QTest::keyClick(focused(), Qt::Key_Backspace);
-        QCOMPARE(titles().size(), 2);
-        QTest::keyClick(focused(), Qt::Key_Backspace);
-        QCOMPARE(stored(), QStringList{u"First"_s});
-        QCOMPARE(titles(), QStringList{u"First"_s});
-        QCOMPARE(focused(), rows().at(0));
-    }
-
-    void typedTextOutlivesItsItem()
-    {
-        m_record = taskWith({item(u"a"_s, u"First"_s), item(u"b"_s, u"Second"_s)});
-        keepRecord();
-        putCaret(1, 0);
-        QTest::keyClicks(focused(), u"My "_s);
-        // Somebody else removes the item meanwhile.
-        m_record.items.removeLast();
-        m_view->setTask(m_record);
-        QCOMPARE(titles(), (QStringList{u"First"_s, u"My Second"_s}));
-        m_clock->advance(1s);
-        QCOMPARE(stored(), (QStringList{u"First"_s, u"My Second"_s}));
-    }
-
-    void ticksItemsAndTask()
-    {
-        m_view->setTask(taskWith({item(u"a"_s, u"A"_s)}));
-        QSignalSpy itemToggled{m_view.get(), &TaskDetailView::itemToggled};
-        QSignalSpy completionToggled{m_view.get(), &TaskDetailView::completionToggled};
-        QTest::mouseClick(m_view->findChild<QWidget *>(u"checklistItemCheckbox"_s), Qt::LeftButton);
-        QTest::mouseClick(m_view->findChild<QWidget *>(u"detailCheckbox"_s), Qt::LeftButton);
-        QCOMPARE(itemToggled.last().first().toString(), u"a"_s);
-        QCOMPARE(completionToggled.count(), 1);
-        m_view->setTask(std::nullopt);
-        QVERIFY(!title().isVisible());
-    }
-
-    void everyPartHasAName()
-    {
-        m_view->setTask(taskWith({item(u"a"_s, u"A"_s)}));
-        verifyControlsHaveNames(*m_view);
-    }
-
-private:
-    CommittingTextEdit &title() { return *m_view->findChild<CommittingTextEdit *>(u"taskTitle"_s); }
-    CommittingTextEdit &content() { return *m_view->findChild<CommittingTextEdit *>(u"taskContent"_s); }
-    CommittingTextEdit *focused() { return qobject_cast<CommittingTextEdit *>(QApplication::focusWidget()); }
+    TaskListView &list() { return m_client->window()->listPane().list(); }
+    CommittingTextEdit &title() { return m_client->find<CommittingTextEdit>("taskTitle"); }
+    CommittingTextEdit &content() { return m_client->find<CommittingTextEdit>("taskContent"); }
+    KWTaskModel task() { return m_editor->read(m_taskID)->task; }
 
     QList<CommittingTextEdit *> rows()
     {
         QApplication::sendPostedEvents(); // lays out, and takes away what was dropped
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        auto found = m_view->findChildren<CommittingTextEdit *>(u"checklistItemTitle"_s);
-        std::sort(found.begin(), found.end(), [this](const auto *one, const auto *other) {
-            return one->mapTo(m_view.get(), QPoint{}).y() < other->mapTo(m_view.get(), QPoint{}).y();
-        });
+        QWidget *window = m_client->window();
+        auto found = window->findChildren<CommittingTextEdit *>(u"checklistItemTitle"_s);
+        std::ranges::sort(found, {}, [window](const auto *row) { return row->mapTo(window, QPoint{}).y(); });
         return found;
     }
-    QStringList titles()
+    QStringList shown()
     {
         QStringList found;
         for (const CommittingTextEdit *row : rows())
             found.append(row->text());
         return found;
     }
-    QStringList stored() const
+    QStringList stored()
     {
         QStringList found;
-        for (const KWChecklistItemModel &each : m_record.items)
+        const auto task = m_editor->read(m_taskID);
+        for (const KWChecklistItemModel &each : task->items)
             found.append(each.title);
         return found;
     }
-
+    void addItems(const QStringList &titles)
+    {
+        QString last;
+        for (const QString &each : titles)
+            last = *m_editor->addItem(m_taskID, last, each);
+    }
     void putCaret(int row, int position)
     {
-        rows().at(row)->setFocus();
-        QTextCursor caret = focused()->textCursor();
+        CommittingTextEdit *edit = rows().at(row);
+        edit->setFocus();
+        QTextCursor caret = edit->textCursor();
         caret.setPosition(position);
-        focused()->setTextCursor(caret);
+        edit->setTextCursor(caret);
     }
 
-    // What a signal of the view does to the record, which the view then shows.
-    template <class Signal, class Change>
-    void onSignal(Signal signal, Change change)
+private Q_SLOTS:
+    void init()
     {
-        connect(m_view.get(), signal, m_view.get(), [this, change](const auto &...arguments) {
-            change(arguments...);
-            m_view->setTask(m_record);
-        });
+        m_client = std::make_unique<ClientFixture>();
+        m_client->useOnThisComputer();
+        m_client->openList(u"Inbox"_s);
+        m_taskID = m_client->rooms().newTasks().add(u"Write the announcement"_s)->sid;
+        m_editor.emplace(m_client->kit().manager());
+        QVERIFY(m_editor->setContent(m_taskID, u"One page"_s));
+        list().selectTask(m_taskID);
     }
-    void keepRecord()
+    void cleanup()
     {
-        using View = TaskDetailView;
-        const auto find = [this](const QString &sid) {
-            return std::find_if(m_record.items.begin(), m_record.items.end(),
-                                [&sid](const KWChecklistItemModel &each) { return each.sid == sid; });
-        };
-        onSignal(&View::titleEdited, [this](const QString &text) { m_record.task.title = text; });
-        onSignal(&View::contentEdited, [this](const QString &text) { m_record.task.content = text; });
-        onSignal(&View::itemTitleEdited,
-                 [find](const QString &sid, const QString &text) { find(sid)->title = text; });
-        onSignal(&View::itemRemoved, [=, this](const QString &sid) { m_record.items.erase(find(sid)); });
-        onSignal(&View::itemAdded, [=, this](const QString &after, const QString &text) {
-            const auto place = after.isEmpty() ? m_record.items.begin() : find(after) + 1;
-            m_record.items.insert(place, item(u"new %1"_s.arg(m_record.items.size()), text));
-        });
-        m_view->setTask(m_record);
+        m_editor.reset();
+        m_client.reset();
     }
 
-    std::unique_ptr<ManualClock> m_clock;
-    std::unique_ptr<TaskDetailView> m_view;
-    TaskDetailData m_record;
+    void losesNothingOfWhatIsTyped()
+    {
+        title().setFocus();
+        m_client->type(u"x"_s);
+        content().setFocus();
+        QCOMPARE(task().title, u"xWrite the announcement"_s);
+        m_client->type(u"y"_s);
+        m_client->clock.advance(1s);
+        QCOMPARE(task().content, u"yOne page"_s);
+        m_client->type(u"z"_s);
+        list().setCurrentIndex({});
+        QCOMPARE(task().content, u"yzOne page"_s);
+        QVERIFY(!title().isVisible());
+        list().selectTask(m_taskID);
+        content().setFocus();
+        m_client->type(u"a"_s);
+        m_client->window()->close();
+        QCOMPARE(task().content, u"ayzOne page"_s);
+    }
+
+    void enterGoesOnToTheNextItem()
+    {
+        addItems({u"First"_s, u"Last"_s});
+        putCaret(0, 5);
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(shown(), (QStringList{u"First"_s, QString{}, u"Last"_s}));
+        m_client->type(u"Middle"_s);
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(stored(), (QStringList{u"First"_s, u"Middle"_s, u"Last"_s}));
+        // Enter in the empty one ends the list and leaves nothing behind.
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(shown(), (QStringList{u"First"_s, u"Middle"_s, u"Last"_s}));
+        QCOMPARE(stored(), shown());
+    }
+
+    void enterWithinAnItemPartsIt()
+    {
+        addItems({u"Bread and milk"_s});
+        putCaret(0, 5);
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(stored(), (QStringList{u"Bread"_s, u"and milk"_s}));
+        QCOMPARE(shown(), stored());
+        QVERIFY(rows().at(1)->hasFocus());
+        QCOMPARE(rows().at(1)->textCursor().position(), 0);
+    }
+
+    void newItemIsKeptAndTypedOn()
+    {
+        QTest::mouseClick(&m_client->find<QWidget>("addChecklistItem"), Qt::LeftButton);
+        m_client->type(u"Oat "_s);
+        m_client->clock.advance(1s);
+        QCOMPARE(stored(), QStringList{u"Oat"_s});
+        m_client->type(u"milk"_s);
+        m_client->clock.advance(1s);
+        QCOMPARE(stored(), QStringList{u"Oat milk"_s});
+        QCOMPARE(shown(), stored());
+    }
+
+    void backspaceInAnEmptyItemRemovesIt()
+    {
+        addItems({u"First"_s, u"x"_s});
+        putCaret(1, 1);
+        m_client->press(Qt::Key_Backspace);
+        QCOMPARE(shown().size(), 2);
+        m_client->press(Qt::Key_Backspace);
+        QCOMPARE(stored(), QStringList{u"First"_s});
+        QCOMPARE(shown(), QStringList{u"First"_s});
+        QVERIFY(rows().at(0)->hasFocus());
+    }
+
+    void typedTextOutlivesItsItem()
+    {
+        addItems({u"First"_s, u"Second"_s});
+        putCaret(1, 0);
+        m_client->type(u"My "_s);
+        // Somebody else removes the item meanwhile.
+        QVERIFY(m_editor->removeItem(m_editor->read(m_taskID)->items.last().sid));
+        QCOMPARE(shown(), (QStringList{u"First"_s, u"My Second"_s}));
+        m_client->clock.advance(1s);
+        QCOMPARE(stored(), (QStringList{u"First"_s, u"My Second"_s}));
+    }
+
+    void ticksItemsAndTask()
+    {
+        addItems({u"First"_s});
+        verifyControlsHaveNames(*m_client->window());
+        QTest::mouseClick(&m_client->find<QWidget>("checklistItemCheckbox"), Qt::LeftButton);
+        QVERIFY(m_editor->read(m_taskID)->items.first().status != 0);
+        QTest::mouseClick(&m_client->find<QWidget>("detailCheckbox"), Qt::LeftButton);
+        QCOMPARE(task().status, KWTaskStatusCompleted);
+    }
 };
 
 ORVANE_TEST(TaskDetailView_test)

@@ -177,19 +177,6 @@ private Q_SLOTS:
         QVERIFY(!m_client->find<QWidget>("toast").isVisible());
     }
 
-    void theSelectedTaskIsEditedInTheDetail()
-    {
-        add(u"Pay rent"_s);
-        m_client->find<QWidget>("taskList").setFocus();
-        m_client->press(Qt::Key_Return);
-        m_client->find<QWidget>("taskTitle").setFocus();
-        m_client->press(Qt::Key_End);
-        m_client->type(u" and water"_s);
-        m_client->press(Qt::Key_Return);
-        QTRY_COMPARE(m_client->shownTitles(), QStringList{u"Pay rent and water"_s});
-        QCOMPARE(tasks().first().title, u"Pay rent and water"_s);
-    }
-
     void deleteHidesTheTaskUntilItIsUndoneOrOver()
     {
         const auto inboxCount = [this] {

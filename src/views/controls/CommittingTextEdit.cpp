@@ -1,5 +1,7 @@
 #include "views/controls/CommittingTextEdit.h"
 
+#include "model/records/OneLine.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -98,7 +100,7 @@ void CommittingTextEdit::commit()
     m_commitCall.cancel();
     if (!hasUncommittedText()) return;
     m_committedText = text();
-    m_echoes.append(m_committedText);
+    m_echoes.append(m_lines == Lines::One ? onOneLine(m_committedText) : m_committedText);
     Q_EMIT committed(m_committedText);
 }
 

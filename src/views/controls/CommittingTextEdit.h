@@ -23,8 +23,9 @@ public:
     QString text() const;
 
     /// The record has this value now. Ignored while there is typed text to hand over, and for a value
-    /// that was handed over from here while the editor has the focus: that is an echo. Otherwise only
-    /// the part that differs is replaced, and the caret stays where it was.
+    /// that was handed over from here while the editor has the focus: that is an echo, in an editor of
+    /// one line without the white space around it. Otherwise only the part that differs is replaced, and
+    /// the caret stays where it was.
     void setStoredText(const QString &text);
     /// Another record: replaces the text, forgets undo. Call commit() before.
     void startWith(const QString &text);
@@ -73,6 +74,6 @@ private:
     CXClock &m_clock;
     const Lines m_lines;
     QString m_committedText;
-    QStringList m_echoes; // handed over since the focus came
+    QStringList m_echoes; // handed over since the focus came, as records keep them
     ClockCall m_commitCall;
 };

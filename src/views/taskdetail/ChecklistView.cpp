@@ -1,5 +1,6 @@
 #include "views/taskdetail/ChecklistView.h"
 
+#include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/AddButton.h"
 #include "views/controls/CommittingTextEdit.h"
@@ -71,8 +72,8 @@ ChecklistItemRow *ChecklistView::rowFor(const KWChecklistItemModel &item, const 
     for (ChecklistItemRow *row : m_rows)
         if (row->sid() == item.sid) return row;
     for (ChecklistItemRow *row : m_rows)
-        if (row->isDraft() && row->editor().committedText() == item.title && !item.title.isEmpty() &&
-            sidBefore(*row) == previousSid)
+        if (row->isDraft() && onOneLine(row->editor().committedText()) == item.title &&
+            !item.title.isEmpty() && sidBefore(*row) == previousSid)
             return row;
     ChecklistItemRow *row = makeRow();
     row->editor().startWith(item.title);
