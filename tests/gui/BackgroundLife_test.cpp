@@ -1,5 +1,6 @@
 #include "client/RelaunchArguments.h"
 #include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
 #include "model/records/KWTask.h"
 #include "support/TestMain.h"
 #include "views/alerts/Alert.h"
@@ -22,18 +23,6 @@ struct NotedNotifications final : UserNotificationCenterPort {
     QStringList titles;
 };
 
-QWidget *openAlert()
-{
-    for (QWidget *each : QApplication::topLevelWidgets())
-        if (each->objectName() == u"alert" && each->isVisible()) return each;
-    return nullptr;
-}
-
-void pressAlertButton()
-{
-    if (QWidget *alert = openAlert()) alert->findChild<QAbstractButton *>(u"alertButton0"_s)->click();
-}
-
 } // namespace
 
 /// The client without its window, and what it does before one is open.
@@ -51,7 +40,10 @@ class BackgroundLife_test : public QObject {
         m_client->clock.setZone("America/New_York");
         m_client->restart(services);
         QTimer presser;
-        presser.callOnTimeout(&pressAlertButton);
+        presser.callOnTimeout([] {
+            QWidget *alert = QApplication::activeModalWidget();
+            if (alert) alert->findChild<QAbstractButton *>(u"alertButton0"_s)->click();
+        });
         presser.start(0);
         m_client->clock.advance(0ms); // before anything in the background has ended
         m_client->kit().manager().threadPool().waitForDone();
@@ -124,7 +116,7 @@ private Q_SLOTS:
         QSignalSpy lastWindow{qApp, &QGuiApplication::lastWindowClosed};
         int answer = -1;
         QTimer::singleShot(0, this, [&answer] {
-            QTimer::singleShot(0, &pressAlertButton);
+            answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
             answer = Alert::run({u"Question"_s, {}, {u"Yes"_s, u"No"_s}});
             QCoreApplication::exit();
         });

@@ -15,6 +15,7 @@ class Popover_test : public QObject {
     Q_OBJECT
 
     std::unique_ptr<ClientFixture> m_client;
+    QString m_taskID; // of the one task of today
 
     StatusItem &item() { return m_client->rooms().statusItem(); }
     PopoverWindow &popover() { return *item().popover(); }
@@ -42,28 +43,26 @@ private Q_SLOTS:
         m_client = std::make_unique<ClientFixture>();
         m_client->useOnThisComputer();
         open();
+        QVERIFY(popover().addField().hasFocus());
+        add(u"Feed the cat"_s);
+        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+        m_taskID = popover().model().rows().constFirst().sid;
     }
     void cleanup() { m_client.reset(); }
 
     void addsAndTicksTheTasksOfToday()
     {
         QVERIFY(!item().isShown()); // the offscreen platform has no status area
-        QVERIFY(popover().addField().hasFocus());
-        add(u"Feed the cat"_s);
         add(u"Call the venue tomorrow"_s);
-        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
-        popover().list().selectTask(popover().model().rows().constFirst().sid);
+        popover().list().selectTask(m_taskID);
         QTest::keyClick(&popover().list(), Qt::Key_Space);
         QTRY_COMPARE(titles(), QStringList{});
     }
 
     void leavesOutWhatIsBeingDeleted()
     {
-        add(u"Feed the cat"_s);
-        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
-        const QString taskID = popover().model().rows().constFirst().sid;
         m_client->rooms().statusItem().resetPopover();
-        m_client->rooms().deletes().deleteTasks({taskID});
+        m_client->rooms().deletes().deleteTasks({m_taskID});
         open();
         QCOMPARE(titles(), QStringList{});
         m_client->rooms().deletes().undo();
@@ -85,14 +84,11 @@ private Q_SLOTS:
 
     void leadsToTheTaskInTheWindow()
     {
-        add(u"Feed the cat"_s);
-        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
-        const QString taskID = popover().model().rows().constFirst().sid;
         m_client->openList(u"Tomorrow"_s);
-        popover().list().selectTask(taskID);
+        popover().list().selectTask(m_taskID);
         QTest::keyClick(&popover().list(), Qt::Key_Return);
         QVERIFY(!popover().isVisible());
-        QTRY_COMPARE(m_client->find<TaskListView>("taskList").currentTask(), taskID);
+        QTRY_COMPARE(m_client->find<TaskListView>("taskList").currentTask(), m_taskID);
     }
 
     void goesWithTheAccount()

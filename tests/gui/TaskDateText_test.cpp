@@ -14,19 +14,6 @@ std::optional<Instant> instantOf(const QString &cell, const QString &zone)
     return at(cell.toUtf8().constData(), zone.toUtf8().constData());
 }
 
-QString nameOf(TaskDateText::Tone tone)
-{
-    switch (tone) {
-    case TaskDateText::Tone::Plain:
-        return u"plain"_s;
-    case TaskDateText::Tone::Today:
-        return u"today"_s;
-    case TaskDateText::Tone::Overdue:
-        return u"overdue"_s;
-    }
-    return {};
-}
-
 } // namespace
 
 class TaskDateText_test : public QObject {
@@ -47,7 +34,8 @@ private Q_SLOTS:
         const TaskDateText detail = detailDateText(dates, now, zone, locale);
         QCOMPARE(row.text, cells[6] == u"-" ? QString{} : cells[6]);
         QCOMPARE(detail.text, cells[7] == u"-" ? QString{} : cells[7]);
-        QCOMPARE(nameOf(row.tone), cells[8]);
+        const QStringList tones{u"plain"_s, u"today"_s, u"overdue"_s};
+        QCOMPARE(tones.value(int(row.tone)), cells[8]);
         QCOMPARE(detail.tone, row.tone);
     }
 };
