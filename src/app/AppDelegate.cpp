@@ -4,13 +4,13 @@
 
 AppDelegate::AppDelegate(CXClock &clock, KWUserDefaults &defaults, CrashProtectionAlert &alert,
                          BringUp bringUp)
-    : m_guard(defaults, clock, alert), m_bringUp(std::move(bringUp))
+    : m_bootingProtection(defaults, clock, alert), m_bringUp(std::move(bringUp))
 {
 }
 
 void AppDelegate::applicationDidFinishLaunching(const LaunchRequest &request)
 {
-    m_guard.applicationDidFinishLaunching([this, request] { launch(request); });
+    m_bootingProtection.applicationDidFinishLaunching([this, request] { launch(request); });
 }
 
 void AppDelegate::launch(const LaunchRequest &request)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/LaunchGuard.h"
+#include "app/KWBootingProtection.h"
 #include "app/LaunchRequest.h"
 
 #include <functional>
@@ -20,7 +20,7 @@ public:
     AppDelegate(CXClock &clock, KWUserDefaults &defaults, CrashProtectionAlert &alert, BringUp bringUp);
 
     void applicationDidFinishLaunching(const LaunchRequest &launch);
-    void applicationWillTerminate() { m_guard.applicationWillTerminate(); }
+    void applicationWillTerminate() { m_bootingProtection.applicationWillTerminate(); }
 
     /// A later start of the program. Before the launch, and while an alert is up in its place, it waits.
     void open(const LaunchRequest &request);
@@ -28,7 +28,7 @@ public:
 private:
     void launch(const LaunchRequest &request);
 
-    LaunchGuard m_guard;
+    KWBootingProtection m_bootingProtection;
     BringUp m_bringUp;
     RunningApplication *m_running = nullptr;
     std::vector<LaunchRequest> m_waiting;

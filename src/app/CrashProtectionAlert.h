@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// What the launch guard shows in place of a normal launch.
+/// What KWBootingProtection shows in place of a normal launch.
 class CrashProtectionAlert {
 public:
     virtual ~CrashProtectionAlert() = default;

@@ -35,7 +35,7 @@ public:
     SingleInstance(const DataFolders &folders, InstanceChannel &channel);
     ~SingleInstance() { release(); }
 
-    /// Call before the store is opened and before the launch guard. An error is the sentence for the
+    /// Call before the store is opened and before KWBootingProtection. An error is the sentence for the
     /// person: the folder cannot be written, or who holds it does not answer; exit 1.
     Result<Role> start(const LaunchRequest &request, InstanceChannel::Handler onLaterStart);
 

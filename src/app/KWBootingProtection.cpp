@@ -1,4 +1,4 @@
-#include "app/LaunchGuard.h"
+#include "app/KWBootingProtection.h"
 
 #include "corvexkit/log/CXLog.h"
 #include "model/settings/KWLocalizedString.h"
@@ -10,18 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr CXLogger launchGuardLog{u"launch"};
+constexpr CXLogger bootLog{u"launch"};
 // A broken preferences file may hold any number.
 constexpr int highestCount = 1'000'000;
 
 } // namespace
 
-LaunchGuard::LaunchGuard(KWUserDefaults &defaults, CXClock &clock, CrashProtectionAlert &alert)
+KWBootingProtection::KWBootingProtection(KWUserDefaults &defaults, CXClock &clock,
+                                         CrashProtectionAlert &alert)
     : m_defaults(defaults), m_clock(clock), m_alert(alert)
 {
 }
 
-void LaunchGuard::applicationDidFinishLaunching(std::function<void()> normalLaunch)
+void KWBootingProtection::applicationDidFinishLaunching(std::function<void()> normalLaunch)
 {
     const int earlierCrashes = crashCount();
     setCrashCount(earlierCrashes + 1);
@@ -30,23 +31,23 @@ void LaunchGuard::applicationDidFinishLaunching(std::function<void()> normalLaun
 
     if (earlierCrashes < tolerated) return normalLaunch();
 
-    launchGuardLog.warning(u"%1 launches ended within five seconds"_s.arg(earlierCrashes));
+    bootLog.warning(u"%1 launches ended within five seconds"_s.arg(earlierCrashes));
     m_alert.runModal(KWLocalizedString("Crash Protection Title"),
                      KWLocalizedString("Crash Protection Message"), std::move(normalLaunch));
 }
 
-void LaunchGuard::applicationWillTerminate()
+void KWBootingProtection::applicationWillTerminate()
 {
     m_healthy.cancel();
     setCrashCount(0);
 }
 
-int LaunchGuard::crashCount() const
+int KWBootingProtection::crashCount() const
 {
     return std::clamp(m_defaults.value(Settings::crashCount), 0, highestCount);
 }
 
-void LaunchGuard::setCrashCount(int count)
+void KWBootingProtection::setCrashCount(int count)
 {
     m_defaults.set(Settings::crashCount, count);
     // At once: the next moment may be the crash.

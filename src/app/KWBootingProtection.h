@@ -8,12 +8,12 @@ class KWUserDefaults;
 /// Ends a row of launches that crash at once. Each launch counts itself before anything else happens
 /// and takes the count back once it has lived five seconds; when three in a row did not, the next one
 /// shows an alert first. Main thread.
-class LaunchGuard {
+class KWBootingProtection {
 public:
     static constexpr std::chrono::milliseconds healthyAfter{5000};
     static constexpr int tolerated = 3;
 
-    LaunchGuard(KWUserDefaults &defaults, CXClock &clock, CrashProtectionAlert &alert);
+    KWBootingProtection(KWUserDefaults &defaults, CXClock &clock, CrashProtectionAlert &alert);
 
     /// Call first, before any other work of a start. Calls `normalLaunch` before it returns, or hands it
     /// to the alert.
