@@ -4,6 +4,7 @@
 #include "app/ports/LaunchPorts.h"
 #include "app/ports/WindowPorts.h"
 #include "model/sync/KWSyncManager.h"
+#include "model/sync/RecordSyncManagers.h"
 
 /// The one object of a port that does nothing.
 template <class Port>
@@ -15,11 +16,13 @@ Port &absent()
 
 /// Everything that starting, signing in and signing out reach for in other rooms. Whoever composes the
 /// program names the ports it fills; the others stay absent:
-/// `AppPorts ports{.account = account, .mainWindow = window};`
+/// `AppPorts ports{.account = account, .mainWindowController = window};`
 /// The objects must outlive the AppDelegate.
 struct AppPorts {
     AccountPort &account;
-    KWSyncManager &sync = absent<LocalOnlySync>();
+    KWSyncManager &sync = absent<KWSyncManager>();
+    KWHabitSyncManager &habitSync = absent<KWHabitSyncManager>();
+    KWTaskTemplateSyncManager &taskTemplateSync = absent<KWTaskTemplateSyncManager>();
 
     AppManagerPort &appManager = absent<AppManagerPort>();
     UsageTimerPort &usageTimer = absent<UsageTimerPort>();
@@ -39,15 +42,15 @@ struct AppPorts {
     TeamLoaderPort &teamLoader = absent<TeamLoaderPort>();
     AccountDetailsPort &accountDetails = absent<AccountDetailsPort>();
     AttachmentsPort &attachments = absent<AttachmentsPort>();
-    HabitsPort &habits = absent<HabitsPort>();
+    DailyCheckPort &dailyCheck = absent<DailyCheckPort>();
     HolidaysPort &holidays = absent<HolidaysPort>();
     RemotePushPort &remotePush = absent<RemotePushPort>();
-    TaskTemplatesPort &taskTemplates = absent<TaskTemplatesPort>();
 
-    MainWindowPort &mainWindow = absent<MainWindowPort>();
-    WelcomeWindowPort &welcomeWindow = absent<WelcomeWindowPort>();
+    MainWindowPort &mainWindowController = absent<MainWindowPort>();
+    WelcomeWindowPort &welcomeWindowController = absent<WelcomeWindowPort>();
+    PreferencesWindowPort &preferencesWindowController = absent<PreferencesWindowPort>();
     WindowsPort &windows = absent<WindowsPort>();
-    StatusItemPort &statusItem = absent<StatusItemPort>();
+    StatusItemPort &statusBarItem = absent<StatusItemPort>();
     DockPort &dock = absent<DockPort>();
     ListCountsPort &listCounts = absent<ListCountsPort>();
     WidgetTimelinesPort &widgetTimelines = absent<WidgetTimelinesPort>();

@@ -57,41 +57,41 @@ void Session::bringUpAccount(const KWUserModel &user)
     m_ports.sync.syncImmediatelyWithPushCompletionHandler([](const Result<void> &pushed) {
         if (!pushed) sessionLog.warning(pushed.error().sentence);
     });
-    m_ports.habits.batchSync();
-    m_ports.habits.runDailyCheck();
+    m_ports.habitSync.batchSync();
+    m_ports.dailyCheck.run();
     m_ports.holidays.userDidSignIn();
     m_ports.remotePush.registerIfNeeded();
-    m_ports.taskTemplates.sync();
+    m_ports.taskTemplateSync.batchSync();
     m_ports.shortcuts.refreshConfiguration();
 }
 
 void Session::bringUpSurfaces()
 {
-    m_ports.statusItem.create();
+    m_ports.statusBarItem.create();
     m_ports.dock.applyIconPreference();
     m_ports.mainMenu.setApplicationTitles({.about = textWithApplicationName("About %@"),
                                            .hide = textWithApplicationName("Hide %@"),
                                            .quit = textWithApplicationName("Quit %@")});
-    m_ports.welcomeWindow.close();
+    m_ports.welcomeWindowController.close();
     m_isInBackground = m_isLaunchedAsLoginItem;
-    if (!m_isInBackground) m_ports.mainWindow.show();
+    if (!m_isInBackground) m_ports.mainWindowController.show();
 }
 
 void Session::userDidSignOut()
 {
     m_isInBackground = false;
-    m_ports.statusItem.remove();
+    m_ports.statusBarItem.remove();
     m_ports.dock.applyIconPreference();
     m_ports.dock.clearBadge();
     stopSecondLevelTimer();
     m_dayClock.stop();
     m_ports.listCounts.clear();
-    m_ports.mainWindow.close();
-    m_ports.windows.closePreferences();
+    m_ports.mainWindowController.close();
+    m_ports.preferencesWindowController.close();
     m_ports.windows.closeAllOthers();
-    m_ports.welcomeWindow.switchToLastPage();
-    m_ports.welcomeWindow.showCentred();
-    m_ports.statusItem.resetPopover();
+    m_ports.welcomeWindowController.switchToLastPage();
+    m_ports.welcomeWindowController.showCentred();
+    m_ports.statusBarItem.resetPopover();
     m_ports.windows.bringToFront({});
     m_ports.widgetTimelines.reloadAll();
 }
@@ -114,9 +114,9 @@ void Session::showWindow(const QString &activationToken)
 {
     m_isInBackground = false;
     if (m_ports.account.currentUser())
-        m_ports.mainWindow.show();
+        m_ports.mainWindowController.show();
     else
-        m_ports.welcomeWindow.showCentred();
+        m_ports.welcomeWindowController.showCentred();
     m_ports.windows.bringToFront(activationToken);
 }
 
@@ -130,13 +130,14 @@ void Session::startSecondLevelTimer()
 
 void Session::refreshBadge()
 {
-    m_ports.dock.refreshBadge([&statusItem = m_ports.statusItem] { statusItem.refresh(); });
+    m_ports.dock.refreshBadge([&item = m_ports.statusBarItem] { item.refresh(); });
 }
 
 void Session::recordsDidChange(const StoreChange &change)
 {
     // A list that is archived or deleted takes its tasks out of the count.
-    for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project})
+    for (const RecordKind kind :
+         {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project, RecordKind::Habit})
         if (change.touches(kind)) return refreshBadge();
 }
 

@@ -35,7 +35,7 @@ public:
 
     /// Counts anew, shows the number in the dock, and after that the state in the status item.
     void refreshBadge();
-    void refreshStatusItem() { m_ports.statusItem.refresh(); }
+    void refreshStatusItem() { m_ports.statusBarItem.refresh(); }
 
     /// The desktop started the program with its session: signing in opens no window.
     bool isLaunchedAsLoginItem() const { return m_isLaunchedAsLoginItem; }

@@ -69,7 +69,7 @@ void StartupSequence::enterSession(const LaunchRequest &launch)
         m_session.notifyUserSignIn();
     } else {
         startupLog.info(u"user not signed in."_s);
-        m_ports.welcomeWindow.showCentred();
+        m_ports.welcomeWindowController.showCentred();
         m_ports.windows.bringToFront(launch.activationToken);
     }
     // Whoever signs in later does so by hand, and wants a window.

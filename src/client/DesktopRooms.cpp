@@ -18,12 +18,11 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_menu(kit.defaults())
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
                      [this] { m_application.session().refreshBadge(); }})
-    , m_windows(m_preferences)
-    , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<LocalOnlySync>(), m_mainWindow})
+    , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<KWSyncManager>(), m_mainWindow})
     , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes})
     , m_welcomeWindow(kit.account())
     , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
-                     absent<LocalOnlySync>(), m_alerts, services.relaunch})
+                     absent<KWSyncManager>(), m_alerts, services.relaunch})
     , m_significantTimeChange(services.followsSystemZone ? m_timeChanges
                                                          : absent<SignificantTimeChangePort>())
     , m_reminders({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(),
@@ -60,10 +59,11 @@ AppPorts DesktopRooms::ports()
             .links = m_links,
             .userNotifications = m_reminders,
             .significantTimeChange = m_significantTimeChange,
-            .mainWindow = m_mainWindow,
-            .welcomeWindow = m_welcomeWindow,
+            .mainWindowController = m_mainWindow,
+            .welcomeWindowController = m_welcomeWindow,
+            .preferencesWindowController = m_preferences,
             .windows = m_windows,
-            .statusItem = m_statusItem,
+            .statusBarItem = m_statusItem,
             .dock = m_dock,
             .listCounts = m_counts};
 }

@@ -64,13 +64,8 @@ private:
     };
     class TopWindows : public WindowsPort {
     public:
-        explicit TopWindows(PreferencesWindowController &preferences) : m_preferences(preferences) {}
-        void closePreferences() override { m_preferences.close(); }
         void closeAllOthers() override;
         void bringToFront(const QString &activationToken) override;
-
-    private:
-        PreferencesWindowController &m_preferences;
     };
 
     AppPorts ports();

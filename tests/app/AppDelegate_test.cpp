@@ -73,10 +73,10 @@ private Q_SLOTS:
         QVERIFY(scene.calls.contains(callsOfALink.first()));
         QCOMPARE(scene.take().last(2), callsOfALink.last(2));
         scene.delegate.open(aLink);
-        QCOMPARE(scene.take(), QStringList{u"welcomeWindow.showCentred"_s} + callsOfALink);
+        QCOMPARE(scene.take(), QStringList{u"welcomeWindowController.showCentred"_s} + callsOfALink);
         scene.signIn();
         scene.delegate.open({});
-        QCOMPARE(scene.take(), QStringList({u"mainWindow.show"_s, u"windows.bringToFront"_s}));
+        QCOMPARE(scene.take(), QStringList({u"mainWindowController.show"_s, u"windows.bringToFront"_s}));
         scene.delegate.open({.cause = LaunchCause::LoginItem});
         QCOMPARE(scene.take(), QStringList{});
     }
@@ -88,11 +88,11 @@ private Q_SLOTS:
         scene.signIn();
         scene.delegate.applicationDidFinishLaunching(
             {.cause = LaunchCause::LoginItem, .links = {u"orvane://sign-in/done?code=secret#token"_s}});
-        QVERIFY(!scene.calls.contains(u"mainWindow.show"_s));
+        QVERIFY(!scene.calls.contains(u"mainWindowController.show"_s));
         QCOMPARE(log.lines(u"startup"_s).first(), u"cause = login item; link = orvane://sign-in/done"_s);
         // The next sign-in is somebody's wish.
         scene.center.post(KWUserDidSignInNotification);
-        QCOMPARE(scene.calls.last(), u"mainWindow.show"_s);
+        QCOMPARE(scene.calls.last(), u"mainWindowController.show"_s);
     }
 
     void guardsOneLaunch_data() { addCaseRows("app/launch-guard.txt", 6); }
@@ -110,7 +110,7 @@ private Q_SLOTS:
             QCOMPARE(scene.take(), QStringList{});
             QCOMPARE(scene.alert.title, u"Orvane closed unexpectedly several times"_s);
             scene.alert.continuation();
-            QCOMPARE(scene.take().last(4), QStringList{u"mainWindow.show"_s} + callsOfALink);
+            QCOMPARE(scene.take().last(4), QStringList{u"mainWindowController.show"_s} + callsOfALink);
         }
         QCOMPARE(scene.countAtLaunch, cells.at(2).toInt());
         scene.clock.advance(milliseconds{cells.at(3).toInt()});

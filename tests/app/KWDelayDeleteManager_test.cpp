@@ -51,7 +51,7 @@ class KWDelayDeleteManager_test : public QObject {
 
         StoreFixture store;
         RecordingToast toast;
-        LocalOnlySync sync;
+        KWSyncManager sync;
         KWDelayDeleteManager manager{
             {store.clock, store.kit().manager(), store.kit().center(), store.kit().bus(), sync, toast}};
         KWNotificationCenter::Observation observation;

@@ -70,7 +70,7 @@ struct Traveller {
         return id;
     }
 
-    LocalOnlySync absentSync;
+    KWSyncManager absentSync;
 };
 
 } // namespace

@@ -40,7 +40,7 @@ struct NotedPorts {
     } account{*this};
     NOTED_PORT(KWSyncManager, sync,
                NOTES(batchSyncIfNeeded) NOTES(manualSync)
-                   NOTES(syncImmediatelyWithPushCompletionHandler, PushCompletionHandler));
+                   NOTES(syncImmediatelyWithPushCompletionHandler, CompletionHandler));
     NOTED_PORT(AppManagerPort, appManager, NOTES(recordDateWhenLaunching));
     NOTED_PORT(UsageTimerPort, usageTimer, NOTES(start));
     NOTED_PORT(KeyboardShortcutsPort, shortcuts, NOTES(setUp) NOTES(refreshConfiguration));
@@ -60,14 +60,17 @@ struct NotedPorts {
     NOTED_PORT(TeamLoaderPort, teamLoader, NOTES(update));
     NOTED_PORT(AccountDetailsPort, accountDetails, NOTES(fetchProfile) NOTES(fetchAvatar) NOTES(fetchStatus));
     NOTED_PORT(AttachmentsPort, attachments, NOTES(processLeftFromLastRun));
-    NOTED_PORT(HabitsPort, habits, NOTES(batchSync) NOTES(runDailyCheck));
+    NOTED_PORT(KWHabitSyncManager, habitSync, NOTES(batchSync));
+    NOTED_PORT(KWTaskTemplateSyncManager, taskTemplateSync, NOTES(batchSync));
+    NOTED_PORT(DailyCheckPort, dailyCheck, NOTES(run));
     NOTED_PORT(HolidaysPort, holidays, NOTES(userDidSignIn));
     NOTED_PORT(RemotePushPort, remotePush, NOTES(registerIfNeeded));
-    NOTED_PORT(TaskTemplatesPort, taskTemplates, NOTES(sync));
-    NOTED_PORT(MainWindowPort, mainWindow, NOTES(show) NOTES(close));
-    NOTED_PORT(WelcomeWindowPort, welcomeWindow, NOTES(showCentred) NOTES(switchToLastPage) NOTES(close));
-    NOTED_PORT(WindowsPort, windows, NOTES(closePreferences) NOTES(closeAllOthers) NOTES_TEXT(bringToFront));
-    NOTED_PORT(StatusItemPort, statusItem, NOTES(create) NOTES(remove) NOTES(refresh) NOTES(resetPopover));
+    NOTED_PORT(MainWindowPort, mainWindowController, NOTES(show) NOTES(close));
+    NOTED_PORT(WelcomeWindowPort, welcomeWindowController,
+               NOTES(showCentred) NOTES(switchToLastPage) NOTES(close));
+    NOTED_PORT(PreferencesWindowPort, preferencesWindowController, NOTES(close));
+    NOTED_PORT(WindowsPort, windows, NOTES(closeAllOthers) NOTES_TEXT(bringToFront));
+    NOTED_PORT(StatusItemPort, statusBarItem, NOTES(create) NOTES(remove) NOTES(refresh) NOTES(resetPopover));
     struct Dock final : Noting<DockPort> {
         using Noting::Noting;
         NOTES(applyIconPreference)
@@ -82,11 +85,12 @@ struct NotedPorts {
     NOTED_PORT(WidgetTimelinesPort, widgetTimelines, NOTES(reloadAll));
 
     // In the order of AppPorts.
-    AppPorts ports = AppPorts(account, sync, appManager, usageTimer, shortcuts, mainMenu, themeFiles,
-                              focusCoordinator, theme, searchIndex, links, softwareUpdate, loginItemHelper,
-                              userNotifications, significantTimeChange, analytics, teamLoader, accountDetails,
-                              attachments, habits, holidays, remotePush, taskTemplates, mainWindow,
-                              welcomeWindow, windows, statusItem, dock, listCounts, widgetTimelines);
+    AppPorts ports =
+        AppPorts(account, sync, habitSync, taskTemplateSync, appManager, usageTimer, shortcuts, mainMenu,
+                 themeFiles, focusCoordinator, theme, searchIndex, links, softwareUpdate, loginItemHelper,
+                 userNotifications, significantTimeChange, analytics, teamLoader, accountDetails, attachments,
+                 dailyCheck, holidays, remotePush, mainWindowController, welcomeWindowController,
+                 preferencesWindowController, windows, statusBarItem, dock, listCounts, widgetTimelines);
 
     void signIn() { user.emplace().sid = QStringLiteral("user1"); }
     QStringList take() { return std::exchange(calls, {}); }

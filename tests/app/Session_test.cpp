@@ -34,7 +34,7 @@ QStringList startInto(const QString &session)
     return order.mid(0, place) + orderOf(session) + order.mid(place + 1);
 }
 
-const QStringList badge{u"dock.refreshBadge"_s, u"statusItem.refresh"_s};
+const QStringList badge{u"dock.refreshBadge"_s, u"statusBarItem.refresh"_s};
 const QStringList theme{u"theme.autoSwitchDarkIfNeeded"_s};
 
 } // namespace

@@ -44,12 +44,11 @@ public:
     virtual void processLeftFromLastRun() {}
 };
 
-class HabitsPort {
+/// What habits ask for once a day.
+class DailyCheckPort {
 public:
-    virtual ~HabitsPort() = default;
-    virtual void batchSync() {}
-    /// What habits need once a day.
-    virtual void runDailyCheck() {}
+    virtual ~DailyCheckPort() = default;
+    virtual void run() {}
 };
 
 class HolidaysPort {
@@ -62,10 +61,4 @@ class RemotePushPort {
 public:
     virtual ~RemotePushPort() = default;
     virtual void registerIfNeeded() {}
-};
-
-class TaskTemplatesPort {
-public:
-    virtual ~TaskTemplatesPort() = default;
-    virtual void sync() {}
 };

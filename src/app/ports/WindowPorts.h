@@ -25,11 +25,16 @@ public:
     virtual void close() {}
 };
 
-/// The windows besides those two, and the program's place on the screen.
+class PreferencesWindowPort {
+public:
+    virtual ~PreferencesWindowPort() = default;
+    virtual void close() {}
+};
+
+/// The windows besides those, and the program's place on the screen.
 class WindowsPort {
 public:
     virtual ~WindowsPort() = default;
-    virtual void closePreferences() {}
     virtual void closeAllOthers() {}
     /// `activationToken`: from the start that asked for it, may be empty.
     virtual void bringToFront(const QString & /*activationToken*/) {}

@@ -3,6 +3,7 @@
 #include "app/DataCare.h"
 #include "app/Preferences.h"
 #include "app/ports/LoginItemPort.h"
+#include "app/ports/WindowPorts.h"
 
 #include <QObject>
 
@@ -14,7 +15,7 @@ class PreferencesWindow;
 
 /// The preferences window, made when it is first asked for and dropped with the account. It answers the
 /// menu's commands for the preferences and the keyboard shortcuts. Main thread.
-class PreferencesWindowController : public QObject {
+class PreferencesWindowController : public QObject, public PreferencesWindowPort {
     Q_OBJECT
 
 public:
@@ -32,7 +33,7 @@ public:
     /// "general", "notifications", "date-time", "new-tasks", "smart-lists", "shortcuts", "data".
     void show(const QString &page = {});
     static bool hasPage(const QString &page);
-    void close();
+    void close() override;
     /// None until it is first shown.
     PreferencesWindow *window() const { return m_window.get(); }
 
