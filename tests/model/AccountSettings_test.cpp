@@ -3,11 +3,13 @@
 #include "model/account/KWPublicUserProfileManager.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWListDisplayConfiguration.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWSmartProjectSetting.h"
 #include "model/records/KWTeamworker.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
+#include "model/settings/KWPomoSettingsManager.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -72,6 +74,9 @@ private Q_SLOTS:
         QCOMPARE(posted(), both);
         QCOMPARE(m_store->account().defaultAddtoList(), home);
 
+        QVERIFY(with(&KWUserSettingsModel::showsInToday, false));
+        QCOMPARE(m_posted.last(), KWHabitSettingsChangedNotification);
+        posted();
         const KWUserSettingsModel before = m_store->account().userSettings();
         QVERIFY(before.isTimeZoneOptionEnabled);
         for (const int each : {0, 8})
@@ -125,6 +130,24 @@ private Q_SLOTS:
             QVERIFY(lists.configuration(today).collapsedGroups.isEmpty());
             QVERIFY(lists.save(lists.configuration(today)));
         });
+    }
+
+    void keepsFocusSettingsThatCanBe()
+    {
+        KWPomoSettingsManager manager{m_store->kit().manager(), m_store->kit().center(), m_store->userID()};
+        KWPomoSettingsModel settings = manager.settings();
+        for (const int minutes : {50, 90}) {
+            settings.pomoDuration = minutes;
+            QVERIFY(manager.save(settings));
+            QCOMPARE(posted(), KWPomoSettingsChangedNotification);
+            QCOMPARE(manager.settings().pomoDuration, minutes);
+        }
+        settings.longBreakInterval = 0;
+        QVERIFY(!manager.save(settings));
+        QCOMPARE(posted(), QString{});
+        setSaved<KWPomoSettings>(*m_store, m_store->userID(), &KWPomoSettingsModel::longBreakInterval, 0);
+        QCOMPARE(manager.settings().longBreakInterval, KWPomoSettingsModel{}.longBreakInterval);
+        QCOMPARE(manager.settings().pomoDuration, 90);
     }
 
     void keepsWhatNewTasksGet()

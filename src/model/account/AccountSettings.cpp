@@ -45,6 +45,12 @@ bool givesNewTasksTheSame(const KWUserSettingsModel &one, const KWUserSettingsMo
     return decisive(one) == decisive(other);
 }
 
+// What is shown of habits outside their page.
+bool showsHabitsTheSame(const KWUserSettingsModel &one, const KWUserSettingsModel &other)
+{
+    return one.showsInToday == other.showsInToday && one.showsInCalendar == other.showsInCalendar;
+}
+
 } // namespace
 
 AccountSettings::AccountSettings(KWCoreDataManager &manager, KWNotificationCenter &center, QString userID)
@@ -55,6 +61,7 @@ AccountSettings::AccountSettings(KWCoreDataManager &manager, KWNotificationCente
 Result<void> AccountSettings::change(const std::function<void(KWUserSettingsModel &)> &edit)
 {
     bool newTasksAreTheSame = true;
+    bool habitsAreTheSame = true;
     const Result<void> saved =
         KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
             KWUserSettings *settings = context.find<KWUserSettings>(m_userID);
@@ -62,6 +69,7 @@ Result<void> AccountSettings::change(const std::function<void(KWUserSettingsMode
             KWUserSettingsModel edited = settings->model();
             edit(edited);
             newTasksAreTheSame = givesNewTasksTheSame(settings->model(), edited);
+            habitsAreTheSame = showsHabitsTheSame(settings->model(), edited);
             const Result<void> sound = checked(settings->model(), edited, context);
             if (sound) settings->assign(edited);
             return sound;
@@ -69,6 +77,7 @@ Result<void> AccountSettings::change(const std::function<void(KWUserSettingsMode
     if (!saved) return saved;
     m_center.post(KWUserSettingsDidChangeNotification);
     if (!newTasksAreTheSame) m_center.post(KWTaskDefaultConfigurationChangedNotification);
+    if (!habitsAreTheSame) m_center.post(KWHabitSettingsChangedNotification);
     return saved;
 }
 

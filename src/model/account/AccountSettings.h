@@ -16,8 +16,9 @@ class AccountSettings {
 public:
     AccountSettings(KWCoreDataManager &manager, KWNotificationCenter &center, QString userID);
 
-    /// Takes what `edit` makes of the settings. Posts "KWUserSettingsDidChangeNotification", and
-    /// "KWTaskDefaultConfigurationChangedNotification" when new tasks get something else now.
+    /// Takes what `edit` makes of the settings. Posts "KWUserSettingsDidChangeNotification",
+    /// "KWTaskDefaultConfigurationChangedNotification" when new tasks get something else now, and
+    /// "KWHabitSettingsChangedNotification" when habits are shown elsewhere now.
     Result<void> change(const std::function<void(KWUserSettingsModel &)> &edit);
     Result<void> updateTimeZoneOptionEnable(bool isEnabled);
 

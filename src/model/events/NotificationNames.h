@@ -61,7 +61,7 @@ inline const QString KWDataDidChangeOutsideMainAppNotification =
     QStringLiteral("KWDataDidChangeOutsideMainAppNotification");
 
 // Settings, posted by whoever saves them: AccountSettings, KWListDisplayConfigurationManager (the user info
-// has the "listID"), KWTaskDefaultConfigurationManager and the rooms of calendar, focus and habits.
+// has the "listID"), KWTaskDefaultConfigurationManager, KWPomoSettingsManager and the room of the calendar.
 inline const QString KWUserSettingsDidChangeNotification =
     QStringLiteral("KWUserSettingsDidChangeNotification");
 inline const QString KWCalendarDisplayConfigurationDidChangeNotification =

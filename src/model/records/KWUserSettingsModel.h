@@ -20,8 +20,8 @@ struct KWUserSettingsModel : KWSynchronizableFields {
     int smartTimeForEvening = 17 * 60;
     int smartTimeForNight = 20 * 60;
     bool isTimeZoneOptionEnabled = false;
-    bool showsInCalendar = true;
-    bool showsInToday = true;
+    bool showsInCalendar = true; ///< the habits
+    bool showsInToday = true;    ///< the habits
 
     bool operator==(const KWUserSettingsModel &) const = default;
 };
