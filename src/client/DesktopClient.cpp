@@ -206,6 +206,7 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
         marker.end();
         return int(withoutClient);
     }
+    client->setWindowIcon();
     client->followDesktopScheme();
     client->lookAfterStore(lastRun);
     client->rooms().menu().handle(MenuCommand::SendDiagnostics, alerts,

@@ -12,6 +12,7 @@
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/theme/FontWarmUp.h"
+#include "views/theme/Icons.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/welcome/WelcomeWindow.h"
 
@@ -121,6 +122,11 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
     m_sleepMonitor.start();
     m_zoneWatch.start();
     m_statusArea.start();
+}
+
+void OpenClient::setWindowIcon()
+{
+    afterFirstPaint([] { QGuiApplication::setWindowIcon(Icons::applicationIcon()); });
 }
 
 void OpenClient::followDesktopScheme()

@@ -31,6 +31,8 @@ public:
 
     DesktopRooms &rooms() { return m_rooms; }
 
+    /// Gives the program's windows its icon, once the first one is painted.
+    void setWindowIcon();
     /// Takes from the desktop whether it is dark or light, once the first window is painted.
     void followDesktopScheme();
     /// Checks the store if the last run broke off, and keeps its backups, from the first paint on.

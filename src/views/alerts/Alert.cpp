@@ -1,5 +1,7 @@
 #include "views/alerts/Alert.h"
 
+#include "views/theme/Icons.h"
+
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -11,6 +13,7 @@ int Alert::run(const Content &content, QWidget *parent)
     box.setObjectName(u"alert"_s);
     box.setAccessibleName(content.title);
     box.setAttribute(Qt::WA_QuitOnClose, false); // the program may run in the background
+    box.setIconPixmap(Icons::application(48, box.devicePixelRatioF()));
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(content.text);
 

@@ -6,6 +6,7 @@
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
@@ -30,7 +31,8 @@ PopoverWindow::PopoverWindow(CXClock &clock) : TaskListPane(clock)
 
 void PopoverWindow::popUp(const QRect &anchor)
 {
-    const QRect bounds = screen()->availableGeometry();
+    const QScreen *anchored = anchor.isEmpty() ? nullptr : QGuiApplication::screenAt(anchor.center());
+    const QRect bounds = (anchored ? anchored : screen())->availableGeometry();
     QPoint place = bounds.center() - rect().center();
     if (!anchor.isEmpty()) {
         const bool isBelow = anchor.center().y() < bounds.center().y();

@@ -16,6 +16,7 @@
 #include "views/theme/Icons.h"
 #include "views/wording/DateWording.h"
 
+#include <QCursor>
 #include <QMenu>
 #include <QSystemTrayIcon>
 
@@ -23,12 +24,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QIcon statusIcon()
+// Where a clicked item stands. Items of the older kind know; the pointer knows of the others.
+QRect placeOf(const QSystemTrayIcon &icon)
 {
-    QIcon icon;
-    for (const int side : {16, 22, 24, 32, 48})
-        icon.addPixmap(Icons::application(side, 1));
-    return icon;
+    const QRect place = icon.geometry();
+    return place.isEmpty() ? QRect{QCursor::pos(), QSize{1, 1}} : place;
 }
 
 } // namespace
@@ -98,13 +98,13 @@ void StatusItem::create()
 void StatusItem::showIfPossible()
 {
     if (m_icon || !m_isWanted || !m_rooms.area.isThere() || !QSystemTrayIcon::isSystemTrayAvailable()) return;
-    m_icon = std::make_unique<QSystemTrayIcon>(statusIcon());
+    m_icon = std::make_unique<QSystemTrayIcon>(Icons::applicationIcon());
     m_contextMenu.reset(makeMenu());
     m_icon->setContextMenu(m_contextMenu.get());
     m_icon->setToolTip(localizedApplicationName());
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason == QSystemTrayIcon::Trigger) togglePopover();
+                if (reason == QSystemTrayIcon::Trigger) togglePopover(placeOf(*m_icon));
                 if (reason == QSystemTrayIcon::DoubleClick || reason == QSystemTrayIcon::MiddleClick)
                     Q_EMIT windowRequested();
             });
@@ -129,7 +129,7 @@ QMenu *StatusItem::makeMenu()
 {
     auto *menu = new QMenu;
     menu->addAction(KWLocalizedString("Show Orvane"), this, &StatusItem::windowRequested);
-    menu->addAction(KWLocalizedString("Quick View of Today"), this, &StatusItem::togglePopover);
+    menu->addAction(KWLocalizedString("Quick View of Today"), this, [this] { togglePopover(); });
     menu->addSeparator();
     menu->addAction(&m_rooms.menu.action(MenuCommand::Preferences));
     menu->addAction(&m_rooms.menu.action(MenuCommand::SendDiagnostics));
@@ -137,7 +137,7 @@ QMenu *StatusItem::makeMenu()
     return menu;
 }
 
-void StatusItem::togglePopover()
+void StatusItem::togglePopover(const QRect &anchor)
 {
     if (!m_rooms.kit.account().isSignedIn()) return Q_EMIT windowRequested();
     if (!m_popover) {
@@ -149,7 +149,7 @@ void StatusItem::togglePopover()
     }
     PopoverWindow &window = m_popover->window;
     if (window.isVisible()) return window.hide();
-    window.popUp(m_icon ? m_icon->geometry() : QRect{});
+    window.popUp(anchor);
 }
 
 PopoverWindow *StatusItem::popover() const { return m_popover ? &m_popover->window : nullptr; }

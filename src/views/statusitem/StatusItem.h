@@ -6,6 +6,7 @@
 #include "lists/KWTaskListService.h"
 
 #include <QObject>
+#include <QRect>
 
 #include <memory>
 
@@ -41,8 +42,8 @@ public:
     void resetPopover() override;
 
     bool isShown() const { return m_icon != nullptr; }
-    /// Shows the quick view, or hides it.
-    void togglePopover();
+    /// Shows the quick view beside `anchor`, in the middle of the screen where that is empty; or hides it.
+    void togglePopover(const QRect &anchor = {});
     /// None until it is first shown.
     PopoverWindow *popover() const;
 

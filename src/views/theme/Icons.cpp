@@ -76,3 +76,11 @@ QPixmap Icons::application(int size, double devicePixelRatio)
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;
 }
+
+QIcon Icons::applicationIcon()
+{
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 48, 64})
+        icon.addPixmap(application(side, 1));
+    return icon;
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QPixmap>
 #include <QRect>
 
@@ -50,5 +51,7 @@ void paint(QPainter &painter, const QRect &bounds, Icon icon, int size, const QC
 
 /// The product's own picture in its colours.
 QPixmap application(int size, double devicePixelRatio);
+/// The same for windows and the status area, in their usual sizes.
+QIcon applicationIcon();
 
 } // namespace Icons
