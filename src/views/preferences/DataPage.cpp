@@ -82,9 +82,8 @@ void DataPage::addBackups()
     m_backups->setItemDelegate(new NameDelegate{m_backups});
     m_backups->setVisible(m_backups->count() > 0);
     addWide(*m_backups);
-    m_restore->setEnabled(false);
-    connect(m_backups, &QListWidget::currentRowChanged, this,
-            [this](int row) { m_restore->setEnabled(row >= 0); });
+    m_backups->setCurrentRow(0); // the newest
+    m_restore->setEnabled(m_backups->count() > 0);
     connect(m_restore, &QPushButton::clicked, this, [this] { restoreSelected(); });
     addRow("restoreBackup",
            m_backups->count() == 0 ? KWLocalizedString("There is no backup yet")
