@@ -122,7 +122,11 @@ void KWUserNotificationHandler::present(const QList<DueReminder> &due)
     }
     if (late.size() == 1) onTime.prepend(late.takeFirst());
     const ReminderText words{m_with.clock};
-    if (!late.isEmpty()) show(words.digestOf(late), late);
+    if (!late.isEmpty()) {
+        // It takes the place of the one before, so it tells of both.
+        const QList<DueReminder> all = m_shown.value(ReminderText::digestIdentifier) + late;
+        show(words.digestOf(all), all);
+    }
     for (const DueReminder &each : onTime)
         show(words.notificationOf(each), {each});
 }
