@@ -5,17 +5,16 @@
 #include "model/store/Connection.h"
 #include "model/store/Migrations.h"
 #include "model/store/StoreFailure.h"
+#include "model/store/StoreHeader.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QtEndian>
 
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -24,64 +23,11 @@ namespace {
 
 constexpr CXLogger storeFileLog{u"store"};
 
-// "ORVA", in the header of every store of ours (SQLite file format, section 1.3).
-constexpr quint32 applicationID = 0x4f525641;
-constexpr int headerSize = 100;
-constexpr int pageSizeOffset = 16;
-constexpr int pageCountOffset = 28;
-constexpr int userVersionOffset = 60;
-constexpr int applicationIDOffset = 68;
-
 Store::Opening failed(StoreProblem problem, const QString &path)
 {
     Store::Opening opening{nullptr, problem, Store::sentenceFor(problem, path)};
     storeFileLog.error(opening.sentence);
     return opening;
-}
-
-// The bytes as they stand: opening the database for them could already change the file. Read through
-// SQLite's file layer, which keeps the locks that a store open in this process has on the file; closing
-// a descriptor of our own would drop them (POSIX fcntl).
-std::optional<QByteArray> headerOf(const QString &path)
-{
-    sqlite3_vfs *files = sqlite3_vfs_find(nullptr);
-    const QByteArray absolute = QFileInfo{path}.absoluteFilePath().toUtf8();
-    const std::unique_ptr<const char, decltype(&sqlite3_free_filename)> name{
-        sqlite3_create_filename(absolute.constData(), "", "", 0, nullptr), sqlite3_free_filename};
-    const auto memory = std::make_unique<std::byte[]>(std::size_t(files->szOsFile));
-    auto *file = reinterpret_cast<sqlite3_file *>(memory.get());
-    constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB;
-    if (files->xOpen(files, name.get(), file, flags, nullptr) != SQLITE_OK) return std::nullopt;
-    QByteArray header(headerSize, '\0');
-    const int result = file->pMethods->xRead(file, header.data(), headerSize, 0);
-    file->pMethods->xClose(file);
-    // The rest of a shorter file is given as zeroes.
-    return result == SQLITE_OK || result == SQLITE_IOERR_SHORT_READ ? std::optional{header} : std::nullopt;
-}
-
-// A log that was not copied back yet may hold the rest.
-bool isCut(const QString &path, const QByteArray &header)
-{
-    const auto pageSize = qFromBigEndian<quint16>(header.constData() + pageSizeOffset);
-    const auto pageCount = qFromBigEndian<quint32>(header.constData() + pageCountOffset);
-    const bool hasLog = QFileInfo{path + u"-wal"_s}.size() > 0;
-    return !hasLog && QFileInfo{path}.size() < qint64(pageSize == 1 ? 65536 : pageSize) * pageCount;
-}
-
-std::optional<StoreProblem> problemInHeader(const QString &path)
-{
-    if (QFileInfo{path}.isDir()) return StoreProblem::NotAStore;
-    if (QFileInfo{path}.size() == 0) return std::nullopt;
-    const std::optional<QByteArray> header = headerOf(path);
-    if (!header) return StoreProblem::CannotWrite;
-    if (!header->startsWith(QByteArray{"SQLite format 3\0", 16})) return StoreProblem::NotAStore;
-    const auto number = [&header](int offset) {
-        return qFromBigEndian<quint32>(header->constData() + offset);
-    };
-    if (number(applicationIDOffset) != applicationID) return StoreProblem::NotAStore;
-    if (number(userVersionOffset) > quint32(Migrations::currentVersion())) return StoreProblem::NewerVersion;
-    if (isCut(path, *header)) return StoreProblem::Damaged;
-    return std::nullopt;
 }
 
 // What only an opened store tells; still without a change to it.
@@ -175,7 +121,7 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
     const QFileInfo folder{QFileInfo{path}.absolutePath()};
     if (!QDir{}.mkpath(folder.filePath()) || !folder.isWritable())
         return failed(StoreProblem::CannotWrite, path);
-    if (const auto problem = problemInHeader(path)) return failed(*problem, path);
+    if (const auto problem = StoreHeader::problemAt(path)) return failed(*problem, path);
     if (QFile::exists(path) && !QFileInfo{path}.isWritable()) return failed(StoreProblem::CannotWrite, path);
 
     std::unique_ptr<Store> store{new Store{path, clock}};
@@ -183,8 +129,9 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
     try {
         connection = std::make_unique<Connection>(path.toStdString(), Connection::Access::ReadWriteCreate);
         // The first write of a new file, so that every store of ours is known by its header.
-        if (connection->number("PRAGMA application_id") != applicationID)
-            connection->execute(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
+        if (connection->number("PRAGMA application_id") != StoreHeader::applicationID)
+            connection->execute(
+                ("PRAGMA application_id = " + std::to_string(StoreHeader::applicationID)).c_str());
         if (const auto problem = problemInSchema(*connection)) {
             leaveFileAsItIs(*connection);
             return failed(*problem, path);
@@ -203,7 +150,7 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
 
 bool Store::looksLikeStore(const QString &path)
 {
-    const std::optional<StoreProblem> problem = problemInHeader(path);
+    const std::optional<StoreProblem> problem = StoreHeader::problemAt(path);
     return QFileInfo{path}.size() > 0 && problem != StoreProblem::NotAStore &&
            problem != StoreProblem::CannotWrite;
 }
