@@ -27,15 +27,9 @@ struct Contents {
 // As a reader of its own finds them.
 Contents contentsOf(StoreFixture &store)
 {
-    Contents found;
-    const auto read = KWCoreDataService{store.kit().manager()}.sync_perform([&found](ObjectContext &context) {
-        found = {context.models<KWTask>({.orderBy = "sid"}),
-                 context.models<KWChecklistItem>({.orderBy = "sid"}),
-                 context.models<KWTag>({.orderBy = "sid"})};
-        return Result<void>{};
-    });
-    if (!read) qFatal("The store cannot be read");
-    return found;
+    const auto context = std::move(*store.kit().store().makeContext());
+    return {context->models<KWTask>({.orderBy = "sid"}), context->models<KWChecklistItem>({.orderBy = "sid"}),
+            context->models<KWTag>({.orderBy = "sid"})};
 }
 
 // What a person does, step by step.

@@ -121,16 +121,10 @@ private Q_SLOTS:
 
     void readsWhatARowShows()
     {
-        KWTaskModel task = aTask("Pack “ü”", zone)
-                               .dueFrom("2030-05-01", "2030-05-03")
-                               .tagged("errand")
-                               .tagged("日本")
-                               .prioritized(KWTaskPriorityMedium)
-                               .ordered(-7)
-                               .in(m_lists.value(u"Home"_s))
-                               .with(&KWTaskModel::kind, KWTaskKindChecklist)
-                               .inState(u"repeating"_s, {})
-                               .model();
+        TaskBuilder builder = aTask("Pack “ü”", zone).dueFrom("2030-05-01", "2030-05-03").tagged("errand");
+        builder.tagged("日本").prioritized(KWTaskPriorityMedium).ordered(-7).inState(u"repeating"_s, {});
+        builder.in(m_lists.value(u"Home"_s)).with(&KWTaskModel::kind, KWTaskKindChecklist);
+        KWTaskModel task = builder.model();
         saved(m_store, [&task](ObjectContext &context) {
             task.sid = context.insert<KWTask>(task).sid();
             KWChecklistItemModel item;

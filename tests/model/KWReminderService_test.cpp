@@ -1,6 +1,5 @@
 #include "model/store/KWReminderService.h"
 
-#include "corvexkit/time/TimeText.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWTaskDateTimeReminderModel.h"
@@ -18,10 +17,9 @@ namespace {
 
 constexpr const char *zone = "Europe/Berlin";
 
-std::optional<Instant> instantOf(const QString &text, const QString &zoneName = QString::fromLatin1(zone))
+std::optional<Instant> instantOf(const QString &cell)
 {
-    if (text == u"-") return std::nullopt;
-    return at(qPrintable(text.size() == 10 ? text + u" 00:00"_s : text), qPrintable(zoneName));
+    return cell == u"-" ? std::nullopt : std::optional{at(qPrintable(cell), zone)};
 }
 
 struct ReminderScene {
@@ -61,16 +59,11 @@ private Q_SLOTS:
         QFETCH(QStringList, cells);
         ReminderScene scene;
         scene.store.clock.setNow(*instantOf(cells.at(0)));
-        const bool isAllDay = cells.at(1).size() == 10;
-        const QString taskZone = cells.at(2) == u"-" ? QString{} : cells.at(2);
-        const QString id = aTask("Call")
-                               .with(&KWTaskModel::isAllDay, isAllDay)
-                               .with(&KWTaskModel::timeZone, taskZone)
-                               .with(&KWTaskModel::startDate,
-                                     isAllDay ? instantOf(cells.at(1), taskZone) : instantOf(cells.at(1)))
-                               .with(&KWTaskModel::reminders, cells.at(3).split(u' '))
-                               .with(&KWTaskModel::snoozedRemindDate, instantOf(cells.at(4)))
-                               .savedIn(scene.store);
+        const QByteArray zoneOfTask = cells.at(2).toLatin1();
+        TaskBuilder task = aTask("Call", zoneOfTask).when(cells.at(1));
+        task.with(&KWTaskModel::reminders, cells.at(3).split(u' '));
+        const QString id =
+            task.with(&KWTaskModel::snoozedRemindDate, instantOf(cells.at(4))).savedIn(scene.store);
         QCOMPARE(scene.alertOf(id), instantOf(cells.at(5)));
         const auto next = scene.reminders.nextRemindTime(scene.store.userID(), scene.store.clock.now());
         QCOMPARE(next, instantOf(cells.at(5)));

@@ -108,11 +108,10 @@ private Q_SLOTS:
 
         const KWSmartRecognitionConfiguration chosen{true, true, false};
         KWNotificationCenter center;
-        int posted = 0;
-        const auto observation = center.addObserver(KWSmartRecognitionConfigurationDidChangeNotification,
-                                                    [&posted](const KWNotification &) { ++posted; });
+        QStringList posted;
+        const auto observation = center.addObserver([&](const KWNotification &each) { posted << each.name; });
         chosen.save(u"two"_s, *m_defaults, center);
-        QCOMPARE(posted, 1);
+        QCOMPARE(posted, QStringList{KWSmartRecognitionConfigurationDidChangeNotification});
         reopen();
         QCOMPARE(of("two"), chosen);
         QCOMPARE(of("one"), carried);

@@ -47,10 +47,9 @@ private Q_SLOTS:
         KWTask *rent = here->find<KWTask>(m_rent);
         rent->set(&KWTaskModel::title, u"Pay the rent"_s);
         QCOMPARE(here->fetch<KWTask>({.where = "title = ?", .values = {u"Pay rent"_s}}), QList{rent});
-        QCOMPARE(here->find<KWTask>(m_rent)->model().title, u"Pay the rent"_s);
         KWTask &made = here->insert<KWTask>(task("Water plants"));
         QVERIFY(here->find<KWTask>(made.sid()) == &made && here->save());
-        QCOMPARE(here->find<KWTask>(made.sid()), &made);
+        QVERIFY(here->find<KWTask>(made.sid()) == &made && here->find<KWTask>(m_rent) == rent);
     }
 
     void stampsWhatIsNewAndWhatChanged()
@@ -93,7 +92,6 @@ private Q_SLOTS:
         rent.set(&KWTaskModel::priority, KWTaskPriorityLow);
         KWTask &milk = *here->find<KWTask>(m_milk);
         milk.set(&KWTaskModel::title, u"Buy oat milk"_s);
-        here->remove(milk);
         here->remove(milk);
         milk.set(&KWTaskModel::title, u"in vain"_s);
         QCOMPARE(here->find<KWTask>(m_milk), nullptr);
@@ -165,12 +163,10 @@ private Q_SLOTS:
         QCOMPARE(make(user, u"STRAßE"_s, TagUniqueness::MayExist), made);
         QCOMPARE(make(user, u"straße"_s, TagUniqueness::MustBeNew), nullptr);
         made->markDelete();
-        QVERIFY(here->save());
-        QVERIFY(KWTag::findTagsOfUser(user, *context()).isEmpty());
         KWTag *again = make(user, u"Straße"_s, TagUniqueness::MustBeNew);
         QVERIFY(again && again != made);
-        QVERIFY(make(u"somebody else"_s, u"straße"_s, TagUniqueness::MustBeNew));
-        QVERIFY(here->save());
+        QVERIFY(make(u"somebody else"_s, u"straße"_s, TagUniqueness::MustBeNew) && here->save());
+        QCOMPARE(KWTag::findTagsOfUser(user, *context()).size(), 1);
     }
 
     void failingSavesKeepEverything_data() { addCaseRows("model/failing-saves.txt", 3); }

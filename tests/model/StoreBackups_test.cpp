@@ -61,11 +61,10 @@ private Q_SLOTS:
         const DataFolders folders = store.kit().folders();
         QVERIFY(StoreBackups{folders}.makeDaily(store.context().connection(), store.clock.today()));
         store.close();
-        const auto problem = [&] { return OrvaneKit::open(folders, store.clock).problem; };
         write(folders.store(), {});
-        QCOMPARE(problem(), StoreProblem::Lost);
+        QCOMPARE(OrvaneKit::open(folders, store.clock).problem, StoreProblem::Lost);
         QVERIFY(QFile::remove(folders.store()));
-        QCOMPARE(problem(), StoreProblem::Lost);
+        QCOMPARE(OrvaneKit::open(folders, store.clock).problem, StoreProblem::Lost);
         QVERIFY(Store::startFresh(folders.store(), store.clock, AsideReason::FreshStart));
         QVERIFY(OrvaneKit::open(folders, store.clock).kit);
     }

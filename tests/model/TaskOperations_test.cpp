@@ -125,7 +125,7 @@ private Q_SLOTS:
             KWWillDuplicateTaskNotification, [&](const auto &each) { announced = each.object.toString(); });
 
         const auto copied = copy(parent);
-        QVERIFY(copied && announced == parent);
+        QCOMPARE(announced, parent);
         QCOMPARE(tasksOf(m_home), u"Parent Parent Next Open<Parent Open<Parent Done<Parent"_s);
         QCOMPARE(task(*copied)->status, KWTaskStatusOpen);
         QCOMPARE(task(*copied).orderedChecklistItems().size(), 1);
