@@ -5,6 +5,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/settings/ClockFormat.h"
+#include "model/store/StoreBackups.h"
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 #include "views/preferences/PreferencesWindow.h"
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTimeEdit>
 
 using namespace Qt::StringLiterals;
@@ -186,6 +188,25 @@ private Q_SLOTS:
         QTest::keyClick(find<QWidget>("setDate").findChild<QLineEdit *>(), Qt::Key_F5);
         find<QAbstractButton>("resetShortcuts").click();
         QCOMPARE(shortcut(), u"Ctrl+D"_s);
+    }
+
+    void aBackupIsBroughtBackOnlyWhenSure()
+    {
+        OrvaneKit &kit = m_client->kit();
+        const StoreBackups backups{kit.folders()};
+        QVERIFY(backups.makeDaily(kit.context().connection(), m_client->clock.today()));
+        window().close();
+        m_client->rooms().menu().action(MenuCommand::Preferences).trigger();
+        window().showPage(u"dataPage"_s);
+        auto &restore = find<QPushButton>("restoreBackup");
+        QVERIFY(!restore.isEnabled());
+        find<QListWidget>("backups").setCurrentRow(0);
+        answerNextAlert(Qt::Key_Return);
+        restore.click();
+        QCOMPARE(kit.defaults().value(Settings::restoreAtStart), QString{});
+        answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
+        restore.click();
+        QCOMPARE(kit.defaults().value(Settings::restoreAtStart), backups.list().constFirst().path);
     }
 
     void whatCannotBeSavedIsSaid()
