@@ -124,13 +124,14 @@ private Q_SLOTS:
         QCOMPARE(KWTaskFinder::findLatestCompletedTaskRepeatedByTask(task)->sid(), copies[1]);
     }
 
-    void standsOnTopOfItsList()
+    void newTasksStandAtAnEndOfTheirList()
     {
         const QString home = m_lists[u"Home"_s];
         KWProject &list = *m_store->context().find<KWProject>(home);
         const QString id = aTask("A", berlin).in(home).ordered(-5).savedIn(*m_store);
         aTask("A", berlin).ordered(-5000).savedIn(*m_store);
         QCOMPARE(list.sortOrderForNewTask(), -5 - KWSortOrderStep);
+        QCOMPARE(list.sortOrderForNewTask(ListEnd::Bottom), -5 + KWSortOrderStep);
         QCOMPARE(m_store->context().find<KWTask>(id)->project(), &list);
         list.markDelete();
         QCOMPARE(m_store->context().find<KWTask>(id)->project(), nullptr);

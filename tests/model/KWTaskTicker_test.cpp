@@ -132,6 +132,8 @@ private Q_SLOTS:
     void leavesACopyAndGoesOn()
     {
         const QString id = makeWeeklyReview();
+        TaskBuilder ownWay = aTask("Water").dueOn("2030-05-01").ordered(2).inState(u"repeating"_s, {});
+        ownWay.with(&KWTaskModel::parentId, id).savedIn(*m_store);
         const auto ticked = ticker().tick(id);
         QCOMPARE(ticked->status, KWTaskStatusCompleted);
         QCOMPARE(ticked->nextDate, at("2030-05-08 00:00"));
@@ -147,7 +149,7 @@ private Q_SLOTS:
         QCOMPARE(copy.tags, QStringList{u"work"_s});
         QCOMPARE(copy.desc, u"All lists"_s);
         QVERIFY(copy.repeatRule.isEmpty() && copy.reminders.isEmpty() && !copy.pinnedDate);
-        QCOMPARE(partsOf(id), u"Inbox 0 Lists 0, Print 0 2030-05-07 File 0 -"_s);
+        QCOMPARE(partsOf(id), u"Inbox 0 Lists 0, Print 0 2030-05-07 File 0 - Water 0 2030-05-01"_s);
         QCOMPARE(partsOf(copy.sid), u"Inbox 0 Lists 2, Print 2 2030-04-30 File 2 -"_s);
     }
 
