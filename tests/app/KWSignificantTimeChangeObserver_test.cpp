@@ -83,17 +83,17 @@ private Q_SLOTS:
     {
         Traveller traveller;
         StoreFixture &store = traveller.store;
-        const QString day = aTask("Pay rent", home).dueFrom("2030-03-09", "2030-03-11").savedIn(store);
-        const QString floating = aTask("Run", home).startingAt("2030-05-02 07:00").savedIn(store);
-        const QString fixed = aTask("Call", home).startingAt("2030-05-02 07:00").savedIn(store);
-        const QString nameless = aTask("Water", home).dueOn("2030-05-03").savedIn(store);
+        const auto tomorrow = [] { return aTask("Run", home).startingAt("2030-05-02 07:00"); };
+        const QString day = aTask("Pay rent", home)
+                                .dueFrom("2030-03-09", "2030-03-11")
+                                .with(&KWTaskModel::exDates, {at("2030-05-09 00:00", home)})
+                                .savedIn(store);
+        const QString floating = tomorrow().with(&KWTaskModel::isFloating, true).savedIn(store);
+        const QString fixed = tomorrow().savedIn(store);
+        const QString nameless =
+            aTask("Water", home).dueOn("2030-05-03").with(&KWTaskModel::timeZone, {}).savedIn(store);
         const QString deleted = aTask("Gone", home).dueOn("2030-05-02").savedIn(store);
-        saved(store, [&](ObjectContext &context) {
-            context.find<KWTask>(floating)->set(&KWTaskModel::isFloating, true);
-            context.find<KWTask>(day)->set(&KWTaskModel::exDates, {at("2030-05-09 00:00", home)});
-            context.find<KWTask>(nameless)->set(&KWTaskModel::timeZone, {});
-            context.find<KWTask>(deleted)->markDelete();
-        });
+        saved(store, [&](ObjectContext &context) { context.find<KWTask>(deleted)->markDelete(); });
         const QString itemOfFloating = traveller.addItem(floating, "2030-05-02 06:30", false);
         const QString itemOfFixed = traveller.addItem(fixed, "2030-05-02 00:00", true);
         const QString timedItem = traveller.addItem(fixed, "2030-05-02 06:30", false);

@@ -59,10 +59,11 @@ struct Scene final : UserNotificationCenterPort {
     KWTaskModel task(const QString &title) { return store.context().find<KWTask>(idOf(title))->model(); }
     void addTask(const QString &title, const QString &time, QStringList alerts)
     {
-        const QString id =
-            aTask(qPrintable(title)).startingAt(qPrintable(u"2030-05-01 "_s + time)).savedIn(store);
         if (alerts.isEmpty()) alerts << u"TRIGGER:PT0S"_s;
-        setSaved<KWTask>(store, id, &KWTaskModel::reminders, alerts);
+        const QString id = aTask(qPrintable(title))
+                               .startingAt(qPrintable(u"2030-05-01 "_s + time))
+                               .with(&KWTaskModel::reminders, alerts)
+                               .savedIn(store);
         identifiers.insert(title, u"task:"_s + id);
     }
     void fillTheDisk(bool isFull)

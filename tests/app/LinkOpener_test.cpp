@@ -29,16 +29,6 @@ class LinkOpener_test : public QObject {
     RecordingTarget m_target;
     std::optional<LinkOpener> m_links;
 
-    void task(
-        const char *id, const char *list, void (*edit)(KWTaskModel &) = [](KWTaskModel &) {})
-    {
-        KWTaskModel model = aTask("Repot the fig").in(QString::fromLatin1(list)).model();
-        model.sid = QString::fromLatin1(id);
-        model.userID = m_store.userID();
-        edit(model);
-        saved(m_store, [&model](ObjectContext &context) { context.insert<KWTask>(model); });
-    }
-
 private Q_SLOTS:
     void initTestCase()
     {
@@ -49,12 +39,17 @@ private Q_SLOTS:
             model.closed = isClosed;
             saved(m_store, [&model](ObjectContext &context) { context.insert<KWProject>(model); });
         }
-        task("task", "list");
-        task("done", "list", [](KWTaskModel &each) { each.status = KWTaskStatusCompleted; });
-        task("dropped", "list", [](KWTaskModel &each) { each.status = KWTaskStatusAbandoned; });
-        task("thrown", "list", [](KWTaskModel &each) { each.isTrashed = true; });
-        task("deleted", "list", [](KWTaskModel &each) { each.isDeleted = true; });
-        task("shelved", "closed");
+        for (const auto &[id, list, state] : {std::tuple{u"task"_s, u"list"_s, u"open"_s},
+                                              {u"done"_s, u"list"_s, u"completed"_s},
+                                              {u"dropped"_s, u"list"_s, u"abandoned"_s},
+                                              {u"thrown"_s, u"list"_s, u"trashed"_s},
+                                              {u"deleted"_s, u"list"_s, u"deleted"_s},
+                                              {u"shelved"_s, u"closed"_s, u"open"_s}})
+            aTask("Repot the fig")
+                .with(&KWTaskModel::sid, id)
+                .in(list)
+                .inState(state, "2030-05-01 08:00")
+                .savedIn(m_store);
         m_links.emplace(m_store.kit().manager(), m_store.account(), m_store.kit().center(), m_target);
     }
     void init() { m_target.shown.clear(); }
