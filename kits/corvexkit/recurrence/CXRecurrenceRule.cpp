@@ -68,6 +68,7 @@ QString CXRecurrenceRule::toIcal() const
     appendNumbers(text, "BYSECOND"_L1, bySecond);
     appendNumbers(text, "BYSETPOS"_L1, bySetPos);
     if (weekStart) text += u";WKST="_s + latin1(RuleWords::weekdays[weekStart->c_encoding()]);
+    if (timesInWeekly > 0) text += u";X-TIMES="_s + QString::number(timesInWeekly);
     if (skip != Skip::Omit)
         text += u";RSCALE=GREGORIAN;SKIP="_s + latin1(RuleWords::skips[std::size_t(skip)]);
     return text;

@@ -54,5 +54,9 @@ public:
     OrdinalSet<366> bySetPos;
     WeekdaySet byDay;
 
+    /// On how many days of each week, whichever they are: 1 to 7, or 0 when not given. An addition to the
+    /// RFC, written X-TIMES, for FREQ=WEEKLY alone. No date of the rule depends on it.
+    int timesInWeekly = 0;
+
     bool operator==(const CXRecurrenceRule &) const = default;
 };

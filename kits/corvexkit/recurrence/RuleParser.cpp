@@ -25,14 +25,15 @@ enum class RuleParser::Part : std::uint8_t {
     WkSt,
     RScale,
     Skip,
+    Times,
 };
 
 namespace {
 
 // In the order of RuleParser::Part.
-constexpr std::array<std::string_view, 16> partNames{
-    "FREQ",       "UNTIL",     "COUNT",    "INTERVAL", "BYSECOND", "BYMINUTE", "BYHOUR", "BYDAY",
-    "BYMONTHDAY", "BYYEARDAY", "BYWEEKNO", "BYMONTH",  "BYSETPOS", "WKST",     "RSCALE", "SKIP"};
+constexpr std::array<std::string_view, 17> partNames{
+    "FREQ",      "UNTIL",    "COUNT",   "INTERVAL", "BYSECOND", "BYMINUTE", "BYHOUR", "BYDAY",  "BYMONTHDAY",
+    "BYYEARDAY", "BYWEEKNO", "BYMONTH", "BYSETPOS", "WKST",     "RSCALE",   "SKIP",   "X-TIMES"};
 
 template <class Part>
 QString nameOf(Part part)
@@ -116,9 +117,11 @@ bool RuleParser::readValue(Part part, QStringView value)
     case Part::RScale:
         return readScale(value);
     case Part::Skip:
+        return readSkip(value);
+    case Part::Times:
         break;
     }
-    return readSkip(value);
+    return readTimesInWeekly(value);
 }
 
 bool RuleParser::readFrequency(QStringView value)
@@ -156,6 +159,13 @@ bool RuleParser::readSkip(QStringView value)
     if (!index) return fail(value, u"SKIP takes OMIT, BACKWARD or FORWARD, not %1"_s.arg(quoted(value)));
     m_rule.skip = CXRecurrenceRule::Skip(*index);
     return true;
+}
+
+bool RuleParser::readTimesInWeekly(QStringView value)
+{
+    m_rule.timesInWeekly = toNumber(value, Signs::Refused).value_or(0);
+    return (m_rule.timesInWeekly >= 1 && m_rule.timesInWeekly <= 7) ||
+           fail(value, u"X-TIMES takes 1 to 7, not %1"_s.arg(quoted(value)));
 }
 
 template <class Target>
@@ -233,6 +243,7 @@ bool RuleParser::checkWhole()
                   u"numbered weekdays need FREQ=MONTHLY or FREQ=YEARLY") &&
            refuse(Part::ByDay, hasOrdinals && has(Part::ByWeekNo),
                   u"numbered weekdays do not go with BYWEEKNO") &&
+           refuse(Part::Times, frequency != Weekly, u"X-TIMES needs FREQ=WEEKLY") &&
            refuse(Part::BySetPos, !hasOther, u"BYSETPOS needs another part to choose from");
 }
 

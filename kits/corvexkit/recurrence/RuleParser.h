@@ -19,6 +19,7 @@ private:
     bool readWeekStart(QStringView value);
     bool readScale(QStringView value);
     bool readSkip(QStringView value);
+    bool readTimesInWeekly(QStringView value);
     bool readWeekdays(QStringView value);
     bool readWeekday(QStringView item);
     template <class Target>
@@ -36,6 +37,6 @@ private:
 
     QStringView m_text;
     CXRecurrenceRule m_rule;
-    std::array<qsizetype, 16> m_places{}; // of the parts read so far, from 1
+    std::array<qsizetype, 17> m_places{}; // of the parts read so far, from 1
     std::optional<Error> m_error;
 };
