@@ -1,5 +1,7 @@
 #include "model/records/KWSynchronizableObject.h"
 
+#include "model/store/ObjectContext.h"
+
 void KWSynchronizableObject::mark(Change change)
 {
     KWSynchronizableFields &fields = editSynchronizable();
@@ -19,6 +21,14 @@ void KWSynchronizableObject::unmarkDelete()
     KWSynchronizableFields &fields = editSynchronizable();
     fields.isDeleted = false;
     fields.syncStatus = fields.etag.isEmpty() ? KWSyncStatusCreated : KWSyncStatusUpdated;
+}
+
+void KWSynchronizableObject::deleteForever()
+{
+    if (synchronizable().syncStatus == KWSyncStatusCreated)
+        context().remove(*this);
+    else
+        markDelete();
 }
 
 void KWSynchronizableObject::markDone()

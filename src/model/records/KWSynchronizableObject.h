@@ -16,6 +16,8 @@ public:
     void markDelete();
     /// Takes markDelete() back.
     void unmarkDelete();
+    /// Removed by the next save when the service never knew the record, else as markDelete().
+    void deleteForever();
     /// The service has what we have.
     void markDone();
 

@@ -18,20 +18,11 @@ constexpr const char *childrenOf =
     "parentId = ?1 AND parentId <> '' AND sid <> ?1 AND isDeleted = 0 AND isTrashed = ?2";
 
 template <class Record>
-void deleteForever(Record &record)
-{
-    if (record->syncStatus == KWSyncStatusCreated)
-        record.context().remove(record);
-    else
-        record.markDelete();
-}
-
-template <class Record>
 void deleteAllOfTasks(const QStringList &taskIDs, ObjectContext &context)
 {
     for (Record *each : context.fetch<Record>(
              {.where = "taskID IN (SELECT value FROM json_each(?))", .values = {idList(taskIDs)}}))
-        deleteForever(*each);
+        each->deleteForever();
 }
 
 } // namespace
@@ -118,7 +109,7 @@ void KWTask::deleteTaskAndDescendantsForever(const QList<KWTask *> &tasks, Objec
     deleteAllOfTasks<KWChecklistItem>(ids, context);
     deleteAllOfTasks<KWAttachment>(ids, context);
     for (KWTask *each : forest.flatTasks())
-        deleteForever(*each);
+        each->deleteForever();
 }
 
 bool KWTask::adaptToTimeZoneFromDesignatedToLocalIfNeeded(const CXTimeZone &lastLocalZone)

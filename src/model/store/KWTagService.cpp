@@ -27,14 +27,6 @@ Result<QString> checkedLabel(const QString &typed)
     return label;
 }
 
-void dropRecord(KWSynchronizableObject &record)
-{
-    if (record.synchronizable().syncStatus == KWSyncStatusCreated)
-        record.context().remove(record);
-    else
-        record.markDelete();
-}
-
 /// What a name means in the records of one user, and how it is taken from or changed in them.
 class TagUse {
 public:
@@ -140,7 +132,7 @@ private:
                 moved.contextID = contextID({.tagName = newName});
             if constexpr (isInGroupOfTag<Record>)
                 if (moved.tagName == m_name) moved.tagName = newName;
-            newName.isEmpty() || isTaken<Record>(moved) ? dropRecord(*each) : each->assign(moved);
+            newName.isEmpty() || isTaken<Record>(moved) ? each->deleteForever() : each->assign(moved);
         }
     }
 
@@ -155,7 +147,7 @@ private:
         const bool isFree = !newName.isEmpty() && ofTag(newName).isEmpty();
         for (Record *each : ofTag(m_name))
             isFree ? each->set(listID, KWListIdentifier::tag(newName).userDefaultEncode())
-                   : dropRecord(*each);
+                   : each->deleteForever();
     }
 
     QString m_name;
@@ -212,7 +204,7 @@ Result<QString> KWTagService::rename(const QString &name, const QString &newLabe
             const bool isBelow = other && !(*other)->parent.isEmpty() && (*other)->parent != oldName;
             use.moveChildrenTo(isBelow ? (*other)->parent : newName);
             if (other) {
-                dropRecord(*tag);
+                tag->deleteForever();
             } else {
                 tag->set(&KWTagModel::name, newName);
                 tag->set(&KWTagModel::label, *label);
@@ -232,7 +224,7 @@ Result<void> KWTagService::remove(const QString &name)
         use.replaceInTasksBy({});
         use.moveChildrenTo({});
         use.movePlacesTo({});
-        dropRecord(*tag);
+        tag->deleteForever();
         return {};
     });
 }
