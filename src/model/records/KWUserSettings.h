@@ -6,6 +6,14 @@
 /// The settings of one account in a context.
 class KWUserSettings : public ManagedRecord<KWUserSettingsModel> {
 public:
+    /// On which the weeks of that account begin.
+    static std::chrono::weekday firstWeekdayOfUser(const QString &userID, ObjectContext &context)
+    {
+        const auto settings = context.models<KWUserSettings>(
+            {.where = "userID = ? AND isDeleted = 0", .values = {userID}, .limit = 1});
+        return std::chrono::weekday{unsigned(settings.value(0).firstWeekday - 1)};
+    }
+
     /// Whether tasks may have a time zone of their own.
     void updateTimeZoneOptionEnable(bool isEnabled)
     {

@@ -13,18 +13,13 @@
 
 namespace {
 
-std::chrono::weekday firstWeekdayOf(const KWTask &task)
-{
-    const auto settings = task.context().models<KWUserSettings>(
-        {.where = "userID = ? AND isDeleted = 0", .values = {task->userID}, .limit = 1});
-    return std::chrono::weekday{unsigned(settings.value(0).firstWeekday - 1)};
-}
-
 std::optional<TaskRepetition> repetitionOf(const KWTask &task)
 {
     if (task->repeatRule.isEmpty()) return std::nullopt;
     const CXClock &clock = task.context().clock();
-    return TaskRepetition::next(task.model(), {clock.now(), clock.zone(), firstWeekdayOf(task)});
+    return TaskRepetition::next(
+        task.model(),
+        {clock.now(), clock.zone(), KWUserSettings::firstWeekdayOfUser(task->userID, task.context())});
 }
 
 // The finished occurrence: it says what was done, repeats no more and reminds of nothing.
