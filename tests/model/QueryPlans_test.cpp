@@ -1,3 +1,4 @@
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
@@ -84,6 +85,13 @@ private Q_SLOTS:
                 QVERIFY(KWListDataFetcher{store.clock}.completedTasks(
                     {.userID = store.userID(), .after = CompletionCursor{Instant{}, 1}, .limit = 50},
                     context.connection()));
+            });
+        row("habits",
+            {u"habitsInOrder (userID=?)"_s, u"habitCheckinsByDay (habitID=? AND checkinStamp=?)"_s,
+             u"habitCheckinsByDay (habitID=?)"_s},
+            [](auto &store, auto &context) {
+                KWHabit::fetchAll(store.userID(), HabitScope::Active, context);
+                context.template insert<KWHabit>({}).updateStreaks();
             });
         row("places of a tag",
             {u"taskTagSortOrdersByTag (tagName=?)"_s,

@@ -26,6 +26,7 @@ struct KWHabitModel : KWSynchronizableFields {
     QString unit;
     QString sectionID = K_HABIT_SECTION_ID_OTHERS;
     QString repeatRule = QStringLiteral("RRULE:FREQ=DAILY;INTERVAL=1");
+    int startStamp = 0;    ///< the day from which every so many days are counted, yyyymmdd; 0: when created
     QStringList reminders; ///< times of the day, "HH:mm"
     bool isArchived = false;
     int currentStreak = 0;
@@ -40,6 +41,7 @@ inline constexpr auto recordFields<KWHabitModel> = synchronized(
     field("color", &KWHabitModel::color), field("isRealType", &KWHabitModel::isRealType),
     field("goal", &KWHabitModel::goal), field("step", &KWHabitModel::step),
     field("unit", &KWHabitModel::unit), field("sectionID", &KWHabitModel::sectionID, Json{"sectionId"}),
-    field("repeatRule", &KWHabitModel::repeatRule), field("reminders", &KWHabitModel::reminders),
-    field("isArchived", &KWHabitModel::isArchived), field("currentStreak", &KWHabitModel::currentStreak),
+    field("repeatRule", &KWHabitModel::repeatRule), field("startStamp", &KWHabitModel::startStamp),
+    field("reminders", &KWHabitModel::reminders), field("isArchived", &KWHabitModel::isArchived),
+    field("currentStreak", &KWHabitModel::currentStreak),
     field("longestStreak", &KWHabitModel::longestStreak));

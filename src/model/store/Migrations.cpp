@@ -21,6 +21,7 @@ std::span<const std::string> migrations()
         schemas::search(),
         schemas::reminders(),
         schemas::closedTasksAndPlaces(),
+        schemas::habitDays(),
     };
     return inOrder;
 }

@@ -138,6 +138,21 @@ std::int64_t ObjectContext::number(const char *sql, const SqlValues &values)
     }
 }
 
+QList<std::int64_t> ObjectContext::numbers(const char *sql, const SqlValues &values)
+{
+    try {
+        Connection::Prepared statement = m_connection->prepare(sql);
+        statement.bind(values);
+        QList<std::int64_t> numbers;
+        while (statement->executeStep())
+            numbers.append(statement->getColumn(0).getInt64());
+        return numbers;
+    } catch (const SQLite::Exception &exception) {
+        noteFailedRead(storeFailure(exception));
+        return {};
+    }
+}
+
 Result<void> ObjectContext::readResult() const
 {
     return m_readFailure ? Result<void>{*m_readFailure} : Result<void>{};

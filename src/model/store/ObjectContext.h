@@ -47,6 +47,8 @@ public:
     QList<Record *> changed() const;
     /// The first column of the first row of a query, 0 when there is none or it fails.
     std::int64_t number(const char *sql, const SqlValues &values = {});
+    /// The first column of every row, none when the query fails.
+    QList<std::int64_t> numbers(const char *sql, const SqlValues &values = {});
     /// The error of the first read that failed in this context: what was decided on such reading must not
     /// be saved.
     Result<void> readResult() const;

@@ -21,5 +21,7 @@ std::string reminders();
 std::string search();
 /// To closed tasks in their order, and to manual positions by what they belong to.
 std::string closedTasksAndPlaces();
+/// The first day of habits, and to the habits of a user in their order.
+std::string habitDays();
 
 } // namespace schemas

@@ -1,0 +1,26 @@
+#include "model/records/HabitFrequency.h"
+
+#include "corvexkit/recurrence/CXRecurrenceRule.h"
+
+HabitFrequency HabitFrequency::ofRule(const QString &repeatRule)
+{
+    const Result<CXRecurrenceRule> rule = CXRecurrenceRule::parse(repeatRule);
+    if (!rule) return {};
+    if (rule->timesInWeekly > 0) return {.kind = Kind::Weekly, .timesInWeekly = rule->timesInWeekly};
+    if (rule->frequency == CXRecurrenceRule::Frequency::Daily && rule->interval > 1)
+        return {.kind = Kind::Repeat, .interval = rule->interval};
+    return {.weekdays = rule->byDay.every()};
+}
+
+bool HabitFrequency::isDueOn(Day day, Day firstDay) const
+{
+    switch (kind) {
+    case Kind::Daily:
+        return weekdays.isEmpty() || weekdays.contains(int(std::chrono::weekday{day}.c_encoding()));
+    case Kind::Weekly:
+        return true;
+    case Kind::Repeat:
+        break;
+    }
+    return (day - firstDay).count() % interval == 0;
+}
