@@ -5,6 +5,7 @@
 #include "model/records/KWHabitCheckin.h"
 #include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
+#include "model/store/KWHabitUtils.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -18,11 +19,12 @@ constexpr int today = 2030'05'01;
 
 Day dayOf(const QString &text) { return TimeText::toDay(text).value(); }
 
-// State, value, and whether it is skipped: "done 1 skipped".
+// As habit-checks.txt writes a day.
 void setDay(KWHabit &habit, int stamp, const QStringList &words)
 {
     if (words[0] != u"-") habit.makeCheckInAtDateStamp(stamp).updateValue(words[1].toDouble());
     if (words[0] == u"unachieved") habit.makeCheckInAtDateStamp(stamp).markUnAchieved();
+    if (words[0] == u"deleted") habit.makeCheckInAtDateStamp(stamp).markDelete();
     if (words.last() != u"skipped") return;
     KWHabitSkipModel skip;
     skip.habitID = habit.sid();
@@ -49,7 +51,20 @@ class KWHabit_test : public QObject {
         saved(*m_store, [&](ObjectContext &context) { habit.sid = context.insert<KWHabit>(habit).sid(); });
         return habit.sid;
     }
+    Result<void> check(const QString &id, HabitCheck check = HabitCheck::Add, int stamp = today,
+                       CheckedBy by = CheckedBy::Person)
+    {
+        return KWHabitUtils{m_store->kit().manager()}.updateHabitCheckin(id, stamp, check, by);
+    }
     const KWHabit &habit(const QString &id) { return *m_store->context().find<KWHabit>(id); }
+    QString day(const QString &id)
+    {
+        const KWHabitCheckin *found = habit(id).checkInAtDateStamp(today);
+        const QString skipped = habit(id).skips().isEmpty() ? u""_s : u" skipped"_s;
+        if (!found) return u"-"_s + skipped;
+        const QString state = found->isMarkUnAchieved() ? u"unachieved"_s : u"open"_s;
+        return u"%1 %2"_s.arg(found->isDone() ? u"done"_s : state).arg((*found)->value) + skipped;
+    }
 
 private Q_SLOTS:
     void init() { m_store = std::make_unique<StoreFixture>("2030-05-01 23:30", "Europe/Berlin"); }
@@ -108,6 +123,53 @@ private Q_SLOTS:
         const QString id = make(u"FREQ=DAILY;INTERVAL=3"_s);
         m_store->clock.setZone("Asia/Tokyo");
         QVERIFY(habit(id).isDueOn(dayOf(u"2030-05-04"_s)) && !habit(id).isDueOn(dayOf(u"2030-05-05"_s)));
+    }
+
+    void changesADay_data() { addCaseRows("model/habit-checks.txt", 5); }
+    void changesADay()
+    {
+        QFETCH(const QStringList, cells);
+        const auto who = cells[1] == u"person" ? CheckedBy::Person : CheckedBy::Program;
+        const auto what = cells[2] == u"add" ? HabitCheck::Add : HabitCheck::TakeBack;
+        for (const auto &[id, after] : {std::pair{make(), cells[3]}, {make({}, 8, 5), cells[4]}}) {
+            saved(*m_store, [&](ObjectContext &context) {
+                setDay(*context.find<KWHabit>(id), today, cells[0].split(u' '));
+            });
+            QVERIFY(check(id, what, today, who));
+            QCOMPARE(day(id), after);
+            if (cells[0] != after) QCOMPARE(habit(id)->currentStreak, int(after.startsWith(u"done")));
+        }
+    }
+
+    void anAmountReachesItsGoalAndLosesItAgain()
+    {
+        const QString id = make({}, 1, 0.1);
+        int told = 0;
+        const auto listening = m_store->kit().bus().registerEventBus(
+            [&](const StoreChange &change) { told += int(change.of(RecordKind::Habit).updated.count(id)); });
+        for (int i = 1; i <= 10; ++i) {
+            QCOMPARE(day(id), i == 1 ? u"-"_s : u"open 0.%1"_s.arg(i - 1));
+            m_store->clock.advance(1min);
+            QVERIFY(check(id));
+        }
+        QCOMPARE(habit(id).checkInAtDateStamp(today)->model().checkinTime, m_store->clock.now());
+        QCOMPARE(told, 10);
+        setSaved<KWHabit>(*m_store, id, &KWHabitModel::goal, 0.5);
+        QVERIFY(check(id, HabitCheck::TakeBack));
+        QCOMPARE(day(id), u"open 0.9"_s);
+        QVERIFY(!habit(id).checkInAtDateStamp(today)->model().checkinTime);
+    }
+
+    void saysWhyADayCannotBeChecked()
+    {
+        const QString id = make();
+        QCOMPARE(check(id, HabitCheck::Add, 2026'13'32).error().sentence, u"20261332 is no day."_s);
+        QCOMPARE(check(id, HabitCheck::Add, today + 1).error().sentence, u"This day is still to come."_s);
+        setSaved<KWHabit>(*m_store, id, &KWHabitModel::isArchived, true);
+        QVERIFY(check(id));
+        saved(*m_store, [&](ObjectContext &context) { context.find<KWHabit>(id)->markDelete(); });
+        QCOMPARE(check(id).error().sentence, u"There is no such habit any more."_s);
+        QCOMPARE(day(id), u"-"_s);
     }
 
     void standInTheirManualOrder()

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+
+class KWCoreDataManager;
+class QString;
+
+enum class HabitCheck { Add, TakeBack };
+
+/// Who says that a habit was done.
+enum class CheckedBy {
+    Person,
+    Program, ///< because of something else that the person did
+};
+
+/// What is done to the days of habits, each in one save. Main thread.
+class KWHabitUtils {
+public:
+    explicit KWHabitUtils(KWCoreDataManager &manager) : m_manager(manager) {}
+
+    /// One check of the habit on that day, or one taken back, with its streaks. A check makes a day done,
+    /// or adds the habit's step to the amount; taken back, the day is not done, or the amount is less by the
+    /// step, never below 0. The first check of a day keeps the habit's goal of now.
+    ///
+    /// A person's check takes it back that the day was skipped or not achieved; the program leaves such a
+    /// day alone. Nothing happens to an archived habit, to a day without a check to take back, and to one
+    /// that is done and has no amount. A habit that is gone, a stamp that is no day (see DayStamp.h) and a
+    /// day after today fail with a sentence.
+    ///
+    /// The event bus tells the habit as updated, whether its streaks changed or not.
+    Result<void> updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check, CheckedBy by);
+
+private:
+    KWCoreDataManager &m_manager;
+};
