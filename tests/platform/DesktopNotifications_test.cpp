@@ -1,6 +1,9 @@
 #include "platform/DesktopNotifications.h"
 
+#include "app/KWUserNotificationHandler.h"
+#include "model/records/KWTask.h"
 #include "platform/FakeService.h"
+#include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
 #include <QDBusServiceWatcher>
@@ -85,6 +88,36 @@ private Q_SLOTS:
     {
         QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run it on a bus");
         QCoreApplication::processEvents();
+    }
+
+    void remindsAndDoesWhatIsPressed()
+    {
+        FakeNotificationServer server;
+        RecordingPanel panel;
+        DesktopNotifications desktop{panel};
+        StoreFixture store{"2030-05-01 08:00"};
+        OrvaneKit &kit = store.kit();
+        KWUserNotificationHandler handler{{store.clock, kit.manager(), kit.account(), kit.defaults(),
+                                           kit.center(), kit.bus(), desktop, [](const LaunchRequest &) {}}};
+        const QString id = aTask("Call").startingAt("2030-05-01 09:00").savedIn(store);
+        setSaved<KWTask>(store, id, &KWTaskModel::reminders, {u"TRIGGER:PT0S"_s});
+        handler.applicationDidFinishLaunching();
+
+        const KWTask *task = store.context().find<KWTask>(id);
+        const auto press = [&](const char *due, const QString &key) {
+            const qsizetype before = server.messages.size();
+            store.clock.setNow(at(due));
+            QTRY_COMPARE(server.messages.size(), before + 1);
+            QCOMPARE(server.messages.last().title, u"Call"_s);
+            QVERIFY(!task->isCompleted() && server.messages.last().actions.contains(key));
+            server.press(server.messages.last().id, key);
+        };
+        press("2030-05-01 09:00", u"snooze-10"_s);
+        QTRY_COMPARE(task->model().snoozedRemindDate, at("2030-05-01 09:10"));
+        press("2030-05-01 09:10", u"snooze-60"_s);
+        QTRY_COMPARE(task->model().snoozedRemindDate, at("2030-05-01 10:10"));
+        press("2030-05-01 10:10", u"complete"_s);
+        QTRY_VERIFY(task->isCompleted());
     }
 
     void showsReplacesAndTakesBack()

@@ -2,6 +2,8 @@
 
 #include "support/TestMain.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -46,6 +48,22 @@ private Q_SLOTS:
     {
         QCOMPARE(LoginItem::execLine({u"/opt/my \"$HOME\" 100%/`orvane`\\"_s, u"--home"_s}),
                  uR"("/opt/my \\"\\$HOME\\" 100%%/\\`orvane\\`\\\\" "--home")"_s);
+    }
+
+    void startsTheProgramOnItsDataFolder()
+    {
+        for (const QString &home : {m_folder.path(), QString{}}) {
+            LoginItem item{home.isEmpty() ? DataFolders::standard() : DataFolders::locate(home)};
+            QVERIFY(item.setStart(LoginStart::WithWindow));
+            const QDir autostart{qEnvironmentVariable("XDG_CONFIG_HOME") + u"/autostart"_s};
+            QCOMPARE(autostart.entryList(QDir::Files).size(), 1);
+            QFile file{autostart.filePath(autostart.entryList(QDir::Files).constFirst())};
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QStringList command{QCoreApplication::applicationFilePath()};
+            if (!home.isEmpty()) command += {u"--home"_s, home};
+            QVERIFY(file.readAll().contains("\nExec=" + LoginItem::execLine(command).toUtf8() + '\n'));
+            QVERIFY(item.setStart(LoginStart::Off));
+        }
     }
 
     void saysWhenTheFolderCannotBeWritten()
