@@ -13,6 +13,7 @@ AddButton::AddButton(const QString &text, QWidget *parent) : QAbstractButton(par
 {
     setText(text);
     setAccessibleName(text);
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -38,16 +39,4 @@ void AddButton::paintEvent(QPaintEvent *)
     if (hasFocus())
         Painting::focusRing(painter, rect().adjusted(Metrics::gap, 2, -Metrics::gap, -2),
                             Metrics::pillRadius);
-}
-
-void AddButton::enterEvent(QEnterEvent *event)
-{
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void AddButton::leaveEvent(QEvent *event)
-{
-    QAbstractButton::leaveEvent(event);
-    update();
 }

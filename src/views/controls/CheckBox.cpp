@@ -12,6 +12,7 @@ constexpr int ringSpace = 3;
 CheckBox::CheckBox(QWidget *parent) : QAbstractButton(parent)
 {
     setCheckable(true);
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -47,16 +48,4 @@ void CheckBox::paintEvent(QPaintEvent *)
                         .isAbandoned = m_status == KWTaskStatusAbandoned,
                         .isHovered = underMouse()});
     if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::checkboxRadius + ringSpace);
-}
-
-void CheckBox::enterEvent(QEnterEvent *event)
-{
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void CheckBox::leaveEvent(QEvent *event)
-{
-    QAbstractButton::leaveEvent(event);
-    update();
 }

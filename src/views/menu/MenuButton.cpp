@@ -22,6 +22,7 @@ MenuButton::MenuButton(QWidget *parent) : QAbstractButton(parent)
     setObjectName(u"menuButton"_s);
     setAccessibleName(KWLocalizedString("Main menu"));
     setToolTip(KWLocalizedString("Main menu"));
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -53,18 +54,6 @@ void MenuButton::paintEvent(QPaintEvent *)
     const int icon = Metrics::scaled(Metrics::icon);
     Icons::paint(painter, rect(), Icon::Menu, icon, underMouse() ? theme.text : theme.secondaryText);
     if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::rowRadius);
-}
-
-void MenuButton::enterEvent(QEnterEvent *event)
-{
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void MenuButton::leaveEvent(QEvent *event)
-{
-    QAbstractButton::leaveEvent(event);
-    update();
 }
 
 void MenuButton::keyPressEvent(QKeyEvent *event)
