@@ -160,19 +160,6 @@ private Q_SLOTS:
         QTRY_VERIFY(m_view->verticalScrollBar()->maximum() > 0);
     }
 
-    void headerOffersToAddWhatCanBeAdded()
-    {
-        const QModelIndex header = model().find(Type::smartProject, u"smart.project"_s);
-        const QPoint plus{m_view->visualRect(header).right() - 20,
-                          m_view->visualRect(header).center().y() + 4};
-        QSignalSpy added{m_view.get(), &KWProjectListView::addRequested};
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, plus);
-        QCOMPARE(added.count(), 0);
-        m_view->setCanAdd([](const KWProjectListNode &) { return true; });
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, plus);
-        QCOMPARE(added.count(), 1);
-    }
-
 private:
     ProjectListTreeModel &model() { return m_view->treeModel(); }
     QModelIndex index(const QString &identifier, Type type = Type::project)

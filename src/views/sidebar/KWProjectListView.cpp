@@ -109,12 +109,6 @@ void KWProjectListView::setCountOf(ProjectRowDelegate::CountOf countOf)
 
 void KWProjectListView::redrawCounts() { viewport()->update(); }
 
-void KWProjectListView::setCanAdd(std::function<bool(const KWProjectListNode &)> canAdd)
-{
-    m_delegate->setCanAdd(std::move(canAdd));
-    viewport()->update();
-}
-
 KWProjectListNode *KWProjectListView::selectedNode() const
 {
     return m_model.nodeAt(m_model.find(m_selectedType, m_selectedID));
@@ -176,12 +170,7 @@ void KWProjectListView::mousePressEvent(QMouseEvent *event)
     const QPoint position = event->position().toPoint();
     const QModelIndex index = indexAt(position);
     if (index.isValid() && event->button() == Qt::LeftButton) {
-        const QRect row = visualRect(index);
-        if (m_delegate->addBounds(row, layoutDirection(), index).contains(position)) {
-            Q_EMIT addRequested(m_model.nodeAt(index));
-            return;
-        }
-        if (m_delegate->foldBounds(row, layoutDirection(), index).contains(position)) {
+        if (m_delegate->foldBounds(visualRect(index), layoutDirection(), index).contains(position)) {
             setExpanded(index, !isExpanded(index));
             return;
         }

@@ -23,9 +23,6 @@ public:
     void setCountOf(ProjectRowDelegate::CountOf countOf);
     void redrawCounts();
 
-    /// Which section headers offer a "+". None does at first.
-    void setCanAdd(std::function<bool(const KWProjectListNode &)> canAdd);
-
     /// Null when nothing is selected.
     KWProjectListNode *selectedNode() const;
     /// Selects, unfolds what hides the row, and announces; false when there is no such row. Does nothing
@@ -40,7 +37,6 @@ Q_SIGNALS:
     void expansionChanged(KWProjectListNode *node, bool isExpanded);
     /// Enter on a list: go on to its tasks.
     void opened(KWProjectListNode *node);
-    void addRequested(KWProjectListNode *sectionHeader);
 
 protected:
     void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override {}

@@ -112,20 +112,9 @@ QRect ProjectRowDelegate::chevronBounds(const QRect &row, const QModelIndex &ind
 QRect ProjectRowDelegate::foldBounds(const QRect &row, Qt::LayoutDirection direction,
                                      const QModelIndex &index) const
 {
-    if (m_model.rowCount(index) == 0 && !m_model.isSectionHeader(index)) return {};
-    QRect bounds = row.adjusted(0, 0, -outerMargin - countWidth(), 0);
-    if (!m_model.isSectionHeader(index)) bounds = chevronBounds(row, index).adjusted(-4, 0, 4, 0);
-    return QStyle::visualRect(direction, row, bounds);
-}
-
-QRect ProjectRowDelegate::addBounds(const QRect &row, Qt::LayoutDirection direction,
-                                    const QModelIndex &index) const
-{
-    if (!m_model.isSectionHeader(index) || !m_canAdd || !m_canAdd(*m_model.nodeAt(index))) return {};
-    const int side = Metrics::scaled(24);
-    const QRect bounds{row.right() + 1 - outerMargin - side - 2, row.top() + headerDrop, side,
-                       row.height() - headerDrop};
-    return QStyle::visualRect(direction, row, bounds);
+    if (m_model.isSectionHeader(index)) return row;
+    if (m_model.rowCount(index) == 0) return {};
+    return QStyle::visualRect(direction, row, chevronBounds(row, index).adjusted(-4, 0, 4, 0));
 }
 
 void ProjectRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -166,13 +155,10 @@ void ProjectRowDelegate::paintChevron(QPainter &painter, const QStyleOptionViewI
 void ProjectRowDelegate::paintHeader(QPainter &painter, const QStyleOptionViewItem &option,
                                      const QModelIndex &index) const
 {
-    const Theme &theme = Theme::current();
-    painter.setPen(theme.faintText);
+    painter.setPen(Theme::current().faintText);
     const QRect title = QStyle::visualRect(option.direction, option.rect, titleBounds(option.rect, index));
     Fonts::drawLine(painter, Fonts::Role::CaptionStrong, title, leading(option), index.data().toString());
     paintChevron(painter, option, index);
-    if (const QRect add = addBounds(option.rect, option.direction, index); !add.isEmpty())
-        Icons::paint(painter, add, Icon::Add, iconWidth() - 2, theme.faintText);
 }
 
 void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem &option,

@@ -21,17 +21,13 @@ public:
                        QObject *parent = nullptr);
 
     void setCountOf(CountOf countOf) { m_countOf = std::move(countOf); }
-    /// Section headers offer a "+" only for what can be added.
-    void setCanAdd(std::function<bool(const KWProjectListNode &)> canAdd) { m_canAdd = std::move(canAdd); }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
-    /// The part of a row that folds and unfolds it: of a section header all but the "+".
+    /// The part of a row that folds and unfolds it: all of a section header, the chevron of a folder.
     QRect foldBounds(const QRect &row, Qt::LayoutDirection direction, const QModelIndex &index) const;
-    /// The "+" of a section header; empty for other rows.
-    QRect addBounds(const QRect &row, Qt::LayoutDirection direction, const QModelIndex &index) const;
 
 private:
     void paintHeader(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
@@ -44,5 +40,4 @@ private:
     IsExpanded m_isExpanded;
     SpacerHeight m_spacerHeight;
     CountOf m_countOf;
-    std::function<bool(const KWProjectListNode &)> m_canAdd;
 };
