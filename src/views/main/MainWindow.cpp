@@ -155,7 +155,6 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     saveState();
     QWidget::closeEvent(event);
-    Q_EMIT closed();
 }
 
 void MainWindow::showToast(const QString &message, const QString &action)

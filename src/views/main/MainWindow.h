@@ -48,9 +48,6 @@ public:
     /// Does what the message on show offers to take back; whether there is one.
     bool takeBack();
 
-Q_SIGNALS:
-    void closed();
-
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;

@@ -169,7 +169,6 @@ void MainWindowController::connectColumns()
     connect(&content.detail, &TaskDetailController::failed, &window, &MainWindow::showMessage);
     connect(&content.commands, &MainWindowCommands::changed, &window, &MainWindow::showUndo);
     connect(&content.commands, &MainWindowCommands::failed, &window, &MainWindow::showMessage);
-    connect(&window, &MainWindow::closed, this, &MainWindowController::windowClosed);
 }
 
 void MainWindowController::fillRowMenu(QMenu &menu, const QString &taskID)

@@ -16,8 +16,8 @@ class MainWindow;
 class OrvaneKit;
 class QMenu;
 
-/// The main window with everything in it, made when it is first shown and dropped when it closes.
-/// Main thread.
+/// The main window with everything in it, made when it is first shown and dropped by close(), at sign-out.
+/// A window that the person has closed is kept for the next show(). Main thread.
 class MainWindowController : public QObject, public MainWindowPort, public LinkTarget, public ToastPort {
     Q_OBJECT
 
@@ -42,9 +42,8 @@ public:
     void showFailure(const QString &sentence) override;
     void endUndo(Offer offer) override;
     bool isUndoHeld(Offer offer) const override;
-    bool isShown() const { return m_content != nullptr; }
 
-    /// None while it is not shown.
+    /// None before it is first shown, and signed out.
     MainWindow *window() const;
     // LinkTarget; each shows the window.
     void showList(const KWListIdentifier &list) override;
@@ -53,10 +52,6 @@ public:
 
     /// Shows the list, for pictures.
     void select(const KWListIdentifier &list);
-
-Q_SIGNALS:
-    /// The person closed the window.
-    void windowClosed();
 
 private:
     struct Content;
