@@ -6,7 +6,7 @@
 #include <functional>
 
 /// What an alert says and which buttons it has, from the one that goes on to the one that goes back. The
-/// last one answers to Escape and to closing the window.
+/// last one answers to Escape and to closing the window; there is one at least.
 struct AlertText {
     QString message;
     QString text;

@@ -7,22 +7,22 @@
 
 using namespace Qt::StringLiterals;
 
-int Alert::run(const Content &content, QWidget *parent)
+int Alert::run(const AlertText &alert, QWidget *parent)
 {
-    QMessageBox box{QMessageBox::NoIcon, u"Orvane"_s, content.title, QMessageBox::NoButton, parent};
+    QMessageBox box{QMessageBox::NoIcon, u"Orvane"_s, alert.message, QMessageBox::NoButton, parent};
     box.setObjectName(u"alert"_s);
-    box.setAccessibleName(content.title);
+    box.setAccessibleName(alert.message);
     box.setAttribute(Qt::WA_QuitOnClose, false); // the program may run in the background
     box.setIconPixmap(Icons::application(48, box.devicePixelRatioF()));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(content.text);
+    box.setInformativeText(alert.text);
 
     QList<QAbstractButton *> buttons;
-    for (const QString &text : content.buttons) {
+    for (const QString &text : alert.buttons) {
         QPushButton *button = box.addButton(text, QMessageBox::ActionRole);
         button->setObjectName(u"alertButton%1"_s.arg(buttons.size()));
         button->setAccessibleName(text);
-        if (buttons.size() == content.defaultButton) box.setDefaultButton(button);
+        if (buttons.size() == alert.defaultButton) box.setDefaultButton(button);
         box.setEscapeButton(button);
         buttons.append(button);
     }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "app/ports/AlertPort.h"
 
 class QWidget;
 
@@ -9,18 +8,8 @@ class QWidget;
 /// toast.
 namespace Alert {
 
-struct Content {
-    QString title;
-    QString text;
-    /// From the one that goes on to the one that goes back; the last answers to Escape and to closing
-    /// the window. Never empty.
-    QStringList buttons;
-    /// The index of the one that answers to Enter.
-    int defaultButton = 0;
-};
-
 /// Shows the alert and waits. Answers the index of the chosen button, that of the last one when the program
 /// ends meanwhile. It is never the last window: closing it does not end the program. `parent` may be null.
-int run(const Content &content, QWidget *parent = nullptr);
+int run(const AlertText &alert, QWidget *parent = nullptr);
 
 } // namespace Alert

@@ -5,9 +5,5 @@
 void AlertPresenter::show(const AlertText &alert, std::function<void(int)> answered)
 {
     QMetaObject::invokeMethod(
-        this,
-        [alert, answered = std::move(answered)] {
-            answered(Alert::run({alert.message, alert.text, alert.buttons, alert.defaultButton}));
-        },
-        Qt::QueuedConnection);
+        this, [alert, answered = std::move(answered)] { answered(Alert::run(alert)); }, Qt::QueuedConnection);
 }

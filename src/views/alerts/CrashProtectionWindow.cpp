@@ -114,9 +114,7 @@ CrashProtectionWindow::Outcome CrashProtectionWindow::startEmpty()
 
 CrashProtectionWindow::Outcome CrashProtectionWindow::sendDiagnostics()
 {
-    const AlertText announcement = m_diagnostics.announcement();
-    if (Alert::run({announcement.message, announcement.text, announcement.buttons}) != 0)
-        return Outcome::AskAgain;
+    if (Alert::run(m_diagnostics.announcement()) != 0) return Outcome::AskAgain;
     if (const Result<void> sent = m_diagnostics.send(); !sent) {
         tellFailure(sent.error());
         return Outcome::AskAgain;

@@ -3,8 +3,6 @@
 #include "app/CrashProtectionAlert.h"
 #include "model/settings/DataFolders.h"
 
-#include <QStringList>
-
 class CXClock;
 class KWAbnormalDataCleanService;
 

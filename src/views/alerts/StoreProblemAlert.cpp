@@ -31,7 +31,7 @@ StoreProblemAnswer askAboutStoreProblem(StoreProblem problem, const QString &sen
         buttons.prepend(KWLocalizedString("Restore Backup"));
     }
     // Enter, pressed without reading, leaves everything as it is.
-    const int answer = Alert::run({.title = title,
+    const int answer = Alert::run({.message = title,
                                    .text = sentence + u' ' + question,
                                    .buttons = buttons,
                                    .defaultButton = int(buttons.size()) - 1});

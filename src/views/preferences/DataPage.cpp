@@ -97,7 +97,7 @@ void DataPage::restoreSelected()
     if (!item) return;
     const QStringList buttons{KWLocalizedString("Restore and Restart"), KWLocalizedString("Cancel")};
     const int answer = Alert::run(
-        {.title = KWLocalizedString("Bring back the data of %1?").arg(item->text()),
+        {.message = KWLocalizedString("Bring back the data of %1?").arg(item->text()),
          .text = KWLocalizedString("Orvane starts anew with it. The data of now is kept aside, and can be "
                                    "brought back in the same way."),
          .buttons = buttons,

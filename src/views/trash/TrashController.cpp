@@ -46,7 +46,7 @@ void TrashController::deleteForever(const QString &taskID)
     const auto row = std::ranges::find(rows, taskID, &KWTaskListItemModel::sid);
     if (row == rows.end()) return;
     const int answer =
-        Alert::run({.title = tr("Delete “%1” forever?").arg(displayTitle(row->title)),
+        Alert::run({.message = tr("Delete “%1” forever?").arg(displayTitle(row->title)),
                     .text = tr("It is gone for good, with its subtasks, items and attachments."),
                     .buttons = {tr("Delete Forever"), tr("Cancel")},
                     .defaultButton = 1},
@@ -56,7 +56,7 @@ void TrashController::deleteForever(const QString &taskID)
 
 void TrashController::empty()
 {
-    const int answer = Alert::run({.title = tr("Empty the trash?"),
+    const int answer = Alert::run({.message = tr("Empty the trash?"),
                                    .text = tr("Everything in it is gone for good then."),
                                    .buttons = {tr("Empty Trash"), tr("Cancel")},
                                    .defaultButton = 1},
