@@ -43,8 +43,6 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     setWindowTitle(QCoreApplication::applicationName());
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
 
-    m_sidebar->setMinimumWidth(Metrics::sidebarMinimumWidth);
-    m_sidebar->setMaximumWidth(Metrics::sidebarMaximumWidth);
     m_detail->setMinimumWidth(Metrics::detailMinimumWidth);
     m_detail->setMaximumWidth(Metrics::detailMaximumWidth);
     m_splitter->setObjectName(u"columns"_s);
