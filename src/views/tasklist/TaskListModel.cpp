@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskListModel.h"
 
+#include "model/records/PriorityNames.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
 #include "views/tasklist/RowPlan.h"
@@ -10,12 +11,6 @@ namespace {
 
 // Above this many steps a view redraws faster from scratch than step by step.
 constexpr std::size_t mostSteps = 32;
-
-QString priorityName(KWTaskPriority priority)
-{
-    if (priority >= KWTaskPriorityHigh) return KWLocalizedString("priority_High");
-    return KWLocalizedString(priority >= KWTaskPriorityMedium ? "priority_Medium" : "priority_Low");
-}
 
 QString statusName(KWTaskStatus status)
 {
@@ -164,7 +159,7 @@ QString TaskListModel::spokenText(const KWTaskListItemModel &row) const
     QStringList parts{displayTitle(row.title)};
     if (row.isClosed()) parts.append(statusName(row.status));
     if (row.priority != KWTaskPriorityNone)
-        parts.append(KWLocalizedString("Priority: %1").arg(priorityName(row.priority)));
+        parts.append(KWLocalizedString("Priority: %1").arg(displayName(row.priority)));
     if (const TaskDateText date = dateTextOf(row); !date.text.isEmpty()) {
         if (date.tone == TaskDateText::Tone::Overdue) parts.append(KWLocalizedString("Overdue"));
         parts.append(date.text);
