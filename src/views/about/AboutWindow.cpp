@@ -2,7 +2,7 @@
 
 #include "app/ApplicationName.h"
 #include "model/settings/KWLocalizedString.h"
-#include "views/theme/Fonts.h"
+#include "views/controls/PlainLabel.h"
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
 
@@ -20,12 +20,8 @@ constexpr int aboutWidth = 340;
 
 QLabel *aboutLine(const QString &text, Fonts::Role role, QPalette::ColorRole color = QPalette::WindowText)
 {
-    auto *label = new QLabel{text};
-    label->setTextFormat(Qt::PlainText);
+    QLabel *label = makePlainLabel(text, role, color);
     label->setAlignment(Qt::AlignCenter);
-    label->setWordWrap(true);
-    label->setFont(Fonts::font(role));
-    label->setForegroundRole(color);
     return label;
 }
 

@@ -3,8 +3,8 @@
 #include "app/ReminderText.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/IconButton.h"
+#include "views/controls/PlainLabel.h"
 #include "views/controls/TextButton.h"
-#include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
 
@@ -20,17 +20,6 @@ namespace {
 constexpr int cardMargin = 16;
 constexpr int actionPadding = 8; // the texts of the buttons stand below the title
 
-QLabel *makeLabel(const QString &text, Fonts::Role role, QPalette::ColorRole color)
-{
-    auto *label = new QLabel{text};
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setFont(Fonts::font(role));
-    label->setForegroundRole(color);
-    label->setVisible(!text.isEmpty());
-    return label;
-}
-
 QString nameOf(const QString &key) { return u"notification."_s + key; }
 
 } // namespace
@@ -45,8 +34,10 @@ NotificationCard::NotificationCard(const UserNotification &notification, QWidget
 
     auto *words = new QVBoxLayout;
     words->setSpacing(2);
-    words->addWidget(makeLabel(notification.title, Fonts::Role::BodyStrong, QPalette::WindowText));
-    words->addWidget(makeLabel(notification.body, Fonts::Role::Secondary, QPalette::PlaceholderText));
+    words->addWidget(makePlainLabel(notification.title, Fonts::Role::BodyStrong));
+    if (!notification.body.isEmpty())
+        words->addWidget(
+            makePlainLabel(notification.body, Fonts::Role::Secondary, QPalette::PlaceholderText));
     auto *head = new QHBoxLayout;
     head->setContentsMargins(actionPadding, 0, 0, 0);
     head->addLayout(words, 1);

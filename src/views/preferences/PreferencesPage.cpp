@@ -1,7 +1,7 @@
 #include "views/preferences/PreferencesPage.h"
 
+#include "views/controls/PlainLabel.h"
 #include "views/controls/Switch.h"
-#include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 
 #include <QHBoxLayout>
@@ -10,21 +10,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// Takes its colour from the application's palette, and so follows the theme.
-QLabel *pageLabel(const QString &text, Fonts::Role role, QPalette::ColorRole color = QPalette::WindowText)
-{
-    auto *label = new QLabel{text};
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setFont(Fonts::font(role));
-    label->setForegroundRole(color);
-    return label;
-}
-
-} // namespace
-
 PreferencesPage::PreferencesPage(const char *name, QString title, Preferences &preferences)
     : m_title(std::move(title)), m_preferences(preferences), m_column(new QVBoxLayout{this})
 {
@@ -32,7 +17,7 @@ PreferencesPage::PreferencesPage(const char *name, QString title, Preferences &p
     setAccessibleName(m_title);
     m_column->setContentsMargins(Metrics::margin, Metrics::margin, Metrics::margin, Metrics::margin);
     m_column->setSpacing(Metrics::gap);
-    m_column->addWidget(pageLabel(m_title, Fonts::Role::PageTitle));
+    m_column->addWidget(makePlainLabel(m_title, Fonts::Role::PageTitle));
     m_column->addSpacing(Metrics::grid);
 }
 
@@ -41,12 +26,13 @@ void PreferencesPage::addRow(const char *name, const QString &label, QWidget &co
     control.setObjectName(QLatin1StringView{name});
     control.setAccessibleName(label);
     control.setAccessibleDescription(hint);
-    QLabel *words = pageLabel(label, Fonts::Role::Body);
+    QLabel *words = makePlainLabel(label, Fonts::Role::Body);
     words->setBuddy(&control);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addWidget(words);
-    if (!hint.isEmpty()) texts->addWidget(pageLabel(hint, Fonts::Role::Secondary, QPalette::PlaceholderText));
+    if (!hint.isEmpty())
+        texts->addWidget(makePlainLabel(hint, Fonts::Role::Secondary, QPalette::PlaceholderText));
     auto *row = new QHBoxLayout;
     row->setSpacing(Metrics::margin);
     row->addLayout(texts, 1);
@@ -59,7 +45,7 @@ void PreferencesPage::addWide(QWidget &widget, int stretch) { m_column->addWidge
 void PreferencesPage::addHeading(const QString &text)
 {
     m_column->addSpacing(Metrics::grid);
-    m_column->addWidget(pageLabel(text, Fonts::Role::BodyStrong));
+    m_column->addWidget(makePlainLabel(text, Fonts::Role::BodyStrong));
 }
 
 void PreferencesPage::endRows() { m_column->addStretch(1); }

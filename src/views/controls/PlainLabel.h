@@ -1,0 +1,12 @@
+#pragma once
+
+#include "views/theme/Fonts.h"
+
+#include <QPalette>
+
+class QLabel;
+
+/// Words that break into lines where they must, never read as rich text. They take their colour from the
+/// application's palette, and so follow the theme. Whoever puts the label into a layout owns it.
+QLabel *makePlainLabel(const QString &text, Fonts::Role role,
+                       QPalette::ColorRole color = QPalette::WindowText);
