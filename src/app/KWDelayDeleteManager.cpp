@@ -65,25 +65,20 @@ void KWDelayDeleteManager::deleteTasks(const QStringList &taskIDs)
 
     const QString message =
         tasks.size() == 1 ? deletedText((*tasks.first())->title) : KWLocalizedString("Deleted");
-    const QStringList ids = idsOf(forest.flatTasks());
     start({.toast = &m_with.toast,
            .type = KWDelayDeleteType::Tasks,
-           .ids = ids,
-           .commit = [this, roots = idsOf(forest.rootTasks()), ids] { return trash(roots, ids); },
+           .ids = idsOf(forest.flatTasks()),
+           .commit = [this, roots = idsOf(forest.rootTasks())] { return trash(roots); },
            .undo = {}},
           message);
 }
 
-Result<void> KWDelayDeleteManager::trash(const QStringList &rootIDs, const QStringList &ids)
+Result<void> KWDelayDeleteManager::trash(const QStringList &rootIDs)
 {
-    const auto saved =
-        KWCoreDataService{m_with.manager}.sync_save([&rootIDs](ObjectContext &context) -> Result<void> {
-            KWTask::trashTaskAndDescendants(findAll<KWTask>(rootIDs, context), context);
-            return {};
-        });
-    if (!saved) return saved;
-    announce(ids);
-    return {};
+    return KWCoreDataService{m_with.manager}.sync_save([&rootIDs](ObjectContext &context) -> Result<void> {
+        KWTask::trashTaskAndDescendants(findAll<KWTask>(rootIDs, context), context);
+        return {};
+    });
 }
 
 void KWDelayDeleteManager::announce(const QStringList &taskIDs)
@@ -188,6 +183,7 @@ void KWDelayDeleteManager::commitPending()
     if (!m_pending) return;
     const Result<void> committed = m_pending->commit();
     const std::optional<Pending> ended = end();
+    if (committed && ended->type == KWDelayDeleteType::Tasks) announce(ended->ids);
     post(*ended, committed ? KWDelayDeleteStatus::Committed : KWDelayDeleteStatus::Undone);
     if (!committed) ended->toast->showFailure(committed.error().sentence);
 }

@@ -73,7 +73,7 @@ private:
     void post(const Pending &pending, KWDelayDeleteStatus status);
     QSet<QString> &setOf(KWDelayDeleteType type);
     void announce(const QStringList &taskIDs);
-    Result<void> trash(const QStringList &rootIDs, const QStringList &ids);
+    Result<void> trash(const QStringList &rootIDs);
 
     Collaborators m_with;
     QSet<QString> m_tasks;

@@ -79,6 +79,9 @@ private Q_SLOTS:
     void hidesAtOnceAndDeletesWhenTheTimeIsOver()
     {
         Scene scene;
+        bool isOverWhenTold = false;
+        const auto registration = scene.store.kit().bus().registerEventBus(
+            [&](const StoreChange &) { isOverWhenTold = !scene.manager.isToastShown(); });
         const QString parent = scene.make(u"Parent"_s);
         const QString child = scene.make(u"Child"_s);
         setSaved<KWTask>(scene.store, child, &KWTaskModel::parentId, parent);
@@ -93,7 +96,7 @@ private Q_SLOTS:
         QVERIFY(!scene.isTrashed(parent));
         scene.toast.isHeld = false;
         scene.store.clock.advance(KWDelayDeleteManager::undoTime);
-        QVERIFY(scene.isTrashed(parent) && scene.isTrashed(child));
+        QVERIFY(scene.isTrashed(parent) && scene.isTrashed(child) && isOverWhenTold);
         QVERIFY(!scene.manager.isToastShown() && !scene.manager.containsTask(child) && !scene.toast.press);
         QCOMPARE(scene.statuses, (QList<int>{Started, Committed}));
 
