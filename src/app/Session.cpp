@@ -27,8 +27,8 @@ void Session::observe()
     on(KWUserDidSignInNotification, &Session::userDidSignIn);
     on(KWUserDidSignOutNotification, &Session::userDidSignOut);
     on(KWSyncDidBatchPullNotification, &Session::syncDidBatchPull);
-    on(KWDataDidChangeOutsideMainAppNotification, &Session::listDisplayDidChange);
-    on(KWListDisplayConfigurationDidChangeNotification, &Session::listDisplayDidChange);
+    on(KWDataDidChangeOutsideMainAppNotification, &Session::refreshBadgeAndMenus);
+    on(KWListDisplayConfigurationDidChangeNotification, &Session::refreshBadgeAndMenus);
     on(KWSyncDidPullHabitSettingsNotification, &Session::refreshBadge);
     on(WorkspaceDidWakeNotification, &Session::computerDidAwake);
     on(SystemTimeZoneDidChangeNotification, &Session::systemTimeZoneDidChange);
@@ -96,12 +96,6 @@ void Session::userDidSignOut()
     m_ports.widgetTimelines.reloadAll();
 }
 
-void Session::syncDidBatchPull()
-{
-    refreshBadge();
-    m_ports.mainMenu.refresh();
-}
-
 void Session::computerDidAwake()
 {
     m_dayClock.minuteLevelTimerAction();
@@ -141,7 +135,7 @@ void Session::recordsDidChange(const StoreChange &change)
         if (change.touches(kind)) return refreshBadge();
 }
 
-void Session::listDisplayDidChange()
+void Session::refreshBadgeAndMenus()
 {
     refreshBadge();
     m_ports.mainMenu.refresh();

@@ -21,7 +21,7 @@ public:
     void notifyUserSignIn();
     void userDidSignIn();
     void userDidSignOut();
-    void syncDidBatchPull();
+    void syncDidBatchPull() { refreshBadgeAndMenus(); }
     void computerDidAwake();
     /// The wall shows another hour, maybe another day.
     void systemTimeZoneDidChange();
@@ -53,7 +53,7 @@ private:
     void bringUpAccount(const KWUserModel &user);
     void bringUpSurfaces();
     void recordsDidChange(const StoreChange &change);
-    void listDisplayDidChange();
+    void refreshBadgeAndMenus();
 
     CXClock &m_clock;
     KWNotificationCenter &m_center;
