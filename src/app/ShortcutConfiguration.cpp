@@ -24,16 +24,47 @@ void ShortcutConfiguration::reload()
 {
     m_keys.clear();
     for (const MenuEntry &each : menuEntries())
-        if (!each.hasSlot()) assign(each.command, defaultKeysOf(each));
+        if (!each.hasSlot()) m_keys[each.command] = defaultKeysOf(each);
+    const Keys own = chosen();
     // Chosen keys come before defaults, so that a later default never takes them away.
     for (const bool takesChosen : {true, false})
         for (const MenuEntry &each : menuEntries()) {
-            const bool isChosen = m_defaults.contains(Settings::keyboardShortcut, slotOf(each.command));
+            const auto found = own.find(each.command);
+            const bool isChosen = found != own.end();
             if (!each.hasSlot() || isChosen != takesChosen) continue;
-            const QString keys = isChosen ? m_defaults.value(Settings::keyboardShortcut, slotOf(each.command))
-                                          : defaultKeysOf(each);
-            assign(each.command, isForTyping(keys) || commandWith(keys) ? QString{} : keys);
+            const QString keys = isChosen ? found->second : defaultKeysOf(each);
+            m_keys[each.command] = isForTyping(keys) || commandWith(keys) ? QString{} : keys;
         }
+}
+
+ShortcutConfiguration::Keys ShortcutConfiguration::chosen() const
+{
+    Keys keys;
+    for (const MenuEntry &each : menuEntries())
+        if (m_defaults.contains(Settings::keyboardShortcut, slotOf(each.command)))
+            keys[each.command] = m_defaults.value(Settings::keyboardShortcut, slotOf(each.command));
+    return keys;
+}
+
+void ShortcutConfiguration::write(const Keys &chosen)
+{
+    for (const MenuEntry &each : menuEntries()) {
+        if (!each.hasSlot()) continue;
+        if (const auto found = chosen.find(each.command); found != chosen.end())
+            m_defaults.set(Settings::keyboardShortcut, found->second, slotOf(each.command));
+        else
+            m_defaults.remove(Settings::keyboardShortcut, slotOf(each.command));
+    }
+}
+
+Result<void> ShortcutConfiguration::keep(const Keys &wanted)
+{
+    const Keys before = chosen();
+    write(wanted);
+    const Result<void> saved = m_defaults.save();
+    if (!saved) write(before);
+    reload();
+    return saved;
 }
 
 QString ShortcutConfiguration::keysOf(MenuCommand command) const
@@ -67,19 +98,10 @@ Result<void> ShortcutConfiguration::setKeys(MenuCommand command, const QString &
     const auto owner = commandWith(keys);
     if (owner && *owner != command)
         return Error{KWLocalizedString("“%1” belongs to “%2”.").arg(keys, menuEntryOf(*owner).plainTitle())};
-    assign(command, keys);
-    if (keys == defaultKeysOf(menuEntryOf(command)))
-        m_defaults.remove(Settings::keyboardShortcut, slotOf(command));
-    else
-        m_defaults.set(Settings::keyboardShortcut, keys, slotOf(command));
-    return m_defaults.save();
-}
-
-void ShortcutConfiguration::reset()
-{
-    for (const MenuEntry &each : menuEntries())
-        if (each.hasSlot()) m_defaults.remove(Settings::keyboardShortcut, slotOf(each.command));
-    reload();
+    Keys wanted = chosen();
+    wanted[command] = keys;
+    if (keys == defaultKeysOf(menuEntryOf(command))) wanted.erase(command);
+    return keep(wanted);
 }
 
 bool ShortcutConfiguration::isReset() const

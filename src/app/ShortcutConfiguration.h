@@ -26,18 +26,23 @@ public:
     std::optional<MenuCommand> commandWith(const QString &keys) const;
 
     /// Gives a command with a slot these keys, or none for an empty text. Refused, with a sentence that
-    /// says why: keys that type or edit text, and keys that another command has.
+    /// says why: keys that type or edit text, and keys that another command has. When they cannot be saved,
+    /// here and in reset(), everything stays as it was.
     Result<void> setKeys(MenuCommand command, const QString &keys);
     /// Every slot has the keys of the menu table again.
-    void reset();
+    Result<void> reset() { return keep({}); }
     bool isReset() const;
 
     /// Whether the keys would take letters or editing away from text fields.
     static bool isForTyping(const QString &keys);
 
 private:
-    void assign(const MenuCommand command, const QString &keys) { m_keys[command] = keys; }
+    using Keys = std::map<MenuCommand, QString>;
+
+    Keys chosen() const;
+    void write(const Keys &chosen);
+    Result<void> keep(const Keys &wanted);
 
     KWUserDefaults &m_defaults;
-    std::map<MenuCommand, QString> m_keys;
+    Keys m_keys;
 };

@@ -5,6 +5,7 @@
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <set>
@@ -37,7 +38,7 @@ private Q_SLOTS:
         QFETCH(QStringList, cells);
         KWUserDefaults defaults{m_folder.filePath(u"taking"_s)};
         ShortcutConfiguration shortcuts{defaults};
-        shortcuts.reset();
+        QVERIFY(shortcuts.reset());
         const Result<void> set = shortcuts.setKeys(MenuCommand::SetDate, cells.at(0));
         if (cells.at(1) == u"taken") {
             QVERIFY(set);
@@ -63,9 +64,19 @@ private Q_SLOTS:
         for (const MenuCommand each : {MenuCommand::SetToday, MenuCommand::SetTomorrow, MenuCommand::Print})
             QCOMPARE(shortcuts.keysOf(each), QString{});
         QCOMPARE(shortcuts.commandWith(u"Ctrl+P"_s), MenuCommand::SetNextWeek);
-        shortcuts.reset();
-        QVERIFY(shortcuts.isReset());
+        QVERIFY(shortcuts.reset() && shortcuts.isReset());
         QCOMPARE(shortcuts.keysOf(MenuCommand::Print), u"Ctrl+P"_s);
+    }
+
+    void staysAsItWasWhenItCannotBeSaved()
+    {
+        const QString folder = m_folder.filePath(u"readOnly"_s);
+        KWUserDefaults defaults{folder};
+        ShortcutConfiguration shortcuts{defaults};
+        QVERIFY(shortcuts.setKeys(MenuCommand::SetDate, u"Ctrl+Alt+D"_s));
+        QVERIFY(QFile::remove(folder + u"/standard.ini"_s) && QDir{}.mkpath(folder + u"/standard.ini"_s));
+        QVERIFY(!shortcuts.setKeys(MenuCommand::SetDate, u"Ctrl+Alt+E"_s) && !shortcuts.reset());
+        QCOMPARE(shortcuts.keysOf(MenuCommand::SetDate), u"Ctrl+Alt+D"_s);
     }
 };
 

@@ -19,12 +19,7 @@ ShortcutsPage::ShortcutsPage(Preferences &preferences, MainMenu &menu)
         addShortcut(each);
     }
     addRow("resetShortcuts", KWLocalizedString("All keys as they were at first"), *m_reset);
-    connect(m_reset, &QPushButton::clicked, this, [this] {
-        m_menu.shortcuts().reset();
-        m_menu.applyShortcuts();
-        report({}, [] {});
-        showStored();
-    });
+    connect(m_reset, &QPushButton::clicked, this, [this] { take(m_menu.shortcuts().reset()); });
     endRows();
     showStored();
 }
@@ -33,15 +28,15 @@ void ShortcutsPage::addShortcut(const MenuEntry &entry)
 {
     auto *field = new ShortcutField{entry.plainTitle(), QLatin1StringView{entry.keys}};
     m_fields[entry.command] = field;
-    connect(field, &ShortcutField::chosen, this,
-            [this, command = entry.command](const QString &keys) { take(command, keys); });
+    connect(field, &ShortcutField::chosen, this, [this, command = entry.command](const QString &keys) {
+        take(m_menu.shortcuts().setKeys(command, keys));
+    });
     addRow(entry.name, entry.plainTitle(), *field);
 }
 
-void ShortcutsPage::take(MenuCommand command, const QString &keys)
+void ShortcutsPage::take(const Result<void> &set)
 {
-    const Result<void> set = m_menu.shortcuts().setKeys(command, keys);
-    if (set) m_menu.applyShortcuts();
+    m_menu.applyShortcuts();
     report(set, [] {});
     showStored();
 }

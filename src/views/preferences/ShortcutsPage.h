@@ -19,7 +19,7 @@ public:
 
 private:
     void addShortcut(const MenuEntry &entry);
-    void take(MenuCommand command, const QString &keys);
+    void take(const Result<void> &set);
     void showStored();
 
     MainMenu &m_menu;
