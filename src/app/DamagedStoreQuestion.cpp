@@ -6,15 +6,10 @@
 void DamagedStoreQuestion::ask(const std::optional<StoreBackup> &newestGood)
 {
     const QString message = KWLocalizedString("The file with your tasks is damaged");
-    if (!newestGood) {
-        m_alerts.show(
-            {.message = message,
-             .text = KWLocalizedString("There is no backup to put in its place. Save what can still "
-                                       "be read with “orvane export”."),
-             .buttons = {KWLocalizedString("OK")}},
-            [](int) {});
-        return;
-    }
+    if (!newestGood)
+        return m_alerts.tell(message,
+                             KWLocalizedString("There is no backup to put in its place. Save what can still "
+                                               "be read with “orvane export”."));
     const QString offer =
         KWLocalizedString("%1 can be put in its place. What you changed since then is not in it; the damaged "
                           "file is kept beside it. Orvane starts again for that.");
@@ -23,7 +18,8 @@ void DamagedStoreQuestion::ask(const std::optional<StoreBackup> &newestGood)
                    .text = offer.arg(titleOf(*newestGood)),
                    .buttons = {KWLocalizedString("Restore and Restart"), KWLocalizedString("Not Now")},
                    .defaultButton = 1},
-                  [this, backup = *newestGood](int button) {
-                      if (button == 0) m_care.restore(backup);
+                  [this, message, backup = *newestGood](int button) {
+                      const Result<void> noted = button == 0 ? m_care.restore(backup) : Result<void>{};
+                      if (!noted) m_alerts.tell(message, noted.error().sentence);
                   });
 }

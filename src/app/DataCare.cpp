@@ -9,11 +9,15 @@ QString DataCare::folder() const { return m_kit.folders().data; }
 
 QList<StoreBackup> DataCare::backups() const { return StoreBackups{m_kit.folders()}.list(); }
 
-void DataCare::restore(const StoreBackup &backup)
+Result<void> DataCare::restore(const StoreBackup &backup)
 {
     m_kit.defaults().set(Settings::restoreAtStart, backup.path);
-    m_kit.defaults().synchronise();
-    m_relaunch.cx_relunch();
+    const Result<void> noted = m_kit.defaults().save();
+    if (noted)
+        m_relaunch.cx_relunch();
+    else
+        m_kit.defaults().remove(Settings::restoreAtStart);
+    return noted;
 }
 
 Result<void> DataCare::restoreWhatWasAsked(const DataFolders &folders, KWUserDefaults &defaults,

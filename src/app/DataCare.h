@@ -16,7 +16,8 @@ public:
     QList<StoreBackup> backups() const;
 
     /// Notes the backup and starts the program anew, for a store is replaced only while nobody has it open.
-    void restore(const StoreBackup &backup);
+    /// Where it cannot be noted, nothing happens.
+    Result<void> restore(const StoreBackup &backup);
     /// To be called at the start before the store is opened: restores what restore() has noted, once.
     /// Answers the error when that cannot be done; everything is as it was then.
     static Result<void> restoreWhatWasAsked(const DataFolders &folders, KWUserDefaults &defaults,

@@ -36,8 +36,5 @@ void KWAbnormalDataCleanService::sendAndTerminate()
     if (const Result<void> sent = send(); sent)
         m_all.terminate();
     else
-        m_all.alerts.show({.message = textWithApplicationName("Send to %@"),
-                           .text = sent.error().sentence,
-                           .buttons = {KWLocalizedString("OK")}},
-                          [](int) {});
+        m_all.alerts.tell(textWithApplicationName("Send to %@"), sent.error().sentence);
 }

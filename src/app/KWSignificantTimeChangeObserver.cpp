@@ -114,10 +114,8 @@ void KWSignificantTimeChangeObserver::enableTimeZoneOption()
     AccountSettings settings{m_with.manager, m_with.center, m_with.account.currentUserID()};
     if (const Result<void> saved = settings.updateTimeZoneOptionEnable(true); !saved) {
         zoneLog.error(saved.error().sentence);
-        return m_with.alerts.show({KWLocalizedString("The Time Zone options could not be enabled"),
-                                   saved.error().sentence,
-                                   {KWLocalizedString("OK")}},
-                                  [](int) {});
+        return m_with.alerts.tell(KWLocalizedString("The Time Zone options could not be enabled"),
+                                  saved.error().sentence);
     }
     m_with.sync.batchSyncIfNeeded();
 }

@@ -43,7 +43,15 @@ private Q_SLOTS:
         QCOMPARE(alerts.last.defaultButton, 1);
         alerts.answer(1);
         QCOMPARE(relaunch.count, 0);
-        alerts.answer(0);
+
+        const QString note = folders.config + u"/standard.ini"_s;
+        QFile::remove(note);
+        QVERIFY(QDir{}.mkpath(note));
+        const auto restore = std::exchange(alerts.answer, {});
+        restore(0);
+        QVERIFY(alerts.last.text.contains(u"cannot be written"_s) && relaunch.count == 0);
+        QVERIFY(QDir{}.rmdir(note));
+        restore(0);
         QCOMPARE(relaunch.count, 1);
 
         for (const bool isRestored : {true, false}) {

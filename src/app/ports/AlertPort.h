@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/settings/KWLocalizedString.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -22,4 +24,9 @@ public:
     /// Shows the alert and returns; `answered` hears later, from the event loop, which button was pressed,
     /// counted from 0. Never, when the program ends first.
     virtual void show(const AlertText & /*alert*/, std::function<void(int)> /*answered*/) {}
+    /// Shows a message that waits for no answer but “OK”.
+    void tell(const QString &message, const QString &text)
+    {
+        show({.message = message, .text = text, .buttons = {KWLocalizedString("OK")}}, [](int) {});
+    }
 };

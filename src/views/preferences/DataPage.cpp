@@ -105,7 +105,7 @@ void DataPage::restoreSelected()
         window());
     if (answer != 0) return;
     for (const StoreBackup &each : m_care.backups())
-        if (each.path == item->data(Qt::UserRole).toString()) return m_care.restore(each);
+        if (each.path == item->data(Qt::UserRole).toString()) return report(m_care.restore(each), [] {});
     Q_EMIT failed(KWLocalizedString("This backup is not there any more."));
 }
 
