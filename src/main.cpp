@@ -1,3 +1,4 @@
+#include "cli/CommandText.h"
 #include "cli/Commands.h"
 #include "client/DesktopClient.h"
 
@@ -31,9 +32,8 @@ int runHeadless(const Invocation &invocation, int &argc, char **argv)
     const ExitStatus status = answer(invocation, {std::cin, out, err});
     out.flush();
     if (out.status() == QTextStream::Ok || status != ExitStatus::Done) return int(status);
-    return int(failWith(QCoreApplication::translate("CommandLine",
-                                                    "It is done, but the answer could not be written to "
-                                                    "standard output."),
+    return int(failWith(commandText("It is done, but the answer could not be written to "
+                                    "standard output."),
                         ExitStatus::CouldNot, err));
 }
 

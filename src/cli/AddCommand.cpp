@@ -2,6 +2,7 @@
 
 #include "capture/NewTaskContextOfList.h"
 #include "capture/NewTaskService.h"
+#include "cli/CommandText.h"
 #include "cli/FixedClock.h"
 #include "cli/NamedList.h"
 #include "cli/TaskLine.h"
@@ -10,7 +11,6 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -21,8 +21,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString addText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
 QByteArray lineOf(const QJsonObject &object)
 {
@@ -68,20 +66,21 @@ Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
     if (!list) return list.error();
     if (!takesTasks(*list))
         return Error{
-            addText("Tasks come into “%1” by themselves; none is added to it.").arg(invocation.list)};
+            commandText("Tasks come into “%1” by themselves; none is added to it.").arg(invocation.list)};
     return newTaskContextOf(*list, kit.clock());
 }
 
 // Answers an error object for a line that cannot be read; the lines after it go on.
 QJsonObject dryRunOfLine(QByteArrayView bytes, FixedClock &clock, NewTaskService &service)
 {
-    if (!bytes.isValidUtf8()) return {{u"error"_s, addText("The line is not valid UTF-8.")}};
+    if (!bytes.isValidUtf8()) return {{u"error"_s, commandText("The line is not valid UTF-8.")}};
     const QString line = QString::fromUtf8(bytes.endsWith('\r') ? bytes.chopped(1) : bytes);
     const qsizetype tab = line.indexOf(u'\t');
     const auto now = TimeText::toLocalTime(QStringView{line}.left(tab));
     if (tab < 0 || !now)
-        return {{u"error"_s,
-                 addText("The line does not begin with a local time and a tab: “%1”").arg(line.left(60))}};
+        return {
+            {u"error"_s,
+             commandText("The line does not begin with a local time and a tab: “%1”").arg(line.left(60))}};
     clock.setNow(clock.zone().toInstant(*now));
     return service.dryRun(line.mid(tab + 1));
 }
@@ -89,8 +88,8 @@ QJsonObject dryRunOfLine(QByteArrayView bytes, FixedClock &clock, NewTaskService
 QStringList notesOn(const KWTaskModel &task, bool isInNewList)
 {
     QStringList notes;
-    if (!task.repeatRule.isEmpty()) notes.append(addText("repeats"));
-    if (isInNewList) notes.append(addText("new list"));
+    if (!task.repeatRule.isEmpty()) notes.append(commandText("repeats"));
+    if (isInNewList) notes.append(commandText("new list"));
     return notes;
 }
 

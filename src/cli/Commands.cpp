@@ -1,6 +1,7 @@
 #include "cli/Commands.h"
 
 #include "cli/AddCommand.h"
+#include "cli/CommandText.h"
 #include "cli/DemoAccount.h"
 #include "cli/FixedClock.h"
 #include "cli/ListCommand.h"
@@ -12,7 +13,6 @@
 #include "model/OrvaneKit.h"
 #include "model/store/OutsideChange.h"
 
-#include <QCoreApplication>
 #include <QLocale>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -20,8 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString commandText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
 // A client that has the folder open reads again what the command saved.
 class ChangeReport {

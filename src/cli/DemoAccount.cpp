@@ -1,5 +1,6 @@
 #include "cli/DemoAccount.h"
 
+#include "cli/CommandText.h"
 #include "cli/DemoContents.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWChecklistItem.h"
@@ -8,8 +9,6 @@
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWUser.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -137,9 +136,8 @@ Result<void> fillDemoAccount(OrvaneKit &kit)
     const QList<KWUserModel> users = kit.context().models<KWUser>({.where = "isDeleted = 0"});
     if (kit.account().isSignedIn() && holdsDemo(kit.account().currentUserID(), kit.context())) return {};
     if (!users.isEmpty())
-        return Error{QCoreApplication::translate("CommandLine",
-                                                 "“%1” holds tasks already; the demo fills an empty folder.")
-                         .arg(kit.folders().data)};
+        return Error{
+            commandText("“%1” holds tasks already; the demo fills an empty folder.").arg(kit.folders().data)};
     return kit.account().openLocalAccount(QLocale{},
                                           [](const QString &userID, ObjectContext &context) -> Result<void> {
                                               DemoWriter{context, userID}.write();

@@ -1,6 +1,6 @@
 #include "cli/Invocation.h"
 
-#include <QCoreApplication>
+#include "cli/CommandText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,8 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString tr(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
 struct Option {
     QLatin1StringView name;
@@ -148,16 +146,18 @@ private:
             return std::nullopt;
         }
         const Option *option = optionNamed(name);
-        if (!option) return Error{tr("There is no option “%1”.").arg(name)};
+        if (!option) return Error{commandText("There is no option “%1”.").arg(name)};
         m_used.append(option);
         if (option->flag) {
-            if (equals >= 0) return Error{tr("“%1” takes no value.").arg(name)};
+            if (equals >= 0) return Error{commandText("“%1” takes no value.").arg(name)};
             m_invocation.*option->flag = true;
             return std::nullopt;
         }
-        if (equals < 0 && m_next == m_words.size()) return Error{tr("“%1” needs a value.").arg(name)};
+        if (equals < 0 && m_next == m_words.size())
+            return Error{commandText("“%1” needs a value.").arg(name)};
         m_invocation.*option->value = equals >= 0 ? word.mid(equals + 1) : m_words.at(m_next++);
-        if ((m_invocation.*option->value).isEmpty()) return Error{tr("“%1” needs a value.").arg(name)};
+        if ((m_invocation.*option->value).isEmpty())
+            return Error{commandText("“%1” needs a value.").arg(name)};
         return std::nullopt;
     }
 
@@ -166,11 +166,11 @@ private:
         using Action = Invocation::Action;
         const QString &command = m_invocation.command;
         if (!command.isEmpty() && !commandNamed(command))
-            return Error{tr("There is no command “%1”.").arg(command)};
+            return Error{commandText("There is no command “%1”.").arg(command)};
         if (m_invocation.action != Action::Window) return m_invocation;
         for (const Option *each : m_used)
             if (!belongsTo(*each, command))
-                return Error{tr("“%1” does not belong to this command.").arg(QString{each->name})};
+                return Error{commandText("“%1” does not belong to this command.").arg(QString{each->name})};
         if (const auto error = contradiction()) return *error;
         if (!m_invocation.pictureFile.isEmpty()) {
             m_invocation.action = Action::Picture;
@@ -183,18 +183,21 @@ private:
     std::optional<Error> contradiction() const
     {
         const Invocation &all = m_invocation;
-        if (all.readsStandardInput && !all.isDryRun) return Error{tr("“--stdin” goes with “--dry-run”.")};
+        if (all.readsStandardInput && !all.isDryRun)
+            return Error{commandText("“--stdin” goes with “--dry-run”.")};
         if (all.readsStandardInput && !all.arguments.isEmpty())
-            return Error{tr("With “--stdin” the titles come from there, not from the command line.")};
+            return Error{
+                commandText("With “--stdin” the titles come from there, not from the command line.")};
         const bool needsTitle = all.command == u"add" && !all.readsStandardInput;
-        if (needsTitle && all.arguments.isEmpty()) return Error{tr("What is to be added? Give its title.")};
+        if (needsTitle && all.arguments.isEmpty())
+            return Error{commandText("What is to be added? Give its title.")};
         for (const Option *each : m_used)
             if (each->needsPicture && all.pictureFile.isEmpty())
-                return Error{tr("“%1” goes with “--picture”.").arg(QString{each->name})};
+                return Error{commandText("“%1” goes with “--picture”.").arg(QString{each->name})};
         if (all.command.isEmpty())
             for (const QString &each : all.arguments)
                 if (!each.startsWith(u"orvane://"))
-                    return Error{tr("“%1” is no command and no link.").arg(each)};
+                    return Error{commandText("“%1” is no command and no link.").arg(each)};
         return std::nullopt;
     }
 
@@ -212,7 +215,7 @@ Result<Invocation> Invocation::parse(std::span<const char *const> words)
     QStringList texts;
     for (const QByteArrayView each : words) {
         texts.append(QString::fromUtf8(each));
-        if (!each.isValidUtf8()) return Error{tr("“%1” is not valid UTF-8.").arg(texts.last())};
+        if (!each.isValidUtf8()) return Error{commandText("“%1” is not valid UTF-8.").arg(texts.last())};
     }
     return parse(texts);
 }

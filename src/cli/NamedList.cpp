@@ -1,12 +1,11 @@
 #include "cli/NamedList.h"
 
+#include "cli/CommandText.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTag.h"
 #include "model/store/FoldedName.h"
-
-#include <QCoreApplication>
 
 // The user's own lists come first: one may be called "Today".
 Result<KWListIdentifier> listNamed(const QString &name, OrvaneKit &kit)
@@ -22,5 +21,5 @@ Result<KWListIdentifier> listNamed(const QString &name, OrvaneKit &kit)
             if (foldedName(each->displayName()) == foldedName(name))
                 return KWListIdentifier::smartProject(each->identifier());
     }
-    return Error{QCoreApplication::translate("CommandLine", "There is no list “%1”.").arg(name)};
+    return Error{commandText("There is no list “%1”.").arg(name)};
 }

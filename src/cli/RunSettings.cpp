@@ -1,19 +1,13 @@
 #include "cli/RunSettings.h"
 
-#include <QCoreApplication>
+#include "cli/CommandText.h"
 #include <QLocale>
-
-namespace {
-
-QString runText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
-
-} // namespace
 
 Result<std::optional<CXTimeZone>> zoneOf(const Invocation &invocation)
 {
     if (invocation.zone.isEmpty()) return std::optional<CXTimeZone>{};
     const std::optional<CXTimeZone> zone = CXTimeZone::named(invocation.zone);
-    if (!zone) return Error{runText("There is no time zone “%1”.").arg(invocation.zone)};
+    if (!zone) return Error{commandText("There is no time zone “%1”.").arg(invocation.zone)};
     return zone;
 }
 
@@ -23,7 +17,7 @@ Result<void> applyLocale(const Invocation &invocation)
     const QLocale locale{invocation.locale};
     // Qt answers the C locale for a name it does not know.
     if (locale.language() == QLocale::C && invocation.locale != u"C")
-        return Error{runText("There is no locale “%1”.").arg(invocation.locale)};
+        return Error{commandText("There is no locale “%1”.").arg(invocation.locale)};
     QLocale::setDefault(locale);
     return {};
 }

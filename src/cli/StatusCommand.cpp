@@ -1,10 +1,10 @@
 #include "cli/StatusCommand.h"
 
+#include "cli/CommandText.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWTaskTicker.h"
 
-#include <QCoreApplication>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype shortestEnding = 4;
-
-QString statusText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
 // Where the ids stand of the tasks that can be given that status.
 QString listCommandFor(KWTaskStatus status)
@@ -24,15 +22,15 @@ QString listCommandFor(KWTaskStatus status)
 Result<KWTaskModel> taskWithEnding(const QString &ending, KWTaskStatus status, OrvaneKit &kit)
 {
     if (ending.size() < shortestEnding)
-        return Error{statusText("“%1” is too short for an id: give what %2 shows.")
+        return Error{commandText("“%1” is too short for an id: give what %2 shows.")
                          .arg(ending, listCommandFor(status))};
     const QList<KWTaskModel> found = kit.context().models<KWTask>(
         {.where = "userID = ? AND isDeleted = 0 AND substr(sid, -length(?2)) = ?2",
          .values = {kit.account().currentUserID(), ending},
          .limit = 2});
-    if (found.isEmpty()) return Error{statusText("There is no task “%1”.").arg(ending)};
+    if (found.isEmpty()) return Error{commandText("There is no task “%1”.").arg(ending)};
     if (found.size() > 1)
-        return Error{statusText("More than one task ends in “%1”: give more of the id.").arg(ending)};
+        return Error{commandText("More than one task ends in “%1”: give more of the id.").arg(ending)};
     return found.first();
 }
 
@@ -40,7 +38,7 @@ Result<KWTaskModel> taskWithEnding(const QString &ending, KWTaskStatus status, O
 Result<QString> giveStatus(KWTaskStatus status, const KWTaskModel &task, OrvaneKit &kit)
 {
     if (task.status == status)
-        return statusText(status == KWTaskStatusOpen ? "“%1” is open already." : "“%1” is done already.")
+        return commandText(status == KWTaskStatusOpen ? "“%1” is open already." : "“%1” is done already.")
             .arg(task.title);
     const auto ticked = KWTaskTicker{kit.manager()}.updateStatus(status, task.sid);
     if (!ticked) return ticked.error();
@@ -53,7 +51,7 @@ ExitStatus runStatus(KWTaskStatus status, const Invocation &invocation, OrvaneKi
                      CommandStreams streams)
 {
     if (invocation.arguments.isEmpty())
-        return failWith(statusText("Which task? Give its id, as %1 shows it.").arg(listCommandFor(status)),
+        return failWith(commandText("Which task? Give its id, as %1 shows it.").arg(listCommandFor(status)),
                         ExitStatus::WrongUsage, streams.err);
     ExitStatus worst = ExitStatus::Done;
     for (const QString &each : invocation.arguments) {

@@ -1,20 +1,18 @@
 #include "cli/StoreCommands.h"
 
 #include "app/FolderLock.h"
+#include "cli/CommandText.h"
 #include "model/OrvaneKit.h"
 #include "model/exchange/ExchangeFile.h"
 #include "model/exchange/StoreExport.h"
 #include "model/store/OutsideChange.h"
 #include "model/store/StoreBackups.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QTextStream>
 
 namespace {
-
-QString storeCommandText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
 ExitStatus couldNot(const Error &error, CommandStreams streams)
 {
@@ -23,7 +21,7 @@ ExitStatus couldNot(const Error &error, CommandStreams streams)
 
 ExitStatus wrongUsage(const char *sentence, CommandStreams streams)
 {
-    return failWith(storeCommandText(sentence), ExitStatus::WrongUsage, streams.err);
+    return failWith(commandText(sentence), ExitStatus::WrongUsage, streams.err);
 }
 
 constexpr const char *oneFile = "Give the name of one file.";
@@ -32,7 +30,7 @@ QString absolute(const QString &file) { return QDir::current().absoluteFilePath(
 
 Error isFolder(const QString &file)
 {
-    return {storeCommandText("“%1” is a folder; give the name of a file.").arg(file)};
+    return {commandText("“%1” is a folder; give the name of a file.").arg(file)};
 }
 
 // Before the store says it in its own words.
@@ -42,11 +40,9 @@ Result<void> canBackUpInto(const QString &file)
     const QFileInfo folder{target.absolutePath()};
     if (target.isDir()) return isFolder(file);
     if (!folder.isDir())
-        return Error{
-            storeCommandText("There is no folder “%1”, so no backup was made.").arg(folder.filePath())};
+        return Error{commandText("There is no folder “%1”, so no backup was made.").arg(folder.filePath())};
     if (!folder.isWritable())
-        return Error{
-            storeCommandText("“%1” cannot be written, so no backup was made.").arg(folder.filePath())};
+        return Error{commandText("“%1” cannot be written, so no backup was made.").arg(folder.filePath())};
     return {};
 }
 
@@ -81,16 +77,16 @@ ExitStatus runRestore(const Invocation &invocation, const DataFolders &folders, 
     FolderLock lock{folders.lock()};
     switch (lock.tryLock()) {
     case FolderLock::Outcome::HeldByAnother:
-        return couldNot({storeCommandText("Orvane is open on this folder; quit it first.")}, streams);
+        return couldNot({commandText("Orvane is open on this folder; quit it first.")}, streams);
     case FolderLock::Outcome::CannotWrite:
-        return couldNot({storeCommandText("“%1” cannot be written.").arg(folders.data)}, streams);
+        return couldNot({commandText("“%1” cannot be written.").arg(folders.data)}, streams);
     case FolderLock::Outcome::Taken:
         break;
     }
     const Result<QString> kept = restoreStore(file, folders, clock);
     if (!kept) return couldNot(kept.error(), streams);
     if (!kept->isEmpty())
-        streams.out << terminalText(storeCommandText("The store that was there is kept as “%1”.")
+        streams.out << terminalText(commandText("The store that was there is kept as “%1”.")
                                         .arg(QDir{folders.data}.filePath(*kept)))
                     << '\n';
     return ExitStatus::Done;
@@ -114,7 +110,7 @@ ExitStatus runImport(const Invocation &invocation, OrvaneKit &kit, CommandStream
     if (invocation.arguments.size() != 1) return wrongUsage(oneFile, streams);
     const Result<ImportSummary> summary = importFromFile(absolute(invocation.arguments.first()), kit.store());
     if (!summary) return couldNot(summary.error(), streams);
-    streams.out << storeCommandText("Records added: %1, replaced: %2, kept as they were: %3.")
+    streams.out << commandText("Records added: %1, replaced: %2, kept as they were: %3.")
                        .arg(summary->added)
                        .arg(summary->replaced)
                        .arg(summary->kept)

@@ -5,6 +5,7 @@
 #include "app/RunMarker.h"
 #include "app/SingleInstance.h"
 #include "cli/CommandStreams.h"
+#include "cli/CommandText.h"
 #include "cli/DemoAccount.h"
 #include "cli/RunSettings.h"
 #include "client/FirstPaintReport.h"
@@ -46,8 +47,6 @@ int fail(const QString &sentence, ExitStatus status)
     QTextStream err{stderr};
     return int(failWith(sentence, status, err));
 }
-
-QString clientText(const char *text) { return QCoreApplication::translate("CommandLine", text); }
 
 // Qt would end the program with a core dump.
 bool hasDisplay()
@@ -117,8 +116,8 @@ int DesktopClient::run(int &argc, char **argv)
         if (!m_invocation.scale.isEmpty()) qputenv("QT_SCALE_FACTOR", m_invocation.scale.toUtf8());
     }
     if (!isPicture && !hasDisplay())
-        return fail(clientText("There is no display to open the window on; commands such as `orvane list` "
-                               "need none."),
+        return fail(commandText("There is no display to open the window on; commands such as `orvane list` "
+                                "need none."),
                     ExitStatus::CouldNot);
     FontWarmUp fonts;
     const QApplication application{argc, argv};
@@ -143,7 +142,7 @@ Result<void> DesktopClient::applyTheme()
                               : m_invocation.theme;
     configurator.setMode(ThemeConfigurator::modeNamed(theme));
     if (!m_invocation.theme.isEmpty() && configurator.mode() == ThemeConfigurator::Mode::FollowDesktop)
-        return Error{clientText("“%1” is no theme: there are light and dark.").arg(m_invocation.theme)};
+        return Error{commandText("“%1” is no theme: there are light and dark.").arg(m_invocation.theme)};
     configurator.apply();
     return {};
 }
@@ -185,14 +184,14 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
         instance.start(request, [&delegate](const LaunchRequest &later) { delegate.open(later); });
     if (role && *role == SingleInstance::Role::HandedOver) {
         if (!m_invocation.isDemo) return 0;
-        return fail(clientText("Orvane is open on this folder already; the demo fills an empty one."),
+        return fail(commandText("Orvane is open on this folder already; the demo fills an empty one."),
                     ExitStatus::CouldNot);
     }
     if (const Result<void> theme = applyTheme(); !theme)
         return fail(theme.error().sentence, ExitStatus::WrongUsage);
     if (!role) {
         const int status = fail(role.error().sentence, ExitStatus::CouldNot);
-        Alert::run({clientText("Orvane cannot start"), role.error().sentence, {clientText("Quit")}});
+        Alert::run({commandText("Orvane cannot start"), role.error().sentence, {commandText("Quit")}});
         return status;
     }
 
@@ -219,7 +218,7 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     marker.end();
     instance.release();
     if (!relaunch.startIfWanted())
-        return fail(clientText("Orvane could not start itself again."), ExitStatus::CouldNot);
+        return fail(commandText("Orvane could not start itself again."), ExitStatus::CouldNot);
     return status;
 }
 
@@ -232,7 +231,7 @@ int DesktopClient::drawPicture(SystemClock &clock)
     if (!request) return fail(request.error().sentence, ExitStatus::WrongUsage);
     const bool isPreferences = request->page.section(u':', 0, 0) == u"preferences";
     if (isPreferences && !PreferencesWindowController::hasPage(request->page.section(u':', 1)))
-        return fail(clientText("There is no page “%1”.").arg(request->page), ExitStatus::WrongUsage);
+        return fail(commandText("There is no page “%1”.").arg(request->page), ExitStatus::WrongUsage);
     const OrvaneKit::Opening opening = OrvaneKit::open(m_folders, clock);
     if (!opening.kit) return fail(opening.sentence, ExitStatus::CouldNot);
     OrvaneKit &kit = *opening.kit;
@@ -254,7 +253,7 @@ int DesktopClient::drawPicture(SystemClock &clock)
         rooms.preferences().show(request->page.section(u':', 1));
         window = rooms.preferences().window();
         if (!window)
-            return fail(clientText("Nobody has used this folder yet, so it has no preferences."),
+            return fail(commandText("Nobody has used this folder yet, so it has no preferences."),
                         ExitStatus::CouldNot);
     } else {
         rooms.welcomeWindow().showCentred();
