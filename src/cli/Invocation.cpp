@@ -1,5 +1,6 @@
 #include "cli/Invocation.h"
 
+#include "app/LaunchRequest.h"
 #include "cli/CommandText.h"
 
 #include <algorithm>
@@ -130,7 +131,7 @@ private:
     void takeArgument(const QString &word)
     {
         const bool isCommand = m_invocation.command.isEmpty() && m_invocation.arguments.isEmpty() &&
-                               !m_optionsEnded && !word.startsWith(u"orvane://");
+                               !m_optionsEnded && !LaunchRequest::isLink(word);
         if (isCommand)
             m_invocation.command = word;
         else
@@ -196,7 +197,7 @@ private:
                 return Error{commandText("“%1” goes with “--picture”.").arg(QString{each->name})};
         if (all.command.isEmpty())
             for (const QString &each : all.arguments)
-                if (!each.startsWith(u"orvane://"))
+                if (!LaunchRequest::isLink(each))
                     return Error{commandText("“%1” is no command and no link.").arg(each)};
         return std::nullopt;
     }
