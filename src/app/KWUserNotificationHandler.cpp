@@ -124,7 +124,9 @@ void KWUserNotificationHandler::present(const QList<DueReminder> &due)
     const ReminderText words{m_with.clock};
     if (!late.isEmpty()) {
         // It takes the place of the one before, so it tells of both.
-        const QList<DueReminder> all = m_shown.value(ReminderText::digestIdentifier) + late;
+        QList<DueReminder> all = m_shown.value(ReminderText::digestIdentifier);
+        all.removeIf([this](const DueReminder &each) { return isStale(each); });
+        all += late;
         show(words.digestOf(all), all);
     }
     for (const DueReminder &each : onTime)
