@@ -80,31 +80,9 @@ QList<KWCandidateEntity> TokenScanner::scan(TokenKind kind, const QString &text)
 TokenKinds TokenScanner::kindsIn(QStringView text)
 {
     TokenKinds found;
-    for (const QChar unit : text) {
-        switch (unit.unicode()) {
-        case u'#':
-        case u'＃':
-            found |= TokenKind::Tag;
-            break;
-        case u'!':
-        case u'！':
-            found |= TokenKind::Priority;
-            break;
-        case u'~':
-        case u'～':
-        case u'^':
-            found |= TokenKind::List;
-            break;
-        case u'@':
-            found |= TokenKind::Assignee;
-            break;
-        case u'*':
-            found |= TokenKind::Date;
-            break;
-        default:
-            break;
-        }
-    }
+    for (const KindEntry &each : kinds)
+        if (std::ranges::any_of(each.marks, [text](QChar mark) { return text.contains(mark); }))
+            found |= each.kind;
     return found;
 }
 
