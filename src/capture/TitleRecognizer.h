@@ -26,8 +26,6 @@ public:
 
     TitleRecognition recognize(const QString &text, const RecognitionOptions &options = {}) const;
 
-    const RecognitionSettings &settings() const { return m_settings; }
-
 private:
     const CXClock &m_clock;
     RecognitionSettings m_settings;

@@ -114,14 +114,14 @@ void visit(Node &node, const std::function<void(Node &)> &visitor)
 
 ProjectListContents ProjectListContents::read(const QString &userID, ObjectContext &context)
 {
-    ProjectListContents contents{.userID = userID, .projects = {}, .groups = {}, .tags = {}};
+    ProjectListContents contents;
+    contents.userID = userID;
     for (const KWProject *each : KWProject::findProjectsOfUser(userID, ProjectScope::Open, context))
         contents.projects.append(each->model());
     for (const KWProjectGroup *each : KWProjectGroup::findGroupsOfUser(userID, context))
         contents.groups.append(each->model());
     for (const KWTag *each : KWTag::findTagsOfUser(userID, context))
         contents.tags.append(each->model());
-    contents.hiddenSmartLists.clear();
     const auto visibilities = KWSmartProject::visibilities(userID, context);
     for (auto each = visibilities.begin(); each != visibilities.end(); ++each)
         if (each.value() == KWSmartProjectVisibilityHidden)

@@ -3,7 +3,6 @@
 #include "lists/KWProjectListNode.h"
 #include "model/records/KWProjectGroupModel.h"
 #include "model/records/KWProjectModel.h"
-#include "model/records/KWSmartProject.h"
 #include "model/records/KWTagModel.h"
 
 #include <QList>
@@ -17,9 +16,8 @@ struct ProjectListContents {
     QList<KWProjectModel> projects; ///< open ones, the inbox first
     QList<KWProjectGroupModel> groups;
     QList<KWTagModel> tags;
-    QSet<QString> hiddenSmartLists =
-        KWSmartProject::hiddenByDefault(); ///< identifiers of those that are not shown now
-    QSet<QString> hiddenIfEmpty = {};      ///< of those that come and go with their tasks
+    QSet<QString> hiddenSmartLists; ///< identifiers of those that are not shown now
+    QSet<QString> hiddenIfEmpty;    ///< of those that come and go with their tasks
 
     static ProjectListContents read(const QString &userID, ObjectContext &context);
     bool operator==(const ProjectListContents &) const = default;

@@ -39,21 +39,20 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
     });
 }
 
-bool KWProjectListPresenter::rebuildIfChanged()
+void KWProjectListPresenter::rebuildIfChanged()
 {
     ProjectListContents contents =
         ProjectListContents::read(m_account.currentUserID(), m_manager.MR_defaultContext());
     for (const QString &each : std::as_const(contents.hiddenIfEmpty))
         if (m_counts.countCached(KWListIdentifier::smartProject(each)).value_or(1) == 0)
             contents.hiddenSmartLists.insert(each);
-    if (contents == m_contents) return false;
+    if (contents == m_contents) return;
     m_contents = std::move(contents);
     m_dataService.rebuild(*m_contents, [this](const KWProjectListNode &node) {
         return m_foldedNodes.contains(foldingKey(node));
     });
     if (onTreeRebuilt) onTreeRebuilt();
     restoreSelection();
-    return true;
 }
 
 void KWProjectListPresenter::build()

@@ -49,7 +49,7 @@ public:
     std::function<void(const KWListIdentifier &)> onSelectionChanged;
 
 private:
-    bool rebuildIfChanged();
+    void rebuildIfChanged();
     void restoreSelection();
     bool canShow(const KWListIdentifier &list);
 

@@ -111,14 +111,6 @@ KWSmartProjectVisibility KWSmartProject::defaultVisibility() const
     return isShown ? KWSmartProjectVisibilityShown : KWSmartProjectVisibilityHidden;
 }
 
-QSet<QString> KWSmartProject::hiddenByDefault()
-{
-    QSet<QString> hidden;
-    for (const KWSmartProject *each : configurable())
-        if (each->defaultVisibility() == KWSmartProjectVisibilityHidden) hidden.insert(each->identifier());
-    return hidden;
-}
-
 KWSmartProjectVisibility KWSmartProject::visibilityOfUser(const QString &userID, ObjectContext &context) const
 {
     return visibilities(userID, context).value(m_identifier, defaultVisibility());

@@ -3,7 +3,6 @@
 #include "model/records/KWConstants.h"
 
 #include <QHash>
-#include <QSet>
 #include <QString>
 
 #include <span>
@@ -67,8 +66,6 @@ public:
     bool isListOfTasks() const;
     /// Whether the sidebar shows it as long as nobody has chosen.
     KWSmartProjectVisibility defaultVisibility() const;
-    /// The identifiers of those that it does not show then.
-    static QSet<QString> hiddenByDefault();
     /// Whether the user wants it in the sidebar.
     KWSmartProjectVisibility visibilityOfUser(const QString &userID, ObjectContext &context) const;
     /// The same for every one that has a setting, by identifier.
