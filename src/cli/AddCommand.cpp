@@ -5,10 +5,10 @@
 #include "cli/CommandText.h"
 #include "cli/FixedClock.h"
 #include "cli/NamedList.h"
+#include "cli/TaskJson.h"
 #include "cli/TaskLine.h"
 #include "corvexkit/time/TimeText.h"
 #include "model/OrvaneKit.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 
 #include <QJsonArray>
@@ -27,28 +27,13 @@ QByteArray lineOf(const QJsonObject &object)
     return QJsonDocument{object}.toJson(QJsonDocument::Compact) + '\n';
 }
 
-QString listNameOf(const KWTaskModel &task, OrvaneKit &kit)
-{
-    const KWProject *project = kit.context().find<KWProject>(task.projectID);
-    return project ? project->model().name : QString{};
-}
-
 QJsonObject savedTask(const KWTaskModel &task, OrvaneKit &kit)
 {
-    const CXTimeZone zone = kit.clock().zone();
-    const auto dateOrNull = [&](const std::optional<Instant> &date) {
-        return date ? QJsonValue{localDateText(date, task.isAllDay, zone)} : QJsonValue{};
-    };
-    return {{u"id"_s, task.sid},
-            {u"title"_s, task.title},
-            {u"list"_s, listNameOf(task, kit)},
-            {u"tags"_s, QJsonArray::fromStringList(task.tags)},
-            {u"priority"_s, int(task.priority)},
-            {u"start"_s, dateOrNull(task.startDate)},
-            {u"end"_s, dateOrNull(task.endDate)},
-            {u"isAllDay"_s, task.isAllDay},
-            {u"repeatRule"_s, task.repeatRule},
-            {u"reminders"_s, QJsonArray::fromStringList(task.reminders)}};
+    QJsonObject object = taskJson(task, kit);
+    object.insert(u"end"_s, dateJson(task.endDate, task.isAllDay, kit.clock().zone()));
+    object.insert(u"repeatRule"_s, task.repeatRule);
+    object.insert(u"reminders"_s, QJsonArray::fromStringList(task.reminders));
+    return object;
 }
 
 // What was closed, deleted or given to somebody is no list to add to.
@@ -122,7 +107,7 @@ ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams s
     if (invocation.answersJson)
         streams.out << QJsonDocument{savedTask(*added, kit)}.toJson();
     else
-        streams.out << addedTaskLine(*added, listNameOf(*added, kit), notesOn(*added, makesList),
+        streams.out << addedTaskLine(*added, listNameOf(added->projectID, kit), notesOn(*added, makesList),
                                      kit.clock().zone())
                     << '\n';
     return ExitStatus::Done;

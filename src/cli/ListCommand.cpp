@@ -1,36 +1,15 @@
 #include "cli/ListCommand.h"
 
 #include "cli/NamedList.h"
+#include "cli/TaskJson.h"
 #include "cli/TaskLine.h"
 #include "model/OrvaneKit.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/store/KWListDataFetcher.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QTextStream>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-QJsonObject jsonOf(const KWTaskListItemModel &task, OrvaneKit &kit)
-{
-    const CXTimeZone zone = kit.clock().zone();
-    const KWProject *project = kit.context().find<KWProject>(task.projectID);
-    const QString start = localDateText(task.startDate, task.isAllDay, zone);
-    return {{u"id"_s, task.sid},
-            {u"title"_s, task.title},
-            {u"list"_s, project ? project->model().name : QString{}},
-            {u"tags"_s, QJsonArray::fromStringList(task.tags)},
-            {u"priority"_s, int(task.priority)},
-            {u"start"_s, start.isEmpty() ? QJsonValue{} : QJsonValue{start}},
-            {u"isAllDay"_s, task.isAllDay}};
-}
-
-} // namespace
 
 ExitStatus runList(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
 {
@@ -46,7 +25,7 @@ ExitStatus runList(const Invocation &invocation, OrvaneKit &kit, CommandStreams 
     if (invocation.answersJson) {
         QJsonArray array;
         for (const KWTaskListItemModel &each : *tasks)
-            array.append(jsonOf(each, kit));
+            array.append(taskJson(each, kit));
         streams.out << QJsonDocument{array}.toJson();
         return ExitStatus::Done;
     }
