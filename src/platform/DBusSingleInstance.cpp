@@ -53,7 +53,7 @@ QString DBusSingleInstance::objectPath(const QString &busName)
     return u'/' + QString{busName}.replace(u'.', u'/');
 }
 
-DBusSingleInstance::DBusSingleInstance(const DataFolders &folders, CXClock &clock, Connector connector)
+DBusSingleInstance::DBusSingleInstance(const DataFolders &folders, CXClock &clock, BusConnector connector)
     : m_name(busName(folders)), m_path(objectPath(m_name)), m_clock(clock), m_connector(std::move(connector))
 {
 }

@@ -3,8 +3,8 @@
 #include "app/SingleInstance.h"
 #include "corvexkit/time/CXClock.h"
 #include "platform/ApplicationObject.h"
+#include "platform/Bus.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 
 /// Processes of one data folder reach each other on the session bus, by the interface
@@ -12,15 +12,14 @@
 /// the bus tells the folder. Main thread.
 class DBusSingleInstance final : public InstanceChannel {
 public:
-    using Connector = std::function<QDBusConnection()>;
-
     /// How long a later start waits for a first one that is not on the bus yet.
     static constexpr std::chrono::milliseconds patience{3000};
     /// How long it waits for the answer.
     static constexpr std::chrono::milliseconds answerWithin{5000};
 
     /// `connector` connects to the bus when it is needed; the session bus without one.
-    DBusSingleInstance(const DataFolders &folders, CXClock &clock, Connector connector = sessionBus);
+    DBusSingleInstance(const DataFolders &folders, CXClock &clock,
+                       BusConnector connector = QDBusConnection::sessionBus);
     ~DBusSingleInstance() override { stopListening(); }
 
     void listen(Handler handler) override;
@@ -34,13 +33,12 @@ public:
     static QString objectPath(const QString &busName);
 
 private:
-    static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     QDBusMessage callFor(const LaunchRequest &request) const;
 
     QString m_name;
     QString m_path;
     CXClock &m_clock;
-    Connector m_connector;
+    BusConnector m_connector;
     ApplicationObject m_object;
     bool m_isListening = false;
 };

@@ -4,7 +4,6 @@
 #include "corvexkit/log/CXLog.h"
 #include "platform/NotificationServer.h"
 
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
 using namespace Qt::StringLiterals;
@@ -14,7 +13,7 @@ constexpr CXLogger desktopNotificationsLog{u"reminders"};
 constexpr int asLongAsTheServerLikes = -1;
 } // namespace
 
-DesktopNotifications::DesktopNotifications(UserNotificationCenterPort &panel, Connector connector)
+DesktopNotifications::DesktopNotifications(UserNotificationCenterPort &panel, BusConnector connector)
     : m_panel(panel), m_connector(std::move(connector))
 {
     m_panel.onResponse = [this](const Response &response) {
@@ -65,7 +64,7 @@ void DesktopNotifications::forgetServer()
 void DesktopNotifications::askForCapabilities()
 {
     m_isAsking = true;
-    whenFinished(m_server->asyncCall(u"GetCapabilities"_s), [this](QDBusPendingCallWatcher &call) {
+    whenAnswered(m_server->asyncCall(u"GetCapabilities"_s), *this, [this](const QDBusPendingCall &call) {
         m_isAsking = false;
         const QDBusPendingReply<QStringList> reply = call;
         const QList<UserNotification> waiting = std::exchange(m_waiting, {});
@@ -93,11 +92,11 @@ void DesktopNotifications::send(const UserNotification &notification)
         hints.insert(u"sound-name"_s, u"alarm-clock-elapsed"_s);
     const uint replaced = m_ids.value(notification.identifier);
     m_ids.insert(notification.identifier, replaced);
-    whenFinished(m_server->asyncCall(u"Notify"_s, localizedApplicationName(), replaced,
+    whenAnswered(m_server->asyncCall(u"Notify"_s, localizedApplicationName(), replaced,
                                      u"org.orvane.Orvane"_s, notification.title,
                                      readsMarkup ? notification.body.toHtmlEscaped() : notification.body,
                                      actions, hints, asLongAsTheServerLikes),
-                 [this, notification](QDBusPendingCallWatcher &call) {
+                 *this, [this, notification](const QDBusPendingCall &call) {
                      const QDBusPendingReply<uint> reply = call;
                      if (!reply.isError()) return didSend(notification, reply.value());
                      // It has gone since it was asked, or will not take this one.
@@ -143,14 +142,4 @@ void DesktopNotifications::closed(uint id)
     if (identifier.isEmpty()) return;
     m_ids.remove(identifier);
     if (onClosed) onClosed(identifier);
-}
-
-void DesktopNotifications::whenFinished(const QDBusPendingCall &call,
-                                        std::function<void(QDBusPendingCallWatcher &)> then)
-{
-    auto *watcher = new QDBusPendingCallWatcher{call, this};
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, then = std::move(then)] {
-        watcher->deleteLater();
-        then(*watcher);
-    });
 }

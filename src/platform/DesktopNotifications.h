@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/ports/UserNotificationPorts.h"
+#include "platform/Bus.h"
 
-#include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QHash>
 #include <QObject>
@@ -12,37 +12,32 @@
 #include <optional>
 
 class NotificationServer;
-class QDBusPendingCall;
-class QDBusPendingCallWatcher;
 
 /// Messages on the desktop, by the interface org.freedesktop.Notifications on the session bus (Desktop
 /// Notifications, version 1.2). A server without actions gets the messages without them. Where no
 /// server answers, the messages go to `panel`; the next one asks for a server again. Main thread.
 class DesktopNotifications final : public QObject, public UserNotificationCenterPort {
 public:
-    using Connector = std::function<QDBusConnection()>;
-
     /// `connector` connects to the bus at the first message; the session bus without one.
-    explicit DesktopNotifications(UserNotificationCenterPort &panel, Connector connector = sessionBus);
+    explicit DesktopNotifications(UserNotificationCenterPort &panel,
+                                  BusConnector connector = QDBusConnection::sessionBus);
     ~DesktopNotifications() override;
 
     void show(const UserNotification &notification) override;
     void withdraw(const QString &identifier) override;
 
 private:
-    static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     void connectToServer();
     void forgetServer();
     void askForCapabilities();
     void send(const UserNotification &notification);
     void didSend(const UserNotification &notification, uint id);
     void showInPanel(const QList<UserNotification> &notifications);
-    void whenFinished(const QDBusPendingCall &call, std::function<void(QDBusPendingCallWatcher &)> then);
     void actionInvoked(uint id, const QString &key);
     void closed(uint id);
 
     UserNotificationCenterPort &m_panel;
-    Connector m_connector;
+    BusConnector m_connector;
     std::unique_ptr<NotificationServer> m_server;
     QDBusServiceWatcher m_serverWatch;
     std::optional<QStringList> m_capabilities; // unknown until the server has answered

@@ -15,7 +15,7 @@ constexpr CXLogger badgeLog{u"badge"};
 }
 
 LauncherBadge::LauncherBadge(KWCoreDataManager &manager, KWAccountManager &account, KWUserDefaults &defaults,
-                             Connector connector)
+                             BusConnector connector)
     : m_manager(manager), m_account(account), m_defaults(defaults), m_connector(std::move(connector))
 {
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "app/ports/WindowPorts.h"
-
-#include <QDBusConnection>
+#include "platform/Bus.h"
 
 #include <memory>
 #include <optional>
@@ -17,18 +16,15 @@ class KWUserDefaults;
 /// nobody signed in, shows no number; a count that fails leaves the last one. Main thread.
 class LauncherBadge final : public DockPort {
 public:
-    using Connector = std::function<QDBusConnection()>;
-
     /// `connector` connects to the bus at the first number; the session bus without one.
     LauncherBadge(KWCoreDataManager &manager, KWAccountManager &account, KWUserDefaults &defaults,
-                  Connector connector = sessionBus);
+                  BusConnector connector = QDBusConnection::sessionBus);
 
     /// Requests that come while it counts are joined into one more count.
     void refreshBadge(std::function<void()> whenShown) override;
     void clearBadge() override;
 
 private:
-    static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     void count();
     void didCount(std::optional<int> number, int generation);
     void send(int number);
@@ -36,7 +32,7 @@ private:
     KWCoreDataManager &m_manager;
     KWAccountManager &m_account;
     KWUserDefaults &m_defaults;
-    Connector m_connector;
+    BusConnector m_connector;
     std::vector<std::function<void()>> m_waiting;  // for the next count
     std::vector<std::function<void()>> m_counting; // for the one that runs
     int m_generation = 0;                          // a count begun before the badge was cleared is dropped

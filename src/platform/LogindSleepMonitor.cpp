@@ -11,7 +11,7 @@ namespace {
 constexpr CXLogger sleepLog{u"sleep"};
 }
 
-LogindSleepMonitor::LogindSleepMonitor(KWNotificationCenter &center, CXClock &clock, Connector connector)
+LogindSleepMonitor::LogindSleepMonitor(KWNotificationCenter &center, CXClock &clock, BusConnector connector)
     : m_center(center), m_clock(clock), m_connector(std::move(connector))
 {
 }

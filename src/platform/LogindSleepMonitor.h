@@ -1,8 +1,8 @@
 #pragma once
 
 #include "corvexkit/time/CXClock.h"
+#include "platform/Bus.h"
 
-#include <QDBusConnection>
 #include <QObject>
 
 #include <memory>
@@ -15,13 +15,12 @@ class LogindManager;
 /// org.freedesktop.login1(5)). Main thread.
 class LogindSleepMonitor : public QObject {
 public:
-    using Connector = std::function<QDBusConnection()>;
-
     /// How long start() leaves the start of the program alone.
     static constexpr std::chrono::milliseconds connectAfter{1000};
 
     /// `connector` connects to the bus when it is time; the system bus without one.
-    LogindSleepMonitor(KWNotificationCenter &center, CXClock &clock, Connector connector = systemBus);
+    LogindSleepMonitor(KWNotificationCenter &center, CXClock &clock,
+                       BusConnector connector = QDBusConnection::systemBus);
     ~LogindSleepMonitor() override;
 
     /// Connects a moment later, when the first window is painted. Without a bus or a login manager a line
@@ -29,13 +28,12 @@ public:
     void start();
 
 private:
-    static QDBusConnection systemBus() { return QDBusConnection::systemBus(); }
     void connectToManager();
     void prepareForSleep(bool isAboutToSleep);
 
     KWNotificationCenter &m_center;
     CXClock &m_clock;
-    Connector m_connector;
+    BusConnector m_connector;
     ClockCall m_connecting;
     std::unique_ptr<LogindManager> m_manager;
 };

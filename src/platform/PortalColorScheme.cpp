@@ -3,7 +3,6 @@
 #include "corvexkit/log/CXLog.h"
 #include "platform/PortalSettings.h"
 
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +15,7 @@ const QString colorScheme = u"color-scheme"_s;
 
 } // namespace
 
-PortalColorScheme::PortalColorScheme(Connector connector) : m_connector(std::move(connector)) {}
+PortalColorScheme::PortalColorScheme(BusConnector connector) : m_connector(std::move(connector)) {}
 
 PortalColorScheme::~PortalColorScheme() = default;
 
@@ -37,11 +36,8 @@ void PortalColorScheme::start()
 void PortalColorScheme::ask()
 {
     // ReadOne is younger than many portals; Read is answered by all.
-    auto *watcher =
-        new QDBusPendingCallWatcher{m_settings->asyncCall(u"Read"_s, appearance, colorScheme), this};
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *watcher;
+    const QDBusPendingCall call = m_settings->asyncCall(u"Read"_s, appearance, colorScheme);
+    whenAnswered(call, *this, [this](const QDBusPendingReply<QDBusVariant> &reply) {
         if (reply.isError())
             appearanceLog.info(u"The desktop does not say what it prefers: "_s + reply.error().message());
         else

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDBusConnection>
+#include "platform/Bus.h"
+
 #include <QObject>
 #include <QVariant>
 
@@ -16,10 +17,8 @@ class PortalColorScheme : public QObject {
 public:
     /// The raw values are those of the portal.
     enum class Preference { None = 0, Dark = 1, Light = 2 };
-    using Connector = std::function<QDBusConnection()>;
-
     /// `connector` connects to the bus at start(); the session bus without one.
-    explicit PortalColorScheme(Connector connector = sessionBus);
+    explicit PortalColorScheme(BusConnector connector = QDBusConnection::sessionBus);
     ~PortalColorScheme() override;
 
     /// Asks, without waiting, and listens from then on; for when the first window is painted. Without a
@@ -31,11 +30,10 @@ public:
     std::function<void(Preference)> onChanged;
 
 private:
-    static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     void ask();
     void take(QVariant value);
 
-    Connector m_connector;
+    BusConnector m_connector;
     std::unique_ptr<PortalSettings> m_settings;
     Preference m_preference = Preference::None;
 };

@@ -3,12 +3,11 @@
 #include "platform/StatusNotifierWatcher.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
 using namespace Qt::StringLiterals;
 
-StatusNotifierArea::StatusNotifierArea(CXClock &clock, OlderKind olderKind, Connector connector)
+StatusNotifierArea::StatusNotifierArea(CXClock &clock, OlderKind olderKind, BusConnector connector)
     : m_clock(clock), m_olderKind(olderKind), m_connector(std::move(connector))
 {
     connect(&m_registration, &QDBusServiceWatcher::serviceRegistered, this, &StatusNotifierArea::ask);
@@ -38,10 +37,8 @@ void StatusNotifierArea::ask()
                                                            u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << m_watcher->interface() << u"IsStatusNotifierHostRegistered"_s;
     question.setAutoStartService(false);
-    auto *answer = new QDBusPendingCallWatcher{m_watcher->connection().asyncCall(question), this};
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *answer;
+    const QDBusPendingCall call = m_watcher->connection().asyncCall(question);
+    whenAnswered(call, *this, [this](const QDBusPendingReply<QDBusVariant> &reply) {
         if (!reply.isError() && reply.value().variant().toBool()) appear();
     });
 }

@@ -2,8 +2,8 @@
 
 #include "app/ports/StatusAreaPort.h"
 #include "corvexkit/time/CXClock.h"
+#include "platform/Bus.h"
 
-#include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QObject>
 
@@ -16,13 +16,13 @@ class StatusNotifierWatcher;
 /// thread.
 class StatusNotifierArea final : public QObject, public StatusAreaPort {
 public:
-    using Connector = std::function<QDBusConnection()>;
     /// The older kind of area (XEmbed) says nothing on the bus. Only X11 has it.
     enum class OlderKind { Possible, Impossible };
     /// After this, an area of the older kind counts as come, where it is possible, and Qt looks for it.
     static constexpr std::chrono::milliseconds patience{20'000};
 
-    StatusNotifierArea(CXClock &clock, OlderKind olderKind, Connector connector = sessionBus);
+    StatusNotifierArea(CXClock &clock, OlderKind olderKind,
+                       BusConnector connector = QDBusConnection::sessionBus);
     ~StatusNotifierArea() override;
 
     /// Listens from now on; onAppeared is called from the event loop.
@@ -30,13 +30,12 @@ public:
     bool isThere() const override { return m_isThere; }
 
 private:
-    static QDBusConnection sessionBus() { return QDBusConnection::sessionBus(); }
     void ask();
     void appear();
 
     CXClock &m_clock;
     OlderKind m_olderKind;
-    Connector m_connector;
+    BusConnector m_connector;
     std::unique_ptr<StatusNotifierWatcher> m_watcher;
     QDBusServiceWatcher m_registration; // of the watcher
     ClockCall m_waiting;

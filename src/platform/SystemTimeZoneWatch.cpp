@@ -14,7 +14,7 @@ constexpr CXLogger zoneWatchLog{u"zone"};
 }
 
 SystemTimeZoneWatch::SystemTimeZoneWatch(KWNotificationCenter &center, CXClock &clock, Refresh refresh,
-                                         Connector connector, QString zoneFile)
+                                         BusConnector connector, QString zoneFile)
     : m_center(center)
     , m_clock(clock)
     , m_refresh(std::move(refresh))

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "corvexkit/time/CXClock.h"
+#include "platform/Bus.h"
 
-#include <QDBusConnection>
 #include <QFileSystemWatcher>
 #include <QObject>
 
@@ -18,7 +18,6 @@ class TimeDateProperties;
 /// thread.
 class SystemTimeZoneWatch : public QObject {
 public:
-    using Connector = std::function<QDBusConnection()>;
     /// Reads the zone again and tells whether it is another one now. With a zone of its own, from TZ or
     /// the command line, a clock says no.
     using Refresh = std::function<bool()>;
@@ -27,7 +26,8 @@ public:
     static constexpr std::chrono::milliseconds connectAfter{1000};
 
     SystemTimeZoneWatch(KWNotificationCenter &center, CXClock &clock, Refresh refresh,
-                        Connector connector = systemBus, QString zoneFile = QStringLiteral("/etc/localtime"));
+                        BusConnector connector = QDBusConnection::systemBus,
+                        QString zoneFile = QStringLiteral("/etc/localtime"));
     ~SystemTimeZoneWatch() override;
 
     /// Watches the file at once, and connects to the bus a moment later, when the first window is painted.
@@ -35,7 +35,6 @@ public:
     void start();
 
 private:
-    static QDBusConnection systemBus() { return QDBusConnection::systemBus(); }
     void watchFile();
     void connectToService();
     void check();
@@ -43,7 +42,7 @@ private:
     KWNotificationCenter &m_center;
     CXClock &m_clock;
     Refresh m_refresh;
-    Connector m_connector;
+    BusConnector m_connector;
     QString m_zoneFile;
     QFileSystemWatcher m_watcher;
     ClockCall m_connecting;
