@@ -15,12 +15,17 @@ namespace {
 
 constexpr CXLogger instanceLog{u"launch"};
 
-QString folderHash(const QString &folder)
+// One folder may have several names.
+QString canonicalName(const QString &folder)
 {
-    // One folder may have several names.
     const QString canonical = QDir{folder}.canonicalPath();
-    const QByteArray name = (canonical.isEmpty() ? folder : canonical).toUtf8();
-    return QString::fromLatin1(QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex().left(16));
+    return canonical.isEmpty() ? folder : canonical;
+}
+
+QString hashOf(const QString &name)
+{
+    const QByteArray hash = QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256);
+    return QString::fromLatin1(hash.toHex().left(16));
 }
 
 // An answer, awaited with the event loop running.
@@ -45,7 +50,8 @@ bool isNobodyThere(const QDBusError &error)
 QString DBusSingleInstance::busName(const DataFolders &folders)
 {
     const QString name = u"org.orvane.Orvane"_s;
-    return folders.data == DataFolders::standard().data ? name : name + u".h"_s + folderHash(folders.data);
+    const QString folder = canonicalName(folders.data);
+    return folder == canonicalName(DataFolders::standard().data) ? name : name + u".h"_s + hashOf(folder);
 }
 
 QString DBusSingleInstance::objectPath(const QString &busName)

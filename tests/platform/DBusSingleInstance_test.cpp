@@ -58,6 +58,9 @@ private Q_SLOTS:
         const QString link = another.path() + u"/link"_s;
         QVERIFY(QFile::link(m_folder->path(), link));
         QCOMPARE(DBusSingleInstance::busName(DataFolders::locate(link)), name);
+        const QString standard = DataFolders::standard().data;
+        QVERIFY(QFile::remove(link) && QDir{}.mkpath(standard) && QFile::link(standard, link));
+        QCOMPARE(DBusSingleInstance::busName(DataFolders::locate(link)), u"org.orvane.Orvane"_s);
     }
 
     void handsOverWhileItListens()
