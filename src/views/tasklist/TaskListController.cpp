@@ -112,6 +112,8 @@ void TaskListController::showHead()
     m_pane.addField().setPlaceholder(tr("Add a task to “%1”").arg(title));
     if (m_service.list().entityID == KWSmartProject::trash().identifier())
         m_pane.list().setEmptyText(tr("The trash is empty"), tr("Tasks you delete are kept here."));
+    else if (m_service.list().entityID == KWSmartProject::abandoned().identifier())
+        m_pane.list().setEmptyText(tr("Nothing abandoned"), tr("Tasks you abandon are kept here."));
     else if (!takesNewTasks(m_service.list()))
         m_pane.list().setEmptyText(tr("Nothing completed yet"), tr("Tasks you complete are kept here."));
     else
