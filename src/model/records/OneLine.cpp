@@ -12,13 +12,18 @@ bool isLineBreak(QChar unit)
 
 } // namespace
 
-QString onOneLine(QString text)
+QString lineBreaksAsSpaces(QString text)
 {
-    // The store keeps UTF-8, which has no half of a surrogate pair.
-    if (!text.isValidUtf16()) text = QString::fromUtf8(text.toUtf8());
     if (std::ranges::any_of(text, isLineBreak)) {
         text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
         std::ranges::replace_if(text, isLineBreak, QChar{u' '});
     }
-    return text.trimmed();
+    return text;
+}
+
+QString onOneLine(QString text)
+{
+    // The store keeps UTF-8, which has no half of a surrogate pair.
+    if (!text.isValidUtf16()) text = QString::fromUtf8(text.toUtf8());
+    return lineBreaksAsSpaces(std::move(text)).trimmed();
 }

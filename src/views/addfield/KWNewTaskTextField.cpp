@@ -1,5 +1,6 @@
 #include "views/addfield/KWNewTaskTextField.h"
 
+#include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
@@ -26,21 +27,7 @@ constexpr int padding = 12;       // from the outline to the text
 constexpr double wordSpacing = 3; // what a pill stands out by comes from the spaces between words
 constexpr double pillOutset = 2.5;
 
-bool isLineBreak(QChar character)
-{
-    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
-           character == QChar::ParagraphSeparator;
-}
-
-QString lineBreaksAsSpaces(QString text)
-{
-    text.replace(u"\r\n"_s, u" "_s);
-    for (QChar &character : text)
-        if (isLineBreak(character)) character = u' ';
-    return text;
-}
-
-bool hasLineBreak(const QString &text) { return std::any_of(text.begin(), text.end(), isLineBreak); }
+bool hasLineBreak(const QString &text) { return lineBreaksAsSpaces(text) != text; }
 
 QColor pieceSoftColor(const RecognizedPiece &piece)
 {

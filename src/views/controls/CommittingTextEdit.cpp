@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -187,13 +186,8 @@ bool CommittingTextEdit::canInsertFromMimeData(const QMimeData *source) const { 
 
 void CommittingTextEdit::insertFromMimeData(const QMimeData *source)
 {
-    QString pasted = source->text();
-    if (m_lines == Lines::One) {
-        pasted.replace(u"\r\n"_s, u" "_s);
-        for (const char16_t lineBreak : {u'\n', u'\r', u'\u2028', u'\u2029'})
-            pasted.replace(QChar{lineBreak}, u' ');
-    }
-    textCursor().insertText(pasted);
+    const QString pasted = source->text();
+    textCursor().insertText(m_lines == Lines::One ? lineBreaksAsSpaces(pasted) : pasted);
     ensureCursorVisible();
 }
 
