@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/ports/WindowPorts.h"
 #include "views/menu/MainMenu.h"
 
 class KWAccountManager;

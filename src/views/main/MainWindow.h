@@ -7,7 +7,6 @@
 
 #include <functional>
 
-class HiddenMenuBar;
 class KWUserDefaults;
 class MainMenu;
 class QSplitter;

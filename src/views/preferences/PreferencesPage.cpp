@@ -40,7 +40,7 @@ void PreferencesPage::addRow(const char *name, const QString &label, QWidget &co
     m_column->addLayout(row);
 }
 
-void PreferencesPage::addWide(QWidget &widget, int stretch) { m_column->addWidget(&widget, stretch); }
+void PreferencesPage::addWide(QWidget &widget) { m_column->addWidget(&widget); }
 
 void PreferencesPage::addHeading(const QString &text)
 {

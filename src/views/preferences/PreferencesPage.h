@@ -7,7 +7,6 @@
 #include <QWidget>
 
 class QVBoxLayout;
-class Switch;
 
 /// A page of the preferences: rows, each with a name, a control and where needed a sentence below the
 /// name. A change is saved at once; what cannot be saved is said, and the control shows what is stored.
@@ -28,7 +27,7 @@ protected:
 
     /// The control gets the name for tests and, for screen readers, the label. With `hint` a sentence.
     void addRow(const char *name, const QString &label, QWidget &control, const QString &hint = {});
-    void addWide(QWidget &widget, int stretch = 0);
+    void addWide(QWidget &widget);
     void addHeading(const QString &text);
     void endRows();
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "corvexkit/time/CXClock.h"
 #include "model/events/KWEventBus.h"
 #include "model/events/KWNotificationCenter.h"
 #include "model/store/KWTaskEditor.h"
-#include "model/store/KWTaskTicker.h"
 
 #include <QObject>
 
@@ -21,7 +19,6 @@ public:
 
     /// Shows that task, or nothing for an empty id. What was being edited before is saved first.
     void show(const QString &taskID);
-    const QString &taskID() const { return m_taskID; }
 
 Q_SIGNALS:
     /// The checkbox of the detail: as a click on the row's.

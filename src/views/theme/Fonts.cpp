@@ -23,13 +23,12 @@ struct FontSize {
     int weight;
 };
 
-constexpr std::array<FontSize, 8> fontSizes{{
+constexpr std::array<FontSize, 7> fontSizes{{
     {20, 650},
     {17, QFont::DemiBold},
     {13, QFont::Normal},
     {13, QFont::DemiBold},
     {12, QFont::Normal},
-    {12, QFont::DemiBold},
     {11, QFont::Normal},
     {11, QFont::DemiBold},
 }};

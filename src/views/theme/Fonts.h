@@ -15,7 +15,6 @@ enum class Role {
     Body,          ///< 13
     BodyStrong,    ///< 13, weight 600
     Secondary,     ///< 12
-    Strong,        ///< 12, weight 600
     Caption,       ///< 11
     CaptionStrong, ///< 11, weight 600
 };
