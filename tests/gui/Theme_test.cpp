@@ -106,7 +106,7 @@ private Q_SLOTS:
 
     void everyIconDraws()
     {
-        for (int icon = 0; icon <= int(Icon::Restore); ++icon)
+        for (int icon = 0; icon <= int(Icon::Menu); ++icon)
             QVERIFY2(hasInk(Icons::pixmap(Icon(icon), 16, Qt::black, 1)), qPrintable(QString::number(icon)));
         QVERIFY(hasInk(Icons::application(64, 1)));
     }

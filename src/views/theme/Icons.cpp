@@ -16,11 +16,10 @@ static void registerIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace {
 
-constexpr std::array<const char *, 29> fileNames{
-    "inbox",         "today",  "tomorrow", "next7days", "calendar", "focus",     "habits",    "all",
-    "assigned",      "folder", "archive",  "tag",       "filter",   "completed", "abandoned", "trash",
-    "summary",       "add",    "repeat",   "flag",      "check",    "search",    "more",      "chevron-down",
-    "chevron-right", "enter",  "close",    "restore",   "menu",
+constexpr std::array<const char *, 24> fileNames{
+    "inbox", "today",  "tomorrow",     "next7days",     "all",   "assigned", "folder",  "archive",
+    "tag",   "filter", "completed",    "abandoned",     "trash", "summary",  "add",     "repeat",
+    "flag",  "check",  "chevron-down", "chevron-right", "enter", "close",    "restore", "menu",
 };
 static_assert(fileNames.size() == std::size_t(Icon::Menu) + 1);
 
