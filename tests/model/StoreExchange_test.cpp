@@ -1,6 +1,7 @@
 #include "model/exchange/StoreExport.h"
 #include "model/exchange/StoreImport.h"
 #include "model/records/EveryRecord.h"
+#include "model/settings/KWListDisplayConfigurationManager.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
@@ -107,9 +108,20 @@ private Q_SLOTS:
         const QString rent = aTask("Rent").savedIn(here);
         for (StoreFixture *each : {&here, &there})
             saved(*each, [each](ObjectContext &context) { addTag(u"errand"_s, each->userID(), context); });
+        const auto shownIn = [](StoreFixture &store) {
+            return KWListDisplayConfigurationManager{store.kit().manager(), store.kit().center(),
+                                                     store.userID()};
+        };
+        const auto inboxOf = [](StoreFixture &store) {
+            return KWListIdentifier::project(KWProject::inboxIDOfUser(store.userID()));
+        };
+        auto shown = shownIn(there).configuration(inboxOf(there));
+        shown.showsDetails = true;
+        QVERIFY(shownIn(there).save(shown));
         const QByteArray document = exported(there.kit().store());
-        QCOMPARE(imported(document, here.kit().store())->added, 1); // not the tag of that name
+        QCOMPARE(imported(document, here.kit().store())->added, 2); // not the tag of that name
         here.reopen();
+        QVERIFY(shownIn(here).configuration(inboxOf(here)).showsDetails);
         QCOMPARE(here.context().number("SELECT count(*) FROM users"), 1);
         QCOMPARE(here.context().find<KWTask>(milk)->model().projectID,
                  KWProject::inboxIDOfUser(here.userID()));

@@ -1,5 +1,6 @@
 #include "model/exchange/AccountMerge.h"
 
+#include "model/records/KWListIdentifier.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWUserModel.h"
 #include "model/records/SortOrderContext.h"
@@ -43,6 +44,8 @@ void AccountMerge::admit(KWUserModel &user)
         m_renamed.insert(user.sid, m_localAccount);
         m_renamed.insert(inbox, ownInbox);
         m_renamed.insert(contextID({.projectID = inbox}), contextID({.projectID = ownInbox}));
+        m_renamed.insert(KWListIdentifier::project(inbox).userDefaultEncode(),
+                         KWListIdentifier::project(ownInbox).userDefaultEncode());
         user.sid = user.userID = m_localAccount;
     }
     user.isSignedIn = user.isSignedIn && !m_hasSignedIn;
