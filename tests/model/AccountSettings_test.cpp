@@ -141,6 +141,7 @@ private Q_SLOTS:
             QVERIFY(manager.save(settings));
             QCOMPARE(posted(), KWPomoSettingsChangedNotification);
             QCOMPARE(manager.settings().pomoDuration, minutes);
+            QCOMPARE(manager.settings().userID, m_store->userID());
         }
         settings.longBreakInterval = 0;
         QVERIFY(!manager.save(settings));

@@ -17,7 +17,7 @@ struct KWPomoSettingsModel : KWSynchronizableFields {
     int autoPomodoroCycle = 4; ///< Pomos of an automatic chain
     bool isPomoEnabled = true;
     int dailyPomoGoal = 0;
-    int dailyFocusGoal = 0;
+    int dailyFocusGoal = 0; ///< minutes
 
     bool operator==(const KWPomoSettingsModel &) const = default;
 };

@@ -32,7 +32,7 @@ constexpr Range ranges[] = {
     {&KWPomoSettingsModel::longBreakInterval, "longBreakInterval", 1, 60},
     {&KWPomoSettingsModel::autoPomodoroCycle, "autoPomodoroCycle", 2, 10},
     {&KWPomoSettingsModel::dailyPomoGoal, "dailyPomoGoal", 0, 20},
-    {&KWPomoSettingsModel::dailyFocusGoal, "dailyFocusGoal", 0, 24 * 60 + 1440},
+    {&KWPomoSettingsModel::dailyFocusGoal, "dailyFocusGoal", 0, 2 * 24 * 60},
 };
 
 } // namespace
@@ -67,7 +67,7 @@ Result<void> KWPomoSettingsManager::save(const KWPomoSettingsModel &settings)
             KWPomoSettingsModel model = settings;
             KWPomoSettings *stored = context.find<KWPomoSettings>(m_userID);
             if (!stored) {
-                model.sid = m_userID;
+                model.sid = model.userID = m_userID;
                 context.insert<KWPomoSettings>(std::move(model));
                 return {};
             }
