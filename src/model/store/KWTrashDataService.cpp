@@ -31,29 +31,8 @@ Result<void> KWTrashDataService::load(qsizetype count)
 
 Result<void> KWTrashDataService::refresh() { return load(std::max(m_tasks.size(), pageSize)); }
 
-Result<void> KWTrashDataService::loadNextPage()
-{
-    QStringList loaded;
-    for (const KWTaskModel &each : m_tasks)
-        loaded.append(each.sid);
-    // What was loaded and has left the trash is not skipped over.
-    static const std::string nextPage =
-        std::string{"id IN (SELECT id FROM tasks INDEXED BY trashedTasks WHERE "} + inTrash +
-        " ORDER BY modifiedTime DESC, id DESC LIMIT ? OFFSET (SELECT count(*) FROM tasks WHERE sid IN "
-        "(SELECT "
-        "value FROM json_each(?)) AND isTrashed = 1 AND isDeleted = 0))";
-    return KWCoreDataService{m_manager}.sync_perform([&](ObjectContext &context) -> Result<void> {
-        QList<KWTaskModel> page =
-            context.models<KWTask>({.where = nextPage.c_str(),
-                                    .values = {m_account.currentUserID(), pageSize + 1, idList(loaded)},
-                                    .orderBy = "modifiedTime DESC, id DESC"});
-        m_hasMore = page.size() > pageSize;
-        if (m_hasMore) page.removeLast();
-        for (const KWTaskModel &each : page)
-            if (!loaded.contains(each.sid)) m_tasks.append(each);
-        return {};
-    });
-}
+// All of it again: what came into the trash or left it meanwhile is neither shown twice nor skipped over.
+Result<void> KWTrashDataService::loadNextPage() { return load(m_tasks.size() + pageSize); }
 
 void KWTrashDataService::reset()
 {

@@ -24,6 +24,7 @@ public:
 
     /// Reads again as many tasks as were loaded, the first page at least.
     Result<void> refresh();
+    /// Reads another page, and the earlier ones again.
     Result<void> loadNextPage();
     /// Forgets what was loaded.
     void reset();
