@@ -27,8 +27,8 @@ class KWProjectListCountFetcher_test : public QObject {
     {
         QList<KWListIdentifier> all{KWListIdentifier::group(u"folder"_s), KWListIdentifier::tag(u"t0"_s),
                                     KWListIdentifier::tag(u"t1"_s)};
-        for (const KWSmartProject *each : KWSmartProject::configurable())
-            if (!each->isSummary()) all << KWListIdentifier::smartProject(each->identifier());
+        for (const auto *each : KWSmartProject::configurable().first(5)) // those that have a number
+            all << KWListIdentifier::smartProject(each->identifier());
         for (const QString &each : m_lists)
             all << KWListIdentifier::project(each);
         return all;
@@ -101,10 +101,13 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i) {
             changeSomething();
             for (const KWListIdentifier &each : sidebar()) {
-                const auto shown = fetcher.count({m_store.userID(), each}, m_store.context().connection());
-                QVERIFY2(*shown == counts.countCached(each), qPrintable(each.entityID));
+                const auto rows =
+                    fetcher.reloadDataModel({m_store.userID(), each}, m_store.context().connection());
+                QVERIFY2(rows->size() == counts.countCached(each), qPrintable(each.entityID));
             }
         }
+        const auto completed = KWSmartProject::completed().identifier();
+        QVERIFY(!counts.countCached(KWListIdentifier::smartProject(completed)));
         const auto tag = KWListIdentifier::tag(u"t0"_s);
         QCOMPARE(KWProjectListCountFetcher::countForTag(tag.entityID, m_store.userID(), m_store.context()),
                  *counts.countCached(tag));

@@ -61,12 +61,6 @@ QList<KWTaskListItemModel> rowsOf(const ListQuery &query, std::int64_t limit, Co
     return readRows(*statement);
 }
 
-bool showsNumber(const KWListIdentifier &list)
-{
-    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
-    return !smart || !(smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
-}
-
 } // namespace
 
 Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const ListDataRequest &request,
@@ -116,20 +110,6 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::completedTasks(const Compl
 {
     try {
         return rowsOf(ListQuery::ofCompletedTasks(request), request.limit, connection);
-    } catch (const SQLite::Exception &exception) {
-        return storeFailure(exception);
-    }
-}
-
-Result<std::optional<int>> KWListDataFetcher::count(const ListDataRequest &request,
-                                                    Connection &connection) const
-{
-    const std::optional<ListQuery> query =
-        showsNumber(request.selection) ? ListQuery::ofRequest(request, m_clock) : std::nullopt;
-    if (!query) return std::optional<int>{};
-    try {
-        return std::optional{int(connection.number(
-            std::string{"SELECT count(*) FROM "} + query->from + " WHERE " + query->where, query->values))};
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

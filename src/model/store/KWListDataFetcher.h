@@ -8,7 +8,6 @@
 #include <QList>
 
 #include <array>
-#include <optional>
 
 class Connection;
 
@@ -35,9 +34,6 @@ public:
 
     Result<QList<KWTaskListItemModel>> completedTasks(const CompletedTasksRequest &request,
                                                       Connection &connection) const;
-
-    /// How many rows the selection has: the number the sidebar shows. Nothing for a list without one.
-    Result<std::optional<int>> count(const ListDataRequest &request, Connection &connection) const;
 
     /// Whether the task is among the rows of the selection.
     Result<bool> contains(const QString &taskID, const ListDataRequest &request,
