@@ -26,12 +26,10 @@ const char *conditionOf(ProjectScope scope)
 } // namespace
 
 QList<KWProject *> KWProject::findProjectsOfUser(const QString &userID, ProjectScope scope,
-                                                 ObjectContext &context, ProjectOrder order)
+                                                 ObjectContext &context)
 {
     return context.fetch<KWProject>(
-        {.where = conditionOf(scope),
-         .values = {userID},
-         .orderBy = order == ProjectOrder::Manual ? "isInbox DESC, sortOrder, sid" : nullptr});
+        {.where = conditionOf(scope), .values = {userID}, .orderBy = "isInbox DESC, sortOrder, sid"});
 }
 
 QList<KWProject *> KWProject::orderedOpenProjects(const QString &userID, ObjectContext &context)

@@ -11,8 +11,6 @@ enum class ListEnd { Top, Bottom };
 
 /// Which of a user's lists are meant.
 enum class ProjectScope { Open, Closed, OpenAndClosed };
-/// The inbox first, then by hand; or as the store has them, which is quicker.
-enum class ProjectOrder { Manual, AsStored };
 
 /// A list in a context.
 class KWProject : public ManagedRecord<KWProjectModel> {
@@ -23,10 +21,9 @@ public:
     /// Its tasks may be changed.
     bool isWritable() const { return model().permission == KWProjectPermissionWrite; }
 
-    /// The user's lists that are not deleted.
+    /// The user's lists that are not deleted: the inbox first, then in their manual order.
     static QList<KWProject *> findProjectsOfUser(const QString &userID, ProjectScope scope,
-                                                 ObjectContext &context,
-                                                 ProjectOrder order = ProjectOrder::Manual);
+                                                 ObjectContext &context);
     static QList<KWProject *> orderedOpenProjects(const QString &userID, ObjectContext &context);
     static QList<KWProject *> findClosedProjectsOfUser(const QString &userID, ObjectContext &context);
     /// The inbox counts.

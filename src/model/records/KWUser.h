@@ -7,6 +7,4 @@
 class KWUser : public ManagedRecord<KWUserModel> {
 public:
     const QString &userID() const { return sid(); }
-    /// A local account exists on this computer only.
-    bool isLocal() const { return model().userServerID == 0; }
 };

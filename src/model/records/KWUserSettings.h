@@ -13,10 +13,4 @@ public:
             {.where = "userID = ? AND isDeleted = 0", .values = {userID}, .limit = 1});
         return std::chrono::weekday{unsigned(settings.value(0).firstWeekday - 1)};
     }
-
-    /// Whether tasks may have a time zone of their own.
-    void updateTimeZoneOptionEnable(bool isEnabled)
-    {
-        set(&KWUserSettingsModel::isTimeZoneOptionEnabled, isEnabled);
-    }
 };

@@ -53,16 +53,15 @@ QList<SearchWord> searchWords(QStringView text)
 SearchPhrase::SearchPhrase(const QString &typed)
 {
     for (const QString &each : typed.simplified().split(u' ', Qt::SkipEmptyParts))
-        if (QList<SearchWord> words = searchWords(each); !words.isEmpty())
-            m_pieces.append({each, std::move(words)});
+        if (QList<SearchWord> words = searchWords(each); !words.isEmpty()) m_pieces.append(std::move(words));
 }
 
 QString SearchPhrase::matchExpression() const
 {
     QStringList pieces;
-    for (const Piece &each : m_pieces) {
+    for (const QList<SearchWord> &each : m_pieces) {
         QStringList words;
-        for (const SearchWord &word : each.words)
+        for (const SearchWord &word : each)
             words << word.folded;
         pieces << u'"' + words.join(u' ') + u"\" *"_s;
     }
@@ -73,18 +72,18 @@ QList<TextMark> SearchPhrase::marksIn(QStringView text) const
 {
     const QList<SearchWord> words = searchWords(text);
     QList<TextMark> marks;
-    for (const Piece &piece : m_pieces)
-        for (qsizetype first = 0; first + piece.words.size() <= words.size(); ++first) {
+    for (const QList<SearchWord> &piece : m_pieces)
+        for (qsizetype first = 0; first + piece.size() <= words.size(); ++first) {
             const auto here = words.cbegin() + first;
-            const qsizetype last = piece.words.size() - 1;
+            const qsizetype last = piece.size() - 1;
             bool isHere = true;
             for (qsizetype i = 0; i <= last && isHere; ++i)
-                isHere = fits(piece.words[i], here[i], i == last);
+                isHere = fits(piece[i], here[i], i == last);
             if (!isHere) continue;
             // A letter that folds to several has no beginning of its own to mark.
             const SearchWord &end = here[last];
             const bool isPlain = end.folded.size() == end.mark.length;
-            const qsizetype length = isPlain ? piece.words[last].folded.size() : end.mark.length;
+            const qsizetype length = isPlain ? piece[last].folded.size() : end.mark.length;
             marks.append({here->mark.position, end.mark.position + length - here->mark.position});
         }
     std::ranges::sort(marks, {}, &TextMark::position);

@@ -35,9 +35,5 @@ public:
     QList<TextMark> marksIn(QStringView text) const;
 
 private:
-    struct Piece {
-        QString typed;
-        QList<SearchWord> words;
-    };
-    QList<Piece> m_pieces;
+    QList<QList<SearchWord>> m_pieces;
 };
