@@ -163,6 +163,20 @@ void KWTask::trashTaskAndDescendants(const QList<KWTask *> &tasks, ObjectContext
         each->set(&KWTaskModel::isTrashed, true);
 }
 
+void KWTask::becomeChecklist()
+{
+    if (!isTextKind()) return;
+    set(&KWTaskModel::desc, model().content);
+    set(&KWTaskModel::content, QString{});
+    set(&KWTaskModel::kind, KWTaskKindChecklist);
+}
+
+void KWTask::moveToList(const QString &listID)
+{
+    if (model().projectID != listID) set(&KWTaskModel::columnID, QString{});
+    set(&KWTaskModel::projectID, listID);
+}
+
 void KWTask::detachFromParent()
 {
     if (!hasParent()) return;

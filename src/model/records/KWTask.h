@@ -62,6 +62,11 @@ public:
     /// below their parents.
     static void trashTaskAndDescendants(const QList<KWTask *> &tasks, ObjectContext &context);
 
+    /// Turns a text task into a checklist task, which keeps its text; others stay as they are.
+    void becomeChecklist();
+    /// Puts it into the list, out of the column of another one.
+    void moveToList(const QString &listID);
+
     /// Takes it out of its parent; the parent no longer lists it.
     void detachFromParent();
     /// Puts it into the parent of `sibling`, right behind that; nowhere when it has none.

@@ -40,13 +40,6 @@ Result<void> mayChangeItem(const KWChecklistItem *item)
     return mayChange(item->context().find<KWTask>((*item)->taskID));
 }
 
-void makeChecklist(KWTask &task)
-{
-    task.set(&KWTaskModel::desc, task.model().content);
-    task.set(&KWTaskModel::content, QString{});
-    task.set(&KWTaskModel::kind, KWTaskKindChecklist);
-}
-
 // The same reading of the wall clock, on another day.
 Instant movedTo(Day day, Day from, Instant instant, const CXTimeZone &zone)
 {
@@ -186,7 +179,7 @@ Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afte
         KWChecklistItem &inserted = task.context().insert<KWChecklistItem>(std::move(item));
         place(inserted, indexBehind(afterItemID, items), items);
         itemID = inserted.sid();
-        if (task.isTextKind()) makeChecklist(task);
+        task.becomeChecklist();
     });
     if (!added) return added.error();
     return itemID;

@@ -24,14 +24,6 @@ void appendText(KWTask &task, const QString &text)
              joined(task->description(), text, u"\n\n"_s));
 }
 
-void becomeChecklist(KWTask &task)
-{
-    if (!task.isTextKind()) return;
-    task.set(&KWTaskModel::desc, task.model().content);
-    task.set(&KWTaskModel::content, QString{});
-    task.set(&KWTaskModel::kind, KWTaskKindChecklist);
-}
-
 // Appends items to the checklist of a task.
 class ChecklistEnd {
 public:
@@ -110,7 +102,7 @@ void takeAttributes(KWTask &task, const KWTask &other)
 
 void takeIn(KWTask &task, const QList<KWTask *> &others)
 {
-    if (!task.isNoteKind()) becomeChecklist(task);
+    task.becomeChecklist();
     ChecklistEnd end{task};
     for (KWTask *each : others) {
         if (task.isNoteKind())
@@ -143,10 +135,8 @@ void takeChildren(KWTask &task, const QList<KWTask *> &others)
     for (KWTask *other : others)
         for (KWTask *child : KWTask::children(*other, task.context())) {
             if (child == &task || others.contains(child)) continue;
-            for (KWTask *each : KWTaskItemTree::plant(*child, task.context()).flatTasks()) {
-                if ((*each)->projectID != task->projectID) each->set(&KWTaskModel::columnID, QString{});
-                each->set(&KWTaskModel::projectID, task->projectID);
-            }
+            for (KWTask *each : KWTaskItemTree::plant(*child, task.context()).flatTasks())
+                each->moveToList(task->projectID);
             child->set(&KWTaskModel::parentId, task.sid());
             childIds.append(child->sid());
         }

@@ -20,8 +20,7 @@ bool isPartOfParent(const KWTask &task)
 void moveTree(const KWTaskItemTree &tree, const KWProject &list)
 {
     for (KWTask *each : tree.flatTasks()) {
-        if ((*each)->projectID != list.sid()) each->set(&KWTaskModel::columnID, QString{});
-        each->set(&KWTaskModel::projectID, list.sid());
+        each->moveToList(list.sid());
         each->set(&KWTaskModel::isTrashed, false);
     }
     if (!isPartOfParent(tree.root())) tree.root().detachFromParent();
