@@ -18,11 +18,7 @@ KWTask &openCopy(const KWTask &task)
     KWTaskModel model = freshCopy(task.model());
     model.status = KWTaskStatusOpen;
     model.completionDate.reset();
-    model.remindTime.reset();
-    model.snoozedRemindDate.reset();
-    model.pinnedDate.reset();
     model.repeatTaskID.clear();
-    model.childIds.clear();
     KWTask &copy = task.context().insert<KWTask>(std::move(model));
     copyChecklist(task, copy.sid());
     copyAttachments(task, copy.sid());

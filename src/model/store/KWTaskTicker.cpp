@@ -30,10 +30,6 @@ KWTask &leaveCopy(const KWTask &task, KWTaskStatus status)
     model.repeatRule.clear();
     model.exDates.clear();
     model.reminders.clear();
-    model.remindTime.reset();
-    model.snoozedRemindDate.reset();
-    model.pinnedDate.reset();
-    model.childIds.clear();
     KWTask &copy = task.context().insert<KWTask>(std::move(model));
     if (copy->status == KWTaskStatusOpen) copy.updateStatus(status);
     copyChecklist(task, copy.sid());

@@ -24,7 +24,6 @@ void copyChecklist(const KWTask &task, const QString &toTaskID)
 
 void copyAttachments(const KWTask &task, const QString &toTaskID)
 {
-    for (const KWAttachment *each : task.context().fetch<KWAttachment>(
-             {.where = "taskID = ? AND isDeleted = 0", .values = {task.sid()}, .orderBy = "sortOrder, sid"}))
+    for (const KWAttachment *each : task.attachments())
         copyToTask(*each, toTaskID);
 }

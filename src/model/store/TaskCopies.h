@@ -4,7 +4,8 @@
 
 #include <concepts>
 
-/// The values of `original` for a record of its own: the store and the service do not know it yet.
+/// The values of `original` for a record of its own: the store and the service do not know it yet. That of a
+/// task reminds of nothing, is not pinned and has no subtasks.
 template <class Twin>
 Twin freshCopy(Twin original)
 {
@@ -12,7 +13,13 @@ Twin freshCopy(Twin original)
     fields.userID = original.userID;
     fields.sortOrder = original.sortOrder;
     static_cast<KWSynchronizableFields &>(original) = fields;
-    if constexpr (std::same_as<Twin, KWTaskModel>) original.serverStartDate = original.serverEndDate = {};
+    if constexpr (std::same_as<Twin, KWTaskModel>) {
+        for (const auto date :
+             {&KWTaskModel::serverStartDate, &KWTaskModel::serverEndDate, &KWTaskModel::remindTime,
+              &KWTaskModel::snoozedRemindDate, &KWTaskModel::pinnedDate})
+            (original.*date).reset();
+        original.childIds.clear();
+    }
     return original;
 }
 
