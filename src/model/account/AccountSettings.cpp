@@ -8,6 +8,7 @@
 #include "model/records/KWUserSettings.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
+#include "model/store/TaskPermissions.h"
 
 #include <tuple>
 
@@ -27,8 +28,7 @@ Result<void> checked(const KWUserSettingsModel &before, const KWUserSettingsMode
                            after.smartTimeForNight})
         if (each < 0 || each >= minutesOfDay) return Error{storeText("There is no such time of day.")};
     if (after.defaultListID == before.defaultListID || after.defaultListID.isEmpty()) return {};
-    const KWProject *list = context.find<KWProject>(after.defaultListID);
-    if (!list || list->isDeleted() || list->isClosed() || !list->isWritable())
+    if (!mayTakeTasks(context.find<KWProject>(after.defaultListID)))
         return Error{storeText("New tasks cannot go to a list that is closed, gone or not to be changed.")};
     return {};
 }

@@ -5,6 +5,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWUser.h"
 #include "model/records/KWUserSettings.h"
+#include "model/store/TaskPermissions.h"
 
 using namespace Qt::StringLiterals;
 
@@ -113,8 +114,7 @@ const KWUserSettingsModel &KWAccountManager::userSettings() const
 QString KWAccountManager::defaultAddtoList() const
 {
     const KWProject *chosen = m_manager.MR_defaultContext().find<KWProject>(userSettings().defaultListID);
-    const bool isUsable = chosen && chosen->isNotDeleted() && !chosen->isClosed() && chosen->isWritable();
-    return isUsable ? chosen->sid() : KWProject::inboxIDOfUser(currentUserID());
+    return mayTakeTasks(chosen) ? chosen->sid() : KWProject::inboxIDOfUser(currentUserID());
 }
 
 KWTaskDefaultConfiguration KWAccountManager::taskDefaultConfiguration() const
