@@ -17,8 +17,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <sqlite3.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -56,8 +54,7 @@ QJsonObject describeStore(const QString &path)
     QJsonObject description;
     try {
         Connection store{path.toStdString(), Connection::Access::ReadWrite};
-        // Closing would otherwise copy the log into a store that may be damaged.
-        sqlite3_db_config(store.database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        store.leaveFileAsItIs();
         description.insert(u"schema"_s, qint64(store.number("PRAGMA user_version")));
         description.insert(u"integrity"_s, damageIn(store).value_or(u"ok"_s));
         description.insert(u"records"_s, countsOf(store));

@@ -59,6 +59,11 @@ Connection::Prepared Connection::prepare(std::string_view sql)
     return Prepared{*found->second};
 }
 
+void Connection::leaveFileAsItIs()
+{
+    sqlite3_db_config(m_database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
 std::int64_t Connection::number(std::string_view sql, const SqlValues &values)
 {
     Prepared statement = prepare(sql);

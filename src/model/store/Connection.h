@@ -39,6 +39,9 @@ public:
     Prepared prepare(std::string_view sql);
     void execute(const char *sql) { m_database.exec(sql); }
 
+    /// Closing would otherwise copy the log into the file, which may be damaged.
+    void leaveFileAsItIs();
+
     /// The first column of the first row, 0 when there is none.
     std::int64_t number(std::string_view sql, const SqlValues &values = {});
 

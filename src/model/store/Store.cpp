@@ -43,12 +43,6 @@ std::optional<StoreProblem> problemInSchema(Connection &connection)
     return std::nullopt;
 }
 
-// Closing would otherwise still copy the log into the file.
-void leaveFileAsItIs(Connection &connection)
-{
-    sqlite3_db_config(connection.database().getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-}
-
 StoreProblem problemOf(const SQLite::Exception &exception)
 {
     switch (exception.getErrorCode()) {
@@ -133,7 +127,7 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
             connection->execute(
                 ("PRAGMA application_id = " + std::to_string(StoreHeader::applicationID)).c_str());
         if (const auto problem = problemInSchema(*connection)) {
-            leaveFileAsItIs(*connection);
+            connection->leaveFileAsItIs();
             return failed(*problem, path);
         }
         turnToWriteAheadLog(*connection);
@@ -143,7 +137,7 @@ Store::Opening Store::open(const QString &path, const CXClock &clock)
         return {std::move(store), {}, {}};
     } catch (const SQLite::Exception &exception) {
         storeFileLog.error(QString::fromUtf8(exception.what()));
-        if (connection) leaveFileAsItIs(*connection);
+        if (connection) connection->leaveFileAsItIs();
         return failed(problemOf(exception), path);
     }
 }
