@@ -1,7 +1,7 @@
 #pragma once
 
-#include "corvexkit/time/Instant.h"
 #include "model/records/KWConstants.h"
+#include "model/store/SqlValue.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -38,7 +38,7 @@ inline void bind(SQLite::Statement &statement, int index, double value) { statem
 
 inline void bind(SQLite::Statement &statement, int index, Instant value)
 {
-    statement.bind(index, std::int64_t(value.time_since_epoch().count()));
+    statement.bind(index, storedInstant(value));
 }
 
 inline void bind(SQLite::Statement &statement, int index, const QStringList &value)
@@ -55,7 +55,7 @@ inline void bind(SQLite::Statement &statement, int index, const QList<Instant> &
 {
     QJsonArray array;
     for (const Instant &each : value)
-        array.append(qint64(each.time_since_epoch().count()));
+        array.append(qint64(storedInstant(each)));
     statement.bind(index, QJsonDocument{array}.toJson(QJsonDocument::Compact).toStdString());
 }
 

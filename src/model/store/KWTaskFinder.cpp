@@ -11,8 +11,6 @@ namespace {
 constexpr const char *isOpenTask = "status = 0 AND isDeleted = 0 AND isTrashed = 0";
 constexpr const char *isOpenOrCompletedTask = "status IN (0, 2) AND isDeleted = 0 AND isTrashed = 0";
 
-std::int64_t sinceEpoch(Instant instant) { return instant.time_since_epoch().count(); }
-
 /// A condition put together piece by piece, each with what fills its placeholders.
 struct TaskCondition {
     std::string where;
@@ -66,7 +64,7 @@ struct TaskCondition {
 TaskCondition openBefore(Instant end, const TaskOwner &owner)
 {
     return TaskCondition{isOpenTask}
-        .also("startDate < ?", {sinceEpoch(end)})
+        .also("startDate < ?", {storedInstant(end)})
         .inListsOf(owner.userID, {})
         .forOwner(owner);
 }
@@ -75,10 +73,10 @@ TaskCondition openBefore(Instant end, const TaskOwner &owner)
 TaskCondition &notOverdue(TaskCondition &condition, ObjectContext &context)
 {
     const CXClock &clock = context.clock();
-    const std::int64_t today = sinceEpoch(clock.zone().startOfDay(clock.today()));
+    const std::int64_t today = storedInstant(clock.zone().startOfDay(clock.today()));
     return condition.also("(status <> 0 OR startDate IS NULL OR CASE WHEN isAllDay THEN "
                           "coalesce(endDate > ?, startDate >= ?) ELSE coalesce(endDate, startDate) >= ? END)",
-                          {today, today, sinceEpoch(clock.now())});
+                          {today, today, storedInstant(clock.now())});
 }
 
 int countOfClosed(KWTaskStatus status, const QString &userID, ObjectContext &context)
@@ -114,7 +112,7 @@ QList<KWTask *> KWTaskFinder::findAllTasksHaveTag(const QString &tagName, const 
 QList<KWTask *> KWTaskFinder::fetchAllOfUser(const TaskOwner &owner, const QString &projectID, Instant from,
                                              Instant to, TaskInclusions includes, ObjectContext &context)
 {
-    const SqlValues range{sinceEpoch(from), sinceEpoch(to)};
+    const SqlValues range{storedInstant(from), storedInstant(to)};
     const auto startingInside = [&range](const char *index, const char *state) {
         return TaskCondition{std::string{"SELECT id FROM tasks INDEXED BY "} + index + " WHERE " + state}
             .also("startDate >= ? AND startDate < ?", range);
@@ -122,10 +120,10 @@ QList<KWTask *> KWTaskFinder::fetchAllOfUser(const TaskOwner &owner, const QStri
     TaskCondition dated = startingInside("openTasksInOrder", isOpenTask);
     dated.orWith({"SELECT id FROM tasks INDEXED BY tasksByEnd WHERE isDeleted = 0 AND isTrashed = 0 AND "
                   "endDate > ?1 AND startDate < ?1"});
-    if (includes.testFlag(TaskInclusion::Completed))
+    const bool withCompleted = includes.testFlag(TaskInclusion::Completed);
+    if (withCompleted)
         dated.orWith(startingInside("closedTasksByDate", "status <> 0 AND isDeleted = 0 AND isTrashed = 0"));
 
-    const bool withCompleted = includes.testFlag(TaskInclusion::Completed);
     TaskCondition condition{"id IN (" + dated.where + ')', dated.values};
     condition.also(withCompleted ? isOpenOrCompletedTask : isOpenTask)
         .inListOrListsOf(projectID, owner, includes)
@@ -139,7 +137,7 @@ QList<KWTask *> KWTaskFinder::fetchCompletedAndNoDateBetween(Instant from, Insta
 {
     const std::string completion = completionOrder;
     return TaskCondition{"status <> 0 AND status = 2 AND isDeleted = 0 AND isTrashed = 0"}
-        .also(completion + " >= ? AND " + completion + " < ?", {sinceEpoch(from), sinceEpoch(to)})
+        .also(completion + " >= ? AND " + completion + " < ?", {storedInstant(from), storedInstant(to)})
         .also("startDate IS NULL")
         .inListsOf(owner.userID, {})
         .forOwner(owner)
@@ -201,9 +199,9 @@ int KWTaskFinder::countOnBadgeWithType(KWBadgeType type, const TaskOwner &owner,
     }
     const Instant end = zone.startOfDay(today + std::chrono::days{1});
     TaskCondition tasks = openBefore(end, owner);
-    TaskCondition items{"status = 0 AND isDeleted = 0 AND startDate < ?", {sinceEpoch(end)}};
+    TaskCondition items{"status = 0 AND isDeleted = 0 AND startDate < ?", {storedInstant(end)}};
     if (type == KWBadgeType::Today) {
-        const std::int64_t start = sinceEpoch(zone.startOfDay(today));
+        const std::int64_t start = storedInstant(zone.startOfDay(today));
         tasks.also("(startDate >= ? OR endDate > ?)", {start, start});
         items.also("startDate >= ?", {start});
     }

@@ -37,17 +37,15 @@ constexpr const char *byManualOrder = "t.sortOrder, t.id";
 const std::string latestCompletedFirst = std::string{completionOrder} + " DESC, t.id DESC";
 constexpr const char *latestChangedFirst = "t.modifiedTime DESC, t.id DESC";
 
-std::int64_t millisecondsOf(Instant instant) { return instant.time_since_epoch().count(); }
-
 std::int64_t completionOf(const CompletionCursor &cursor)
 {
-    return cursor.completionDate ? millisecondsOf(*cursor.completionDate)
+    return cursor.completionDate ? storedInstant(*cursor.completionDate)
                                  : std::numeric_limits<std::int64_t>::min();
 }
 
 ListQuery &between(ListQuery &query, std::optional<Day> from, std::optional<Day> until, const CXClock &clock)
 {
-    const auto startOf = [zone = clock.zone()](Day day) { return millisecondsOf(zone.startOfDay(day)); };
+    const auto startOf = [zone = clock.zone()](Day day) { return storedInstant(zone.startOfDay(day)); };
     if (until) query.also("t.startDate < ?", {startOf(*until + days{1})});
     if (from) query.also("(t.startDate >= ? OR t.endDate > ?)", SqlValues(2, startOf(*from)));
     return query.also("t.startDate IS NOT NULL");
@@ -139,8 +137,8 @@ ListQuery ListQuery::ofCompletedTasks(const CompletedTasksRequest &request)
         query.also(inSmartLists, {request.userID});
     else
         query.also(inTheseLists, {idList(request.projectIDs)});
-    if (request.from) query.also(std::string{completionOrder} + " >= ?", {millisecondsOf(*request.from)});
-    if (request.until) query.also(std::string{completionOrder} + " < ?", {millisecondsOf(*request.until)});
+    if (request.from) query.also(std::string{completionOrder} + " >= ?", {storedInstant(*request.from)});
+    if (request.until) query.also(std::string{completionOrder} + " < ?", {storedInstant(*request.until)});
     if (request.after) {
         // The first alone is what the index is searched by.
         const SqlValue completion = completionOf(*request.after);

@@ -20,8 +20,6 @@ Value valueAt(SQLite::Statement &statement, int column)
     return value;
 }
 
-std::int64_t inMilliseconds(Instant instant) { return instant.time_since_epoch().count(); }
-
 } // namespace
 
 Result<SidebarCounts> SidebarCounts::read(const QString &userID, const CXClock &clock, Connection &connection)
@@ -78,12 +76,11 @@ void SidebarCounts::readTags(const QString &userID, Connection &connection)
 void SidebarCounts::readSmartLists(const QString &userID, Connection &connection)
 {
     m_userServerID = connection.number("SELECT userServerID FROM users WHERE sid = ?", {userID});
-    const std::int64_t tomorrow = inMilliseconds(m_tomorrow);
+    const std::int64_t tomorrow = storedInstant(m_tomorrow);
     auto dated = connection.prepare(
         "SELECT sum(startDate < ?), sum(startDate < ? AND (startDate >= ? OR endDate > ?)), count(*) FROM "
         "tasks INDEXED BY openTasksInOrder WHERE " OPEN_TASKS " AND startDate < ? AND " SMART_LISTS);
-    dated.bind(
-        {tomorrow, inMilliseconds(m_dayAfter), tomorrow, tomorrow, inMilliseconds(m_weekAfter), userID});
+    dated.bind({tomorrow, storedInstant(m_dayAfter), tomorrow, tomorrow, storedInstant(m_weekAfter), userID});
     if (dated->executeStep()) {
         m_todayTasks = valueAt<int>(*dated, 0);
         m_tomorrowTasks = valueAt<int>(*dated, 1);

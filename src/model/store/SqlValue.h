@@ -1,5 +1,7 @@
 #pragma once
 
+#include "corvexkit/time/Instant.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -10,6 +12,9 @@
 /// A value bound to a placeholder of a query.
 using SqlValue = std::variant<std::int64_t, QString>;
 using SqlValues = std::vector<SqlValue>;
+
+/// An instant as columns hold it: milliseconds since the epoch.
+inline std::int64_t storedInstant(Instant instant) { return instant.time_since_epoch().count(); }
 
 /// Which records a context is asked for: what follows WHERE, and what fills its placeholders.
 struct SqlCondition {
