@@ -39,7 +39,7 @@ bool isAlive(const KWTask *task)
 bool isQuiet(const KWTask &task, const std::optional<std::int64_t> &serverID)
 {
     const KWProject *list = task.project();
-    const bool isListQuiet = !list || list->isDeleted() || list->isClosed() || (*list)->isMuted;
+    const bool isListQuiet = !list || list->isClosed() || (*list)->isMuted;
     const bool isMine = task->assignee == KWTaskAssignedToNobody || !serverID || task->assignee == serverID;
     return isListQuiet || !isMine;
 }
@@ -76,8 +76,6 @@ DueReminder reminderOfItem(const KWChecklistItem &item, const std::optional<std:
     return reminder;
 }
 
-std::int64_t milliseconds(Instant instant) { return instant.time_since_epoch().count(); }
-
 // What is past of a snooze has been said.
 template <class Record>
 void clearPastSnooze(Record &record, Instant now)
@@ -87,25 +85,40 @@ void clearPastSnooze(Record &record, Instant now)
         record.set(&Model::snoozedRemindDate, std::nullopt);
 }
 
-void planTask(KWTask &task, Instant after)
+void plan(KWTask &task, Instant after)
 {
     task.set(&KWTaskModel::remindTime, nextAlert(task.model(), after, task.context().clock().zone()));
 }
 
-void planItem(KWChecklistItem &item, Instant after)
+void plan(KWChecklistItem &item, Instant after)
 {
     item.set(&KWChecklistItemModel::remindTime, nextAlert(item.model(), after));
+}
+
+/// Saves what `change` does to the tasks and items of the reminders, as far as they are there.
+template <class Change>
+Result<void> saveEach(const QList<DueReminder> &reminders, KWCoreDataManager &manager, const Change &change)
+{
+    return KWCoreDataService{manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+        for (const DueReminder &each : reminders)
+            if (!each.subject.itemID.isEmpty()) {
+                if (auto *item = context.find<KWChecklistItem>(each.subject.itemID)) change(*item, each);
+            } else if (auto *task = context.find<KWTask>(each.subject.taskID)) {
+                change(*task, each);
+            }
+        return {};
+    });
 }
 
 Result<void> planAllMissing(const QString &userID, ObjectContext &context)
 {
     const Instant now = context.clock().now();
     for (KWTask *each :
-         context.fetch<KWTask>({.where = tasksWithoutAlert, .values = {milliseconds(now), userID}}))
-        planTask(*each, now);
+         context.fetch<KWTask>({.where = tasksWithoutAlert, .values = {storedInstant(now), userID}}))
+        plan(*each, now);
     for (KWChecklistItem *each :
-         context.fetch<KWChecklistItem>({.where = itemsWithoutAlert, .values = {milliseconds(now), userID}}))
-        planItem(*each, now);
+         context.fetch<KWChecklistItem>({.where = itemsWithoutAlert, .values = {storedInstant(now), userID}}))
+        plan(*each, now);
     return {};
 }
 
@@ -115,7 +128,7 @@ std::optional<Instant> KWReminderService::nextRemindTime(const QString &userID, 
 {
     std::optional<Instant> next;
     for (const char *sql : {nextOfTasks, nextOfItems}) {
-        const std::int64_t found = m_manager.MR_defaultContext().number(sql, {milliseconds(after), userID});
+        const std::int64_t found = m_manager.MR_defaultContext().number(sql, {storedInstant(after), userID});
         const Instant moment{std::chrono::milliseconds{found}};
         if (found != 0 && (!next || moment < *next)) next = moment;
     }
@@ -125,7 +138,7 @@ std::optional<Instant> KWReminderService::nextRemindTime(const QString &userID, 
 QList<DueReminder> KWReminderService::due(const TaskOwner &owner, Instant now) const
 {
     ObjectContext &context = m_manager.MR_defaultContext();
-    const SqlValues values{milliseconds(now), owner.userID};
+    const SqlValues values{storedInstant(now), owner.userID};
     QList<DueReminder> reminders;
     for (const KWTask *each : context.fetch<KWTask>({.where = dueTasks, .values = values}))
         reminders.append(reminderOfTask(*each, owner.serverID));
@@ -148,34 +161,16 @@ std::optional<DueReminder> KWReminderService::reminderOf(const ReminderSubject &
 
 Result<void> KWReminderService::markDelivered(const QList<DueReminder> &reminders, Instant now)
 {
-    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-        for (const DueReminder &each : reminders) {
-            if (!each.subject.itemID.isEmpty()) {
-                KWChecklistItem *item = context.find<KWChecklistItem>(each.subject.itemID);
-                if (!item) continue;
-                clearPastSnooze(*item, now);
-                planItem(*item, now);
-            } else if (KWTask *task = context.find<KWTask>(each.subject.taskID)) {
-                clearPastSnooze(*task, now);
-                planTask(*task, now);
-            }
-        }
-        return {};
+    return saveEach(reminders, m_manager, [now](auto &record, const DueReminder &) {
+        clearPastSnooze(record, now);
+        plan(record, now);
     });
 }
 
 Result<void> KWReminderService::markUndelivered(const QList<DueReminder> &reminders)
 {
-    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-        for (const DueReminder &each : reminders) {
-            if (!each.subject.itemID.isEmpty()) {
-                if (KWChecklistItem *item = context.find<KWChecklistItem>(each.subject.itemID))
-                    item->set(&KWChecklistItemModel::remindTime, each.moment);
-            } else if (KWTask *task = context.find<KWTask>(each.subject.taskID)) {
-                task->set(&KWTaskModel::remindTime, each.moment);
-            }
-        }
-        return {};
+    return saveEach(reminders, m_manager, []<class Record>(Record &record, const DueReminder &reminder) {
+        record.set(&Record::Model::remindTime, reminder.moment);
     });
 }
 
