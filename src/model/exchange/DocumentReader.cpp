@@ -133,20 +133,17 @@ Result<QJsonValue> DocumentReader::parsed()
 
 Result<std::optional<QString>> DocumentReader::nextName()
 {
-    if (m_state == State::Start) {
+    const bool isFirst = m_state == State::Start;
+    if (isFirst)
         if (const Result<void> opened = expect('{'); !opened) return opened.error();
-        m_isFirst = true;
-    }
     m_begin = m_line;
     if (peekBehindSpace() == '}') {
         next();
-        m_state = State::End;
         if (peekBehindSpace()) return errorAt(m_line, KWLocalizedString("there is more behind the document"));
         return std::optional<QString>{};
     }
-    if (!m_isFirst)
+    if (!isFirst)
         if (const Result<void> comma = expect(','); !comma) return comma.error();
-    m_isFirst = false;
     const Result<QJsonValue> name = parsed();
     if (!name) return name.error();
     if (!name->isString()) return errorHere(KWLocalizedString("a name was expected"));

@@ -31,7 +31,7 @@ public:
     Error errorHere(const QString &what) const { return errorAt(m_begin, what); }
 
 private:
-    enum class State { Start, BetweenMembers, AfterName, InArray, End };
+    enum class State { Start, BetweenMembers, AfterName, InArray };
 
     static Error errorAt(qint64 line, const QString &what);
     std::optional<char> peek();
@@ -47,5 +47,4 @@ private:
     qint64 m_line = 1;
     qint64 m_begin = 1;
     State m_state = State::Start;
-    bool m_isFirst = true; // of the members, or of the elements
 };
