@@ -2,14 +2,12 @@
 
 #include "model/exchange/ExchangeFormat.h"
 #include "model/exchange/StoreExport.h"
+#include "model/settings/KWLocalizedString.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QSaveFile>
 
 namespace {
-
-QString fileText(const char *english) { return QCoreApplication::translate("Exchange", english); }
 
 bool mayBeReplaced(const QString &path)
 {
@@ -25,9 +23,10 @@ bool mayBeReplaced(const QString &path)
 Result<void> exportToFile(const QString &file, Store &store)
 {
     if (!mayBeReplaced(file))
-        return Error{fileText("“%1” is something else than an export; it was left untouched.").arg(file)};
+        return Error{
+            KWLocalizedString("“%1” is something else than an export; it was left untouched.").arg(file)};
     QSaveFile target{file};
-    const Error failure{fileText("“%1” could not be written.").arg(file)};
+    const Error failure{KWLocalizedString("“%1” could not be written.").arg(file)};
     if (!target.open(QIODevice::WriteOnly)) return failure;
     const Result<void> written = exportStore(
         store, [&target](const QByteArray &piece) { return target.write(piece) == piece.size(); });
@@ -38,7 +37,7 @@ Result<void> exportToFile(const QString &file, Store &store)
 Result<ImportSummary> importFromFile(const QString &file, Store &store)
 {
     QFile source{file};
-    if (!source.exists()) return Error{fileText("There is no file “%1”.").arg(file)};
-    if (!source.open(QIODevice::ReadOnly)) return Error{fileText("“%1” cannot be read.").arg(file)};
+    if (!source.exists()) return Error{KWLocalizedString("There is no file “%1”.").arg(file)};
+    if (!source.open(QIODevice::ReadOnly)) return Error{KWLocalizedString("“%1” cannot be read.").arg(file)};
     return importStore(source, store);
 }

@@ -5,12 +5,11 @@
 #include "model/exchange/ExchangeFormat.h"
 #include "model/records/EveryRecord.h"
 #include "model/records/RecordJson.h"
+#include "model/settings/KWLocalizedString.h"
 #include "model/store/Connection.h"
 #include "model/store/RecordMapper.h"
 #include "model/store/Store.h"
 #include "model/store/StoreFailure.h"
-
-#include <QCoreApplication>
 
 #include <sqlite3.h>
 
@@ -18,9 +17,10 @@
 
 namespace {
 
-QString importText(const char *english) { return QCoreApplication::translate("Exchange", english); }
-
-Error refusal(const Error &where) { return {importText("Nothing was imported; %1.").arg(where.sentence)}; }
+Error refusal(const Error &where)
+{
+    return {KWLocalizedString("Nothing was imported; %1.").arg(where.sentence)};
+}
 
 class Importer {
 public:
@@ -45,9 +45,10 @@ public:
 private:
     Result<void> readHead()
     {
-        const Error foreign{importText("it is no export of Orvane")};
+        const Error foreign{KWLocalizedString("it is no export of Orvane")};
         const Result<std::optional<QString>> format = m_reader.nextName();
-        if (!format) return Error{importText("it is no export of Orvane (%1)").arg(format.error().sentence)};
+        if (!format)
+            return Error{KWLocalizedString("it is no export of Orvane (%1)").arg(format.error().sentence)};
         if (*format != QStringLiteral("format")) return foreign;
         const Result<QJsonValue> name = m_reader.value();
         if (!name || name->toString() != QLatin1StringView{exchange::formatName}) return foreign;
@@ -57,21 +58,21 @@ private:
         const Result<QJsonValue> number = m_reader.value();
         if (!number || number->toInteger() < 1) return foreign;
         if (number->toInteger() > exchange::formatVersion)
-            return Error{importText("a newer version of Orvane wrote it")};
+            return Error{KWLocalizedString("a newer version of Orvane wrote it")};
         return {};
     }
 
     Result<void> readKind(const QString &name)
     {
         if (m_namesRead.contains(name))
-            return m_reader.errorHere(importText("“%1” stands there a second time").arg(name));
+            return m_reader.errorHere(KWLocalizedString("“%1” stands there a second time").arg(name));
         m_namesRead.insert(name);
         m_idsRead.clear();
 #define READ_KIND(Record)                                                                                    \
     if (name == QLatin1StringView{Record::Model::tableName}) return readRecords<Record::Model>();
         EVERY_RECORD(READ_KIND)
 #undef READ_KIND
-        return m_reader.errorHere(importText("“%1” is no kind of record").arg(name));
+        return m_reader.errorHere(KWLocalizedString("“%1” is no kind of record").arg(name));
     }
 
     template <class Twin>
@@ -79,7 +80,7 @@ private:
     {
         // Whose the records are must be known before the first of them.
         if (std::same_as<Twin, KWUserModel> && m_namesRead.size() > 1)
-            return m_reader.errorHere(importText("the accounts must come first"));
+            return m_reader.errorHere(KWLocalizedString("the accounts must come first"));
         for (;;) {
             const Result<std::optional<QJsonObject>> record = m_reader.nextElement();
             if (!record) return record.error();
@@ -97,17 +98,19 @@ private:
         Twin twin;
         if (const std::optional<QString> wrongKey = readJson(m_accounts.adapted(object), twin))
             return m_reader.errorHere(
-                importText("“%1” of a record in “%2” has a value that it cannot have").arg(*wrongKey, kind));
-        if (twin.sid.isEmpty()) return m_reader.errorHere(importText("a record in “%1” has no id").arg(kind));
+                KWLocalizedString("“%1” of a record in “%2” has a value that it cannot have")
+                    .arg(*wrongKey, kind));
+        if (twin.sid.isEmpty())
+            return m_reader.errorHere(KWLocalizedString("a record in “%1” has no id").arg(kind));
         if (m_idsRead.contains(twin.sid))
             return m_reader.errorHere(
-                importText("the id “%1” stands in “%2” a second time").arg(twin.sid, kind));
+                KWLocalizedString("the id “%1” stands in “%2” a second time").arg(twin.sid, kind));
         m_idsRead.insert(twin.sid);
         if constexpr (std::same_as<Twin, KWUserModel>)
             m_accounts.admit(twin);
         else if (!twin.userID.isEmpty() && !m_accounts.isKnown(twin.userID))
             return m_reader.errorHere(
-                importText("the record “%1” in “%2” belongs to no account").arg(twin.sid, kind));
+                KWLocalizedString("the record “%1” in “%2” belongs to no account").arg(twin.sid, kind));
         return twin;
     }
 
@@ -142,7 +145,7 @@ private:
         auto row = m_connection.prepare("SELECT sid FROM " + table + " WHERE id = ?");
         row.bind(1, dangling->getColumn(1).getInt64());
         row->executeStep();
-        return Error{importText("the record “%1” in “%2” belongs to one in “%3” that is not there")
+        return Error{KWLocalizedString("the record “%1” in “%2” belongs to one in “%3” that is not there")
                          .arg(QString::fromUtf8(row->getColumn(0).getText()), QString::fromStdString(table),
                               QString::fromUtf8(dangling->getColumn(2).getText()))};
     }
