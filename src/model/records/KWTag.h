@@ -3,8 +3,6 @@
 #include "model/records/KWTagModel.h"
 #include "model/records/ManagedRecord.h"
 
-#include <optional>
-
 /// Whether making a tag may answer one that exists already.
 enum class TagUniqueness { MayExist, MustBeNew };
 

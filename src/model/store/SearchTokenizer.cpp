@@ -5,8 +5,6 @@
 #include <SQLiteCpp/Exception.h>
 #include <sqlite3.h>
 
-#include <memory>
-
 namespace {
 
 /// Byte positions in UTF-8 of ascending positions in UTF-16.

@@ -1,8 +1,9 @@
-#include "model/store/Store.h"
+#include "model/store/StoreBackups.h"
+
 #include "corvexkit/log/CXLog.h"
 #include "corvexkit/time/CXClock.h"
 #include "model/store/Connection.h"
-#include "model/store/StoreBackups.h"
+#include "model/store/Store.h"
 #include "model/store/StoreFailure.h"
 #include "model/store/StoreIntegrity.h"
 
