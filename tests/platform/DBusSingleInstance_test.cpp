@@ -4,7 +4,8 @@
 #include "support/TestMain.h"
 
 #include <QDBusConnectionInterface>
-#include <QDBusInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -106,10 +107,14 @@ private Q_SLOTS:
         first.listen(receiver());
         const QStringList links{u"file:///etc/passwd"_s, u"orvane://task/1"_s, u"orvanex://y"_s};
         const QString name = DBusSingleInstance::busName(folders());
-        QDBusInterface program{name, DBusSingleInstance::objectPath(name), u"org.freedesktop.Application"_s,
-                               connectionOf(u"second"_s)};
-        program.asyncCall(u"Open"_s, links, QVariantMap{});
-        const auto answer = program.asyncCall(u"ActivateAction"_s, u"erase"_s, QVariantList{}, QVariantMap{});
+        const auto call = [&](const QString &method, const QVariantList &arguments) {
+            QDBusMessage message = QDBusMessage::createMethodCall(name, DBusSingleInstance::objectPath(name),
+                                                                  u"org.freedesktop.Application"_s, method);
+            message.setArguments(arguments);
+            return connectionOf(u"second"_s).asyncCall(message);
+        };
+        call(u"Open"_s, {links, QVariantMap{}});
+        const auto answer = call(u"ActivateAction"_s, {u"erase"_s, QVariantList{}, QVariantMap{}});
         QTRY_COMPARE(answer.error().message(), u"There is no action “erase”."_s);
         QTRY_COMPARE(m_received.size(), 1);
         QCOMPARE(m_received.first().links, QStringList{u"orvane://task/1"_s});
