@@ -256,6 +256,12 @@ private Q_SLOTS:
             for (const QString &name : names)
                 QCOMPARE(bytesOf(m_folder->filePath(name + part)), (name + part).toUtf8());
         QCOMPARE(contentsOf(m_folder->path()).size(), 4); // the shared memory not counted
+
+        const QString taken = m_folder->filePath(names.first());
+        write(path() + u"-wal"_s, "the latest saves");
+        write(path(), "the rest");
+        QVERIFY(QFile::remove(taken + u"-wal"_s) && !Store::move(path(), taken));
+        QCOMPARE(bytesOf(path() + u"-wal"_s), "the latest saves");
     }
 
     void bringsEveryOldVersionUpToDate()

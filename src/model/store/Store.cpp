@@ -168,6 +168,21 @@ QString Store::sentenceFor(StoreProblem problem, const QString &path)
     return {};
 }
 
+bool Store::move(const QString &from, const QString &to)
+{
+    for (std::size_t i = 0; i < partSuffixes.size(); ++i) {
+        const auto renamePart = [&](std::size_t part, const QString &source, const QString &target) {
+            const QLatin1StringView suffix{partSuffixes[part]};
+            return !QFile::exists(source + suffix) || QFile::rename(source + suffix, target + suffix);
+        };
+        if (renamePart(i, from, to)) continue;
+        while (i-- > 0)
+            renamePart(i, to, from);
+        return false;
+    }
+    return true;
+}
+
 Result<QString> Store::setAside(const QString &path, LocalTime now, AsideReason reason)
 {
     QString time = TimeText::fromLocalTime(now, TimeText::Fraction::Never);
@@ -175,12 +190,8 @@ Result<QString> Store::setAside(const QString &path, LocalTime now, AsideReason 
     const QFileInfo info{path};
     const QString kept = unusedName(
         info.dir(), u"%1.%2-%3"_s.arg(info.completeBaseName(), wordFor(reason), time), info.suffix());
-    for (const char *suffix : partSuffixes) {
-        const QString from = path + QLatin1StringView{suffix};
-        if (QFile::exists(from) &&
-            !QFile::rename(from, info.dir().filePath(kept) + QLatin1StringView{suffix}))
-            return Error{storeText("“%1” could not be moved aside.").arg(from)};
-    }
+    if (!move(path, info.dir().filePath(kept)))
+        return Error{storeText("“%1” could not be moved aside.").arg(path)};
     return kept;
 }
 

@@ -41,8 +41,11 @@ public:
     /// Opens the store at `path`, makes it where there is none, and brings its schema up to date.
     static Opening open(const QString &path, const CXClock &clock);
 
-    /// Moves a store and what belongs to it aside, so that another can be put there: answers the name it
-    /// was kept under, with "-2" and so on behind the time when that is taken.
+    /// Renames the file of a store and what belongs to it, for without its log it lacks the latest saves:
+    /// all of it or nothing.
+    static bool move(const QString &from, const QString &to);
+    /// Moves a store aside, so that another can be put there: answers the name it was kept under, with "-2"
+    /// and so on behind the time when that is taken.
     static Result<QString> setAside(const QString &path, LocalTime now,
                                     AsideReason reason = AsideReason::Damaged);
     /// Moves it aside and puts an empty store in its place.

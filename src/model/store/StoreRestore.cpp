@@ -116,6 +116,6 @@ Result<QString> restoreStore(const QString &file, const DataFolders &folders, co
         kept = *aside;
     }
     if (QFile::rename(draft.path(), store)) return kept;
-    if (!kept.isEmpty()) QFile::rename(QFileInfo{store}.path() + u'/' + kept, store);
+    if (!kept.isEmpty()) Store::move(QFileInfo{store}.path() + u'/' + kept, store);
     return refusal(StoreProblem::CannotWrite, file);
 }
