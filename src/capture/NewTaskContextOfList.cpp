@@ -3,6 +3,13 @@
 #include "corvexkit/time/CXClock.h"
 #include "model/records/KWSmartProject.h"
 
+bool takesNewTasks(const KWListIdentifier &list)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return list.type != KWListIdentifierType::SmartProject ||
+           (smart && (smart->isAll() || smart->isToday() || smart->isTomorrow() || smart->isNext7Days()));
+}
+
 NewTaskContext newTaskContextOf(const KWListIdentifier &list, const CXClock &clock)
 {
     NewTaskContext context;

@@ -9,7 +9,6 @@
 #include "cli/TaskLine.h"
 #include "corvexkit/time/TimeText.h"
 #include "model/OrvaneKit.h"
-#include "model/records/KWSmartProject.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -36,20 +35,12 @@ QJsonObject savedTask(const KWTaskModel &task, OrvaneKit &kit)
     return object;
 }
 
-// What was closed, deleted or given to somebody is no list to add to.
-bool takesTasks(const KWListIdentifier &list)
-{
-    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
-    return list.type != KWListIdentifierType::SmartProject || smart->isAll() || smart->isToday() ||
-           smart->isTomorrow() || smart->isNext7Days();
-}
-
 Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
 {
     if (invocation.list.isEmpty()) return NewTaskContext{};
     const Result<KWListIdentifier> list = listNamed(invocation.list, kit);
     if (!list) return list.error();
-    if (!takesTasks(*list))
+    if (!takesNewTasks(*list))
         return Error{
             commandText("Tasks come into “%1” by themselves; none is added to it.").arg(invocation.list)};
     return newTaskContextOf(*list, kit.clock());

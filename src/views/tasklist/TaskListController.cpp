@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskListController.h"
 
+#include "capture/NewTaskContextOfList.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
 #include "views/addfield/KWNewTaskTextField.h"
@@ -11,13 +12,6 @@
 #include <QLocale>
 
 namespace {
-
-// Closed and deleted tasks come from elsewhere; none is typed here.
-bool takesNewTasks(const KWListIdentifier &list)
-{
-    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
-    return !smart || !(smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
-}
 
 bool mixesLists(const KWListIdentifier &list) { return list.type != KWListIdentifierType::Project; }
 
@@ -110,15 +104,24 @@ void TaskListController::showHead()
 
     m_pane.addField().setVisible(takesNewTasks(m_service.list()));
     m_pane.addField().setPlaceholder(tr("Add a task to “%1”").arg(title));
-    if (m_service.list().entityID == KWSmartProject::trash().identifier())
-        m_pane.list().setEmptyText(tr("The trash is empty"), tr("Tasks you delete are kept here."));
-    else if (m_service.list().entityID == KWSmartProject::abandoned().identifier())
-        m_pane.list().setEmptyText(tr("Nothing abandoned"), tr("Tasks you abandon are kept here."));
-    else if (!takesNewTasks(m_service.list()))
-        m_pane.list().setEmptyText(tr("Nothing completed yet"), tr("Tasks you complete are kept here."));
+    showEmptyText(title);
+}
+
+void TaskListController::showEmptyText(const QString &title)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(m_service.list().entityID);
+    TaskListView &list = m_pane.list();
+    if (takesNewTasks(m_service.list()))
+        list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("Press Ctrl+N and type to add a task."));
+    else if (smart && smart->isTrash())
+        list.setEmptyText(tr("The trash is empty"), tr("Tasks you delete are kept here."));
+    else if (smart && smart->isAbandoned())
+        list.setEmptyText(tr("Nothing abandoned"), tr("Tasks you abandon are kept here."));
+    else if (smart && smart->isAssigneedToMe())
+        list.setEmptyText(tr("Nothing is assigned to you"),
+                          tr("Tasks of shared lists that are given to you are shown here."));
     else
-        m_pane.list().setEmptyText(tr("Nothing to do in “%1”").arg(title),
-                                   tr("Press Ctrl+N and type to add a task."));
+        list.setEmptyText(tr("Nothing completed yet"), tr("Tasks you complete are kept here."));
 }
 
 void TaskListController::tick(const QString &taskID)

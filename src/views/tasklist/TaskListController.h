@@ -38,6 +38,7 @@ private:
     void showRows();
     void selectWantedTask();
     void showHead();
+    void showEmptyText(const QString &title);
     void showNames();
 
     TaskListPane &m_pane;
