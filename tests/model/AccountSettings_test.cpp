@@ -1,13 +1,11 @@
 #include "model/account/AccountSettings.h"
 
-#include "model/account/KWPublicUserProfileManager.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWListDisplayConfiguration.h"
 #include "model/records/KWPomoSettings.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWSmartProjectSetting.h"
-#include "model/records/KWTeamworker.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
 #include "model/settings/KWPomoSettingsManager.h"
 #include "support/TaskBuilder.h"
@@ -62,8 +60,6 @@ private Q_SLOTS:
             return bool(m_settings->change([&](KWUserSettingsModel &settings) { settings.*field = value; }));
         };
         const QString home = m_store->makeList(u"Home"_s);
-        const QString closed = m_store->makeList(u"Closed"_s);
-        setSaved<KWProject>(*m_store, closed, &KWProjectModel::closed, true);
         const QString both =
             KWUserSettingsDidChangeNotification + u' ' + KWTaskDefaultConfigurationChangedNotification;
         QVERIFY(m_settings->updateTimeZoneOptionEnable(true));
@@ -73,6 +69,9 @@ private Q_SLOTS:
         QVERIFY(with(&KWUserSettingsModel::defaultListID, home));
         QCOMPARE(posted(), both);
         QCOMPARE(m_store->account().defaultAddtoList(), home);
+        setSaved<KWProject>(*m_store, home, &KWProjectModel::closed, true);
+        QCOMPARE(m_store->account().defaultAddtoList(), KWProject::inboxIDOfUser(m_store->userID()));
+        QVERIFY(with(&KWUserSettingsModel::defaultListID, QString{}));
 
         QVERIFY(with(&KWUserSettingsModel::showsInToday, false));
         QCOMPARE(m_posted.last(), KWHabitSettingsChangedNotification);
@@ -83,7 +82,7 @@ private Q_SLOTS:
             QVERIFY(!with(&KWUserSettingsModel::firstWeekday, each));
         for (const int each : {-1, 24 * 60})
             QVERIFY(!with(&KWUserSettingsModel::smartTimeForNight, each));
-        for (const QString &each : {closed, u"gone"_s})
+        for (const QString &each : {home, u"gone"_s})
             QVERIFY(!with(&KWUserSettingsModel::defaultListID, each));
         QVERIFY(m_store->account().userSettings() == before);
         QCOMPARE(posted(), QString{});
@@ -165,20 +164,6 @@ private Q_SLOTS:
         QVERIFY(save(chosen, m_store->userID()) && !save({}, u"nobody"_s));
         QCOMPARE(posted(), KWTaskDefaultConfigurationChangedNotification);
         QVERIFY(m_store->account().taskDefaultConfiguration() == chosen);
-    }
-
-    void knowsThePeopleOfSharedLists()
-    {
-        KWPublicUserProfileManager people{m_store->kit().manager(), m_store->userID()};
-        QVERIFY(!people.profile(7));
-        saved(*m_store, [this](ObjectContext &context) {
-            KWTeamworkerModel member;
-            member.userID = m_store->userID();
-            member.userServerID = 7;
-            member.name = u"Seven"_s;
-            context.insert<KWTeamworker>(member);
-        });
-        QCOMPARE(people.profile(7)->name, u"Seven"_s);
     }
 };
 

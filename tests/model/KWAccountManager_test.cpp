@@ -2,7 +2,6 @@
 
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
-#include "model/records/KWSmartProject.h"
 #include "model/records/KWUser.h"
 #include "model/records/KWUserSettings.h"
 #include "model/store/Connection.h"
@@ -85,23 +84,6 @@ private Q_SLOTS:
             QVERIFY(account().openLocalAccount(QLocale{QString::fromLatin1(locale)}));
             QCOMPARE(account().userSettings().firstWeekday, weekday);
         }
-    }
-
-    void addsToTheChosenListWhileItCanBeUsed()
-    {
-        const QString inbox = KWProject::inboxIDOfUser(m_store->userID());
-        const QString home = m_store->makeList(u"Home"_s);
-        QCOMPARE(account().defaultAddtoList(), inbox);
-        setSaved<KWUserSettings>(*m_store, m_store->userID(), &KWUserSettingsModel::defaultListID, home);
-        const auto isInboxWhile = [&](auto member, auto value, auto before) {
-            setSaved<KWProject>(*m_store, home, member, value);
-            const bool isInbox = account().defaultAddtoList() == inbox;
-            setSaved<KWProject>(*m_store, home, member, before);
-            return isInbox && account().defaultAddtoList() == home;
-        };
-        QVERIFY(isInboxWhile(&KWProjectModel::closed, true, false));
-        QVERIFY(isInboxWhile(&KWProjectModel::isDeleted, true, false));
-        QVERIFY(isInboxWhile(&KWProjectModel::permission, KWProjectPermissionRead, KWProjectPermissionWrite));
     }
 
     void findsListsByTheirNames()

@@ -2,9 +2,6 @@
 
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
-#include "model/records/KWTaskDateTimeReminderModel.h"
-#include "model/store/Connection.h"
-#include "model/store/TimeZoneAdaptation.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
@@ -83,49 +80,6 @@ private Q_SLOTS:
         QVERIFY(scene.reminders.markDelivered(due, scene.store.clock.now()));
         QCOMPARE(scene.alertOf(id), std::nullopt);
         QCOMPARE(scene.store.context().find<KWTask>(id)->model().modifiedTime, modified);
-
-        // Stored by somebody who worked out no alert.
-        setSaved<KWTask>(scene.store, id, &KWTaskModel::startDate, at("2030-05-01 12:00", zone));
-        scene.store.context().connection().execute("UPDATE tasks SET remindTime = NULL");
-        scene.reminders.planMissing(scene.store.userID());
-        scene.store.kit().manager().threadPool().waitForDone();
-        QCOMPARE(scene.reminders.nextRemindTime(scene.store.userID(), scene.store.clock.now()),
-                 at("2030-05-01 12:00", zone));
-    }
-
-    void carriesAlertsToAnotherZoneOnce()
-    {
-        constexpr const char *away = "America/New_York";
-        ReminderScene scene;
-        const auto addDay = [&scene] {
-            TaskBuilder task = aTask("Pay rent", zone).dueOn("2030-05-02");
-            return task.with(&KWTaskModel::reminders, {u"TRIGGER:P0DT9H0M0S"_s}).savedIn(scene.store);
-        };
-        const QString left = addDay(), edited = addDay();
-        QCOMPARE(scene.alertOf(left), at("2030-05-02 09:00", zone));
-        scene.store.clock.setZone(away);
-        setSaved<KWTask>(scene.store, edited, &KWTaskModel::reminders, {u"TRIGGER:P0DT10H0M0S"_s});
-        QCOMPARE(scene.alertOf(edited), at("2030-05-02 10:00", away));
-        saved(scene.store, [](ObjectContext &context) {
-            QCOMPARE(adaptDatesToLocalTimeZone(*CXTimeZone::named(QString::fromLatin1(zone)), context), 2);
-        });
-        QCOMPARE(scene.alertOf(left), at("2030-05-02 09:00", away));
-        QCOMPARE(scene.alertOf(edited), at("2030-05-02 10:00", away));
-    }
-
-    void carriesDatesOverToAnotherTask()
-    {
-        KWTaskModel allDay = aTask("Pay rent", zone).dueFrom("2030-05-01", "2030-05-03").model();
-        allDay.repeatRule = u"RRULE:FREQ=WEEKLY"_s;
-        allDay.repeatFrom = CXRecurrenceFromCompletionDate;
-        allDay.reminders = {u"TRIGGER:P0DT9H0M0S"_s};
-        const KWTaskModel timed = aTask("Pay rent", zone).startingAt("2030-05-01 10:00").model();
-        for (const KWTaskModel &each : {allDay, timed, aTask("Pay rent", zone).model()}) {
-            KWTaskModel copy = aTask("Pay rent", zone).dueOn("2020-01-01").model();
-            copy.reminders = {u"TRIGGER:PT0S"_s};
-            KWTaskDateTimeReminderModel::ofTask(each).applyTo(copy, QString::fromLatin1(zone));
-            QVERIFY(copy == each);
-        }
     }
 
     void staysSilentAboutWhatNobodyIsToHear()

@@ -94,12 +94,10 @@ private Q_SLOTS:
 
     void theBadgeCountsDatedItemsOfOpenTasks()
     {
-        const QString task = aTask("A", berlin)
-                                 .in(m_lists[u"Home"_s])
-                                 .withItem("late", "2030-04-30 10:00")
-                                 .withItem("today", "2030-05-01 10:00")
-                                 .withItem("tomorrow", "2030-05-02 10:00")
-                                 .savedIn(*m_store);
+        TaskBuilder builder = aTask("A", berlin).in(m_lists[u"Home"_s]);
+        for (const char *time : {"2030-04-30 10:00", "2030-05-01 10:00", "2030-05-02 10:00"})
+            builder.withItem("item", time);
+        const QString task = builder.savedIn(*m_store);
         const auto count = [this](KWBadgeType type) {
             return KWTaskFinder::countOnBadgeWithType(type, {m_store->userID()}, m_store->context());
         };
@@ -114,38 +112,11 @@ private Q_SLOTS:
     void theLatestCompletedOccurrenceIsFound()
     {
         const QString source = save(u"Home"_s, u"2030-05-02"_s, u"repeating"_s);
-        QStringList copies;
-        for (const char *completion : {"2030-04-02 09:00", "2030-04-30 09:00", "2030-04-05 09:00"})
-            copies << aTask("A")
-                          .completedAt(completion)
-                          .with(&KWTaskModel::repeatTaskID, source)
-                          .savedIn(*m_store);
+        for (const char *time : {"2030-04-02 09:00", "2030-04-30 09:00", "2030-04-05 09:00"})
+            aTask(time).completedAt(time).with(&KWTaskModel::repeatTaskID, source).savedIn(*m_store);
         const KWTask &task = *m_store->context().find<KWTask>(source);
-        QCOMPARE(KWTaskFinder::findLatestCompletedTaskRepeatedByTask(task)->sid(), copies[1]);
-    }
-
-    void newTasksStandAtAnEndOfTheirList()
-    {
-        const QString home = m_lists[u"Home"_s];
-        KWProject &list = *m_store->context().find<KWProject>(home);
-        const QString id = aTask("A", berlin).in(home).ordered(-5).savedIn(*m_store);
-        aTask("A", berlin).ordered(-5000).savedIn(*m_store);
-        QCOMPARE(list.sortOrderForNewTask(), -5 - KWSortOrderStep);
-        QCOMPARE(list.sortOrderForNewTask(ListEnd::Bottom), -5 + KWSortOrderStep);
-        QCOMPARE(m_store->context().find<KWTask>(id)->project(), &list);
-        list.markDelete();
-        QCOMPARE(m_store->context().find<KWTask>(id)->project(), nullptr);
-    }
-
-    void listsAreFoundByWhatTheyAre()
-    {
-        setSaved<KWProject>(*m_store, m_lists[u"Home"_s], &KWProjectModel::isShared, true);
-        ObjectContext &context = m_store->context();
-        const QString user = m_store->userID();
-        QCOMPARE(KWProject::orderedOpenProjects(user, context).size(), 3);
-        QCOMPARE(KWProject::findClosedProjectsOfUser(user, context).size(), 1);
-        QCOMPARE(KWProject::countOfProjectsOfUser(user, ProjectScope::OpenAndClosed, context), 4);
-        QCOMPARE(KWProject::countOfSharedProjectsOfUser(user, context), 1);
+        const KWTask *latest = KWTaskFinder::findLatestCompletedTaskRepeatedByTask(task);
+        QCOMPARE((*latest)->title, u"2030-04-30 09:00"_s);
     }
 };
 

@@ -54,9 +54,8 @@ class KWTaskTicker_test : public QObject {
 
     KWTaskModel copyOf(const QString &id)
     {
-        return m_store->context()
-            .models<KWTask>({.where = "repeatTaskID = ? AND isDeleted = 0", .values = {id}})
-            .value(0);
+        const SqlCondition copies{.where = "repeatTaskID = ? AND isDeleted = 0", .values = {id}};
+        return m_store->context().models<KWTask>(copies).value(0);
     }
     // Its checklist and subtasks with their status, the subtasks with their day.
     QString partsOf(const QString &taskID)
@@ -241,13 +240,6 @@ private Q_SLOTS:
         QCOMPARE(task(daily).status, KWTaskStatusCompleted);
         QVERIFY(ticker().undo(ticked->undo));
         QVERIFY(contents<KWTask>(*m_store) == tasks);
-    }
-
-    void refusesWhatIsInTheTrash()
-    {
-        const QString id = aTask("Task").inState(u"trashed"_s, {}).savedIn(*m_store);
-        QVERIFY(!ticker().tick(id) && !ticker().tick(u"no such task"_s));
-        QCOMPARE(task(id).status, KWTaskStatusOpen);
     }
 };
 

@@ -1,12 +1,10 @@
 #include "model/settings/KWUserDefaults.h"
 
 #include "model/events/KWNotificationCenter.h"
-#include "model/events/NotificationNames.h"
 #include "model/records/KWUserSettingsModel.h"
 #include "model/settings/DataFolders.h"
 #include "model/settings/KWSmartRecognitionConfiguration.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
-#include "support/Answers.h"
 #include "support/Files.h"
 #include "support/TestMain.h"
 
@@ -70,15 +68,6 @@ private Q_SLOTS:
         QVERIFY(!KWTaskDefaultConfigurationManager::current(*m_defaults, {}).dateOffset);
     }
 
-    void saysWhatItCouldNotWrite()
-    {
-        const QString file = m_folder->filePath(u"standard.ini"_s);
-        QVERIFY(QDir{}.mkpath(file));
-        m_defaults->set(Settings::theme, u"dark"_s);
-        QVERIFY(isRefused(m_defaults->save(), file));
-        QVERIFY(QDir{}.rmdir(file) && m_defaults->save() && QFile::exists(file));
-    }
-
     void sharesValuesBetweenTwoInstances()
     {
         // Another path to the same files, as of another process.
@@ -108,10 +97,7 @@ private Q_SLOTS:
 
         const KWSmartRecognitionConfiguration chosen{true, true, false};
         KWNotificationCenter center;
-        QStringList posted;
-        const auto observation = center.addObserver([&](const KWNotification &each) { posted << each.name; });
         chosen.save(u"two"_s, *m_defaults, center);
-        QCOMPARE(posted, QStringList{KWSmartRecognitionConfigurationDidChangeNotification});
         reopen();
         QCOMPARE(of("two"), chosen);
         QCOMPARE(of("one"), carried);

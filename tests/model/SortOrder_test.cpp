@@ -1,15 +1,12 @@
 #include "model/records/KWHabitSectionModel.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWSortOrderResetable.h"
 #include "model/records/KWTask.h"
-#include "model/records/KWTeamworker.h"
-#include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
 using namespace Qt::StringLiterals;
 
-/// Orders made by hand and orders by name.
+/// Orders made by hand.
 class SortOrder_test : public QObject {
     Q_OBJECT
 
@@ -52,21 +49,6 @@ private Q_SLOTS:
             QCOMPARE(reset(twins, places), expected);
             QCOMPARE(reset(tasks, places), expected);
         }
-        store.context().rollback();
-    }
-
-    void membersStandByNameAsTheLanguageOrders()
-    {
-        StoreFixture store;
-        QList<KWTeamworker *> members;
-        for (const QString &name : {u"zebra"_s, u"Part 10"_s, u"part 2"_s, u"Äpfel"_s, u"birne"_s}) {
-            KWTeamworkerModel member;
-            member.name = name;
-            members << &store.context().insert<KWTeamworker>(member);
-        }
-        const auto sorted = KWTeamworker::sortedByName(members, QLocale{u"de_DE"_s});
-        QCOMPARE(joined(sorted, [](const KWTeamworker *each) { return each->model().name + u','; }),
-                 u"Äpfel, birne, part 2, Part 10, zebra,"_s);
         store.context().rollback();
     }
 };

@@ -69,27 +69,6 @@ private Q_SLOTS:
         QVERIFY(OrvaneKit::open(folders, store.clock).kit);
     }
 
-    void aBackupTakesThePlaceOfTheStore()
-    {
-        StoreFixture store;
-        const DataFolders folders = store.kit().folders();
-        const QString before = aTask("Before").savedIn(store);
-        const QString file = folders.data + u"/mine.sqlite"_s;
-        QVERIFY(StoreBackups::copyTo(file, store.context().connection()));
-        const QString later = aTask("Later").savedIn(store);
-
-        QVERIFY(isRefused(restoreStore(file, folders, store.clock), u"Another program has the store open"));
-        store.close();
-        const Result<QString> kept = restoreStore(file, folders, store.clock);
-        QCOMPARE(*kept, u"store.replaced-2030-05-01T090000.sqlite"_s);
-        store.reopen();
-        QVERIFY(store.context().find<KWTask>(before) && !store.context().find<KWTask>(later));
-        store.close();
-        QVERIFY(restoreStore(folders.data + u'/' + *kept, folders, store.clock));
-        store.reopen();
-        QVERIFY(store.context().find<KWTask>(later));
-    }
-
     void whatIsNoGoodStoreIsRefused()
     {
         StoreFixture store;
@@ -98,13 +77,15 @@ private Q_SLOTS:
         const QString task = aTask("Stays").savedIn(store);
         write(data.filePath(u"text.sqlite"_s), "A letter");
         write(data.filePath(u"empty.sqlite"_s), {});
-        for (const QString &name : {u"damaged.sqlite"_s, u"newer.sqlite"_s})
+        for (const QString &name : {u"good.sqlite"_s, u"damaged.sqlite"_s, u"newer.sqlite"_s})
             QVERIFY(StoreBackups::copyTo(data.filePath(name), store.context().connection()));
         damage(data.filePath(u"damaged.sqlite"_s));
         Connection{data.filePath(u"newer.sqlite"_s).toStdString(), Connection::Access::ReadWrite}.execute(
             "PRAGMA user_version = 4000");
         for (const QString &name : {u"text.sqlite"_s, u"store.sqlite"_s})
             QVERIFY(!StoreBackups::copyTo(data.filePath(name), store.context().connection()));
+        QVERIFY(isRefused(restoreStore(data.filePath(u"good.sqlite"_s), folders, store.clock),
+                          u"Another program has the store open"));
         store.close();
         const QStringList before = data.entryList(QDir::Files);
 

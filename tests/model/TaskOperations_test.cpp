@@ -7,6 +7,7 @@
 #include "model/store/KWTaskEditor.h"
 #include "model/store/KWTaskMerger.h"
 #include "model/store/KWTaskMover.h"
+#include "model/store/KWTaskTicker.h"
 #include "model/store/KWTrashDataService.h"
 #include "support/Answers.h"
 #include "support/TaskBuilder.h"
@@ -159,6 +160,7 @@ private Q_SLOTS:
         const QString gone = make("Gone");
         throwAway({gone});
         QVERIFY(!copy(gone) && !merge({live, gone}) && !merge({gone, live}) && !move({gone}, m_work));
+        QVERIFY(!KWTaskTicker{manager()}.tick(gone) && !KWTaskTicker{manager()}.tick(u"unknown"_s));
         QCOMPARE(tasksOf(m_home), u"Live"_s);
     }
 

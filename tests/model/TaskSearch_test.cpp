@@ -3,7 +3,6 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
-#include "model/store/KWListDataFetcher.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
@@ -86,15 +85,6 @@ private Q_SLOTS:
         QCOMPARE(titles(u"tea"_s), QString{});
         m_store->context().connection().execute(
             "INSERT INTO taskSearch (taskSearch) VALUES ('integrity-check')");
-
-        ListDataRequest request{m_store->userID(), KWListIdentifier::smartProject(u"smart.all"_s)};
-        for (const auto &[text, count] : {std::pair{"cof", 1}, {"tea", 0}, {"?", 0}, {"", 1}}) {
-            request.condition.text = QString::fromLatin1(text);
-            QCOMPARE(KWListDataFetcher{m_store->clock}
-                         .reloadDataModel(request, m_store->context().connection())
-                         ->size(),
-                     count);
-        }
     }
 };
 
