@@ -1,7 +1,10 @@
 #include "model/store/KWTaskFinder.h"
 
+#include "model/account/KWPublicUserProfileManager.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTeamworker.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -117,6 +120,32 @@ private Q_SLOTS:
         const KWTask &task = *m_store->context().find<KWTask>(source);
         const KWTask *latest = KWTaskFinder::findLatestCompletedTaskRepeatedByTask(task);
         QCOMPARE((*latest)->title, u"2030-04-30 09:00"_s);
+    }
+
+    void listsAndTheirMembersAreFound()
+    {
+        setSaved<KWProject>(*m_store, m_lists[u"Home"_s], &KWProjectModel::isShared, true);
+        ObjectContext &context = m_store->context();
+        const QString user = m_store->userID();
+        QCOMPARE(KWProject::orderedOpenProjects(user, context).size(), 3);
+        QCOMPARE(KWProject::findClosedProjectsOfUser(user, context).size(), 1);
+        QCOMPARE(KWProject::countOfProjectsOfUser(user, ProjectScope::OpenAndClosed, context), 4);
+        QCOMPARE(KWProject::countOfSharedProjectsOfUser(user, context), 1);
+
+        for (const QString &name : {u"zebra"_s, u"Part 10"_s, u"part 2"_s, u"Äpfel"_s, u"birne"_s}) {
+            KWTeamworkerModel member;
+            member.userID = user;
+            member.userServerID = name.size(); // seven letters make one of them the seventh
+            member.name = name;
+            context.insert<KWTeamworker>(member);
+        }
+        const QList<KWTeamworker *> members = context.inserted<KWTeamworker>();
+        QCOMPARE(joined(KWTeamworker::sortedByName(members, QLocale{u"de_DE"_s}),
+                        [](const KWTeamworker *each) { return each->model().name + u','; }),
+                 u"Äpfel, birne, part 2, Part 10, zebra,"_s);
+        KWPublicUserProfileManager people{m_store->kit().manager(), user};
+        QVERIFY(context.save() && !people.profile(8));
+        QCOMPARE(people.profile(7)->name, u"Part 10"_s);
     }
 };
 

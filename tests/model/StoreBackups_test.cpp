@@ -69,6 +69,24 @@ private Q_SLOTS:
         QVERIFY(OrvaneKit::open(folders, store.clock).kit);
     }
 
+    void aStoreThatWasReplacedCanComeBack()
+    {
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        const QString file = folders.data + u"/mine.sqlite"_s;
+        QVERIFY(StoreBackups::copyTo(file, store.context().connection()));
+        const QString later = aTask("Later").savedIn(store);
+        store.close();
+        const Result<QString> kept = restoreStore(file, folders, store.clock);
+        QCOMPARE(*kept, u"store.replaced-2030-05-01T090000.sqlite"_s);
+        store.reopen();
+        QVERIFY(!store.context().find<KWTask>(later));
+        store.close();
+        QVERIFY(restoreStore(folders.data + u'/' + *kept, folders, store.clock));
+        store.reopen();
+        QVERIFY(store.context().find<KWTask>(later));
+    }
+
     void whatIsNoGoodStoreIsRefused()
     {
         StoreFixture store;
