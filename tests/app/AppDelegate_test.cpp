@@ -5,6 +5,7 @@
 #include "model/events/NotificationNames.h"
 #include "model/settings/KWUserDefaults.h"
 #include "support/CaseTable.h"
+#include "support/Files.h"
 #include "support/LogRecorder.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
@@ -48,9 +49,8 @@ struct DelegateScene : NotedPorts {
     // As another process would read it: settings of one process share what they have not written yet.
     int countOnDisk() const
     {
-        QFile file{settings()};
-        if (!file.open(QIODevice::ReadOnly)) return 0;
-        return QString::fromUtf8(file.readAll()).section(countKey + u'=', 1).section(u'\n', 0, 0).toInt();
+        const QString text = QString::fromUtf8(bytesOf(settings()));
+        return text.section(countKey + u'=', 1).section(u'\n', 0, 0).toInt();
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/RecordingAlerts.h"
 #include "model/exchange/DiagnosticData.h"
+#include "support/Files.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -21,19 +22,6 @@ struct RecordingDesktop final : FileManagerPort, MailPort {
     QString shown, attached;
 };
 
-void write(const QString &path, const QByteArray &text)
-{
-    QDir{}.mkpath(QFileInfo{path}.path());
-    QFile file{path};
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0) qFatal("%s", qUtf8Printable(path));
-}
-
-QByteArray read(const QString &path)
-{
-    QFile file{path};
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray{};
-}
-
 } // namespace
 
 class KWAbnormalDataCleanService_test : public QObject {
@@ -45,6 +33,7 @@ private Q_SLOTS:
         StoreFixture store;
         const DataFolders folders = store.kit().folders();
         aTask("Secret plan").savedIn(store);
+        QVERIFY(QDir{}.mkpath(folders.log()));
         write(folders.log() + u"/orvane.log"_s, "What happened\n");
         store.kit().defaults().set(Settings::newTaskPriority, 5);
         store.kit().defaults().synchronise();
@@ -70,8 +59,8 @@ private Q_SLOTS:
         tar.start(u"cmake"_s, {u"-E"_s, u"tar"_s, u"xf"_s, desktop.shown});
         QVERIFY(tar.waitForFinished() && tar.exitCode() == 0);
         QDir{QFileInfo{desktop.shown}.path()}.removeRecursively();
-        QCOMPARE(read(unpacked.filePath(u"log/orvane.log"_s)), "What happened\n"_ba);
-        const QByteArray text = read(unpacked.filePath(u"description.json"_s));
+        QCOMPARE(bytesOf(unpacked.filePath(u"log/orvane.log"_s)), "What happened\n"_ba);
+        const QByteArray text = bytesOf(unpacked.filePath(u"description.json"_s));
         QVERIFY(!text.contains("Secret") && !text.contains("Inbox"));
         const QJsonObject object = QJsonDocument::fromJson(text).object();
         QCOMPARE(object[u"store"_s][u"records"_s][u"tasks"_s][u"all"_s].toInt(), 1);

@@ -58,17 +58,6 @@ struct Traveller {
                      : store.context().find<KWChecklistItem>(id)->model().startDate;
     }
     QString wall(Instant date) { return TimeText::fromLocalTime(store.clock.zone().toLocal(date)); }
-    QString addItem(const QString &taskID, const char *localTime, bool isAllDay)
-    {
-        KWChecklistItemModel item;
-        item.userID = store.userID();
-        item.taskID = taskID;
-        item.startDate = at(localTime, home);
-        item.isAllDay = isAllDay;
-        QString id;
-        saved(store, [&](ObjectContext &context) { id = context.insert<KWChecklistItem>(item).sid(); });
-        return id;
-    }
 
     KWSyncManager absentSync;
 };
@@ -88,21 +77,26 @@ private Q_SLOTS:
                                 .dueFrom("2030-03-09", "2030-03-11")
                                 .with(&KWTaskModel::exDates, {at("2030-05-09 00:00", home)})
                                 .savedIn(store);
-        const QString floating = tomorrow().with(&KWTaskModel::isFloating, true).savedIn(store);
-        const QString fixed = tomorrow().savedIn(store);
+        const QString floating = tomorrow()
+                                     .with(&KWTaskModel::isFloating, true)
+                                     .withItem("0, of the floating task", "2030-05-02 06:30")
+                                     .savedIn(store);
+        const QString fixed = tomorrow()
+                                  .withItem("1, of a day", "2030-05-02 00:00")
+                                  .withItem("2, of a time", "2030-05-02 06:30")
+                                  .savedIn(store);
+        const auto items = store.context().models<KWChecklistItem>({.orderBy = "title"});
+        setSaved<KWChecklistItem>(store, items.at(1).sid, &KWChecklistItemModel::isAllDay, true);
         const QString nameless =
             aTask("Water", home).dueOn("2030-05-03").with(&KWTaskModel::timeZone, {}).savedIn(store);
         const QString deleted = aTask("Gone", home).dueOn("2030-05-02").savedIn(store);
         saved(store, [&](ObjectContext &context) { context.find<KWTask>(deleted)->markDelete(); });
-        const QString itemOfFloating = traveller.addItem(floating, "2030-05-02 06:30", false);
-        const QString itemOfFixed = traveller.addItem(fixed, "2030-05-02 00:00", true);
-        const QString timedItem = traveller.addItem(fixed, "2030-05-02 06:30", false);
         const auto dates = [&] {
             const KWTaskModel days = traveller.task(day);
             QStringList seen{traveller.wall(*days.endDate), traveller.wall(days.exDates.value(0))};
-            for (const QString &each : {day, floating, nameless, itemOfFloating, itemOfFixed})
+            for (const QString &each : {day, floating, nameless, items.at(0).sid, items.at(1).sid})
                 seen << traveller.wall(*traveller.startOf(each));
-            for (const QString &each : {fixed, deleted, timedItem})
+            for (const QString &each : {fixed, deleted, items.at(2).sid})
                 seen << TimeText::fromInstant(*traveller.startOf(each));
             return seen;
         };

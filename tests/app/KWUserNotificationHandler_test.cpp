@@ -100,6 +100,12 @@ struct Scene final : UserNotificationCenterPort {
             setSaved<KWTask>(store, idOf(title), &KWTaskModel::status, KWTaskStatusCompleted);
         else if (verb == u"disk")
             fillTheDisk(title == u"full");
+        else if (verb == u"notifications")
+            store.kit().defaults().set(Settings::notificationsEnabled, title == u"on");
+        else if (verb == u"sound")
+            store.kit().defaults().set(Settings::notificationSound, title == u"on");
+        else if (verb == u"hours")
+            ClockFormat::choose(title);
         else if (verb == u"look")
             noted << (task(title).status == KWTaskStatusCompleted ? u"completed"_s : u"open"_s);
         else
@@ -115,6 +121,8 @@ class KWUserNotificationHandler_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { ClockFormat::choose({}); }
+
     void tellsAsTheStoriesSay()
     {
         std::unique_ptr<Scene> scene;
@@ -130,18 +138,14 @@ private Q_SLOTS:
     void ticksAnItemAndMovesARepeatingTaskOn()
     {
         Scene scene;
-        scene.after(u"task Water 09:00"_s);
-        setSaved<KWTask>(scene.store, scene.idOf(u"Water"_s), &KWTaskModel::repeatRule, u"FREQ=DAILY"_s);
-        QString item;
-        saved(scene.store, [&](ObjectContext &context) {
-            KWChecklistItemModel model;
-            model.userID = scene.store.userID();
-            model.taskID = scene.idOf(u"Water"_s);
-            model.title = u"Roses"_s;
-            model.startDate = at("2030-05-01 09:00");
-            item = context.insert<KWChecklistItem>(model).sid();
-        });
-        scene.identifiers.insert(u"Roses"_s, u"item:"_s + item);
+        const QString task = aTask("Water")
+                                 .startingAt("2030-05-01 09:00")
+                                 .with(&KWTaskModel::reminders, {u"TRIGGER:PT0S"_s})
+                                 .with(&KWTaskModel::repeatRule, u"FREQ=DAILY"_s)
+                                 .withItem("Roses", "2030-05-01 09:00")
+                                 .savedIn(scene.store);
+        const QString item = scene.store.context().models<KWChecklistItem>({}).constFirst().sid;
+        scene.identifiers = {{u"Water"_s, u"task:"_s + task}, {u"Roses"_s, u"item:"_s + item}};
         QCOMPARE(scene.after(u"wait 60"_s), u"Water: Inbox · 09:00; Roses: Water · Inbox · 09:00"_s);
         scene.after(u"press Roses complete"_s);
         QVERIFY(scene.store.context().find<KWChecklistItem>(item)->isCompleted());
@@ -162,21 +166,6 @@ private Q_SLOTS:
         scene.after(u"wait 0"_s);
         QTRY_COMPARE(scene.task(u"Call"_s).remindTime, at("2030-05-01 09:00"));
         QCOMPARE(scene.after(u"wait 60"_s), u"Call: Inbox · 09:00"_s);
-    }
-
-    void heedsThePreferences()
-    {
-        Scene scene;
-        KWUserDefaults &defaults = scene.store.kit().defaults();
-        scene.after(u"task Call 09:00"_s);
-        scene.after(u"task Write 15:30"_s);
-        defaults.set(Settings::notificationsEnabled, false);
-        QCOMPARE(scene.after(u"wait 120"_s), u"-"_s);
-        defaults.set(Settings::notificationsEnabled, true);
-        defaults.set(Settings::notificationSound, false);
-        ClockFormat::choose(u"12"_s);
-        QCOMPARE(scene.after(u"wait 360"_s), u"Write: Inbox · 3:30 PM; no sound"_s);
-        ClockFormat::choose({});
     }
 
     void hidesWhatIsAboutToBeDeletedAndEverythingAtSignOut()

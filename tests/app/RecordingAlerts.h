@@ -2,6 +2,7 @@
 
 #include "app/ports/AlertPort.h"
 #include "app/ports/RelaunchPort.h"
+#include "app/ports/UserNotificationPorts.h"
 
 /// Keeps what alerts were shown; a test presses a button by calling `answer`.
 struct RecordingAlerts final : AlertPort {
@@ -14,6 +15,12 @@ struct RecordingAlerts final : AlertPort {
     QStringList messages;
     AlertText last;
     std::function<void(int)> answer;
+};
+
+/// Keeps the titles of the messages shown.
+struct RecordingNotifications final : UserNotificationCenterPort {
+    void show(const UserNotification &notification) override { titles << notification.title; }
+    QStringList titles;
 };
 
 struct CountingRelaunch final : RelaunchPort {

@@ -1,8 +1,8 @@
 #include "app/SingleInstance.h"
 
+#include "support/Files.h"
 #include "support/TestMain.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -64,8 +64,7 @@ private Q_SLOTS:
     void refusesAFolderThatCannotBeWritten()
     {
         const DataFolders folders{m_folder.filePath(u"file"_s), m_folder.path()};
-        QFile file{folders.data}; // stops root too
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        write(folders.data, {}); // stops root too
         QCOMPARE(startOfAnother(folders), u"Orvane cannot write its data in “%1”."_s.arg(folders.data));
     }
 };

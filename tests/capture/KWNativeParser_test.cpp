@@ -3,6 +3,7 @@
 #include "capture/CaseText.h"
 #include "capture/LocaleDateFormat.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
@@ -62,10 +63,8 @@ private Q_SLOTS:
         QCOMPARE(described(model.startDateTime), cells[2]);
         QCOMPARE(described(model.endDateTime), cells[3]);
         QCOMPARE(model.repeatRule, cells[4] == u"-" ? QString{} : cells[4]);
-        QStringList reminders;
-        for (const CXAlarmTrigger &each : model.alarmTriggers)
-            reminders.append(each.representation());
-        QCOMPARE(reminders.isEmpty() ? u"-"_s : reminders.join(u' '), cells[5]);
+        const QString reminders = joined(model.alarmTriggers, &CXAlarmTrigger::representation);
+        QCOMPARE(reminders.isEmpty() ? u"-"_s : reminders, cells[5]);
     }
 
     void locatesPhrases_data() { addCaseRows("tokens/phrases.txt", 4); }

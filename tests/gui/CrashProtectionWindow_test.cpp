@@ -5,6 +5,7 @@
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/StoreBackups.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -67,11 +68,9 @@ private Q_SLOTS:
 
         const QStringList kept = QDir{folders.data}.entryList({u"store.*-*.sqlite"_s});
         store.reopen();
-        QStringList titles;
-        for (const KWTaskModel &each : store.context().models<KWTask>({.orderBy = "title"}))
-            titles << each.title;
-        QCOMPARE(titles.join(u' '), cells[2]);
-        QCOMPARE(kept.size(), titles.size() == 2 ? 0 : 1);
+        const QList<KWTaskModel> tasks = store.context().models<KWTask>({.orderBy = "title"});
+        QCOMPARE(joined(tasks, &KWTaskModel::title), cells[2]);
+        QCOMPARE(kept.size(), tasks.size() == 2 ? 0 : 1);
         for (const QString &each : kept)
             QVERIFY2(m_said.contains(each), qUtf8Printable(m_said));
     }

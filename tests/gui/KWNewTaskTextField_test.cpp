@@ -1,5 +1,6 @@
 #include "views/addfield/KWNewTaskTextField.h"
 
+#include "support/Answers.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -123,17 +124,14 @@ private Q_SLOTS:
                  piece(RecognizedPieceType::Date, 1, 0)});
             putCaret(*m_field, caret);
             QTest::keyClick(m_field.get(), key);
-            QList<int> locations;
-            for (const RecognizedPiece &each : m_field->pieces())
-                locations.append(int(each.location));
-            return locations;
+            return joined(m_field->pieces(), [](const auto &each) { return QString::number(each.location); });
         };
-        QCOMPARE(locationsAfter(0, Qt::Key_X), (QList{6, 15}));
-        QCOMPARE(locationsAfter(1, Qt::Key_Backspace), (QList{4, 13}));
-        QCOMPARE(locationsAfter(7, Qt::Key_X), QList{15}); // within the first
-        QCOMPARE(locationsAfter(13, Qt::Key_X), (QList{5, 15}));
-        QCOMPARE(locationsAfter(17, Qt::Key_Backspace), QList{5}); // within the second
-        QCOMPARE(locationsAfter(19, Qt::Key_X), (QList{5, 14}));
+        QCOMPARE(locationsAfter(0, Qt::Key_X), u"6 15"_s);
+        QCOMPARE(locationsAfter(1, Qt::Key_Backspace), u"4 13"_s);
+        QCOMPARE(locationsAfter(7, Qt::Key_X), u"15"_s); // within the first
+        QCOMPARE(locationsAfter(13, Qt::Key_X), u"5 15"_s);
+        QCOMPARE(locationsAfter(17, Qt::Key_Backspace), u"5"_s); // within the second
+        QCOMPARE(locationsAfter(19, Qt::Key_X), u"5 14"_s);
     }
 
 private:

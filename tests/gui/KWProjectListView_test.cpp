@@ -94,18 +94,13 @@ private Q_SLOTS:
         QCOMPARE(model().rowCount(), 0);
     }
 
-    void arrowsSelectAndPassOverHeaders()
+    void selectsPassesOverHeadersAndFolds()
     {
         QVERIFY(m_view->selectNode(Type::smartProject, u"smart.today"_s));
         QTest::keyClick(m_view.get(), Qt::Key_Down); // the header takes the keyboard, not the selection
         QCOMPARE(m_view->selectedNode()->entityID(), u"smart.today"_s);
         QTest::keyClick(m_view.get(), Qt::Key_Down);
         QCOMPARE(m_view->selectedNode(), m_tree->folder);
-    }
-
-    void foldsByKeysAndClicks()
-    {
-        m_view->selectNode(Type::group, u"home"_s);
         QTest::keyClick(m_view.get(), Qt::Key_Left);
         QVERIFY(!m_tree->folder->isExpanded());
         QTest::keyClick(m_view.get(), Qt::Key_Right);

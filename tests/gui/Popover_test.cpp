@@ -1,5 +1,6 @@
 #include "gui/ClientFixture.h"
 #include "model/records/KWTask.h"
+#include "support/Answers.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/MainWindow.h"
@@ -29,13 +30,7 @@ class Popover_test : public QObject {
         QTest::keyClicks(&popover().addField(), text);
         QTest::keyClick(&popover().addField(), Qt::Key_Return);
     }
-    QStringList titles()
-    {
-        QStringList titles;
-        for (const KWTaskListItemModel &each : popover().model().rows())
-            titles << each.title;
-        return titles;
-    }
+    QString titles() { return joined(popover().model().rows(), &KWTaskListItemModel::title); }
 
 private Q_SLOTS:
     void init()
@@ -45,7 +40,7 @@ private Q_SLOTS:
         open();
         QVERIFY(popover().addField().hasFocus());
         add(u"Feed the cat"_s);
-        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+        QTRY_COMPARE(titles(), u"Feed the cat"_s);
         m_taskID = popover().model().rows().constFirst().sid;
     }
     void cleanup() { m_client.reset(); }
@@ -56,7 +51,7 @@ private Q_SLOTS:
         add(u"Call the venue tomorrow"_s);
         popover().list().selectTask(m_taskID);
         QTest::keyClick(&popover().list(), Qt::Key_Space);
-        QTRY_COMPARE(titles(), QStringList{});
+        QTRY_COMPARE(titles(), QString{});
     }
 
     void leavesOutWhatIsBeingDeleted()
@@ -64,9 +59,9 @@ private Q_SLOTS:
         m_client->rooms().statusItem().resetPopover();
         m_client->rooms().deletes().deleteTasks({m_taskID});
         open();
-        QCOMPARE(titles(), QStringList{});
+        QCOMPARE(titles(), QString{});
         m_client->rooms().deletes().undo();
-        QTRY_COMPARE(titles(), QStringList{u"Feed the cat"_s});
+        QTRY_COMPARE(titles(), u"Feed the cat"_s);
     }
 
     void goesByEscapeAndComesAgain()

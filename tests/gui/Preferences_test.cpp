@@ -1,11 +1,11 @@
 #include "gui/ClientFixture.h"
 #include "gui/WindowHelp.h"
 #include "model/events/NotificationNames.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/settings/ClockFormat.h"
 #include "model/store/StoreBackups.h"
+#include "support/CaseTable.h"
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 #include "views/preferences/PreferencesWindow.h"
@@ -146,7 +146,6 @@ private Q_SLOTS:
         QTRY_VERIFY(isInSidebar(KWSmartProject::tomorrow()));
     }
 
-    // What stands there after a stroke, and what is the key then.
     void keysAreTakenOrRefused()
     {
         window().showPage(u"shortcutsPage"_s);
@@ -155,27 +154,12 @@ private Q_SLOTS:
         const auto shortcut = [this] {
             return m_client->rooms().menu().action(MenuCommand::SetDate).shortcut().toString();
         };
-        struct Stroke {
-            Qt::Key key;
-            Qt::KeyboardModifiers modifiers;
-            QString result;
-            QString refusal;
-        };
-        const Stroke strokes[] = {
-            {Qt::Key_A, Qt::NoModifier, u"Ctrl+D"_s, u"typing"_s},
-            {Qt::Key_D, Qt::AltModifier, u"Alt+D"_s, {}},
-            {Qt::Key_Q, Qt::ControlModifier, u"Alt+D"_s, u"Quit Orvane"_s},
-            {Qt::Key_Control, Qt::ControlModifier, u"Alt+D"_s, u"Quit Orvane"_s},
-            {Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier, u"Ctrl++"_s, {}},
-            {Qt::Key_Backspace, Qt::NoModifier, {}, {}},
-            {Qt::Key_Delete, Qt::AltModifier, u"Alt+Del"_s, {}},
-        };
-        for (const Stroke &each : strokes) {
-            QTest::keyClick(&keys, each.key, each.modifiers);
-            QCOMPARE(keys.text(), each.result);
-            QCOMPARE(shortcut(), each.result);
-            QCOMPARE(find<QLabel>("preferencesMessage").isHidden(), each.refusal.isEmpty());
-            QVERIFY2(each.refusal.isEmpty() || message().contains(each.refusal), qPrintable(message()));
+        for (const CaseRow &each : readCases("gui/key-strokes.txt", 3)) {
+            QTest::keySequence(&keys, QKeySequence{each.cells[0]});
+            QCOMPARE(keys.text(), each.cells[1]);
+            QCOMPARE(shortcut(), each.cells[1]);
+            QCOMPARE(find<QLabel>("preferencesMessage").isHidden(), each.cells[2].isEmpty());
+            QVERIFY2(each.cells[2].isEmpty() || message().contains(each.cells[2]), qPrintable(message()));
         }
         m_client->restart();
         QCOMPARE(shortcut(), u"Alt+Del"_s);
@@ -206,15 +190,6 @@ private Q_SLOTS:
         answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
         restore.click();
         QCOMPARE(kit.defaults().value(Settings::restoreAtStart), backups.list().constFirst().path);
-    }
-
-    void whatCannotBeSavedIsSaid()
-    {
-        QVERIFY(m_client->kit().account().signOut()); // behind the window's back
-        QVERIFY(!m_client->rooms().preferences().window());
-        Preferences preferences{m_client->kit().manager(), m_client->kit().account(),
-                                m_client->kit().defaults(), m_client->kit().center()};
-        QVERIFY(!preferences.set(&KWUserSettingsModel::firstWeekday, 3));
     }
 };
 

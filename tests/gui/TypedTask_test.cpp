@@ -1,9 +1,6 @@
 #include "gui/ClientFixture.h"
 #include "gui/WindowHelp.h"
-#include "model/events/NotificationNames.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
-#include "model/store/KWTaskTicker.h"
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
@@ -206,37 +203,6 @@ private Q_SLOTS:
         m_client->restart();
         QCOMPARE(m_client->shownTitles(), QStringList{});
         QVERIFY(tasks().last().isTrashed);
-    }
-
-    void aChangeFromAnotherProcessIsShown()
-    {
-        add(u"Pay rent"_s);
-        const QString id = pane().model().rows().first().sid;
-
-        // As the command line does it: the same file, other objects.
-        const auto other = OrvaneKit::open(m_client->kit().folders(), m_client->clock);
-        QVERIFY(bool(KWTaskTicker{other.kit->manager()}.updateStatus(KWTaskStatusCompleted, id)));
-        m_client->kit().manager().refreshAll();
-        m_client->kit().center().post(KWDataDidChangeOutsideMainAppNotification);
-        QCOMPARE(m_client->shownTitles(), QStringList{});
-    }
-
-    void aLongListShowsItsTopAtOnceAndTheRestSoon()
-    {
-        KWTaskModel task;
-        task.userID = m_client->kit().account().currentUserID();
-        task.projectID = KWProject::inboxIDOfUser(task.userID);
-        for (int i = 0; i < 1000; ++i) {
-            task.title = u"Task %1"_s.arg(i);
-            task.sortOrder = i;
-            m_client->kit().context().insert<KWTask>(task);
-        }
-        QVERIFY(m_client->kit().context().save());
-        m_client->openList(u"Inbox"_s);
-        QVERIFY(m_client->shownTitles().size() >= 100);
-        QCOMPARE(m_client->shownTitles().first(), u"Task 0"_s);
-        QTRY_COMPARE(m_client->shownTitles().size(), 1000);
-        QCOMPARE(m_client->shownTitles().last(), u"Task 999"_s);
     }
 };
 

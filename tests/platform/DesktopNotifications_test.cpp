@@ -1,6 +1,7 @@
 #include "platform/DesktopNotifications.h"
 
 #include "app/KWUserNotificationHandler.h"
+#include "app/RecordingAlerts.h"
 #include "model/records/KWTask.h"
 #include "platform/FakeService.h"
 #include "support/TaskBuilder.h"
@@ -14,11 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString name = u"org.freedesktop.Notifications"_s;
-
-struct RecordingPanel final : UserNotificationCenterPort {
-    void show(const UserNotification &notification) override { titles << notification.title; }
-    QStringList titles;
-};
 
 struct FakeNotificationServer : FakeService {
     struct Message {
@@ -78,7 +74,7 @@ class DesktopNotifications_test : public QObject {
                           .body = u"a <b>"_s,
                           .actions = {{u"default"_s, u"Open"_s}, {u"complete"_s, u"Complete"_s}}});
         }
-        RecordingPanel panel;
+        RecordingNotifications panel;
         DesktopNotifications desktop{panel};
         QStringList heard;
     };
@@ -93,7 +89,7 @@ private Q_SLOTS:
     void remindsAndDoesWhatIsPressed()
     {
         FakeNotificationServer server;
-        RecordingPanel panel;
+        RecordingNotifications panel;
         DesktopNotifications desktop{panel};
         StoreFixture store{"2030-05-01 08:00"};
         OrvaneKit &kit = store.kit();

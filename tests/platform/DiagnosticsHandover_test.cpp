@@ -2,9 +2,10 @@
 #include "platform/XdgMail.h"
 
 #include "platform/FakeService.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
-#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -18,16 +19,14 @@ class DiagnosticsHandover_test : public QObject {
     // A program on PATH that writes down its arguments, a line each.
     void provide(const QString &name)
     {
-        QFile program{m_programs.filePath(name)};
-        QVERIFY(program.open(QIODevice::WriteOnly));
-        program.write("#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.part\" && mv \"$0.part\" \"$0.args\"\n");
-        program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const QString program = m_programs.filePath(name);
+        write(program, "#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.part\" && mv \"$0.part\" \"$0.args\"\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     QString argumentsOf(const QString &name) const
     {
-        QFile written{m_programs.filePath(name + u".args"_s)};
-        return written.open(QIODevice::ReadOnly) ? QString::fromUtf8(written.readAll()) : QString{};
+        return QString::fromUtf8(bytesOf(m_programs.filePath(name + u".args"_s)));
     }
 
 private Q_SLOTS:

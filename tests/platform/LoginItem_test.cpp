@@ -1,5 +1,6 @@
 #include "platform/LoginItem.h"
 
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QCoreApplication>
@@ -15,11 +16,7 @@ class LoginItem_test : public QObject {
     QTemporaryDir m_folder;
     QString m_entry = m_folder.filePath(u"autostart/org.orvane.Orvane.desktop"_s);
 
-    QString entry()
-    {
-        QFile file{m_entry};
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString{};
-    }
+    QString entry() { return QString::fromUtf8(bytesOf(m_entry)); }
 
 private Q_SLOTS:
     void goesOnAndOffAndObeysTheDesktopsOwnSettings()
@@ -35,9 +32,7 @@ private Q_SLOTS:
         const QString on = entry();
         for (const QString &off :
              {on + u"Hidden=true\n"_s, QString{on}.replace(u"enabled=true"_s, u"enabled=false"_s)}) {
-            QFile file{m_entry};
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(off.toUtf8()) > 0);
-            file.close();
+            write(m_entry, off.toUtf8());
             QCOMPARE(item.start(), LoginStart::Off);
         }
         QVERIFY(item.setStart(LoginStart::InBackground));
@@ -57,11 +52,10 @@ private Q_SLOTS:
             QVERIFY(item.setStart(LoginStart::WithWindow));
             const QDir autostart{qEnvironmentVariable("XDG_CONFIG_HOME") + u"/autostart"_s};
             QCOMPARE(autostart.entryList(QDir::Files).size(), 1);
-            QFile file{autostart.filePath(autostart.entryList(QDir::Files).constFirst())};
-            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QString file = autostart.filePath(autostart.entryList(QDir::Files).constFirst());
             QStringList command{QCoreApplication::applicationFilePath()};
             if (!home.isEmpty()) command += {u"--home"_s, home};
-            QVERIFY(file.readAll().contains("\nExec=" + LoginItem::execLine(command).toUtf8() + '\n'));
+            QVERIFY(bytesOf(file).contains("\nExec=" + LoginItem::execLine(command).toUtf8() + '\n'));
             QVERIFY(item.setStart(LoginStart::Off));
         }
     }

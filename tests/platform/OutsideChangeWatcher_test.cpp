@@ -5,6 +5,7 @@
 #include "model/records/KWTask.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/OutsideChange.h"
+#include "support/Files.h"
 #include "support/LogRecorder.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -40,9 +41,7 @@ private Q_SLOTS:
         OutsideChangeWatcher watcher{m_folders, m_store.kit().manager(), m_store.kit().center(),
                                      m_store.clock};
         watcher.start();
-        QFile file{m_folders.outsideChange()};
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(known) == known.size());
-        file.close();
+        write(m_folders.outsideChange(), known);
         hear();
         QCOMPARE(seen, QStringList{});
 
@@ -58,7 +57,7 @@ private Q_SLOTS:
             hear();
             QCOMPARE(seen, titles << title);
         }
-        QVERIFY(file.remove());
+        QVERIFY(QFile::remove(m_folders.outsideChange()));
         hear();
         QCOMPARE(seen.size(), 3);
         QVERIFY(announceOutsideChange(m_folders));
