@@ -30,3 +30,11 @@ QString textOf(const QList<TextRange> &ranges)
         texts.append(QStringLiteral("%1+%2").arg(each.location).arg(each.length));
     return texts.isEmpty() ? QStringLiteral("-") : texts.join(u' ');
 }
+
+TagTextEntities tagsAt(const QString &cell, const QString &text)
+{
+    TagTextEntities tags;
+    for (const TextRange &each : rangesOf(cell))
+        tags.append(std::make_shared<KWTagTextEntity>(each, text.mid(each.location, each.length)));
+    return tags;
+}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/TextRange.h"
+#include "capture/KWTagTextEntity.h"
 
 #include <QList>
 #include <QString>
@@ -13,3 +13,6 @@ QString quotedText(const QString &cell);
 /// "3+5 10+2": the ranges [3, 8) and [10, 12); "-" for none.
 QList<TextRange> rangesOf(const QString &cell);
 QString textOf(const QList<TextRange> &ranges);
+
+/// The tags at those places of the text.
+TagTextEntities tagsAt(const QString &cell, const QString &text);

@@ -72,12 +72,10 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, cells);
         const QString text = quotedText(cells[1]);
-        TextEntities tags;
-        for (const TextRange &each : rangesOf(cells[2]))
-            tags.append(std::make_shared<KWTagTextEntity>(each, text.mid(each.location, each.length)));
-        const auto found = KWNativeParser::fetchRangeForRecognizeString(quotedText(cells[0]), text, tags,
-                                                                        Qt::CaseSensitive, {0, text.size()},
-                                                                        KWNativeParser::isChineseInput(text));
+        const TagTextEntities tags = tagsAt(cells[2], text);
+        const auto found = KWNativeParser::fetchRangeForRecognizeString(
+            quotedText(cells[0]), text, {tags.begin(), tags.end()}, Qt::CaseSensitive, {0, text.size()},
+            KWNativeParser::isChineseInput(text));
         QCOMPARE(found ? textOf(QList{*found}) : u"-"_s, cells[3]);
     }
 

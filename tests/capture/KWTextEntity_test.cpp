@@ -67,9 +67,7 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, cells);
         const QString title = quotedText(cells[0]);
-        TagTextEntities entities;
-        for (const TextRange &each : rangesOf(cells[1]))
-            entities.append(std::make_shared<KWTagTextEntity>(each, title.mid(each.location, each.length)));
+        const TagTextEntities entities = tagsAt(cells[1], title);
 
         QString result;
         QSet<QString> tags{u"left over"_s};

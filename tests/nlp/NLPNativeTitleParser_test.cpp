@@ -111,20 +111,25 @@ QStringList documentedPhrases(const QString &from, const QString &to, int cells)
 class NLPNativeTitleParser_test : public QObject {
     Q_OBJECT
 
-    void addTitles(const char *file, int columns, const QString &language)
+    struct TitleFile {
+        const char *name;
+        QString language;
+    };
+    void addTitles(int columns, std::initializer_list<TitleFile> files)
     {
-        for (const CaseRow &row : readCases(file, columns))
-            QTest::addRow("%s %s", row.where.constData(), qPrintable(language)) << row.cells << language;
+        QTest::addColumn<QStringList>("cells");
+        QTest::addColumn<QString>("language");
+        for (const auto &[name, language] : files)
+            for (const CaseRow &row : readCases(name, columns))
+                QTest::addRow("%s %s", row.where.constData(), qPrintable(language)) << row.cells << language;
     }
 
 private Q_SLOTS:
     void readsTitles_data()
     {
-        QTest::addColumn<QStringList>("cells");
-        QTest::addColumn<QString>("language");
-        addTitles("dates/english.txt", 6, u"en"_s);
-        addTitles("dates/english.txt", 6, u"zh"_s);
-        addTitles("dates/chinese.txt", 6, u"zh"_s);
+        addTitles(
+            6,
+            {{"dates/english.txt", u"en"_s}, {"dates/english.txt", u"zh"_s}, {"dates/chinese.txt", u"zh"_s}});
     }
     void readsTitles()
     {
@@ -143,12 +148,10 @@ private Q_SLOTS:
 
     void leavesTitlesAlone_data()
     {
-        QTest::addColumn<QStringList>("cells");
-        QTest::addColumn<QString>("language");
-        addTitles("dates/english-none.txt", 1, u"en"_s);
-        addTitles("dates/english-none.txt", 1, u"zh"_s);
-        addTitles("dates/chinese-none.txt", 1, u"zh"_s);
-        addTitles("dates/english-other.txt", 1, u"en"_s);
+        addTitles(1, {{"dates/english-none.txt", u"en"_s},
+                      {"dates/english-none.txt", u"zh"_s},
+                      {"dates/chinese-none.txt", u"zh"_s},
+                      {"dates/english-other.txt", u"en"_s}});
     }
     void leavesTitlesAlone()
     {
