@@ -30,6 +30,7 @@ void Session::observe()
     on(KWDataDidChangeOutsideMainAppNotification, &Session::refreshBadgeAndMenus);
     on(KWListDisplayConfigurationDidChangeNotification, &Session::refreshBadgeAndMenus);
     on(KWSyncDidPullHabitSettingsNotification, &Session::refreshBadge);
+    on(KWHabitSettingsChangedNotification, &Session::refreshBadge);
     on(WorkspaceDidWakeNotification, &Session::computerDidAwake);
     on(SystemTimeZoneDidChangeNotification, &Session::systemTimeZoneDidChange);
     m_registration = m_bus.registerEventBus([this](const StoreChange &change) { recordsDidChange(change); });
@@ -130,8 +131,8 @@ void Session::refreshBadge()
 void Session::recordsDidChange(const StoreChange &change)
 {
     // A list that is archived or deleted takes its tasks out of the count.
-    for (const RecordKind kind :
-         {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project, RecordKind::Habit})
+    for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project,
+                                  RecordKind::Habit, RecordKind::HabitCheckin, RecordKind::HabitSkip})
         if (change.touches(kind)) return refreshBadge();
 }
 

@@ -2,6 +2,7 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "model/account/KWAccountManager.h"
+#include "model/records/KWHabit.h"
 #include "model/settings/KWUserDefaults.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/KWTaskFinder.h"
@@ -11,8 +12,25 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
 constexpr CXLogger badgeLog{u"badge"};
-}
+
+/// What the badge counts, by value.
+struct BadgeContents {
+    KWBadgeType type = KWBadgeType::None;
+    TaskOwner owner{};
+    bool hasHabits = false;
+
+    int count(ObjectContext &context) const
+    {
+        if (owner.userID.isEmpty() || type == KWBadgeType::None) return 0;
+        const int tasks = KWTaskFinder::countOnBadgeWithType(type, owner, context);
+        if (!hasHabits) return tasks;
+        return tasks + KWHabit::countOpenOn(context.clock().today(), owner.userID, context);
+    }
+};
+
+} // namespace
 
 LauncherBadge::LauncherBadge(KWCoreDataManager &manager, KWAccountManager &account, KWUserDefaults &defaults,
                              BusConnector connector)
@@ -29,14 +47,15 @@ void LauncherBadge::refreshBadge(std::function<void()> whenShown)
 void LauncherBadge::count()
 {
     m_counting = std::exchange(m_waiting, {});
-    const auto type = KWBadgeType(m_defaults.value(Settings::badgeTypeShownInDock));
-    const auto &user = m_account.currentUser();
+    BadgeContents contents{.type = KWBadgeType(m_defaults.value(Settings::badgeTypeShownInDock))};
+    if (const auto &user = m_account.currentUser()) {
+        contents.owner = {user->sid, user->userServerID};
+        contents.hasHabits = m_account.userSettings().showsInToday;
+    }
     const auto number = std::make_shared<int>(0);
-    const TaskOwner owner =
-        user ? TaskOwner{user->sid, user->userServerID} : TaskOwner{QString{}, std::nullopt};
     KWCoreDataService{m_manager}.async_perform(
-        [number, type, owner](ObjectContext &context) -> Result<void> {
-            if (!owner.userID.isEmpty()) *number = KWTaskFinder::countOnBadgeWithType(type, owner, context);
+        [number, contents](ObjectContext &context) -> Result<void> {
+            *number = contents.count(context);
             return {};
         },
         [this, number, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {

@@ -1,5 +1,8 @@
 #include "platform/LauncherBadge.h"
 
+#include "model/records/KWHabit.h"
+#include "model/records/KWHabitSkip.h"
+#include "model/store/KWHabitUtils.h"
 #include "model/store/KWTaskFinder.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -48,13 +51,39 @@ private Q_SLOTS:
             QTRY_COMPARE(shown, 2 * expected.size());
         }
 
+        // Habits of today count until they are done; those of other days, skipped and archived ones do not.
+        QString open;
+        saved(store, [&](ObjectContext &context) {
+            KWHabitModel habit;
+            habit.userID = store.userID();
+            open = context.insert<KWHabit>(habit).sid();
+            KWHabitSkipModel skip;
+            skip.habitID = context.insert<KWHabit>(habit).sid();
+            skip.stamp = 2030'05'01;
+            context.insert<KWHabitSkip>(skip);
+            habit.repeatRule = u"FREQ=DAILY;BYDAY=TH"_s; // the day is a Wednesday
+            context.insert<KWHabit>(habit);
+            habit.repeatRule.clear();
+            habit.isArchived = true;
+            context.insert<KWHabit>(habit);
+        });
+        refresh();
+        expected << u"4"_s;
+        QTRY_COMPARE(m_numbers, expected);
+        QVERIFY(KWHabitUtils{kit.manager()}.updateHabitCheckin(open, 2030'05'01, HabitCheck::Add,
+                                                               CheckedBy::Person));
+        refresh();
+        expected << u"3"_s;
+        QTRY_COMPARE(m_numbers, expected);
+        QTRY_COMPARE(shown, 8);
+
         aTask("Some other day").savedIn(store);
         refresh();
         badge.clearBadge(); // the count under way comes too late
-        QTRY_COMPARE(shown, 7);
+        QTRY_COMPARE(shown, 9);
         if (!kit.account().signOut()) QFAIL("no sign-out");
         refresh();
-        QTRY_COMPARE(shown, 8);
+        QTRY_COMPARE(shown, 10);
         expected << u"none"_s;
         QTRY_COMPARE(m_numbers, expected);
     }

@@ -6,6 +6,8 @@
 #include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
 
+#include <algorithm>
+
 namespace {
 
 const char *conditionOf(HabitScope scope)
@@ -45,6 +47,24 @@ QList<KWHabit *> KWHabit::fetchAll(const QString &userID, HabitScope scope, Obje
                                    .values = {userID},
                                    .orderBy = "sortOrder, sid",
                                    .index = "habitsInOrder"});
+}
+
+int KWHabit::countOpenOn(Day day, const QString &userID, ObjectContext &context)
+{
+    const auto isOpen = [&](const KWHabit *habit) {
+        if (!habit->isDueOn(day) || habit->isSkippedOn(day)) return false;
+        const KWHabitCheckin *checkin = habit->checkInAtDateStamp(DayStamp::fromDay(day));
+        return !checkin || (*checkin)->status == KWHabitCheckinStatusNotDone;
+    };
+    return int(std::ranges::count_if(fetchAll(userID, HabitScope::Active, context), isOpen));
+}
+
+bool KWHabit::isSkippedOn(Day day) const
+{
+    const auto isOfDay = [stamp = DayStamp::fromDay(day)](const KWHabitSkip *each) {
+        return (*each)->stamp == stamp;
+    };
+    return std::ranges::any_of(skips(), isOfDay);
 }
 
 KWHabitCheckin *KWHabit::checkInAtDateStamp(int stamp) const

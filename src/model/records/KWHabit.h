@@ -19,8 +19,13 @@ public:
     /// The user's habits that are not deleted, in their manual order.
     static QList<KWHabit *> fetchAll(const QString &userID, HabitScope scope, ObjectContext &context);
 
+    /// How many of the user's habits are due on that day and open still: not done, not skipped, not said to
+    /// be unachieved. Archived ones are none of the day's.
+    static int countOpenOn(Day day, const QString &userID, ObjectContext &context);
+
     HabitFrequency frequency() const { return HabitFrequency::ofRule(model().repeatRule); }
     bool isDueOn(Day day) const { return frequency().isDueOn(day, firstDay()); }
+    bool isSkippedOn(Day day) const;
 
     /// The check-in of that day; none when nothing was entered, or when it was deleted.
     KWHabitCheckin *checkInAtDateStamp(int stamp) const;
