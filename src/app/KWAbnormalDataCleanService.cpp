@@ -26,9 +26,9 @@ Result<void> KWAbnormalDataCleanService::send()
 {
     const Result<QString> file = packDiagnosticData(m_all.folders, m_all.clock);
     if (!file) return file.error();
-    m_all.fileManager.showItem(*file);
     m_all.mail.compose(textWithApplicationName("%@ diagnostic data"), *file);
-    return {};
+    if (m_all.fileManager.showItem(*file)) return {};
+    return Error{KWLocalizedString("There is no file manager to open. The file to send is “%1”.").arg(*file)};
 }
 
 void KWAbnormalDataCleanService::sendAndTerminate()

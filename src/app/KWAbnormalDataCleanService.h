@@ -22,12 +22,14 @@ public:
 
     explicit KWAbnormalDataCleanService(Collaborators all) : m_all(std::move(all)) {}
 
-    /// Says what is about to happen; on “OK” sends, and the program terminates.
+    /// Says what is about to happen; on “OK” sends, and the program terminates. What failed is said
+    /// instead, and the program goes on.
     void run();
 
     /// What the person is told first; the first button goes on.
     AlertText announcement() const;
-    /// Packs the data, shows it in the file manager and attaches it to a new e-mail.
+    /// Packs the data, shows it in the file manager and attaches it to a new e-mail. Where there is no file
+    /// manager, the sentence says which file to send.
     Result<void> send();
 
 private:

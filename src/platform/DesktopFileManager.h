@@ -12,7 +12,7 @@ public:
     {
     }
 
-    void showItem(const QString &file) override;
+    bool showItem(const QString &file) override;
 
 private:
     QDBusConnection m_bus;

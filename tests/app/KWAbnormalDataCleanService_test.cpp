@@ -17,9 +17,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct RecordingDesktop final : FileManagerPort, MailPort {
-    void showItem(const QString &file) override { shown = file; }
+    bool showItem(const QString &file) override
+    {
+        shown = file;
+        return isThere;
+    }
     void compose(const QString &, const QString &attachment) override { attached = attachment; }
     QString shown, attached;
+    bool isThere = true;
 };
 
 } // namespace
@@ -66,6 +71,22 @@ private Q_SLOTS:
         QCOMPARE(object[u"store"_s][u"records"_s][u"tasks"_s][u"all"_s].toInt(), 1);
         QCOMPARE(object[u"store"_s][u"integrity"_s].toString(), u"ok"_s);
         QCOMPARE(object[u"preferences"_s].toArray().first().toString(), u"new_task_priority"_s);
+    }
+
+    void saysWhereTheFileIsWithoutAFileManager()
+    {
+        StoreFixture store;
+        RecordingAlerts alerts;
+        RecordingDesktop desktop;
+        desktop.isThere = false;
+        bool hasEnded = false;
+        KWAbnormalDataCleanService service{
+            {store.kit().folders(), store.clock, alerts, desktop, desktop, [&] { hasEnded = true; }}};
+        service.run();
+        alerts.answer(0);
+        QVERIFY2(alerts.last.text.contains(desktop.shown), qPrintable(alerts.last.text));
+        QVERIFY(!desktop.shown.isEmpty() && !hasEnded);
+        QDir{QFileInfo{desktop.shown}.path()}.removeRecursively();
     }
 
     void aStoreThatCannotBeReadIsDescribedToo()

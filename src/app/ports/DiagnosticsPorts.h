@@ -8,8 +8,8 @@
 class FileManagerPort {
 public:
     virtual ~FileManagerPort() = default;
-    /// Opens the folder of `file` with that file marked, where the desktop can.
-    virtual void showItem(const QString & /*file*/) {}
+    /// Opens the folder of `file` with that file marked, where the desktop can. Whether anything was opened.
+    virtual bool showItem(const QString & /*file*/) { return true; }
 };
 
 class MailPort {
