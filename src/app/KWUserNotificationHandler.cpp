@@ -196,7 +196,7 @@ Result<void> KWUserNotificationHandler::act(const ReminderSubject &subject, cons
 Result<void> KWUserNotificationHandler::complete(const ReminderSubject &subject)
 {
     if (!subject.itemID.isEmpty()) return KWTaskEditor{m_with.manager}.tickItem(subject.itemID);
-    const auto ticked = KWTaskTicker{m_with.manager}.updateStatus(KWTaskStatusCompleted, subject.taskID);
+    const auto ticked = KWTaskTicker{m_with.manager}.updateStatus(KWTaskStatusCompleted, {subject.taskID});
     return ticked ? Result<void>{} : ticked.error();
 }
 

@@ -40,7 +40,7 @@ Result<QString> giveStatus(KWTaskStatus status, const KWTaskModel &task, OrvaneK
     if (task.status == status)
         return commandText(status == KWTaskStatusOpen ? "“%1” is open already." : "“%1” is done already.")
             .arg(task.title);
-    const auto ticked = KWTaskTicker{kit.manager()}.updateStatus(status, task.sid);
+    const auto ticked = KWTaskTicker{kit.manager()}.updateStatus(status, {task.sid});
     if (!ticked) return ticked.error();
     return task.title;
 }

@@ -108,9 +108,9 @@ private:
     Result<void> merge() { return kept(m_merger.merge({m_task, m_copy})); }
     Result<void> copy()
     {
-        const Result<QString> copied = KWTaskCopier{manager(), m_store.kit().center()}.copy(m_task);
-        if (copied) m_copy = *copied;
-        return done(copied);
+        const auto copied = KWTaskCopier{manager(), m_store.kit().center()}.copy({m_task});
+        if (copied) m_copy = copied->taskIDs.first();
+        return copied ? Result<void>{} : copied.error();
     }
     Result<void> travel() // east, then west
     {

@@ -159,13 +159,13 @@ private Q_SLOTS:
         const QString rule = cells.at(1) == u"-" ? QString{} : cells.at(1);
         const QString id = makeWeeklyReview();
         setSaved<KWTask>(*m_store, id, &KWTaskModel::repeatRule, QString{});
-        QVERIFY(ticker().updateStatus(KWTaskStatus(cells.at(2).toInt()), id));
+        QVERIFY(ticker().updateStatus(KWTaskStatus(cells.at(2).toInt()), {id}));
         setSaved<KWTask>(*m_store, id, &KWTaskModel::repeatRule, rule);
         const auto tasks = contents<KWTask>(*m_store);
         const auto items = contents<KWChecklistItem>(*m_store);
 
         m_store->clock.advance(std::chrono::hours{2}); // the snoozed reminder is due
-        const auto ticked = ticker().updateStatus(KWTaskStatus(cells.at(3).toInt()), id);
+        const auto ticked = ticker().updateStatus(KWTaskStatus(cells.at(3).toInt()), {id});
         QVERIFY(ticked && contents<KWTask>(*m_store) != tasks);
         QCOMPARE(m_store->context().number("SELECT count(*) FROM tasks WHERE status = 0"),
                  cells.at(4).toInt());

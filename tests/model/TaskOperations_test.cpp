@@ -46,9 +46,9 @@ class TaskOperations_test : public QObject {
         });
     }
     QString trash() { return tasksOf(m_home, "isTrashed = 1"); }
-    Result<QString> copy(const QString &id)
+    Result<KWTaskCopier::Copied> copy(const QStringList &ids)
     {
-        return KWTaskCopier{manager(), m_store->kit().center()}.copy(id);
+        return KWTaskCopier{manager(), m_store->kit().center()}.copy(ids);
     }
     Result<UndoToken> merge(const QStringList &ids) { return KWTaskMerger{manager()}.merge(ids); }
     Result<UndoToken> move(const QStringList &ids, const QString &list)
@@ -125,19 +125,24 @@ private Q_SLOTS:
         const auto observation = m_store->kit().center().addObserver(
             KWWillDuplicateTaskNotification, [&](const auto &each) { announced = each.object.toString(); });
 
-        const auto copied = copy(parent);
+        const auto copied = copy({parent});
         QCOMPARE(announced, parent);
         QCOMPARE(tasksOf(m_home), u"Parent Parent Next Open<Parent Open<Parent Done<Parent"_s);
-        QCOMPARE(task(*copied)->status, KWTaskStatusOpen);
-        QCOMPARE(task(*copied).orderedChecklistItems().size(), 1);
+        QCOMPARE(task(copied->taskIDs.first())->status, KWTaskStatusOpen);
+        QCOMPARE(task(copied->taskIDs.first()).orderedChecklistItems().size(), 1);
         QCOMPARE(m_store->context().models<KWAttachment>({}).size(), 2);
         for (int i = 0; i < 45; ++i) // until there is no room between two
-            QVERIFY(copy(parent));
+            QVERIFY(copy({parent}));
         QVERIFY(tasksOf(m_home).startsWith(u"Parent Parent"_s));
         for (const char *each : {"A", "B", "C"}) // at one place
             make(each, {}, -1);
-        QVERIFY(copy(m_store->context().fetch<KWTask>({.where = "title = 'B'"}).first()->sid()));
-        QVERIFY(tasksOf(m_home).startsWith(u"A B B C Parent"_s));
+        QStringList ids;
+        for (const KWTask *each : m_store->context().fetch<KWTask>({.where = "title IN ('A', 'B', 'C')"}))
+            ids.prepend(each->sid());
+        const auto several = copy(ids);
+        QVERIFY(tasksOf(m_home).startsWith(u"A A B B C C Parent"_s));
+        QVERIFY(several->undo.undo(manager()));
+        QVERIFY(tasksOf(m_home).startsWith(u"A B C Parent"_s));
     }
 
     void duplicatesNoRemindersThatWereMissed()
@@ -148,7 +153,7 @@ private Q_SLOTS:
         builder.with(&KWTaskModel::serverStartDate, at("2030-05-01 09:00"));
         const QString id = builder.withItem("item", "2030-05-01 09:10").savedIn(*m_store);
         m_store->clock.advance(std::chrono::minutes{40});
-        const KWTask &copied = task(*copy(id));
+        const KWTask &copied = task(copy({id})->taskIDs.first());
         QCOMPARE(copied->remindTime, copied->startDate);
         QVERIFY(!copied->snoozedRemindDate && !copied->serverStartDate);
         QVERIFY(!copied.orderedChecklistItems().first()->model().remindTime);
@@ -159,7 +164,7 @@ private Q_SLOTS:
         const QString live = make("Live");
         const QString gone = make("Gone");
         throwAway({gone});
-        QVERIFY(!copy(gone) && !merge({live, gone}) && !merge({gone, live}) && !move({gone}, m_work));
+        QVERIFY(!copy({live, gone}) && !merge({live, gone}) && !merge({gone, live}) && !move({gone}, m_work));
         QVERIFY(!KWTaskTicker{manager()}.tick(gone) && !KWTaskTicker{manager()}.tick(u"unknown"_s));
         QCOMPARE(tasksOf(m_home), u"Live"_s);
     }

@@ -3,12 +3,15 @@
 #include "model/events/KWNotificationCenter.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSortOrderResetable.h"
+#include "model/records/KWTaskItemTree.h"
+#include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/TaskCopies.h"
 #include "model/store/TaskPermissions.h"
 
 #include <QHash>
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -25,21 +28,32 @@ KWTask &openCopy(const KWTask &task)
     return copy;
 }
 
+// The tasks of the list from `behind` on, with copies made just now, in their manual order.
+QList<KWTask *> followers(const KWTask &task, const SqlCondition &behind)
+{
+    QList<KWTask *> found = task.context().fetch<KWTask>(behind);
+    for (KWTask *each : task.context().inserted<KWTask>())
+        if ((*each)->projectID == task->projectID && (*each)->sortOrder > task->sortOrder) found.append(each);
+    std::ranges::stable_sort(found, {}, [](const KWTask *each) { return (*each)->sortOrder; });
+    return found;
+}
+
 // Half-way to the next task of the list; when there is no room left, all behind it make some.
 void placeBehind(KWTask &task, KWTask &copy)
 {
     SqlCondition behind{.where =
                             "projectID = ? AND (sortOrder, id) > (?, (SELECT id FROM tasks WHERE sid = ?))"
                             " AND isDeleted = 0 AND isTrashed = 0",
-                        .values = {task->projectID, task->sortOrder, task.sid()},
+                        .values = {task->projectID, task.storedVersion()->sortOrder, task.sid()},
                         .orderBy = "sortOrder, id",
                         .limit = 1};
-    const QList<KWTaskModel> next = task.context().models<KWTask>(behind);
-    const std::int64_t end = next.isEmpty() ? task->sortOrder + 2 * KWSortOrderStep : next.first().sortOrder;
+    const QList<KWTask *> next = task.context().fetch<KWTask>(behind);
+    const std::int64_t end =
+        next.isEmpty() ? task->sortOrder + 2 * KWSortOrderStep : (*next.first())->sortOrder;
     KWEntitySortOrder::update(copy, std::midpoint(task->sortOrder, end));
     if (copy->sortOrder > task->sortOrder) return;
     behind.limit = -1;
-    resetSortOrderIfNeeded(QList<KWTask *>{&task, &copy} + task.context().fetch<KWTask>(behind));
+    resetSortOrderIfNeeded(QList<KWTask *>{&task, &copy} + followers(task, behind));
 }
 
 void copyDescendants(KWTask &task, KWTask &copy)
@@ -55,23 +69,32 @@ void copyDescendants(KWTask &task, KWTask &copy)
     }
 }
 
+KWTask &copyTree(KWTask &task)
+{
+    KWTask &copy = openCopy(task);
+    placeBehind(task, copy);
+    copyDescendants(task, copy);
+    copy.attachBehind(task);
+    return copy;
+}
+
 } // namespace
 
-Result<QString> KWTaskCopier::copy(const QString &taskID)
+Result<KWTaskCopier::Copied> KWTaskCopier::copy(const QStringList &taskIDs)
 {
-    m_center.post(KWWillDuplicateTaskNotification, taskID);
-    QString copyID;
+    for (const QString &each : taskIDs)
+        m_center.post(KWWillDuplicateTaskNotification, each);
+    Copied copied;
     const auto duplicate = [&](ObjectContext &context) -> Result<void> {
-        KWTask *task = context.find<KWTask>(taskID);
-        if (const Result<void> allowed = mayChangeOutsideTrash(task); !allowed) return allowed;
-        KWTask &copy = openCopy(*task);
-        placeBehind(*task, copy);
-        copyDescendants(*task, copy);
-        copy.attachBehind(*task);
-        copyID = copy.sid();
+        const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
+        if (tasks.isEmpty()) return mayChange(nullptr);
+        if (const Result<void> allowed = mayChangeOutsideTrash(tasks); !allowed) return allowed;
+        for (KWTask *each : KWTaskItemForest::plant(tasks, context).rootTasks())
+            copied.taskIDs.append(copyTree(*each).sid());
+        copied.undo = UndoToken::of(context);
         return {};
     };
     const Result<void> saved = KWCoreDataService{m_manager}.sync_save(duplicate);
     if (!saved) return saved.error();
-    return copyID;
+    return copied;
 }

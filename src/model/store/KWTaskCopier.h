@@ -1,8 +1,9 @@
 #pragma once
 
 #include "corvexkit/Result.h"
+#include "model/store/UndoToken.h"
 
-#include <QString>
+#include <QStringList>
 
 class KWCoreDataManager;
 class KWNotificationCenter;
@@ -15,10 +16,15 @@ public:
     {
     }
 
-    /// Makes an open copy right behind the task: with its checklist, attachments and the open tasks below
-    /// it, in the same list and parent; it reminds of what is ahead. Posts KWWillDuplicateTaskNotification
-    /// before. Answers the copy's id. A task in the trash is refused.
-    Result<QString> copy(const QString &taskID);
+    struct Copied {
+        QStringList taskIDs; ///< of the copies, in the order asked for
+        UndoToken undo;
+    };
+    /// Makes an open copy right behind each task: with its checklist, attachments and the open tasks below
+    /// it, in the same list and parent; it reminds of what is ahead. A task that is copied below another
+    /// one is not copied once more. Posts KWWillDuplicateTaskNotification for each before. One save, or
+    /// none where one is in the trash or in a list that may only be read.
+    Result<Copied> copy(const QStringList &taskIDs);
 
 private:
     KWCoreDataManager &m_manager;

@@ -6,6 +6,7 @@
 #include "model/records/OneLine.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
+#include "model/store/TaskDays.h"
 #include "model/store/TaskPermissions.h"
 
 #include <numeric>
@@ -38,32 +39,6 @@ Result<void> mayChangeItem(const KWChecklistItem *item)
 {
     if (!item) return Error{storeText("There is no such item any more.")};
     return mayChange(item->context().find<KWTask>((*item)->taskID));
-}
-
-// The same reading of the wall clock, on another day.
-Instant movedTo(Day day, Day from, Instant instant, const CXTimeZone &zone)
-{
-    return zone.toInstant(zone.toLocal(instant) + (day - from));
-}
-
-void moveToDay(KWTask &task, Day day)
-{
-    const CXTimeZone zone = task.context().clock().zone();
-    task.set(&KWTaskModel::timeZone, zone.identifier());
-    task.set(&KWTaskModel::snoozedRemindDate, std::nullopt);
-    const KWTaskModel before = task.model();
-    if (!before.startDate) task.set(&KWTaskModel::isAllDay, true);
-    if (!before.startDate || before.isAllDay)
-        task.set(&KWTaskModel::startDate, std::optional{zone.startOfDay(day)});
-    else
-        task.set(&KWTaskModel::startDate,
-                 std::optional{movedTo(day, zone.dayOf(*before.startDate), *before.startDate, zone)});
-    if (!before.startDate || !before.endDate) return;
-    const Day from = zone.dayOf(*before.startDate);
-    const Day lastDay = zone.dayOf(*before.endDate) + (day - from);
-    task.set(&KWTaskModel::endDate,
-             std::optional{before.isAllDay ? zone.startOfDay(lastDay)
-                                           : movedTo(day, from, *before.endDate, zone)});
 }
 
 } // namespace
@@ -139,17 +114,7 @@ Result<UndoToken> KWTaskEditor::setDay(const QString &taskID, Day day)
     return editUndoably(taskID, [day](KWTask &task) { moveToDay(task, day); });
 }
 
-Result<UndoToken> KWTaskEditor::clearDate(const QString &taskID)
-{
-    return editUndoably(taskID, [](KWTask &task) {
-        for (const auto date :
-             {&KWTaskModel::startDate, &KWTaskModel::endDate, &KWTaskModel::snoozedRemindDate})
-            task.set(date, std::nullopt);
-        task.set(&KWTaskModel::isAllDay, false);
-        task.set(&KWTaskModel::repeatRule, QString{});
-        task.set(&KWTaskModel::reminders, QStringList{});
-    });
-}
+Result<UndoToken> KWTaskEditor::clearDate(const QString &taskID) { return editUndoably(taskID, clearDates); }
 
 Result<void> KWTaskEditor::setItemTitle(const QString &itemID, const QString &title)
 {

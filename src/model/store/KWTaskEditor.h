@@ -35,10 +35,8 @@ public:
 
     // These can be taken back with the token, see UndoToken.
     Result<UndoToken> setPriority(const QString &taskID, KWTaskPriority priority);
-    /// Moves the task to that day. A time of day and a length stay; a task without a date is all-day then.
-    /// A snoozed reminder is dropped.
+    /// See moveToDay() and clearDates().
     Result<UndoToken> setDay(const QString &taskID, Day day);
-    /// Takes the dates away, and with them what is counted from them: repeat and reminders.
     Result<UndoToken> clearDate(const QString &taskID);
 
     Result<void> setItemTitle(const QString &itemID, const QString &title);

@@ -5,6 +5,7 @@
 #include "model/records/KWTaskItemTree.h"
 #include "model/records/KWUserSettings.h"
 #include "model/records/TaskRepetition.h"
+#include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/TaskCopies.h"
 #include "model/store/TaskPermissions.h"
@@ -90,32 +91,39 @@ void close(KWTask &task, KWTaskStatus status)
         each->updateStatus(status);
 }
 
+// Answers where a task that repeats went on to.
+std::optional<TaskRepetition> apply(KWTaskStatus status, KWTask &task)
+{
+    const KWTaskStatus before = task->status;
+    if (before == status) return std::nullopt;
+    const auto next = before == KWTaskStatusOpen ? repetitionOf(task) : std::nullopt;
+    if (next)
+        goOn(task, status, *next);
+    else if (before == KWTaskStatusOpen)
+        close(task, status);
+    else
+        task.updateStatus(status);
+    return next;
+}
+
 } // namespace
 
 Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QString &taskID)
 {
     const KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
     const bool isOpen = task && (*task)->status == KWTaskStatusOpen;
-    return updateStatus(isOpen ? KWTaskStatusCompleted : KWTaskStatusOpen, taskID);
+    return updateStatus(isOpen ? KWTaskStatusCompleted : KWTaskStatusOpen, QStringList{taskID});
 }
 
-Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, const QString &taskID)
+Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, const QStringList &taskIDs)
 {
     Ticked ticked{status};
     const auto update = [&](ObjectContext &context) -> Result<void> {
-        KWTask *task = context.find<KWTask>(taskID);
-        if (const Result<void> allowed = mayChangeOutsideTrash(task); !allowed) return allowed;
-        const KWTaskStatus before = (*task)->status;
-        if (before == status) return {};
-        const auto next = before == KWTaskStatusOpen ? repetitionOf(*task) : std::nullopt;
-        if (next) {
-            ticked.nextDate = next->startDate;
-            goOn(*task, status, *next);
-        } else if (before == KWTaskStatusOpen) {
-            close(*task, status);
-        } else {
-            task->updateStatus(status);
-        }
+        const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
+        if (tasks.isEmpty()) return mayChange(nullptr);
+        if (const Result<void> allowed = mayChangeOutsideTrash(tasks); !allowed) return allowed;
+        for (KWTask *each : tasks)
+            if (const auto next = apply(status, *each)) ticked.nextDate = next->startDate;
         ticked.undo = UndoToken::of(context);
         return {};
     };

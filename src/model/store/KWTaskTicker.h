@@ -4,10 +4,11 @@
 #include "model/records/KWConstants.h"
 #include "model/store/UndoToken.h"
 
-class KWCoreDataManager;
-class QString;
+#include <QStringList>
 
-/// Completes, abandons and reopens tasks, each in one save. Closing a task closes the open ones below it;
+class KWCoreDataManager;
+
+/// Completes, abandons and reopens tasks in one save. Closing a task closes the open ones below it;
 /// reopening one leaves them closed. A repeating task leaves a closed copy at the occurrence that is done
 /// and goes on to the next one, open (docs/repeating.md). Main thread.
 class KWTaskTicker {
@@ -17,14 +18,15 @@ public:
     struct Ticked {
         /// What was asked for; a task that went on to its next occurrence is open all the same.
         KWTaskStatus status;
-        std::optional<Instant> nextDate{}; ///< where it went on to
+        std::optional<Instant> nextDate{}; ///< where it went on to; of several, the last that did
         UndoToken undo{};
     };
 
     /// Completes an open task, reopens a closed one.
     Result<Ticked> tick(const QString &taskID);
-    /// A task that has the status already stays as it is.
-    Result<Ticked> updateStatus(KWTaskStatus status, const QString &taskID);
+    /// A task that has the status already stays as it is. Several go in one save, or none of them: those
+    /// that are gone are left out as long as one is there.
+    Result<Ticked> updateStatus(KWTaskStatus status, const QStringList &taskIDs);
     /// Takes one of the above back, see UndoToken.
     Result<void> undo(const UndoToken &token) { return token.undo(m_manager); }
 
