@@ -34,6 +34,10 @@ enum class Icon {
     Close,
     Restore,
     Menu,
+    More,
+    Pin,
+    Attachment,
+    Focus,
 };
 
 namespace Icons {
