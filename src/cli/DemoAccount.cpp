@@ -4,6 +4,7 @@
 #include "cli/DemoContents.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWTag.h"
@@ -30,6 +31,8 @@ public:
         writeTasks(Demo::inboxTasks(), KWProject::inboxIDOfUser(m_userID));
         for (const Demo::List &list : Demo::lists())
             writeTasks(list.tasks, writeList(list));
+        for (const Demo::Filter &filter : Demo::filters())
+            writeFilter(filter);
     }
 
 private:
@@ -57,10 +60,30 @@ private:
         return m_context.insert<KWProject>(std::move(model)).sid();
     }
 
+    void writeFilter(const Demo::Filter &filter)
+    {
+        KWFilterModel model;
+        model.userID = m_userID;
+        model.name = filter.name;
+        model.rule = filter.rule;
+        model.sortOrder = nextOrder();
+        m_context.insert<KWFilter>(std::move(model));
+    }
+
     void writeTasks(std::span<const Demo::Task> tasks, const QString &projectID)
     {
-        for (const Demo::Task &each : tasks)
-            writeTask(each, projectID);
+        QHash<QString, KWTask *> written;
+        for (const Demo::Task &each : tasks) {
+            KWTask &task = writeTask(each, projectID);
+            written.insert(task->title, &task);
+            if (KWTask *parent = written.value(each.parent)) putBelow(*parent, task);
+        }
+    }
+
+    static void putBelow(KWTask &parent, KWTask &child)
+    {
+        child.set(&KWTaskModel::parentId, parent.sid());
+        parent.set(&KWTaskModel::childIds, parent->childIds + QStringList{child.sid()});
     }
 
     Instant instantOf(int day, std::optional<std::chrono::minutes> time) const
@@ -69,7 +92,7 @@ private:
         return time ? m_zone.toInstant(LocalTime{date} + *time) : m_zone.startOfDay(date);
     }
 
-    void writeTask(const Demo::Task &task, const QString &projectID)
+    KWTask &writeTask(const Demo::Task &task, const QString &projectID)
     {
         KWTaskModel model;
         model.userID = m_userID;
@@ -87,9 +110,10 @@ private:
             model.completionDate = model.startDate;
         }
         model.isTrashed = task.state == Demo::State::Trashed;
-        const KWTask &written = m_context.insert<KWTask>(std::move(model));
+        KWTask &written = m_context.insert<KWTask>(std::move(model));
         for (const Demo::Item &each : task.items)
             writeItem(each, written.sid());
+        return written;
     }
 
     void setDates(KWTaskModel &model, const Demo::When &when) const

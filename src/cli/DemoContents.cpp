@@ -12,6 +12,10 @@ constexpr auto errand = "errand"_L1;
 constexpr auto deepWork = "deep-work"_L1;
 constexpr QLatin1StringView allTags[] = {errand, deepWork};
 
+constexpr Filter allFilters[] = {
+    {"High this week"_L1, R"({"all": [{"priority": [5]}, {"date": ["overdue", "next7Days"]}]})"_L1},
+};
+
 constexpr auto high = KWTaskPriorityHigh;
 constexpr auto medium = KWTaskPriorityMedium;
 constexpr auto low = KWTaskPriorityLow;
@@ -21,6 +25,8 @@ constexpr Task inbox[] = {
     {.title = "Renew library card"_L1, .when = When{-3}},
     {.title = "Ask about the bike repair"_L1},
     {.title = "Find a frame for the map"_L1},
+    {.title = "Pay the water bill"_L1, .when = When{0}, .state = State::Done},
+    {.title = "Answer the survey"_L1, .when = When{0, at(8)}, .state = State::Done},
     {.title = "Book the dentist"_L1, .when = When{-6}, .state = State::Trashed},
     {.title = "Packing list of last summer"_L1, .state = State::Trashed},
 };
@@ -32,12 +38,14 @@ constexpr Task groceries[] = {
     {.title = "Oat milk"_L1},
     {.title = "Rice and lentils"_L1},
     {.title = "Dish soap"_L1, .tag = errand},
+    {.title = "Stamps for the postcards"_L1, .when = When{0}, .tag = errand, .state = State::Done},
 };
 
 constexpr Task garden[] = {
     {.title = "Water the seedlings"_L1, .when = When{0}, .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=2"_L1},
     {.title = "Cut back the roses"_L1, .when = When{3}},
     {.title = "Sort the seed box"_L1},
+    {.title = "Clean the bird feeder"_L1, .when = When{0}, .state = State::Done},
 };
 
 constexpr Item announcementItems[] = {
@@ -67,9 +75,9 @@ constexpr Task clientLaunch[] = {
     {.title = "Print the badges"_L1, .when = When{4}, .tag = errand},
     {.title = "Rehearse the talk"_L1, .when = When{5, at(9)}, .priority = high, .tag = deepWork},
     {.title = "Launch day"_L1, .when = When{6}, .priority = high},
-    {.title = "Thank the early testers"_L1},
     {.title = "Write down what we learned"_L1, .tag = deepWork},
-    {.title = "Archive the drafts"_L1},
+    {.title = "Thank the early testers"_L1, .parent = "Write down what we learned"_L1},
+    {.title = "Archive the drafts"_L1, .parent = "Write down what we learned"_L1},
 };
 
 constexpr Task reading[] = {
@@ -96,6 +104,8 @@ constexpr List allLists[] = {
 } // namespace
 
 std::span<const QLatin1StringView> tags() { return allTags; }
+
+std::span<const Filter> filters() { return allFilters; }
 
 std::span<const Task> inboxTasks() { return inbox; }
 

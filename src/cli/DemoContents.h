@@ -34,6 +34,7 @@ struct Task {
     QLatin1StringView content{};
     std::span<const Item> items{};
     State state = State::Open;
+    QLatin1StringView parent{}; ///< title of one before it in the same list; empty for none
 };
 
 struct List {
@@ -43,7 +44,13 @@ struct List {
     std::span<const Task> tasks;
 };
 
+struct Filter {
+    QLatin1StringView name;
+    QLatin1StringView rule;
+};
+
 std::span<const QLatin1StringView> tags();
+std::span<const Filter> filters();
 std::span<const Task> inboxTasks();
 /// In the order of the sidebar.
 std::span<const List> lists();
