@@ -14,6 +14,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_tasks(kit.manager(), kit.account(), kit.center(), kit.bus())
     , m_newTasks(kit)
     , m_account(kit.account())
+    , m_attachments(kit)
     , m_counts(m_sidebar)
     , m_menu(kit.defaults())
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
@@ -59,6 +60,7 @@ AppPorts DesktopRooms::ports()
             .links = m_links,
             .userNotifications = m_reminders,
             .significantTimeChange = m_significantTimeChange,
+            .attachments = m_attachments,
             .mainWindowController = m_mainWindow,
             .welcomeWindowController = m_welcomeWindow,
             .preferencesWindowController = m_preferences,
@@ -89,6 +91,8 @@ void DesktopRooms::decideAtTheLastWindow()
         QApplication::setQuitOnLastWindowClosed(!staysWithoutWindow);
     });
 }
+
+DesktopRooms::Attachments::Attachments(OrvaneKit &kit) : m_service(kit.manager(), kit.folders().data) {}
 
 void DesktopRooms::ThemeSchedule::autoSwitchDarkIfNeeded()
 {

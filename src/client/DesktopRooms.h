@@ -10,6 +10,7 @@
 #include "capture/NewTaskService.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
+#include "model/store/KWAttachmentService.h"
 #include "views/alerts/AlertPresenter.h"
 #include "views/main/ApplicationCommands.h"
 #include "views/main/MainWindowController.h"
@@ -58,6 +59,14 @@ private:
     private:
         KWProjectListPresenter &m_sidebar;
     };
+    class Attachments : public AttachmentsPort {
+    public:
+        explicit Attachments(OrvaneKit &kit);
+        void processLeftFromLastRun() override { m_service.removeUnused(); }
+
+    private:
+        KWAttachmentService m_service;
+    };
     class ThemeSchedule : public ThemePort {
     public:
         void autoSwitchDarkIfNeeded() override;
@@ -77,6 +86,7 @@ private:
     KWTaskListService m_tasks;
     NewTaskService m_newTasks;
     AccountManagerPort m_account;
+    Attachments m_attachments;
     Counts m_counts;
     ThemeSchedule m_theme;
     MainMenu m_menu;
