@@ -18,15 +18,6 @@ namespace {
 
 Error noSuchTag() { return {storeText("There is no such tag any more.")}; }
 
-Result<QString> checkedLabel(const QString &typed)
-{
-    const QString label = onOneLine(typed);
-    if (label.isEmpty()) return Error{storeText("A tag needs a name.")};
-    if (isContainsSpecialCharactersForTag(label))
-        return Error{storeText("The name of a tag has letters, digits, “_” and “-” only, and no space.")};
-    return label;
-}
-
 /// What a name means in the records of one user, and how it is taken from or changed in them.
 class TagUse {
 public:
@@ -160,6 +151,15 @@ private:
 KWTagService::KWTagService(KWCoreDataManager &manager, QString userID)
     : m_manager(manager), m_userID(std::move(userID))
 {
+}
+
+Result<QString> KWTagService::checkedLabel(const QString &typed)
+{
+    const QString label = onOneLine(typed);
+    if (label.isEmpty()) return Error{storeText("A tag needs a name.")};
+    if (isContainsSpecialCharactersForTag(label))
+        return Error{storeText("The name of a tag has letters, digits, “_” and “-” only, and no space.")};
+    return label;
 }
 
 Result<QString> KWTagService::create(const NewTag &tag)

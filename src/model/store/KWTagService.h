@@ -14,6 +14,9 @@ class KWTagService {
 public:
     KWTagService(KWCoreDataManager &manager, QString userID);
 
+    /// The label that was typed, on one line; an error where no tag can have it.
+    static Result<QString> checkedLabel(const QString &typed);
+
     struct NewTag {
         QString label;
         QString color{};  ///< "#rrggbb", empty for none

@@ -1,56 +1,49 @@
 #include "model/store/KWTaskEditor.h"
 
+#include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
-#include "model/records/KWSortOrderResetable.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTeamworker.h"
 #include "model/records/OneLine.h"
 #include "model/store/KWCoreDataManager.h"
+#include "model/store/KWTagService.h"
 #include "model/store/StoreFailure.h"
 #include "model/store/TaskDays.h"
+#include "model/store/TaskKindChange.h"
 #include "model/store/TaskPermissions.h"
-
-#include <numeric>
 
 namespace {
 
-qsizetype indexBehind(const QString &itemID, const QList<KWChecklistItem *> &items)
+template <class Record>
+QList<typename Record::Model> modelsOf(const QList<Record *> &records)
 {
-    if (itemID.isEmpty()) return 0;
-    for (qsizetype i = 0; i < items.size(); ++i)
-        if (items.at(i)->sid() == itemID) return i + 1;
-    return items.size();
+    QList<typename Record::Model> models;
+    for (const Record *each : records)
+        models.append(each->model());
+    return models;
 }
 
-// Half-way between its neighbours; when there is no room left, all make some.
-void place(KWChecklistItem &item, qsizetype index, QList<KWChecklistItem *> items)
+bool isMemberOf(const KWProject &list, std::int64_t userServerID)
 {
-    const auto orderAt = [&items](qsizetype i) { return items.at(i)->model().sortOrder; };
-    std::int64_t order = 0;
-    if (index > 0 && index < items.size())
-        order = std::midpoint(orderAt(index - 1), orderAt(index));
-    else if (!items.isEmpty())
-        order = index == 0 ? orderAt(0) - KWSortOrderStep : orderAt(index - 1) + KWSortOrderStep;
-    KWEntitySortOrder::update(item, order);
-    items.insert(index, &item);
-    resetSortOrderIfNeeded(items);
-}
-
-Result<void> mayChangeItem(const KWChecklistItem *item)
-{
-    if (!item) return Error{storeText("There is no such item any more.")};
-    return mayChange(item->context().find<KWTask>((*item)->taskID));
+    return !list.context()
+                .models<KWTeamworker>({.where = "projectID = ? AND userServerID = ? AND isDeleted = 0",
+                                       .values = {list.sid(), userServerID},
+                                       .limit = 1})
+                .isEmpty();
 }
 
 } // namespace
 
-std::optional<TaskWithChecklist> KWTaskEditor::read(const QString &taskID) const
+std::optional<TaskWithParts> KWTaskEditor::read(const QString &taskID) const
 {
-    const KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
+    KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
     if (!task || task->isDeleted()) return std::nullopt;
-    TaskWithChecklist found{task->model(), {}};
-    for (const KWChecklistItem *each : task->orderedChecklistItems())
-        found.items.append(each->model());
-    return found;
+    return TaskWithParts{.task = task->model(),
+                         .items = modelsOf(task->orderedChecklistItems()),
+                         .subtasks = modelsOf(KWTask::children(*task, task->context())),
+                         .attachments = modelsOf(task->attachments())};
 }
 
 Result<void> KWTaskEditor::save()
@@ -72,22 +65,25 @@ Result<void> KWTaskEditor::editTask(const QString &taskID, const std::function<v
 
 Result<UndoToken> KWTaskEditor::editUndoably(const QString &taskID, const std::function<void(KWTask &)> &edit)
 {
-    UndoToken undo;
-    const Result<void> edited = editTask(taskID, [&](KWTask &task) {
+    return tryUndoably(taskID, [&edit](KWTask &task) {
         edit(task);
-        undo = UndoToken::of(task.context());
+        return Result<void>{};
     });
-    if (!edited) return edited.error();
-    return undo;
 }
 
-Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit)
+Result<UndoToken> KWTaskEditor::tryUndoably(const QString &taskID,
+                                            const std::function<Result<void>(KWTask &)> &edit)
 {
-    KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
-    if (item && item->isDeleted()) item = nullptr;
-    if (const Result<void> allowed = mayChangeItem(item); !allowed) return allowed;
-    edit(*item);
-    return save();
+    UndoToken undo;
+    Result<void> tried;
+    const Result<void> edited = editTask(taskID, [&](KWTask &task) {
+        tried = edit(task);
+        if (!tried) return task.context().rollback();
+        undo = UndoToken::of(task.context());
+    });
+    if (!tried) return tried.error();
+    if (!edited) return edited.error();
+    return undo;
 }
 
 Result<void> KWTaskEditor::setTitle(const QString &taskID, const QString &title)
@@ -116,49 +112,58 @@ Result<UndoToken> KWTaskEditor::setDay(const QString &taskID, Day day)
 
 Result<UndoToken> KWTaskEditor::clearDate(const QString &taskID) { return editUndoably(taskID, clearDates); }
 
-Result<void> KWTaskEditor::setItemTitle(const QString &itemID, const QString &title)
+Result<UndoToken> KWTaskEditor::setSchedule(const QString &taskID, const TaskSchedule &chosen,
+                                            const TaskSchedule &shown)
 {
-    return editItem(itemID, [&title](KWChecklistItem &item) {
-        item.set(&KWChecklistItemModel::title, onOneLine(title));
+    if (const Result<void> checked = chosen.check(); !checked) return checked.error();
+    return editUndoably(taskID, [&](KWTask &task) { chosen.applyTo(task, shown); });
+}
+
+Result<UndoToken> KWTaskEditor::setKind(const QString &taskID, KWTaskKind kind)
+{
+    return editUndoably(taskID, [kind](KWTask &task) { changeKind(task, kind); });
+}
+
+Result<UndoToken> KWTaskEditor::addTag(const QString &taskID, const QString &label)
+{
+    const Result<QString> checked = KWTagService::checkedLabel(label);
+    if (!checked) return checked.error();
+    return editUndoably(taskID, [&checked](KWTask &task) {
+        const QString name = KWTag::nameForLabel(*checked);
+        if (task->tags.contains(name)) return;
+        KWTag::createNewTagWithName(*checked, task->userID, TagUniqueness::MayExist, task.context());
+        task.set(&KWTaskModel::tags, task->tags + QStringList{name});
     });
 }
 
-Result<void> KWTaskEditor::tickItem(const QString &itemID)
+Result<UndoToken> KWTaskEditor::setAssignee(const QString &taskID, std::int64_t userServerID)
 {
-    return editItem(itemID, [](KWChecklistItem &item) {
-        item.updateStatus(item.isCompleted() ? KWTaskStatusOpen : KWTaskStatusCompleted);
+    return tryUndoably(taskID, [userServerID](KWTask &task) -> Result<void> {
+        const KWProject *list = task.project();
+        if (userServerID != KWTaskAssignedToNobody && !(list && isMemberOf(*list, userServerID)))
+            return Error{storeText("Only a member of the task's list can be assigned to it.")};
+        task.set(&KWTaskModel::assignee, userServerID);
+        return {};
     });
 }
 
-Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afterItemID, const QString &title)
+Result<UndoToken> KWTaskEditor::addSubtask(const QString &taskID, const QString &title)
 {
-    const KWTask *owner = m_manager.MR_defaultContext().find<KWTask>(taskID);
-    if (owner && owner->isNoteKind()) return Error{storeText("A note has no checklist.")};
-    QString itemID;
-    const Result<void> added = editTask(taskID, [&](KWTask &task) {
-        KWChecklistItemModel item;
-        item.userID = task.model().userID;
-        item.taskID = taskID;
-        item.title = onOneLine(title);
-        const QList<KWChecklistItem *> items = task.orderedChecklistItems();
-        KWChecklistItem &inserted = task.context().insert<KWChecklistItem>(std::move(item));
-        place(inserted, indexBehind(afterItemID, items), items);
-        itemID = inserted.sid();
-        task.becomeChecklist();
+    const QString line = onOneLine(title);
+    if (line.isEmpty()) return Error{storeText("A task needs a title.")};
+    return tryUndoably(taskID, [&line](KWTask &task) -> Result<void> {
+        if (task.isNoteKind()) return Error{storeText("A note has no subtasks.")};
+        if (task->isTrashed) return Error{storeText("This task is in the trash.")};
+        KWTaskModel below;
+        below.userID = task->userID;
+        below.title = line;
+        below.projectID = task->projectID;
+        below.columnID = task->columnID;
+        below.parentId = task.sid();
+        if (const KWProject *list = task.project())
+            below.sortOrder = list->sortOrderForNewTask(ListEnd::Bottom);
+        const KWTask &made = task.context().insert<KWTask>(std::move(below));
+        task.set(&KWTaskModel::childIds, task->childIds + QStringList{made.sid()});
+        return {};
     });
-    if (!added) return added.error();
-    return itemID;
-}
-
-Result<void> KWTaskEditor::removeItem(const QString &itemID)
-{
-    return editItem(itemID, [](KWChecklistItem &item) { item.markDelete(); });
-}
-
-Result<void> KWTaskEditor::restoreItem(const QString &itemID)
-{
-    KWChecklistItem *item = m_manager.MR_defaultContext().find<KWChecklistItem>(itemID);
-    if (const Result<void> allowed = mayChangeItem(item); !allowed) return allowed;
-    if (item->isDeleted()) item->unmarkDelete();
-    return save();
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "corvexkit/Result.h"
+#include "model/records/KWAttachmentModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWTaskModel.h"
+#include "model/store/TaskSchedule.h"
 #include "model/store/UndoToken.h"
 
 #include <QList>
@@ -13,10 +15,12 @@ class KWChecklistItem;
 class KWCoreDataManager;
 class KWTask;
 
-/// A task with its checklist, as the detail shows it.
-struct TaskWithChecklist {
+/// A task with what belongs to it, as the detail shows it.
+struct TaskWithParts {
     KWTaskModel task;
-    QList<KWChecklistItemModel> items; ///< in their manual order
+    QList<KWChecklistItemModel> items;    ///< in their manual order
+    QList<KWTaskModel> subtasks;          ///< right below it, in its order
+    QList<KWAttachmentModel> attachments; ///< the oldest first
 };
 
 /// Edits of one task, each saved at once. An edit that fails leaves store and records as they were; an
@@ -26,7 +30,7 @@ public:
     explicit KWTaskEditor(KWCoreDataManager &manager) : m_manager(manager) {}
 
     /// Nothing when there is no such task (any more).
-    std::optional<TaskWithChecklist> read(const QString &taskID) const;
+    std::optional<TaskWithParts> read(const QString &taskID) const;
 
     /// A title is one line: line breaks become spaces. An empty one is refused.
     Result<void> setTitle(const QString &taskID, const QString &title);
@@ -38,6 +42,18 @@ public:
     /// See moveToDay() and clearDates().
     Result<UndoToken> setDay(const QString &taskID, Day day);
     Result<UndoToken> clearDate(const QString &taskID);
+    /// See TaskSchedule::check() and applyTo().
+    Result<UndoToken> setSchedule(const QString &taskID, const TaskSchedule &chosen,
+                                  const TaskSchedule &shown);
+    /// No text is lost: a checklist becomes lines of the text and the lines of a text a checklist, see
+    /// ChecklistText. Dates of checklist items go with them.
+    Result<UndoToken> setKind(const QString &taskID, KWTaskKind kind);
+    /// A tag that there is not yet is made; see KWTagService::checkedLabel().
+    Result<UndoToken> addTag(const QString &taskID, const QString &label);
+    /// A member of the task's list, by the server's id, or KWTaskAssignedToNobody.
+    Result<UndoToken> setAssignee(const QString &taskID, std::int64_t userServerID);
+    /// A new open task below the task, the last there, in the same list. A note takes none.
+    Result<UndoToken> addSubtask(const QString &taskID, const QString &title);
 
     Result<void> setItemTitle(const QString &itemID, const QString &title);
     Result<void> tickItem(const QString &itemID);
@@ -50,6 +66,7 @@ public:
 
 private:
     Result<UndoToken> editUndoably(const QString &taskID, const std::function<void(KWTask &)> &edit);
+    Result<UndoToken> tryUndoably(const QString &taskID, const std::function<Result<void>(KWTask &)> &edit);
     Result<void> editTask(const QString &taskID, const std::function<void(KWTask &)> &edit);
     Result<void> editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit);
     Result<void> save();
