@@ -1,35 +1,111 @@
 #include "lists/KWTaskListService.h"
 
+#include "lists/ListSortType.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
+#include "model/settings/KWListDisplayConfigurationManager.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // More than any screen shows; read in a few milliseconds.
 constexpr std::int64_t topRows = 120;
 
+// How a folded task stands among the folded sections of a list.
+const QString foldedTask = u"task:"_s;
+
 } // namespace
 
 KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManager &account,
                                      KWNotificationCenter &center, KWEventBus &bus)
-    : m_manager(manager), m_account(account), m_pendingDeletes(center, [this] {
-        if (!m_showsOtherList) take(m_rows);
+    : m_manager(manager), m_account(account), m_center(center), m_pendingDeletes(center, [this] {
+        if (!m_showsOtherList) show(m_content, m_content.sections(m_pendingDeletes.taskIDs()));
         reload();
     })
 {
-    const auto reloadOn = [this, &center](const QString &name) {
-        m_observations.push_back(center.addObserver(name, [this](const KWNotification &) { reload(); }));
+    const auto reloadOn = [this](const QString &name) {
+        m_observations.push_back(m_center.addObserver(name, [this](const KWNotification &) { reload(); }));
     };
-    reloadOn(KWDataDidChangeOutsideMainAppNotification);
-    reloadOn(KWSyncDidBatchPullNotification);
-    m_observations.push_back(center.addObserver(KWNewDayComesNotification, [this](const KWNotification &) {
-        if (KWSmartProject::isDateSensetiveSmartProjectID(m_list.entityID)) reload();
-    }));
+    for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
+                                KWNewDayComesNotification})
+        reloadOn(each);
+    m_observations.push_back(m_center.addObserver(
+        KWListDisplayConfigurationDidChangeNotification, [this](const KWNotification &notification) {
+            const bool isOfList = notification.userInfo.value(u"listID"_s) == m_list.userDefaultEncode();
+            if (isOfList && !m_savesFolding) reload();
+        }));
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        if (change.touches(RecordKind::Task) || change.touches(RecordKind::ChecklistItem) ||
-            change.touches(RecordKind::Project))
-            reload();
+        using enum RecordKind;
+        for (const RecordKind each : {Task, ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment,
+                                      FocusSummary, Teamworker, Filter})
+            if (change.touches(each)) return reload();
     });
+}
+
+QList<KWTaskListItemModel> KWTaskListService::rows() const
+{
+    QList<KWTaskListItemModel> rows;
+    for (const KWTaskCategory &each : categories())
+        rows += each.models();
+    return rows;
+}
+
+KWTaskSortTypeMenu KWTaskListService::sortMenu() const
+{
+    KWTaskSortTypeMenu menu = m_content.shown.menu;
+    menu.manualOrders = m_sections.manualOrders;
+    return menu;
+}
+
+Result<void> KWTaskListService::setSortType(KWTaskSortType sortType)
+{
+    return saveSortType(sortType, m_list, m_account.currentUserID(), m_manager, m_center);
+}
+
+void KWTaskListService::setSectionFolded(const QString &name, bool isFolded)
+{
+    if (m_folded.sections.contains(name) == isFolded) return;
+    isFolded ? void(m_folded.sections.insert(name)) : void(m_folded.sections.remove(name));
+    saveFolding();
+}
+
+void KWTaskListService::setTaskFolded(const QString &taskID, bool isFolded)
+{
+    if (m_folded.tasks.contains(taskID) == isFolded) return;
+    isFolded ? void(m_folded.tasks.insert(taskID)) : void(m_folded.tasks.remove(taskID));
+    saveFolding();
+    m_center.post(collapseStateChanged, taskID);
+}
+
+void KWTaskListService::readFolding()
+{
+    const KWListDisplayConfigurationManager configurations{m_manager, m_center, m_account.currentUserID()};
+    m_folded = {};
+    for (const QString &each : configurations.configuration(m_list).collapsedGroups)
+        if (each.startsWith(foldedTask))
+            m_folded.tasks.insert(each.sliced(foldedTask.size()));
+        else
+            m_folded.sections.insert(each);
+}
+
+void KWTaskListService::saveFolding()
+{
+    if (onRowsChanged) onRowsChanged();
+    KWListDisplayConfigurationManager configurations{m_manager, m_center, m_account.currentUserID()};
+    KWListDisplayConfigurationModel configuration = configurations.configuration(m_list);
+    configuration.collapsedGroups = m_folded.sections.values();
+    for (const QString &each : std::as_const(m_folded.tasks))
+        configuration.collapsedGroups.append(foldedTask + each);
+    configuration.collapsedGroups.sort();
+    m_savesFolding = true;
+    tell(configurations.save(configuration));
+    m_savesFolding = false;
+}
+
+void KWTaskListService::tell(const Result<void> &result)
+{
+    if (!result && onFailure) onFailure(result.error().sentence);
 }
 
 void KWTaskListService::select(const KWListIdentifier &list)
@@ -37,6 +113,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
     if (list == m_list) return;
     m_list = list;
     m_showsOtherList = true;
+    readFolding();
     reload();
 }
 
@@ -44,66 +121,66 @@ void KWTaskListService::clear()
 {
     m_request.reset();
     m_list = {};
+    m_folded = {};
     m_showsOtherList = true;
-    take({});
+    show({}, {});
 }
-
-bool KWTaskListService::isLongList() const { return !m_showsOtherList && m_rows.size() > topRows; }
 
 void KWTaskListService::reload()
 {
     m_request = std::make_shared<Request>();
     if (!m_account.isSignedIn() || m_list.entityID.isEmpty()) return;
     // A long list that is shown already is replaced whole, so that it never shrinks meanwhile.
-    if (isLongList() || readTop()) readAll();
+    const bool isLongList = !m_showsOtherList && m_content.rows.size() > topRows;
+    if (isLongList || readTop()) readAll();
 }
 
-// Whether there may be more.
+// Whether there is more.
 bool KWTaskListService::readTop()
 {
-    Result<QList<KWTaskListItemModel>> rows = KWListDataFetcher{m_manager.store().clock()}.reloadDataModel(
-        {m_account.currentUserID(), m_list, topRows}, m_manager.MR_defaultContext().connection());
-    if (!rows) {
-        if (onFailure) onFailure(rows.error().sentence);
-        return false;
-    }
-    const bool isFull = rows->size() >= topRows;
-    take(std::move(*rows));
-    return isFull;
+    Result<ListContent> content{ListContent{}};
+    const Result<void> read = KWCoreDataService{m_manager}.sync_perform([&](ObjectContext &context) {
+        content = ListContent::read(m_list, m_account.currentUserID(), topRows, context);
+        return content ? Result<void>{} : content.error();
+    });
+    tell(read);
+    if (!read) return false;
+    ListContent::Sections sections = content->sections(m_pendingDeletes.taskIDs());
+    const bool isWhole = content->isWhole;
+    show(std::move(*content), std::move(sections));
+    return !isWhole;
 }
 
 void KWTaskListService::readAll()
 {
-    auto rows = std::make_shared<QList<KWTaskListItemModel>>();
-    const auto read =
-        [rows, request = ListDataRequest{m_account.currentUserID(), m_list},
-         fetcher = KWListDataFetcher{m_manager.store().clock()}](ObjectContext &context) -> Result<void> {
-        Result<QList<KWTaskListItemModel>> all = fetcher.reloadDataModel(request, context.connection());
-        if (!all) return all.error();
-        *rows = std::move(*all);
+    struct Answer {
+        ListContent content;
+        ListContent::Sections sections;
+    };
+    auto answer = std::make_shared<Answer>();
+    const auto read = [answer, list = m_list, userID = m_account.currentUserID(),
+                       hidden = m_pendingDeletes.taskIDs()](ObjectContext &context) -> Result<void> {
+        Result<ListContent> content = ListContent::read(list, userID, -1, context);
+        if (!content) return content.error();
+        answer->sections = content->sections(hidden);
+        answer->content = std::move(*content);
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(
-        read, [this, rows, answers = std::weak_ptr{m_request}](const Result<void> &done) {
-            if (answers.expired()) return;
-            if (done)
-                take(std::move(*rows));
-            else if (onFailure)
-                onFailure(done.error().sentence);
+        read, [this, answer, waiting = std::weak_ptr{m_request}](const Result<void> &done) {
+            if (waiting.expired()) return;
+            tell(done);
+            if (done) show(std::move(answer->content), std::move(answer->sections));
         });
 }
 
-void KWTaskListService::take(QList<KWTaskListItemModel> rows)
+void KWTaskListService::show(ListContent content, ListContent::Sections sections)
 {
-    leaveOutPending(rows);
-    if (rows == m_rows && !m_showsOtherList) return;
+    const bool isSame =
+        !m_showsOtherList && sections == m_sections && content.shown.menu == m_content.shown.menu;
+    m_content = std::move(content);
+    if (isSame) return;
     m_showsOtherList = false;
-    m_rows = std::move(rows);
+    m_sections = std::move(sections);
     if (onRowsChanged) onRowsChanged();
-}
-
-void KWTaskListService::leaveOutPending(QList<KWTaskListItemModel> &rows) const
-{
-    if (m_pendingDeletes.taskIDs().isEmpty()) return;
-    rows.removeIf([this](const auto &each) { return m_pendingDeletes.containsTask(each.sid); });
 }

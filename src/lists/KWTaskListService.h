@@ -1,16 +1,17 @@
 #pragma once
 
+#include "lists/ListContent.h"
+#include "lists/TaskListRows.h"
 #include "model/account/KWAccountManager.h"
 #include "model/events/KWEventBus.h"
 #include "model/events/PendingDeletes.h"
-#include "model/store/KWListDataFetcher.h"
 
 #include <functional>
 #include <memory>
 #include <vector>
 
-/// The rows of the list that the middle pane shows, kept true while tasks and the day change. Tasks
-/// that wait to be deleted are left out. The top of a long list is there at once; the rest follows from the
+/// The list that the middle pane shows, in sections, kept true while tasks and the day change. Tasks that
+/// wait to be deleted are left out. The top of a long list is there at once; the rest follows from the
 /// background. Main thread.
 class KWTaskListService {
 public:
@@ -18,7 +19,21 @@ public:
                       KWEventBus &bus);
 
     const KWListIdentifier &list() const { return m_list; }
-    const QList<KWTaskListItemModel> &rows() const { return m_rows; }
+    const QList<KWTaskCategory> &categories() const { return m_sections.categories; }
+    /// The rows of all sections.
+    QList<KWTaskListItemModel> rows() const;
+
+    KWTaskSortType sortType() const { return m_content.shown.sortType(); }
+    /// Whether the menu of sort types is offered.
+    bool isSortable() const { return m_content.shown.isSortable; }
+    KWTaskSortTypeMenu sortMenu() const;
+    /// Remembered for the list.
+    Result<void> setSortType(KWTaskSortType sortType);
+
+    /// Remembered for the list; onRowsChanged is called.
+    const FoldedRows &folded() const { return m_folded; }
+    void setSectionFolded(const QString &name, bool isFolded);
+    void setTaskFolded(const QString &taskID, bool isFolded);
 
     /// Tasks that have waited to be deleted since before the service was there. To be told before select().
     void leaveOut(const QSet<QString> &waitingTasks) { m_pendingDeletes.startWith(waitingTasks); }
@@ -27,9 +42,9 @@ public:
     /// No list is selected any more.
     void clear();
 
-    /// The rows are other ones now.
+    /// The sections, their rows or what is folded are other ones now.
     std::function<void()> onRowsChanged;
-    /// The rows could not be read; the sentence says why.
+    /// Something could not be read or saved; the sentence says why.
     std::function<void(const QString &)> onFailure;
 
 private:
@@ -37,16 +52,21 @@ private:
 
     bool readTop();
     void readAll();
-    void take(QList<KWTaskListItemModel> rows);
-    void leaveOutPending(QList<KWTaskListItemModel> &rows) const;
-    bool isLongList() const;
+    void show(ListContent content, ListContent::Sections sections);
+    void readFolding();
+    void saveFolding();
+    void tell(const Result<void> &result);
 
     KWCoreDataManager &m_manager;
     KWAccountManager &m_account;
+    KWNotificationCenter &m_center;
     KWListIdentifier m_list;
-    QList<KWTaskListItemModel> m_rows;
+    ListContent m_content;
+    ListContent::Sections m_sections; // of m_content
+    FoldedRows m_folded;
     PendingDeletes m_pendingDeletes;
-    bool m_showsOtherList = false;      // the rows are still those of the list selected before
+    bool m_showsOtherList = false;      // the sections are still those of the list selected before
+    bool m_savesFolding = false;        // what is announced then is known here
     std::shared_ptr<Request> m_request; // the latest; an answer to another one is dropped
     std::vector<KWNotificationCenter::Observation> m_observations;
     KWEventBus::Registration m_registration;

@@ -1,6 +1,8 @@
 #include "model/store/KWListDataFetcher.h"
 
+#include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWFocusSummary.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
@@ -123,9 +125,23 @@ private Q_SLOTS:
         TaskBuilder builder = aTask("Pack “ü”", zone).dueFrom("2030-05-01", "2030-05-03").tagged("errand");
         builder.tagged("日本").prioritized(KWTaskPriorityMedium).ordered(-7).inState(u"repeating"_s, {});
         builder.in(m_lists.value(u"Home"_s)).with(&KWTaskModel::kind, KWTaskKindChecklist);
+        builder.with(&KWTaskModel::pinnedDate, at("2030-05-01 08:00")).with(&KWTaskModel::assignee, 7);
+        builder.with(&KWTaskModel::columnID, u"doing"_s)
+            .with(&KWTaskModel::createdTime, at("2030-04-01 08:00"));
         KWTaskModel task = builder.model();
         saved(m_store, [&task](ObjectContext &context) {
-            task.sid = context.insert<KWTask>(task).sid();
+            KWTask &parent = context.insert<KWTask>(aTask("Travel").in(task.projectID).model());
+            task.parentId = parent.sid();
+            task = context.insert<KWTask>(task).model();
+            parent.set(&KWTaskModel::childIds, {u"another"_s, task.sid});
+            KWAttachmentModel attachment;
+            attachment.taskID = task.sid;
+            context.insert<KWAttachment>(attachment);
+            KWFocusSummaryModel focus;
+            focus.taskID = task.sid;
+            focus.pomoDuration = 1500;
+            focus.stopwatchDuration = 60;
+            context.insert<KWFocusSummary>(focus);
             KWChecklistItemModel item;
             item.taskID = task.sid;
             for (const KWTaskStatus each : {KWTaskStatusOpen, KWTaskStatusOpen, KWTaskStatusCompleted}) {
@@ -142,8 +158,16 @@ private Q_SLOTS:
         expected.isAllDay = expected.repeats = true;
         expected.checklistCount = 3;
         expected.checklistDoneCount = 1;
+        expected.attachmentCount = expected.childPlace = 1;
+        expected.focusDuration = 1560;
         expected.sortOrder = task.sortOrder;
         expected.projectID = task.projectID;
+        expected.columnID = task.columnID;
+        expected.parentId = task.parentId;
+        expected.assignee = task.assignee;
+        expected.pinnedDate = task.pinnedDate;
+        expected.createdTime = task.createdTime;
+        expected.modifiedTime = task.modifiedTime;
         expected.tags = task.tags;
         expected.startDate = task.startDate;
         expected.endDate = task.endDate;

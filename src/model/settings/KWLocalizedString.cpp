@@ -13,6 +13,8 @@ constexpr std::pair<std::string_view, const char *> englishTexts[] = {
     {"priority_Medium", "Medium"},
     {"priority_Low", "Low"},
     {"priority_None", "None"},
+    {"by_created_time", "By Created Time"},
+    {"by_modified_time", "By Modified Time"},
     {"Crash Protection Title", "Orvane closed unexpectedly several times"},
     {"Crash Protection Message",
      "The last starts each ended within five seconds. Your tasks are safe in the data folder. You can start "

@@ -11,31 +11,25 @@ namespace {
 
 constexpr const char *rowColumns =
     "t.sid, t.title, t.kind, t.status, t.priority, t.isAllDay, t.repeatRule <> '', t.sortOrder, t.id,"
-    " t.projectID, t.tags, t.startDate, t.endDate, t.completionDate,"
+    " t.projectID, t.columnID, t.parentId, t.tags, t.assignee, t.startDate, t.endDate, t.completionDate,"
+    " t.pinnedDate, t.createdTime, t.modifiedTime,"
     " (SELECT count(*) FROM checklistItems c WHERE c.taskID = t.sid AND c.isDeleted = 0),"
-    " (SELECT count(*) FROM checklistItems c WHERE c.taskID = t.sid AND c.isDeleted = 0 AND c.status <> 0)";
+    " (SELECT count(*) FROM checklistItems c WHERE c.taskID = t.sid AND c.isDeleted = 0 AND c.status <> 0),"
+    " (SELECT count(*) FROM attachments a WHERE a.taskID = t.sid AND a.isDeleted = 0),"
+    " (SELECT sum(f.pomoDuration + f.stopwatchDuration) FROM focusSummaries f"
+    "  WHERE f.taskID = t.sid AND f.isDeleted = 0),"
+    " CASE WHEN t.parentId = '' THEN 0 ELSE coalesce((SELECT child.key FROM tasks p,"
+    "  json_each(p.childIds) child WHERE p.sid = t.parentId AND child.value = t.sid), 0x7fffffff) END";
 
 KWTaskListItemModel readRow(SQLite::Statement &statement)
 {
     KWTaskListItemModel row;
     int column = 0;
-    const auto next = [&](auto &value) { columns::read(statement.getColumn(column++), value); };
-    next(row.sid);
-    next(row.title);
-    next(row.taskKind);
-    next(row.status);
-    next(row.priority);
-    next(row.isAllDay);
-    next(row.repeats);
-    next(row.sortOrder);
-    next(row.rowID);
-    next(row.projectID);
-    next(row.tags);
-    next(row.startDate);
-    next(row.endDate);
-    next(row.completionDate);
-    next(row.checklistCount);
-    next(row.checklistDoneCount);
+    const auto read = [&](auto &...values) { (columns::read(statement.getColumn(column++), values), ...); };
+    read(row.sid, row.title, row.taskKind, row.status, row.priority, row.isAllDay, row.repeats, row.sortOrder,
+         row.rowID, row.projectID, row.columnID, row.parentId, row.tags, row.assignee, row.startDate,
+         row.endDate, row.completionDate, row.pinnedDate, row.createdTime, row.modifiedTime,
+         row.checklistCount, row.checklistDoneCount, row.attachmentCount, row.focusDuration, row.childPlace);
     return row;
 }
 

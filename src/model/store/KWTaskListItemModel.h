@@ -28,14 +28,25 @@ struct KWTaskListItemModel : KWBasicItemModel {
     bool repeats = false;
     int checklistCount = 0;
     int checklistDoneCount = 0;
+    int attachmentCount = 0;
+    int childPlace = 0; ///< among the children of its parent, as far as the parent lists it
     std::int64_t sortOrder = 0;
-    std::int64_t rowID = 0; ///< of the store: the order of those that are equal otherwise
+    std::int64_t rowID = 0;         ///< of the store: the order of those that are equal otherwise
+    std::int64_t focusDuration = 0; ///< seconds spent on it
+    std::int64_t assignee = KWTaskAssignedToNobody;
     QString projectID;
+    QString columnID;
+    QString parentId;
     QStringList tags;
     std::optional<Instant> startDate;
     std::optional<Instant> endDate;
     std::optional<Instant> completionDate;
+    std::optional<Instant> pinnedDate;
+    std::optional<Instant> createdTime;
+    std::optional<Instant> modifiedTime;
 
+    bool isNote() const { return taskKind == KWTaskKindNote; }
+    bool isPinned() const { return pinnedDate.has_value(); }
     bool isClosed() const { return status != KWTaskStatusOpen; }
     bool operator==(const KWTaskListItemModel &) const = default;
 };

@@ -1,0 +1,92 @@
+#include "lists/ManualPositions.h"
+
+#include "lists/KWTaskCategory.h"
+#include "model/records/DayStamp.h"
+#include "model/records/KWTaskSortOrderModels.h"
+#include "model/store/ColumnCodec.h"
+#include "model/store/Connection.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Days that are several: no calendar has such.
+constexpr int overdueStamp = 1;
+constexpr int laterStamp = 2;
+constexpr int noDateStamp = 0;
+
+// The table that holds the positions, and its column that names the group.
+struct PositionTable {
+    const char *name;
+    const char *group;
+};
+
+std::optional<PositionTable> tableOf(KWTaskSortType sortType)
+{
+    switch (sortType) {
+    case KWTaskSortTypeDate:
+        return PositionTable{KWTaskDueDateSortOrderModel::tableName, "dayStamp"};
+    case KWTaskSortTypePriority:
+        return PositionTable{KWTaskPrioritySortOrderModel::tableName, "priority"};
+    case KWTaskSortTypeProject:
+        return PositionTable{KWTaskProjectSortOrderModel::tableName, "projectID"};
+    case KWTaskSortTypeTag:
+        return PositionTable{KWTaskTagSortOrderModel::tableName, "tagName"};
+    case KWTaskSortTypePinnedDate:
+        return PositionTable{KWTaskPinnedSortOrderModel::tableName, "''"};
+    case KWTaskSortTypeCustom:
+    case KWTaskSortTypeTitle:
+    case KWTaskSortTypeAssignee:
+    case KWTaskSortTypeCreatedTime:
+    case KWTaskSortTypeModifiedTime:
+    case KWTaskSortTypeCompletionDate:
+        break;
+    }
+    return std::nullopt;
+}
+
+int stampOf(const KWDateCategorySection &section)
+{
+    if (!section.date) return noDateStamp;
+    if (section.isOverdue) return overdueStamp;
+    return section.isMultiDate ? laterStamp : DayStamp::fromDay(*section.date);
+}
+
+} // namespace
+
+ManualPositions ManualPositions::read(const QString &contextID, KWTaskSortType sortType,
+                                      Connection &connection)
+{
+    ManualPositions positions;
+    const std::optional<PositionTable> table = tableOf(sortType);
+    if (!table) return positions;
+    auto statement = connection.prepare(std::string{"SELECT "} + table->group + ", taskID, sortOrder FROM " +
+                                        table->name + " WHERE contextID = ? AND isDeleted = 0 ORDER BY id");
+    statement.bind(1, contextID);
+    QString group, task;
+    std::int64_t order = 0;
+    while (statement->executeStep()) {
+        columns::read(statement->getColumn(0), group);
+        columns::read(statement->getColumn(1), task);
+        columns::read(statement->getColumn(2), order);
+        positions.m_positions[group].insert(task, order);
+    }
+    return positions;
+}
+
+ManualPositions::Positions ManualPositions::in(const KWTaskCategory &section) const
+{
+    const std::optional<QString> group = positionGroup(section);
+    return group ? m_positions.value(*group) : Positions{};
+}
+
+std::optional<QString> positionGroup(const KWTaskCategory &section)
+{
+    if (const auto *date = section.as<KWDateCategorySection>()) return QString::number(stampOf(*date));
+    if (const auto *priority = section.as<KWPriorityCategorySection>())
+        return QString::number(priority->priority);
+    if (const auto *list = section.as<KWProjectCategorySection>()) return list->projectID;
+    if (const auto *tag = section.as<KWTagCategorySection>()) return tag->tag.value_or(QString{});
+    if (section.isPinned()) return QString{};
+    return std::nullopt;
+}

@@ -1,0 +1,239 @@
+#include "lists/ShownList.h"
+
+#include "model/records/KWColumn.h"
+#include "model/records/KWFilter.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWProjectGroup.h"
+#include "model/records/KWSmartProject.h"
+#include "model/records/KWTag.h"
+#include "model/records/KWTeamworker.h"
+#include "model/records/SortOrderContext.h"
+#include "model/store/Connection.h"
+#include "model/store/StoreFailure.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+using Group = ShownList::Group;
+using Groups = QList<Group>;
+
+bool allAre(KWProjectKind kind, const QList<KWProject *> &lists)
+{
+    return std::ranges::all_of(lists, [kind](const KWProject *each) { return (*each)->kind == kind; });
+}
+
+// What the records say about the kind of list and its sorting.
+class ListRecords {
+public:
+    ListRecords(const KWListIdentifier &list, const QString &userID, ObjectContext &context)
+        : m_list(list), m_userID(userID), m_context(context)
+    {
+    }
+
+    KWTaskSortTypeMenu menu() const
+    {
+        KWTaskSortTypeMenu menu;
+        const QString &id = m_list.entityID;
+        switch (m_list.type) {
+        case KWListIdentifierType::Project:
+            menu.isNormalProject = true;
+            if (const KWProject *project = m_context.find<KWProject>(id)) {
+                menu.isNoteKind = project->isNoteKind();
+                menu.isSharedProject = (*project)->isShared;
+                menu.selectedType = (*project)->sortType;
+            }
+            break;
+        case KWListIdentifierType::Group: {
+            QList<KWProject *> lists = KWProject::orderedOpenProjects(m_userID, m_context);
+            lists.removeIf([&id](const KWProject *each) { return (*each)->groupID != id; });
+            menu.isGroup = true;
+            menu.isAllTaskKindInGroup = allAre(KWProjectKindTask, lists);
+            menu.isAllNoteKindInGroup = !menu.isAllTaskKindInGroup && allAre(KWProjectKindNote, lists);
+            if (const auto *group = m_context.find<KWProjectGroup>(id))
+                menu.selectedType = (*group)->sortType;
+            break;
+        }
+        case KWListIdentifierType::Tag:
+            menu.isTag = true;
+            menu.isParentTag = !childTags(id).isEmpty();
+            if (const KWTag *tag = KWTag::findTagNamed(id, m_userID, m_context))
+                menu.selectedType = (*tag)->sortType;
+            break;
+        case KWListIdentifierType::Filter:
+            if (const KWFilter *filter = m_context.find<KWFilter>(id))
+                menu.selectedType = (*filter)->sortType;
+            break;
+        case KWListIdentifierType::SmartProject:
+            menu.selectedType = KWSmartProject::sortTypeWithSmartProjectID(id, m_userID, m_context);
+            break;
+        case KWListIdentifierType::View:
+            break;
+        }
+        return menu;
+    }
+
+    Groups groups(KWTaskSortType sortType) const
+    {
+        const bool isProject = m_list.type == KWListIdentifierType::Project;
+        switch (sortType) {
+        case KWTaskSortTypeProject:
+            return lists();
+        case KWTaskSortTypeTag:
+            return tags();
+        case KWTaskSortTypeAssignee:
+            return isProject ? members() : Groups{};
+        case KWTaskSortTypeCustom:
+            return isProject ? columns() : Groups{};
+        case KWTaskSortTypeDate:
+        case KWTaskSortTypePriority:
+        case KWTaskSortTypeTitle:
+        case KWTaskSortTypeCreatedTime:
+        case KWTaskSortTypeModifiedTime:
+        case KWTaskSortTypeCompletionDate:
+        case KWTaskSortTypePinnedDate:
+            break;
+        }
+        return {};
+    }
+
+private:
+    // Folders stand among the lists by their own place, those of a folder together.
+    Groups lists() const
+    {
+        QHash<QString, std::int64_t> folders;
+        for (const KWProjectGroup *each : KWProjectGroup::findGroupsOfUser(m_userID, m_context))
+            folders.insert(each->sid(), (*each)->sortOrder);
+        QList<KWProject *> projects =
+            KWProject::findProjectsOfUser(m_userID, ProjectScope::OpenAndClosed, m_context);
+        std::ranges::stable_sort(projects, {}, [&folders](const KWProject *each) {
+            const KWProjectModel &list = each->model();
+            const bool isInFolder = folders.contains(list.groupID);
+            return std::tuple{!list.isInbox, folders.value(list.groupID, list.sortOrder), !isInFolder,
+                              isInFolder ? list.groupID : QString{}};
+        });
+        Groups groups;
+        for (const KWProject *each : projects)
+            groups.append(
+                {each->sid(), each->isInbox() ? KWSmartProject::inbox().displayName() : (*each)->name});
+        return groups;
+    }
+
+    QList<KWTag *> childTags(const QString &name) const
+    {
+        QList<KWTag *> tags = KWTag::findTagsOfUser(m_userID, m_context);
+        tags.removeIf(
+            [&name](const KWTag *each) { return (*each)->parent != name || (*each)->name == name; });
+        return tags;
+    }
+
+    // A child tag stands behind its parent. In the list of a parent, its children part the tasks; those
+    // that have none of them come last.
+    Groups tags() const
+    {
+        QList<KWTag *> tags = KWTag::findTagsOfUser(m_userID, m_context);
+        if (m_list.type == KWListIdentifierType::Tag) {
+            tags = childTags(m_list.entityID);
+            if (KWTag *own = KWTag::findTagNamed(m_list.entityID, m_userID, m_context)) tags.append(own);
+        } else {
+            QHash<QString, qsizetype> places;
+            for (const KWTag *each : tags)
+                places.insert((*each)->name, places.size());
+            std::ranges::stable_sort(tags, {}, [&places](const KWTag *each) {
+                const QString &parent = (*each)->parent;
+                return std::pair{places.value(parent, places.value((*each)->name)), places.contains(parent)};
+            });
+        }
+        Groups groups;
+        for (const KWTag *each : tags)
+            groups.append({(*each)->name, (*each)->label});
+        return groups;
+    }
+
+    Groups columns() const
+    {
+        Groups groups;
+        if (const KWProject *project = m_context.find<KWProject>(m_list.entityID))
+            for (const KWColumn *each : project->orderedColumns())
+                groups.append({each->sid(), (*each)->name});
+        return groups;
+    }
+
+    Groups members() const
+    {
+        Groups groups;
+        const QList<KWTeamworker *> members = m_context.fetch<KWTeamworker>(
+            {.where = "projectID = ? AND isDeleted = 0", .values = {m_list.entityID}});
+        for (const KWTeamworker *each : KWTeamworker::sortedByName(members))
+            groups.append({QString::number((*each)->userServerID), (*each)->name});
+        return groups;
+    }
+
+    const KWListIdentifier &m_list;
+    const QString &m_userID;
+    ObjectContext &m_context;
+};
+
+// Those that show what is done with, each in an order of its own.
+bool isOfClosedTasks(const KWListIdentifier &list)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return smart && (smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
+}
+
+KWTaskSortType closedSortType(const KWListIdentifier &list)
+{
+    return list.entityID == KWSmartProject::trash().identifier() ? KWTaskSortTypeModifiedTime
+                                                                 : KWTaskSortTypeCompletionDate;
+}
+
+} // namespace
+
+QString ShownList::positionContext() const
+{
+    const QString &id = list.entityID;
+    switch (list.type) {
+    case KWListIdentifierType::Project:
+        return contextID({.projectID = id});
+    case KWListIdentifierType::Group:
+        return contextID({.groupID = id});
+    case KWListIdentifierType::Tag:
+        return contextID({.tagName = id});
+    case KWListIdentifierType::Filter:
+        return contextID({.filterID = id});
+    case KWListIdentifierType::SmartProject:
+        return contextID({.smartList = id});
+    case KWListIdentifierType::View:
+        break;
+    }
+    return {};
+}
+
+Result<ShownList> ShownList::read(const KWListIdentifier &list, const QString &userID, ObjectContext &context)
+{
+    const ListRecords records{list, userID, context};
+    ShownList shown;
+    shown.list = list;
+    shown.zone = context.clock().zone();
+    shown.today = context.clock().today();
+    shown.clientID = context.number("SELECT userServerID FROM users WHERE sid = ?", {userID});
+    shown.isSortable = !isOfClosedTasks(list);
+    shown.menu = records.menu();
+    if (!shown.isSortable)
+        shown.menu.selectedType = closedSortType(list);
+    else if (const auto types = shown.menu.sortTypes(); !types.contains(shown.sortType()))
+        shown.menu.selectedType = types.first();
+    shown.groups = records.groups(shown.sortType());
+    if (const Result<void> read = context.readResult(); !read) return read.error();
+    try {
+        const auto positions = [&](KWTaskSortType sortType) {
+            return ManualPositions::read(shown.positionContext(), sortType, context.connection());
+        };
+        shown.positions = positions(shown.sortType());
+        shown.pinnedPositions = positions(KWTaskSortTypePinnedDate);
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+    return shown;
+}

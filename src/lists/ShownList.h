@@ -1,0 +1,46 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "corvexkit/time/CXTimeZone.h"
+#include "lists/KWTaskSortTypeMenu.h"
+#include "lists/ManualPositions.h"
+#include "model/records/KWListIdentifier.h"
+
+#include <QLocale>
+
+class ObjectContext;
+
+/// How a list is shown: by what it is sorted, what its sections are called and in which order they stand.
+/// A value: it may cross threads.
+struct ShownList {
+    struct Group {
+        QString id;
+        QString title;
+        bool operator==(const Group &) const = default;
+    };
+
+    KWListIdentifier list{};
+    KWTaskSortTypeMenu menu{}; ///< what it can be sorted by; `selectedType` is in force
+    bool isSortable = false;   ///< the menu is offered: not for Completed, Abandoned and the trash
+    bool showsCompleted = false;
+    std::int64_t clientID = KWTaskAssignedToNobody; ///< the server id of the user
+    /// What the sort type groups by, in the order of the sidebar or board: lists, tags, columns, members.
+    QList<Group> groups{};
+    ManualPositions positions{};
+    ManualPositions pinnedPositions{};
+    Day today{};
+    CXTimeZone zone{};
+    QLocale locale{};
+
+    KWTaskSortType sortType() const { return menu.selectedType; }
+    /// Tasks that are open stand above those that are not.
+    bool partsClosedTasks() const { return isSortable; }
+    /// Of its sort-order records, see SortOrderContext.
+    QString positionContext() const;
+
+    /// As the account shows the list today.
+    static Result<ShownList> read(const KWListIdentifier &list, const QString &userID,
+                                  ObjectContext &context);
+
+    bool operator==(const ShownList &) const = default;
+};

@@ -1,0 +1,50 @@
+#include "lists/TaskListRows.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void appendTasks(const KWTaskCategory &section, int index, const FoldedRows &folded, QList<TaskListRow> &rows)
+{
+    const KWTaskCategory::Rows &models = section.models();
+    QStringList above; // the tasks in which the present one stands
+    int hiddenBelow = -1;
+    for (qsizetype i = 0; i < models.size(); ++i) {
+        const KWTaskListItemModel &task = models.at(i);
+        while (!above.isEmpty() && above.last() != task.parentId)
+            above.removeLast();
+        const int depth = int(above.size());
+        above.append(task.sid);
+        if (hiddenBelow >= 0 && depth > hiddenBelow) continue;
+        hiddenBelow = -1;
+
+        TaskListRow row{TaskListRow::Kind::Task, task.sid, index};
+        row.task = task;
+        row.depth = depth;
+        row.hasChildren = i + 1 < models.size() && models.at(i + 1).parentId == task.sid;
+        row.isFolded = row.hasChildren && folded.tasks.contains(task.sid);
+        if (row.isFolded) hiddenBelow = depth;
+        rows.append(std::move(row));
+    }
+}
+
+} // namespace
+
+QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const FoldedRows &folded)
+{
+    QList<TaskListRow> rows;
+    bool isFolded = false; // the section, and the row that loads more of it
+    for (int i = 0; i < categories.size(); ++i) {
+        const KWTaskCategory &section = categories.at(i);
+        if (section.isLoadMore()) {
+            if (!isFolded) rows.append({TaskListRow::Kind::LoadMore, u"loadMore"_s, i});
+            continue;
+        }
+        isFolded = !section.hidesHeader() && folded.sections.contains(section.name());
+        if (!section.hidesHeader())
+            rows.append({TaskListRow::Kind::Section, u"section:"_s + section.name(), i, section.title(),
+                         section.count(), isFolded});
+        if (!isFolded) appendTasks(section, i, folded, rows);
+    }
+    return rows;
+}

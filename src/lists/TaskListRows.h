@@ -1,0 +1,33 @@
+#pragma once
+
+#include "lists/KWTaskCategory.h"
+
+#include <QSet>
+
+/// What is folded in a list.
+struct FoldedRows {
+    QSet<QString> sections; ///< their names
+    QSet<QString> tasks;    ///< the ids of those whose children are hidden
+
+    bool operator==(const FoldedRows &) const = default;
+};
+
+/// A row of the middle pane.
+struct TaskListRow {
+    enum class Kind : std::uint8_t { Section, Task, LoadMore };
+
+    Kind kind = Kind::Task;
+    QString id;       ///< unique in the list: the task's, "section:" and its name, or "loadMore"
+    int category = 0; ///< the index of its section
+    QString title{};  ///< of a section
+    int count = 0;    ///< of a section: its tasks, folded ones included
+    bool isFolded = false;
+    KWTaskListItemModel task{}; ///< of a task
+    int depth = 0;              ///< below how many of the tasks above it
+    bool hasChildren = false;   ///< among the rows of its section
+
+    bool operator==(const TaskListRow &) const = default;
+};
+
+/// The rows to be seen of the sections: headers, and tasks that are in nothing that is folded.
+QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const FoldedRows &folded);
