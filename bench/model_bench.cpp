@@ -276,7 +276,7 @@ void completeAndReopen(benchmark::State &state)
         {home.kit->account().currentUserID(), allTasks, 1}, home.kit->context().connection());
     KWTaskTicker ticker{home.kit->manager()};
     for (auto _ : state)
-        if (!ticker.tick(rows->first().sid)) state.SkipWithError("not saved");
+        if (!ticker.tick({rows->first().sid})) state.SkipWithError("not saved");
 }
 BENCHMARK(completeAndReopen)->Unit(benchmark::kMicrosecond);
 

@@ -98,7 +98,7 @@ void tickOneTask(benchmark::State &state)
 {
     KWTaskTicker ticker{home().kit->manager()};
     for (auto _ : state)
-        if (!ticker.tick(home().plain.first())) state.SkipWithError("not ticked");
+        if (!ticker.tick({home().plain.first()})) state.SkipWithError("not ticked");
 }
 BENCHMARK(tickOneTask)->Unit(benchmark::kMicrosecond);
 
@@ -106,7 +106,7 @@ void tickARepeatingTaskAndUndo(benchmark::State &state)
 {
     KWTaskTicker ticker{home().kit->manager()};
     for (auto _ : state) {
-        const auto ticked = ticker.tick(home().repeating);
+        const auto ticked = ticker.tick({home().repeating});
         if (!ticked || !ticker.undo(ticked->undo)) state.SkipWithError("not ticked");
     }
 }

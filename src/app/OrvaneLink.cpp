@@ -4,6 +4,21 @@
 
 #include <QUrl>
 
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = OrvaneLink::Kind;
+
+// Hosts are read in lower case.
+const std::array hosts{std::pair{Kind::Task, u"task"_s}, std::pair{Kind::List, u"list"_s},
+                       std::pair{Kind::Habit, u"habit"_s}, std::pair{Kind::Event, u"event"_s}};
+
+} // namespace
+
 std::optional<OrvaneLink> OrvaneLink::parse(const QString &link)
 {
     if (!LaunchRequest::isLink(link)) return std::nullopt;
@@ -12,11 +27,17 @@ std::optional<OrvaneLink> OrvaneLink::parse(const QString &link)
     const QString id = path.mid(1);
     if (!url.isValid() || !path.startsWith(u'/') || id.isEmpty() || id.contains(u'/')) return std::nullopt;
 
-    // Hosts are read in lower case.
-    const QString host = url.host();
-    if (host == u"task") return OrvaneLink{Kind::Task, id};
-    if (host == u"list") return OrvaneLink{Kind::List, id};
-    if (host == u"habit") return OrvaneLink{Kind::Habit, id};
-    if (host == u"event") return OrvaneLink{Kind::Event, id};
+    for (const auto &[kind, host] : hosts)
+        if (host == url.host()) return OrvaneLink{kind, id};
     return std::nullopt;
+}
+
+QString OrvaneLink::text() const
+{
+    QUrl url;
+    url.setScheme(u"orvane"_s);
+    for (const auto &[each, host] : hosts)
+        if (each == kind) url.setHost(host);
+    url.setPath(u'/' + id);
+    return url.toString(QUrl::FullyEncoded);
 }

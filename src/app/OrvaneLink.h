@@ -15,6 +15,8 @@ struct OrvaneLink {
 
     /// Nothing for any other text. Query and fragment are passed over.
     static std::optional<OrvaneLink> parse(const QString &link);
+    /// As parse() reads it.
+    QString text() const;
 
     bool operator==(const OrvaneLink &) const = default;
 };

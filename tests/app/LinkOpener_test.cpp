@@ -63,6 +63,7 @@ private Q_SLOTS:
         QString shown = m_target.shown.constFirst();
         shown.replace(KWProject::inboxIDOfUser(m_store.userID()), u"inbox"_s);
         QVERIFY2(shown.contains(cells.at(1)), qUtf8Printable(shown));
+        if (const auto link = OrvaneLink::parse(cells.at(0))) QCOMPARE(OrvaneLink::parse(link->text()), link);
     }
 
     void waitsForSomebodyToSignIn()

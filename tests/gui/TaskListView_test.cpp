@@ -24,7 +24,7 @@ QList<KWTaskListItemModel> rowsFrom(int first, int last)
     return rows;
 }
 
-QString firstOf(const QSignalSpy &spy) { return spy.isEmpty() ? u"(none)"_s : spy.last().first().toString(); }
+QStringList lastOf(const QSignalSpy &spy) { return spy.value(spy.size() - 1).value(0).toStringList(); }
 
 // A view of a size, shown, with the keyboard in it.
 struct Shown {
@@ -69,7 +69,7 @@ private Q_SLOTS:
         shown.view.selectTask(u"task 1"_s);
         QSignalSpy toggled{&shown.view, &TaskListView::completionToggled};
         QTest::mouseClick(shown.view.viewport(), Qt::LeftButton, {}, shown.checkbox(u"task 3"_s));
-        QCOMPARE(firstOf(toggled), u"task 3"_s);
+        QCOMPARE(lastOf(toggled), QStringList{u"task 3"_s});
         QCOMPARE(shown.view.currentTask(), u"task 1"_s);
 
         // Pressed there, let go elsewhere: a change of mind.

@@ -93,7 +93,7 @@ private:
     Result<void> write() { return m_editor.setContent(m_task, u"In the kitchen"_s); }
     Result<void> tick()
     {
-        const auto ticked = m_ticker.tick(m_task);
+        const auto ticked = m_ticker.tick({m_task});
         return ticked ? kept(ticked->undo) : ticked.error();
     }
     Result<void> undo() { return m_undo.undo(manager()); }

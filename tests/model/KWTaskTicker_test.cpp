@@ -133,7 +133,7 @@ private Q_SLOTS:
         const QString id = makeWeeklyReview();
         TaskBuilder ownWay = aTask("Water").dueOn("2030-05-01").ordered(2).inState(u"repeating"_s, {});
         ownWay.with(&KWTaskModel::parentId, id).savedIn(*m_store);
-        const auto ticked = ticker().tick(id);
+        const auto ticked = ticker().tick({id});
         QCOMPARE(ticked->status, KWTaskStatusCompleted);
         QCOMPARE(ticked->nextDate, at("2030-05-08 00:00"));
         m_store->reopen();
@@ -179,13 +179,13 @@ private Q_SLOTS:
     {
         const QString id = makeWeeklyReview();
         KWTaskEditor editor{m_store->kit().manager()};
-        auto ticked = ticker().tick(id);
+        auto ticked = ticker().tick({id});
         QVERIFY(editor.setTitle(id, u"Weekly review"_s));
         QVERIFY(ticker().undo(ticked->undo));
         QCOMPARE(task(id).title, u"Weekly review"_s);
         QCOMPARE(task(id).startDate, at("2030-05-01 00:00"));
 
-        ticked = ticker().tick(id);
+        ticked = ticker().tick({id});
         QVERIFY(editor.setTitle(copyOf(id).sid, u"Done with care"_s));
         QVERIFY(!ticker().undo(ticked->undo));
         QCOMPARE(task(id).startDate, at("2030-05-08 00:00"));
@@ -195,7 +195,7 @@ private Q_SLOTS:
     void keepsWhatWasPutIntoTheCopySinceTheTick()
     {
         const QString id = makeWeeklyReview();
-        const auto ticked = ticker().tick(id);
+        const auto ticked = ticker().tick({id});
         const QString copyID = copyOf(id).sid;
         const auto keeps = [&]<class Record>(std::type_identity<Record>, auto owner) {
             QString part;
@@ -236,7 +236,7 @@ private Q_SLOTS:
         TaskBuilder below = aTask("Daily").dueOn("2030-05-01").inState(u"repeating"_s, {});
         const QString daily = below.with(&KWTaskModel::parentId, id).savedIn(*m_store);
         const auto tasks = contents<KWTask>(*m_store);
-        const auto ticked = ticker().tick(id);
+        const auto ticked = ticker().tick({id});
         QCOMPARE(task(daily).status, KWTaskStatusCompleted);
         QVERIFY(ticker().undo(ticked->undo));
         QVERIFY(contents<KWTask>(*m_store) == tasks);

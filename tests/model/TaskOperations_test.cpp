@@ -165,7 +165,7 @@ private Q_SLOTS:
         const QString gone = make("Gone");
         throwAway({gone});
         QVERIFY(!copy({live, gone}) && !merge({live, gone}) && !merge({gone, live}) && !move({gone}, m_work));
-        QVERIFY(!KWTaskTicker{manager()}.tick(gone) && !KWTaskTicker{manager()}.tick(u"unknown"_s));
+        QVERIFY(!KWTaskTicker{manager()}.tick({gone}) && !KWTaskTicker{manager()}.tick({u"unknown"_s}));
         QCOMPARE(tasksOf(m_home), u"Live"_s);
     }
 

@@ -108,11 +108,14 @@ std::optional<TaskRepetition> apply(KWTaskStatus status, KWTask &task)
 
 } // namespace
 
-Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QString &taskID)
+Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QStringList &taskIDs)
 {
-    const KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID);
-    const bool isOpen = task && (*task)->status == KWTaskStatusOpen;
-    return updateStatus(isOpen ? KWTaskStatusCompleted : KWTaskStatusOpen, QStringList{taskID});
+    const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, m_manager.MR_defaultContext());
+    QStringList openOnes;
+    for (const KWTask *each : tasks)
+        if ((*each)->status == KWTaskStatusOpen) openOnes.append(each->sid());
+    return openOnes.isEmpty() ? updateStatus(KWTaskStatusOpen, taskIDs)
+                              : updateStatus(KWTaskStatusCompleted, openOnes);
 }
 
 Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, const QStringList &taskIDs)

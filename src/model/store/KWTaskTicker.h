@@ -22,10 +22,10 @@ public:
         UndoToken undo{};
     };
 
-    /// Completes an open task, reopens a closed one.
-    Result<Ticked> tick(const QString &taskID);
-    /// A task that has the status already stays as it is. Several go in one save, or none of them: those
-    /// that are gone are left out as long as one is there.
+    /// Completes those that are open; where none is, reopens them all. Several go in one save, or none of
+    /// them does: those that are gone are left out as long as one is there.
+    Result<Ticked> tick(const QStringList &taskIDs);
+    /// The same with one status for all; a task that has it already stays as it is.
     Result<Ticked> updateStatus(KWTaskStatus status, const QStringList &taskIDs);
     /// Takes one of the above back, see UndoToken.
     Result<void> undo(const UndoToken &token) { return token.undo(m_manager); }

@@ -3,7 +3,6 @@
 #include "lists/KWProjectListPresenter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
-#include "model/records/PriorityNames.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/datepicker/DatePicker.h"
@@ -11,14 +10,12 @@
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
-#include "views/tasklist/TaskListController.h"
+#include "views/tasklist/TaskActions.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/wording/CalendarDay.h"
-#include "views/wording/DateWording.h"
 
 #include <QLineEdit>
-#include <QLocale>
 #include <QTextDocument>
 
 namespace {
@@ -51,18 +48,21 @@ void MainWindowCommands::connectTaskCommands()
 {
     const auto today = [this] { return m_parts.clock.today(); };
     on(MenuCommand::AddTask, [this] { addTask(); });
-    on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(selectedTask()); });
+    on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(selectedTasks()); });
     on(MenuCommand::SetDate, [this] { pickDate(); });
-    on(MenuCommand::ClearDate, [this] { clearDate(selectedTask()); });
-    on(MenuCommand::SetToday, [this, today] { setDay(selectedTask(), today()); });
-    on(MenuCommand::SetTomorrow, [this, today] { setDay(selectedTask(), today() + std::chrono::days{1}); });
+    on(MenuCommand::ClearDate, [this] { m_parts.tasks.clearDate(selectedTasks()); });
+    on(MenuCommand::SetToday, [this, today] { m_parts.tasks.setDay(selectedTasks(), today()); });
+    on(MenuCommand::SetTomorrow,
+       [this, today] { m_parts.tasks.setDay(selectedTasks(), today() + std::chrono::days{1}); });
     on(MenuCommand::SetNextWeek, [this, today] {
-        setDay(selectedTask(), mondayOfNextWeek(today(), m_parts.account.userSettings().firstWeekday));
+        m_parts.tasks.setDay(selectedTasks(),
+                             mondayOfNextWeek(today(), m_parts.account.userSettings().firstWeekday));
     });
-    on(MenuCommand::PriorityNone, [this] { setPriority(KWTaskPriorityNone); });
-    on(MenuCommand::PriorityLow, [this] { setPriority(KWTaskPriorityLow); });
-    on(MenuCommand::PriorityMedium, [this] { setPriority(KWTaskPriorityMedium); });
-    on(MenuCommand::PriorityHigh, [this] { setPriority(KWTaskPriorityHigh); });
+    for (const auto &[command, priority] : {std::pair{MenuCommand::PriorityNone, KWTaskPriorityNone},
+                                            {MenuCommand::PriorityLow, KWTaskPriorityLow},
+                                            {MenuCommand::PriorityMedium, KWTaskPriorityMedium},
+                                            {MenuCommand::PriorityHigh, KWTaskPriorityHigh}})
+        on(command, [this, priority = priority] { m_parts.tasks.setPriority(selectedTasks(), priority); });
     on(MenuCommand::Print, [this] { print(); });
 }
 
@@ -73,9 +73,16 @@ void MainWindowCommands::connectEditing()
     };
     give(MenuCommand::Redo, &QLineEdit::redo, &QTextEdit::redo);
     give(MenuCommand::Cut, &QLineEdit::cut, &QTextEdit::cut);
-    give(MenuCommand::Copy, &QLineEdit::copy, &QTextEdit::copy);
+    on(MenuCommand::Copy, [this] {
+        if (m_parts.window.listPane().list().hasFocus()) return m_parts.tasks.copyTitles(selectedTasks());
+        giveToText(m_parts.window.focusWidget(), &QLineEdit::copy, &QTextEdit::copy);
+    });
     give(MenuCommand::Paste, &QLineEdit::paste, &QTextEdit::paste);
-    give(MenuCommand::SelectAll, &QLineEdit::selectAll, &QTextEdit::selectAll);
+    on(MenuCommand::SelectAll, [this] {
+        TaskListView &list = m_parts.window.listPane().list();
+        if (list.hasFocus()) return list.selectAll();
+        giveToText(m_parts.window.focusWidget(), &QLineEdit::selectAll, &QTextEdit::selectAll);
+    });
     on(MenuCommand::Undo, [this] {
         QWidget *focused = m_parts.window.focusWidget();
         const auto *edit = qobject_cast<QTextEdit *>(focused);
@@ -114,7 +121,10 @@ void MainWindowCommands::connectLists()
     missing(MenuCommand::OpenSummary, "This version has no summary yet.");
 }
 
-QString MainWindowCommands::selectedTask() const { return m_parts.window.listPane().list().currentTask(); }
+QStringList MainWindowCommands::selectedTasks() const
+{
+    return m_parts.window.listPane().list().selectedTasks();
+}
 
 void MainWindowCommands::addTask()
 {
@@ -125,36 +135,20 @@ void MainWindowCommands::addTask()
     field.setFocus(Qt::ShortcutFocusReason);
 }
 
-void MainWindowCommands::setPriority(KWTaskPriority priority)
-{
-    report(m_parts.editor.setPriority(selectedTask(), priority),
-           tr("Priority: %1").arg(displayName(priority)));
-}
-
-void MainWindowCommands::setDay(const QString &taskID, Day day)
-{
-    const QString words = DateWording::relativeDay(day, m_parts.clock.today(), QLocale{});
-    report(m_parts.editor.setDay(taskID, day), tr("Date: %1").arg(words));
-}
-
-void MainWindowCommands::clearDate(const QString &taskID)
-{
-    report(m_parts.editor.clearDate(taskID), tr("Date removed"));
-}
-
 void MainWindowCommands::pickDate()
 {
-    const QString taskID = selectedTask();
-    const auto found = m_parts.editor.read(taskID);
+    TaskListView &list = m_parts.window.listPane().list();
+    const QStringList taskIDs = selectedTasks();
+    const auto found = m_parts.editor.read(list.currentTask());
     if (!found) return;
     DatePicker::Days days{.today = m_parts.clock.today(),
                           .selected = {},
                           .firstWeekday = m_parts.account.userSettings().firstWeekday};
     if (found->task.startDate) days.selected = m_parts.clock.zone().dayOf(*found->task.startDate);
     auto *picker = new DatePicker{days, &m_parts.window};
-    connect(picker, &DatePicker::picked, this,
-            [this, taskID](std::optional<Day> day) { day ? setDay(taskID, *day) : clearDate(taskID); });
-    TaskListView &list = m_parts.window.listPane().list();
+    connect(picker, &DatePicker::picked, this, [this, taskIDs](std::optional<Day> day) {
+        day ? m_parts.tasks.setDay(taskIDs, *day) : m_parts.tasks.clearDate(taskIDs);
+    });
     const QRect row = list.visualRect(list.currentIndex());
     picker->popUp(list.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()}));
 }
@@ -164,14 +158,4 @@ void MainWindowCommands::print()
     const QString title = m_parts.sidebar.titleOfSelectedList();
     const auto document = ListPrint::document(title, m_parts.window.listPane().model().rows(), m_parts.clock);
     ListPrint::run(*document, title, m_parts.window);
-}
-
-void MainWindowCommands::report(const Result<UndoToken> &done, const QString &message)
-{
-    if (!done) return Q_EMIT failed(done.error().sentence);
-    if (done->isEmpty()) return; // it was so before
-    Q_EMIT changed(message, [this, undo = *done] {
-        if (const Result<void> undone = undo.undo(m_parts.manager); !undone)
-            Q_EMIT failed(undone.error().sentence);
-    });
 }

@@ -5,12 +5,11 @@
 #include "views/menu/MainMenu.h"
 
 class KWAccountManager;
-class KWCoreDataManager;
 class KWProjectListPresenter;
 class MainWindow;
-class TaskListController;
+class TaskActions;
 
-/// What the commands of the main menu do in the main window: on the selected task, on the list, on the
+/// What the commands of the main menu do in the main window: on the selected tasks, on the list, on the
 /// text that is being edited. Main thread.
 class MainWindowCommands : public QObject {
     Q_OBJECT
@@ -20,20 +19,14 @@ public:
     struct Parts {
         MainMenu &menu;
         MainWindow &window;
-        TaskListController &tasks;
+        TaskActions &tasks;
         KWProjectListPresenter &sidebar;
         KWTaskEditor &editor;
-        KWCoreDataManager &manager;
         KWAccountManager &account;
         CXClock &clock;
     };
     explicit MainWindowCommands(const Parts &parts);
     ~MainWindowCommands() override;
-
-Q_SIGNALS:
-    /// A task was changed; `undo` takes it back.
-    void changed(const QString &message, const std::function<void()> &undo);
-    void failed(const QString &sentence);
 
 private:
     template <class Action>
@@ -45,14 +38,10 @@ private:
     void connectEditing();
     void connectLists();
 
-    QString selectedTask() const;
+    QStringList selectedTasks() const;
     void addTask();
-    void setPriority(KWTaskPriority priority);
-    void setDay(const QString &taskID, Day day);
-    void clearDate(const QString &taskID);
     void pickDate();
     void print();
-    void report(const Result<UndoToken> &done, const QString &message);
 
     Parts m_parts;
 };

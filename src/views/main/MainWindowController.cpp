@@ -12,9 +12,11 @@
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/taskdetail/TaskDetailView.h"
+#include "views/tasklist/TaskActions.h"
 #include "views/tasklist/TaskListController.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/tasklist/TaskMenu.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/trash/TrashController.h"
@@ -31,25 +33,25 @@ constexpr int placeNameWidth = 260;
 struct MainWindowController::Content {
     explicit Content(const Rooms &rooms)
         : window{rooms.clock, rooms.kit.defaults()}
-        , ticker{rooms.kit.manager()}
         , editor{rooms.kit.manager()}
+        , actions{{rooms.kit.manager(), rooms.kit.center(), rooms.deletes, rooms.clock}}
         , sidebar{window.sidebar(), rooms.sidebar, rooms.kit.account()}
-        , tasks{window.listPane(),  rooms.tasks, rooms.sidebar, ticker, editor,
-                rooms.kit.center(), rooms.clock}
+        , tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
+        , taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
         , addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
         , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
         , detail{window.detail(), rooms.kit}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
-        , commands{{rooms.menu, window, tasks, rooms.sidebar, editor, rooms.kit.manager(),
-                    rooms.kit.account(), rooms.clock}}
+        , commands{{rooms.menu, window, actions, rooms.sidebar, editor, rooms.kit.account(), rooms.clock}}
     {
     }
 
     MainWindow window;
-    KWTaskTicker ticker;
     KWTaskEditor editor;
+    TaskActions actions;
     SidebarController sidebar;
     TaskListController tasks;
+    TaskMenu taskMenu;
     AddFieldController addField;
     TrashController trash;
     TaskDetailController detail;
@@ -147,14 +149,20 @@ void MainWindowController::connectColumns()
     connect(&list, &TaskListView::currentTaskChanged, &content.detail, &TaskDetailController::show);
     connect(&list, &TaskListView::opened, &window, &MainWindow::openDetail);
     connect(&content.addField, &AddFieldController::added, this, &MainWindowController::showAdded);
-    connect(&content.detail, &TaskDetailController::completionToggled, &content.tasks,
-            &TaskListController::tick);
-    connect(&content.tasks, &TaskListController::statusChanged, &window, &MainWindow::showUndo);
-    connect(&list, &TaskListView::deletionRequested, this, [this](const QString &taskID) {
-        if (m_content->trash.isShown())
-            m_content->trash.deleteForever(taskID);
+    connect(&content.detail, &TaskDetailController::completionToggled, &content.actions,
+            [&content](const QString &taskID) { content.actions.tick({taskID}); });
+    connect(&list, &TaskListView::completionToggled, &content.actions, &TaskActions::tick);
+    connect(&list, &TaskListView::deletionRequested, this, [&content](const QStringList &taskIDs) {
+        if (content.trash.isShown())
+            content.trash.deleteForever(taskIDs);
         else
-            m_rooms.deletes.deleteTasks({taskID});
+            content.actions.remove(taskIDs);
+    });
+    connect(&content.actions, &TaskActions::changed, &window, &MainWindow::showUndo);
+    connect(&content.actions, &TaskActions::duplicated, &list, &TaskListView::selectTasks);
+    connect(&content.actions, &TaskActions::failed, this, [this](const QString &sentence) {
+        m_content->window.showMessage(sentence);
+        m_rooms.tasks.reload(); // what was ticked on the screen is as it is stored again
     });
     connect(&list, &TaskListView::menuAboutToShow, this, &MainWindowController::fillRowMenu);
     connect(&content.tasks, &TaskListController::shown, &content.trash, &TrashController::showOffer);
@@ -167,15 +175,14 @@ void MainWindowController::connectColumns()
     connect(&content.tasks, &TaskListController::failed, &window, &MainWindow::showMessage);
     connect(&content.addField, &AddFieldController::failed, &window, &MainWindow::showMessage);
     connect(&content.detail, &TaskDetailController::failed, &window, &MainWindow::showMessage);
-    connect(&content.commands, &MainWindowCommands::changed, &window, &MainWindow::showUndo);
-    connect(&content.commands, &MainWindowCommands::failed, &window, &MainWindow::showMessage);
 }
 
-void MainWindowController::fillRowMenu(QMenu &menu, const QString &taskID)
+void MainWindowController::fillRowMenu(QMenu &menu, const QStringList &taskIDs)
 {
-    if (m_content->trash.isShown()) return m_content->trash.fillMenu(menu, taskID);
-    connect(menu.addAction(tr("Delete")), &QAction::triggered, this,
-            [this, taskID] { m_rooms.deletes.deleteTasks({taskID}); });
+    if (m_content->trash.isShown())
+        m_content->trash.fillMenu(menu, taskIDs);
+    else
+        m_content->taskMenu.fill(menu, taskIDs);
 }
 
 void MainWindowController::showAdded(const QString &taskID)

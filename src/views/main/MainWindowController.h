@@ -58,7 +58,7 @@ private:
 
     void make();
     void connectColumns();
-    void fillRowMenu(QMenu &menu, const QString &taskID);
+    void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
     void showAdded(const QString &taskID);
 
     Rooms m_rooms;

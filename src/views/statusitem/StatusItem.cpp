@@ -47,8 +47,8 @@ struct StatusItem::Popover {
         service.onRowsChanged = [this] { window.list().setRows(service.rows()); };
         service.onFailure = [this](const QString &sentence) { showProblem(sentence); };
         QObject::connect(&window.list(), &TaskListView::completionToggled, &window,
-                         [this](const QString &taskID) {
-                             if (const auto done = ticker.tick(taskID); !done)
+                         [this](const QStringList &taskIDs) {
+                             if (const auto done = ticker.tick(taskIDs); !done)
                                  showProblem(done.error().sentence);
                          });
         QObject::connect(&addField, &AddFieldController::failed, &window,

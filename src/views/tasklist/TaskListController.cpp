@@ -18,13 +18,12 @@ bool mixesLists(const KWListIdentifier &list) { return list.type != KWListIdenti
 } // namespace
 
 TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &service,
-                                       KWProjectListPresenter &sidebar, KWTaskTicker &ticker,
-                                       KWTaskEditor &editor, KWNotificationCenter &center, CXClock &clock)
-    : m_pane(pane), m_service(service), m_sidebar(sidebar), m_ticker(ticker), m_editor(editor), m_clock(clock)
+                                       KWProjectListPresenter &sidebar, KWTaskEditor &editor,
+                                       KWNotificationCenter &center, CXClock &clock)
+    : m_pane(pane), m_service(service), m_sidebar(sidebar), m_editor(editor), m_clock(clock)
 {
     m_service.onRowsChanged = [this] { showRows(); };
     m_service.onFailure = [this](const QString &sentence) { Q_EMIT failed(sentence); };
-    connect(&m_pane.list(), &TaskListView::completionToggled, this, &TaskListController::tick);
     connect(&m_pane.list(), &TaskListView::titleEdited, this,
             [this](const QString &taskID, const QString &title) {
                 if (const Result<void> saved = m_editor.setTitle(taskID, title); !saved)
@@ -122,18 +121,4 @@ void TaskListController::showEmptyText(const QString &title)
                           tr("Tasks of shared lists that are given to you are shown here."));
     else
         list.setEmptyText(tr("Nothing completed yet"), tr("Tasks you complete are kept here."));
-}
-
-void TaskListController::tick(const QString &taskID)
-{
-    const auto ticked = m_ticker.tick(taskID);
-    if (!ticked) {
-        Q_EMIT failed(ticked.error().sentence);
-        m_service.reload();
-        return;
-    }
-    const QString message = ticked->status == KWTaskStatusOpen ? tr("Reopened") : tr("Completed");
-    Q_EMIT statusChanged(message, [this, token = ticked->undo] {
-        if (const auto undone = m_ticker.undo(token); !undone) Q_EMIT failed(undone.error().sentence);
-    });
 }

@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 TaskListView::TaskListView(TaskListModel &model, QWidget *parent)
@@ -28,7 +30,7 @@ TaskListView::TaskListView(TaskListModel &model, QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setEditTriggers(EditKeyPressed);
     setMouseTracking(true);
     setItemDelegate(m_delegate);
@@ -66,26 +68,58 @@ QString TaskListView::currentTask() const
     return currentIndex().isValid() ? m_model.rowAt(currentIndex()).sid : QString{};
 }
 
-void TaskListView::selectTask(const QString &sid)
+QStringList TaskListView::selectedTasks() const
 {
-    const QModelIndex index = m_model.indexOf(sid);
-    if (!index.isValid()) return;
-    setCurrentIndex(index);
-    scrollTo(index);
+    QModelIndexList selected = selectionModel()->selectedIndexes();
+    std::sort(selected.begin(), selected.end());
+    QStringList sids;
+    for (const QModelIndex &each : std::as_const(selected))
+        sids.append(m_model.rowAt(each).sid);
+    if (sids.isEmpty() && currentIndex().isValid()) sids.append(currentTask());
+    return sids;
+}
+
+void TaskListView::selectTask(const QString &sid) { selectTasks({sid}); }
+
+void TaskListView::selectTasks(const QStringList &sids)
+{
+    bool isFirst = true;
+    for (const QString &each : sids) {
+        const QModelIndex index = m_model.indexOf(each);
+        if (!index.isValid()) continue;
+        if (std::exchange(isFirst, false)) {
+            makeCurrent(index);
+            scrollTo(index);
+        } else {
+            selectionModel()->select(index, QItemSelectionModel::Select);
+        }
+    }
+}
+
+// Whatever keys are held down meanwhile.
+void TaskListView::makeCurrent(const QModelIndex &index)
+{
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
 }
 
 void TaskListView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
-    // Coming by Tab makes the first row current; what is current is what the detail shows.
-    if (current.isValid()) selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
     if (!m_place) Q_EMIT currentTaskChanged(currentTask());
+}
+
+// Coming by Tab selects the first row; what is current is what the detail shows.
+void TaskListView::focusInEvent(QFocusEvent *event)
+{
+    if (!currentIndex().isValid() && m_model.rowCount() > 0 && event->reason() != Qt::MouseFocusReason)
+        makeCurrent(m_model.index(0));
+    QListView::focusInEvent(event);
 }
 
 void TaskListView::rememberPlace()
 {
     const QModelIndex top = indexAt(QPoint{width() / 2, 0});
-    m_place = Place{currentTask(), {}, 0};
+    m_place = Place{.currentSid = currentTask(), .selectedSids = selectedTasks(), .topSid = {}};
     // A list that shows its beginning goes on showing it.
     if (top.isValid() && verticalScrollBar()->value() > 0) {
         m_place->topSid = m_model.rowAt(top).sid;
@@ -96,9 +130,8 @@ void TaskListView::rememberPlace()
 void TaskListView::returnToPlace()
 {
     const QModelIndex current = m_model.indexOf(m_place->currentSid);
-    if (current.isValid() && current != currentIndex()) {
-        setCurrentIndex(current);
-    }
+    if (current.isValid() && current != currentIndex())
+        selectTasks(QStringList{m_place->currentSid} + m_place->selectedSids);
     if (const QModelIndex top = m_model.indexOf(m_place->topSid); top.isValid()) {
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(top.row() * visualRect(top).height() + m_place->topOffset);
@@ -107,13 +140,17 @@ void TaskListView::returnToPlace()
     if (currentTask() != before) Q_EMIT currentTaskChanged(currentTask());
 }
 
-void TaskListView::toggle(const QModelIndex &index)
+void TaskListView::toggle(const QStringList &sids)
 {
-    const KWTaskListItemModel &task = m_model.rowAt(index);
-    const QString sid = task.sid;
-    m_animations.start(sid, task.isClosed() ? CheckAnimations::Direction::Unchecking
-                                            : CheckAnimations::Direction::Checking);
-    Q_EMIT completionToggled(sid);
+    const auto isClosed = [this](const QString &sid) {
+        return m_model.rowAt(m_model.indexOf(sid)).isClosed();
+    };
+    const bool reopens = std::ranges::all_of(sids, isClosed);
+    for (const QString &each : sids)
+        if (isClosed(each) == reopens)
+            m_animations.start(each, reopens ? CheckAnimations::Direction::Unchecking
+                                             : CheckAnimations::Direction::Checking);
+    Q_EMIT completionToggled(sids);
 }
 
 QModelIndex TaskListView::checkboxAt(const QPoint &position) const
@@ -139,7 +176,7 @@ void TaskListView::keyPressEvent(QKeyEvent *event)
     const QModelIndex current = currentIndex();
     if (current.isValid() && event->modifiers() == Qt::NoModifier && state() != EditingState) {
         if (event->key() == Qt::Key_Space) {
-            toggle(current);
+            toggle(selectedTasks());
             return;
         }
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -147,7 +184,7 @@ void TaskListView::keyPressEvent(QKeyEvent *event)
             return;
         }
         if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
-            Q_EMIT deletionRequested(currentTask());
+            Q_EMIT deletionRequested(selectedTasks());
             return;
         }
     }
@@ -167,7 +204,7 @@ void TaskListView::mouseReleaseEvent(QMouseEvent *event)
     if (!pressed.isValid())
         QListView::mouseReleaseEvent(event);
     else if (checkboxAt(event->position().toPoint()) == pressed)
-        toggle(pressed);
+        toggle({m_model.rowAt(pressed).sid});
 }
 
 void TaskListView::mouseDoubleClickEvent(QMouseEvent *event)
@@ -197,11 +234,11 @@ void TaskListView::contextMenuEvent(QContextMenuEvent *event)
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid()) return;
-    const QString sid = m_model.rowAt(index).sid;
+    if (!selectionModel()->isSelected(index)) makeCurrent(index);
     auto *menu = new QMenu{this};
     menu->setObjectName(u"taskMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    Q_EMIT menuAboutToShow(*menu, sid);
+    Q_EMIT menuAboutToShow(*menu, selectedTasks());
     menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
 }
 

@@ -26,32 +26,35 @@ void TrashController::showOffer()
     m_parts.pane.header().setAction(hasTasks ? tr("Empty Trash…") : QString{});
 }
 
-void TrashController::fillMenu(QMenu &menu, const QString &taskID)
+void TrashController::fillMenu(QMenu &menu, const QStringList &taskIDs)
 {
-    connect(menu.addAction(tr("Restore")), &QAction::triggered, this, [this, taskID] { restore(taskID); });
+    connect(menu.addAction(tr("Restore")), &QAction::triggered, this, [this, taskIDs] { restore(taskIDs); });
     connect(menu.addAction(tr("Delete Forever…")), &QAction::triggered, this,
-            [this, taskID] { deleteForever(taskID); });
+            [this, taskIDs] { deleteForever(taskIDs); });
 }
 
-void TrashController::restore(const QString &taskID)
+void TrashController::restore(const QStringList &taskIDs)
 {
-    const Result<UndoToken> done = m_trash.restore({taskID});
+    const Result<UndoToken> done = m_trash.restore(taskIDs);
     if (!done) return Q_EMIT failed(done.error().sentence);
     Q_EMIT restored(tr("Restored"), [this, token = *done] { report(token.undo(m_parts.manager)); });
 }
 
-void TrashController::deleteForever(const QString &taskID)
+void TrashController::deleteForever(const QStringList &taskIDs)
 {
     const auto &rows = m_parts.tasks.rows();
-    const auto row = std::ranges::find(rows, taskID, &KWTaskListItemModel::sid);
+    const auto row = std::ranges::find(rows, taskIDs.value(0), &KWTaskListItemModel::sid);
     if (row == rows.end()) return;
+    const bool isOne = taskIDs.size() == 1;
     const int answer =
-        Alert::run({.message = tr("Delete “%1” forever?").arg(displayTitle(row->title)),
-                    .text = tr("It is gone for good, with its subtasks, items and attachments."),
+        Alert::run({.message = isOne ? tr("Delete “%1” forever?").arg(displayTitle(row->title))
+                                     : tr("Delete %1 tasks forever?").arg(taskIDs.size()),
+                    .text = isOne ? tr("It is gone for good, with its subtasks, items and attachments.")
+                                  : tr("They are gone for good, with their subtasks, items and attachments."),
                     .buttons = {tr("Delete Forever"), tr("Cancel")},
                     .defaultButton = 1},
                    m_parts.pane.window());
-    if (answer == 0) report(m_trash.deleteForever({taskID}));
+    if (answer == 0) report(m_trash.deleteForever(taskIDs));
 }
 
 void TrashController::empty()

@@ -29,12 +29,12 @@ public:
     /// Offers to empty the trash while it is shown and holds something. To be called when the list or its
     /// rows are other ones.
     void showOffer();
-    void fillMenu(QMenu &menu, const QString &taskID);
-    void restore(const QString &taskID);
-    void deleteForever(const QString &taskID);
+    void fillMenu(QMenu &menu, const QStringList &taskIDs);
+    void restore(const QStringList &taskIDs);
+    void deleteForever(const QStringList &taskIDs);
 
 Q_SIGNALS:
-    /// A task is back in its list; `undo` puts it into the trash again.
+    /// Tasks are back in their lists; `undo` puts them into the trash again.
     void restored(const QString &message, const std::function<void()> &undo);
     void failed(const QString &sentence);
 

@@ -1,0 +1,162 @@
+#include "views/controls/ChoicePopup.h"
+
+#include "views/theme/Fonts.h"
+#include "views/theme/Icons.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
+#include "views/theme/PopupFrame.h"
+#include "views/theme/Theme.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QScreen>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize choiceListSize{260, 288};
+enum ChoiceRole { IdRole = Qt::UserRole, ColorRole, CheckedRole };
+
+class ChoiceDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const Theme &theme = Theme::current();
+        if (option.state & QStyle::State_Selected)
+            Painting::roundedBox(*painter, option.rect, Metrics::rowRadius, theme.selection);
+        const int icon = Metrics::scaled(Metrics::icon);
+        const auto visual = [&option](const QRect &bounds) {
+            return QStyle::visualRect(option.direction, option.rect, bounds);
+        };
+        const QRect row = option.rect.adjusted(Metrics::gap, 0, -Metrics::gap, 0);
+        Painting::dot(*painter, visual({row.left(), row.top(), icon, row.height()}).center(),
+                      index.data(ColorRole).toString());
+        if (index.data(CheckedRole).toBool())
+            Icons::paint(*painter, visual({row.right() - icon, row.top(), icon, row.height()}), Icon::Check,
+                         icon, theme.accentText);
+        painter->setPen(theme.text);
+        Fonts::drawLine(*painter, Fonts::Role::Body,
+                        visual(row.adjusted(icon + Metrics::grid, 0, -icon - Metrics::grid, 0)),
+                        QStyle::visualAlignment(option.direction, Qt::AlignLeft), index.data().toString());
+    }
+    QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override
+    {
+        return {Metrics::scaled(120), Metrics::scaled(Metrics::sidebarRow)};
+    }
+};
+
+QStandardItemModel *modelOf(const QList<ChoicePopup::Choice> &choices, QObject *parent)
+{
+    auto *model = new QStandardItemModel{parent};
+    for (const ChoicePopup::Choice &each : choices) {
+        auto *item = new QStandardItem{each.title};
+        item->setData(each.id, IdRole);
+        item->setData(each.color, ColorRole);
+        item->setData(each.isChecked, CheckedRole);
+        model->appendRow(item);
+    }
+    return model;
+}
+
+} // namespace
+
+ChoicePopup::ChoicePopup(const QString &question, const QList<Choice> &choices, QWidget *parent)
+    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint)
+    , m_field(new QLineEdit)
+    , m_list(new QListView)
+    , m_found(new QSortFilterProxyModel{this})
+{
+    setObjectName(u"choicePopup"_s);
+    setAccessibleName(question);
+    setAttribute(Qt::WA_DeleteOnClose);
+    m_field->setObjectName(u"choiceField"_s);
+    m_field->setAccessibleName(question);
+    m_field->setPlaceholderText(question);
+    m_field->installEventFilter(this);
+    m_found->setSourceModel(modelOf(choices, m_found));
+    m_found->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_list->setObjectName(u"choices"_s);
+    m_list->setAccessibleName(question);
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setUniformItemSizes(true);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setFocusPolicy(Qt::NoFocus);
+    m_list->setItemDelegate(new ChoiceDelegate{m_list});
+    m_list->setModel(m_found);
+
+    auto *column = new QVBoxLayout{this};
+    column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
+    column->addWidget(m_field);
+    column->addWidget(m_list);
+    connect(m_field, &QLineEdit::textEdited, this, &ChoicePopup::narrow);
+    connect(m_list, &QListView::clicked, this, &ChoicePopup::takeCurrent);
+    narrow({});
+}
+
+void ChoicePopup::narrow(const QString &typed)
+{
+    m_found->setFilterFixedString(typed.simplified());
+    m_list->setCurrentIndex(m_found->index(0, 0));
+}
+
+void ChoicePopup::takeCurrent()
+{
+    const QModelIndex current = m_list->currentIndex();
+    if (!current.isValid()) return;
+    Q_EMIT chosen(current.data(IdRole).toString());
+    close();
+}
+
+bool ChoicePopup::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
+    switch (const auto *key = static_cast<QKeyEvent *>(event); key->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QCoreApplication::sendEvent(m_list, event);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        takeCurrent();
+        return true;
+    case Qt::Key_Escape:
+        close();
+        return true;
+    default:
+        return QFrame::eventFilter(watched, event);
+    }
+}
+
+void ChoicePopup::popUp(const QPoint &position)
+{
+    resize(Metrics::scaled(choiceListSize.width()), Metrics::scaled(choiceListSize.height()));
+    const QRect bounds = parentWidget()->screen()->availableGeometry();
+    move(qBound(bounds.left(), position.x(), qMax(bounds.left(), bounds.right() - width())),
+         qBound(bounds.top(), position.y(), qMax(bounds.top(), bounds.bottom() - height())));
+    show();
+    m_field->setFocus(Qt::PopupFocusReason);
+}
+
+void ChoicePopup::paintEvent(QPaintEvent *)
+{
+    QPainter painter{this};
+    PopupFrame::paint(painter, rect());
+}
+
+void ChoicePopup::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    setMask(PopupFrame::shape(rect()));
+}

@@ -1,0 +1,114 @@
+#include "views/tasklist/TaskActions.h"
+
+#include "app/KWDelayDeleteManager.h"
+#include "app/OrvaneLink.h"
+#include "model/records/KWTask.h"
+#include "model/records/PriorityNames.h"
+#include "model/store/FindAll.h"
+#include "model/store/KWCoreDataManager.h"
+#include "model/store/KWTaskCopier.h"
+#include "model/store/KWTaskMerger.h"
+#include "model/store/KWTaskMover.h"
+#include "model/text/DisplayTitle.h"
+#include "views/wording/DateWording.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLocale>
+
+TaskActions::TaskActions(const Rooms &rooms) : m_rooms(rooms), m_batch(rooms.manager), m_ticker(rooms.manager)
+{
+}
+
+void TaskActions::report(const Result<UndoToken> &done, const QStringList &taskIDs, const QString &message)
+{
+    if (!done) return Q_EMIT failed(done.error().sentence);
+    if (done->isEmpty()) return; // it was so before
+    const QString words = taskIDs.size() > 1 ? tr("%1 tasks · %2").arg(taskIDs.size()).arg(message) : message;
+    Q_EMIT changed(words, [this, undo = *done] {
+        if (const Result<void> undone = undo.undo(m_rooms.manager); !undone)
+            Q_EMIT failed(undone.error().sentence);
+    });
+}
+
+void TaskActions::reportTick(const Result<KWTaskTicker::Ticked> &done, const QStringList &taskIDs)
+{
+    if (!done) return report(done.error(), taskIDs, {});
+    report(done->undo, taskIDs,
+           done->status == KWTaskStatusOpen        ? tr("Reopened")
+           : done->status == KWTaskStatusAbandoned ? tr("Abandoned")
+                                                   : tr("Completed"));
+}
+
+void TaskActions::tick(const QStringList &taskIDs) { reportTick(m_ticker.tick(taskIDs), taskIDs); }
+
+void TaskActions::abandon(const QStringList &taskIDs)
+{
+    reportTick(m_ticker.updateStatus(KWTaskStatusAbandoned, taskIDs), taskIDs);
+}
+
+void TaskActions::setDay(const QStringList &taskIDs, Day day)
+{
+    const QString words = DateWording::relativeDay(day, m_rooms.clock.today(), QLocale{});
+    report(m_batch.setDay(taskIDs, day), taskIDs, tr("Date: %1").arg(words));
+}
+
+void TaskActions::clearDate(const QStringList &taskIDs)
+{
+    report(m_batch.clearDate(taskIDs), taskIDs, tr("Date removed"));
+}
+
+void TaskActions::setPriority(const QStringList &taskIDs, KWTaskPriority priority)
+{
+    report(m_batch.setPriority(taskIDs, priority), taskIDs, tr("Priority: %1").arg(displayName(priority)));
+}
+
+void TaskActions::setTag(const QStringList &taskIDs, const QString &tag, const QString &label,
+                         TaskBatch::Tagging tagging)
+{
+    report(m_batch.setTag(taskIDs, tag, tagging), taskIDs,
+           (tagging == TaskBatch::Tagging::Add ? tr("Tagged #%1") : tr("No longer tagged #%1")).arg(label));
+}
+
+void TaskActions::setPinned(const QStringList &taskIDs, TaskBatch::Pinning pinning)
+{
+    report(m_batch.setPinned(taskIDs, pinning), taskIDs,
+           pinning == TaskBatch::Pinning::Pin ? tr("Pinned") : tr("Unpinned"));
+}
+
+void TaskActions::moveToList(const QStringList &taskIDs, const QString &listID, const QString &name)
+{
+    report(KWTaskMover{m_rooms.manager}.move(taskIDs, listID, KWTaskMover::From::Lists), taskIDs,
+           tr("Moved to %1").arg(name));
+}
+
+void TaskActions::merge(const QStringList &taskIDs)
+{
+    report(KWTaskMerger{m_rooms.manager}.merge(taskIDs), taskIDs, tr("Merged"));
+}
+
+void TaskActions::duplicate(const QStringList &taskIDs)
+{
+    const auto copied = KWTaskCopier{m_rooms.manager, m_rooms.center}.copy(taskIDs);
+    if (!copied) return Q_EMIT failed(copied.error().sentence);
+    report(copied->undo, taskIDs, tr("Duplicated"));
+    Q_EMIT duplicated(copied->taskIDs);
+}
+
+void TaskActions::remove(const QStringList &taskIDs) { m_rooms.deletes.deleteTasks(taskIDs); }
+
+void TaskActions::copyLinks(const QStringList &taskIDs) const
+{
+    QStringList links;
+    for (const QString &each : taskIDs)
+        links.append(OrvaneLink{OrvaneLink::Kind::Task, each}.text());
+    QGuiApplication::clipboard()->setText(links.join(u'\n'));
+}
+
+void TaskActions::copyTitles(const QStringList &taskIDs) const
+{
+    QStringList titles;
+    for (const KWTask *each : findAll<KWTask>(taskIDs, m_rooms.manager.MR_defaultContext()))
+        titles.append(displayTitle((*each)->title));
+    QGuiApplication::clipboard()->setText(titles.join(u'\n'));
+}

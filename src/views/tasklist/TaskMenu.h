@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/records/KWTaskModel.h"
+
+#include <QObject>
+
+class KWCoreDataManager;
+class KWProjectListPresenter;
+class MainMenu;
+class QMenu;
+class TaskActions;
+class TaskListView;
+
+/// The menu of the selected tasks. What the main menu has for them stands here with the same keys. Main
+/// thread.
+class TaskMenu : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    struct Parts {
+        TaskListView &list;
+        TaskActions &actions;
+        MainMenu &mainMenu;
+        KWProjectListPresenter &sidebar;
+        KWCoreDataManager &manager;
+    };
+    explicit TaskMenu(const Parts &parts) : m_parts(parts) {}
+
+    void fill(QMenu &menu, const QStringList &taskIDs);
+    /// Ask for a list, or for a tag, by typing.
+    void chooseList(const QStringList &taskIDs);
+    void chooseTag(const QStringList &taskIDs);
+
+private:
+    void addPlaces(QMenu &menu, const QStringList &taskIDs);
+    void addPinning(QMenu &menu, const QStringList &taskIDs);
+    void addCopies(QMenu &menu, const QStringList &taskIDs);
+    QList<KWTaskModel> read(const QStringList &taskIDs) const;
+    QPoint place() const;
+
+    Parts m_parts;
+};
