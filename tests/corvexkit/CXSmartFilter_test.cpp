@@ -12,7 +12,7 @@ class CXSmartFilter_test : public QObject {
 
     const CXSmartFilterFrame m_frame{.zone = *CXTimeZone::named(u"Europe/Berlin"_s),
                                      .today = local_days{2030y / May / 1},
-                                     .firstWeekday = 2,
+                                     .firstWeekday = Monday,
                                      .me = 7};
 
     const CXFilteredItem m_checklist{.listID = u"garden"_s,

@@ -3,6 +3,7 @@
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
+#include "model/store/KWFilterService.h"
 #include "model/store/KWListDataFetcher.h"
 #include "model/store/KWTagService.h"
 #include "model/store/KWTaskFinder.h"
@@ -86,6 +87,15 @@ private Q_SLOTS:
                     {.userID = store.userID(), .after = CompletionCursor{Instant{}, 1}, .limit = 50},
                     context.connection()));
             });
+        const auto filtered = [](const char16_t *rule) {
+            return [filter = *CXSmartFilter::parse(QString::fromUtf16(rule))](auto &store, auto &) {
+                QVERIFY(KWFilterService(store.kit().manager(), store.userID()).countOfTasks(filter));
+            };
+        };
+        row("a filter of lists", {u"openTasksByList (projectID=?)"_s},
+            filtered(uR"({"all":[{"priority":[5]},{"list":["a","b"]}]})"));
+        row("a filter of days", {u"openTasksInOrder (startDate<?)"_s},
+            filtered(uR"({"date":["overdue","today"]})"));
         row("habits",
             {u"habitsInOrder (userID=?)"_s, u"habitCheckinsByDay (habitID=? AND checkinStamp=?)"_s,
              u"habitCheckinsByDay (habitID=?)"_s},

@@ -4,8 +4,7 @@ namespace {
 
 Day beginOfWeek(const CXSmartFilterFrame &frame)
 {
-    using std::chrono::weekday;
-    return frame.today - (weekday{frame.today} - weekday{unsigned(frame.firstWeekday - 1)});
+    return frame.today - (std::chrono::weekday{frame.today} - frame.firstWeekday);
 }
 
 } // namespace

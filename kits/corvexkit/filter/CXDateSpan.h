@@ -8,8 +8,10 @@
 struct CXSmartFilterFrame {
     CXTimeZone zone;
     Day today;
-    int firstWeekday = 1; ///< 1 Sunday … 7 Saturday
-    std::int64_t me = 0;  ///< the person who asks, as an assignee
+    std::chrono::weekday firstWeekday = std::chrono::Sunday;
+    std::int64_t me = 0; ///< the person who asks, as an assignee
+
+    bool operator==(const CXSmartFilterFrame &) const = default;
 };
 
 /// Days at both ends included; one that is missing leaves that end open.

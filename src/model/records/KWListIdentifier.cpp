@@ -24,6 +24,11 @@ KWListIdentifier KWListIdentifier::tag(const QString &tagName)
     return {tagName, KWListIdentifierType::Tag};
 }
 
+KWListIdentifier KWListIdentifier::filter(const QString &filterID)
+{
+    return {filterID, KWListIdentifierType::Filter};
+}
+
 KWListIdentifier KWListIdentifier::todayProject()
 {
     return smartProject(KWSmartProject::today().identifier());

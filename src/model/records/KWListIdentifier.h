@@ -16,6 +16,7 @@ struct KWListIdentifier {
     static KWListIdentifier project(const QString &projectID);
     static KWListIdentifier group(const QString &groupID);
     static KWListIdentifier tag(const QString &tagName);
+    static KWListIdentifier filter(const QString &filterID);
 
     static KWListIdentifier todayProject();
     static KWListIdentifier monthCalendarViewID();

@@ -3,6 +3,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "model/store/FilterCondition.h"
 #include "model/store/FindAll.h"
 #include "model/store/ListQuery.h"
 #include "model/store/StoreFailure.h"
@@ -55,16 +56,31 @@ QList<KWTaskListItemModel> rowsOf(const ListQuery &query, std::int64_t limit, Co
     return readRows(*statement);
 }
 
+// Throws SQLite::Exception.
+Result<std::optional<ListQuery>> queryOf(const ListDataRequest &request, const CXClock &clock,
+                                         ListQuery::WordHits wordHits, Connection &connection)
+{
+    using Query = std::optional<ListQuery>;
+    if (request.selection.type != KWListIdentifierType::Filter)
+        return ListQuery::ofRequest(request, clock, wordHits);
+    const auto filter = StoredFilter::find(request.selection.entityID, connection);
+    if (!filter) return Query{};
+    if (!*filter) return filter->error();
+    const CXSmartFilterFrame frame = StoredFilter::frameOf(request.userID, clock, connection);
+    return Query{
+        ListQuery::ofFilter(**filter, frame, request.userID).narrow(request.condition, clock, wordHits)};
+}
+
 } // namespace
 
 Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const ListDataRequest &request,
                                                                       Connection &connection) const
 {
     try {
-        const std::optional<ListQuery> query =
-            ListQuery::ofRequest(request, m_clock, ListQuery::wordHits(request, connection));
-        if (!query) return QList<KWTaskListItemModel>{};
-        return rowsOf(*query, request.limit, connection);
+        const auto query = queryOf(request, m_clock, ListQuery::wordHits(request, connection), connection);
+        if (!query) return query.error();
+        if (!*query) return QList<KWTaskListItemModel>{};
+        return rowsOf(**query, request.limit, connection);
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
@@ -112,13 +128,13 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::completedTasks(const Compl
 Result<bool> KWListDataFetcher::contains(const QString &taskID, const ListDataRequest &request,
                                          Connection &connection) const
 {
-    std::optional<ListQuery> query = ListQuery::ofRequest(request, m_clock);
-    if (!query) return false;
-    query->onlyTask(taskID);
     try {
-        return connection.number(std::string{"SELECT count(*) FROM "} + query->from + " WHERE " +
-                                     query->where,
-                                 query->values) > 0;
+        const auto found = queryOf(request, m_clock, ListQuery::WordHits::Few, connection);
+        if (!found) return found.error();
+        if (!*found) return false;
+        ListQuery query = **found;
+        query.onlyTask(taskID);
+        return query.count(connection) > 0;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

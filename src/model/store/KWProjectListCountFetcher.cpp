@@ -53,7 +53,8 @@ void KWProjectListCountFetcher::updateCountCache(const QString &userID)
 void KWProjectListCountFetcher::take(const StoreChange &change)
 {
     if (m_userID.isEmpty()) return;
-    const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::User);
+    const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::User) ||
+                               change.touches(RecordKind::Filter) || change.touches(RecordKind::UserSettings);
     if (change.taskMoves.isEmpty() && !placesChanged) return;
     // A count under way may or may not have seen this save, and one that is done may have seen a late one.
     if (m_isCounting || change.isLate) m_isWanted = true;

@@ -9,7 +9,7 @@
 
 /// The counts of the sidebar. They are counted once in the background; after that they are right after
 /// every save, before any later listener of the bus hears of it: tasks that moved change the numbers of
-/// their lists, a save of lists or of the account counts at once. A save in the background is counted
+/// their lists, a save of lists, filters or the account counts at once. A save in the background is counted
 /// again there as well. Tasks that wait to be deleted are not counted. Every change ends in
 /// `countChanged`. Main thread.
 class KWProjectListCountFetcher {

@@ -1,5 +1,6 @@
 #include "model/store/KWTagService.h"
 
+#include "model/records/KWFilter.h"
 #include "model/records/KWListDisplayConfiguration.h"
 #include "model/records/KWListIdentifier.h"
 #include "model/records/KWProjectPinnedSortOrder.h"
@@ -46,6 +47,17 @@ public:
             tags.removeDuplicates();
             tags.removeAll(QString{});
             each->set(&KWTaskModel::tags, tags);
+        }
+    }
+
+    /// A rule that cannot be read stays as it is.
+    void replaceInFiltersBy(const QString &newName)
+    {
+        for (KWFilter *each : KWFilter::findFiltersOfUser(m_userID, m_context)) {
+            const Result<CXSmartFilter> filter = each->parsedSmartFilter();
+            if (!filter) continue;
+            const CXSmartFilter renamed{filter->condition().withTagRenamed(m_name, newName)};
+            if (renamed != *filter) each->set(&KWFilterModel::rule, renamed.toRule());
         }
     }
 
@@ -199,6 +211,7 @@ Result<QString> KWTagService::rename(const QString &name, const QString &newLabe
             KWTag *other = KWTag::findTagNamed(newName, m_userID, context);
             TagUse use{oldName, m_userID, context};
             use.replaceInTasksBy(newName);
+            use.replaceInFiltersBy(newName);
             use.movePlacesTo(newName);
             // What stood below it stands beside the other where that is below a tag itself.
             const bool isBelow = other && !(*other)->parent.isEmpty() && (*other)->parent != oldName;

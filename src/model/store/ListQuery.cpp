@@ -3,6 +3,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/CompletionOrder.h"
 #include "model/store/Connection.h"
+#include "model/store/FilterCondition.h"
 #include "model/store/FindAll.h"
 #include "model/text/SearchWords.h"
 
@@ -129,6 +130,17 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
     return query;
 }
 
+ListQuery ListQuery::ofFilter(const CXSmartFilter &filter, const CXSmartFilterFrame &frame,
+                              const QString &userID)
+{
+    const FilterCondition condition = FilterCondition::of(filter, frame);
+    const char *from = condition.way == FilterCondition::Way::Chosen  ? anyTasks
+                       : condition.way == FilterCondition::Way::Lists ? tasksByList
+                                                                      : tasksInOrder;
+    ListQuery query{from, isOpen, {}, byDate};
+    return query.also(condition.where, condition.values).also(inOpenLists, {userID});
+}
+
 ListQuery ListQuery::ofCompletedTasks(const CompletedTasksRequest &request)
 {
     ListQuery query{closedTasks, isClosed, {}, latestCompletedFirst};
@@ -174,4 +186,9 @@ ListQuery &ListQuery::onlyTask(const QString &taskID)
 {
     from = anyTasks;
     return also("t.sid = ?", {taskID});
+}
+
+int ListQuery::count(Connection &connection) const
+{
+    return int(connection.number(std::string{"SELECT count(*) FROM "} + from + " WHERE " + where, values));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "corvexkit/filter/CXSmartFilter.h"
 #include "corvexkit/time/CXClock.h"
 #include "model/store/ListDataRequest.h"
 #include "model/store/SqlValue.h"
@@ -20,14 +21,19 @@ struct ListQuery {
     enum class WordHits { Few, Many };
     static WordHits wordHits(const ListDataRequest &request, Connection &connection); // throws
 
-    /// Nothing for a selection that names nothing.
+    /// Nothing for a selection that names nothing, and for a filter: see ofFilter().
     static std::optional<ListQuery> ofRequest(const ListDataRequest &request, const CXClock &clock,
                                               WordHits wordHits = WordHits::Few);
+    /// The open tasks of the user that the filter fits.
+    static ListQuery ofFilter(const CXSmartFilter &filter, const CXSmartFilterFrame &frame,
+                              const QString &userID);
     static ListQuery ofCompletedTasks(const CompletedTasksRequest &request);
 
     ListQuery &also(const std::string &condition, const SqlValues &more = {});
     /// Asks for what the condition asks, too.
     ListQuery &narrow(const ListCondition &condition, const CXClock &clock, WordHits wordHits);
+    /// How many tasks there are. Throws SQLite::Exception.
+    int count(Connection &connection) const;
     /// Found by the id of one task, not by walking an index.
     ListQuery &onlyTask(const QString &taskID);
 };

@@ -3,6 +3,8 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "model/store/FilterCondition.h"
+#include "model/store/ListQuery.h"
 #include "model/store/StoreFailure.h"
 
 namespace {
@@ -34,6 +36,7 @@ Result<SidebarCounts> SidebarCounts::read(const QString &userID, const CXClock &
     try {
         counts.readLists(userID, connection);
         counts.readTags(userID, connection);
+        counts.readFilters(userID, clock, connection);
         counts.readSmartLists(userID, connection);
         return counts;
     } catch (const SQLite::Exception &exception) {
@@ -73,9 +76,21 @@ void SidebarCounts::readTags(const QString &userID, Connection &connection)
         m_tags.insert(valueAt<QString>(*tags, 0), valueAt<int>(*tags, 1));
 }
 
+void SidebarCounts::readFilters(const QString &userID, const CXClock &clock, Connection &connection)
+{
+    m_frame = StoredFilter::frameOf(userID, clock, connection);
+    auto filters = connection.prepare("SELECT sid, rule FROM filters WHERE userID = ? AND isDeleted = 0");
+    filters.bind(1, userID);
+    while (filters->executeStep()) {
+        const auto filter = CXSmartFilter::parse(valueAt<QString>(*filters, 1));
+        if (!filter) continue;
+        const int tasks = ListQuery::ofFilter(*filter, m_frame, userID).count(connection);
+        m_filters.insert(valueAt<QString>(*filters, 0), {*filter, tasks});
+    }
+}
+
 void SidebarCounts::readSmartLists(const QString &userID, Connection &connection)
 {
-    m_userServerID = connection.number("SELECT userServerID FROM users WHERE sid = ?", {userID});
     const std::int64_t tomorrow = storedInstant(m_tomorrow);
     auto dated = connection.prepare(
         "SELECT sum(startDate < ?), sum(startDate < ? AND (startDate >= ? OR endDate > ?)), count(*) FROM "
@@ -89,7 +104,7 @@ void SidebarCounts::readSmartLists(const QString &userID, Connection &connection
     m_assignedTasks =
         int(connection.number("SELECT count(*) FROM tasks INDEXED BY openTasksInOrder WHERE " OPEN_TASKS
                               " AND assignee = ? AND " SMART_LISTS,
-                              {m_userServerID, userID}));
+                              {m_frame.me, userID}));
 }
 
 #undef OPEN_TASKS
@@ -114,7 +129,10 @@ std::optional<int> SidebarCounts::count(const KWListIdentifier &list) const
         if (smart->isAssigneedToMe()) return m_assignedTasks;
         return std::nullopt;
     }
-    case KWListIdentifierType::Filter:
+    case KWListIdentifierType::Filter: {
+        const auto filter = m_filters.constFind(list.entityID);
+        return filter == m_filters.cend() ? std::nullopt : std::optional{filter->tasks};
+    }
     case KWListIdentifierType::View:
         return std::nullopt;
     }
@@ -137,10 +155,15 @@ void SidebarCounts::add(const TaskPlace &place, int number)
     m_groups[list.groupID] += number;
     for (const QString &each : place.tags)
         m_tags[each] += number;
+    if (!m_filters.isEmpty()) {
+        const CXFilteredItem item = StoredFilter::itemOf(place, list.groupID);
+        for (Filter &each : m_filters)
+            if (each.filter.matches(item, m_frame)) each.tasks += number;
+    }
     if (!list.showsInSmartList) return;
 
     m_all += number;
-    if (place.assignee == m_userServerID) m_assignedTasks += number;
+    if (place.assignee == m_frame.me) m_assignedTasks += number;
     if (!place.startDate) return;
     const bool reachesTomorrow =
         *place.startDate >= m_tomorrow || (place.endDate && *place.endDate > m_tomorrow);

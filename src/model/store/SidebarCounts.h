@@ -1,6 +1,7 @@
 #pragma once
 
 #include "corvexkit/Result.h"
+#include "corvexkit/filter/CXSmartFilter.h"
 #include "corvexkit/time/CXClock.h"
 #include "model/records/KWListIdentifier.h"
 #include "model/store/TaskPlace.h"
@@ -9,17 +10,18 @@
 
 class Connection;
 
-/// How many open tasks each list of a sidebar has: lists, folders, tags and smart lists. Counted once for
-/// all of them, then kept true by telling which tasks went where. A value: it may cross threads.
+/// How many open tasks each list of a sidebar has: lists, folders, tags, filters and smart lists. Counted
+/// once for all of them, then kept true by telling which tasks went where. A value: it may cross threads.
 class SidebarCounts {
 public:
     /// Counts for the user's sidebar, on the day that the clock shows.
     static Result<SidebarCounts> read(const QString &userID, const CXClock &clock, Connection &connection);
 
-    /// Nothing for a list that shows no number.
+    /// Nothing for a list that shows no number, and for a filter that cannot be read.
     std::optional<int> count(const KWListIdentifier &list) const;
 
-    /// Takes what saved tasks left, and adds where they went. Lists themselves must be as they were read.
+    /// Takes what saved tasks left, and adds where they went. Lists and filters themselves must be as they
+    /// were read.
     void apply(const QList<TaskMove> &moves);
 
     bool operator==(const SidebarCounts &) const = default;
@@ -34,18 +36,27 @@ private:
         bool operator==(const List &) const = default;
     };
 
+    struct Filter {
+        CXSmartFilter filter{};
+        int tasks = 0;
+
+        bool operator==(const Filter &) const = default;
+    };
+
     void readLists(const QString &userID, Connection &connection);
     void readTags(const QString &userID, Connection &connection);
+    void readFilters(const QString &userID, const CXClock &clock, Connection &connection);
     void readSmartLists(const QString &userID, Connection &connection);
     void add(const TaskPlace &place, int number);
 
     QHash<QString, List> m_lists;
     QHash<QString, int> m_groups;
     QHash<QString, int> m_tags;
+    QHash<QString, Filter> m_filters;
+    CXSmartFilterFrame m_frame;
     Instant m_tomorrow{}; // the midnights that the days begin with
     Instant m_dayAfter{};
     Instant m_weekAfter{};
-    std::int64_t m_userServerID = 0;
     int m_all = 0;
     int m_todayTasks = 0;
     int m_tomorrowTasks = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "corvexkit/time/Instant.h"
+#include "model/records/KWConstants.h"
 
 #include <QList>
 #include <QStringList>
@@ -9,13 +10,17 @@
 
 struct KWTaskModel;
 
-/// What decides in which lists an open task is counted.
+/// What decides in which lists and filters an open task is counted.
 struct TaskPlace {
     QString projectID;
     QStringList tags;
     std::optional<Instant> startDate;
     std::optional<Instant> endDate;
     std::int64_t assignee;
+    KWTaskPriority priority;
+    KWTaskKind kind;
+    bool repeats;
+    QStringList texts; ///< those that a search looks at
 
     /// Nothing for a task that is closed, deleted or in the trash: no list counts it.
     static std::optional<TaskPlace> of(const KWTaskModel &task);

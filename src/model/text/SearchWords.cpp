@@ -24,6 +24,23 @@ bool fits(const SearchWord &wanted, const SearchWord &word, bool isLast)
     return isLast ? word.folded.startsWith(wanted.folded) : word.folded == wanted.folded;
 }
 
+// Whether the words of the piece stand in the text from its word `first` on.
+bool standsAt(qsizetype first, const QList<SearchWord> &piece, const QList<SearchWord> &words)
+{
+    if (first + piece.size() > words.size()) return false;
+    const qsizetype last = piece.size() - 1;
+    for (qsizetype i = 0; i <= last; ++i)
+        if (!fits(piece[i], words[first + i], i == last)) return false;
+    return true;
+}
+
+bool standsIn(const QList<SearchWord> &words, const QList<SearchWord> &piece)
+{
+    for (qsizetype first = 0; first < words.size(); ++first)
+        if (standsAt(first, piece, words)) return true;
+    return false;
+}
+
 } // namespace
 
 QList<SearchWord> searchWords(QStringView text)
@@ -53,13 +70,13 @@ QList<SearchWord> searchWords(QStringView text)
 SearchPhrase::SearchPhrase(const QString &typed)
 {
     for (const QString &each : typed.simplified().split(u' ', Qt::SkipEmptyParts))
-        if (QList<SearchWord> words = searchWords(each); !words.isEmpty()) m_pieces.append(std::move(words));
+        if (Piece words = searchWords(each); !words.isEmpty()) m_pieces.append(std::move(words));
 }
 
 QString SearchPhrase::matchExpression() const
 {
     QStringList pieces;
-    for (const QList<SearchWord> &each : m_pieces) {
+    for (const Piece &each : m_pieces) {
         QStringList words;
         for (const SearchWord &word : each)
             words << word.folded;
@@ -68,18 +85,25 @@ QString SearchPhrase::matchExpression() const
     return pieces.join(u" AND "_s);
 }
 
+bool SearchPhrase::fits(const QStringList &texts) const
+{
+    QList<QList<SearchWord>> words;
+    for (const QString &each : texts)
+        words.append(searchWords(each));
+    return !isEmpty() && std::ranges::all_of(m_pieces, [&words](const Piece &piece) {
+        return std::ranges::any_of(words, [&piece](const auto &each) { return standsIn(each, piece); });
+    });
+}
+
 QList<TextMark> SearchPhrase::marksIn(QStringView text) const
 {
     const QList<SearchWord> words = searchWords(text);
     QList<TextMark> marks;
-    for (const QList<SearchWord> &piece : m_pieces)
-        for (qsizetype first = 0; first + piece.size() <= words.size(); ++first) {
+    for (const Piece &piece : m_pieces)
+        for (qsizetype first = 0; first < words.size(); ++first) {
+            if (!standsAt(first, piece, words)) continue;
             const auto here = words.cbegin() + first;
             const qsizetype last = piece.size() - 1;
-            bool isHere = true;
-            for (qsizetype i = 0; i <= last && isHere; ++i)
-                isHere = fits(piece[i], here[i], i == last);
-            if (!isHere) continue;
             // A letter that folds to several has no beginning of its own to mark.
             const SearchWord &end = here[last];
             const bool isPlain = end.folded.size() == end.mark.length;

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// A stretch of a text, in UTF-16 units.
 struct TextMark {
@@ -31,9 +32,13 @@ public:
     bool isEmpty() const { return m_pieces.isEmpty(); }
     /// The phrase in the query language of SQLite's FTS5: every piece must fit.
     QString matchExpression() const;
+    /// Whether every piece stands in one of the texts. Without pieces nothing is searched for or found.
+    bool fits(const QStringList &texts) const;
     /// Where the pieces stand in `text`, in text order; of a word only begun, its beginning.
     QList<TextMark> marksIn(QStringView text) const;
 
 private:
-    QList<QList<SearchWord>> m_pieces;
+    using Piece = QList<SearchWord>;
+
+    QList<Piece> m_pieces;
 };
