@@ -93,7 +93,7 @@ void finishWork(OrvaneKit &kit)
 // A picture shows the detail too: of the first task with a checklist, else of the first one.
 void selectTaskToShow(MainWindow &window)
 {
-    const QList<KWTaskListItemModel> &rows = window.listPane().model().rows();
+    const QList<KWTaskListItemModel> rows = window.listPane().model().tasks();
     if (rows.isEmpty()) return;
     const auto found = std::ranges::find_if(rows, [](const auto &row) { return row.checklistCount > 0; });
     window.listPane().list().selectTask(found == rows.end() ? rows.first().sid : found->sid);

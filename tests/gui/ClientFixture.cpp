@@ -97,7 +97,7 @@ void ClientFixture::openList(const QString &title)
 QStringList ClientFixture::shownTitles()
 {
     QStringList titles;
-    for (const KWTaskListItemModel &row : window()->listPane().model().rows())
-        titles.append(row.title);
+    for (const KWTaskListItemModel &task : window()->listPane().model().tasks())
+        titles.append(task.title);
     return titles;
 }

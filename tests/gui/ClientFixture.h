@@ -40,7 +40,7 @@ public:
 
     /// Selects a list of the sidebar by its title, as a click does.
     void openList(const QString &title);
-    /// The titles of the rows in the middle pane.
+    /// The titles of the tasks in the middle pane.
     QStringList shownTitles();
 
 private:

@@ -175,7 +175,7 @@ private Q_SLOTS:
     void paperShowsTheList()
     {
         const auto document =
-            ListPrint::document(u"Today"_s, window().listPane().model().rows(), m_client->clock);
+            ListPrint::document(u"Today"_s, window().listPane().model().tasks(), m_client->clock);
         QCOMPARE(document->toPlainText(), u"Today\n☐ Call the venue  ·  17:00"_s);
     }
 };

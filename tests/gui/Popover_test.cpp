@@ -30,7 +30,7 @@ class Popover_test : public QObject {
         QTest::keyClicks(&popover().addField(), text);
         QTest::keyClick(&popover().addField(), Qt::Key_Return);
     }
-    QString titles() { return joined(popover().model().rows(), &KWTaskListItemModel::title); }
+    QString titles() { return joined(popover().model().tasks(), &KWTaskListItemModel::title); }
 
 private Q_SLOTS:
     void init()
@@ -41,7 +41,7 @@ private Q_SLOTS:
         QVERIFY(popover().addField().hasFocus());
         add(u"Feed the cat"_s);
         QTRY_COMPARE(titles(), u"Feed the cat"_s);
-        m_taskID = popover().model().rows().constFirst().sid;
+        m_taskID = popover().model().tasks().constFirst().sid;
     }
     void cleanup() { m_client.reset(); }
 

@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskListModel.h"
 
+#include "gui/RowMaking.h"
 #include "support/CaseTable.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
@@ -15,22 +16,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Rows = QList<KWTaskListItemModel>;
-
-KWTaskListItemModel row(const QString &sid, const QString &title = {})
-{
-    KWTaskListItemModel made;
-    made.sid = sid;
-    made.title = title;
-    return made;
-}
+using Rows = QList<TaskListRow>;
 
 // One row a letter.
 Rows rowsOf(const QString &letters)
 {
     Rows rows;
     for (const QChar letter : letters)
-        rows.append(row(letter));
+        rows.append(taskRow(letter));
     return rows;
 }
 
@@ -38,7 +31,7 @@ Rows randomRows(std::mt19937 &random, int mostRows)
 {
     Rows rows;
     for (int i = 0; i < mostRows; ++i)
-        if (random() % 3 != 0) rows.append(row(QString::number(i), QString::number(random() % 4)));
+        if (random() % 3 != 0) rows.append(taskRow(QString::number(i), QString::number(random() % 4)));
     std::shuffle(rows.begin(), rows.end(), random);
     return rows;
 }
@@ -49,10 +42,10 @@ Rows slightlyChanged(Rows rows, std::mt19937 &random, int number)
     for (int i = int(random() % 4); i > 0 && !rows.isEmpty(); --i)
         rows.removeAt(random() % rows.size());
     for (int i = int(random() % 4); i > 0; --i)
-        rows.insert(random() % (rows.size() + 1), row(u"new %1 %2"_s.arg(number).arg(i)));
+        rows.insert(random() % (rows.size() + 1), taskRow(u"new %1 %2"_s.arg(number).arg(i)));
     for (int i = int(random() % 4); i > 0 && !rows.isEmpty(); --i)
         rows.move(random() % rows.size(), random() % rows.size());
-    if (!rows.isEmpty()) rows[random() % rows.size()].title = QString::number(number);
+    if (!rows.isEmpty()) rows[random() % rows.size()].task.title = QString::number(number);
     return rows;
 }
 
@@ -74,7 +67,7 @@ private Q_SLOTS:
                 i % 4 ? slightlyChanged(model.rows(), random, i) : randomRows(random, int(random() % 60));
             QList<std::pair<QString, QPersistentModelIndex>> pointers;
             for (int k = 0; k < model.rowCount(); ++k)
-                pointers.append({model.rows().at(k).sid, model.index(k)});
+                pointers.append({model.rows().at(k).id, model.index(k)});
             resets.clear();
 
             model.setRows(rows);
@@ -103,7 +96,8 @@ private Q_SLOTS:
     {
         ManualClock clock{"2030-05-01 09:00"};
         TaskListModel model{clock};
-        KWTaskListItemModel task = row(u"a"_s, u"Pay rent"_s);
+        TaskListRow row = taskRow(u"a"_s, u"Pay rent"_s);
+        KWTaskListItemModel &task = row.task;
         task.priority = KWTaskPriorityHigh;
         task.startDate = at("2030-04-30 08:00");
         task.repeats = true;
@@ -111,12 +105,18 @@ private Q_SLOTS:
         task.checklistDoneCount = 2;
         task.tags = {u"home"_s};
         task.projectID = u"p"_s;
-        model.setRows({task});
+        task.attachmentCount = 1;
+        task.pinnedDate = task.startDate;
+        row.depth = 1;
+        row.hasChildren = true;
+        model.setRows({row, sectionRow(u"Later"_s, 0, 3)});
         model.setListNames({{u"p"_s, u"Bills"_s}});
         model.setTagLabels({{u"home"_s, u"Home"_s}});
         QCOMPARE(model.index(0).data(Qt::AccessibleTextRole).toString(),
-                 u"Pay rent, Priority: High, Overdue, Yesterday 08:00, Repeats, 2 of 4 items done, "
-                 u"#Home, List: Bills"_s);
+                 u"Pay rent, Priority: High, Overdue, Yesterday 08:00, Pinned, Repeats, 2 of 4 items done, "
+                 u"1 attachments, #Home, List: Bills, Level 2, unfolded"_s);
+        QCOMPARE(model.index(1).data(Qt::AccessibleTextRole).toString(),
+                 u"Later, Section with 3 tasks, unfolded"_s);
     }
 };
 

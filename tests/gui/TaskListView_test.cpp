@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskListView.h"
 
+#include "gui/RowMaking.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 #include "views/tasklist/TaskRowLayout.h"
@@ -12,15 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<KWTaskListItemModel> rowsFrom(int first, int last)
+QList<TaskListRow> rowsFrom(int first, int last)
 {
-    QList<KWTaskListItemModel> rows;
-    for (int i = first; i <= last; ++i) {
-        KWTaskListItemModel row;
-        row.sid = u"task %1"_s.arg(i);
-        row.title = u"Title %1"_s.arg(i);
-        rows.append(row);
-    }
+    QList<TaskListRow> rows;
+    for (int i = first; i <= last; ++i)
+        rows.append(taskRow(u"task %1"_s.arg(i), u"Title %1"_s.arg(i)));
     return rows;
 }
 
@@ -28,7 +25,7 @@ QStringList lastOf(const QSignalSpy &spy) { return spy.value(spy.size() - 1).val
 
 // A view of a size, shown, with the keyboard in it.
 struct Shown {
-    explicit Shown(QList<KWTaskListItemModel> rows)
+    explicit Shown(QList<TaskListRow> rows)
     {
         view.resize(600, 400);
         view.setRows(std::move(rows));
@@ -42,7 +39,7 @@ struct Shown {
         return taskRowCheckbox(view.visualRect(model.indexOf(sid)), view.layoutDirection()).center();
     }
     QPoint title(const QString &sid) const { return view.visualRect(model.indexOf(sid)).center(); }
-    QString topSid() const { return model.rowAt(view.indexAt({300, 0})).sid; }
+    QString topSid() const { return model.rowAt(view.indexAt({300, 0})).id; }
 
     ManualClock clock{"2030-05-01 09:00"};
     TaskListModel model{clock};
@@ -123,14 +120,14 @@ private Q_SLOTS:
         QTRY_COMPARE(edited.count(), 1);
         QCOMPARE(edited[0][0].toString(), u"task 2"_s);
         QCOMPARE(edited[0][1].toString(), u"Other words"_s);
-        QCOMPARE(shown.model.rows().at(1).title, u"Title 2"_s);
+        QCOMPARE(shown.model.rows().at(1).task.title, u"Title 2"_s);
     }
 
     void longTitlesAndLinesPaint()
     {
-        QList<KWTaskListItemModel> rows = rowsFrom(1, 3);
-        rows[0].title = QString(100'000, u'x');
-        rows[2].title = QString{QChar{0xd800}} + u" broken"_s;
+        QList<TaskListRow> rows = rowsFrom(1, 3);
+        rows[0].task.title = QString(100'000, u'x');
+        rows[2].task.title = QString{QChar{0xd800}} + u" broken"_s;
         Shown shown{rows};
         QVERIFY(!shown.view.grab().isNull());
     }
@@ -139,7 +136,9 @@ private Q_SLOTS:
     {
         ManualClock clock{"2030-05-01 09:00"};
         TaskListModel model{clock};
-        KWTaskListItemModel task;
+        TaskListRow row;
+        KWTaskListItemModel &task = row.task;
+        row.hasChildren = true;
         task.tags = {u"errand"_s, u"deep-work"_s};
         task.projectID = u"p"_s;
         task.repeats = true;
@@ -150,7 +149,7 @@ private Q_SLOTS:
         using Kind = TaskRowLayout::PieceKind;
         const auto kinds = [&](int width) {
             QList<Kind> found;
-            for (const auto &piece : layOutTaskRow({0, 0, width, 40}, Qt::LeftToRight, model, task).pieces)
+            for (const auto &piece : layOutTaskRow({0, 0, width, 40}, Qt::LeftToRight, model, row).pieces)
                 found.append(piece.kind);
             return found;
         };
@@ -158,11 +157,12 @@ private Q_SLOTS:
                  (QList{Kind::Progress, Kind::Tag, Kind::Tag, Kind::Repeat, Kind::ListName, Kind::Date}));
         QCOMPARE(kinds(260), (QList{Kind::Date}));
 
-        const QRect row{0, 0, 600, 40};
-        const TaskRowLayout one = layOutTaskRow(row, Qt::LeftToRight, model, task);
-        const TaskRowLayout other = layOutTaskRow(row, Qt::RightToLeft, model, task);
-        QCOMPARE(other.title, QStyle::visualRect(Qt::RightToLeft, row, one.title));
+        const QRect bounds{0, 0, 600, 40};
+        const TaskRowLayout one = layOutTaskRow(bounds, Qt::LeftToRight, model, row);
+        const TaskRowLayout other = layOutTaskRow(bounds, Qt::RightToLeft, model, row);
+        QCOMPARE(other.title, QStyle::visualRect(Qt::RightToLeft, bounds, one.title));
         QVERIFY(one.checkbox.right() < 100 && other.checkbox.left() > 500);
+        QVERIFY(one.triangle.right() <= one.checkbox.left() + 1 && other.triangle.left() > 500);
     }
 };
 

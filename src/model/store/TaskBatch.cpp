@@ -3,6 +3,7 @@
 #include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/TaskDays.h"
+#include "model/store/TaskKindChange.h"
 #include "model/store/TaskPermissions.h"
 
 Result<UndoToken> TaskBatch::edit(const QStringList &taskIDs, const std::function<void(KWTask &)> &change)
@@ -54,4 +55,9 @@ Result<UndoToken> TaskBatch::setPinned(const QStringList &taskIDs, Pinning pinni
         else if (!task.isPinned())
             task.pin(task.context().clock().now());
     });
+}
+
+Result<UndoToken> TaskBatch::setKind(const QStringList &taskIDs, KWTaskKind kind)
+{
+    return edit(taskIDs, [kind](KWTask &task) { changeKind(task, kind); });
 }

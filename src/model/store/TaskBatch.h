@@ -31,6 +31,9 @@ public:
     /// Those that are pinned already keep their date.
     Result<UndoToken> setPinned(const QStringList &taskIDs, Pinning pinning);
 
+    /// See changeKind().
+    Result<UndoToken> setKind(const QStringList &taskIDs, KWTaskKind kind);
+
 private:
     Result<UndoToken> edit(const QStringList &taskIDs, const std::function<void(KWTask &)> &change);
 

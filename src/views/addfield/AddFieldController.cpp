@@ -4,12 +4,45 @@
 #include "capture/NewTaskService.h"
 #include "views/addfield/KWNewTaskTextField.h"
 
+#include <QFocusEvent>
+
 AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService &service, CXClock &clock)
     : m_field(field), m_service(service), m_clock(clock)
 {
+    m_field.installEventFilter(this);
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
     connect(&m_field, &KWNewTaskTextField::pieceClicked, this, &AddFieldController::undo);
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
+}
+
+void AddFieldController::setList(const KWListIdentifier &list)
+{
+    endPreset();
+    m_list = list;
+}
+
+void AddFieldController::setPreset(const NewTaskContext &preset, const QString &placeholder)
+{
+    endPreset();
+    m_preset = preset;
+    m_placeholderOfList = m_field.placeholder();
+    m_field.setPlaceholder(placeholder);
+}
+
+void AddFieldController::endPreset()
+{
+    if (!m_preset) return;
+    m_preset.reset();
+    m_field.setPlaceholder(m_placeholderOfList);
+}
+
+bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusOut && m_field.text().isEmpty()) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) endPreset();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void AddFieldController::recognize(const QString &text)
@@ -42,7 +75,7 @@ void AddFieldController::undo(const RecognizedPiece &piece)
 
 void AddFieldController::submit(const QString &text)
 {
-    NewTaskContext context = newTaskContextOf(m_list, m_clock);
+    NewTaskContext context = m_preset ? *m_preset : newTaskContextOf(m_list, m_clock);
     context.recognition = m_options;
     const Result<KWTaskModel> task = m_service.add(text, context);
     if (!task) {

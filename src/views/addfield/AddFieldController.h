@@ -20,13 +20,20 @@ public:
     AddFieldController(KWNewTaskTextField &field, NewTaskService &service, CXClock &clock);
 
     /// The list in which the field stands.
-    void setList(const KWListIdentifier &list) { m_list = list; }
+    void setList(const KWListIdentifier &list);
+    /// What tasks are given instead of what the list implies, until the list is another one or the field is
+    /// left empty. The field says so with `placeholder` meanwhile.
+    void setPreset(const NewTaskContext &preset, const QString &placeholder);
 
 Q_SIGNALS:
     void added(const QString &taskID);
     void failed(const QString &sentence);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void endPreset();
     void recognize(const QString &text);
     void undo(const RecognizedPiece &piece);
     void submit(const QString &text);
@@ -35,5 +42,7 @@ private:
     NewTaskService &m_service;
     CXClock &m_clock;
     KWListIdentifier m_list;
+    std::optional<NewTaskContext> m_preset;
+    QString m_placeholderOfList;  // while there is a preset
     RecognitionOptions m_options; // until the field is empty again
 };

@@ -29,6 +29,7 @@ public:
     const QList<RecognizedPiece> &pieces() const { return m_pieces; }
 
     void setPlaceholder(const QString &placeholder);
+    const QString &placeholder() const { return m_placeholder; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

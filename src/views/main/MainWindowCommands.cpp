@@ -10,7 +10,7 @@
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
-#include "views/tasklist/TaskActions.h"
+#include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/wording/CalendarDay.h"
@@ -156,6 +156,7 @@ void MainWindowCommands::pickDate()
 void MainWindowCommands::print()
 {
     const QString title = m_parts.sidebar.titleOfSelectedList();
-    const auto document = ListPrint::document(title, m_parts.window.listPane().model().rows(), m_parts.clock);
+    const auto document =
+        ListPrint::document(title, m_parts.window.listPane().model().tasks(), m_parts.clock);
     ListPrint::run(*document, title, m_parts.window);
 }

@@ -7,7 +7,7 @@
 class KWAccountManager;
 class KWProjectListPresenter;
 class MainWindow;
-class TaskActions;
+class BatchActions;
 
 /// What the commands of the main menu do in the main window: on the selected tasks, on the list, on the
 /// text that is being edited. Main thread.
@@ -19,7 +19,7 @@ public:
     struct Parts {
         MainMenu &menu;
         MainWindow &window;
-        TaskActions &tasks;
+        BatchActions &tasks;
         KWProjectListPresenter &sidebar;
         KWTaskEditor &editor;
         KWAccountManager &account;

@@ -12,7 +12,9 @@
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/taskdetail/TaskDetailView.h"
-#include "views/tasklist/TaskActions.h"
+#include "views/tasklist/SectionController.h"
+#include "views/tasklist/SortMenu.h"
+#include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListController.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -38,7 +40,9 @@ struct MainWindowController::Content {
         , sidebar{window.sidebar(), rooms.sidebar, rooms.kit.account()}
         , tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
         , taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
+        , sortMenu{window.listPane().header(), rooms.tasks, rooms.kit}
         , addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
+        , sections{{window.listPane(), rooms.tasks, addField, actions, rooms.clock}}
         , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
         , detail{window.detail(), rooms.kit}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
@@ -48,11 +52,13 @@ struct MainWindowController::Content {
 
     MainWindow window;
     KWTaskEditor editor;
-    TaskActions actions;
+    BatchActions actions;
     SidebarController sidebar;
     TaskListController tasks;
     TaskMenu taskMenu;
+    SortMenu sortMenu;
     AddFieldController addField;
+    SectionController sections;
     TrashController trash;
     TaskDetailController detail;
     TaskWhereabouts whereabouts;
@@ -151,21 +157,23 @@ void MainWindowController::connectColumns()
     connect(&content.addField, &AddFieldController::added, this, &MainWindowController::showAdded);
     connect(&content.detail, &TaskDetailController::completionToggled, &content.actions,
             [&content](const QString &taskID) { content.actions.tick({taskID}); });
-    connect(&list, &TaskListView::completionToggled, &content.actions, &TaskActions::tick);
+    connect(&list, &TaskListView::completionToggled, &content.actions, &BatchActions::tick);
     connect(&list, &TaskListView::deletionRequested, this, [&content](const QStringList &taskIDs) {
         if (content.trash.isShown())
             content.trash.deleteForever(taskIDs);
         else
             content.actions.remove(taskIDs);
     });
-    connect(&content.actions, &TaskActions::changed, &window, &MainWindow::showUndo);
-    connect(&content.actions, &TaskActions::duplicated, &list, &TaskListView::selectTasks);
-    connect(&content.actions, &TaskActions::failed, this, [this](const QString &sentence) {
+    connect(&content.actions, &BatchActions::changed, &window, &MainWindow::showUndo);
+    connect(&content.actions, &BatchActions::duplicated, &list, &TaskListView::selectTasks);
+    connect(&content.actions, &BatchActions::failed, this, [this](const QString &sentence) {
         m_content->window.showMessage(sentence);
         m_rooms.tasks.reload(); // what was ticked on the screen is as it is stored again
     });
     connect(&list, &TaskListView::menuAboutToShow, this, &MainWindowController::fillRowMenu);
     connect(&content.tasks, &TaskListController::shown, &content.trash, &TrashController::showOffer);
+    connect(&content.tasks, &TaskListController::shown, &content.sortMenu, &SortMenu::show);
+    connect(&content.sortMenu, &SortMenu::failed, &window, &MainWindow::showMessage);
     connect(&content.trash, &TrashController::restored, &window, &MainWindow::showUndo);
     connect(&content.trash, &TrashController::failed, &window, &MainWindow::showMessage);
     connect(&content.detail, &TaskDetailController::itemRemovalRequested, this,

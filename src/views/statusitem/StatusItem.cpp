@@ -12,6 +12,7 @@
 #include "views/menu/MainMenu.h"
 #include "views/statusitem/PopoverWindow.h"
 #include "views/tasklist/PageHeader.h"
+#include "views/tasklist/ShownRows.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/theme/Icons.h"
 #include "views/wording/DateWording.h"
@@ -39,12 +40,13 @@ struct StatusItem::Popover {
         : clock(rooms.clock)
         , window(rooms.clock)
         , service(rooms.kit.manager(), rooms.kit.account(), rooms.kit.center(), rooms.kit.bus())
+        , rows(window, service, rooms.clock)
         , ticker(rooms.kit.manager())
         , addField(window.addField(), rooms.newTasks, rooms.clock)
         , newMinute(rooms.kit.center().addObserver(KWNewMinuteComesNotification,
                                                    [this](const KWNotification &) { showHead(); }))
     {
-        service.onRowsChanged = [this] { window.list().setRows(service.rows()); };
+        service.onRowsChanged = [this] { rows.show(); };
         service.onFailure = [this](const QString &sentence) { showProblem(sentence); };
         QObject::connect(&window.list(), &TaskListView::completionToggled, &window,
                          [this](const QStringList &taskIDs) {
@@ -76,6 +78,7 @@ struct StatusItem::Popover {
     CXClock &clock;
     PopoverWindow window;
     KWTaskListService service;
+    ShownRows rows;
     KWTaskTicker ticker;
     AddFieldController addField;
     KWNotificationCenter::Observation newMinute;

@@ -9,35 +9,69 @@
 #include <QStyle>
 
 PageHeader::PageHeader(QWidget *parent)
-    : QWidget(parent), m_action(new TextButton{{}, TextButton::Opens::Nothing, this})
+    : QWidget(parent)
+    , m_sort(new TextButton{{}, TextButton::Opens::Menu, this})
+    , m_action(new TextButton{{}, TextButton::Opens::Nothing, this})
 {
     setObjectName(QStringLiteral("pageHeader"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_sort->setObjectName(QStringLiteral("sortButton"));
+    m_sort->hide();
     m_action->setObjectName(QStringLiteral("pageAction"));
     m_action->hide();
+    connect(m_sort, &TextButton::clicked, this, &PageHeader::sortMenuRequested);
     connect(m_action, &TextButton::clicked, this, &PageHeader::actionTriggered);
+}
+
+void PageHeader::setText(TextButton &button, const QString &text)
+{
+    button.setText(text);
+    button.setAccessibleName(text);
+    button.setVisible(!text.isEmpty());
 }
 
 void PageHeader::setAction(const QString &text)
 {
-    m_action->setText(text);
-    m_action->setAccessibleName(text);
-    m_action->setVisible(!text.isEmpty());
-    placeAction();
-    update();
+    setText(*m_action, text);
+    placeButtons();
 }
+
+void PageHeader::setSorting(const QString &text)
+{
+    setText(*m_sort, text);
+    m_sort->setAccessibleName(tr("Sorting: %1").arg(text));
+    placeButtons();
+}
+
+QWidget &PageHeader::sortButton() const { return *m_sort; }
 
 void PageHeader::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    placeAction();
+    placeButtons();
 }
 
-void PageHeader::placeAction()
+int PageHeader::buttonsWidth() const
 {
-    const QSize size = m_action->sizeHint().boundedTo(this->size());
-    m_action->setGeometry(QStyle::visualRect(
-        layoutDirection(), rect(), {QPoint{width() - size.width(), (height() - size.height()) / 2}, size}));
+    int taken = 0;
+    for (const TextButton *each : {m_action, m_sort})
+        if (each->isVisibleTo(this)) taken += each->width() + Metrics::grid;
+    return taken;
+}
+
+// From the end of the line on.
+void PageHeader::placeButtons()
+{
+    int right = width();
+    for (TextButton *each : {m_action, m_sort}) {
+        if (!each->isVisibleTo(this)) continue;
+        const QSize size = each->sizeHint().boundedTo(this->size());
+        right -= size.width();
+        each->setGeometry(QStyle::visualRect(layoutDirection(), rect(),
+                                             {QPoint{right, (height() - size.height()) / 2}, size}));
+        right -= Metrics::grid;
+    }
+    update();
 }
 
 void PageHeader::setTitle(const QString &title)
@@ -63,7 +97,7 @@ QSize PageHeader::sizeHint() const
 void PageHeader::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    const int textWidth = m_action->isVisibleTo(this) ? width() - m_action->width() - Metrics::gap : width();
+    const int textWidth = width() - buttonsWidth();
     const int noteWidth = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
     const int titleWidth = std::min(Fonts::width(Fonts::Role::PageTitle, m_title), textWidth - noteWidth);
 

@@ -16,19 +16,26 @@ public:
     void setNote(const QString &note);
     /// The button's text; without one there is no button.
     void setAction(const QString &text);
+    /// The same of the button that opens the menu of sort types.
+    void setSorting(const QString &text);
+    QWidget &sortButton() const;
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
     void actionTriggered();
+    void sortMenuRequested();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void placeAction();
+    static void setText(TextButton &button, const QString &text);
+    void placeButtons();
+    int buttonsWidth() const;
 
+    TextButton *m_sort;
     TextButton *m_action;
     QString m_title;
     QString m_note;

@@ -6,7 +6,7 @@
 
 namespace {
 
-using Rows = QList<KWTaskListItemModel>;
+using Rows = QList<TaskListRow>;
 
 // Finding the steps between more rows than this takes longer than drawing from scratch.
 constexpr int mostRowsCompared = 10'000;
@@ -22,10 +22,10 @@ Middle middleOf(const Rows &before, const Rows &after)
 {
     Middle middle{0, int(before.size()), int(after.size())};
     const int shorter = std::min(middle.beforeEnd, middle.afterEnd);
-    while (middle.first < shorter && before.at(middle.first).sid == after.at(middle.first).sid)
+    while (middle.first < shorter && before.at(middle.first).id == after.at(middle.first).id)
         ++middle.first;
     while (middle.beforeEnd > middle.first && middle.afterEnd > middle.first &&
-           before.at(middle.beforeEnd - 1).sid == after.at(middle.afterEnd - 1).sid)
+           before.at(middle.beforeEnd - 1).id == after.at(middle.afterEnd - 1).id)
         --middle.beforeEnd, --middle.afterEnd;
     return middle;
 }
@@ -35,7 +35,7 @@ std::optional<QHash<QString, int>> placesOf(const Rows &rows, int first, int end
     QHash<QString, int> places;
     places.reserve(end - first);
     for (int i = first; i < end; ++i)
-        places.insert(rows.at(i).sid, i);
+        places.insert(rows.at(i).id, i);
     if (places.size() != end - first) return std::nullopt;
     return places;
 }
@@ -117,14 +117,14 @@ std::optional<RowPlan> planRows(const Rows &before, const Rows &after, std::size
     RowPlan plan;
     std::vector<int> order;
     for (int i = middle.first; i < middle.beforeEnd; ++i) {
-        if (const auto place = places->find(before.at(i).sid); place != places->end())
+        if (const auto place = places->find(before.at(i).id); place != places->end())
             order.push_back(*place);
         else
             append(plan.removals, i);
     }
     std::reverse(plan.removals.begin(), plan.removals.end());
     for (int i = middle.first; i < middle.afterEnd; ++i)
-        if (!oldPlaces->contains(after.at(i).sid)) append(plan.insertions, i);
+        if (!oldPlaces->contains(after.at(i).id)) append(plan.insertions, i);
 
     if (!planMoves(std::move(order), middle.first, limit, plan.moves)) return std::nullopt;
     if (plan.stepCount() > limit) return std::nullopt;

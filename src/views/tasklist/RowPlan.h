@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/store/KWTaskListItemModel.h"
+#include "lists/TaskListRows.h"
 
 #include <QList>
 
@@ -27,5 +27,5 @@ struct RowPlan {
 
 /// Nothing when more than `limit` steps would be needed, and where the two differ by thousands of rows or
 /// hold an id twice.
-std::optional<RowPlan> planRows(const QList<KWTaskListItemModel> &before,
-                                const QList<KWTaskListItemModel> &after, std::size_t limit);
+std::optional<RowPlan> planRows(const QList<TaskListRow> &before, const QList<TaskListRow> &after,
+                                std::size_t limit);

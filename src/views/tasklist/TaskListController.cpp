@@ -20,7 +20,12 @@ bool mixesLists(const KWListIdentifier &list) { return list.type != KWListIdenti
 TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &service,
                                        KWProjectListPresenter &sidebar, KWTaskEditor &editor,
                                        KWNotificationCenter &center, CXClock &clock)
-    : m_pane(pane), m_service(service), m_sidebar(sidebar), m_editor(editor), m_clock(clock)
+    : m_pane(pane)
+    , m_service(service)
+    , m_rows(pane, service, clock)
+    , m_sidebar(sidebar)
+    , m_editor(editor)
+    , m_clock(clock)
 {
     m_service.onRowsChanged = [this] { showRows(); };
     m_service.onFailure = [this](const QString &sentence) { Q_EMIT failed(sentence); };
@@ -33,8 +38,10 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
     for (const QString &name : {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification})
         m_observations.push_back(
             center.addObserver(name, [this](const KWNotification &) { m_pane.model().refreshDates(); }));
-    m_observations.push_back(
-        center.addObserver(KWNewDayComesNotification, [this](const KWNotification &) { showHead(); }));
+    m_observations.push_back(center.addObserver(KWNewDayComesNotification, [this](const KWNotification &) {
+        showHead();
+        m_rows.show();
+    }));
 }
 
 // The service outlives the window: the next one asks it afresh.
@@ -69,7 +76,7 @@ void TaskListController::selectWantedTask()
 void TaskListController::showRows()
 {
     showNames();
-    m_pane.list().setRows(m_service.rows());
+    m_rows.show();
     selectWantedTask();
     Q_EMIT shown();
 }

@@ -3,6 +3,7 @@
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
 #include "model/store/KWTaskEditor.h"
+#include "views/tasklist/ShownRows.h"
 
 #include <QObject>
 
@@ -36,6 +37,7 @@ private:
 
     TaskListPane &m_pane;
     KWTaskListService &m_service;
+    ShownRows m_rows;
     KWProjectListPresenter &m_sidebar;
     KWTaskEditor &m_editor;
     CXClock &m_clock;

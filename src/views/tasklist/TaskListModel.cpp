@@ -4,6 +4,7 @@
 #include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
 #include "views/tasklist/RowPlan.h"
+#include "views/tasklist/TaskMimeData.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,15 +22,29 @@ QString statusName(KWTaskStatus status)
 
 TaskListModel::TaskListModel(CXClock &clock, QObject *parent) : QAbstractListModel(parent), m_clock(clock) {}
 
-QModelIndex TaskListModel::indexOf(const QString &sid) const
+QList<KWTaskListItemModel> TaskListModel::tasks() const
+{
+    QList<KWTaskListItemModel> tasks;
+    for (const TaskListRow &each : m_rows)
+        if (each.kind == TaskListRow::Kind::Task) tasks.append(each.task);
+    return tasks;
+}
+
+bool TaskListModel::isTask(const QModelIndex &index) const
+{
+    return index.isValid() && rowAt(index).kind == TaskListRow::Kind::Task;
+}
+
+QModelIndex TaskListModel::indexOf(const QString &id) const
 {
     for (int i = 0; i < m_rows.size(); ++i)
-        if (m_rows.at(i).sid == sid) return index(i);
+        if (m_rows.at(i).id == id) return index(i);
     return {};
 }
 
-void TaskListModel::setRows(QList<KWTaskListItemModel> rows)
+void TaskListModel::setRows(QList<TaskListRow> rows, QList<SectionLook> looks)
 {
+    if (std::exchange(m_looks, looks) != looks) allChanged();
     const auto plan = planRows(m_rows, rows, mostSteps);
     if (plan && plan->stepCount() == 0) {
         announceChangedRows(rows);
@@ -46,7 +61,7 @@ void TaskListModel::setRows(QList<KWTaskListItemModel> rows)
     Q_EMIT rowsDidChange();
 }
 
-void TaskListModel::carryOut(const RowPlan &plan, const QList<KWTaskListItemModel> &rows)
+void TaskListModel::carryOut(const RowPlan &plan, const QList<TaskListRow> &rows)
 {
     // The new list is shared then, not copied, which counts for a long one.
     const bool isWhole = isOneRangeOnly(plan, rows);
@@ -77,7 +92,7 @@ void TaskListModel::carryOut(const RowPlan &plan, const QList<KWTaskListItemMode
 }
 
 // Whether all that happens is that one range of rows comes or goes.
-bool TaskListModel::isOneRangeOnly(const RowPlan &plan, const QList<KWTaskListItemModel> &rows) const
+bool TaskListModel::isOneRangeOnly(const RowPlan &plan, const QList<TaskListRow> &rows) const
 {
     if (plan.stepCount() != 1 || !plan.moves.empty()) return false;
     const bool grows = plan.removals.empty();
@@ -88,9 +103,9 @@ bool TaskListModel::isOneRangeOnly(const RowPlan &plan, const QList<KWTaskListIt
            std::equal(longer.begin() + first + count, longer.end(), shorter.begin() + first);
 }
 
-void TaskListModel::announceChangedRows(const QList<KWTaskListItemModel> &rows)
+void TaskListModel::announceChangedRows(const QList<TaskListRow> &rows)
 {
-    const QList<KWTaskListItemModel> before = std::exchange(m_rows, rows);
+    const QList<TaskListRow> before = std::exchange(m_rows, rows);
     for (int i = 0; i < rows.size();) {
         int end = i;
         while (end < rows.size() && !(before.at(end) == rows.at(end)))
@@ -134,15 +149,15 @@ int TaskListModel::rowCount(const QModelIndex &parent) const
 QVariant TaskListModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    const KWTaskListItemModel &row = rowAt(index);
+    const TaskListRow &row = rowAt(index);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return row.title;
+        return row.kind == TaskListRow::Kind::Task ? row.task.title : row.title;
     case Qt::AccessibleTextRole:
         return spokenText(row);
-    case SidRole:
-        return row.sid;
+    case IdRole:
+        return row.id;
     default:
         return {};
     }
@@ -150,27 +165,63 @@ QVariant TaskListModel::data(const QModelIndex &index, int role) const
 
 Qt::ItemFlags TaskListModel::flags(const QModelIndex &index) const
 {
-    if (!index.isValid()) return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren;
+    if (!index.isValid()) return Qt::ItemIsDropEnabled;
+    const Qt::ItemFlags any = Qt::ItemIsEnabled | Qt::ItemNeverHasChildren | Qt::ItemIsDropEnabled;
+    if (!isTask(index)) return any;
+    return any | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
 }
 
-QString TaskListModel::spokenText(const KWTaskListItemModel &row) const
+QStringList TaskListModel::mimeTypes() const { return {TaskMimeData::type}; }
+
+QMimeData *TaskListModel::mimeData(const QModelIndexList &indexes) const
 {
-    QStringList parts{displayTitle(row.title)};
-    if (row.isClosed()) parts.append(statusName(row.status));
-    if (row.priority != KWTaskPriorityNone)
-        parts.append(KWLocalizedString("Priority: %1").arg(displayName(row.priority)));
-    if (const TaskDateText date = dateTextOf(row); !date.text.isEmpty()) {
+    QStringList ids, titles;
+    for (const QModelIndex &each : indexes)
+        if (isTask(each)) {
+            ids.append(rowAt(each).id);
+            titles.append(displayTitle(rowAt(each).task.title));
+        }
+    return TaskMimeData::make(ids, titles);
+}
+
+QString TaskListModel::spokenText(const TaskListRow &row) const
+{
+    QStringList parts;
+    switch (row.kind) {
+    case TaskListRow::Kind::LoadMore:
+        return KWLocalizedString("Show more completed tasks");
+    case TaskListRow::Kind::Section:
+        parts = {row.title, KWLocalizedString("Section with %1 tasks").arg(row.count)};
+        break;
+    case TaskListRow::Kind::Task:
+        parts = {spokenTask(row.task)};
+        if (row.depth > 0) parts.append(KWLocalizedString("Level %1").arg(row.depth + 1));
+        if (!row.hasChildren) return parts.join(u", "_s);
+        break;
+    }
+    parts.append(row.isFolded ? KWLocalizedString("folded") : KWLocalizedString("unfolded"));
+    return parts.join(u", "_s);
+}
+
+QString TaskListModel::spokenTask(const KWTaskListItemModel &task) const
+{
+    QStringList parts{displayTitle(task.title)};
+    if (task.isClosed()) parts.append(statusName(task.status));
+    if (task.priority != KWTaskPriorityNone)
+        parts.append(KWLocalizedString("Priority: %1").arg(displayName(task.priority)));
+    if (const TaskDateText date = dateTextOf(task); !date.text.isEmpty()) {
         if (date.tone == TaskDateText::Tone::Overdue) parts.append(KWLocalizedString("Overdue"));
         parts.append(date.text);
     }
-    if (row.repeats) parts.append(KWLocalizedString("Repeats"));
-    if (row.checklistCount > 0)
+    if (task.isPinned()) parts.append(KWLocalizedString("Pinned"));
+    if (task.repeats) parts.append(KWLocalizedString("Repeats"));
+    if (task.checklistCount > 0)
         parts.append(
-            KWLocalizedString("%1 of %2 items done").arg(row.checklistDoneCount).arg(row.checklistCount));
-    for (const QString &tag : row.tags)
+            KWLocalizedString("%1 of %2 items done").arg(task.checklistDoneCount).arg(task.checklistCount));
+    if (task.attachmentCount > 0) parts.append(KWLocalizedString("%1 attachments").arg(task.attachmentCount));
+    for (const QString &tag : task.tags)
         parts.append(u'#' + tagLabel(tag));
-    if (const QString list = listName(row); !list.isEmpty())
+    if (const QString list = listName(task); !list.isEmpty())
         parts.append(KWLocalizedString("List: %1").arg(list));
     return parts.join(u", "_s);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "corvexkit/time/CXClock.h"
-#include "model/store/KWTaskListItemModel.h"
+#include "lists/TaskListRows.h"
+#include "views/tasklist/SectionLook.h"
 #include "views/tasklist/TaskDateText.h"
 
 #include <QAbstractListModel>
@@ -10,24 +11,29 @@
 
 struct RowPlan;
 
-/// The rows of a task list for Qt's views. Main thread only.
+/// The rows of a task list for Qt's views: sections, tasks, and the row that loads more. Main thread only.
 class TaskListModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    enum Role { SidRole = Qt::UserRole };
+    enum Role { IdRole = Qt::UserRole };
 
     explicit TaskListModel(CXClock &clock, QObject *parent = nullptr);
 
-    const QList<KWTaskListItemModel> &rows() const { return m_rows; }
-    const KWTaskListItemModel &rowAt(const QModelIndex &index) const { return m_rows.at(index.row()); }
+    const QList<TaskListRow> &rows() const { return m_rows; }
+    /// Those rows that are tasks.
+    QList<KWTaskListItemModel> tasks() const;
+    const TaskListRow &rowAt(const QModelIndex &index) const { return m_rows.at(index.row()); }
+    bool isTask(const QModelIndex &index) const;
     /// The index of that row, or an invalid one.
-    QModelIndex indexOf(const QString &sid) const;
+    QModelIndex indexOf(const QString &id) const;
 
     /// Takes the new rows. What can be told as a few removals, moves and insertions is told so, and
     /// changed rows as changed; selection and scroll position live through it. Lists that share
     /// little are reset.
-    void setRows(QList<KWTaskListItemModel> rows);
+    /// `looks` are by the index of the section, see TaskListRow::category.
+    void setRows(QList<TaskListRow> rows, QList<SectionLook> looks = {});
+    SectionLook lookOf(const TaskListRow &section) const { return m_looks.value(section.category); }
 
     /// Names to show of the lists rows belong to, by list id; rows of other lists show none. Views of
     /// one list give none at all.
@@ -42,6 +48,11 @@ public:
     /// Tells views that words for dates may read differently now: a minute has passed.
     void refreshDates();
 
+    QStringList mimeTypes() const override;
+    /// The tasks among the rows.
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -52,14 +63,16 @@ Q_SIGNALS:
     void rowsDidChange();
 
 private:
-    void carryOut(const RowPlan &plan, const QList<KWTaskListItemModel> &rows);
-    bool isOneRangeOnly(const RowPlan &plan, const QList<KWTaskListItemModel> &rows) const;
-    void announceChangedRows(const QList<KWTaskListItemModel> &rows);
+    void carryOut(const RowPlan &plan, const QList<TaskListRow> &rows);
+    bool isOneRangeOnly(const RowPlan &plan, const QList<TaskListRow> &rows) const;
+    void announceChangedRows(const QList<TaskListRow> &rows);
     void allChanged();
-    QString spokenText(const KWTaskListItemModel &row) const;
+    QString spokenText(const TaskListRow &row) const;
+    QString spokenTask(const KWTaskListItemModel &task) const;
 
     CXClock &m_clock;
-    QList<KWTaskListItemModel> m_rows;
+    QList<TaskListRow> m_rows;
+    QList<SectionLook> m_looks;
     QHash<QString, QString> m_listNames;
     QHash<QString, QString> m_tagLabels;
 };

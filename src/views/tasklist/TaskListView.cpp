@@ -1,8 +1,8 @@
 #include "views/tasklist/TaskListView.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/tasklist/DropMark.h"
 #include "views/tasklist/TaskRowDelegate.h"
-#include "views/tasklist/TaskRowLayout.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
@@ -26,13 +26,14 @@ TaskListView::TaskListView(TaskListModel &model, QWidget *parent)
 {
     setObjectName(u"taskList"_s);
     setAccessibleName(KWLocalizedString("Tasks"));
-    setUniformItemSizes(true);
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(EditKeyPressed);
     setMouseTracking(true);
+    setDragEnabled(true);
+    setDropIndicatorShown(false);
     setItemDelegate(m_delegate);
     setModel(&m_model);
 
@@ -42,18 +43,19 @@ TaskListView::TaskListView(TaskListModel &model, QWidget *parent)
     connect(&m_animations, &CheckAnimations::moved, this,
             [this](const QString &sid) { update(m_model.indexOf(sid)); });
     connect(&m_animations, &CheckAnimations::finished, this, [this] {
-        if (auto rows = std::exchange(m_waitingRows, std::nullopt)) m_model.setRows(std::move(*rows));
+        if (auto waiting = std::exchange(m_waitingRows, std::nullopt))
+            m_model.setRows(std::move(waiting->first), std::move(waiting->second));
     });
     connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this,
             [this] { scheduleDelayedItemsLayout(); });
 }
 
-void TaskListView::setRows(QList<KWTaskListItemModel> rows)
+void TaskListView::setRows(QList<TaskListRow> rows, QList<SectionLook> looks)
 {
     if (m_animations.isRunning())
-        m_waitingRows = std::move(rows);
+        m_waitingRows = {std::move(rows), std::move(looks)};
     else
-        m_model.setRows(std::move(rows));
+        m_model.setRows(std::move(rows), std::move(looks));
 }
 
 void TaskListView::setEmptyText(const QString &text, const QString &hint)
@@ -65,7 +67,7 @@ void TaskListView::setEmptyText(const QString &text, const QString &hint)
 
 QString TaskListView::currentTask() const
 {
-    return currentIndex().isValid() ? m_model.rowAt(currentIndex()).sid : QString{};
+    return m_model.isTask(currentIndex()) ? m_model.rowAt(currentIndex()).id : QString{};
 }
 
 QStringList TaskListView::selectedTasks() const
@@ -74,8 +76,8 @@ QStringList TaskListView::selectedTasks() const
     std::sort(selected.begin(), selected.end());
     QStringList sids;
     for (const QModelIndex &each : std::as_const(selected))
-        sids.append(m_model.rowAt(each).sid);
-    if (sids.isEmpty() && currentIndex().isValid()) sids.append(currentTask());
+        sids.append(m_model.rowAt(each).id);
+    if (sids.isEmpty() && m_model.isTask(currentIndex())) sids.append(currentTask());
     return sids;
 }
 
@@ -83,17 +85,26 @@ void TaskListView::selectTask(const QString &sid) { selectTasks({sid}); }
 
 void TaskListView::selectTasks(const QStringList &sids)
 {
-    bool isFirst = true;
+    QItemSelection selection;
+    QModelIndex first;
     for (const QString &each : sids) {
         const QModelIndex index = m_model.indexOf(each);
         if (!index.isValid()) continue;
-        if (std::exchange(isFirst, false)) {
-            makeCurrent(index);
-            scrollTo(index);
-        } else {
-            selectionModel()->select(index, QItemSelectionModel::Select);
-        }
+        if (!first.isValid()) first = index;
+        selection.select(index, index);
     }
+    if (!first.isValid()) return;
+    makeCurrent(first);
+    selectionModel()->select(selection, QItemSelectionModel::Select);
+    scrollTo(first);
+}
+
+void TaskListView::selectSection(int category)
+{
+    QStringList sids;
+    for (const TaskListRow &each : m_model.rows())
+        if (each.kind == TaskListRow::Kind::Task && each.category == category) sids.append(each.id);
+    selectTasks(sids);
 }
 
 // Whatever keys are held down meanwhile.
@@ -108,42 +119,64 @@ void TaskListView::currentChanged(const QModelIndex &current, const QModelIndex 
     if (!m_place) Q_EMIT currentTaskChanged(currentTask());
 }
 
-// Coming by Tab selects the first row; what is current is what the detail shows.
+// The task at that row or next to it.
+QModelIndex TaskListView::taskNear(int row) const
+{
+    for (int below = row; below < m_model.rowCount(); ++below)
+        if (m_model.isTask(m_model.index(below))) return m_model.index(below);
+    for (int above = std::min(row, m_model.rowCount()) - 1; above >= 0; --above)
+        if (m_model.isTask(m_model.index(above))) return m_model.index(above);
+    return {};
+}
+
+// Coming by Tab selects the first task; what is current is what the detail shows.
 void TaskListView::focusInEvent(QFocusEvent *event)
 {
-    if (!currentIndex().isValid() && m_model.rowCount() > 0 && event->reason() != Qt::MouseFocusReason)
-        makeCurrent(m_model.index(0));
+    if (!currentIndex().isValid() && event->reason() != Qt::MouseFocusReason)
+        if (const QModelIndex first = taskNear(0); first.isValid()) makeCurrent(first);
     QListView::focusInEvent(event);
 }
 
 void TaskListView::rememberPlace()
 {
+    const QModelIndex current = currentIndex();
     const QModelIndex top = indexAt(QPoint{width() / 2, 0});
-    m_place = Place{.currentSid = currentTask(), .selectedSids = selectedTasks(), .topSid = {}};
+    m_place = Place{.currentID = current.isValid() ? m_model.rowAt(current).id : QString{},
+                    .currentRow = m_model.isTask(current) ? current.row() : -1,
+                    .selectedTasks = selectedTasks(),
+                    .topID = {}};
     // A list that shows its beginning goes on showing it.
     if (top.isValid() && verticalScrollBar()->value() > 0) {
-        m_place->topSid = m_model.rowAt(top).sid;
-        m_place->topOffset = -visualRect(top).top();
+        m_place->topID = m_model.rowAt(top).id;
+        m_place->topOffset = visualRect(top).top();
     }
 }
 
 void TaskListView::returnToPlace()
 {
-    const QModelIndex current = m_model.indexOf(m_place->currentSid);
-    if (current.isValid() && current != currentIndex())
-        selectTasks(QStringList{m_place->currentSid} + m_place->selectedSids);
-    if (const QModelIndex top = m_model.indexOf(m_place->topSid); top.isValid()) {
-        executeDelayedItemsLayout();
-        verticalScrollBar()->setValue(top.row() * visualRect(top).height() + m_place->topOffset);
+    const Place place = *m_place;
+    const QModelIndex current = m_model.indexOf(place.currentID);
+    if (current.isValid() && current != currentIndex()) {
+        makeCurrent(current);
+        for (const QString &each : place.selectedTasks)
+            selectionModel()->select(m_model.indexOf(each), QItemSelectionModel::Select);
+    } else if (place.currentRow >= 0 && currentIndex().isValid() && !m_model.isTask(currentIndex())) {
+        makeCurrent(taskNear(place.currentRow)); // the task went, and a header took its place
     }
-    const QString before = std::exchange(m_place, std::nullopt)->currentSid;
+    if (const QModelIndex top = m_model.indexOf(place.topID); top.isValid()) {
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + visualRect(top).top() - place.topOffset);
+    }
+    m_place.reset();
+    setDropTarget({}); // it names rows by their place
+    const QString before = place.currentRow >= 0 ? place.currentID : QString{};
     if (currentTask() != before) Q_EMIT currentTaskChanged(currentTask());
 }
 
 void TaskListView::toggle(const QStringList &sids)
 {
     const auto isClosed = [this](const QString &sid) {
-        return m_model.rowAt(m_model.indexOf(sid)).isClosed();
+        return m_model.rowAt(m_model.indexOf(sid)).task.isClosed();
     };
     const bool reopens = std::ranges::all_of(sids, isClosed);
     for (const QString &each : sids)
@@ -153,80 +186,33 @@ void TaskListView::toggle(const QStringList &sids)
     Q_EMIT completionToggled(sids);
 }
 
-QModelIndex TaskListView::checkboxAt(const QPoint &position) const
+// Enter on a row, or a click that is one.
+void TaskListView::activate(const QModelIndex &index)
 {
-    const QModelIndex index = indexAt(position);
-    if (!index.isValid()) return {};
-    constexpr int slack = Metrics::grid + 2; // a comfortable target is larger than the box
-    const QRect box = taskRowCheckbox(visualRect(index), layoutDirection());
-    return box.adjusted(-slack, -slack, slack, slack).contains(position) ? index : QModelIndex{};
-}
-
-void TaskListView::setHoveredCheckbox(const QModelIndex &index)
-{
-    if (index == m_hoveredCheckbox) return;
-    update(m_hoveredCheckbox);
-    m_hoveredCheckbox = index;
-    m_delegate->setHoveredCheckbox(index);
-    update(index);
-}
-
-void TaskListView::keyPressEvent(QKeyEvent *event)
-{
-    const QModelIndex current = currentIndex();
-    if (current.isValid() && event->modifiers() == Qt::NoModifier && state() != EditingState) {
-        if (event->key() == Qt::Key_Space) {
-            toggle(selectedTasks());
-            return;
-        }
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            Q_EMIT opened(currentTask());
-            return;
-        }
-        if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
-            Q_EMIT deletionRequested(selectedTasks());
-            return;
-        }
+    switch (m_model.rowAt(index).kind) {
+    case TaskListRow::Kind::Section:
+        return Q_EMIT foldToggled(TaskListRow{m_model.rowAt(index)});
+    case TaskListRow::Kind::LoadMore:
+        return Q_EMIT moreRequested();
+    case TaskListRow::Kind::Task:
+        return Q_EMIT opened(currentTask());
     }
-    QListView::keyPressEvent(event);
 }
 
-void TaskListView::mousePressEvent(QMouseEvent *event)
+void TaskListView::openMenu(const QModelIndex &index, const QPoint &globalPosition)
 {
-    m_pressedCheckbox =
-        event->button() == Qt::LeftButton ? checkboxAt(event->position().toPoint()) : QModelIndex{};
-    if (!m_pressedCheckbox.isValid()) QListView::mousePressEvent(event);
-}
-
-void TaskListView::mouseReleaseEvent(QMouseEvent *event)
-{
-    const QModelIndex pressed = std::exchange(m_pressedCheckbox, QPersistentModelIndex{});
-    if (!pressed.isValid())
-        QListView::mouseReleaseEvent(event);
-    else if (checkboxAt(event->position().toPoint()) == pressed)
-        toggle({m_model.rowAt(pressed).sid});
-}
-
-void TaskListView::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    if (checkboxAt(event->position().toPoint()).isValid()) {
-        mousePressEvent(event);
-        return;
+    const TaskListRow row = m_model.rowAt(index);
+    if (row.kind == TaskListRow::Kind::LoadMore) return;
+    auto *menu = new QMenu{this};
+    menu->setObjectName(u"taskMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (row.kind == TaskListRow::Kind::Section) {
+        Q_EMIT sectionMenuAboutToShow(*menu, row);
+    } else {
+        if (!selectionModel()->isSelected(index)) makeCurrent(index);
+        Q_EMIT menuAboutToShow(*menu, selectedTasks());
     }
-    QListView::mouseDoubleClickEvent(event);
-    if (indexAt(event->position().toPoint()).isValid()) Q_EMIT opened(currentTask());
-}
-
-void TaskListView::mouseMoveEvent(QMouseEvent *event)
-{
-    setHoveredCheckbox(checkboxAt(event->position().toPoint()));
-    QListView::mouseMoveEvent(event);
-}
-
-void TaskListView::leaveEvent(QEvent *event)
-{
-    setHoveredCheckbox({});
-    QListView::leaveEvent(event);
+    menu->popup(globalPosition);
 }
 
 void TaskListView::contextMenuEvent(QContextMenuEvent *event)
@@ -234,19 +220,22 @@ void TaskListView::contextMenuEvent(QContextMenuEvent *event)
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid()) return;
-    if (!selectionModel()->isSelected(index)) makeCurrent(index);
-    auto *menu = new QMenu{this};
-    menu->setObjectName(u"taskMenu"_s);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    Q_EMIT menuAboutToShow(*menu, selectedTasks());
-    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
+    openMenu(index, byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
 }
 
 void TaskListView::paintEvent(QPaintEvent *event)
 {
     QListView::paintEvent(event);
-    if (!m_model.rows().isEmpty() || m_emptyText.isEmpty()) return;
+    if (m_model.rows().isEmpty() && !m_emptyText.isEmpty()) paintEmptyText();
+    if (!m_dropTarget) return;
+    QPainter painter{viewport()};
+    DropMark::paint(painter, *m_dropTarget,
+                    m_isDropRefused ? DropMark::Answer::Refused : DropMark::Answer::Taken,
+                    visualRect(m_model.index(m_dropTarget->row)), layoutDirection());
+}
 
+void TaskListView::paintEmptyText()
+{
     const Theme &theme = Theme::current();
     QPainter painter{viewport()};
     const QRect bounds =

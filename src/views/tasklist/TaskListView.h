@@ -1,18 +1,22 @@
 #pragma once
 
 #include "views/tasklist/CheckAnimations.h"
+#include "views/tasklist/DropTarget.h"
+#include "views/tasklist/RowPart.h"
 #include "views/tasklist/TaskListModel.h"
 
 #include <QListView>
 
+#include <functional>
 #include <optional>
 
 class QMenu;
 class TaskRowDelegate;
 
-/// The list of tasks in the middle of the window. Several can be selected, with Ctrl, Shift and Ctrl+A.
-/// Arrows move, Space completes, Enter opens the detail, F2 edits the title, Delete and Backspace delete; a
-/// click on a checkbox completes without selecting.
+/// The list of tasks in the middle of the window, in sections. Several tasks can be selected, with Ctrl,
+/// Shift and Ctrl+A. Arrows move, Left and Right fold sections and subtasks, Space completes, Enter opens
+/// the detail, F2 edits the title, Delete and Backspace delete, Alt+Up and Alt+Down move tasks, Ctrl+] and
+/// Ctrl+[ put them below the one above and take them out. A click on a checkbox completes without selecting.
 class TaskListView : public QListView {
     Q_OBJECT
 
@@ -21,10 +25,14 @@ public:
 
     /// Gives the rows to the model; while a checkbox moves, as soon as it rests, the last given alone.
     /// Selection and scroll position survive, also a reset of the model.
-    void setRows(QList<KWTaskListItemModel> rows);
+    void setRows(QList<TaskListRow> rows, QList<SectionLook> looks = {});
 
     /// What an empty list says: what it is, and what to do next.
     void setEmptyText(const QString &text, const QString &hint);
+
+    /// Why tasks may not be dropped there, empty where they may. Without it the list takes no drops.
+    using Hindrance = std::function<QString(const QStringList &taskIDs, const TaskDropPlace &place)>;
+    void setDropHindrance(Hindrance hindrance);
 
     /// The task that the detail shows, empty for none.
     QString currentTask() const;
@@ -34,6 +42,8 @@ public:
     void selectTask(const QString &sid);
     /// Selects those that are in the list; the first becomes the current one.
     void selectTasks(const QStringList &sids);
+    /// All tasks to be seen of a section.
+    void selectSection(int category);
 
 Q_SIGNALS:
     void completionToggled(const QStringList &sids);
@@ -45,7 +55,19 @@ Q_SIGNALS:
     /// A row's menu comes: whoever knows what can be done with the selected tasks adds to it.
     void menuAboutToShow(QMenu &menu, const QStringList &sids);
 
+    /// Of a section or of a task with others below it: fold it, or unfold it.
+    void foldToggled(const TaskListRow &row);
+    /// A button of a section's header.
+    void sectionAddRequested(const TaskListRow &section);
+    void postponeRequested(const TaskListRow &section);
+    void sectionMenuAboutToShow(QMenu &menu, const TaskListRow &section);
+    void moreRequested();
+
+    /// The place is allowed, or the drop was made all the same: say why it is refused.
+    void dropped(const QStringList &taskIDs, const TaskDropPlace &place);
+
 protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -55,31 +77,53 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void rememberPlace();
     void returnToPlace();
     void makeCurrent(const QModelIndex &index);
+    QModelIndex taskNear(int row) const;
+    bool handleKey(const QKeyEvent &event);
+    bool foldByKey(Qt::Key key, const QModelIndex &current);
+    bool moveByKey(const QKeyEvent &event);
+    void activate(const QModelIndex &index);
     void toggle(const QStringList &sids);
-    QModelIndex checkboxAt(const QPoint &position) const;
-    void setHoveredCheckbox(const QModelIndex &index);
+    struct Spot {
+        QPersistentModelIndex row;
+        RowPart part = RowPart::None;
+        bool operator==(const Spot &) const = default;
+    };
+    Spot spotAt(const QPoint &position) const;
+    void press(const Spot &spot);
+    void setHovered(const Spot &spot);
+    void openMenu(const QModelIndex &index, const QPoint &globalPosition);
+    void setDropTarget(const std::optional<DropTarget> &target);
+    void paintEmptyText();
 
     // The row at the top of the viewport and how far it is scrolled out of it.
     struct Place {
-        QString currentSid;
-        QStringList selectedSids;
-        QString topSid;
+        QString currentID;
+        int currentRow = -1; ///< of a task
+        QStringList selectedTasks;
+        QString topID;
         int topOffset = 0;
     };
 
     TaskListModel &m_model;
     CheckAnimations m_animations;
     TaskRowDelegate *m_delegate;
-    QPersistentModelIndex m_pressedCheckbox;
-    QPersistentModelIndex m_hoveredCheckbox;
-    std::optional<QList<KWTaskListItemModel>> m_waitingRows;
+    Spot m_pressed;
+    Spot m_hovered;
+    std::optional<std::pair<QList<TaskListRow>, QList<SectionLook>>> m_waitingRows;
     std::optional<Place> m_place;
+    Hindrance m_hindrance;
+    std::optional<DropTarget> m_dropTarget;
+    bool m_isDropRefused = false;
     QString m_emptyText;
     QString m_emptyHint;
 };

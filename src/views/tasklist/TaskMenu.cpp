@@ -7,7 +7,7 @@
 #include "model/store/KWCoreDataManager.h"
 #include "views/controls/ChoicePopup.h"
 #include "views/menu/MainMenu.h"
-#include "views/tasklist/TaskActions.h"
+#include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListView.h"
 
 #include <QMenu>
@@ -71,11 +71,17 @@ void TaskMenu::addPinning(QMenu &menu, const QStringList &taskIDs)
 
 void TaskMenu::addCopies(QMenu &menu, const QStringList &taskIDs)
 {
-    TaskActions &actions = m_parts.actions;
+    BatchActions &actions = m_parts.actions;
     menu.addAction(tr("Duplicate"), &actions, [&actions, taskIDs] { actions.duplicate(taskIDs); });
     if (taskIDs.size() > 1)
         menu.addAction(tr("Merge %1 Tasks").arg(taskIDs.size()), &actions,
                        [&actions, taskIDs] { actions.merge(taskIDs); });
+    const bool allAreNotes = std::ranges::all_of(
+        read(taskIDs), [](const KWTaskModel &each) { return each.kind == KWTaskKindNote; });
+    menu.addAction(allAreNotes ? tr("Convert to Task") : tr("Convert to Note"), &actions,
+                   [&actions, taskIDs, kind = allAreNotes ? KWTaskKindText : KWTaskKindNote] {
+                       actions.convert(taskIDs, kind);
+                   });
     menu.addAction(tr("Copy Link"), &actions, [&actions, taskIDs] { actions.copyLinks(taskIDs); });
     menu.addAction(tr("Copy Title"), &actions, [&actions, taskIDs] { actions.copyTitles(taskIDs); });
 }

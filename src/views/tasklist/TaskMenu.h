@@ -8,7 +8,7 @@ class KWCoreDataManager;
 class KWProjectListPresenter;
 class MainMenu;
 class QMenu;
-class TaskActions;
+class BatchActions;
 class TaskListView;
 
 /// The menu of the selected tasks. What the main menu has for them stands here with the same keys. Main
@@ -20,7 +20,7 @@ public:
     /// All outlive it.
     struct Parts {
         TaskListView &list;
-        TaskActions &actions;
+        BatchActions &actions;
         MainMenu &mainMenu;
         KWProjectListPresenter &sidebar;
         KWCoreDataManager &manager;

@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
+#include "views/tasklist/KWTaskListSectionCell.h"
 #include "views/tasklist/TaskDateColor.h"
 #include "views/tasklist/TaskListModel.h"
 #include "views/tasklist/TaskRowLayout.h"
@@ -28,6 +29,12 @@ QColor faintColor(const QStyleOptionViewItem &option)
     return isSelected(option) ? Theme::current().secondaryText : Theme::current().faintText;
 }
 
+bool hasKeyboardFocus(const QStyleOptionViewItem &option)
+{
+    const auto byKeyboard = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    return (option.state & byKeyboard) == byKeyboard;
+}
+
 void paintBackground(QPainter &painter, const TaskRowLayout &layout, const QStyleOptionViewItem &option)
 {
     const Theme &theme = Theme::current();
@@ -38,9 +45,21 @@ void paintBackground(QPainter &painter, const TaskRowLayout &layout, const QStyl
     else
         painter.fillRect(layout.hairline, theme.hairline);
 
-    const auto byKeyboard = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-    if ((option.state & byKeyboard) == byKeyboard)
-        Painting::focusRing(painter, layout.background, Metrics::rowRadius);
+    if (hasKeyboardFocus(option)) Painting::focusRing(painter, layout.background, Metrics::rowRadius);
+}
+
+void paintTriangle(QPainter &painter, const TaskRowLayout &layout, bool isFolded,
+                   const QStyleOptionViewItem &option)
+{
+    if (layout.triangle.isEmpty()) return;
+    painter.save();
+    if (isFolded && option.direction == Qt::RightToLeft) {
+        painter.translate(2 * layout.triangle.center().x() + 1, 0);
+        painter.scale(-1, 1);
+    }
+    Icons::paint(painter, layout.triangle, isFolded ? Icon::ChevronRight : Icon::ChevronDown,
+                 layout.triangle.width(), faintColor(option));
+    painter.restore();
 }
 
 void paintTitle(QPainter &painter, const QRect &bounds, const KWTaskListItemModel &task,
@@ -58,6 +77,11 @@ void paintTitle(QPainter &painter, const QRect &bounds, const KWTaskListItemMode
                     task.isClosed() ? Fonts::LineStyle::StruckOut : Fonts::LineStyle::Plain);
 }
 
+void paintMark(QPainter &painter, const TaskRowLayout::Piece &piece, Icon icon, const QColor &color)
+{
+    Icons::paint(painter, piece.bounds, icon, piece.bounds.width(), color);
+}
+
 void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QColor &date,
                 const QStyleOptionViewItem &option)
 {
@@ -67,9 +91,14 @@ void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QCol
     case TaskRowLayout::PieceKind::Tag:
         Painting::pill(painter, piece.bounds, piece.text);
         return;
+    case TaskRowLayout::PieceKind::Pin:
+        return paintMark(painter, piece, Icon::Pin, faint);
+    case TaskRowLayout::PieceKind::Attachment:
+        return paintMark(painter, piece, Icon::Attachment, faint);
+    case TaskRowLayout::PieceKind::Focus:
+        return paintMark(painter, piece, Icon::Focus, faint);
     case TaskRowLayout::PieceKind::Repeat:
-        Icons::paint(painter, piece.bounds, Icon::Repeat, piece.bounds.width(), faint);
-        return;
+        return paintMark(painter, piece, Icon::Repeat, faint);
     case TaskRowLayout::PieceKind::Date:
         painter.setPen(date);
         break;
@@ -77,6 +106,18 @@ void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QCol
         break;
     }
     Fonts::drawLine(painter, Fonts::Role::Secondary, piece.bounds, Qt::AlignRight, piece.text);
+}
+
+void paintLoadMore(QPainter &painter, const QStyleOptionViewItem &option)
+{
+    const Theme &theme = Theme::current();
+    if (option.state & QStyle::State_MouseOver)
+        Painting::roundedBox(painter, option.rect, Metrics::rowRadius, theme.hover);
+    if (hasKeyboardFocus(option)) Painting::focusRing(painter, option.rect, Metrics::rowRadius);
+    const int indent = Metrics::rowOutset + Metrics::scaled(Metrics::titleIndent);
+    painter.setPen(theme.accentText);
+    Fonts::drawLine(painter, Fonts::Role::Body, option.rect.adjusted(indent, 0, -indent, 0),
+                    QStyle::visualAlignment(option.direction, Qt::AlignLeft), KWLocalizedString("Show more"));
 }
 
 } // namespace
@@ -89,28 +130,80 @@ TaskRowDelegate::TaskRowDelegate(const TaskListModel &model, CheckProgress check
 void TaskRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                             const QModelIndex &index) const
 {
-    const KWTaskListItemModel &task = m_model.rowAt(index);
-    const TaskRowLayout layout = layOutTaskRow(option.rect, option.direction, m_model, task);
     painter->save();
-    paintBackground(*painter, layout, option);
-
-    const double settled = task.isClosed() ? 1 : 0;
-    Painting::checkbox(*painter, layout.checkbox,
-                       {.checked = m_checkProgress(task.sid).value_or(settled),
-                        .priority = task.priority,
-                        .isAbandoned = task.status == KWTaskStatusAbandoned,
-                        .isHovered = m_hoveredCheckbox == index});
-
-    if (!(option.state & QStyle::State_Editing)) paintTitle(*painter, layout.title, task, option);
-    const QColor date = taskDateColor(m_model.dateTextOf(task).tone, faintColor(option));
-    for (const TaskRowLayout::Piece &piece : layout.pieces)
-        paintPiece(*painter, piece, date, option);
+    switch (m_model.rowAt(index).kind) {
+    case TaskListRow::Kind::Section:
+        paintSection(*painter, option, index);
+        break;
+    case TaskListRow::Kind::LoadMore:
+        paintLoadMore(*painter, option);
+        break;
+    case TaskListRow::Kind::Task:
+        paintTask(*painter, option, index);
+        break;
+    }
     painter->restore();
 }
 
-QSize TaskRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
+void TaskRowDelegate::paintSection(QPainter &painter, const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
 {
-    return {Metrics::scaled(120), Metrics::scaled(Metrics::taskRow)};
+    const TaskListRow &row = m_model.rowAt(index);
+    const SectionLook look = m_model.lookOf(row);
+    KWTaskListSectionCell{row, look, option.rect, option.direction}.paint(
+        painter, {.isHovered = bool(option.state & QStyle::State_MouseOver),
+                  .hasKeyboardFocus = hasKeyboardFocus(option),
+                  .hoveredPart = m_hovered == index ? m_hoveredPart : RowPart::None});
+}
+
+void TaskRowDelegate::paintTask(QPainter &painter, const QStyleOptionViewItem &option,
+                                const QModelIndex &index) const
+{
+    const TaskListRow &row = m_model.rowAt(index);
+    const KWTaskListItemModel &task = row.task;
+    const TaskRowLayout layout = layOutTaskRow(option.rect, option.direction, m_model, row);
+    paintBackground(painter, layout, option);
+    paintTriangle(painter, layout, row.isFolded, option);
+
+    const double settled = task.isClosed() ? 1 : 0;
+    Painting::checkbox(painter, layout.checkbox,
+                       {.checked = m_checkProgress(task.sid).value_or(settled),
+                        .priority = task.priority,
+                        .isAbandoned = task.status == KWTaskStatusAbandoned,
+                        .isHovered = m_hovered == index && m_hoveredPart == RowPart::Checkbox});
+
+    if (!(option.state & QStyle::State_Editing)) paintTitle(painter, layout.title, task, option);
+    const QColor date = taskDateColor(m_model.dateTextOf(task).tone, faintColor(option));
+    for (const TaskRowLayout::Piece &piece : layout.pieces)
+        paintPiece(painter, piece, date, option);
+}
+
+RowPart TaskRowDelegate::partAt(const QPoint &position, const QModelIndex &index, const QRect &bounds,
+                                Qt::LayoutDirection direction) const
+{
+    const TaskListRow &row = m_model.rowAt(index);
+    if (row.kind == TaskListRow::Kind::LoadMore) return RowPart::LoadMore;
+    if (row.kind == TaskListRow::Kind::Section) {
+        const SectionLook look = m_model.lookOf(row);
+        return KWTaskListSectionCell{row, look, bounds, direction}.partAt(position);
+    }
+    if (row.hasChildren && taskRowTriangle(bounds, direction, row.depth).contains(position))
+        return RowPart::Triangle;
+    constexpr int slack = Metrics::grid + 2; // a comfortable target is larger than the box
+    const QRect box = taskRowCheckbox(bounds, direction, row.depth);
+    return box.adjusted(-slack, -slack, slack, slack).contains(position) ? RowPart::Checkbox : RowPart::None;
+}
+
+void TaskRowDelegate::setHovered(const QModelIndex &index, RowPart part)
+{
+    m_hovered = index;
+    m_hoveredPart = part;
+}
+
+QSize TaskRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const
+{
+    const bool isSection = m_model.rowAt(index).kind == TaskListRow::Kind::Section;
+    return {Metrics::scaled(120), Metrics::scaled(isSection ? Metrics::listSection : Metrics::taskRow)};
 }
 
 QWidget *TaskRowDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
@@ -135,6 +228,6 @@ void TaskRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionVi
 void TaskRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
 {
     const auto *line = qobject_cast<QLineEdit *>(editor);
-    const KWTaskListItemModel &task = m_model.rowAt(index);
+    const KWTaskListItemModel &task = m_model.rowAt(index).task;
     if (line && line->text() != task.title) Q_EMIT titleEdited(task.sid, line->text());
 }

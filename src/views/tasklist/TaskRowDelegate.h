@@ -1,12 +1,15 @@
 #pragma once
 
+#include "views/tasklist/RowPart.h"
+
 #include <QStyledItemDelegate>
 
 #include <functional>
 
 class TaskListModel;
 
-/// Paints and edits the rows of a TaskListModel, 40 pixels high at a text size of 100 %.
+/// Paints and edits the rows of a TaskListModel: tasks 40 pixels high at a text size of 100 %, headers of
+/// sections see KWTaskListSectionCell.
 class TaskRowDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -26,14 +29,21 @@ public:
     /// Announces what was typed; the model changes when the task does.
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 
-    /// The row whose checkbox is under the mouse.
-    void setHoveredCheckbox(const QModelIndex &index) { m_hoveredCheckbox = index; }
+    /// What of that row is at `position`; `bounds` is the whole row.
+    RowPart partAt(const QPoint &position, const QModelIndex &index, const QRect &bounds,
+                   Qt::LayoutDirection direction) const;
+    /// What is under the mouse, and of which row.
+    void setHovered(const QModelIndex &index, RowPart part);
 
 Q_SIGNALS:
     void titleEdited(const QString &sid, const QString &title) const;
 
 private:
+    void paintTask(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    void paintSection(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+
     const TaskListModel &m_model;
     CheckProgress m_checkProgress;
-    QPersistentModelIndex m_hoveredCheckbox;
+    QPersistentModelIndex m_hovered;
+    RowPart m_hoveredPart = RowPart::None;
 };

@@ -20,6 +20,9 @@ constexpr int mostTags = 3;
 int widthOf(const Piece &piece)
 {
     switch (piece.kind) {
+    case PieceKind::Pin:
+    case PieceKind::Attachment:
+    case PieceKind::Focus:
     case PieceKind::Repeat:
         return Metrics::scaled(Metrics::icon) - 2;
     case PieceKind::Tag:
@@ -35,10 +38,13 @@ QList<Piece> piecesOf(const TaskListModel &model, const KWTaskListItemModel &tas
 {
     QList<Piece> pieces;
     const auto add = [&pieces](PieceKind kind, const QString &text) { pieces.append({kind, text, {}}); };
+    if (task.isPinned()) add(PieceKind::Pin, {});
     if (task.checklistCount > 0)
         add(PieceKind::Progress, u"%1/%2"_s.arg(task.checklistDoneCount).arg(task.checklistCount));
     for (const QString &tag : task.tags.first(std::min<qsizetype>(task.tags.size(), mostTags)))
         add(PieceKind::Tag, model.tagLabel(tag));
+    if (task.attachmentCount > 0) add(PieceKind::Attachment, {});
+    if (task.focusDuration > 0) add(PieceKind::Focus, {});
     if (task.repeats) add(PieceKind::Repeat, {});
     if (const QString list = model.listName(task); !list.isEmpty()) add(PieceKind::ListName, list);
     if (const QString date = model.dateTextOf(task).text; !date.isEmpty()) add(PieceKind::Date, date);
@@ -55,46 +61,66 @@ int totalWidth(const QList<Piece> &pieces)
 
 void leaveOutWhatDoesNotFit(QList<Piece> &pieces, int space)
 {
-    for (const PieceKind kind :
-         {PieceKind::ListName, PieceKind::Tag, PieceKind::Progress, PieceKind::Repeat}) {
+    for (const PieceKind kind : {PieceKind::ListName, PieceKind::Tag, PieceKind::Focus, PieceKind::Attachment,
+                                 PieceKind::Progress, PieceKind::Pin, PieceKind::Repeat}) {
         if (totalWidth(pieces) <= space) return;
         pieces.removeIf([kind](const Piece &piece) { return piece.kind == kind; });
     }
 }
 
-QRect checkboxIn(const QRect &row)
+// Deeper ones stand no further in: the title needs its room.
+constexpr int mostLevelsShown = 6;
+
+int indentOf(int depth) { return std::min(depth, mostLevelsShown) * Metrics::scaled(Metrics::titleIndent); }
+
+QRect checkboxIn(const QRect &bounds, int depth)
 {
     const int side = Metrics::scaled(Metrics::checkbox);
-    return {row.left() + Metrics::rowOutset, row.top() + (row.height() - side) / 2, side, side};
+    return {bounds.left() + Metrics::rowOutset + indentOf(depth), bounds.top() + (bounds.height() - side) / 2,
+            side, side};
+}
+
+// The strip before the checkbox.
+QRect triangleIn(const QRect &bounds, int depth)
+{
+    const int width = Metrics::rowOutset + 2;
+    return {checkboxIn(bounds, depth).left() - width, bounds.top(), width, bounds.height()};
 }
 
 } // namespace
 
-QRect taskRowCheckbox(const QRect &row, Qt::LayoutDirection direction)
+QRect taskRowCheckbox(const QRect &bounds, Qt::LayoutDirection direction, int depth)
 {
-    return QStyle::visualRect(direction, row, checkboxIn(row));
+    return QStyle::visualRect(direction, bounds, checkboxIn(bounds, depth));
 }
 
-TaskRowLayout layOutTaskRow(const QRect &row, Qt::LayoutDirection direction, const TaskListModel &model,
-                            const KWTaskListItemModel &task)
+QRect taskRowTriangle(const QRect &bounds, Qt::LayoutDirection direction, int depth)
 {
-    const int titleLeft = row.left() + Metrics::rowOutset + Metrics::scaled(Metrics::titleIndent);
-    int right = row.right() + 1 - Metrics::rowOutset;
+    return QStyle::visualRect(direction, bounds, triangleIn(bounds, depth));
+}
+
+TaskRowLayout layOutTaskRow(const QRect &bounds, Qt::LayoutDirection direction, const TaskListModel &model,
+                            const TaskListRow &row)
+{
+    const int titleLeft = checkboxIn(bounds, row.depth).left() + Metrics::scaled(Metrics::titleIndent);
+    int right = bounds.right() + 1 - Metrics::rowOutset;
 
     TaskRowLayout layout;
-    layout.background = row;
-    layout.checkbox = checkboxIn(row);
-    layout.hairline = {titleLeft, row.bottom(), right - titleLeft, 1};
-    layout.pieces = piecesOf(model, task);
+    layout.background = bounds;
+    layout.checkbox = checkboxIn(bounds, row.depth);
+    if (row.hasChildren) layout.triangle = triangleIn(bounds, row.depth);
+    layout.hairline = {titleLeft, bounds.bottom(), right - titleLeft, 1};
+    layout.pieces = piecesOf(model, row.task);
     leaveOutWhatDoesNotFit(layout.pieces, (right - titleLeft) / 2);
     for (auto piece = layout.pieces.rbegin(); piece != layout.pieces.rend(); ++piece) {
         const int width = widthOf(*piece);
-        piece->bounds = {right - width, row.top(), width, row.height()};
+        piece->bounds = {right - width, bounds.top(), width, bounds.height()};
         right -= width + Metrics::gap;
     }
-    layout.title = {titleLeft, row.top(), std::max(0, right - titleLeft), row.height()};
+    layout.title = {titleLeft, bounds.top(), std::max(0, right - titleLeft), bounds.height()};
 
-    const auto mirror = [&](QRect &rect) { rect = QStyle::visualRect(direction, row, rect); };
+    const auto mirror = [&](QRect &rect) { rect = QStyle::visualRect(direction, bounds, rect); };
+    mirror(layout.triangle);
     mirror(layout.checkbox);
     mirror(layout.title);
     mirror(layout.hairline);

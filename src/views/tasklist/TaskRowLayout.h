@@ -6,28 +6,30 @@
 #include <QString>
 
 class TaskListModel;
-struct KWTaskListItemModel;
+struct TaskListRow;
 
 /// Where the pieces of a task row stand. Rectangles are already mirrored for right-to-left.
 struct TaskRowLayout {
-    enum class PieceKind { Progress, Tag, ListName, Repeat, Date };
+    enum class PieceKind { Pin, Progress, Tag, Attachment, Focus, ListName, Repeat, Date };
     struct Piece {
         PieceKind kind;
-        QString text; ///< empty for the repeat mark
+        QString text; ///< empty for a mark
         QRect bounds;
     };
 
     QRect background;
+    QRect triangle; ///< empty for a task with nothing below it
     QRect checkbox;
     QRect title;
     QRect hairline;
     QList<Piece> pieces;
 };
 
-/// The title keeps at least half of the row; pieces that would take more are left out, the name of
-/// the list first, then tags, then progress.
-TaskRowLayout layOutTaskRow(const QRect &row, Qt::LayoutDirection direction, const TaskListModel &model,
-                            const KWTaskListItemModel &task);
+/// A task stands further in for each level that it is below others. The title keeps at least half of the
+/// row; pieces that would take more are left out, the name of the list first, then tags, then marks.
+TaskRowLayout layOutTaskRow(const QRect &bounds, Qt::LayoutDirection direction, const TaskListModel &model,
+                            const TaskListRow &row);
 
-/// The checkbox alone, for hit tests.
-QRect taskRowCheckbox(const QRect &row, Qt::LayoutDirection direction);
+/// The checkbox alone, and the triangle, for presses.
+QRect taskRowCheckbox(const QRect &bounds, Qt::LayoutDirection direction, int depth = 0);
+QRect taskRowTriangle(const QRect &bounds, Qt::LayoutDirection direction, int depth);

@@ -23,7 +23,8 @@ inline constexpr int narrowWindowWidth = 900;
 
 inline constexpr int taskRow = 40;
 inline constexpr int sidebarRow = 32;
-inline constexpr int sectionHeader = 36;
+inline constexpr int sectionHeader = 36; ///< of the sidebar
+inline constexpr int listSection = 32;   ///< the header of a section of tasks
 inline constexpr int addField = 40;
 inline constexpr int control = 34; ///< a button, a box of choices, a field; the focus ring included
 inline constexpr int checkbox = 16;

@@ -1,4 +1,4 @@
-#include "views/tasklist/TaskActions.h"
+#include "views/tasklist/BatchActions.h"
 
 #include "app/KWDelayDeleteManager.h"
 #include "app/OrvaneLink.h"
@@ -16,11 +16,12 @@
 #include <QGuiApplication>
 #include <QLocale>
 
-TaskActions::TaskActions(const Rooms &rooms) : m_rooms(rooms), m_batch(rooms.manager), m_ticker(rooms.manager)
+BatchActions::BatchActions(const Rooms &rooms)
+    : m_rooms(rooms), m_batch(rooms.manager), m_ticker(rooms.manager)
 {
 }
 
-void TaskActions::report(const Result<UndoToken> &done, const QStringList &taskIDs, const QString &message)
+void BatchActions::report(const Result<UndoToken> &done, const QStringList &taskIDs, const QString &message)
 {
     if (!done) return Q_EMIT failed(done.error().sentence);
     if (done->isEmpty()) return; // it was so before
@@ -31,7 +32,7 @@ void TaskActions::report(const Result<UndoToken> &done, const QStringList &taskI
     });
 }
 
-void TaskActions::reportTick(const Result<KWTaskTicker::Ticked> &done, const QStringList &taskIDs)
+void BatchActions::reportTick(const Result<KWTaskTicker::Ticked> &done, const QStringList &taskIDs)
 {
     if (!done) return report(done.error(), taskIDs, {});
     report(done->undo, taskIDs,
@@ -40,54 +41,60 @@ void TaskActions::reportTick(const Result<KWTaskTicker::Ticked> &done, const QSt
                                                    : tr("Completed"));
 }
 
-void TaskActions::tick(const QStringList &taskIDs) { reportTick(m_ticker.tick(taskIDs), taskIDs); }
+void BatchActions::tick(const QStringList &taskIDs) { reportTick(m_ticker.tick(taskIDs), taskIDs); }
 
-void TaskActions::abandon(const QStringList &taskIDs)
+void BatchActions::abandon(const QStringList &taskIDs)
 {
     reportTick(m_ticker.updateStatus(KWTaskStatusAbandoned, taskIDs), taskIDs);
 }
 
-void TaskActions::setDay(const QStringList &taskIDs, Day day)
+void BatchActions::setDay(const QStringList &taskIDs, Day day)
 {
     const QString words = DateWording::relativeDay(day, m_rooms.clock.today(), QLocale{});
     report(m_batch.setDay(taskIDs, day), taskIDs, tr("Date: %1").arg(words));
 }
 
-void TaskActions::clearDate(const QStringList &taskIDs)
+void BatchActions::clearDate(const QStringList &taskIDs)
 {
     report(m_batch.clearDate(taskIDs), taskIDs, tr("Date removed"));
 }
 
-void TaskActions::setPriority(const QStringList &taskIDs, KWTaskPriority priority)
+void BatchActions::setPriority(const QStringList &taskIDs, KWTaskPriority priority)
 {
     report(m_batch.setPriority(taskIDs, priority), taskIDs, tr("Priority: %1").arg(displayName(priority)));
 }
 
-void TaskActions::setTag(const QStringList &taskIDs, const QString &tag, const QString &label,
-                         TaskBatch::Tagging tagging)
+void BatchActions::setTag(const QStringList &taskIDs, const QString &tag, const QString &label,
+                          TaskBatch::Tagging tagging)
 {
     report(m_batch.setTag(taskIDs, tag, tagging), taskIDs,
            (tagging == TaskBatch::Tagging::Add ? tr("Tagged #%1") : tr("No longer tagged #%1")).arg(label));
 }
 
-void TaskActions::setPinned(const QStringList &taskIDs, TaskBatch::Pinning pinning)
+void BatchActions::setPinned(const QStringList &taskIDs, TaskBatch::Pinning pinning)
 {
     report(m_batch.setPinned(taskIDs, pinning), taskIDs,
            pinning == TaskBatch::Pinning::Pin ? tr("Pinned") : tr("Unpinned"));
 }
 
-void TaskActions::moveToList(const QStringList &taskIDs, const QString &listID, const QString &name)
+void BatchActions::convert(const QStringList &taskIDs, KWTaskKind kind)
+{
+    report(m_batch.setKind(taskIDs, kind), taskIDs,
+           kind == KWTaskKindNote ? tr("Converted to a note") : tr("Converted to a task"));
+}
+
+void BatchActions::moveToList(const QStringList &taskIDs, const QString &listID, const QString &name)
 {
     report(KWTaskMover{m_rooms.manager}.move(taskIDs, listID, KWTaskMover::From::Lists), taskIDs,
            tr("Moved to %1").arg(name));
 }
 
-void TaskActions::merge(const QStringList &taskIDs)
+void BatchActions::merge(const QStringList &taskIDs)
 {
     report(KWTaskMerger{m_rooms.manager}.merge(taskIDs), taskIDs, tr("Merged"));
 }
 
-void TaskActions::duplicate(const QStringList &taskIDs)
+void BatchActions::duplicate(const QStringList &taskIDs)
 {
     const auto copied = KWTaskCopier{m_rooms.manager, m_rooms.center}.copy(taskIDs);
     if (!copied) return Q_EMIT failed(copied.error().sentence);
@@ -95,9 +102,9 @@ void TaskActions::duplicate(const QStringList &taskIDs)
     Q_EMIT duplicated(copied->taskIDs);
 }
 
-void TaskActions::remove(const QStringList &taskIDs) { m_rooms.deletes.deleteTasks(taskIDs); }
+void BatchActions::remove(const QStringList &taskIDs) { m_rooms.deletes.deleteTasks(taskIDs); }
 
-void TaskActions::copyLinks(const QStringList &taskIDs) const
+void BatchActions::copyLinks(const QStringList &taskIDs) const
 {
     QStringList links;
     for (const QString &each : taskIDs)
@@ -105,7 +112,7 @@ void TaskActions::copyLinks(const QStringList &taskIDs) const
     QGuiApplication::clipboard()->setText(links.join(u'\n'));
 }
 
-void TaskActions::copyTitles(const QStringList &taskIDs) const
+void BatchActions::copyTitles(const QStringList &taskIDs) const
 {
     QStringList titles;
     for (const KWTask *each : findAll<KWTask>(taskIDs, m_rooms.manager.MR_defaultContext()))

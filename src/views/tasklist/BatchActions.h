@@ -14,7 +14,7 @@ class KWNotificationCenter;
 
 /// What can be done to the tasks that are selected, whoever asks: a menu, a key, a drag. Each is one save,
 /// told with what takes it back. Main thread.
-class TaskActions : public QObject {
+class BatchActions : public QObject {
     Q_OBJECT
 
 public:
@@ -25,7 +25,7 @@ public:
         KWDelayDeleteManager &deletes;
         CXClock &clock;
     };
-    explicit TaskActions(const Rooms &rooms);
+    explicit BatchActions(const Rooms &rooms);
 
     /// Completes the open ones; where none is open, reopens them.
     void tick(const QStringList &taskIDs);
@@ -37,6 +37,7 @@ public:
     void setTag(const QStringList &taskIDs, const QString &tag, const QString &label,
                 TaskBatch::Tagging tagging);
     void setPinned(const QStringList &taskIDs, TaskBatch::Pinning pinning);
+    void convert(const QStringList &taskIDs, KWTaskKind kind);
     void moveToList(const QStringList &taskIDs, const QString &listID, const QString &name);
     void merge(const QStringList &taskIDs);
     void duplicate(const QStringList &taskIDs);
@@ -45,6 +46,9 @@ public:
     void copyLinks(const QStringList &taskIDs) const;
     void copyTitles(const QStringList &taskIDs) const;
 
+    /// Tells what somebody did to the tasks. `message` is for one; of several it says how many.
+    void report(const Result<UndoToken> &done, const QStringList &taskIDs, const QString &message);
+
 Q_SIGNALS:
     /// Tasks were changed; `undo` takes it back.
     void changed(const QString &message, const std::function<void()> &undo);
@@ -52,8 +56,6 @@ Q_SIGNALS:
     void failed(const QString &sentence);
 
 private:
-    /// `message` is for one task; of several it says how many.
-    void report(const Result<UndoToken> &done, const QStringList &taskIDs, const QString &message);
     void reportTick(const Result<KWTaskTicker::Ticked> &done, const QStringList &taskIDs);
 
     Rooms m_rooms;

@@ -1,0 +1,14 @@
+#include "views/tasklist/SectionPreset.h"
+
+NewTaskContext newTaskContextOf(const KWCategorySection &section, NewTaskContext ofList)
+{
+    if (const auto *days = std::get_if<KWDateCategorySection>(&section))
+        ofList.presetDay = days->date;
+    else if (const auto *priority = std::get_if<KWPriorityCategorySection>(&section))
+        ofList.presetPriority = priority->priority;
+    else if (const auto *list = std::get_if<KWProjectCategorySection>(&section))
+        ofList.presetList = list->projectID;
+    else if (const auto *tag = std::get_if<KWTagCategorySection>(&section); tag && tag->tag)
+        ofList.presetTags = QStringList{*tag->tag};
+    return ofList;
+}

@@ -1,0 +1,28 @@
+#include "views/tasklist/ShownRows.h"
+
+#include "capture/NewTaskContextOfList.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+
+ShownRows::ShownRows(TaskListPane &pane, KWTaskListService &service, const CXClock &clock)
+    : m_pane(pane), m_service(service), m_clock(clock)
+{
+    connect(&m_pane.list(), &TaskListView::foldToggled, this, &ShownRows::fold);
+}
+
+void ShownRows::show()
+{
+    const bool takesTasks = takesNewTasks(m_service.list());
+    QList<SectionLook> looks;
+    for (const KWTaskCategory &each : m_service.categories())
+        looks.append(sectionLookOf(each, m_clock.today(), takesTasks));
+    m_pane.list().setRows(flatRows(m_service.categories(), m_service.folded()), std::move(looks));
+}
+
+void ShownRows::fold(const TaskListRow &row)
+{
+    if (row.kind == TaskListRow::Kind::Task) return m_service.setTaskFolded(row.id, !row.isFolded);
+    const auto &sections = m_service.categories();
+    if (row.category < sections.size())
+        m_service.setSectionFolded(sections.at(row.category).name(), !row.isFolded);
+}

@@ -1,0 +1,67 @@
+#include "views/tasklist/SortMenu.h"
+
+#include "model/OrvaneKit.h"
+#include "model/settings/KWListDisplayConfigurationManager.h"
+#include "views/tasklist/PageHeader.h"
+
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+SortMenu::SortMenu(PageHeader &header, KWTaskListService &service, OrvaneKit &kit)
+    : m_header(header), m_service(service), m_kit(kit)
+{
+    connect(&m_header, &PageHeader::sortMenuRequested, this, &SortMenu::open);
+}
+
+void SortMenu::show()
+{
+    m_header.setSorting(m_service.isSortable() ? KWTaskSortTypeMenu::titleOf(m_service.sortType())
+                                               : QString{});
+}
+
+void SortMenu::open()
+{
+    auto *menu = new QMenu{&m_header};
+    menu->setObjectName(u"sortMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addSortTypes(*menu);
+    menu->addSeparator();
+    addCompleted(*menu);
+    const QWidget &button = m_header.sortButton();
+    const bool isMirrored = button.layoutDirection() == Qt::RightToLeft;
+    const int x = isMirrored ? 0 : button.width() - menu->sizeHint().width();
+    menu->popup(button.mapToGlobal(QPoint{x, button.height() + 2}));
+}
+
+void SortMenu::addSortTypes(QMenu &menu)
+{
+    const KWTaskSortTypeMenu offered = m_service.sortMenu();
+    for (const KWTaskSortType each : offered.sortTypes()) {
+        QAction *action = menu.addAction(KWTaskSortTypeMenu::titleOf(each), this,
+                                         [this, each] { report(m_service.setSortType(each)); });
+        action->setCheckable(true);
+        action->setChecked(each == offered.selectedType);
+    }
+}
+
+void SortMenu::addCompleted(QMenu &menu)
+{
+    const KWListDisplayConfigurationManager configurations{m_kit.manager(), m_kit.center(),
+                                                           m_kit.account().currentUserID()};
+    QAction *action = menu.addAction(tr("Show Completed"));
+    action->setCheckable(true);
+    action->setChecked(configurations.configuration(m_service.list()).showsCompleted);
+    connect(action, &QAction::triggered, this, [this](bool shows) {
+        KWListDisplayConfigurationManager manager{m_kit.manager(), m_kit.center(),
+                                                  m_kit.account().currentUserID()};
+        KWListDisplayConfigurationModel configuration = manager.configuration(m_service.list());
+        configuration.showsCompleted = shows;
+        report(manager.save(configuration));
+    });
+}
+
+void SortMenu::report(const Result<void> &done)
+{
+    if (!done) Q_EMIT failed(done.error().sentence);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "lists/KWTaskListService.h"
+
+#include <QObject>
+
+class OrvaneKit;
+class PageHeader;
+class QMenu;
+
+/// The menu at the head of a page: by what the list is sorted, back to the order it comes with, and whether
+/// completed tasks are shown. Main thread.
+class SortMenu : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    SortMenu(PageHeader &header, KWTaskListService &service, OrvaneKit &kit);
+
+    /// To be called when the list or its rows are other ones.
+    void show();
+
+Q_SIGNALS:
+    void failed(const QString &sentence);
+
+private:
+    void open();
+    void addSortTypes(QMenu &menu);
+    void addCompleted(QMenu &menu);
+    void report(const Result<void> &done);
+
+    PageHeader &m_header;
+    KWTaskListService &m_service;
+    OrvaneKit &m_kit;
+};

@@ -1,0 +1,189 @@
+#include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
+#include "model/records/KWTask.h"
+#include "model/store/TaskBatch.h"
+#include "support/Answers.h"
+#include "support/TestMain.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/main/MainWindow.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPushButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+/// The middle pane of the real window: sections, several tasks at once, order by hand.
+class TaskListPage_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClientFixture> m_client;
+
+    TaskListPane &pane() { return m_client->window()->listPane(); }
+    TaskListView &list() { return pane().list(); }
+    // Sections in brackets, subtasks behind dots: "[Today] One .Two".
+    QString shown()
+    {
+        return joined(pane().model().rows(), [](const TaskListRow &row) {
+            if (row.kind == TaskListRow::Kind::Section) return u'[' + row.title + u']';
+            return QString(row.depth, u'.') + row.task.title;
+        });
+    }
+    QString idOf(const QString &title)
+    {
+        for (const KWTaskListItemModel &each : pane().model().tasks())
+            if (each.title == title) return each.sid;
+        qFatal("there is no row %s", qUtf8Printable(title));
+    }
+    QStringList idsOf(const QStringList &titles)
+    {
+        QStringList ids;
+        for (const QString &each : titles)
+            ids.append(idOf(each));
+        return ids;
+    }
+    KWTaskModel task(const QString &id) { return m_client->kit().context().find<KWTask>(id)->model(); }
+    QModelIndex sectionRow(const QString &title)
+    {
+        for (int i = 0; i < pane().model().rowCount(); ++i)
+            if (pane().model().rows().at(i).title == title) return pane().model().index(i);
+        qFatal("there is no section %s", qUtf8Printable(title));
+    }
+    void goTo(const QModelIndex &index)
+    {
+        list().setFocus();
+        list().selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    }
+    void chooseInMenu(const QString &entry)
+    {
+        QContextMenuEvent event{QContextMenuEvent::Keyboard, {}, {}};
+        QApplication::sendEvent(&list(), &event);
+        choose(*list().findChildren<QMenu *>(u"taskMenu"_s).last(), entry);
+    }
+    void choose(QMenu &menu, const QString &entry)
+    {
+        const QList<QAction *> actions = menu.actions();
+        const auto found = std::ranges::find(actions, entry, &QAction::text);
+        QVERIFY2(found != actions.end(), qPrintable(entry));
+        menu.close();
+        (*found)->trigger();
+    }
+    void sortBy(const QString &title)
+    {
+        QTest::mouseClick(&m_client->find<QPushButton>("sortButton"), Qt::LeftButton);
+        choose(m_client->find<QMenu>("sortMenu"), title);
+    }
+    void undo() { m_client->press(Qt::Key_Z, Qt::ControlModifier); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_client = std::make_unique<ClientFixture>(); // Saturday 2026-11-21, 09:00
+        m_client->useOnThisComputer();
+        const auto in = [this](int days) {
+            return std::optional{m_client->clock.today() + std::chrono::days{days}};
+        };
+        for (const auto &[title, day] : {std::pair{u"Rent"_s, in(-1)},
+                                         {u"Water"_s, in(-3)},
+                                         {u"Call !high"_s, in(0)},
+                                         {u"Bread"_s, in(0)},
+                                         {u"Walk"_s, in(1)},
+                                         {u"Idea"_s, std::nullopt}}) {
+            const auto added = m_client->rooms().newTasks().add(title);
+            if (day) QVERIFY(TaskBatch{m_client->kit().manager()}.setDay({added->sid}, *day));
+        }
+        m_client->openList(u"Inbox"_s);
+        QTRY_COMPARE(pane().model().tasks().size(), 6);
+        sortBy(u"By Time"_s);
+    }
+    void cleanup() { m_client.reset(); }
+
+    void showsSectionsAndFoldsThem()
+    {
+        QCOMPARE(shown(), u"[Overdue] Water Rent [Today] Call Bread [Tomorrow] Walk [No Date] Idea"_s);
+        list().selectTask(idOf(u"Bread"_s));
+        goTo(sectionRow(u"Today"_s));
+        QCOMPARE(list().currentTask(), QString{});
+        m_client->press(Qt::Key_Left);
+        QCOMPARE(shown(), u"[Overdue] Water Rent [Today] [Tomorrow] Walk [No Date] Idea"_s);
+        QCOMPARE(list().currentIndex(), sectionRow(u"Today"_s));
+        QVERIFY(m_client->rooms().newTasks().add(u"Soup today"_s));
+        QTRY_COMPARE(pane().model().rowAt(sectionRow(u"Today"_s)).count, 3);
+        m_client->openList(u"Today"_s);
+        m_client->openList(u"Inbox"_s);
+        QVERIFY(!shown().contains(u"Bread"_s));
+
+        const QRect header = list().visualRect(sectionRow(u"Today"_s));
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, header.center());
+        QVERIFY(shown().contains(u"Bread"_s));
+        goTo(sectionRow(u"Tomorrow"_s));
+        chooseInMenu(u"Fold All Sections"_s);
+        QCOMPARE(shown(), u"[Overdue] [Today] [Tomorrow] [No Date]"_s);
+    }
+
+    void postponesWhatIsOverdueAndTakesItBack()
+    {
+        goTo(sectionRow(u"Overdue"_s));
+        chooseInMenu(u"Postpone to Today"_s);
+        QTRY_VERIFY(!shown().contains(u"Overdue"_s));
+        QCOMPARE(pane().model().rowAt(sectionRow(u"Today"_s)).count, 4);
+        undo();
+        QTRY_VERIFY(shown().startsWith(u"[Overdue] Water Rent [Today]"_s));
+    }
+
+    void addsATaskWithWhatTheSectionStandsFor()
+    {
+        goTo(sectionRow(u"Tomorrow"_s));
+        chooseInMenu(u"Add Task"_s);
+        QVERIFY(pane().addField().hasFocus());
+        QVERIFY(pane().addField().placeholder().contains(u"Tomorrow"_s));
+        m_client->type(u"Pack"_s);
+        m_client->press(Qt::Key_Return);
+        QTRY_COMPARE(pane().model().rowAt(sectionRow(u"Tomorrow"_s)).count, 2);
+        m_client->press(Qt::Key_Escape); // the field is left empty
+        QVERIFY(pane().addField().placeholder().contains(u"Inbox"_s));
+    }
+
+    void changesAllSelectedTasksAtOnce()
+    {
+        list().selectTasks(idsOf({u"Water"_s, u"Bread"_s, u"Idea"_s}));
+        list().setFocus();
+        m_client->press(Qt::Key_3, Qt::AltModifier);
+        for (const QString &each : {u"Water"_s, u"Bread"_s, u"Idea"_s})
+            QCOMPARE(task(idOf(each)).priority, KWTaskPriorityHigh);
+        QCOMPARE(list().selectedTasks().size(), 3);
+        undo();
+        QCOMPARE(task(idOf(u"Idea"_s)).priority, KWTaskPriorityNone);
+
+        chooseInMenu(u"Merge 3 Tasks"_s);
+        QTRY_COMPARE(pane().model().tasks().size(), 4);
+        undo();
+        QTRY_COMPARE(pane().model().tasks().size(), 6);
+        m_client->press(Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(list().selectedTasks().size(), 6);
+        m_client->press(Qt::Key_Delete);
+        QTRY_COMPARE(pane().model().tasks().size(), 0);
+        undo();
+        QTRY_COMPARE(pane().model().tasks().size(), 6);
+    }
+
+    void sortsEachListByItsOwnType()
+    {
+        sortBy(u"By Priority"_s);
+        QTRY_VERIFY(shown().startsWith(u"[High] Call"_s));
+        m_client->openList(u"Today"_s);
+        QVERIFY(!shown().contains(u"[High]"_s));
+        m_client->openList(u"Inbox"_s);
+        QTRY_VERIFY(shown().startsWith(u"[High] Call"_s));
+        m_client->openList(u"Trash"_s);
+        QVERIFY(!m_client->find<QPushButton>("sortButton").isVisible());
+    }
+};
+
+ORVANE_TEST(TaskListPage_test)
+#include "TaskListPage_test.moc"
