@@ -3,6 +3,7 @@
 #include "model/events/KWNotificationCenter.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWListDisplayConfiguration.h"
+#include "model/records/KWUserSettings.h"
 #include "model/store/KWCoreDataManager.h"
 
 using namespace Qt::StringLiterals;
@@ -30,13 +31,21 @@ KWListDisplayConfigurationManager::KWListDisplayConfigurationManager(KWCoreDataM
 KWListDisplayConfigurationModel
 KWListDisplayConfigurationManager::configuration(const KWListIdentifier &list) const
 {
+    return configuration(list, m_userID, m_manager.MR_defaultContext());
+}
+
+KWListDisplayConfigurationModel KWListDisplayConfigurationManager::configuration(const KWListIdentifier &list,
+                                                                                 const QString &userID,
+                                                                                 ObjectContext &context)
+{
     const QString listID = list.userDefaultEncode();
-    const KWListDisplayConfiguration *stored =
-        storedConfiguration(listID, m_userID, m_manager.MR_defaultContext());
+    const KWListDisplayConfiguration *stored = storedConfiguration(listID, userID, context);
     if (stored && stored->isNotDeleted()) return stored->model();
     KWListDisplayConfigurationModel fresh;
-    fresh.userID = m_userID;
+    fresh.userID = userID;
     fresh.listID = listID;
+    if (const auto *settings = context.find<KWUserSettings>(userID))
+        fresh.showsCompleted = (*settings)->showCompleted;
     return fresh;
 }
 

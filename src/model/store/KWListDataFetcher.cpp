@@ -67,8 +67,7 @@ Result<std::optional<ListQuery>> queryOf(const ListDataRequest &request, const C
     if (!filter) return Query{};
     if (!*filter) return filter->error();
     const CXSmartFilterFrame frame = StoredFilter::frameOf(request.userID, clock, connection);
-    return Query{
-        ListQuery::ofFilter(**filter, frame, request.userID).narrow(request.condition, clock, wordHits)};
+    return Query{ListQuery::ofFilter(**filter, frame, request.userID).refine(request, clock, wordHits)};
 }
 
 } // namespace
@@ -125,17 +124,23 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::completedTasks(const Compl
     }
 }
 
-Result<bool> KWListDataFetcher::contains(const QString &taskID, const ListDataRequest &request,
-                                         Connection &connection) const
+Result<int> KWListDataFetcher::count(const ListDataRequest &request, Connection &connection) const
 {
     try {
-        const auto found = queryOf(request, m_clock, ListQuery::WordHits::Few, connection);
-        if (!found) return found.error();
-        if (!*found) return false;
-        ListQuery query = **found;
-        query.onlyTask(taskID);
-        return query.count(connection) > 0;
+        const auto query = queryOf(request, m_clock, ListQuery::WordHits::Few, connection);
+        if (!query) return query.error();
+        return *query ? (*query)->count(connection) : 0;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
+}
+
+Result<bool> KWListDataFetcher::contains(const QString &taskID, const ListDataRequest &request,
+                                         Connection &connection) const
+{
+    ListDataRequest ofTask = request;
+    ofTask.condition.taskIDs = {taskID};
+    const Result<int> found = count(ofTask, connection);
+    if (!found) return found.error();
+    return *found > 0;
 }

@@ -35,6 +35,8 @@ public:
     Result<QList<KWTaskListItemModel>> completedTasks(const CompletedTasksRequest &request,
                                                       Connection &connection) const;
 
+    /// How many rows there are; the limit is not looked at.
+    Result<int> count(const ListDataRequest &request, Connection &connection) const;
     /// Whether the task is among the rows of the selection.
     Result<bool> contains(const QString &taskID, const ListDataRequest &request,
                           Connection &connection) const;

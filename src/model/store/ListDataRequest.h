@@ -16,6 +16,8 @@ struct ListCondition {
     std::optional<Day> from{};  ///< the dates reach into this day or a later one
     std::optional<Day> until{}; ///< and into this day or an earlier one
     QString text{};             ///< found by these words, see SearchPhrase
+    QStringList taskIDs{};      ///< one of these tasks
+    bool isPinned = false;
 };
 
 /// Which rows of a list are wanted. Values only: it may cross threads.
@@ -24,6 +26,14 @@ struct ListDataRequest {
     KWListIdentifier selection{};
     std::int64_t limit = -1; ///< rows at most, from the top; negative: all
     ListCondition condition{};
+    /// By what the rows are chosen from the top; by nothing: as the list comes. Only for types of which
+    /// isTopFound(): the others leave it as it comes.
+    std::optional<KWTaskSortType> sortType{};
+    /// The closed tasks instead of the open ones, the latest first. Of a smart list and of a filter those
+    /// that were closed today.
+    bool onlyClosed = false;
+
+    static bool isTopFound(KWTaskSortType sortType);
 };
 
 /// Where a page of completed tasks ended.

@@ -19,6 +19,8 @@ constexpr const char *isInTrash = "t.isTrashed = 1 AND t.isDeleted = 0";
 constexpr const char *tasksByList = "tasks t INDEXED BY openTasksByList";
 constexpr const char *tasksInOrder = "tasks t INDEXED BY openTasksInOrder";
 constexpr const char *closedTasks = "tasks t INDEXED BY closedTasksInOrder";
+constexpr const char *closedTasksByList = "tasks t INDEXED BY closedTasksByList";
+constexpr const char *pinnedTasks = "tasks t INDEXED BY pinnedTasks";
 constexpr const char *trashedTasks = "tasks t INDEXED BY trashedTasks";
 constexpr const char *anyTasks = "tasks t";
 
@@ -37,6 +39,33 @@ constexpr const char *byDate = "t.startDate NULLS LAST, t.priority DESC, t.sortO
 constexpr const char *byManualOrder = "t.sortOrder, t.id";
 const std::string latestCompletedFirst = std::string{completionOrder} + " DESC, t.id DESC";
 constexpr const char *latestChangedFirst = "t.modifiedTime DESC, t.id DESC";
+
+// How the top of a list is found; nothing where only all of its rows tell.
+std::optional<std::string> orderOf(KWTaskSortType sortType)
+{
+    switch (sortType) {
+    case KWTaskSortTypeCustom:
+        return byManualOrder;
+    case KWTaskSortTypeDate:
+        return byDate;
+    case KWTaskSortTypePriority:
+        return std::string{"t.priority DESC, "} + byDate;
+    case KWTaskSortTypeTitle:
+        return std::string{"t.title COLLATE NOCASE, "} + byDate;
+    case KWTaskSortTypeCreatedTime:
+        return "t.createdTime DESC, t.id DESC";
+    case KWTaskSortTypeModifiedTime:
+        return latestChangedFirst;
+    case KWTaskSortTypeCompletionDate:
+        return latestCompletedFirst;
+    case KWTaskSortTypeProject:
+    case KWTaskSortTypeTag:
+    case KWTaskSortTypeAssignee:
+    case KWTaskSortTypePinnedDate:
+        break;
+    }
+    return std::nullopt;
+}
 
 std::int64_t completionOf(const CompletionCursor &cursor)
 {
@@ -79,6 +108,8 @@ std::optional<ListQuery> ofSmartProject(const ListDataRequest &request, const CX
 }
 
 } // namespace
+
+bool ListDataRequest::isTopFound(KWTaskSortType sortType) { return orderOf(sortType).has_value(); }
 
 ListQuery &ListQuery::also(const std::string &condition, const SqlValues &more)
 {
@@ -126,7 +157,7 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
     case KWListIdentifierType::View:
         break;
     }
-    if (query) query->narrow(request.condition, clock, wordHits);
+    if (query) query->refine(request, clock, wordHits);
     return query;
 }
 
@@ -177,15 +208,40 @@ ListQuery &ListQuery::narrow(const ListCondition &condition, const CXClock &cloc
             also(wordHits == WordHits::Few ? hasWords : hasWordsOnTheWay, {phrase.matchExpression()});
     }
     if (!condition.projectIDs.isEmpty()) also(inTheseLists, {idList(condition.projectIDs)});
+    if (condition.isPinned) {
+        from = pinnedTasks;
+        also("t.pinnedDate IS NOT NULL");
+    }
+    if (!condition.taskIDs.isEmpty()) onlyTasks(condition.taskIDs);
     if (condition.priority) also("t.priority = ?", {std::int64_t(*condition.priority)});
     if (condition.from || condition.until) between(*this, condition.from, condition.until, clock);
     return *this;
 }
 
-ListQuery &ListQuery::onlyTask(const QString &taskID)
+ListQuery &ListQuery::refine(const ListDataRequest &request, const CXClock &clock, WordHits wordHits)
+{
+    if (request.sortType) orderBy = orderOf(*request.sortType).value_or(orderBy);
+    if (request.onlyClosed) turnToClosed(request, clock);
+    return narrow(request.condition, clock, wordHits);
+}
+
+void ListQuery::turnToClosed(const ListDataRequest &request, const CXClock &clock)
+{
+    const std::string open{isOpen};
+    if (where.starts_with(open)) where.replace(0, open.size(), isClosed);
+    if (std::string_view{from} == tasksByList) from = closedTasksByList;
+    if (std::string_view{from} == tasksInOrder) from = closedTasks;
+    orderBy = latestCompletedFirst;
+    const bool isSearch = request.selection.type == KWListIdentifierType::SmartProject ||
+                          request.selection.type == KWListIdentifierType::Filter;
+    if (isSearch)
+        also(std::string{completionOrder} + " >= ?", {storedInstant(clock.zone().startOfDay(clock.today()))});
+}
+
+ListQuery &ListQuery::onlyTasks(const QStringList &taskIDs)
 {
     from = anyTasks;
-    return also("t.sid = ?", {taskID});
+    return also("t.sid IN (SELECT value FROM json_each(?))", {idList(taskIDs)});
 }
 
 int ListQuery::count(Connection &connection) const

@@ -32,8 +32,13 @@ struct ListQuery {
     ListQuery &also(const std::string &condition, const SqlValues &more = {});
     /// Asks for what the condition asks, too.
     ListQuery &narrow(const ListCondition &condition, const CXClock &clock, WordHits wordHits);
+    /// Asks for what the rest of the request asks: its condition, its order, closed tasks.
+    ListQuery &refine(const ListDataRequest &request, const CXClock &clock, WordHits wordHits);
+    /// Found by the ids of tasks, not by walking an index.
+    ListQuery &onlyTasks(const QStringList &taskIDs);
     /// How many tasks there are. Throws SQLite::Exception.
     int count(Connection &connection) const;
-    /// Found by the id of one task, not by walking an index.
-    ListQuery &onlyTask(const QString &taskID);
+
+private:
+    void turnToClosed(const ListDataRequest &request, const CXClock &clock);
 };

@@ -22,6 +22,7 @@ std::span<const std::string> migrations()
         schemas::reminders(),
         schemas::closedTasksAndPlaces(),
         schemas::habitDays(),
+        schemas::listParts(),
     };
     return inOrder;
 }

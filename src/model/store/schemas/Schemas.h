@@ -23,5 +23,7 @@ std::string search();
 std::string closedTasksAndPlaces();
 /// The first day of habits, and to the habits of a user in their order.
 std::string habitDays();
+/// To the closed and the pinned tasks of a list.
+std::string listParts();
 
 } // namespace schemas
