@@ -13,6 +13,10 @@ class KWColumn;
 class KWHabit;
 class KWProjectPinnedSortOrder;
 class KWTask;
+class KWTaskDueDateSortOrder;
+class KWTaskPinnedSortOrder;
+class KWTaskPrioritySortOrder;
+class KWTaskProjectSortOrder;
 class KWTaskTagSortOrder;
 struct KWHabitSectionModel;
 
@@ -21,8 +25,10 @@ concept OneOf = (std::same_as<Record, Kinds> || ...);
 
 /// A record, or a value twin, whose kind is put in order by hand.
 template <class Record>
-concept KWSortOrderResetable = OneOf<Record, KWTask, KWChecklistItem, KWColumn, KWHabit, KWHabitSectionModel,
-                                     KWProjectPinnedSortOrder, KWTaskTagSortOrder>;
+concept KWSortOrderResetable =
+    OneOf<Record, KWTask, KWChecklistItem, KWColumn, KWHabit, KWHabitSectionModel, KWProjectPinnedSortOrder,
+          KWTaskDueDateSortOrder, KWTaskPrioritySortOrder, KWTaskProjectSortOrder, KWTaskTagSortOrder,
+          KWTaskPinnedSortOrder>;
 
 /// Places of single records.
 struct KWEntitySortOrder {

@@ -3,6 +3,7 @@
 #include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTaskSortOrders.h"
 #include "model/records/NextAlert.h"
 #include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
@@ -12,6 +13,18 @@
 #include <array>
 
 namespace {
+
+template <class Visitor>
+void forEachKind(Visitor &&visit)
+{
+    const auto visitAll = [&visit]<class... Records>(std::type_identity<std::tuple<Records...>>) {
+        (visit(std::type_identity<Records>{}), ...);
+    };
+    visitAll(
+        std::type_identity<
+            std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder, KWTaskPrioritySortOrder,
+                       KWTaskProjectSortOrder, KWTaskTagSortOrder, KWTaskPinnedSortOrder>>{});
+}
 
 // The fields that say what a record is, not where it stands with the service nor what follows from them.
 template <class Twin>
@@ -97,9 +110,7 @@ void UndoToken::note(const ObjectContext &context)
 UndoToken UndoToken::of(const ObjectContext &context)
 {
     UndoToken token;
-    token.note<KWTask>(context);
-    token.note<KWChecklistItem>(context);
-    token.note<KWAttachment>(context);
+    forEachKind([&]<class Record>(std::type_identity<Record>) { token.note<Record>(context); });
     return token;
 }
 
@@ -130,9 +141,7 @@ Result<void> UndoToken::undo(KWCoreDataManager &manager) const
                     done = each.before ? takeBackChange<Record>(*each.before, each.after, context)
                                        : takeBackMaking<Record>(each.after, context);
         };
-        takeBack(std::type_identity<KWTask>{});
-        takeBack(std::type_identity<KWChecklistItem>{});
-        takeBack(std::type_identity<KWAttachment>{});
+        forEachKind(takeBack);
         return done;
     });
 }

@@ -4,6 +4,7 @@
 #include "model/records/KWAttachmentModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWTaskModel.h"
+#include "model/records/KWTaskSortOrderModels.h"
 
 #include <QList>
 
@@ -13,7 +14,8 @@
 class KWCoreDataManager;
 class ObjectContext;
 
-/// What one save does to tasks, checklist items and attachments, by value, so that it can be taken back.
+/// What one save does to tasks, checklist items, attachments and the places of tasks in lists, by value, so
+/// that it can be taken back.
 /// A token that is made by default takes nothing back.
 class UndoToken {
 public:
@@ -39,6 +41,8 @@ private:
     QStringList madeIDs() const;
 
     std::tuple<QList<Versions<KWTaskModel>>, QList<Versions<KWChecklistItemModel>>,
-               QList<Versions<KWAttachmentModel>>>
+               QList<Versions<KWAttachmentModel>>, QList<Versions<KWTaskDueDateSortOrderModel>>,
+               QList<Versions<KWTaskPrioritySortOrderModel>>, QList<Versions<KWTaskProjectSortOrderModel>>,
+               QList<Versions<KWTaskTagSortOrderModel>>, QList<Versions<KWTaskPinnedSortOrderModel>>>
         m_versions;
 };

@@ -1,0 +1,156 @@
+#include "model/store/TaskPositions.h"
+
+#include "model/records/KWSortOrderResetable.h"
+#include "model/records/KWTaskSortOrders.h"
+#include "model/store/KWCoreDataManager.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <numeric>
+
+namespace {
+
+// Calls `visit` with the kind of record that holds positions of the sort type.
+template <class Visitor>
+void visitKind(KWTaskSortType sortType, Visitor &&visit)
+{
+    switch (sortType) {
+    case KWTaskSortTypeDate:
+        return visit(std::type_identity<KWTaskDueDateSortOrder>{});
+    case KWTaskSortTypePriority:
+        return visit(std::type_identity<KWTaskPrioritySortOrder>{});
+    case KWTaskSortTypeProject:
+        return visit(std::type_identity<KWTaskProjectSortOrder>{});
+    case KWTaskSortTypeTag:
+        return visit(std::type_identity<KWTaskTagSortOrder>{});
+    case KWTaskSortTypePinnedDate:
+        return visit(std::type_identity<KWTaskPinnedSortOrder>{});
+    case KWTaskSortTypeCustom:
+    case KWTaskSortTypeTitle:
+    case KWTaskSortTypeAssignee:
+    case KWTaskSortTypeCreatedTime:
+    case KWTaskSortTypeModifiedTime:
+    case KWTaskSortTypeCompletionDate:
+        break;
+    }
+}
+
+void setGroup(KWTaskDueDateSortOrderModel &model, const QString &group) { model.dayStamp = group.toInt(); }
+void setGroup(KWTaskPrioritySortOrderModel &model, const QString &group)
+{
+    model.priority = valueOf<KWTaskPriority>(group.toInt()).value_or(KWTaskPriorityNone);
+}
+void setGroup(KWTaskProjectSortOrderModel &model, const QString &group) { model.projectID = group; }
+void setGroup(KWTaskTagSortOrderModel &model, const QString &group) { model.tagName = group; }
+void setGroup(KWTaskPinnedSortOrderModel &, const QString &) {}
+
+bool isInGroup(const KWTaskDueDateSortOrderModel &model, const QString &group)
+{
+    return model.dayStamp == group.toInt();
+}
+bool isInGroup(const KWTaskPrioritySortOrderModel &model, const QString &group)
+{
+    return model.priority == group.toInt();
+}
+bool isInGroup(const KWTaskProjectSortOrderModel &model, const QString &group)
+{
+    return model.projectID == group;
+}
+bool isInGroup(const KWTaskTagSortOrderModel &model, const QString &group) { return model.tagName == group; }
+bool isInGroup(const KWTaskPinnedSortOrderModel &, const QString &) { return true; }
+
+template <class Record>
+QList<Record *> recordsOf(const QString &contextID, ObjectContext &context)
+{
+    return context.fetch<Record>(
+        {.where = "contextID = ? AND isDeleted = 0", .values = {contextID}, .orderBy = "id"});
+}
+
+template <class Record>
+class Run {
+public:
+    Run(const PositionGroup &group, const QString &userID, ObjectContext &context)
+        : m_group(group), m_userID(userID), m_context(context)
+    {
+        for (Record *each : recordsOf<Record>(group.contextID, context))
+            if (isInGroup(each->model(), group.group)) m_records.insert((*each)->taskID, each);
+    }
+
+    void arrange(const QStringList &inOrder, const QSet<QString> &moved)
+    {
+        qsizetype end = inOrder.size(); // of those that get a position
+        while (end > 0 && !moved.contains(inOrder.at(end - 1)))
+            --end;
+        QList<Record *> run;
+        for (qsizetype i = 0; i < inOrder.size(); ++i) {
+            const QString &task = inOrder.at(i);
+            if (i >= end && !m_records.contains(task)) continue;
+            Record &record = recordOf(task);
+            if (moved.contains(task))
+                KWEntitySortOrder::update(record, between(run, orderBelow(i, inOrder, moved)));
+            else if (record.isInserted())
+                KWEntitySortOrder::update(record, between(run, std::nullopt));
+            run.append(&record);
+        }
+        if (!run.isEmpty()) resetSortOrderIfNeeded(run);
+    }
+
+private:
+    Record &recordOf(const QString &task)
+    {
+        Record *&record = m_records[task];
+        if (record) return *record;
+        typename Record::Model model;
+        model.userID = m_userID;
+        model.contextID = m_group.contextID;
+        model.taskID = task;
+        setGroup(model, m_group.group);
+        record = &m_context.insert<Record>(std::move(model));
+        return *record;
+    }
+
+    // Of the first below that has a position and stays.
+    std::optional<std::int64_t> orderBelow(qsizetype place, const QStringList &inOrder,
+                                           const QSet<QString> &moved) const
+    {
+        for (qsizetype i = place + 1; i < inOrder.size(); ++i)
+            if (const Record *record = m_records.value(inOrder.at(i));
+                record && !moved.contains(inOrder.at(i)))
+                return (*record)->sortOrder;
+        return std::nullopt;
+    }
+
+    static std::int64_t between(const QList<Record *> &above, std::optional<std::int64_t> next)
+    {
+        if (above.isEmpty()) return next ? *next - KWSortOrderStep : 0;
+        const std::int64_t last = above.last()->model().sortOrder;
+        return next ? std::midpoint(last, *next) : last + KWSortOrderStep;
+    }
+
+    const PositionGroup &m_group;
+    const QString &m_userID;
+    ObjectContext &m_context;
+    QHash<QString, Record *> m_records; // by their tasks
+};
+
+} // namespace
+
+void arrange(const QStringList &inOrder, const QStringList &moved, const PositionGroup &group,
+             const QString &userID, ObjectContext &context)
+{
+    visitKind(group.sortType, [&]<class Record>(std::type_identity<Record>) {
+        Run<Record>{group, userID, context}.arrange(inOrder, {moved.begin(), moved.end()});
+    });
+}
+
+Result<void> removePositions(const QString &contextID, KWTaskSortType sortType, KWCoreDataManager &manager)
+{
+    return KWCoreDataService{manager}.sync_save([&](ObjectContext &context) {
+        visitKind(sortType, [&]<class Record>(std::type_identity<Record>) {
+            for (Record *each : recordsOf<Record>(contextID, context))
+                each->deleteForever();
+        });
+        return Result<void>{};
+    });
+}
