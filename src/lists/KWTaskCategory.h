@@ -41,7 +41,9 @@ public:
     /// In display order; a child stands behind its parent.
     const Rows &models() const { return m_models; }
     void setModels(Rows models) { m_models = std::move(models); }
-    int count() const { return int(m_models.size()); }
+    /// Of its tasks, those included that are not loaded.
+    int count() const { return int(m_models.size()) + m_unloadedCount; }
+    void setUnloadedCount(int count) { m_unloadedCount = count; }
     bool isEmpty() const { return m_models.isEmpty(); }
     bool hidesHeader() const { return m_title.isEmpty(); }
 
@@ -77,4 +79,5 @@ private:
     QString m_name;
     QString m_title;
     Rows m_models;
+    int m_unloadedCount = 0;
 };

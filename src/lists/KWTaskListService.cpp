@@ -4,6 +4,7 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
+#include "model/store/TaskPositions.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,6 +12,19 @@ namespace {
 
 // More than any screen shows; read in a few milliseconds.
 constexpr std::int64_t topRows = 120;
+
+// Of completed tasks at the end of a list, and of lists of them.
+struct Pages {
+    int first;
+    int next;
+};
+constexpr Pages completedAtTheEnd{5, 20};
+constexpr Pages completedAlone{50, 50};
+
+const Pages &pagesOf(const KWListIdentifier &list)
+{
+    return ShownList::isOfClosedTasks(list) ? completedAlone : completedAtTheEnd;
+}
 
 // How a folded task stands among the folded sections of a list.
 const QString foldedTask = u"task:"_s;
@@ -28,7 +42,7 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
         m_observations.push_back(m_center.addObserver(name, [this](const KWNotification &) { reload(); }));
     };
     for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
-                                KWNewDayComesNotification})
+                                KWNewDayComesNotification, KWUserSettingsDidChangeNotification})
         reloadOn(each);
     m_observations.push_back(m_center.addObserver(
         KWListDisplayConfigurationDidChangeNotification, [this](const KWNotification &notification) {
@@ -37,8 +51,10 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
         }));
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
         using enum RecordKind;
-        for (const RecordKind each : {Task, ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment,
-                                      FocusSummary, Teamworker, Filter})
+        for (const RecordKind each :
+             {Task, ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment, FocusSummary, Teamworker,
+              Filter, TaskDueDateSortOrder, TaskPrioritySortOrder, TaskProjectSortOrder, TaskTagSortOrder,
+              TaskPinnedSortOrder})
             if (change.touches(each)) return reload();
     });
 }
@@ -61,6 +77,25 @@ KWTaskSortTypeMenu KWTaskListService::sortMenu() const
 Result<void> KWTaskListService::setSortType(KWTaskSortType sortType)
 {
     return saveSortType(sortType, m_list, m_account.currentUserID(), m_manager, m_center);
+}
+
+Result<void> KWTaskListService::resetManualOrder()
+{
+    return removePositions(m_content.shown.positionContext(), sortType(), m_manager);
+}
+
+Result<void> KWTaskListService::setShowsCompleted(bool showsCompleted)
+{
+    KWListDisplayConfigurationManager configurations{m_manager, m_center, m_account.currentUserID()};
+    KWListDisplayConfigurationModel configuration = configurations.configuration(m_list);
+    configuration.showsCompleted = showsCompleted;
+    return configurations.save(configuration);
+}
+
+void KWTaskListService::loadMoreCompleted()
+{
+    m_countToShowOfCompleted += pagesOf(m_list).next;
+    reload();
 }
 
 void KWTaskListService::setSectionFolded(const QString &name, bool isFolded)
@@ -113,6 +148,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
     if (list == m_list) return;
     m_list = list;
     m_showsOtherList = true;
+    m_countToShowOfCompleted = pagesOf(list).first;
     readFolding();
     reload();
 }
@@ -140,14 +176,16 @@ bool KWTaskListService::readTop()
 {
     Result<ListContent> content{ListContent{}};
     const Result<void> read = KWCoreDataService{m_manager}.sync_perform([&](ObjectContext &context) {
-        content = ListContent::read(m_list, m_account.currentUserID(), topRows, context);
+        content = ListContent::read(m_list, m_account.currentUserID(), extent(topRows), context);
         return content ? Result<void>{} : content.error();
     });
     tell(read);
     if (!read) return false;
-    ListContent::Sections sections = content->sections(m_pendingDeletes.taskIDs());
     const bool isWhole = content->isWhole;
-    show(std::move(*content), std::move(sections));
+    if (content->hasTop) {
+        ListContent::Sections sections = content->sections(m_pendingDeletes.taskIDs());
+        show(std::move(*content), std::move(sections));
+    }
     return !isWhole;
 }
 
@@ -158,9 +196,9 @@ void KWTaskListService::readAll()
         ListContent::Sections sections;
     };
     auto answer = std::make_shared<Answer>();
-    const auto read = [answer, list = m_list, userID = m_account.currentUserID(),
+    const auto read = [answer, list = m_list, userID = m_account.currentUserID(), extent = extent(-1),
                        hidden = m_pendingDeletes.taskIDs()](ObjectContext &context) -> Result<void> {
-        Result<ListContent> content = ListContent::read(list, userID, -1, context);
+        Result<ListContent> content = ListContent::read(list, userID, extent, context);
         if (!content) return content.error();
         answer->sections = content->sections(hidden);
         answer->content = std::move(*content);

@@ -23,12 +23,22 @@ public:
     /// The rows of all sections.
     QList<KWTaskListItemModel> rows() const;
 
-    KWTaskSortType sortType() const { return m_content.shown.sortType(); }
+    const ShownList &shown() const { return m_content.shown; }
+    KWTaskSortType sortType() const { return shown().sortType(); }
     /// Whether the menu of sort types is offered.
-    bool isSortable() const { return m_content.shown.isSortable; }
+    bool isSortable() const { return shown().isSortable; }
     KWTaskSortTypeMenu sortMenu() const;
     /// Remembered for the list.
     Result<void> setSortType(KWTaskSortType sortType);
+
+    /// The positions set by hand in the sections of the present sort type are given up.
+    Result<void> resetManualOrder();
+
+    /// Whether completed and abandoned tasks stand at the end. Remembered for the list.
+    bool showsCompleted() const { return shown().showsCompleted; }
+    Result<void> setShowsCompleted(bool showsCompleted);
+    /// Some more of those that are shown at most.
+    void loadMoreCompleted();
 
     /// Remembered for the list; onRowsChanged is called.
     const FoldedRows &folded() const { return m_folded; }
@@ -50,6 +60,7 @@ public:
 private:
     struct Request {};
 
+    ListExtent extent(std::int64_t openTasks) const { return {openTasks, m_countToShowOfCompleted}; }
     bool readTop();
     void readAll();
     void show(ListContent content, ListContent::Sections sections);
@@ -64,6 +75,7 @@ private:
     ListContent m_content;
     ListContent::Sections m_sections; // of m_content
     FoldedRows m_folded;
+    int m_countToShowOfCompleted = 0;
     PendingDeletes m_pendingDeletes;
     bool m_showsOtherList = false;      // the sections are still those of the list selected before
     bool m_savesFolding = false;        // what is announced then is known here

@@ -3,16 +3,89 @@
 #include "model/store/KWListDataFetcher.h"
 #include "model/store/ObjectContext.h"
 
-Result<ListContent> ListContent::read(const KWListIdentifier &list, const QString &userID, std::int64_t limit,
-                                      ObjectContext &context)
+#include <algorithm>
+
+Result<ListContent> ListContent::read(const KWListIdentifier &list, const QString &userID,
+                                      const ListExtent &extent, ObjectContext &context)
 {
     Result<ShownList> shown = ShownList::read(list, userID, context);
     if (!shown) return shown.error();
-    auto rows =
-        KWListDataFetcher{context.clock()}.reloadDataModel({userID, list, limit}, context.connection());
-    if (!rows) return rows.error();
-    const bool isWhole = limit < 0 || rows->size() < limit;
-    return ListContent{std::move(*shown), std::move(*rows), isWhole};
+    ListContent content{.shown = std::move(*shown)};
+    const KWListDataFetcher fetcher{context.clock()};
+    Connection &connection = context.connection();
+    Result<void> read;
+    if (content.shown.partsClosedTasks()) {
+        read = content.readOpenTasks(fetcher, {userID, list, extent.openTasks, {}, content.shown.sortType()},
+                                     connection);
+        if (read && content.shown.showsCompleted)
+            read = content.readCompletedTasks(fetcher, {userID, list, extent.closedTasks}, connection);
+    } else {
+        read = content.readDays(fetcher, {userID, list, extent.closedTasks}, connection);
+    }
+    if (!read) return read.error();
+    return content;
+}
+
+Result<void> ListContent::readOpenTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                                        Connection &connection)
+{
+    auto open = fetcher.reloadDataModel(request, connection);
+    if (!open) return open.error();
+    rows = std::move(*open);
+    isWhole = request.limit < 0 || rows.size() < request.limit;
+    hasTop = isWhole || ListDataRequest::isTopFound(shown.sortType());
+    return isWhole ? Result<void>{} : readPinnedTasks(fetcher, request, connection);
+}
+
+// They stand in front of all others.
+Result<void> ListContent::readPinnedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
+                                          Connection &connection)
+{
+    request.condition.isPinned = true;
+    const auto pinned = fetcher.reloadDataModel(request, connection);
+    if (!pinned) return pinned.error();
+    rows.removeIf([](const auto &each) { return each.isPinned(); });
+    rows = *pinned + rows;
+    return {};
+}
+
+Result<void> ListContent::readCompletedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
+                                             Connection &connection)
+{
+    request.onlyClosed = true;
+    const auto closed = fetcher.reloadDataModel(request, connection);
+    if (!closed) return closed.error();
+    const Result<int> count = fetcher.count(request, connection);
+    if (!count) return count.error();
+    rows += *closed;
+    completedCount = *count;
+    isAllCompletedModelsLoadded = closed->size() >= *count;
+    return {};
+}
+
+Result<void> ListContent::readDays(const KWListDataFetcher &fetcher, ListDataRequest request,
+                                   Connection &connection)
+{
+    const qsizetype wanted = request.limit++;
+    for (;; request.limit *= 2) {
+        auto days = fetcher.reloadDataModel(request, connection);
+        if (!days) return days.error();
+        rows = std::move(*days);
+        isAllCompletedModelsLoadded = rows.size() < request.limit;
+        if (isAllCompletedModelsLoadded) return {};
+        for (qsizetype i = wanted; i < rows.size(); ++i)
+            if (dayOf(rows.at(i)) != dayOf(rows.at(i - 1))) {
+                rows.resize(i);
+                return {};
+            }
+    }
+}
+
+Day ListContent::dayOf(const KWTaskListItemModel &row) const
+{
+    const auto &moment =
+        shown.sortType() == KWTaskSortTypeModifiedTime ? row.modifiedTime : row.completionDate;
+    return moment ? shown.zone.dayOf(*moment) : Day::min();
 }
 
 ListContent::Sections ListContent::sections(const QSet<QString> &hiddenTasks) const
@@ -22,9 +95,21 @@ ListContent::Sections ListContent::sections(const QSet<QString> &hiddenTasks) co
         visible.removeIf([&hiddenTasks](const auto &each) { return hiddenTasks.contains(each.sid); });
     Sections sections;
     sections.categories =
-        KWTaskCategory::buildCategories(visible, shown, shown.sortType(), false, shown.isSortable);
+        KWTaskCategory::buildCategories(visible, shown, shown.sortType(), false, shown.partsClosedTasks());
     KWTaskCategory::resortBySortOrder(sections.categories, shown.positions, shown.sortType(),
                                       sections.manualOrders);
     KWTaskCategory::resortPinnedIfNeeded(sections.categories, shown.pinnedPositions);
+    noteUnloaded(sections.categories);
     return sections;
+}
+
+void ListContent::noteUnloaded(QList<KWTaskCategory> &categories) const
+{
+    if (isAllCompletedModelsLoadded || categories.isEmpty()) return;
+    if (shown.partsClosedTasks()) {
+        if (!categories.last().isCompleted()) return;
+        const auto loaded = std::ranges::count_if(rows, &KWTaskListItemModel::isClosed);
+        categories.last().setUnloadedCount(completedCount - int(loaded));
+    }
+    categories.append(KWTaskCategory::loadMore());
 }

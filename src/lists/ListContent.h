@@ -2,20 +2,30 @@
 
 #include "lists/KWTaskCategory.h"
 #include "lists/ShownList.h"
-#include "model/store/ListDataRequest.h"
 
 #include <QSet>
+
+class KWListDataFetcher;
+struct ListDataRequest;
+
+/// How much of a list is read.
+struct ListExtent {
+    std::int64_t openTasks = -1; ///< from the top; negative: all
+    std::int64_t closedTasks = 0;
+};
 
 /// A list as it was read. A value: it may cross threads.
 struct ListContent {
     ShownList shown{};
     QList<KWTaskListItemModel> rows{};
-    bool isWhole = true; ///< no more rows than these
+    bool isWhole = true; ///< all open tasks are among the rows
+    bool hasTop = true;  ///< at least those that are shown first
+    bool isAllCompletedModelsLoadded = true;
+    int completedCount = 0; ///< of those that were left out, too
 
-    /// On the thread of the context. A limit leaves out the rows at the bottom, where the sort type lets the
-    /// store find the top.
-    static Result<ListContent> read(const KWListIdentifier &list, const QString &userID, std::int64_t limit,
-                                    ObjectContext &context);
+    /// On the thread of the context. Completed, Abandoned and the trash are read in whole days.
+    static Result<ListContent> read(const KWListIdentifier &list, const QString &userID,
+                                    const ListExtent &extent, ObjectContext &context);
 
     struct Sections {
         QList<KWTaskCategory> categories{};
@@ -25,4 +35,15 @@ struct ListContent {
     };
     /// The rows but the hidden ones, cut into sections. Any thread.
     Sections sections(const QSet<QString> &hiddenTasks) const;
+
+private:
+    Result<void> readOpenTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                               Connection &connection);
+    Result<void> readPinnedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
+                                 Connection &connection);
+    Result<void> readCompletedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
+                                    Connection &connection);
+    Result<void> readDays(const KWListDataFetcher &fetcher, ListDataRequest request, Connection &connection);
+    Day dayOf(const KWTaskListItemModel &row) const;
+    void noteUnloaded(QList<KWTaskCategory> &categories) const;
 };

@@ -8,6 +8,7 @@
 #include "model/records/KWTag.h"
 #include "model/records/KWTeamworker.h"
 #include "model/records/SortOrderContext.h"
+#include "model/settings/KWListDisplayConfigurationManager.h"
 #include "model/store/Connection.h"
 #include "model/store/StoreFailure.h"
 
@@ -175,13 +176,6 @@ private:
     ObjectContext &m_context;
 };
 
-// Those that show what is done with, each in an order of its own.
-bool isOfClosedTasks(const KWListIdentifier &list)
-{
-    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
-    return smart && (smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
-}
-
 KWTaskSortType closedSortType(const KWListIdentifier &list)
 {
     return list.entityID == KWSmartProject::trash().identifier() ? KWTaskSortTypeModifiedTime
@@ -189,6 +183,12 @@ KWTaskSortType closedSortType(const KWListIdentifier &list)
 }
 
 } // namespace
+
+bool ShownList::isOfClosedTasks(const KWListIdentifier &list)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
+    return smart && (smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
+}
 
 QString ShownList::positionContext() const
 {
@@ -219,6 +219,8 @@ Result<ShownList> ShownList::read(const KWListIdentifier &list, const QString &u
     shown.today = context.clock().today();
     shown.clientID = context.number("SELECT userServerID FROM users WHERE sid = ?", {userID});
     shown.isSortable = !isOfClosedTasks(list);
+    shown.showsCompleted =
+        KWListDisplayConfigurationManager::configuration(list, userID, context).showsCompleted;
     shown.menu = records.menu();
     if (!shown.isSortable)
         shown.menu.selectedType = closedSortType(list);

@@ -20,9 +20,9 @@ struct ShownList {
     };
 
     KWListIdentifier list{};
-    KWTaskSortTypeMenu menu{}; ///< what it can be sorted by; `selectedType` is in force
-    bool isSortable = false;   ///< the menu is offered: not for Completed, Abandoned and the trash
-    bool showsCompleted = false;
+    KWTaskSortTypeMenu menu{};   ///< what it can be sorted by; `selectedType` is in force
+    bool isSortable = false;     ///< the menu is offered: not for Completed, Abandoned and the trash
+    bool showsCompleted = false; ///< completed and abandoned tasks, too
     std::int64_t clientID = KWTaskAssignedToNobody; ///< the server id of the user
     /// What the sort type groups by, in the order of the sidebar or board: lists, tags, columns, members.
     QList<Group> groups{};
@@ -35,6 +35,8 @@ struct ShownList {
     KWTaskSortType sortType() const { return menu.selectedType; }
     /// Tasks that are open stand above those that are not.
     bool partsClosedTasks() const { return isSortable; }
+    /// Completed, Abandoned and the trash: in an order of their own.
+    static bool isOfClosedTasks(const KWListIdentifier &list);
     /// Of its sort-order records, see SortOrderContext.
     QString positionContext() const;
 

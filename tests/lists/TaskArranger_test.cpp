@@ -1,0 +1,153 @@
+#include "lists/TaskArranger.h"
+
+#include "RowText.h"
+#include "lists/KWTaskListService.h"
+#include "model/records/KWColumn.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
+#include "model/records/KWTag.h"
+#include "model/records/KWTask.h"
+#include "support/CaseTable.h"
+#include "support/StoreFixture.h"
+#include "support/TaskBuilder.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+/// Rows of RowText in a store, shown by what they are sorted by, and moved about.
+class TaskArranger_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<StoreFixture> m_store;
+    std::unique_ptr<KWTaskListService> m_list;
+
+    KWCoreDataManager &manager() { return m_store->kit().manager(); }
+    QString shown() { return RowText::textOf(flatRows(m_list->categories(), {})); }
+
+    void fill(const QString &rows)
+    {
+        saved(*m_store, [&](ObjectContext &context) {
+            const auto add = [&]<class Record>(std::type_identity<Record>, const QString &id, auto &&edit) {
+                typename Record::Model model;
+                model.sid = model.name = id;
+                model.userID = m_store->userID();
+                edit(model);
+                context.insert<Record>(model);
+            };
+            for (const QString &each : {u"home"_s, u"work"_s})
+                add(std::type_identity<KWProject>{}, each,
+                    [](KWProjectModel &list) { list.isShared = true; });
+            for (const QString &each : {u"next"_s, u"doing"_s})
+                add(std::type_identity<KWColumn>{}, each,
+                    [](KWColumnModel &column) { column.projectID = u"home"_s; });
+            for (const QString &each : {u"errand"_s, u"food"_s})
+                add(std::type_identity<KWTag>{}, each, [&](KWTagModel &tag) { tag.label = each; });
+            for (const KWTaskListItemModel &row : RowText::rows(rows)) {
+                KWTaskModel task =
+                    aTask(qUtf8Printable(row.title)).ordered(row.rowID * KWSortOrderStep).model();
+                task.sid = row.sid;
+                task.userID = m_store->userID();
+                task.projectID = row.projectID.isEmpty() ? u"home"_s : row.projectID;
+                task.kind = row.taskKind;
+                task.status = row.status;
+                task.priority = row.priority;
+                task.tags = row.tags;
+                task.columnID = row.columnID;
+                task.parentId = row.parentId;
+                task.assignee = row.assignee;
+                task.startDate = row.startDate;
+                task.isAllDay = row.startDate.has_value();
+                task.pinnedDate = row.pinnedDate;
+                task.completionDate = row.completionDate;
+                context.insert<KWTask>(task);
+            }
+        });
+    }
+
+    void show(const QString &sortType)
+    {
+        const bool isOfList = sortType == u"custom" || sortType == u"assignee";
+        m_list->select(isOfList ? KWListIdentifier::project(u"home"_s)
+                                : KWListIdentifier::smartProject(KWSmartProject::all().identifier()));
+        QVERIFY(m_list->setSortType(*valueOf<KWTaskSortType>(sortType)));
+        QCOMPARE(m_list->sortType(), *valueOf<KWTaskSortType>(sortType));
+    }
+
+    // "Today", "Today: after a", "in a: after b"
+    TaskDropPlace placeOf(const QString &text)
+    {
+        const QString where = text.section(u": after "_s, 0, 0);
+        TaskDropPlace place{.afterTaskID = text.section(u": after "_s, 1)};
+        if (where.startsWith(u"in "_s)) place.parentTaskID = where.sliced(3);
+        for (int i = 0; i < m_list->categories().size(); ++i)
+            if (m_list->categories().at(i).title() == where || (where == u"-" && i == 0)) place.category = i;
+        return place;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_store = std::make_unique<StoreFixture>();
+        m_list = std::make_unique<KWTaskListService>(manager(), m_store->account(), m_store->kit().center(),
+                                                     m_store->kit().bus());
+    }
+    void cleanup()
+    {
+        m_list.reset();
+        m_store.reset();
+    }
+
+    void putsTasksWhereTheyAreDropped_data() { addCaseRows("lists/drops.txt", 5); }
+    void putsTasksWhereTheyAreDropped()
+    {
+        QFETCH(const QStringList, cells);
+        fill(cells.at(1));
+        show(cells.at(0));
+        const QString before = shown();
+        TaskArranger arranger{manager()};
+        const QStringList moved = cells.at(2).split(u' ');
+        Result<UndoToken> done = Error{};
+        if (cells.at(3) == u"nest")
+            done = arranger.nest(moved, *m_list);
+        else if (cells.at(3) == u"unnest")
+            done = arranger.unnest(moved);
+        else
+            done = arranger.drop(moved, placeOf(cells.at(3)), *m_list);
+        QCOMPARE(done ? shown() : done.error().sentence, cells.at(4));
+        if (!done) QCOMPARE(shown(), before);
+        if (done) QVERIFY(done->undo(manager()));
+        QCOMPARE(shown(), before);
+    }
+
+    void keepsManualOrderUntilItIsReset()
+    {
+        fill(u"a !5, b !5, c !5, d !5"_s);
+        show(u"priority"_s);
+        TaskArranger arranger{manager()};
+        for (int i = 0; i < 50; ++i) // halving would end before that
+            for (const QString &each : {u"c"_s, u"b"_s})
+                QVERIFY(arranger.drop({each}, placeOf(u"High: after a"_s), *m_list));
+        QVERIFY(arranger.drop({u"d"_s}, placeOf(u"High"_s), *m_list));
+        QCOMPARE(shown(), u"[High 4] d a b c"_s);
+        QVERIFY(m_list->sortMenu().manualOrders.hasPrioritySortOrder);
+        setSaved<KWTask>(*m_store, u"a"_s, &KWTaskModel::priority, KWTaskPriorityLow);
+        QCOMPARE(shown(), u"[High 3] d b c [Low 1] a"_s);
+        QVERIFY(m_list->resetManualOrder());
+        QCOMPARE(shown(), u"[High 3] b c d [Low 1] a"_s);
+        QVERIFY(!m_list->sortMenu().resetTitle());
+    }
+
+    void makesRoomInAListThatIsPutInOrder()
+    {
+        fill(u"a, b, c"_s);
+        show(u"custom"_s);
+        TaskArranger arranger{manager()};
+        for (int i = 0; i < 50; ++i)
+            for (const QString &each : {u"c"_s, u"b"_s})
+                QVERIFY(arranger.drop({each}, placeOf(u"-: after a"_s), *m_list));
+        QCOMPARE(shown(), u"a b c"_s);
+    }
+};
+
+ORVANE_TEST(TaskArranger_test)
+#include "TaskArranger_test.moc"
