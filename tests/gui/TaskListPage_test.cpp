@@ -1,6 +1,7 @@
 #include "gui/ClientFixture.h"
 #include "gui/WindowHelp.h"
 #include "model/records/KWTask.h"
+#include "model/store/KWTaskTicker.h"
 #include "model/store/TaskBatch.h"
 #include "support/Answers.h"
 #include "support/TestMain.h"
@@ -8,10 +9,14 @@
 #include "views/main/MainWindow.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/tasklist/TaskMimeData.h"
+#include "views/toast/Toast.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 
 #include <algorithm>
@@ -73,11 +78,24 @@ class TaskListPage_test : public QObject {
         menu.close();
         (*found)->trigger();
     }
-    void sortBy(const QString &title)
+    void sortBy(const QString &title) { choose(openSortMenu(), title); }
+    QMenu &openSortMenu()
     {
         QTest::mouseClick(&m_client->find<QPushButton>("sortButton"), Qt::LeftButton);
-        choose(m_client->find<QMenu>("sortMenu"), title);
+        return *m_client->window()->findChildren<QMenu *>(u"sortMenu"_s).last();
     }
+    // Over that share of the row's height.
+    void drop(const QStringList &titles, const QModelIndex &onto, double share)
+    {
+        const std::unique_ptr<QMimeData> data{TaskMimeData::make(idsOf(titles), titles)};
+        const QRect row = list().visualRect(onto);
+        const QPoint place{row.center().x(), row.top() + int(row.height() * share)};
+        const auto send = [&](auto &&event) { QApplication::sendEvent(list().viewport(), &event); };
+        send(QDragEnterEvent{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}});
+        send(QDragMoveEvent{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}});
+        send(QDropEvent{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}});
+    }
+    QModelIndex taskRow(const QString &title) { return pane().model().indexOf(idOf(title)); }
     void undo() { m_client->press(Qt::Key_Z, Qt::ControlModifier); }
 
 private Q_SLOTS:
@@ -170,6 +188,68 @@ private Q_SLOTS:
         QTRY_COMPARE(pane().model().tasks().size(), 0);
         undo();
         QTRY_COMPARE(pane().model().tasks().size(), 6);
+    }
+
+    void dropsIntoAnotherSectionAndBelowATask()
+    {
+        drop({u"Rent"_s, u"Idea"_s}, sectionRow(u"Tomorrow"_s), 0.5);
+        QTRY_COMPARE(shown(), u"[Overdue] Water [Today] Call Bread [Tomorrow] Rent Idea Walk"_s);
+        undo();
+        QTRY_COMPARE(shown(), u"[Overdue] Water Rent [Today] Call Bread [Tomorrow] Walk [No Date] Idea"_s);
+
+        drop({u"Walk"_s}, taskRow(u"Call"_s), 0.5);
+        QTRY_COMPARE(shown(), u"[Overdue] Water Rent [Today] Call .Walk Bread [No Date] Idea"_s);
+        goTo(taskRow(u"Call"_s));
+        m_client->press(Qt::Key_Left);
+        QCOMPARE(shown(), u"[Overdue] Water Rent [Today] Call Bread [No Date] Idea"_s);
+        m_client->press(Qt::Key_Right);
+        drop({u"Call"_s}, taskRow(u"Walk"_s), 0.5); // below itself
+        QVERIFY(shown().contains(u"Call .Walk"_s));
+        QVERIFY(m_client->window()->toast().accessibleName().endsWith(u'.'));
+
+        goTo(taskRow(u"Bread"_s));
+        m_client->press(Qt::Key_BracketRight, Qt::ControlModifier);
+        QTRY_VERIFY(shown().contains(u"Call .Walk .Bread"_s));
+        m_client->press(Qt::Key_BracketLeft, Qt::ControlModifier);
+        QTRY_VERIFY(shown().contains(u"Call .Walk Bread"_s));
+    }
+
+    void isPutInOrderByHandAndBack()
+    {
+        drop({u"Bread"_s}, taskRow(u"Call"_s), 0.1);
+        QTRY_VERIFY(shown().contains(u"[Today] Bread Call"_s));
+        goTo(taskRow(u"Bread"_s));
+        m_client->press(Qt::Key_Down, Qt::AltModifier);
+        QTRY_VERIFY(shown().contains(u"[Today] Call Bread"_s));
+        m_client->press(Qt::Key_Down, Qt::AltModifier);
+        QTRY_VERIFY(shown().contains(u"[Tomorrow] Bread Walk"_s));
+        QCOMPARE(list().currentTask(), idOf(u"Bread"_s));
+        m_client->restart();
+        m_client->openList(u"Inbox"_s);
+        QTRY_VERIFY(shown().contains(u"[Tomorrow] Bread Walk"_s));
+        sortBy(u"Reset to default date order"_s);
+        QMenu &menu = openSortMenu();
+        QVERIFY(std::ranges::none_of(
+            menu.actions(), [](const QAction *each) { return each->text().startsWith(u"Reset"_s); }));
+        menu.close();
+    }
+
+    void showsMoreCompletedTasksWhenAsked()
+    {
+        m_client->press(Qt::Key_2, Qt::ControlModifier);
+        QStringList ids;
+        for (int i = 0; i < 12; ++i)
+            ids.append(m_client->rooms().newTasks().add(u"Done %1"_s.arg(i))->sid);
+        m_client->openList(u"Inbox"_s);
+        QVERIFY(KWTaskTicker{m_client->kit().manager()}.updateStatus(KWTaskStatusCompleted, ids));
+        const auto count = [&] { return shown().count(u"Done "_s); };
+        QTRY_VERIFY(count() > 0 && count() < 12);
+        const qsizetype before = count();
+        goTo(pane().model().indexOf(u"loadMore"_s));
+        m_client->press(Qt::Key_Return);
+        QTRY_VERIFY(count() > before);
+        sortBy(u"Show Completed"_s);
+        QTRY_COMPARE(count(), 0);
     }
 
     void sortsEachListByItsOwnType()

@@ -166,11 +166,12 @@ private Q_SLOTS:
         add(u"Pay rent"_s);
         m_client->find<QWidget>("taskList").setFocus();
         m_client->press(Qt::Key_Space);
-        QTRY_COMPARE(m_client->shownTitles(), QStringList{});
+        const auto isClosed = [this] { return pane().model().tasks().constFirst().isClosed(); };
+        QTRY_VERIFY(isClosed());
         QVERIFY(m_client->find<QWidget>("toast").isVisible());
         verifyControlsHaveNames(*m_client->window());
         QTest::mouseClick(&m_client->find<QWidget>("toastAction"), Qt::LeftButton);
-        QTRY_COMPARE(m_client->shownTitles(), QStringList{u"Pay rent"_s});
+        QTRY_VERIFY(!isClosed());
         QVERIFY(!m_client->find<QWidget>("toast").isVisible());
     }
 

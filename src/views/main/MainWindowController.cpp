@@ -12,9 +12,10 @@
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/taskdetail/TaskDetailView.h"
+#include "views/tasklist/BatchActions.h"
+#include "views/tasklist/ArrangeController.h"
 #include "views/tasklist/SectionController.h"
 #include "views/tasklist/SortMenu.h"
-#include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListController.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -40,8 +41,9 @@ struct MainWindowController::Content {
         , sidebar{window.sidebar(), rooms.sidebar, rooms.kit.account()}
         , tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
         , taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
-        , sortMenu{window.listPane().header(), rooms.tasks, rooms.kit}
+        , sortMenu{window.listPane().header(), rooms.tasks}
         , addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
+        , arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
         , sections{{window.listPane(), rooms.tasks, addField, actions, rooms.clock}}
         , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
         , detail{window.detail(), rooms.kit}
@@ -58,6 +60,7 @@ struct MainWindowController::Content {
     TaskMenu taskMenu;
     SortMenu sortMenu;
     AddFieldController addField;
+    ArrangeController arrange;
     SectionController sections;
     TrashController trash;
     TaskDetailController detail;

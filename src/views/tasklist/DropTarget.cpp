@@ -109,21 +109,12 @@ std::optional<TaskDropPlace> placeByKey(const QList<TaskListRow> &rows, const QS
     const int last = moving.isEmpty() ? -1 : rowOf(rows, moving.last());
     if (first < 0 || last < 0) return std::nullopt;
     const QSet<QString> set{moving.begin(), moving.end()};
-    const int above = siblingAbove(rows, first, set);
-    const int parent = parentOf(rows, first);
-    switch (move) {
-    case KeyMove::Up:
-        if (above >= 0) return placeBefore(rows, above, set);
-        return parent >= 0 ? std::nullopt : placeInSectionAbove(rows, rows.at(first).category);
-    case KeyMove::Down:
-        if (const int below = siblingBelow(rows, last, set); below >= 0) return placeBehind(rows, below, set);
-        return parent >= 0 ? std::nullopt : placeInSectionBelow(rows, rows.at(last).category);
-    case KeyMove::In:
-        if (above < 0) return std::nullopt;
-        return TaskDropPlace{rows.at(first).category, {}, rows.at(above).id};
-    case KeyMove::Out:
-        if (parent < 0) return std::nullopt;
-        return placeBehind(rows, parent, set);
+    const bool isBelowATask = parentOf(rows, first) >= 0;
+    if (move == KeyMove::Up) {
+        if (const int above = siblingAbove(rows, first, set); above >= 0)
+            return placeBefore(rows, above, set);
+        return isBelowATask ? std::nullopt : placeInSectionAbove(rows, rows.at(first).category);
     }
-    return std::nullopt;
+    if (const int below = siblingBelow(rows, last, set); below >= 0) return placeBehind(rows, below, set);
+    return isBelowATask ? std::nullopt : placeInSectionBelow(rows, rows.at(last).category);
 }

@@ -33,8 +33,6 @@ std::optional<DropTarget> dropTargetAt(const QList<TaskListRow> &rows, int row, 
 enum class KeyMove {
     Up,   ///< before the task above, at the top of a section to the end of the one above
     Down, ///< the other way
-    In,   ///< below the task above
-    Out,  ///< behind the task that it is below
 };
 
 /// Where the tasks `moving`, in the order of the rows, go by a key; nothing where they cannot.

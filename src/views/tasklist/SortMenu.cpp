@@ -1,15 +1,12 @@
 #include "views/tasklist/SortMenu.h"
 
-#include "model/OrvaneKit.h"
-#include "model/settings/KWListDisplayConfigurationManager.h"
 #include "views/tasklist/PageHeader.h"
 
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
 
-SortMenu::SortMenu(PageHeader &header, KWTaskListService &service, OrvaneKit &kit)
-    : m_header(header), m_service(service), m_kit(kit)
+SortMenu::SortMenu(PageHeader &header, KWTaskListService &service) : m_header(header), m_service(service)
 {
     connect(&m_header, &PageHeader::sortMenuRequested, this, &SortMenu::open);
 }
@@ -43,22 +40,19 @@ void SortMenu::addSortTypes(QMenu &menu)
         action->setCheckable(true);
         action->setChecked(each == offered.selectedType);
     }
+    if (const auto reset = offered.resetTitle()) {
+        menu.addSeparator();
+        menu.addAction(*reset, this, [this] { report(m_service.resetManualOrder()); });
+    }
 }
 
 void SortMenu::addCompleted(QMenu &menu)
 {
-    const KWListDisplayConfigurationManager configurations{m_kit.manager(), m_kit.center(),
-                                                           m_kit.account().currentUserID()};
     QAction *action = menu.addAction(tr("Show Completed"));
     action->setCheckable(true);
-    action->setChecked(configurations.configuration(m_service.list()).showsCompleted);
-    connect(action, &QAction::triggered, this, [this](bool shows) {
-        KWListDisplayConfigurationManager manager{m_kit.manager(), m_kit.center(),
-                                                  m_kit.account().currentUserID()};
-        KWListDisplayConfigurationModel configuration = manager.configuration(m_service.list());
-        configuration.showsCompleted = shows;
-        report(manager.save(configuration));
-    });
+    action->setChecked(m_service.showsCompleted());
+    connect(action, &QAction::triggered, this,
+            [this](bool shows) { report(m_service.setShowsCompleted(shows)); });
 }
 
 void SortMenu::report(const Result<void> &done)

@@ -4,7 +4,6 @@
 
 #include <QObject>
 
-class OrvaneKit;
 class PageHeader;
 class QMenu;
 
@@ -15,7 +14,7 @@ class SortMenu : public QObject {
 
 public:
     /// All outlive it.
-    SortMenu(PageHeader &header, KWTaskListService &service, OrvaneKit &kit);
+    SortMenu(PageHeader &header, KWTaskListService &service);
 
     /// To be called when the list or its rows are other ones.
     void show();
@@ -31,5 +30,4 @@ private:
 
     PageHeader &m_header;
     KWTaskListService &m_service;
-    OrvaneKit &m_kit;
 };

@@ -63,8 +63,11 @@ Q_SIGNALS:
     void sectionMenuAboutToShow(QMenu &menu, const TaskListRow &section);
     void moreRequested();
 
-    /// The place is allowed, or the drop was made all the same: say why it is refused.
+    /// Also where the drop is to be refused with a sentence.
     void dropped(const QStringList &taskIDs, const TaskDropPlace &place);
+    /// Below the task above; out of the task that they are below.
+    void nestRequested(const QStringList &taskIDs);
+    void unnestRequested(const QStringList &taskIDs);
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -91,6 +94,7 @@ private:
     bool handleKey(const QKeyEvent &event);
     bool foldByKey(Qt::Key key, const QModelIndex &current);
     bool moveByKey(const QKeyEvent &event);
+    void step(const QStringList &moving, KeyMove move);
     void activate(const QModelIndex &index);
     void toggle(const QStringList &sids);
     struct Spot {

@@ -93,15 +93,30 @@ bool TaskListView::foldByKey(Qt::Key key, const QModelIndex &current)
 
 bool TaskListView::moveByKey(const QKeyEvent &event)
 {
-    std::optional<KeyMove> move;
-    if (event.modifiers() == Qt::AltModifier && event.key() == Qt::Key_Up) move = KeyMove::Up;
-    if (event.modifiers() == Qt::AltModifier && event.key() == Qt::Key_Down) move = KeyMove::Down;
-    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_BracketRight) move = KeyMove::In;
-    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_BracketLeft) move = KeyMove::Out;
-    if (!move || !m_hindrance) return false;
     const QStringList moving = selectedTasks();
-    if (const auto place = placeByKey(m_model.rows(), moving, *move)) Q_EMIT dropped(moving, *place);
-    return true;
+    if (moving.isEmpty() || !m_hindrance) return false;
+    switch (event.keyCombination().toCombined()) {
+    case (Qt::ALT | Qt::Key_Up).toCombined():
+        step(moving, KeyMove::Up);
+        return true;
+    case (Qt::ALT | Qt::Key_Down).toCombined():
+        step(moving, KeyMove::Down);
+        return true;
+    case (Qt::CTRL | Qt::Key_BracketRight).toCombined():
+        Q_EMIT nestRequested(moving);
+        return true;
+    case (Qt::CTRL | Qt::Key_BracketLeft).toCombined():
+        Q_EMIT unnestRequested(moving);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TaskListView::step(const QStringList &moving, KeyMove move)
+{
+    if (const auto place = placeByKey(m_model.rows(), moving, move)) Q_EMIT dropped(moving, *place);
+    scrollTo(currentIndex());
 }
 
 TaskListView::Spot TaskListView::spotAt(const QPoint &position) const
