@@ -45,4 +45,5 @@ enum class MenuCommand {
     ShowPopover,
     ShowShortcuts,
     SendDiagnostics,
+    ExportList,
 };

@@ -22,6 +22,7 @@ constexpr MenuEntry entries[] = {
 
     {AddTask, File, "addTask", "Add Task", "Ctrl+N"},
     {Print, File, "print", "Print…", "Ctrl+P", SignedInUser},
+    {ExportList, File, "exportList", "Export List…", "Ctrl+Shift+E"},
     {CloseWindow, File, "closeWindow", "Close Window", "Ctrl+W", Nothing, group},
 
     {Undo, Edit, "undo", "Undo", "Ctrl+Z"},

