@@ -6,6 +6,8 @@
 #include "model/settings/KWListDisplayConfigurationManager.h"
 #include "model/store/TaskPositions.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,14 +51,38 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
             const bool isOfList = notification.userInfo.value(u"listID"_s) == m_list.userDefaultEncode();
             if (isOfList && !m_savesFolding) reload();
         }));
-    m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        using enum RecordKind;
-        for (const RecordKind each :
-             {Task, ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment, FocusSummary, Teamworker,
-              Filter, TaskDueDateSortOrder, TaskPrioritySortOrder, TaskProjectSortOrder, TaskTagSortOrder,
-              TaskPinnedSortOrder})
-            if (change.touches(each)) return reload();
+    m_registration = bus.registerEventBus([this](const StoreChange &change) { take(change); });
+}
+
+void KWTaskListService::take(const StoreChange &change)
+{
+    using enum RecordKind;
+    const auto touches = [&change](std::initializer_list<RecordKind> kinds) {
+        return std::ranges::any_of(kinds, [&change](RecordKind each) { return change.touches(each); });
+    };
+    if (touches({ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment, FocusSummary, Teamworker,
+                 Filter}))
+        return reload();
+    if (!touches({Task, TaskDueDateSortOrder, TaskPrioritySortOrder, TaskProjectSortOrder, TaskTagSortOrder,
+                  TaskPinnedSortOrder}))
+        return;
+    const StoreChange::Ids &tasks = change.of(Task);
+    if (!readAgain(tasks.inserted + tasks.updated + tasks.deleted)) reload();
+}
+
+// Whether the list is true again, with nothing read but these tasks.
+bool KWTaskListService::readAgain(const QStringList &taskIDs)
+{
+    constexpr int few = 100;
+    const bool isKnown = !m_showsOtherList && !m_isReading && m_content.isWhole && shown().isSortable;
+    if (!isKnown || taskIDs.size() > few || m_content.rows.size() <= topRows) return false;
+    ListContent content = m_content;
+    const Result<void> read = KWCoreDataService{m_manager}.sync_perform([&](ObjectContext &context) {
+        return content.readAgain(taskIDs, m_account.currentUserID(), extent(-1), context);
     });
+    if (!read) return false;
+    show(content, content.sections(m_pendingDeletes.taskIDs()));
+    return true;
 }
 
 QList<KWTaskListItemModel> KWTaskListService::rows() const
@@ -165,6 +191,7 @@ void KWTaskListService::clear()
 void KWTaskListService::reload()
 {
     m_request = std::make_shared<Request>();
+    m_isReading = false;
     if (!m_account.isSignedIn() || m_list.entityID.isEmpty()) return;
     // A long list that is shown already is replaced whole, so that it never shrinks meanwhile.
     const bool isLongList = !m_showsOtherList && m_content.rows.size() > topRows;
@@ -180,6 +207,8 @@ bool KWTaskListService::readTop()
         return content ? Result<void>{} : content.error();
     });
     tell(read);
+    // What the list selected before has is not shown in the place of this one's.
+    if (!read && m_showsOtherList) show({.shown = {.list = m_list}}, {});
     if (!read) return false;
     const bool isWhole = content->isWhole;
     if (content->hasTop) {
@@ -204,9 +233,11 @@ void KWTaskListService::readAll()
         answer->content = std::move(*content);
         return {};
     };
+    m_isReading = true;
     KWCoreDataService{m_manager}.async_perform(
         read, [this, answer, waiting = std::weak_ptr{m_request}](const Result<void> &done) {
             if (waiting.expired()) return;
+            m_isReading = false;
             tell(done);
             if (done) show(std::move(answer->content), std::move(answer->sections));
         });

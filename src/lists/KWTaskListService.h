@@ -61,6 +61,8 @@ private:
     struct Request {};
 
     ListExtent extent(std::int64_t openTasks) const { return {openTasks, m_countToShowOfCompleted}; }
+    void take(const StoreChange &change);
+    bool readAgain(const QStringList &taskIDs);
     bool readTop();
     void readAll();
     void show(ListContent content, ListContent::Sections sections);
@@ -78,6 +80,7 @@ private:
     int m_countToShowOfCompleted = 0;
     PendingDeletes m_pendingDeletes;
     bool m_showsOtherList = false;      // the sections are still those of the list selected before
+    bool m_isReading = false;           // the whole list, in the background
     bool m_savesFolding = false;        // what is announced then is known here
     std::shared_ptr<Request> m_request; // the latest; an answer to another one is dropped
     std::vector<KWNotificationCenter::Observation> m_observations;

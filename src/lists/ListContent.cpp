@@ -5,6 +5,12 @@
 
 #include <algorithm>
 
+namespace {
+
+using Row = KWTaskListItemModel;
+
+} // namespace
+
 Result<ListContent> ListContent::read(const KWListIdentifier &list, const QString &userID,
                                       const ListExtent &extent, ObjectContext &context)
 {
@@ -35,6 +41,29 @@ Result<void> ListContent::readOpenTasks(const KWListDataFetcher &fetcher, const 
     isWhole = request.limit < 0 || rows.size() < request.limit;
     hasTop = isWhole || ListDataRequest::isTopFound(shown.sortType());
     return isWhole ? Result<void>{} : readPinnedTasks(fetcher, request, connection);
+}
+
+Result<void> ListContent::readAgain(const QStringList &taskIDs, const QString &userID,
+                                    const ListExtent &extent, ObjectContext &context)
+{
+    const KWListDataFetcher fetcher{context.clock()};
+    const QSet<QString> changed{taskIDs.begin(), taskIDs.end()};
+    ListDataRequest request{.userID = userID, .selection = shown.list};
+    request.condition.taskIDs = taskIDs;
+    for (const Row &each : std::as_const(rows)) // the parent says in which order they stand
+        if (!each.parentId.isEmpty() && changed.contains(each.parentId))
+            request.condition.taskIDs.append(each.sid);
+    const QSet<QString> read{request.condition.taskIDs.begin(), request.condition.taskIDs.end()};
+    rows.removeIf([&read](const Row &each) { return each.isClosed() || read.contains(each.sid); });
+    if (!read.isEmpty()) {
+        const auto open = fetcher.reloadDataModel(request, context.connection());
+        if (!open) return open.error();
+        rows += *open;
+    }
+    if (const Result<void> positions = shown.readPositions(context.connection()); !positions)
+        return positions;
+    if (!shown.showsCompleted) return {};
+    return readCompletedTasks(fetcher, {userID, shown.list, extent.closedTasks}, context.connection());
 }
 
 // They stand in front of all others.

@@ -27,6 +27,11 @@ struct ListContent {
     static Result<ListContent> read(const KWListIdentifier &list, const QString &userID,
                                     const ListExtent &extent, ObjectContext &context);
 
+    /// Reads these tasks, the positions and the closed tasks again, on the thread of the context. Only where
+    /// isWhole, and not of Completed, Abandoned and the trash.
+    Result<void> readAgain(const QStringList &taskIDs, const QString &userID, const ListExtent &extent,
+                           ObjectContext &context);
+
     struct Sections {
         QList<KWTaskCategory> categories{};
         ManualOrders manualOrders{};

@@ -63,8 +63,11 @@ public:
                 menu.selectedType = (*tag)->sortType;
             break;
         case KWListIdentifierType::Filter:
-            if (const KWFilter *filter = m_context.find<KWFilter>(id))
+            if (const KWFilter *filter = m_context.find<KWFilter>(id)) {
+                const Result<CXSmartFilter> read = filter->parsedSmartFilter();
+                menu.isNoteKindFilter = read && read->isNoteKind();
                 menu.selectedType = (*filter)->sortType;
+            }
             break;
         case KWListIdentifierType::SmartProject:
             menu.selectedType = KWSmartProject::sortTypeWithSmartProjectID(id, m_userID, m_context);
@@ -228,14 +231,17 @@ Result<ShownList> ShownList::read(const KWListIdentifier &list, const QString &u
         shown.menu.selectedType = types.first();
     shown.groups = records.groups(shown.sortType());
     if (const Result<void> read = context.readResult(); !read) return read.error();
+    if (const Result<void> read = shown.readPositions(context.connection()); !read) return read.error();
+    return shown;
+}
+
+Result<void> ShownList::readPositions(Connection &connection)
+{
     try {
-        const auto positions = [&](KWTaskSortType sortType) {
-            return ManualPositions::read(shown.positionContext(), sortType, context.connection());
-        };
-        shown.positions = positions(shown.sortType());
-        shown.pinnedPositions = positions(KWTaskSortTypePinnedDate);
+        positions = ManualPositions::read(positionContext(), sortType(), connection);
+        pinnedPositions = ManualPositions::read(positionContext(), KWTaskSortTypePinnedDate, connection);
+        return {};
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
-    return shown;
 }

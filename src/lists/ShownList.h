@@ -44,5 +44,8 @@ struct ShownList {
     static Result<ShownList> read(const KWListIdentifier &list, const QString &userID,
                                   ObjectContext &context);
 
+    /// The manual positions alone, again.
+    Result<void> readPositions(Connection &connection);
+
     bool operator==(const ShownList &) const = default;
 };

@@ -204,7 +204,7 @@ private Q_SLOTS:
         QVERIFY(m_window->failures.size() == 1 && m_window->failures.first().endsWith(u'.'));
         m_store->context().connection().execute("ALTER TABLE lost RENAME TO checklistItems");
         tasks().reload();
-        QCOMPARE(lengths(), Lengths({0, 0}));
+        QCOMPARE(lengths(), Lengths({0, 0, 0}));
     }
 
     void isEmptyAfterSigningOut()

@@ -1,0 +1,149 @@
+// The shown list with 10,000 open tasks of 100,000: until its first rows are there, until all of it is read
+// and cut into sections, and after one task was changed elsewhere.
+
+#include "corvexkit/time/SystemClock.h"
+#include "lists/KWTaskListService.h"
+#include "model/OrvaneKit.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int storedTasks = 100'000;
+constexpr int longList = 10'000;
+
+struct Home {
+    QTemporaryDir folder;
+    SystemClock clock{CXTimeZone::utc()};
+    std::unique_ptr<OrvaneKit> kit;
+    std::unique_ptr<ObjectContext> elsewhere; // what it saves is told to nobody
+    KWListIdentifier list;
+    QString task;
+
+    Home()
+    {
+        kit = OrvaneKit::open(DataFolders::locate(folder.path()), clock).kit;
+        if (!kit || !kit->account().openLocalAccount(QLocale::c())) std::abort();
+        kit->account().refreshCurrentUser();
+        const auto filled = KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) {
+            fill(context);
+            return Result<void>{};
+        });
+        auto context = kit->store().makeContext();
+        if (!filled || !context || !kit->account().isSignedIn()) std::abort();
+        elsewhere = std::move(*context);
+    }
+
+    void fill(ObjectContext &context)
+    {
+        const QString user = kit->account().currentUserID();
+        list = KWListIdentifier::project(KWProject::createProjectNamed(u"Long"_s, user, context).sid());
+        const QString other = KWProject::createProjectNamed(u"Other"_s, user, context).sid();
+        for (int i = 0; i < storedTasks; ++i) {
+            KWTaskModel model;
+            model.userID = user;
+            model.title = u"Call the venue about chair number %1"_s.arg(i * 7919 % storedTasks);
+            if (i % 3) model.startDate = clock.now() + std::chrono::hours{24} * (i % 60 - 5);
+            model.priority = KWTaskPriorities[std::size_t(i) % 4];
+            model.sortOrder = -i * KWSortOrderStep;
+            model.projectID = i < longList ? list.entityID : other;
+            if (i >= 2 * longList) {
+                model.status = KWTaskStatusCompleted;
+                model.completionDate = clock.now() - std::chrono::minutes{i};
+            }
+            const QString id = context.insert<KWTask>(std::move(model)).sid();
+            if (i == longList / 2) task = id;
+        }
+    }
+};
+
+Home &home()
+{
+    static int arguments = 0;
+    static QCoreApplication application{arguments, nullptr};
+    static Home home;
+    return home;
+}
+
+std::unique_ptr<KWTaskListService> makeService()
+{
+    OrvaneKit &kit = *home().kit;
+    return std::make_unique<KWTaskListService>(kit.manager(), kit.account(), kit.center(), kit.bus());
+}
+
+void waitForAll(const KWTaskListService &service)
+{
+    while (service.rows().size() < longList)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void sortBy(KWTaskSortType sortType)
+{
+    auto service = makeService();
+    service->select(home().list);
+    if (!service->setSortType(sortType)) std::abort();
+}
+
+// The sort types, by the number of the benchmark's argument.
+void everySortType(benchmark::internal::Benchmark *benchmark)
+{
+    for (const KWTaskSortType each : {KWTaskSortTypeCustom, KWTaskSortTypeDate, KWTaskSortTypePriority,
+                                      KWTaskSortTypeTitle, KWTaskSortTypeTag})
+        benchmark->Arg(each);
+}
+
+void selectALongList(benchmark::State &state)
+{
+    sortBy(KWTaskSortType(state.range()));
+    for (auto _ : state) {
+        auto service = makeService();
+        service->select(home().list);
+        benchmark::DoNotOptimize(service->categories());
+        state.PauseTiming();
+        waitForAll(*service);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(selectALongList)->Apply(everySortType)->Unit(benchmark::kMillisecond);
+
+void readAllOfALongList(benchmark::State &state)
+{
+    sortBy(KWTaskSortType(state.range()));
+    for (auto _ : state) {
+        auto service = makeService();
+        service->select(home().list);
+        waitForAll(*service);
+    }
+}
+BENCHMARK(readAllOfALongList)->Apply(everySortType)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void takeOneTaskChangedElsewhere(benchmark::State &state)
+{
+    sortBy(KWTaskSortType(state.range()));
+    auto service = makeService();
+    service->select(home().list);
+    waitForAll(*service);
+    StoreChange change;
+    change.of(RecordKind::Task).updated = {home().task};
+    int number = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        home().elsewhere->find<KWTask>(home().task)->set(&KWTaskModel::title, QString::number(++number));
+        if (!home().elsewhere->save()) state.SkipWithError("not saved");
+        state.ResumeTiming();
+        home().kit->bus().post(change);
+    }
+}
+BENCHMARK(takeOneTaskChangedElsewhere)->Apply(everySortType)->Unit(benchmark::kMillisecond);
+
+} // namespace
