@@ -46,4 +46,5 @@ enum class MenuCommand {
     ShowShortcuts,
     SendDiagnostics,
     ExportList,
+    NewFilter,
 };

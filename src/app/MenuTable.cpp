@@ -21,6 +21,7 @@ constexpr MenuEntry entries[] = {
     {Quit, Application, "quit", "Quit %@", "Ctrl+Q", Nothing},
 
     {AddTask, File, "addTask", "Add Task", "Ctrl+N"},
+    {NewFilter, File, "newFilter", "New Filter…", ""},
     {Print, File, "print", "Print…", "Ctrl+P", SignedInUser},
     {ExportList, File, "exportList", "Export List…", "Ctrl+Shift+E"},
     {CloseWindow, File, "closeWindow", "Close Window", "Ctrl+W", Nothing, group},

@@ -4,16 +4,18 @@
 #include "model/OrvaneKit.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/filtereditor/FilterEditorController.h"
 #include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
 #include "views/main/MainWindowCommands.h"
+#include "views/menu/MainMenu.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarController.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/taskdetail/TaskDetailView.h"
-#include "views/tasklist/BatchActions.h"
 #include "views/tasklist/ArrangeController.h"
+#include "views/tasklist/BatchActions.h"
 #include "views/tasklist/SectionController.h"
 #include "views/tasklist/SortMenu.h"
 #include "views/tasklist/TaskListController.h"
@@ -47,6 +49,7 @@ struct MainWindowController::Content {
         , sections{{window.listPane(), rooms.tasks, addField, actions, rooms.clock}}
         , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
         , detail{window.detail(), rooms.kit}
+        , filters{rooms.kit, window}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
         , commands{{rooms.menu, window, actions, rooms.sidebar, editor, rooms.kit.account(), rooms.clock}}
     {
@@ -64,6 +67,7 @@ struct MainWindowController::Content {
     SectionController sections;
     TrashController trash;
     TaskDetailController detail;
+    FilterEditorController filters;
     TaskWhereabouts whereabouts;
     MainWindowCommands commands;
 };
@@ -107,6 +111,8 @@ bool MainWindowController::isUndoHeld(Offer offer) const
     return m_content && m_content->window.isUndoHeld(offer);
 }
 
+void MainWindowController::editFilter(const QString &filterID) { m_content->filters.edit(filterID); }
+
 void MainWindowController::select(const KWListIdentifier &list) { m_rooms.sidebar.select(list); }
 
 void MainWindowController::showList(const KWListIdentifier &list)
@@ -135,9 +141,19 @@ void MainWindowController::make()
     m_content = std::make_unique<Content>(m_rooms);
     m_content->window.setMenu(m_rooms.menu);
     connectColumns();
+    connectFilters();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
     m_content->window.listPane().addField().setFocus();
+}
+
+void MainWindowController::connectFilters()
+{
+    FilterEditorController &filters = m_content->filters;
+    m_rooms.menu.handle(MenuCommand::NewFilter, filters, [this] { editFilter({}); });
+    connect(&filters, &FilterEditorController::made, this, &MainWindowController::showList);
+    connect(&filters, &FilterEditorController::removed, &m_content->window, &MainWindow::showUndo);
+    connect(&filters, &FilterEditorController::failed, &m_content->window, &MainWindow::showMessage);
 }
 
 void MainWindowController::connectColumns()

@@ -50,6 +50,8 @@ public:
     void showTask(const QString &taskID, const KWListIdentifier &list) override;
     void showMessage(const QString &sentence) override;
 
+    /// Opens the window of the filter; an empty id makes a new one.
+    void editFilter(const QString &filterID);
     /// Shows the list, for pictures.
     void select(const KWListIdentifier &list);
 
@@ -58,6 +60,7 @@ private:
 
     void make();
     void connectColumns();
+    void connectFilters();
     void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
     void showAdded(const QString &taskID);
 
