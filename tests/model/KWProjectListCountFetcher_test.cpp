@@ -4,10 +4,12 @@
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
+#include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWUser.h"
 #include "model/store/KWFilterService.h"
 #include "model/store/KWListDataFetcher.h"
+#include "model/store/KWTagService.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -29,8 +31,9 @@ class KWProjectListCountFetcher_test : public QObject {
 
     QList<KWListIdentifier> sidebar() const
     {
-        QList<KWListIdentifier> all{KWListIdentifier::group(u"folder"_s), KWListIdentifier::tag(u"t0"_s),
-                                    KWListIdentifier::tag(u"t1"_s)};
+        QList<KWListIdentifier> all{KWListIdentifier::group(u"folder"_s)};
+        for (const QString &each : {u"t0"_s, u"t1"_s, u"parent"_s})
+            all << KWListIdentifier::tag(each);
         for (const auto *each : KWSmartProject::configurable().first(5)) // those that have a number
             all << KWListIdentifier::smartProject(each->identifier());
         for (const QString &each : m_lists)
@@ -50,7 +53,8 @@ class KWProjectListCountFetcher_test : public QObject {
         const int what = roll(12);
         if (what == 0) task.set(&KWTaskModel::projectID, m_lists.at(roll(int(m_lists.size()))));
         if (what == 1)
-            task.set(&KWTaskModel::tags, roll(2) ? QStringList{u"t0"_s} : QStringList{u"t0"_s, u"t1"_s});
+            task.set(&KWTaskModel::tags,
+                     QStringList{u"t0"_s, u"t1"_s, u"parent"_s}.mid(roll(3), 1 + roll(3)));
         if (what == 2) task.set(&KWTaskModel::startDate, roll(4) ? std::optional{someDate()} : std::nullopt);
         if (what == 3) task.set(&KWTaskModel::endDate, roll(2) ? std::optional{someDate()} : std::nullopt);
         if (what == 4) task.updateStatus(statuses[roll(3)]);
@@ -79,6 +83,9 @@ class KWProjectListCountFetcher_test : public QObject {
         saved(m_store, [this](ObjectContext &context) {
             if (roll(4) == 0) change(*context.find<KWProject>(m_lists.at(roll(int(m_lists.size())))));
             if (roll(20) == 0)
+                KWTag::findTagNamed(u"t0"_s, m_store.userID(), context)
+                    ->set(&KWTagModel::parent, roll(2) ? u"parent"_s : QString{});
+            if (roll(20) == 0)
                 context.find<KWFilter>(m_filters.first())->set(&KWFilterModel::isDeleted, roll(2) == 0);
             if (roll(20) == 0)
                 context.find<KWUser>(m_store.userID())->set(&KWUserModel::userServerID, roll(2));
@@ -103,6 +110,9 @@ private Q_SLOTS:
         setSaved<KWProject>(m_store, m_lists[2], &KWProjectModel::showsInSmartList, false);
         setSaved<KWProject>(m_store, m_lists[3], &KWProjectModel::closed, true);
         m_tasks << aTask("First").savedIn(m_store);
+        KWTagService tags{m_store.kit().manager(), m_store.userID()};
+        for (const QString &each : {u"parent"_s, u"t0"_s, u"t1"_s})
+            QVERIFY(tags.create({each}) && (each == u"parent" || tags.setParent(each, u"parent"_s)));
         KWFilterService filters{m_store.kit().manager(), m_store.userID()};
         for (const CaseRow &each : readCases("filters/counted.txt", 1)) {
             const QString rule = each.cells[0].arg(m_lists[0], m_lists[1]);
@@ -127,7 +137,7 @@ private Q_SLOTS:
         }
         const auto completed = KWSmartProject::completed().identifier();
         QVERIFY(!counts.countCached(KWListIdentifier::smartProject(completed)));
-        const auto tag = KWListIdentifier::tag(u"t0"_s);
+        const auto tag = KWListIdentifier::tag(u"parent"_s);
         QCOMPARE(KWProjectListCountFetcher::countForTag(tag.entityID, m_store.userID(), m_store.context()),
                  *counts.countCached(tag));
     }

@@ -3,6 +3,7 @@
 #include "corvexkit/log/CXLog.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWTask.h"
+#include "model/store/KWListDataFetcher.h"
 
 namespace {
 
@@ -26,11 +27,8 @@ std::optional<int> KWProjectListCountFetcher::countCached(const KWListIdentifier
 int KWProjectListCountFetcher::countForTag(const QString &tagName, const QString &userID,
                                            ObjectContext &context)
 {
-    return int(context.number("SELECT count(*) FROM taskTags g CROSS JOIN tasks t ON t.id = g.task WHERE "
-                              "g.name = ? AND t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0 AND "
-                              "t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND isDeleted = 0 "
-                              "AND closed = 0)",
-                              {tagName, userID}));
+    const KWListDataFetcher fetcher{context.clock()};
+    return fetcher.count({userID, KWListIdentifier::tag(tagName)}, context.connection()).valueOr(0);
 }
 
 void KWProjectListCountFetcher::clear()
@@ -53,8 +51,9 @@ void KWProjectListCountFetcher::updateCountCache(const QString &userID)
 void KWProjectListCountFetcher::take(const StoreChange &change)
 {
     if (m_userID.isEmpty()) return;
-    const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::User) ||
-                               change.touches(RecordKind::Filter) || change.touches(RecordKind::UserSettings);
+    const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::Tag) ||
+                               change.touches(RecordKind::User) || change.touches(RecordKind::Filter) ||
+                               change.touches(RecordKind::UserSettings);
     if (change.taskMoves.isEmpty() && !placesChanged) return;
     // A count under way may or may not have seen this save, and one that is done may have seen a late one.
     if (m_isCounting || change.isLate) m_isWanted = true;

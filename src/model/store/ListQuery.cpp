@@ -33,6 +33,11 @@ constexpr const char *hasWords = "t.id IN (SELECT rowid FROM taskSearch WHERE ta
 // The same, but never what the planner begins with.
 constexpr const char *hasWordsOnTheWay = "+t.id IN (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ?)";
 constexpr const char *hasTag = "t.id IN (SELECT task FROM taskTags WHERE name = ?)";
+// Or one of its child tags.
+constexpr const char *hasTagOrChild =
+    "t.id IN (SELECT task FROM taskTags WHERE name = ? UNION SELECT g.task FROM tags c CROSS JOIN taskTags g "
+    "ON "
+    "g.name = c.name WHERE c.parent = ? AND c.userID = ? AND c.isDeleted = 0)";
 
 // As openTasksInOrder stands, so that the top of a list is read without sorting all of it.
 constexpr const char *byDate = "t.startDate NULLS LAST, t.priority DESC, t.sortOrder, t.id";
@@ -148,7 +153,7 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
         break;
     case KWListIdentifierType::Tag:
         query = ListQuery{anyTasks, isOpen, {}, byDate};
-        query->also(hasTag, {id}).also(inOpenLists, {request.userID});
+        query->also(hasTagOrChild, {id, id, request.userID}).also(inOpenLists, {request.userID});
         break;
     case KWListIdentifierType::SmartProject:
         query = ofSmartProject(request, clock);

@@ -74,6 +74,38 @@ void SidebarCounts::readTags(const QString &userID, Connection &connection)
     tags.bind(1, userID);
     while (tags->executeStep())
         m_tags.insert(valueAt<QString>(*tags, 0), valueAt<int>(*tags, 1));
+    readParentTags(userID, connection);
+}
+
+void SidebarCounts::readParentTags(const QString &userID, Connection &connection)
+{
+    auto children = connection.prepare(
+        "SELECT name, parent FROM tags WHERE userID = ? AND isDeleted = 0 AND parent NOT IN ('', name)");
+    children.bind(1, userID);
+    while (children->executeStep())
+        m_parentTags.insert(valueAt<QString>(*children, 0), valueAt<QString>(*children, 1));
+    if (m_parentTags.isEmpty()) return;
+    // Those that have the parent itself are counted already.
+    auto tasks = connection.prepare(
+        "SELECT c.parent, count(DISTINCT t.id) FROM tags c CROSS JOIN taskTags g ON g.name = c.name CROSS "
+        "JOIN "
+        "tasks t ON t.id = g.task WHERE c.userID = ? AND c.isDeleted = 0 AND c.parent NOT IN ('', c.name) "
+        "AND "
+        "t.status = 0 AND t.isDeleted = 0 AND t.isTrashed = 0 AND +t.projectID IN (SELECT sid FROM projects "
+        "WHERE userID = ? AND isDeleted = 0 AND closed = 0) AND NOT EXISTS (SELECT 1 FROM taskTags own WHERE "
+        "own.name = c.parent AND own.task = t.id) GROUP BY c.parent");
+    tasks.bind({userID, userID});
+    while (tasks->executeStep())
+        m_tags[valueAt<QString>(*tasks, 0)] += valueAt<int>(*tasks, 1);
+}
+
+QSet<QString> SidebarCounts::tagsCounting(const QStringList &tags) const
+{
+    QSet<QString> counting{tags.begin(), tags.end()};
+    for (const QString &each : tags)
+        if (const auto parent = m_parentTags.find(each); parent != m_parentTags.end())
+            counting.insert(*parent);
+    return counting;
 }
 
 void SidebarCounts::readFilters(const QString &userID, const CXClock &clock, Connection &connection)
@@ -153,7 +185,7 @@ void SidebarCounts::add(const TaskPlace &place, int number)
     list.tasks += number;
     if (!list.isOpen) return;
     m_groups[list.groupID] += number;
-    for (const QString &each : place.tags)
+    for (const QString &each : tagsCounting(place.tags))
         m_tags[each] += number;
     if (!m_filters.isEmpty()) {
         const CXFilteredItem item = StoredFilter::itemOf(place, list.groupID);

@@ -7,6 +7,7 @@
 #include "model/store/TaskPlace.h"
 
 #include <QHash>
+#include <QSet>
 
 class Connection;
 
@@ -45,6 +46,8 @@ private:
 
     void readLists(const QString &userID, Connection &connection);
     void readTags(const QString &userID, Connection &connection);
+    void readParentTags(const QString &userID, Connection &connection);
+    QSet<QString> tagsCounting(const QStringList &tags) const;
     void readFilters(const QString &userID, const CXClock &clock, Connection &connection);
     void readSmartLists(const QString &userID, Connection &connection);
     void add(const TaskPlace &place, int number);
@@ -52,6 +55,7 @@ private:
     QHash<QString, List> m_lists;
     QHash<QString, int> m_groups;
     QHash<QString, int> m_tags;
+    QHash<QString, QString> m_parentTags; // of child tags; a parent counts the tasks of its children, too
     QHash<QString, Filter> m_filters;
     CXSmartFilterFrame m_frame;
     Instant m_tomorrow{}; // the midnights that the days begin with
