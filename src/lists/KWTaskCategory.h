@@ -5,6 +5,8 @@
 #include "lists/ManualPositions.h"
 #include "model/store/KWTaskListItemModel.h"
 
+#include <utility>
+
 struct ShownList;
 
 /// A section of a list with its rows. A value.
@@ -41,6 +43,7 @@ public:
     /// In display order; a child stands behind its parent.
     const Rows &models() const { return m_models; }
     void setModels(Rows models) { m_models = std::move(models); }
+    Rows takeModels() { return std::exchange(m_models, {}); }
     /// Of its tasks, those included that are not loaded.
     int count() const { return int(m_models.size()) + m_unloadedCount; }
     void setUnloadedCount(int count) { m_unloadedCount = count; }

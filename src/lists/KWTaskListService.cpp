@@ -1,6 +1,7 @@
 #include "lists/KWTaskListService.h"
 
 #include "lists/ListSortType.h"
+#include "lists/SectionUpdate.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
@@ -76,12 +77,22 @@ bool KWTaskListService::readAgain(const QStringList &taskIDs)
     constexpr int few = 100;
     const bool isKnown = !m_showsOtherList && !m_isReading && m_content.isWhole && shown().isSortable;
     if (!isKnown || taskIDs.size() > few || m_content.rows.size() <= topRows) return false;
-    ListContent content = m_content;
+    Result<ListContent::Changes> changes{ListContent::Changes{}};
+    ListContent content = std::move(m_content);
     const Result<void> read = KWCoreDataService{m_manager}.sync_perform([&](ObjectContext &context) {
-        return content.readAgain(taskIDs, m_account.currentUserID(), extent(-1), context);
+        changes = content.readAgain(taskIDs, m_account.currentUserID(), extent(-1), context);
+        return changes ? Result<void>{} : changes.error();
     });
     if (!read) return false;
-    show(content, content.sections(m_pendingDeletes.taskIDs()));
+    const bool areAlone = !changes->areInClosedTasks && m_pendingDeletes.taskIDs().isEmpty();
+    if (areAlone && (changes->areNone ||
+                     putIntoSections(changes->rows, changes->tasks, content.shown, m_sections.categories))) {
+        m_content = std::move(content);
+        if (!changes->areNone && onRowsChanged) onRowsChanged();
+        return true;
+    }
+    ListContent::Sections sections = content.sections(m_pendingDeletes.taskIDs());
+    show(std::move(content), std::move(sections));
     return true;
 }
 

@@ -43,27 +43,44 @@ Result<void> ListContent::readOpenTasks(const KWListDataFetcher &fetcher, const 
     return isWhole ? Result<void>{} : readPinnedTasks(fetcher, request, connection);
 }
 
-Result<void> ListContent::readAgain(const QStringList &taskIDs, const QString &userID,
-                                    const ListExtent &extent, ObjectContext &context)
+Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, const QString &userID,
+                                                    const ListExtent &extent, ObjectContext &context)
 {
     const KWListDataFetcher fetcher{context.clock()};
-    const QSet<QString> changed{taskIDs.begin(), taskIDs.end()};
-    ListDataRequest request{.userID = userID, .selection = shown.list};
-    request.condition.taskIDs = taskIDs;
+    Changes changes{.tasks = {taskIDs.begin(), taskIDs.end()}};
     for (const Row &each : std::as_const(rows)) // the parent says in which order they stand
-        if (!each.parentId.isEmpty() && changed.contains(each.parentId))
-            request.condition.taskIDs.append(each.sid);
-    const QSet<QString> read{request.condition.taskIDs.begin(), request.condition.taskIDs.end()};
-    rows.removeIf([&read](const Row &each) { return each.isClosed() || read.contains(each.sid); });
-    if (!read.isEmpty()) {
-        const auto open = fetcher.reloadDataModel(request, context.connection());
+        if (!each.parentId.isEmpty() && taskIDs.contains(each.parentId)) changes.tasks.insert(each.sid);
+    if (!changes.tasks.isEmpty()) {
+        ListDataRequest request{.userID = userID, .selection = shown.list};
+        request.condition.taskIDs = changes.tasks.values();
+        auto open = fetcher.reloadDataModel(request, context.connection());
         if (!open) return open.error();
-        rows += *open;
+        changes.rows = std::move(*open);
     }
-    if (const Result<void> positions = shown.readPositions(context.connection()); !positions)
-        return positions;
-    if (!shown.showsCompleted) return {};
-    return readCompletedTasks(fetcher, {userID, shown.list, extent.closedTasks}, context.connection());
+    QList<Row> closedBefore;
+    QList<Row> openBefore;
+    rows.removeIf([&](const Row &each) {
+        if (each.isClosed())
+            closedBefore.append(each);
+        else if (changes.tasks.contains(each.sid))
+            openBefore.append(each);
+        else
+            return false;
+        return true;
+    });
+    rows += changes.rows;
+
+    const std::pair positionsBefore{shown.positions, shown.pinnedPositions};
+    const int countBefore = completedCount;
+    Result<void> read = shown.readPositions(context.connection());
+    const qsizetype openRows = rows.size();
+    if (read && shown.showsCompleted)
+        read = readCompletedTasks(fetcher, {userID, shown.list, extent.closedTasks}, context.connection());
+    if (!read) return read.error();
+    changes.areInClosedTasks = closedBefore != rows.sliced(openRows) || countBefore != completedCount ||
+                               positionsBefore != std::pair{shown.positions, shown.pinnedPositions};
+    changes.areNone = !changes.areInClosedTasks && openBefore == changes.rows;
+    return changes;
 }
 
 // They stand in front of all others.

@@ -27,10 +27,17 @@ struct ListContent {
     static Result<ListContent> read(const KWListIdentifier &list, const QString &userID,
                                     const ListExtent &extent, ObjectContext &context);
 
+    /// What readAgain() found.
+    struct Changes {
+        QSet<QString> tasks{};             ///< those that were looked for
+        QList<KWTaskListItemModel> rows{}; ///< of those that are in the list, open
+        bool areInClosedTasks = true;      ///< or in the positions
+        bool areNone = false;              ///< the list is as it was
+    };
     /// Reads these tasks, the positions and the closed tasks again, on the thread of the context. Only where
     /// isWhole, and not of Completed, Abandoned and the trash.
-    Result<void> readAgain(const QStringList &taskIDs, const QString &userID, const ListExtent &extent,
-                           ObjectContext &context);
+    Result<Changes> readAgain(const QStringList &taskIDs, const QString &userID, const ListExtent &extent,
+                              ObjectContext &context);
 
     struct Sections {
         QList<KWTaskCategory> categories{};

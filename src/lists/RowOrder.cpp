@@ -34,25 +34,20 @@ auto latestFirst(std::optional<Instant> Row::*moment)
     return [moment](const Row &row) { return std::tuple{latest(row.*moment), -row.rowID}; };
 }
 
-} // namespace
-
-RowOrder::RowOrder(KWTaskSortType sortType, const QLocale &locale) : m_sortType(sortType), m_locale(locale) {}
-
-void RowOrder::sort(Rows &rows, SectionPlace::Zone zone) const
+// Calls `use` with what rows of open tasks are put in order by; titles have a way of their own.
+template <class Use>
+void withKey(KWTaskSortType sortType, Use &&use)
 {
-    if (zone == SectionPlace::Zone::Completed) return sortBy(latestFirst(&Row::completionDate), rows);
-    if (zone == SectionPlace::Zone::Pinned) return sortBy(latestFirst(&Row::pinnedDate), rows);
-    switch (m_sortType) {
+    switch (sortType) {
     case KWTaskSortTypeCustom:
-        return sortBy([](const Row &row) { return std::tuple{row.sortOrder, row.rowID}; }, rows);
-    case KWTaskSortTypeTitle:
-        return sortByTitle(rows);
+        return use([](const Row &row) { return std::tuple{row.sortOrder, row.rowID}; });
     case KWTaskSortTypeCreatedTime:
-        return sortBy(latestFirst(&Row::createdTime), rows);
+        return use(latestFirst(&Row::createdTime));
     case KWTaskSortTypeModifiedTime:
-        return sortBy(latestFirst(&Row::modifiedTime), rows);
+        return use(latestFirst(&Row::modifiedTime));
     case KWTaskSortTypeCompletionDate:
-        return sortBy(latestFirst(&Row::completionDate), rows);
+        return use(latestFirst(&Row::completionDate));
+    case KWTaskSortTypeTitle:
     case KWTaskSortTypeDate:
     case KWTaskSortTypePriority:
     case KWTaskSortTypeProject:
@@ -61,14 +56,48 @@ void RowOrder::sort(Rows &rows, SectionPlace::Zone zone) const
     case KWTaskSortTypePinnedDate:
         break;
     }
-    sortBy(byTime, rows);
+    use(byTime);
+}
+
+QCollator collatorOf(const QLocale &locale)
+{
+    QCollator collator{locale};
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    collator.setNumericMode(true);
+    return collator;
+}
+
+} // namespace
+
+RowOrder::RowOrder(KWTaskSortType sortType, const QLocale &locale) : m_sortType(sortType), m_locale(locale) {}
+
+void RowOrder::sort(Rows &rows, SectionPlace::Zone zone) const
+{
+    if (zone == SectionPlace::Zone::Completed) return sortBy(latestFirst(&Row::completionDate), rows);
+    if (zone == SectionPlace::Zone::Pinned) return sortBy(latestFirst(&Row::pinnedDate), rows);
+    if (m_sortType == KWTaskSortTypeTitle) return sortByTitle(rows);
+    withKey(m_sortType, [&rows](auto key) { sortBy(key, rows); });
+}
+
+qsizetype RowOrder::placeOf(const Row &row, const QList<Row> &others) const
+{
+    qsizetype place = 0;
+    if (m_sortType == KWTaskSortTypeTitle) {
+        const QCollator collator = collatorOf(m_locale);
+        const auto isBefore = [&collator](const Row &one, const Row &other) {
+            const int order = collator.compare(one.title, other.title);
+            return order < 0 || (order == 0 && byTime(one) < byTime(other));
+        };
+        return std::ranges::lower_bound(others, row, isBefore) - others.begin();
+    }
+    withKey(m_sortType,
+            [&](auto key) { place = std::ranges::lower_bound(others, key(row), {}, key) - others.begin(); });
+    return place;
 }
 
 void RowOrder::sortByTitle(Rows &rows) const
 {
-    QCollator collator{m_locale};
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    collator.setNumericMode(true);
+    const QCollator collator = collatorOf(m_locale);
     struct Titled {
         QCollatorSortKey key;
         const Row *row;

@@ -16,6 +16,8 @@ public:
     RowOrder(KWTaskSortType sortType, const QLocale &locale);
 
     void sort(Rows &rows, SectionPlace::Zone zone) const;
+    /// Where a row of open tasks, none of them pinned, belongs among others that stand in this order.
+    qsizetype placeOf(const KWTaskListItemModel &row, const QList<KWTaskListItemModel> &others) const;
 
 private:
     void sortByTitle(Rows &rows) const;

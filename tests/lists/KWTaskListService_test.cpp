@@ -12,6 +12,8 @@
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
+#include <random>
+
 using namespace Qt::StringLiterals;
 
 class KWTaskListService_test : public QObject {
@@ -228,6 +230,52 @@ private Q_SLOTS:
         QCOMPARE(numbers(), u"[ 197] 197 [Completed 1] 1"_s);
         set("5", &KWTaskModel::projectID, m_home.entityID);
         QCOMPARE(numbers(), u"[ 198] 198 [Completed 1] 1"_s);
+    }
+
+    void keepsALongListAsIfItWereReadAnew_data()
+    {
+        QTest::addColumn<KWTaskSortType>("sortType");
+        for (const KWTaskSortType each : {KWTaskSortTypeCustom, KWTaskSortTypeDate, KWTaskSortTypePriority,
+                                          KWTaskSortTypeTitle, KWTaskSortTypeTag})
+            QTest::newRow(textOf(each).data()) << each;
+    }
+    void keepsALongListAsIfItWereReadAnew()
+    {
+        QFETCH(const KWTaskSortType, sortType);
+        std::mt19937 random{7};
+        const auto roll = [&random](int below) { return int(random() % unsigned(below)); };
+        saved(*m_store, [this](ObjectContext &context) {
+            KWTaskModel task = aTask("Task").in(m_home.entityID).model();
+            for (int i = 0; i < 150; ++i) {
+                task.sid = QString::number(i);
+                task.sortOrder = i * 5 % 7;
+                context.insert<KWTask>(task);
+            }
+        });
+        list().select(m_home);
+        QVERIFY(list().setSortType(sortType));
+        QTRY_COMPARE(list().rows().size(), 150);
+        for (int i = 0; i < 40; ++i) {
+            saved(*m_store, [&](ObjectContext &context) {
+                for (int k = roll(2); k >= 0; --k) {
+                    KWTask &task = *context.find<KWTask>(QString::number(roll(150)));
+                    const Instant today = m_store->clock.zone().startOfDay(m_store->clock.today());
+                    const int what = roll(8);
+                    if (what <= 1) task.set(&KWTaskModel::startDate, today + std::chrono::days{roll(4) - 1});
+                    if (what == 2) task.set(&KWTaskModel::priority, KWTaskPriorities[std::size_t(roll(4))]);
+                    if (what == 3) task.set(&KWTaskModel::title, u"Task %1"_s.arg(roll(20)));
+                    if (what == 4) task.set(&KWTaskModel::sortOrder, roll(9));
+                    if (what == 5)
+                        task.set(&KWTaskModel::pinnedDate, roll(2) ? std::optional{today} : std::nullopt);
+                    if (what == 6 && i > 20) task.set(&KWTaskModel::parentId, QString::number(roll(150)));
+                    if (what == 7) task.updateStatus(roll(2) ? KWTaskStatusCompleted : KWTaskStatusOpen);
+                }
+            });
+            KWTaskListService anew{m_store->kit().manager(), m_store->account(), m_store->kit().center(),
+                                   m_store->kit().bus()};
+            anew.select(m_home);
+            QTRY_VERIFY(anew.categories() == list().categories());
+        }
     }
 };
 
