@@ -28,6 +28,12 @@ void IconButton::setMirrored(bool isMirrored)
     update();
 }
 
+void IconButton::setColor(const QColor &color)
+{
+    m_color = color;
+    update();
+}
+
 QSize IconButton::sizeHint() const
 {
     return {Metrics::scaled(iconButtonSide), Metrics::scaled(iconButtonSide)};
@@ -44,5 +50,6 @@ void IconButton::paintEvent(QPaintEvent *)
         painter.translate(width(), 0);
         painter.scale(-1, 1);
     }
-    Icons::paint(painter, rect(), m_icon, Metrics::scaled(Metrics::icon), theme.secondaryText);
+    Icons::paint(painter, rect(), m_icon, Metrics::scaled(Metrics::icon),
+                 m_color.isValid() ? m_color : theme.secondaryText);
 }

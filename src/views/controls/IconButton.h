@@ -14,6 +14,9 @@ public:
     /// Draws the icon the other way round, left for right; right-to-left layouts turn it once more.
     void setMirrored(bool isMirrored);
 
+    /// Draws the icon in a colour of its own.
+    void setColor(const QColor &color);
+
     QSize sizeHint() const override;
 
 protected:
@@ -22,4 +25,5 @@ protected:
 private:
     const Icon m_icon;
     bool m_isMirrored = false;
+    QColor m_color; // the theme's while it is none
 };
