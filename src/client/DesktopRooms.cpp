@@ -40,6 +40,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
     connectStatusItem();
     decideAtTheLastWindow();
+    QObject::connect(&m_mainWindow, &MainWindowController::linkRequested, &m_mainWindow,
+                     [this](const QString &link) { m_links.open(link); });
     QObject::connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, &m_mainWindow,
                      [&kit] { kit.center().post(KWThemeDidChangeNotification); });
 }

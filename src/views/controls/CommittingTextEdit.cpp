@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QUrl>
 
 #include <algorithm>
 #include <cmath>
@@ -182,7 +183,12 @@ void CommittingTextEdit::hideEvent(QHideEvent *event)
     QTextEdit::hideEvent(event);
 }
 
-bool CommittingTextEdit::canInsertFromMimeData(const QMimeData *source) const { return source->hasText(); }
+// A file is no text, even where the path comes along: who is below may take it.
+bool CommittingTextEdit::canInsertFromMimeData(const QMimeData *source) const
+{
+    const QList<QUrl> urls = source->urls();
+    return source->hasText() && std::ranges::none_of(urls, &QUrl::isLocalFile);
+}
 
 void CommittingTextEdit::insertFromMimeData(const QMimeData *source)
 {

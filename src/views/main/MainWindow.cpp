@@ -157,6 +157,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::showToast(const QString &message, const QString &action)
 {
+    m_failedWork = nullptr;
     m_toast->showMessage(message, action);
     endToastLater();
 }
@@ -167,6 +168,7 @@ void MainWindow::endToastLater()
         if (m_toast->actionButton().hasFocus()) return endToastLater();
         m_toastAction = {};
         m_undoOffer = 0;
+        m_failedWork = nullptr;
         m_toast->dismiss();
     });
 }
@@ -211,6 +213,20 @@ void MainWindow::showMessage(const QString &message)
     m_toastAction = {};
     m_undoOffer = 0;
     showToast(message, {});
+}
+
+void MainWindow::showFailure(const QString &sentence, const QObject &work)
+{
+    showMessage(sentence);
+    m_failedWork = &work;
+}
+
+void MainWindow::endFailure(const QObject &work)
+{
+    if (m_failedWork != &work) return;
+    m_failedWork = nullptr;
+    m_toastEnd.cancel();
+    m_toast->dismiss();
 }
 
 bool MainWindow::takeBack()

@@ -44,6 +44,9 @@ public:
     void endUndo(ToastPort::Offer offer);
     bool isUndoHeld(ToastPort::Offer offer) const;
     void showMessage(const QString &message);
+    /// Says why some work could not be done, until that work succeeds or as long as any message.
+    void showFailure(const QString &sentence, const QObject &work);
+    void endFailure(const QObject &work);
     /// Does what the message on show offers to take back; whether there is one.
     bool takeBack();
 
@@ -72,5 +75,6 @@ private:
     ToastPort::Offer m_undoOffer = 0; // of the message on show
     ToastPort::Offer m_lastOffer = 0;
     std::function<void()> m_toastAction;
+    const QObject *m_failedWork = nullptr; // of the failure on show; for comparing
     ClockCall m_toastEnd;
 };

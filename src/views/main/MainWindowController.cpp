@@ -48,7 +48,7 @@ struct MainWindowController::Content {
         , arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
         , sections{{window.listPane(), rooms.tasks, addField, actions, rooms.clock}}
         , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
-        , detail{window.detail(), rooms.kit}
+        , detail{window.detail(), rooms.kit, actions}
         , filters{rooms.kit, window}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
         , commands{{rooms.menu, window, actions, rooms.sidebar, editor, rooms.kit.account(), rooms.clock}}
@@ -174,8 +174,6 @@ void MainWindowController::connectColumns()
     connect(&list, &TaskListView::currentTaskChanged, &content.detail, &TaskDetailController::show);
     connect(&list, &TaskListView::opened, &window, &MainWindow::openDetail);
     connect(&content.addField, &AddFieldController::added, this, &MainWindowController::showAdded);
-    connect(&content.detail, &TaskDetailController::completionToggled, &content.actions,
-            [&content](const QString &taskID) { content.actions.tick({taskID}); });
     connect(&list, &TaskListView::completionToggled, &content.actions, &BatchActions::tick);
     connect(&list, &TaskListView::deletionRequested, this, [&content](const QStringList &taskIDs) {
         if (content.trash.isShown())
@@ -195,13 +193,35 @@ void MainWindowController::connectColumns()
     connect(&content.sortMenu, &SortMenu::failed, &window, &MainWindow::showMessage);
     connect(&content.trash, &TrashController::restored, &window, &MainWindow::showUndo);
     connect(&content.trash, &TrashController::failed, &window, &MainWindow::showMessage);
-    connect(&content.detail, &TaskDetailController::itemRemovalRequested, this,
+    connect(&content.tasks, &TaskListController::failed, &window, &MainWindow::showMessage);
+    connectFailures(content.addField, &AddFieldController::failed, &AddFieldController::added);
+    connectDetail();
+}
+
+template <class Work, class Failed, class Done>
+void MainWindowController::connectFailures(Work &work, Failed failed, Done done)
+{
+    MainWindow &window = m_content->window;
+    connect(&work, failed, &window,
+            [&window, &work](const QString &sentence) { window.showFailure(sentence, work); });
+    connect(&work, done, &window, [&window, &work] { window.endFailure(work); });
+}
+
+void MainWindowController::connectDetail()
+{
+    TaskDetailController &detail = m_content->detail;
+    connectFailures(detail, &TaskDetailController::failed, &TaskDetailController::saved);
+    connect(&detail, &TaskDetailController::changed, &m_content->window, &MainWindow::showUndo);
+    connect(&detail, &TaskDetailController::itemRemovalRequested, this,
             [this](const auto &remove, const auto &restore) {
                 m_rooms.deletes.deleteChecklistItemsWithCount(1, *this, remove, restore, [] {});
             });
-    connect(&content.tasks, &TaskListController::failed, &window, &MainWindow::showMessage);
-    connect(&content.addField, &AddFieldController::failed, &window, &MainWindow::showMessage);
-    connect(&content.detail, &TaskDetailController::failed, &window, &MainWindow::showMessage);
+    connect(&detail, &TaskDetailController::linkRequested, this, &MainWindowController::linkRequested);
+    connect(&detail, &TaskDetailController::taskRequested, this, [this](const QString &taskID) {
+        m_content->window.listPane().list().selectTask(taskID); // where it has a row
+        m_content->detail.show(taskID);
+        m_content->window.openDetail();
+    });
 }
 
 void MainWindowController::fillRowMenu(QMenu &menu, const QStringList &taskIDs)

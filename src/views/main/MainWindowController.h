@@ -55,12 +55,20 @@ public:
     /// Shows the list, for pictures.
     void select(const KWListIdentifier &list);
 
+Q_SIGNALS:
+    /// A link of the program in a text.
+    void linkRequested(const QString &link);
+
 private:
     struct Content;
 
     void make();
     void connectColumns();
     void connectFilters();
+    void connectDetail();
+    /// Says what `work` fails to do, until it succeeds.
+    template <class Work, class Failed, class Done>
+    void connectFailures(Work &work, Failed failed, Done done);
     void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
     void showAdded(const QString &taskID);
 

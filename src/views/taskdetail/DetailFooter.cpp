@@ -1,61 +1,158 @@
 #include "views/taskdetail/DetailFooter.h"
 
-#include "views/theme/Fonts.h"
+#include "model/settings/KWLocalizedString.h"
+#include "views/controls/FlowLayout.h"
+#include "views/controls/IconButton.h"
+#include "views/controls/TextButton.h"
+#include "views/taskdetail/ListButton.h"
+#include "views/taskdetail/TagField.h"
+#include "views/taskdetail/TagPill.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
+#include <QHBoxLayout>
+#include <QMenu>
 #include <QPainter>
-#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int detailFooterHeight = 48;
-}
 
-DetailFooter::DetailFooter(QWidget *parent) : QWidget(parent)
+constexpr int footerPadding = 9;
+constexpr int listOutset = 6;
+
+} // namespace
+
+DetailFooter::DetailFooter(QWidget *parent)
+    : QWidget(parent)
+    , m_facts(new FlowLayout)
+    , m_list(new ListButton{this})
+    , m_assignee(new TextButton{{}, TextButton::Opens::Menu, this})
+    , m_tagField(new TagField{this})
+    , m_more(new IconButton{Icon::More, KWLocalizedString("More"), this})
 {
     setObjectName(u"detailFooter"_s);
+    setAccessibleName(KWLocalizedString("List and tags"));
+    m_assignee->setObjectName(u"detailAssignee"_s);
+    m_more->setObjectName(u"detailMore"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    for (QWidget *each : {static_cast<QWidget *>(m_list), static_cast<QWidget *>(m_assignee),
+                          static_cast<QWidget *>(m_tagField)})
+        m_facts->addWidget(each);
+    m_facts->setSpacing(Metrics::grid + 2);
+    auto *layout = new QHBoxLayout{this};
+    layout->addLayout(m_facts, 1);
+    layout->addWidget(m_more, 0, Qt::AlignTop);
+    connect(m_list, &QAbstractButton::clicked, this,
+            [this] { Q_EMIT listRequested(m_list->mapToGlobal(QPoint{})); });
+    connect(m_assignee, &QAbstractButton::clicked, this, &DetailFooter::openAssignees);
+    connect(m_tagField, &TagField::entered, this, &DetailFooter::tagAdded);
+    connect(m_tagField, &TagField::backspacedAtStart, this, [this] {
+        if (!m_tags.isEmpty()) m_tags.last()->setFocus();
+    });
+    connect(m_more, &QAbstractButton::clicked, this, &DetailFooter::openMenu);
+    dress();
 }
 
-void DetailFooter::setContent(const QString &listName, const QString &listColor, const QStringList &tags)
+void DetailFooter::dress()
 {
-    m_listName = listName;
-    m_listColor = listColor;
-    m_tags = tags;
-    setAccessibleName((QStringList{listName} + tags).join(u", "_s));
-    update();
+    const int iconOutset = (m_more->sizeHint().width() - Metrics::scaled(Metrics::icon)) / 2;
+    QMargins margins{Metrics::sideMargin - listOutset, footerPadding, Metrics::sideMargin - iconOutset,
+                     footerPadding};
+    layout()->setContentsMargins(margins);
+    m_tagField->dress();
+    fitHeight();
 }
 
-QSize DetailFooter::sizeHint() const { return {Metrics::scaled(200), Metrics::scaled(detailFooterHeight)}; }
+void DetailFooter::setTask(const TaskDetailData &shown)
+{
+    m_list->setList(shown.listName, shown.listColor);
+    m_assignee->setVisible(!shown.members.isEmpty());
+    QString assignee = KWLocalizedString("Assign");
+    for (const TaskDetailData::Member &each : shown.members)
+        if (each.userServerID == shown.task.assignee) assignee = each.name;
+    m_assignee->setText(assignee);
+    m_assignee->setAccessibleName(KWLocalizedString("Assigned to: %1").arg(assignee));
+    if (shown.task.sid != m_shown.task.sid) m_tagField->clear();
+    setTags(shown);
+    m_shown = shown;
+    fitHeight();
+}
+
+void DetailFooter::setTags(const TaskDetailData &shown)
+{
+    m_tagField->setChoices(shown.tagChoices);
+    if (shown.task.tags == m_shown.task.tags && shown.tagLabels == m_shown.tagLabels) return;
+    const bool hadFocus = std::ranges::any_of(m_tags, &QWidget::hasFocus);
+    if (hadFocus) m_tagField->setFocus();
+    for (TagPill *each : std::as_const(m_tags)) {
+        m_facts->removeWidget(each);
+        each->hide();
+        each->deleteLater();
+    }
+    m_tags.clear();
+    QWidget *before = m_assignee;
+    for (const QString &name : shown.task.tags) {
+        auto *pill = new TagPill{name, shown.tagLabels.value(name, name), this};
+        connect(pill, &TagPill::removed, this, [this, name] { Q_EMIT tagRemoved(name); });
+        m_facts->insertWidget(m_facts->indexOf(m_tagField), pill);
+        setTabOrder(before, pill);
+        before = pill;
+        pill->show();
+        m_tags.append(pill);
+    }
+    setTabOrder(before, m_tagField);
+}
+
+void DetailFooter::clearTagField() { m_tagField->clear(); }
+
+void DetailFooter::openAssignees()
+{
+    auto *menu = new QMenu{this};
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [this, menu](const QString &name, std::int64_t userServerID) {
+        QAction *action = menu->addAction(name);
+        action->setCheckable(true);
+        action->setChecked(userServerID == m_shown.task.assignee);
+        connect(action, &QAction::triggered, this,
+                [this, userServerID] { Q_EMIT assigneeChosen(userServerID); });
+    };
+    add(KWLocalizedString("Nobody"), KWTaskAssignedToNobody);
+    for (const TaskDetailData::Member &each : std::as_const(m_shown.members))
+        add(each.name, each.userServerID);
+    menu->popup(m_assignee->mapToGlobal(QPoint{0, -menu->sizeHint().height()}));
+}
+
+void DetailFooter::openMenu()
+{
+    auto *menu = new QMenu{this};
+    menu->setObjectName(u"detailMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    Q_EMIT menuAboutToShow(*menu);
+    const QSize size = menu->sizeHint();
+    menu->popup(
+        m_more->mapToGlobal(QPoint{isRightToLeft() ? 0 : m_more->width() - size.width(), -size.height()}));
+}
+
+void DetailFooter::fitHeight()
+{
+    const QMargins margins = layout()->contentsMargins();
+    const int inner =
+        width() - margins.left() - margins.right() - m_more->sizeHint().width() - layout()->spacing();
+    m_facts->invalidate();
+    const int height = m_facts->heightForWidth(std::max(inner, 1)) + margins.top() + margins.bottom();
+    if (minimumHeight() != height) setFixedHeight(height);
+}
+
+void DetailFooter::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitHeight();
+}
 
 void DetailFooter::paintEvent(QPaintEvent *)
 {
-    const Theme &theme = Theme::current();
     QPainter painter{this};
-    const auto visual = [this](const QRect &bounds) {
-        return QStyle::visualRect(layoutDirection(), rect(), bounds);
-    };
-    const int right = width() - Metrics::sideMargin;
-    painter.fillRect(QRect{Metrics::sideMargin, 0, right - Metrics::sideMargin, 1}, theme.hairline);
-
-    int x = Metrics::sideMargin + 3;
-    const QRect dot = visual({x, 0, Metrics::dot, height()});
-    if (!m_listName.isEmpty()) Painting::dot(painter, QRectF{dot}.center(), m_listColor);
-    x += Metrics::dot + Metrics::gap;
-
-    painter.setPen(theme.secondaryText);
-    const int listWidth = std::min((right - x) / 2, Fonts::width(Fonts::Role::Secondary, m_listName));
-    Fonts::drawLine(painter, Fonts::Role::Secondary, visual({x, 0, listWidth, height()}), Qt::AlignLeft,
-                    m_listName);
-    x += listWidth + Metrics::gap - 2;
-
-    for (const QString &tag : std::as_const(m_tags)) {
-        const int tagWidth = Painting::pillWidth(tag);
-        if (x + tagWidth > right) break;
-        Painting::pill(painter, visual({x, 0, tagWidth, height()}), tag);
-        x += tagWidth + Metrics::grid + 2;
-    }
+    painter.fillRect(QRect{Metrics::sideMargin, 0, width() - 2 * Metrics::sideMargin, 1},
+                     Theme::current().hairline);
 }

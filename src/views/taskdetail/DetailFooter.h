@@ -1,24 +1,54 @@
 #pragma once
 
-#include <QStringList>
+#include "views/taskdetail/TaskDetailData.h"
+
 #include <QWidget>
 
-/// The bottom line of the detail: the list with its colour, and the tags.
+class FlowLayout;
+class IconButton;
+class ListButton;
+class TagField;
+class TagPill;
+class TextButton;
+class QMenu;
+
+/// The bottom of the detail: the list, who is assigned, the tags, and the menu of all that can be done with
+/// the task.
 class DetailFooter : public QWidget {
     Q_OBJECT
 
 public:
     explicit DetailFooter(QWidget *parent = nullptr);
 
-    void setContent(const QString &listName, const QString &listColor, const QStringList &tags);
+    void setTask(const TaskDetailData &shown);
+    void dress();
+    /// The tag that was handed over is saved.
+    void clearTagField();
 
-    QSize sizeHint() const override;
+Q_SIGNALS:
+    /// Another list is to be chosen, in a frame whose lower corner is there.
+    void listRequested(const QPoint &position);
+    void assigneeChosen(std::int64_t userServerID);
+    void tagAdded(const QString &label);
+    void tagRemoved(const QString &name);
+    /// The menu is to be filled; it opens then.
+    void menuAboutToShow(QMenu &menu);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
-    QString m_listName;
-    QString m_listColor;
-    QStringList m_tags;
+    void setTags(const TaskDetailData &shown);
+    void openAssignees();
+    void openMenu();
+    void fitHeight();
+
+    FlowLayout *m_facts;
+    ListButton *m_list;
+    TextButton *m_assignee;
+    TagField *m_tagField;
+    IconButton *m_more;
+    QList<TagPill *> m_tags;
+    TaskDetailData m_shown;
 };

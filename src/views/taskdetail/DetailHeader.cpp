@@ -1,32 +1,60 @@
 #include "views/taskdetail/DetailHeader.h"
 
+#include "model/records/PriorityNames.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/CheckBox.h"
-#include "views/tasklist/TaskDateColor.h"
-#include "views/theme/Fonts.h"
+#include "views/controls/IconButton.h"
+#include "views/taskdetail/DateButton.h"
+#include "views/tasklist/TaskDateText.h"
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
 
+#include <QHBoxLayout>
+#include <QMenu>
 #include <QPainter>
-#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int detailHeaderHeight = 46;
+constexpr int dateOutset = 6; // the words stand where the title of a row does, their background around them
 
 } // namespace
 
 DetailHeader::DetailHeader(CXClock &clock, QWidget *parent)
-    : QWidget(parent), m_clock(clock), m_checkBox(new CheckBox{this})
+    : QWidget(parent)
+    , m_clock(clock)
+    , m_checkBox(new CheckBox{this})
+    , m_date(new DateButton{this})
+    , m_priority(new IconButton{Icon::Flag, KWLocalizedString("Priority"), this})
 {
     setObjectName(u"detailHeader"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_checkBox->setObjectName(u"detailCheckbox"_s);
     m_checkBox->setAccessibleName(KWLocalizedString("Completed"));
+    m_priority->setObjectName(u"detailPriority"_s);
+    auto *layout = new QHBoxLayout{this};
+    layout->addWidget(m_checkBox);
+    layout->addWidget(m_date);
+    layout->addStretch(1);
+    layout->addWidget(m_priority);
     connect(m_checkBox, &QAbstractButton::clicked, this, &DetailHeader::completionToggled);
+    connect(m_date, &QAbstractButton::clicked, this,
+            [this] { Q_EMIT dateRequested(m_date->mapToGlobal(m_date->rect().bottomLeft())); });
+    connect(m_priority, &QAbstractButton::clicked, this, &DetailHeader::openPriorities);
+    dress();
+}
+
+void DetailHeader::dress()
+{
+    const int outset = (m_checkBox->sizeHint().width() - Metrics::scaled(Metrics::checkbox)) / 2;
+    const int iconOutset = (m_priority->sizeHint().width() - Metrics::scaled(Metrics::icon)) / 2;
+    auto *box = static_cast<QHBoxLayout *>(layout());
+    box->setContentsMargins(QMargins{Metrics::sideMargin - outset, 0, Metrics::sideMargin - iconOutset, 1});
+    box->setSpacing(Metrics::scaled(Metrics::titleIndent - Metrics::checkbox) - outset - dateOutset);
+    updateGeometry();
 }
 
 void DetailHeader::setTask(const KWTaskModel &task)
@@ -34,56 +62,37 @@ void DetailHeader::setTask(const KWTaskModel &task)
     m_task = task;
     m_checkBox->setStatus(task.status);
     m_checkBox->setPriority(task.priority);
-    refreshDate();
-}
-
-void DetailHeader::refreshDate()
-{
-    const bool isClosed = m_task.status != KWTaskStatusOpen;
-    m_date = detailDateText({m_task.startDate, m_task.endDate, m_task.isAllDay, isClosed}, m_clock.now(),
-                            m_clock.zone(), QLocale{});
-    setAccessibleName(m_date.text.isEmpty() ? KWLocalizedString("No date") : m_date.text);
-    update();
+    const bool isClosed = task.status != KWTaskStatusOpen;
+    m_date->setDate(detailDateText({task.startDate, task.endDate, task.isAllDay, isClosed}, m_clock.now(),
+                                   m_clock.zone(), QLocale{}),
+                    !task.repeatRule.isEmpty());
+    const QString words = KWLocalizedString("Priority: %1").arg(displayName(task.priority));
+    m_priority->setAccessibleName(words);
+    m_priority->setToolTip(words);
+    const Theme &theme = Theme::current();
+    m_priority->setColor(task.priority == KWTaskPriorityNone ? theme.faintText
+                                                             : theme.priority(task.priority).mark);
 }
 
 QSize DetailHeader::sizeHint() const { return {Metrics::scaled(200), Metrics::scaled(detailHeaderHeight)}; }
 
-void DetailHeader::resizeEvent(QResizeEvent *event)
+void DetailHeader::openPriorities()
 {
-    QWidget::resizeEvent(event);
-    const QSize size = m_checkBox->sizeHint();
-    const int outset = (size.width() - Metrics::scaled(Metrics::checkbox)) / 2;
-    const QRect bounds{-outset + Metrics::sideMargin, (height() - size.height()) / 2, size.width(),
-                       size.height()};
-    m_checkBox->setGeometry(QStyle::visualRect(layoutDirection(), rect(), bounds));
+    auto *menu = new QMenu{this};
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const KWTaskPriority each : KWTaskPriorities) {
+        QAction *action = menu->addAction(displayName(each));
+        action->setCheckable(true);
+        action->setChecked(each == m_task.priority);
+        connect(action, &QAction::triggered, this, [this, each] { Q_EMIT priorityChosen(each); });
+    }
+    menu->popup(m_priority->mapToGlobal(
+        QPoint{isRightToLeft() ? 0 : m_priority->width() - menu->sizeHint().width(), m_priority->height()}));
 }
 
 void DetailHeader::paintEvent(QPaintEvent *)
 {
-    const Theme &theme = Theme::current();
     QPainter painter{this};
-    const auto visual = [this](const QRect &bounds) {
-        return QStyle::visualRect(layoutDirection(), rect(), bounds);
-    };
-    const int right = width() - Metrics::sideMargin;
-    const int icon = Metrics::scaled(Metrics::icon) - 2;
-    painter.fillRect(QRect{Metrics::sideMargin, height() - 1, right - Metrics::sideMargin, 1},
-                     theme.hairline);
-
-    const int textLeft = Metrics::sideMargin + Metrics::scaled(Metrics::titleIndent);
-    int textRight = right - icon - Metrics::gap;
-    if (m_task.priority != KWTaskPriorityNone)
-        Icons::paint(painter, visual({right - icon, 0, icon, height()}), Icon::Flag, icon,
-                     theme.priority(m_task.priority).mark);
-    if (!m_task.repeatRule.isEmpty()) textRight -= icon + Metrics::gap;
-
-    const QString text = m_date.text.isEmpty() ? KWLocalizedString("No date") : m_date.text;
-    painter.setPen(m_date.text.isEmpty() ? theme.faintText : taskDateColor(m_date.tone, theme.secondaryText));
-    const int textWidth = std::min(textRight - textLeft, Fonts::width(Fonts::Role::Secondary, text));
-    const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    Fonts::drawLine(painter, Fonts::Role::Secondary, visual({textLeft, 0, textWidth, height()}), leading,
-                    text);
-    if (!m_task.repeatRule.isEmpty())
-        Icons::paint(painter, visual({textLeft + textWidth + Metrics::gap - 2, 0, icon, height()}),
-                     Icon::Repeat, icon, theme.faintText);
+    painter.fillRect(QRect{Metrics::sideMargin, height() - 1, width() - 2 * Metrics::sideMargin, 1},
+                     Theme::current().hairline);
 }

@@ -2,35 +2,41 @@
 
 #include "corvexkit/time/CXClock.h"
 #include "model/records/KWTaskModel.h"
-#include "views/tasklist/TaskDateText.h"
 
 #include <QWidget>
 
 class CheckBox;
+class DateButton;
+class IconButton;
 
-/// The top line of the detail: checkbox, date, repeat mark and priority flag.
+/// The top line of the detail: checkbox, date and priority.
 class DetailHeader : public QWidget {
     Q_OBJECT
 
 public:
     explicit DetailHeader(CXClock &clock, QWidget *parent = nullptr);
 
+    /// The words for the date follow the clock: call it again each minute.
     void setTask(const KWTaskModel &task);
-    /// The words for the date may read differently now.
-    void refreshDate();
+    void dress();
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
     void completionToggled();
+    /// The date is to be chosen, in a frame whose corner is there.
+    void dateRequested(const QPoint &position);
+    void priorityChosen(KWTaskPriority priority);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void openPriorities();
+
     CXClock &m_clock;
     CheckBox *m_checkBox;
+    DateButton *m_date;
+    IconButton *m_priority;
     KWTaskModel m_task;
-    TaskDateText m_date;
 };

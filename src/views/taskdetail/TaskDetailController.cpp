@@ -2,22 +2,44 @@
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
-#include "model/records/KWProject.h"
-#include "model/records/KWSmartProject.h"
+#include "views/taskdetail/SubtaskList.h"
+#include "views/taskdetail/TaskDetailReader.h"
 #include "views/taskdetail/TaskDetailView.h"
+#include "views/tasklist/BatchActions.h"
 
-TaskDetailController::TaskDetailController(TaskDetailView &view, OrvaneKit &kit)
-    : m_view(view), m_kit(kit), m_editor(kit.manager())
+#include <QDesktopServices>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool matters(const StoreChange &change, const QString &taskID)
+{
+    for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Attachment,
+                                  RecordKind::Project, RecordKind::Tag, RecordKind::Teamworker})
+        if (change.touches(kind)) return !taskID.isEmpty();
+    return false;
+}
+
+} // namespace
+
+TaskDetailController::TaskDetailController(TaskDetailView &view, OrvaneKit &kit, BatchActions &common)
+    : m_view(view)
+    , m_kit(kit)
+    , m_common(common)
+    , m_editor(kit.manager())
+    , m_actions(view, kit, common)
+    , m_attachments(view, kit)
 {
     connectEdits();
+    connectActions();
     m_registration = kit.bus().registerEventBus([this](const StoreChange &change) {
-        const bool touchesTask = change.of(RecordKind::Task).updated.contains(m_taskID) ||
-                                 change.of(RecordKind::Task).deleted.contains(m_taskID);
-        if (touchesTask || change.touches(RecordKind::ChecklistItem) || change.touches(RecordKind::Project))
-            refresh();
+        if (matters(change, m_taskID)) refresh();
     });
-    for (const QString &name : {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification,
-                                KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification})
+    for (const QString &name :
+         {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification, KWTagCacheDidUpdateNotification,
+          KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification})
         m_observations.push_back(
             kit.center().addObserver(name, [this](const KWNotification &) { refresh(); }));
 }
@@ -31,25 +53,19 @@ void TaskDetailController::show(const QString &taskID)
 
 void TaskDetailController::refresh()
 {
-    const auto found = m_taskID.isEmpty() ? std::nullopt : m_editor.read(m_taskID);
-    if (!found) {
-        m_view.setTask(std::nullopt);
-        return;
-    }
-    TaskDetailData data{
-        .task = found->task, .items = found->items, .listName = {}, .listColor = {}, .tagLabels = {}};
-    if (const KWProject *project = m_kit.context().find<KWProject>(found->task.projectID)) {
-        data.listName = project->isInbox() ? KWSmartProject::inbox().displayName() : project->model().name;
-        data.listColor = project->model().color;
-    }
-    for (const QString &name : found->task.tags)
-        if (m_kit.tags().contains(name)) data.tagLabels.insert(name, m_kit.tags().labelOf(name));
-    m_view.setTask(data);
+    const std::optional<TaskDetailData> shown =
+        m_taskID.isEmpty() ? std::nullopt : readTaskDetail(m_taskID, m_editor, m_kit);
+    m_actions.setTask(shown ? shown->task : KWTaskModel{});
+    m_attachments.setTask(shown ? m_taskID : QString{});
+    m_view.setTask(shown);
 }
 
-void TaskDetailController::report(const Result<void> &saved)
+void TaskDetailController::report(const Result<void> &saving)
 {
-    if (!saved) Q_EMIT failed(saved.error().sentence);
+    if (saving)
+        Q_EMIT saved();
+    else
+        Q_EMIT failed(saving.error().sentence);
 }
 
 void TaskDetailController::connectEdits()
@@ -58,8 +74,7 @@ void TaskDetailController::connectEdits()
             [this](const QString &title) { report(m_editor.setTitle(m_taskID, title)); });
     connect(&m_view, &TaskDetailView::contentEdited, this,
             [this](const QString &content) { report(m_editor.setContent(m_taskID, content)); });
-    connect(&m_view, &TaskDetailView::completionToggled, this,
-            [this] { Q_EMIT completionToggled(m_taskID); });
+    connect(&m_view, &TaskDetailView::linkOpened, this, &TaskDetailController::openLink);
     connect(&m_view, &TaskDetailView::itemToggled, this,
             [this](const QString &itemID) { report(m_editor.tickItem(itemID)); });
     connect(&m_view, &TaskDetailView::itemTitleEdited, this,
@@ -67,11 +82,44 @@ void TaskDetailController::connectEdits()
                 report(m_editor.setItemTitle(itemID, title));
             });
     connect(&m_view, &TaskDetailView::itemAdded, this, [this](const QString &afterID, const QString &title) {
-        if (const Result<QString> added = m_editor.addItem(m_taskID, afterID, title); !added)
-            Q_EMIT failed(added.error().sentence);
+        const Result<QString> added = m_editor.addItem(m_taskID, afterID, title);
+        report(added ? Result<void>{} : added.error());
     });
     connect(&m_view, &TaskDetailView::itemRemoved, this, [this](const QString &itemID) {
         Q_EMIT itemRemovalRequested([this, itemID] { report(m_editor.removeItem(itemID)); },
                                     [this, itemID] { report(m_editor.restoreItem(itemID)); });
     });
+    SubtaskList &subtasks = m_view.subtasks();
+    connect(&subtasks, &SubtaskList::toggled, this,
+            [this](const QString &taskID) { m_common.tick({taskID}); });
+    connect(&subtasks, &SubtaskList::opened, this, &TaskDetailController::taskRequested);
+    connect(&subtasks, &SubtaskList::added, this, [this, &subtasks](const QString &title) {
+        const Result<UndoToken> added = m_editor.addSubtask(m_taskID, title);
+        if (added) subtasks.clearField();
+        report(added ? Result<void>{} : added.error());
+    });
+}
+
+void TaskDetailController::connectActions()
+{
+    connect(&m_actions, &DetailActions::taskRequested, this, &TaskDetailController::taskRequested);
+    connect(&m_actions, &DetailActions::filesRequested, &m_attachments, &AttachmentActions::chooseFiles);
+    const auto connectReports = [this](auto &actions) {
+        using Actions = std::remove_reference_t<decltype(actions)>;
+        connect(&actions, &Actions::changed, this, &TaskDetailController::changed);
+        connect(&actions, &Actions::failed, this, &TaskDetailController::failed);
+        connect(&actions, &Actions::saved, this, &TaskDetailController::saved);
+    };
+    connectReports(m_actions);
+    connectReports(m_attachments);
+}
+
+void TaskDetailController::openLink(const QString &address)
+{
+    if (address.startsWith(u"orvane:"_s, Qt::CaseInsensitive)) return Q_EMIT linkRequested(address);
+    const QUrl url = QUrl::fromUserInput(address);
+    // Nothing in a text starts a program or opens a file.
+    const bool isSafe = url.scheme() == u"http" || url.scheme() == u"https" || url.scheme() == u"mailto";
+    if (!isSafe || !QDesktopServices::openUrl(url))
+        Q_EMIT failed(tr("The link “%1” cannot be opened.").arg(address));
 }

@@ -3,10 +3,13 @@
 #include "model/events/KWEventBus.h"
 #include "model/events/KWNotificationCenter.h"
 #include "model/store/KWTaskEditor.h"
+#include "views/taskdetail/AttachmentActions.h"
+#include "views/taskdetail/DetailActions.h"
 
 #include <QObject>
 
 class OrvaneKit;
+class BatchActions;
 class TaskDetailView;
 
 /// Joins the detail pane with the selected task: shows it, saves what is edited, and follows changes
@@ -15,26 +18,37 @@ class TaskDetailController : public QObject {
     Q_OBJECT
 
 public:
-    TaskDetailController(TaskDetailView &view, OrvaneKit &kit);
+    TaskDetailController(TaskDetailView &view, OrvaneKit &kit, BatchActions &common);
 
     /// Shows that task, or nothing for an empty id. What was being edited before is saved first.
     void show(const QString &taskID);
 
 Q_SIGNALS:
-    /// The checkbox of the detail: as a click on the row's.
-    void completionToggled(const QString &taskID);
     void failed(const QString &sentence);
+    /// What was asked for is saved: a failure before is over.
+    void saved();
+    /// The task is another one now; `undo` takes it back.
+    void changed(const QString &message, const std::function<void()> &undo);
+    /// Another task is to be shown: a subtask, a parent.
+    void taskRequested(const QString &taskID);
+    /// A link in the text that leads into the program.
+    void linkRequested(const QString &link);
     /// An item of the checklist is to go: `remove` takes it out of the store, `restore` puts it back.
     void itemRemovalRequested(const std::function<void()> &remove, const std::function<void()> &restore);
 
 private:
     void refresh();
     void connectEdits();
-    void report(const Result<void> &saved);
+    void connectActions();
+    void openLink(const QString &address);
+    void report(const Result<void> &saving);
 
     TaskDetailView &m_view;
     OrvaneKit &m_kit;
+    BatchActions &m_common;
     KWTaskEditor m_editor;
+    DetailActions m_actions;
+    AttachmentActions m_attachments;
     QString m_taskID;
     KWEventBus::Registration m_registration;
     std::vector<KWNotificationCenter::Observation> m_observations;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/records/KWAttachmentModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWTaskModel.h"
 
@@ -8,11 +9,22 @@
 
 /// What the detail shows of a task.
 struct TaskDetailData {
+    struct Member {
+        std::int64_t userServerID = 0;
+        QString name;
+        bool operator==(const Member &) const = default;
+    };
+
     KWTaskModel task;
     QList<KWChecklistItemModel> items; ///< in their order
+    QList<KWTaskModel> subtasks;       ///< in their order
+    QList<KWAttachmentModel> attachments;
+    QString parentTitle; ///< empty for a task of its own
     QString listName;
     QString listColor;                 ///< "#rrggbb", empty for none
+    QList<Member> members;             ///< of a shared list, by name
     QHash<QString, QString> tagLabels; ///< by name; a tag without one shows its name
+    QStringList tagChoices;            ///< labels of the tags that it can be given
 
     bool operator==(const TaskDetailData &) const = default;
 };

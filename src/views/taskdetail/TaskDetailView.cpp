@@ -2,30 +2,55 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/CommittingTextEdit.h"
+#include "views/controls/TextButton.h"
+#include "views/markdown/MarkdownEdit.h"
+#include "views/taskdetail/AttachmentList.h"
 #include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/DetailFooter.h"
 #include "views/taskdetail/DetailHeader.h"
+#include "views/taskdetail/SubtaskList.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
 #include "views/theme/ThemeConfigurator.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPainter>
+#include <QUrl>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList filesIn(const QMimeData &data)
+{
+    QStringList files;
+    for (const QUrl &each : data.urls())
+        if (each.isLocalFile()) files.append(each.toLocalFile());
+    return files;
+}
+
+} // namespace
 
 TaskDetailView::TaskDetailView(CXClock &clock, QWidget *parent)
     : QWidget(parent)
     , m_page(new QWidget{this})
     , m_header(new DetailHeader{clock})
+    , m_parent(new TextButton{{}})
     , m_title(new CommittingTextEdit{clock, CommittingTextEdit::Lines::One})
-    , m_content(new CommittingTextEdit{clock, CommittingTextEdit::Lines::Many})
+    , m_content(new MarkdownEdit{clock})
     , m_checklist(new ChecklistView{clock})
+    , m_subtasks(new SubtaskList)
+    , m_attachments(new AttachmentList)
     , m_footer(new DetailFooter)
 {
     setObjectName(u"taskDetail"_s);
     setAccessibleName(KWLocalizedString("Task"));
+    setAcceptDrops(true);
+    m_parent->setObjectName(u"openParent"_s);
+    m_parent->setToolTip(KWLocalizedString("Open the task that this one belongs to"));
     m_title->setObjectName(u"taskTitle"_s);
     m_title->setAccessibleName(KWLocalizedString("Title"));
     m_content->setObjectName(u"taskContent"_s);
@@ -57,6 +82,7 @@ QScrollArea *TaskDetailView::makeScrolledPart()
     auto *texts = new QVBoxLayout;
     texts->setContentsMargins(Metrics::sideMargin, Metrics::gap + 2, Metrics::sideMargin, Metrics::gap);
     texts->setSpacing(Metrics::grid * 2);
+    texts->addWidget(m_parent);
     texts->addWidget(m_title);
     texts->addWidget(m_content);
     auto *column = new QVBoxLayout{parts};
@@ -64,6 +90,8 @@ QScrollArea *TaskDetailView::makeScrolledPart()
     column->setSpacing(0);
     column->addLayout(texts);
     column->addWidget(m_checklist);
+    column->addWidget(m_subtasks);
+    column->addWidget(m_attachments);
     column->addStretch(1);
 
     auto *area = new QScrollArea;
@@ -79,9 +107,10 @@ QScrollArea *TaskDetailView::makeScrolledPart()
 
 void TaskDetailView::connectParts()
 {
-    connect(m_header, &DetailHeader::completionToggled, this, &TaskDetailView::completionToggled);
+    connect(m_parent, &QAbstractButton::clicked, this, &TaskDetailView::parentOpened);
     connect(m_title, &CommittingTextEdit::committed, this, &TaskDetailView::titleEdited);
     connect(m_content, &CommittingTextEdit::committed, this, &TaskDetailView::contentEdited);
+    connect(m_content, &MarkdownEdit::linkOpened, this, &TaskDetailView::linkOpened);
     connect(m_title, &CommittingTextEdit::entered, m_content, [this] { m_content->setFocus(); });
     connect(m_title, &CommittingTextEdit::leftDownwards, m_content, [this] { m_content->setFocus(); });
     connect(m_content, &CommittingTextEdit::leftUpwards, m_title, [this] { m_title->setFocus(); });
@@ -99,7 +128,12 @@ void TaskDetailView::dress()
     m_title->setTextColor(m_isClosed ? theme.doneText : theme.text);
     m_content->setTextColor(theme.secondaryText);
     m_title->setStruckOut(m_isClosed);
+    m_header->dress();
+    m_content->dress();
     m_checklist->dress();
+    m_subtasks->dress();
+    m_attachments->dress();
+    m_footer->dress();
 }
 
 void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
@@ -113,14 +147,24 @@ void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
         follow(*shown);
     else
         startWith(*shown);
-    m_isClosed = shown->task.status != KWTaskStatusOpen;
-    m_header->setTask(shown->task);
-    QStringList tags;
-    for (const QString &name : shown->task.tags)
-        tags.append(shown->tagLabels.value(name, name));
-    m_footer->setContent(shown->listName, shown->listColor, tags);
-    dress();
+    showParts(*shown);
     m_page->show();
+}
+
+void TaskDetailView::showParts(const TaskDetailData &shown)
+{
+    const KWTaskModel &task = shown.task;
+    m_header->setTask(task);
+    m_parent->setText(KWLocalizedString("Part of “%1”").arg(shown.parentTitle));
+    m_parent->setAccessibleName(m_parent->text());
+    m_parent->setVisible(!shown.parentTitle.isEmpty());
+    m_checklist->setVisible(task.kind != KWTaskKindNote);
+    const bool isClosed = task.status != KWTaskStatusOpen;
+    m_subtasks->setSubtasks(shown.subtasks);
+    m_subtasks->setTakesMore(task.kind != KWTaskKindNote && !isClosed && !task.isTrashed);
+    m_attachments->setAttachments(shown.attachments);
+    m_footer->setTask(shown);
+    if (std::exchange(m_isClosed, isClosed) != isClosed) dress();
 }
 
 void TaskDetailView::startWith(const TaskDetailData &shown)
@@ -129,6 +173,7 @@ void TaskDetailView::startWith(const TaskDetailData &shown)
     m_title->startWith(shown.task.title);
     m_content->startWith(shown.task.description());
     m_checklist->startWith(shown.items);
+    m_subtasks->clearField();
 }
 
 void TaskDetailView::follow(const TaskDetailData &shown)
@@ -143,6 +188,19 @@ void TaskDetailView::commitEdits()
     m_title->commit();
     m_content->commit();
     m_checklist->commit();
+    m_subtasks->commit();
+}
+
+void TaskDetailView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!m_sid.isEmpty() && !filesIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void TaskDetailView::dropEvent(QDropEvent *event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT filesDropped(filesIn(*event->mimeData()));
 }
 
 void TaskDetailView::paintEvent(QPaintEvent *)

@@ -8,10 +8,14 @@
 
 #include <optional>
 
+class AttachmentList;
 class ChecklistView;
 class CommittingTextEdit;
 class DetailFooter;
 class DetailHeader;
+class MarkdownEdit;
+class SubtaskList;
+class TextButton;
 
 /// The right column: everything about one task. What is typed is handed over when it rests and is never
 /// lost; an update from outside leaves alone what is being typed. Without a task it is empty.
@@ -28,18 +32,28 @@ public:
     /// Hands over what is typed and not handed over yet.
     void commitEdits();
 
+    DetailHeader &header() { return *m_header; }
+    SubtaskList &subtasks() { return *m_subtasks; }
+    AttachmentList &attachments() { return *m_attachments; }
+    DetailFooter &footer() { return *m_footer; }
+
 Q_SIGNALS:
     void titleEdited(const QString &title);
     void contentEdited(const QString &content);
-    void completionToggled();
+    void linkOpened(const QString &address);
     void itemToggled(const QString &sid);
     void itemTitleEdited(const QString &sid, const QString &title);
     /// A new item behind that one; an empty id is the place before the first.
     void itemAdded(const QString &afterSid, const QString &title);
     void itemRemoved(const QString &sid);
+    void parentOpened();
+    /// Files were dragged onto the task, by their paths.
+    void filesDropped(const QStringList &files);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     QScrollArea *makeScrolledPart();
@@ -47,13 +61,17 @@ private:
     void dress();
     void startWith(const TaskDetailData &shown);
     void follow(const TaskDetailData &shown);
+    void showParts(const TaskDetailData &shown);
 
     QString m_sid; // of the task shown
     bool m_isClosed = false;
     QWidget *m_page;
     DetailHeader *m_header;
+    TextButton *m_parent;
     CommittingTextEdit *m_title;
-    CommittingTextEdit *m_content;
+    MarkdownEdit *m_content;
     ChecklistView *m_checklist;
+    SubtaskList *m_subtasks;
+    AttachmentList *m_attachments;
     DetailFooter *m_footer;
 };

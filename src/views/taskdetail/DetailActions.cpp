@@ -1,0 +1,157 @@
+#include "views/taskdetail/DetailActions.h"
+
+#include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
+#include "views/controls/ChoicePopup.h"
+#include "views/datepicker/DatePicker.h"
+#include "views/taskdetail/DetailFooter.h"
+#include "views/taskdetail/DetailHeader.h"
+#include "views/taskdetail/TaskDetailView.h"
+#include "views/tasklist/BatchActions.h"
+#include "views/wording/DateWording.h"
+
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+DetailActions::DetailActions(TaskDetailView &view, OrvaneKit &kit, BatchActions &common)
+    : m_view(view), m_kit(kit), m_common(common), m_editor(kit.manager())
+{
+    connectHeader();
+    connectFooter();
+}
+
+void DetailActions::connectHeader()
+{
+    DetailHeader &header = m_view.header();
+    connect(&header, &DetailHeader::completionToggled, this, [this] { m_common.tick({m_task.sid}); });
+    connect(&header, &DetailHeader::dateRequested, this, &DetailActions::pickDate);
+    connect(&header, &DetailHeader::priorityChosen, this,
+            [this](KWTaskPriority priority) { m_common.setPriority({m_task.sid}, priority); });
+    connect(&m_view, &TaskDetailView::parentOpened, this,
+            [this] { Q_EMIT taskRequested(QString{m_task.parentId}); });
+}
+
+void DetailActions::connectFooter()
+{
+    DetailFooter &footer = m_view.footer();
+    connect(&footer, &DetailFooter::listRequested, this, &DetailActions::chooseList);
+    connect(&footer, &DetailFooter::menuAboutToShow, this, &DetailActions::fillMenu);
+    connect(&footer, &DetailFooter::assigneeChosen, this, [this](std::int64_t userServerID) {
+        report(m_editor.setAssignee(m_task.sid, userServerID),
+               userServerID == KWTaskAssignedToNobody ? tr("Assigned to nobody") : tr("Assigned"));
+    });
+    connect(&footer, &DetailFooter::tagAdded, this, [this, &footer](const QString &label) {
+        const Result<UndoToken> added = m_editor.addTag(m_task.sid, label);
+        if (added) footer.clearTagField();
+        report(added, tr("Tag added"));
+    });
+    connect(&footer, &DetailFooter::tagRemoved, this, [this](const QString &name) {
+        m_common.setTag({m_task.sid}, name, m_kit.tags().labelOf(name), TaskBatch::Tagging::Remove);
+    });
+}
+
+void DetailActions::report(const Result<UndoToken> &done, const QString &message)
+{
+    if (!done) return Q_EMIT failed(done.error().sentence);
+    Q_EMIT saved();
+    if (done->isEmpty()) return;
+    Q_EMIT changed(message, [this, undo = *done] {
+        if (const Result<void> undone = undo.undo(m_kit.manager()); !undone)
+            Q_EMIT failed(undone.error().sentence);
+    });
+}
+
+void DetailActions::pickDate(const QPoint &position)
+{
+    DatePicker::Days days{.today = m_kit.clock().today(),
+                          .selected = {},
+                          .firstWeekday = m_kit.account().userSettings().firstWeekday};
+    if (m_task.startDate) days.selected = m_kit.clock().zone().dayOf(*m_task.startDate);
+    auto *picker = new DatePicker{days, m_view.window()};
+    connect(picker, &DatePicker::picked, this, [this, id = m_task.sid](std::optional<Day> day) {
+        day ? m_common.setDay({id}, *day) : m_common.clearDate({id});
+    });
+    picker->popUp(position);
+}
+
+void DetailActions::chooseList(const QPoint &position)
+{
+    QList<ChoicePopup::Choice> choices;
+    QHash<QString, QString> names;
+    for (const KWProject *each :
+         KWProject::orderedOpenProjects(m_kit.account().currentUserID(), m_kit.context())) {
+        if (!each->isWritable()) continue;
+        names.insert(each->sid(), each->isInbox() ? KWSmartProject::inbox().displayName() : (*each)->name);
+        choices.append(
+            {each->sid(), names.value(each->sid()), (*each)->color, each->sid() == m_task.projectID});
+    }
+    auto *popup = new ChoicePopup{tr("Move to list"), choices, m_view.window()};
+    connect(popup, &ChoicePopup::chosen, this, [this, names, id = m_task.sid](const QString &listID) {
+        m_common.moveToList({id}, listID, names.value(listID));
+    });
+    popup->popUp(position);
+}
+
+void DetailActions::fillMenu(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &text, auto action) {
+        connect(menu.addAction(text), &QAction::triggered, this, action);
+    };
+    const QStringList task{m_task.sid};
+    addKinds(menu);
+    menu.addSeparator();
+    if (!m_task.isTrashed) {
+        const bool isPinned = m_task.pinnedDate.has_value();
+        const auto pinning = isPinned ? TaskBatch::Pinning::Unpin : TaskBatch::Pinning::Pin;
+        add(isPinned ? tr("Unpin") : tr("Pin"), [this, task, pinning] { m_common.setPinned(task, pinning); });
+        add(tr("Attach Files…"), &DetailActions::filesRequested);
+        add(tr("Duplicate"), [this] { duplicate(); });
+    }
+    add(tr("Copy Link"), [this, task] { m_common.copyLinks(task); });
+    menu.addSeparator();
+    if (m_task.status == KWTaskStatusOpen) add(tr("Abandon"), [this, task] { m_common.abandon(task); });
+    if (!m_task.isTrashed) add(tr("Delete"), [this, task] { m_common.remove(task); });
+    menu.addSeparator();
+    addFacts(menu);
+}
+
+void DetailActions::addKinds(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &text, KWTaskKind kind) {
+        QAction *action = menu.addAction(text);
+        action->setCheckable(true);
+        action->setChecked(m_task.kind == kind);
+        connect(action, &QAction::triggered, this, [this, kind, text] {
+            m_view.commitEdits();
+            report(m_editor.setKind(m_task.sid, kind), tr("Kind: %1").arg(text));
+        });
+    };
+    add(tr("Text"), KWTaskKindText);
+    add(tr("Checklist"), KWTaskKindChecklist);
+    add(tr("Note"), KWTaskKindNote);
+}
+
+void DetailActions::addFacts(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &words, std::optional<Instant> instant) {
+        if (!instant) return;
+        const LocalTime time = m_kit.clock().zone().toLocal(*instant);
+        const QString when =
+            DateWording::dayMonthAndYear(std::chrono::floor<std::chrono::days>(time), QLocale{}) + u", "_s +
+            DateWording::timeOfDay(time, QLocale{});
+        menu.addAction(words.arg(when))->setEnabled(false);
+    };
+    add(tr("Created: %1"), m_task.createdTime);
+    add(tr("Modified: %1"), m_task.modifiedTime);
+    add(tr("Closed: %1"), m_task.completionDate);
+}
+
+void DetailActions::duplicate()
+{
+    m_view.commitEdits();
+    m_kit.center().post(KWDetailViewDidSelectDuplicateNotification, m_task.sid);
+    m_common.duplicate({m_task.sid});
+}

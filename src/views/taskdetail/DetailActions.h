@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/store/KWTaskEditor.h"
+
+#include <QObject>
+
+class OrvaneKit;
+class QMenu;
+class QPoint;
+class BatchActions;
+class TaskDetailView;
+
+/// What the header, the footer and the menu of the detail do with its task. What can be done to several
+/// tasks as well is done by the actions of the list. Main thread.
+class DetailActions : public QObject {
+    Q_OBJECT
+
+public:
+    DetailActions(TaskDetailView &view, OrvaneKit &kit, BatchActions &common);
+
+    /// The task on show; one without an id for none.
+    void setTask(const KWTaskModel &task) { m_task = task; }
+
+Q_SIGNALS:
+    void changed(const QString &message, const std::function<void()> &undo);
+    void failed(const QString &sentence);
+    void saved();
+    void taskRequested(const QString &taskID);
+    /// Files to attach are to be chosen.
+    void filesRequested();
+
+private:
+    void connectHeader();
+    void connectFooter();
+    void pickDate(const QPoint &position);
+    void chooseList(const QPoint &position);
+    void fillMenu(QMenu &menu);
+    void addKinds(QMenu &menu);
+    void addFacts(QMenu &menu);
+    void duplicate();
+    /// Tells of what was done; nothing is told of what was so before.
+    void report(const Result<UndoToken> &done, const QString &message);
+
+    TaskDetailView &m_view;
+    OrvaneKit &m_kit;
+    BatchActions &m_common;
+    KWTaskEditor m_editor;
+    KWTaskModel m_task;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QAbstractButton>
+
+/// A tag of the task in its pill. Pressing it, Delete or Backspace asks to take it away.
+class TagPill : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    TagPill(QString name, const QString &label, QWidget *parent = nullptr);
+
+    const QString &name() const { return m_name; }
+
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    void removed();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QString m_name;
+};
