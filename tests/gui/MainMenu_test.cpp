@@ -4,7 +4,7 @@
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
-#include "views/datepicker/DatePicker.h"
+#include "views/datepicker/SchedulePicker.h"
 #include "views/main/MainWindow.h"
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
@@ -92,7 +92,7 @@ private Q_SLOTS:
     {
         goToTask();
         press("Ctrl+D");
-        auto *picker = window().findChild<DatePicker *>();
+        auto *picker = window().findChild<SchedulePicker *>();
         QVERIFY(picker);
         auto *title = picker->findChild<QLabel *>(u"datePickerTitle"_s);
         QCOMPARE(title->text(), u"November 2026"_s);
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QTest::keyClick(picker->findChild<QWidget *>(u"qt_calendar_calendarview"_s), Qt::Key_Down);
         QTest::keyClick(picker->findChild<QWidget *>(u"qt_calendar_calendarview"_s), Qt::Key_Return);
         QCOMPARE(*task().startDate, at("2026-11-28 17:00"));
-        QTRY_VERIFY(!window().findChild<DatePicker *>());
+        QTRY_VERIFY(!window().findChild<SchedulePicker *>());
         window().activateWindow(); // what a window manager does when the picker goes
         QVERIFY(QTest::qWaitForWindowActive(&window()));
         m_client->openList(u"Inbox"_s);

@@ -168,8 +168,9 @@ private Q_SLOTS:
         QCOMPARE(QApplication::clipboard()->text(), u"orvane://task/"_s + m_taskID);
         choose("detailMore", u"Duplicate"_s);
         QCOMPARE(m_client->shownTitles().size(), 2);
-        choose("detailMore", u"Abandon"_s);
-        QCOMPARE(m_client->shownTitles().size(), 1);
+        choose("detailMore", u"Abandon"_s); // the copy, which is selected now
+        QCOMPARE(stored().task.status, KWTaskStatusOpen);
+        QCOMPARE(m_client->kit().context().number("SELECT count(*) FROM tasks WHERE status = -1"), 1);
     }
 
     void endsTheMessageOfAFailureThatIsOver()

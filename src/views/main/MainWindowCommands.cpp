@@ -11,6 +11,7 @@
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
+#include "views/taskdetail/TaskDetailController.h"
 #include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -144,6 +145,9 @@ void MainWindowCommands::pickDate()
     const QStringList taskIDs = selectedTasks();
     const auto found = m_parts.editor.read(list.currentTask());
     if (!found) return;
+    const QRect row = list.visualRect(list.currentIndex());
+    const QPoint position = list.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()});
+    if (taskIDs.size() == 1) return m_parts.detail.pickDate(position);
     DatePicker::Days days{.today = m_parts.clock.today(),
                           .selected = {},
                           .firstWeekday = m_parts.account.userSettings().firstWeekday};
@@ -152,8 +156,7 @@ void MainWindowCommands::pickDate()
     connect(picker, &DatePicker::picked, this, [this, taskIDs](std::optional<Day> day) {
         day ? m_parts.tasks.setDay(taskIDs, *day) : m_parts.tasks.clearDate(taskIDs);
     });
-    const QRect row = list.visualRect(list.currentIndex());
-    picker->popUp(list.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()}));
+    picker->popUp(position);
 }
 
 void MainWindowCommands::print()

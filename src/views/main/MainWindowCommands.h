@@ -7,6 +7,7 @@
 class KWAccountManager;
 class KWProjectListPresenter;
 class MainWindow;
+class TaskDetailController;
 class BatchActions;
 
 /// What the commands of the main menu do in the main window: on the selected tasks, on the list, on the
@@ -20,6 +21,7 @@ public:
         MainMenu &menu;
         MainWindow &window;
         BatchActions &tasks;
+        TaskDetailController &detail; ///< of the selected task
         KWProjectListPresenter &sidebar;
         KWTaskEditor &editor;
         KWAccountManager &account;

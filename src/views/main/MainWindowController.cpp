@@ -51,7 +51,8 @@ struct MainWindowController::Content {
         , detail{window.detail(), rooms.kit, actions}
         , filters{rooms.kit, window}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
-        , commands{{rooms.menu, window, actions, rooms.sidebar, editor, rooms.kit.account(), rooms.clock}}
+        , commands{
+              {rooms.menu, window, actions, detail, rooms.sidebar, editor, rooms.kit.account(), rooms.clock}}
     {
     }
 

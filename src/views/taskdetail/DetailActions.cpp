@@ -1,11 +1,13 @@
 #include "views/taskdetail/DetailActions.h"
 
+#include "capture/KWSmartTimeModel.h"
+#include "capture/RepeatPhrase.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "views/controls/ChoicePopup.h"
-#include "views/datepicker/DatePicker.h"
+#include "views/datepicker/SchedulePicker.h"
 #include "views/taskdetail/DetailFooter.h"
 #include "views/taskdetail/DetailHeader.h"
 #include "views/taskdetail/TaskDetailView.h"
@@ -66,15 +68,35 @@ void DetailActions::report(const Result<UndoToken> &done, const QString &message
 
 void DetailActions::pickDate(const QPoint &position)
 {
-    DatePicker::Days days{.today = m_kit.clock().today(),
-                          .selected = {},
-                          .firstWeekday = m_kit.account().userSettings().firstWeekday};
-    if (m_task.startDate) days.selected = m_kit.clock().zone().dayOf(*m_task.startDate);
-    auto *picker = new DatePicker{days, m_view.window()};
-    connect(picker, &DatePicker::picked, this, [this, id = m_task.sid](std::optional<Day> day) {
-        day ? m_common.setDay({id}, *day) : m_common.clearDate({id});
-    });
+    if (m_task.sid.isEmpty()) return;
+    const KWUserSettingsModel &settings = m_kit.account().userSettings();
+    const KWTaskDefaultConfiguration defaults = m_kit.account().taskDefaultConfiguration();
+    const SchedulePicker::Surroundings surroundings{
+        .today = m_kit.clock().today(),
+        .zone = m_kit.clock().zone(),
+        .firstWeekday = settings.firstWeekday,
+        .choosesZones = settings.isTimeZoneOptionEnabled,
+        .reminders = defaults.reminders,
+        .allDayReminders = defaults.allDayReminders,
+        .readRule = [&clock = m_kit.clock(), times = KWSmartTimeModel::ofSettings(settings),
+                     defaults](const QString &typed) {
+            return repeatRuleIn(typed, clock.now(), times, {clock.zone(), defaults});
+        }};
+    const TaskSchedule shown = TaskSchedule::ofTask(m_task);
+    auto *picker = new SchedulePicker{shown, surroundings, m_view.window()};
+    connect(picker, &SchedulePicker::kept, this,
+            [this, shown, id = m_task.sid](const TaskSchedule &chosen) { schedule(id, chosen, shown); });
     picker->popUp(position);
+}
+
+void DetailActions::schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown)
+{
+    QString message = tr("Date removed");
+    if (chosen.dates.startDateTime) {
+        const Day day = m_kit.clock().zone().dayOf(chosen.dates.startDateTime->date);
+        message = tr("Date: %1").arg(DateWording::relativeDay(day, m_kit.clock().today(), QLocale{}));
+    }
+    report(m_editor.setSchedule(taskID, chosen, shown), message);
 }
 
 void DetailActions::chooseList(const QPoint &position)

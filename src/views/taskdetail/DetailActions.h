@@ -20,6 +20,8 @@ public:
 
     /// The task on show; one without an id for none.
     void setTask(const KWTaskModel &task) { m_task = task; }
+    /// Asks for dates, reminders and repeat in a frame whose corner is there.
+    void pickDate(const QPoint &position);
 
 Q_SIGNALS:
     void changed(const QString &message, const std::function<void()> &undo);
@@ -32,7 +34,7 @@ Q_SIGNALS:
 private:
     void connectHeader();
     void connectFooter();
-    void pickDate(const QPoint &position);
+    void schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown);
     void chooseList(const QPoint &position);
     void fillMenu(QMenu &menu);
     void addKinds(QMenu &menu);

@@ -65,9 +65,15 @@ void TagField::handOver()
 void TagField::keyPressEvent(QKeyEvent *event)
 {
     const bool parts = event->text() == u","_s || event->text() == u" "_s;
-    if (parts)
-        handOver();
-    else if (event->key() == Qt::Key_Escape && !text().isEmpty())
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QAbstractItemView *completions = completer()->popup();
+    // With nothing chosen among the completions Enter takes what is typed.
+    const bool entersTyped = enters && completions->isVisible() && !completions->currentIndex().isValid();
+    if (parts || entersTyped) {
+        completions->hide();
+        return handOver();
+    }
+    if (event->key() == Qt::Key_Escape && !text().isEmpty())
         clear();
     else if (event->key() == Qt::Key_Escape)
         event->ignore();

@@ -22,6 +22,8 @@ public:
 
     /// Shows that task, or nothing for an empty id. What was being edited before is saved first.
     void show(const QString &taskID);
+    /// Asks for the dates of the task on show in a frame whose corner is there.
+    void pickDate(const QPoint &position) { m_actions.pickDate(position); }
 
 Q_SIGNALS:
     void failed(const QString &sentence);

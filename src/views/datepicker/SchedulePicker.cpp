@@ -1,0 +1,297 @@
+#include "views/datepicker/SchedulePicker.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/controls/PlainLabel.h"
+#include "views/datepicker/DayChooser.h"
+#include "views/datepicker/ReminderField.h"
+#include "views/datepicker/TimeField.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/PopupFrame.h"
+#include "views/wording/DateWording.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTimeZone>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t shownOccurrences = 6;
+
+CXTimeZone zoneOf(const TaskSchedule &schedule, const SchedulePicker::Surroundings &surroundings)
+{
+    const bool isOfHere = !surroundings.choosesZones || schedule.isFloating || schedule.dates.isAllDay();
+    return isOfHere ? surroundings.zone : CXTimeZone::named(schedule.timeZone).value_or(surroundings.zone);
+}
+
+} // namespace
+
+SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings &surroundings,
+                               QWidget *parent)
+    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint)
+    , m_surroundings(surroundings)
+    , m_draft(schedule, zoneOf(schedule, surroundings))
+    , m_days(new DayChooser{{surroundings.today, m_draft.day(), surroundings.firstWeekday}})
+    , m_details(new QWidget)
+    , m_start(new TimeField)
+    , m_end(new TimeField)
+    , m_daysLater(new QSpinBox)
+    , m_reminders(new ReminderField)
+    , m_repeat(new RepeatRows{surroundings.readRule})
+    , m_occurrences(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
+{
+    setObjectName(u"schedulePicker"_s);
+    setAccessibleName(KWLocalizedString("Date"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto *rows = new QFormLayout{m_details};
+    rows->setContentsMargins({});
+    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    makeTimes(*rows);
+    rows->addRow(KWLocalizedString("Remind"), m_reminders);
+    rows->addRow(KWLocalizedString("Repeat"), m_repeat);
+    if (surroundings.choosesZones) makeZones(*rows);
+    rows->addRow(m_occurrences);
+
+    auto *inner = new QWidget;
+    auto *column = new QVBoxLayout{inner};
+    column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
+    column->addWidget(m_days);
+    column->addWidget(m_details);
+    column->addStretch(1);
+    column->addLayout(makeButtons());
+    auto *area = new QScrollArea{this};
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(inner);
+    area->viewport()->setAutoFillBackground(false);
+    inner->setAutoFillBackground(false);
+    auto *frame = new QVBoxLayout{this};
+    frame->setContentsMargins(1, 1, 1, 1);
+    frame->addWidget(area);
+
+    m_occurrences->setObjectName(u"occurrences"_s);
+    connectDays();
+    showDraft();
+    m_repeat->setRepeat(m_draft.repeatRule, m_draft.repeatFrom, m_draft.day().value_or(surroundings.today));
+    showOccurrences();
+}
+
+void SchedulePicker::makeTimes(QFormLayout &rows)
+{
+    m_start->setObjectName(u"startTime"_s);
+    m_start->setAccessibleName(KWLocalizedString("Time"));
+    m_start->setPlaceholderText(KWLocalizedString("All day"));
+    m_end->setObjectName(u"endTime"_s);
+    m_end->setAccessibleName(KWLocalizedString("End, or how long it takes"));
+    m_end->setPlaceholderText(KWLocalizedString("11:00, 1h 30m"));
+    m_end->setTakesDuration(true);
+    m_daysLater->setObjectName(u"daysLater"_s);
+    m_daysLater->setRange(0, 366);
+    m_daysLater->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    rows.addRow(KWLocalizedString("Time"), m_start);
+    auto *end = new QHBoxLayout;
+    end->addWidget(m_end, 1);
+    end->addWidget(m_daysLater, 1);
+    rows.addRow(KWLocalizedString("End"), end);
+
+    connect(m_start, &TimeField::timeChanged, this, &SchedulePicker::setTime);
+    connect(m_end, &TimeField::timeChanged, this, [this](std::optional<std::chrono::minutes> time) {
+        m_draft.setEnd(time, m_draft.endTime() ? m_draft.daysLater() : 0);
+        showDraft();
+    });
+    connect(m_end, &TimeField::durationTyped, this, [this](std::chrono::minutes duration) {
+        m_draft.setDuration(duration);
+        showDraft();
+    });
+    connect(m_daysLater, &QSpinBox::valueChanged, this, [this](int days) {
+        m_draft.setDaysLater(m_draft.time() ? days : std::max(0, days - 1));
+        showDraft();
+    });
+    connect(m_reminders, &ReminderField::remindersChanged, this,
+            [this](const std::set<CXAlarmTrigger> &reminders) { m_draft.reminders = reminders; });
+    connect(m_repeat, &RepeatRows::repeatChanged, this, [this](const QString &rule, CXRecurrenceFrom from) {
+        m_draft.repeatRule = rule;
+        m_draft.repeatFrom = from;
+        showOccurrences();
+    });
+}
+
+void SchedulePicker::makeZones(QFormLayout &rows)
+{
+    m_zone = new QComboBox;
+    m_zone->setObjectName(u"zone"_s);
+    m_zone->setAccessibleName(KWLocalizedString("Time zone"));
+    m_zone->addItem(KWLocalizedString("The clock on the wall, wherever I am"), QString{});
+    for (const QByteArray &each : QTimeZone::availableTimeZoneIds())
+        m_zone->addItem(QString::fromLatin1(each), QString::fromLatin1(each));
+    m_zone->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_zone->setMinimumContentsLength(12);
+    rows.addRow(KWLocalizedString("Time zone"), m_zone);
+    const QString shown = m_draft.isFloating() ? QString{} : m_draft.zone().identifier();
+    m_zone->setCurrentIndex(std::max(0, m_zone->findData(shown)));
+    connect(m_zone, &QComboBox::activated, this, [this] {
+        const std::optional<CXTimeZone> zone = CXTimeZone::named(m_zone->currentData().toString());
+        m_draft.setZone(zone.value_or(m_surroundings.zone), !zone);
+        showOccurrences();
+    });
+}
+
+QLayout *SchedulePicker::makeButtons()
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    const auto add = [row](const char *name, const QString &text) {
+        auto *button = new QPushButton{text};
+        button->setObjectName(QLatin1StringView{name});
+        button->setAccessibleName(text);
+        button->setAutoDefault(true);
+        row->addWidget(button);
+        return button;
+    };
+    connect(add("cancelSchedule", KWLocalizedString("Cancel")), &QPushButton::clicked, this, &QWidget::close);
+    connect(add("keepSchedule", KWLocalizedString("Save")), &QPushButton::clicked, this,
+            &SchedulePicker::keep);
+    return row;
+}
+
+void SchedulePicker::connectDays()
+{
+    const auto setDay = [this](Day day) {
+        if (!m_draft.day()) m_draft.reminders = usualReminders(true);
+        m_draft.setDay(day);
+        m_repeat->setDay(day);
+        showDraft();
+    };
+    connect(m_days, &DayChooser::daySelected, this, setDay);
+    connect(m_days, &DayChooser::dayClicked, this, setDay);
+    connect(m_days, &DayChooser::dayActivated, this, [this, setDay](Day day) {
+        setDay(day);
+        keep();
+    });
+    connect(m_days, &DayChooser::choiceMade, this, [this, setDay](std::optional<Day> day) {
+        if (day) {
+            m_days->select(*day);
+            setDay(*day);
+        } else {
+            m_draft.clear();
+        }
+        keep();
+    });
+}
+
+const std::set<CXAlarmTrigger> &SchedulePicker::usualReminders(bool isAllDay) const
+{
+    return isAllDay ? m_surroundings.allDayReminders : m_surroundings.reminders;
+}
+
+void SchedulePicker::setTime(std::optional<std::chrono::minutes> time)
+{
+    if (!m_draft.day()) m_draft.setDay(m_days->selectedDay());
+    m_draft.setTime(time, usualReminders(!time));
+    showDraft();
+}
+
+void SchedulePicker::showDraft()
+{
+    const QSignalBlocker noDays{m_daysLater};
+    const bool hasTime = m_draft.time().has_value();
+    m_start->setTime(m_draft.time());
+    m_end->setTime(m_draft.endTime());
+    m_end->setVisible(hasTime);
+    m_end->setFirstStep(m_draft.time().value_or(std::chrono::hours{9}) + std::chrono::hours{1});
+    // Days that it takes, or by how many the end is behind the start.
+    m_daysLater->setMinimum(hasTime ? 0 : 1);
+    m_daysLater->setValue(hasTime ? m_draft.daysLater() : m_draft.daysLater() + 1);
+    m_daysLater->setSuffix(hasTime ? KWLocalizedString(" days later") : KWLocalizedString(" days"));
+    m_daysLater->setEnabled(!hasTime || m_draft.endTime());
+    m_daysLater->setAccessibleName(hasTime ? KWLocalizedString("Days later")
+                                           : KWLocalizedString("Days it takes"));
+    m_reminders->setReminders(m_draft.reminders, !hasTime);
+    showOccurrences();
+}
+
+void SchedulePicker::showOccurrences()
+{
+    QString words = m_repeat->problem();
+    if (words.isEmpty()) {
+        const std::chrono::weekday first{unsigned(m_surroundings.firstWeekday - 1)};
+        QStringList days;
+        for (const Instant each : m_draft.occurrences(shownOccurrences, first))
+            days.append(
+                DateWording::weekdayAndDay(m_draft.zone().dayOf(each), m_surroundings.today, QLocale{}));
+        words = days.join(u" · "_s);
+    }
+    m_occurrences->setText(words);
+    m_occurrences->setVisible(!words.isEmpty());
+    m_occurrences->setAccessibleName(words);
+}
+
+QString SchedulePicker::problem() const
+{
+    if (!m_start->isReadable() || !m_end->isReadable())
+        return KWLocalizedString("This is no time of day. Type one such as “9:30”.");
+    if (!m_reminders->isReadable())
+        return KWLocalizedString("This is no reminder. Type one such as “20 min” or “3 days”.");
+    return m_repeat->problem();
+}
+
+void SchedulePicker::keep()
+{
+    // A field is read when the focus leaves it.
+    QWidget *focused = focusWidget();
+    if (focused) focused->clearFocus();
+    if (const QString sentence = problem(); !sentence.isEmpty()) {
+        m_occurrences->setText(sentence);
+        m_occurrences->show();
+        if (focused) focused->setFocus();
+        return;
+    }
+    const TaskSchedule chosen = m_draft.schedule();
+    Q_EMIT kept(chosen);
+    close();
+}
+
+void SchedulePicker::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        keep();
+    else
+        QFrame::keyPressEvent(event);
+}
+
+void SchedulePicker::popUp(const QPoint &position)
+{
+    const QRect bounds = parentWidget()->screen()->availableGeometry();
+    const auto *area = findChild<QScrollArea *>();
+    QSize wanted = area->widget()->sizeHint() + QSize{2 + area->verticalScrollBar()->sizeHint().width(), 2};
+    // Room for the rows that a rule adds, so that nothing jumps.
+    wanted.rheight() += Metrics::scaled(4 * Metrics::control);
+    resize(wanted.boundedTo(bounds.size()));
+    move(std::clamp(position.x(), bounds.left(), std::max(bounds.left(), bounds.right() - width())),
+         std::clamp(position.y(), bounds.top(), std::max(bounds.top(), bounds.bottom() - height())));
+    show();
+    m_days->focusMonth();
+}
+
+void SchedulePicker::paintEvent(QPaintEvent *)
+{
+    QPainter painter{this};
+    PopupFrame::paint(painter, rect());
+}
+
+void SchedulePicker::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    setMask(PopupFrame::shape(rect()));
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "views/datepicker/RepeatRows.h"
+#include "views/datepicker/ScheduleDraft.h"
+
+#include <QFrame>
+
+class DayChooser;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QSpinBox;
+class ReminderField;
+class TimeField;
+
+/// A small frame over the window in which a task is scheduled: day, time and end, reminders, repeat with
+/// the dates it leads to, and where the person chooses zones the zone. Enter keeps all of it, Escape none. It
+/// is gone when it has answered.
+class SchedulePicker : public QFrame {
+    Q_OBJECT
+
+public:
+    struct Surroundings {
+        Day today;
+        CXTimeZone zone; ///< in force
+        int firstWeekday = 1;
+        bool choosesZones = false;
+        std::set<CXAlarmTrigger> reminders;       ///< of a task that gets a time
+        std::set<CXAlarmTrigger> allDayReminders; ///< of one that gets a day
+        RepeatRows::ReadRule readRule;
+    };
+    SchedulePicker(const TaskSchedule &schedule, const Surroundings &surroundings, QWidget *parent);
+
+    /// Shows it with its corner at `position`, or as near as the screen allows.
+    void popUp(const QPoint &position);
+
+Q_SIGNALS:
+    void kept(const TaskSchedule &chosen);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void makeTimes(QFormLayout &rows);
+    void makeZones(QFormLayout &rows);
+    QLayout *makeButtons();
+    void connectDays();
+    void setTime(std::optional<std::chrono::minutes> time);
+    void showDraft();
+    void showOccurrences();
+    void keep();
+    QString problem() const;
+    const std::set<CXAlarmTrigger> &usualReminders(bool isAllDay) const;
+
+    const Surroundings m_surroundings;
+    ScheduleDraft m_draft;
+    DayChooser *m_days;
+    QWidget *m_details; // all that needs a day
+    TimeField *m_start;
+    TimeField *m_end;
+    QSpinBox *m_daysLater;
+    ReminderField *m_reminders;
+    RepeatRows *m_repeat;
+    QComboBox *m_zone = nullptr; // only where zones are chosen
+    QLabel *m_occurrences;
+};
