@@ -128,6 +128,22 @@ private Q_SLOTS:
         QCOMPARE(find<CommittingTextEdit>("taskTitle").text(), u"Bake a cake"_s);
     }
 
+    void tabFollowsTheEye()
+    {
+        QVERIFY(m_editor->addSubtask(m_taskID, u"Buy eggs"_s) && m_editor->addTag(m_taskID, u"errand"_s));
+        QVERIFY(m_editor->addItem(m_taskID, {}, u"Flour"_s));
+        QApplication::sendPostedEvents(); // shows the rows
+        QStringList names;
+        QWidget *control = &find<QWidget>("detailCheckbox");
+        for (; names.size() < 13; control = control->nextInFocusChain())
+            if (control->focusPolicy() & Qt::TabFocus && control->isVisible())
+                names.append(control->objectName());
+        QCOMPARE(names.join(u' '),
+                 u"detailCheckbox detailDate detailPriority taskTitle taskContent checklistItemCheckbox "
+                 "checklistItemTitle addChecklistItem subtaskCheckbox subtaskTitle addSubtask detailList "
+                 "tagPill"_s);
+    }
+
     void attachesFilesThatAreDroppedOnIt()
     {
         QTemporaryDir folder;

@@ -61,11 +61,12 @@ bool ReminderField::isReadable() const
 
 void ReminderField::openMenu()
 {
-    QMenu menu{this};
+    auto *menu = new QMenu{this};
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     std::set<CXAlarmTrigger> offered = usualReminders(m_isAllDay);
     offered.insert(m_reminders.begin(), m_reminders.end());
     for (const CXAlarmTrigger &each : offered) {
-        QAction *action = menu.addAction(ReminderWording::trigger(each));
+        QAction *action = menu->addAction(ReminderWording::trigger(each));
         action->setCheckable(true);
         action->setChecked(m_reminders.contains(each));
         connect(action, &QAction::toggled, this, [this, each](bool isOn) {
@@ -74,7 +75,7 @@ void ReminderField::openMenu()
             change(reminders);
         });
     }
-    menu.exec(m_button->mapToGlobal(QPoint{0, m_button->height()}));
+    menu->popup(m_button->mapToGlobal(QPoint{0, m_button->height()}));
 }
 
 void ReminderField::readTyped()

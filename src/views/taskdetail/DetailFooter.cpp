@@ -91,17 +91,13 @@ void DetailFooter::setTags(const TaskDetailData &shown)
         each->deleteLater();
     }
     m_tags.clear();
-    QWidget *before = m_assignee;
     for (const QString &name : shown.task.tags) {
         auto *pill = new TagPill{name, shown.tagLabels.value(name, name), this};
         connect(pill, &TagPill::removed, this, [this, name] { Q_EMIT tagRemoved(name); });
         m_facts->insertWidget(m_facts->indexOf(m_tagField), pill);
-        setTabOrder(before, pill);
-        before = pill;
         pill->show();
         m_tags.append(pill);
     }
-    setTabOrder(before, m_tagField);
 }
 
 void DetailFooter::clearTagField() { m_tagField->clear(); }

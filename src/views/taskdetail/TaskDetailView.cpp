@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/CommittingTextEdit.h"
+#include "views/controls/TabOrder.h"
 #include "views/controls/TextButton.h"
 #include "views/markdown/MarkdownEdit.h"
 #include "views/taskdetail/AttachmentList.h"
@@ -165,6 +166,11 @@ void TaskDetailView::showParts(const TaskDetailData &shown)
     m_attachments->setAttachments(shown.attachments);
     m_footer->setTask(shown);
     if (std::exchange(m_isClosed, isClosed) != isClosed) dress();
+    // Rows come and go.
+    if (const QWidgetList controls = controlsInOrder(*m_page); controls != m_controls) {
+        m_controls = controls;
+        setTabOrderOf(controls);
+    }
 }
 
 void TaskDetailView::startWith(const TaskDetailData &shown)

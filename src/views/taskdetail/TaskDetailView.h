@@ -4,7 +4,7 @@
 #include "views/taskdetail/TaskDetailData.h"
 
 #include <QScrollArea>
-#include <QWidget>
+#include <QWidgetList>
 
 #include <optional>
 
@@ -65,6 +65,7 @@ private:
 
     QString m_sid; // of the task shown
     bool m_isClosed = false;
+    QWidgetList m_controls; // in the order of Tab
     QWidget *m_page;
     DetailHeader *m_header;
     TextButton *m_parent;

@@ -1,0 +1,43 @@
+#include "views/controls/TabOrder.h"
+
+#include <QLayout>
+#include <QScrollArea>
+
+namespace {
+
+void collect(const QWidget &widget, QWidgetList &controls);
+
+void collect(const QLayout &layout, QWidgetList &controls)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        QLayoutItem *item = layout.itemAt(i);
+        if (const QLayout *inner = item->layout()) {
+            collect(*inner, controls);
+        } else if (QWidget *widget = item->widget()) {
+            if (widget->focusPolicy() & Qt::TabFocus) controls.append(widget);
+            collect(*widget, controls);
+        }
+    }
+}
+
+void collect(const QWidget &widget, QWidgetList &controls)
+{
+    const auto *area = qobject_cast<const QScrollArea *>(&widget);
+    const QWidget *inside = area ? area->widget() : &widget;
+    if (inside && inside->layout()) collect(*inside->layout(), controls);
+}
+
+} // namespace
+
+QWidgetList controlsInOrder(const QWidget &inside)
+{
+    QWidgetList controls;
+    collect(inside, controls);
+    return controls;
+}
+
+void setTabOrderOf(const QWidgetList &controls)
+{
+    for (qsizetype i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
+}
