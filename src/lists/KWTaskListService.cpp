@@ -135,11 +135,12 @@ void KWTaskListService::loadMoreCompleted()
     reload();
 }
 
-void KWTaskListService::setSectionFolded(const QString &name, bool isFolded)
+void KWTaskListService::setSectionsFolded(const QStringList &names, bool isFolded)
 {
-    if (m_folded.sections.contains(name) == isFolded) return;
-    isFolded ? void(m_folded.sections.insert(name)) : void(m_folded.sections.remove(name));
-    saveFolding();
+    const QSet<QString> before = m_folded.sections;
+    const QSet<QString> changed{names.begin(), names.end()};
+    isFolded ? m_folded.sections.unite(changed) : m_folded.sections.subtract(changed);
+    if (m_folded.sections != before) saveFolding();
 }
 
 void KWTaskListService::setTaskFolded(const QString &taskID, bool isFolded)

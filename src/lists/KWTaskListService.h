@@ -42,7 +42,8 @@ public:
 
     /// Remembered for the list; onRowsChanged is called.
     const FoldedRows &folded() const { return m_folded; }
-    void setSectionFolded(const QString &name, bool isFolded);
+    void setSectionFolded(const QString &name, bool isFolded) { setSectionsFolded({name}, isFolded); }
+    void setSectionsFolded(const QStringList &names, bool isFolded);
     void setTaskFolded(const QString &taskID, bool isFolded);
 
     /// Tasks that have waited to be deleted since before the service was there. To be told before select().

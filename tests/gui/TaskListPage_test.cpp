@@ -1,5 +1,6 @@
 #include "gui/ClientFixture.h"
 #include "gui/WindowHelp.h"
+#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWTaskTicker.h"
 #include "model/store/TaskBatch.h"
@@ -13,8 +14,10 @@
 #include "views/toast/Toast.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
@@ -184,6 +187,8 @@ private Q_SLOTS:
         QTRY_COMPARE(pane().model().tasks().size(), 6);
         m_client->press(Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(list().selectedTasks().size(), 6);
+        m_client->press(Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(QGuiApplication::clipboard()->text().startsWith(u"Water\nRent\nCall"_s));
         m_client->press(Qt::Key_Delete);
         QTRY_COMPARE(pane().model().tasks().size(), 0);
         undo();
@@ -250,6 +255,28 @@ private Q_SLOTS:
         QTRY_VERIFY(count() > before);
         sortBy(u"Show Completed"_s);
         QTRY_COMPARE(count(), 0);
+    }
+
+    void asksForListsAndTagsByTyping()
+    {
+        QVERIFY(m_client->rooms().newTasks().add(u"Memo ~Office #errand"_s));
+        list().selectTasks(idsOf({u"Water"_s, u"Idea"_s}));
+        list().setFocus();
+        const auto answer = [this](const QString &entry, const QString &typed) {
+            chooseInMenu(entry);
+            auto *popup = QApplication::activePopupWidget();
+            QVERIFY(popup);
+            QTest::keyClicks(popup->findChild<QLineEdit *>(), typed);
+            QTest::keyClick(popup->findChild<QLineEdit *>(), Qt::Key_Return);
+        };
+        answer(u"Tags…"_s, u"err"_s);
+        QCOMPARE(task(idOf(u"Idea"_s)).tags, QStringList{u"errand"_s});
+        const QString water = idOf(u"Water"_s);
+        answer(u"Move to List…"_s, u"off"_s);
+        QTRY_COMPARE(pane().model().tasks().size(), 4);
+        QCOMPARE(m_client->kit().context().find<KWProject>(task(water).projectID)->model().name, u"Office"_s);
+        undo();
+        QTRY_COMPARE(pane().model().tasks().size(), 6);
     }
 
     void sortsEachListByItsOwnType()

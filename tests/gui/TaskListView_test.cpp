@@ -3,6 +3,7 @@
 #include "gui/RowMaking.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
+#include "views/tasklist/KWTaskListSectionCell.h"
 #include "views/tasklist/TaskRowLayout.h"
 
 #include <QLineEdit>
@@ -130,6 +131,23 @@ private Q_SLOTS:
         rows[2].task.title = QString{QChar{0xd800}} + u" broken"_s;
         Shown shown{rows};
         QVERIFY(!shown.view.grab().isNull());
+    }
+
+    void headerHasItsButtonsAtTheEndOfTheLine()
+    {
+        const TaskListRow row = sectionRow(u"Overdue"_s, 0, 2);
+        const SectionLook look{.isOverdue = true, .canAdd = true, .canPostpone = true};
+        const QRect bounds{0, 0, 600, 32};
+        for (const auto &[direction, end, start] :
+             {std::tuple{Qt::LeftToRight, 580, 40}, {Qt::RightToLeft, 20, 560}}) {
+            const KWTaskListSectionCell cell{row, look, bounds, direction};
+            QCOMPARE(cell.partAt({end, 16}), RowPart::Postpone);
+            QCOMPARE(cell.partAt({start, 16}), RowPart::Header);
+            QSet<RowPart> parts;
+            for (int x = 0; x < bounds.width(); ++x)
+                parts.insert(cell.partAt({x, 16}));
+            QCOMPARE(parts, (QSet{RowPart::Header, RowPart::Postpone, RowPart::Add, RowPart::More}));
+        }
     }
 
     void rowLeavesOutWhatDoesNotFitAndIsMirroredForRightToLeft()

@@ -1,10 +1,12 @@
 #include "views/theme/Theme.h"
 
 #include "support/TestMain.h"
+#include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
 #include "views/theme/ThemeConfigurator.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QSignalSpy>
 
 #include <cmath>
@@ -104,9 +106,21 @@ private Q_SLOTS:
         QCOMPARE(Theme::current().scheme, ColorScheme::Dark);
     }
 
+    void closedTasksAreStruckOut()
+    {
+        const auto drawn = [](Fonts::LineStyle style) {
+            QImage image{80, 24, QImage::Format_ARGB32_Premultiplied};
+            image.fill(Qt::transparent);
+            QPainter painter{&image};
+            Fonts::drawLine(painter, Fonts::Role::Body, image.rect(), Qt::AlignLeft, u"task"_s, style);
+            return image;
+        };
+        QVERIFY(drawn(Fonts::LineStyle::StruckOut) != drawn(Fonts::LineStyle::Plain));
+    }
+
     void everyIconDraws()
     {
-        for (int icon = 0; icon <= int(Icon::Menu); ++icon)
+        for (int icon = 0; icon <= int(Icon::Focus); ++icon)
             QVERIFY2(hasInk(Icons::pixmap(Icon(icon), 16, Qt::black, 1)), qPrintable(QString::number(icon)));
         QVERIFY(hasInk(Icons::application(64, 1)));
     }

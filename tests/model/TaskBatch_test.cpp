@@ -33,6 +33,7 @@ private Q_SLOTS:
             [&] { return m_batch.setTag(both, u"errand"_s, TaskBatch::Tagging::Add); },
             [&] { return m_batch.setTag(both, u"home"_s, TaskBatch::Tagging::Remove); },
             [&] { return m_batch.setPinned(both, TaskBatch::Pinning::Pin); },
+            [&] { return m_batch.setKind(both, KWTaskKindNote); },
         };
         int saves = 0;
         const auto registration =
@@ -48,6 +49,7 @@ private Q_SLOTS:
             QCOMPARE(taskWith(one).tags, before.tags);
             QCOMPARE(taskWith(one).priority, before.priority);
             QCOMPARE(taskWith(one).pinnedDate, before.pinnedDate);
+            QCOMPARE(taskWith(one).kind, before.kind);
         }
         for (const auto &change : changes)
             QVERIFY(change());

@@ -64,8 +64,8 @@ void SectionController::fillMenu(QMenu &menu, const TaskListRow &row)
 
 void SectionController::foldAll(bool isFolded)
 {
-    const QList<KWTaskCategory> sections = m_parts.service.categories();
-    for (const KWTaskCategory &each : sections)
-        if (!each.hidesHeader() && !each.isLoadMore())
-            m_parts.service.setSectionFolded(each.name(), isFolded);
+    QStringList names;
+    for (const KWTaskCategory &each : m_parts.service.categories())
+        if (!each.hidesHeader() && !each.isLoadMore()) names.append(each.name());
+    m_parts.service.setSectionsFolded(names, isFolded);
 }

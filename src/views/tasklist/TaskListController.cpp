@@ -108,7 +108,10 @@ void TaskListController::showHead()
         isDateList ? DateWording::weekdayAndDay(today + std::chrono::days{isTomorrow}, today, QLocale{})
                    : QString{});
 
-    m_pane.addField().setVisible(takesNewTasks(m_service.list()));
+    const bool takesTasks = takesNewTasks(m_service.list());
+    // The keyboard stays in the pane when the field goes.
+    if (!takesTasks && m_pane.window()->focusWidget() == &m_pane.addField()) m_pane.list().setFocus();
+    m_pane.addField().setVisible(takesTasks);
     m_pane.addField().setPlaceholder(tr("Add a task to “%1”").arg(title));
     showEmptyText(title);
 }

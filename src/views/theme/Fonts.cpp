@@ -118,12 +118,11 @@ struct ShapedLines {
     }
 };
 
-ShapedLines &shapedLines(Fonts::Role role, Fonts::LineStyle style)
+ShapedLines &shapedLines(Fonts::Role role)
 {
-    static std::array<std::array<ShapedLines, 2>, fontSizes.size()> all;
-    ShapedLines &found = all[std::size_t(role)][std::size_t(style)];
-    QFont font = Fonts::font(role);
-    font.setStrikeOut(style == Fonts::LineStyle::StruckOut);
+    static std::array<ShapedLines, fontSizes.size()> all;
+    ShapedLines &found = all[std::size_t(role)];
+    const QFont &font = Fonts::font(role);
     if (found.font != font) found = {font, std::nullopt, {}};
     return found;
 }
@@ -143,13 +142,13 @@ const QFont &Fonts::font(Role role)
 
 int Fonts::width(Role role, const QString &text)
 {
-    return int(std::ceil(shapedLines(role, LineStyle::Plain).line(text).width));
+    return int(std::ceil(shapedLines(role).line(text).width));
 }
 
 void Fonts::drawLine(QPainter &painter, Role role, const QRect &bounds, Qt::Alignment side,
                      const QString &text, LineStyle style)
 {
-    ShapedLines &shapes = shapedLines(role, style);
+    ShapedLines &shapes = shapedLines(role);
     const bool fits = shapes.line(text).width <= bounds.width() + 1;
     const Line &line =
         fits ? shapes.line(text)
@@ -159,8 +158,14 @@ void Fonts::drawLine(QPainter &painter, Role role, const QRect &bounds, Qt::Alig
         x += bounds.width() - line.width;
     else if (side & Qt::AlignHCenter)
         x += (bounds.width() - line.width) / 2;
-    const int top = bounds.top() + (bounds.height() - QFontMetrics{shapes.font}.height()) / 2;
+    const QFontMetrics metrics{shapes.font};
+    const int top = bounds.top() + (bounds.height() - metrics.height()) / 2;
     painter.setFont(shapes.font);
     for (const Line::Piece &piece : line.pieces)
         painter.drawStaticText(QPointF{x + piece.x, double(top)}, piece.shape);
+    // Shaped text is drawn without the lines of its font.
+    if (style == LineStyle::StruckOut)
+        painter.fillRect(QRectF{x, double(top + metrics.ascent() - metrics.strikeOutPos()), line.width,
+                                double(metrics.lineWidth())},
+                         painter.pen().color());
 }
