@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t shownOccurrences = 6;
+constexpr int fieldPadding = 8;
 
 CXTimeZone zoneOf(const TaskSchedule &schedule, const SchedulePicker::Surroundings &surroundings)
 {
@@ -81,10 +82,21 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
     frame->addWidget(area);
 
     m_occurrences->setObjectName(u"occurrences"_s);
+    dressFields();
     connectDays();
     showDraft();
     m_repeat->setRepeat(m_draft.repeatRule, m_draft.repeatFrom, m_draft.day().value_or(surroundings.today));
     showOccurrences();
+}
+
+// As high as the boxes of choices beside them.
+void SchedulePicker::dressFields()
+{
+    for (QLineEdit *each : m_details->findChildren<QLineEdit *>()) {
+        if (qobject_cast<QAbstractSpinBox *>(each->parent())) continue;
+        each->setMinimumHeight(Metrics::scaled(Metrics::control));
+        each->setTextMargins(fieldPadding, 0, fieldPadding, 0);
+    }
 }
 
 void SchedulePicker::makeTimes(QFormLayout &rows)
@@ -276,7 +288,7 @@ void SchedulePicker::popUp(const QPoint &position)
     const auto *area = findChild<QScrollArea *>();
     QSize wanted = area->widget()->sizeHint() + QSize{2 + area->verticalScrollBar()->sizeHint().width(), 2};
     // Room for the rows that a rule adds, so that nothing jumps.
-    wanted.rheight() += Metrics::scaled(4 * Metrics::control);
+    if (m_draft.repeatRule.isEmpty()) wanted.rheight() += Metrics::scaled(4 * Metrics::control);
     resize(wanted.boundedTo(bounds.size()));
     move(std::clamp(position.x(), bounds.left(), std::max(bounds.left(), bounds.right() - width())),
          std::clamp(position.y(), bounds.top(), std::max(bounds.top(), bounds.bottom() - height())));

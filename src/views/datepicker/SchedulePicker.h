@@ -43,6 +43,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void dressFields();
     void makeTimes(QFormLayout &rows);
     void makeZones(QFormLayout &rows);
     QLayout *makeButtons();
