@@ -2,6 +2,10 @@
 
 #include "model/records/KWAttachment.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWFilter.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWProjectGroup.h"
+#include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWTaskSortOrders.h"
 #include "model/records/NextAlert.h"
@@ -21,9 +25,9 @@ void forEachKind(Visitor &&visit)
         (visit(std::type_identity<Records>{}), ...);
     };
     visitAll(
-        std::type_identity<
-            std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder, KWTaskPrioritySortOrder,
-                       KWTaskProjectSortOrder, KWTaskTagSortOrder, KWTaskPinnedSortOrder>>{});
+        std::type_identity<std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder,
+                                      KWTaskPrioritySortOrder, KWTaskProjectSortOrder, KWTaskTagSortOrder,
+                                      KWTaskPinnedSortOrder, KWProject, KWProjectGroup, KWTag, KWFilter>>{});
 }
 
 // The fields that say what a record is, not where it stands with the service nor what follows from them.
@@ -135,13 +139,12 @@ Result<void> UndoToken::undo(KWCoreDataManager &manager) const
     return KWCoreDataService{manager}.sync_save([this](ObjectContext &context) -> Result<void> {
         if (context.number(putIn, {idList(madeIDs())}) > 0) return changedMeanwhile();
         Result<void> done;
-        const auto takeBack = [&]<class Record>(std::type_identity<Record>) {
+        forEachKind([&]<class Record>(std::type_identity<Record>) {
             for (const auto &each : std::get<QList<Versions<typename Record::Model>>>(m_versions))
                 if (done)
                     done = each.before ? takeBackChange<Record>(*each.before, each.after, context)
                                        : takeBackMaking<Record>(each.after, context);
-        };
-        forEachKind(takeBack);
+        });
         return done;
     });
 }

@@ -3,6 +3,10 @@
 #include "corvexkit/Result.h"
 #include "model/records/KWAttachmentModel.h"
 #include "model/records/KWChecklistItemModel.h"
+#include "model/records/KWFilterModel.h"
+#include "model/records/KWProjectGroupModel.h"
+#include "model/records/KWProjectModel.h"
+#include "model/records/KWTagModel.h"
 #include "model/records/KWTaskModel.h"
 #include "model/records/KWTaskSortOrderModels.h"
 
@@ -14,8 +18,8 @@
 class KWCoreDataManager;
 class ObjectContext;
 
-/// What one save does to tasks, checklist items, attachments and the places of tasks in lists, by value, so
-/// that it can be taken back.
+/// What one save does to tasks with their items, attachments and places in lists, and to lists, folders, tags
+/// and filters, by value, so that it can be taken back.
 /// A token that is made by default takes nothing back.
 class UndoToken {
 public:
@@ -40,9 +44,10 @@ private:
     void note(const ObjectContext &context);
     QStringList madeIDs() const;
 
-    std::tuple<QList<Versions<KWTaskModel>>, QList<Versions<KWChecklistItemModel>>,
-               QList<Versions<KWAttachmentModel>>, QList<Versions<KWTaskDueDateSortOrderModel>>,
-               QList<Versions<KWTaskPrioritySortOrderModel>>, QList<Versions<KWTaskProjectSortOrderModel>>,
-               QList<Versions<KWTaskTagSortOrderModel>>, QList<Versions<KWTaskPinnedSortOrderModel>>>
+    template <class... Twins>
+    using VersionsOf = std::tuple<QList<Versions<Twins>>...>;
+    VersionsOf<KWTaskModel, KWChecklistItemModel, KWAttachmentModel, KWTaskDueDateSortOrderModel,
+               KWTaskPrioritySortOrderModel, KWTaskProjectSortOrderModel, KWTaskTagSortOrderModel,
+               KWTaskPinnedSortOrderModel, KWProjectModel, KWProjectGroupModel, KWTagModel, KWFilterModel>
         m_versions;
 };
