@@ -1,5 +1,7 @@
 #include "model/account/KWAccountManager.h"
 
+#include "corvexkit/log/CXLog.h"
+#include "model/account/AccountSettings.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
@@ -10,6 +12,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr CXLogger accountLog{u"account"};
 
 // Qt counts Monday 1 … Sunday 7, the settings Sunday 1 … Saturday 7.
 int firstWeekdayOf(const QLocale &locale) { return int(locale.firstDayOfWeek()) % 7 + 1; }
@@ -115,6 +119,15 @@ QString KWAccountManager::defaultAddtoList() const
 {
     const KWProject *chosen = m_manager.MR_defaultContext().find<KWProject>(userSettings().defaultListID);
     return mayTakeTasks(chosen) ? chosen->sid() : KWProject::inboxIDOfUser(currentUserID());
+}
+
+void KWAccountManager::resetDefaultAddToListIfNeeded()
+{
+    const QString chosen = userSettings().defaultListID;
+    if (chosen.isEmpty() || mayTakeTasks(m_manager.MR_defaultContext().find<KWProject>(chosen))) return;
+    const auto reset = AccountSettings{m_manager, m_center, currentUserID()}.change(
+        [](KWUserSettingsModel &settings) { settings.defaultListID.clear(); });
+    if (!reset) accountLog.error(reset.error().sentence);
 }
 
 KWTaskDefaultConfiguration KWAccountManager::taskDefaultConfiguration() const

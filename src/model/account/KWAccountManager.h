@@ -49,6 +49,8 @@ public:
     /// Where a new task goes when nothing else decides: the chosen list while it exists, is open and may
     /// be written, else the inbox.
     QString defaultAddtoList() const;
+    /// Lets new tasks go to the inbox for good when the chosen list is gone or closed.
+    void resetDefaultAddToListIfNeeded();
     KWTaskDefaultConfiguration taskDefaultConfiguration() const;
     std::set<CXAlarmTrigger> defaultReminderRules() const { return taskDefaultConfiguration().reminders; }
     std::set<CXAlarmTrigger> defaultReminderRulesForAllDay() const

@@ -17,6 +17,8 @@ class KWProject : public ManagedRecord<KWProjectModel> {
 public:
     bool isClosed() const { return model().closed; }
     bool isInbox() const { return model().isInbox; }
+    /// Not only shared with the user by somebody else.
+    bool belongsToMe() const { return model().isOwner; }
     bool isNoteKind() const { return model().kind == KWProjectKindNote; }
     /// Its tasks may be changed.
     bool isWritable() const { return model().permission == KWProjectPermissionWrite; }

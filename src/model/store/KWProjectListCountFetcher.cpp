@@ -37,14 +37,14 @@ void KWProjectListCountFetcher::clear()
     m_counts.reset();
     m_shown.reset();
     m_userID.clear();
-    m_isWanted = false;
+    m_wanted = {};
 }
 
-void KWProjectListCountFetcher::updateCountCache(const QString &userID)
+void KWProjectListCountFetcher::updateCountCache(const QString &userID, SidebarCountKinds kinds)
 {
     if (userID != m_userID) clear();
     m_userID = userID;
-    m_isWanted = true;
+    m_wanted |= kinds;
     if (!m_isCounting) recount();
 }
 
@@ -56,7 +56,7 @@ void KWProjectListCountFetcher::take(const StoreChange &change)
                                change.touches(RecordKind::UserSettings);
     if (change.taskMoves.isEmpty() && !placesChanged) return;
     // A count under way may or may not have seen this save, and one that is done may have seen a late one.
-    if (m_isCounting || change.isLate) m_isWanted = true;
+    if (m_isCounting || change.isLate) m_wanted = allSidebarCounts;
     if (m_counts) {
         if (placesChanged)
             countNow();
@@ -92,7 +92,8 @@ void KWProjectListCountFetcher::announce()
 
 void KWProjectListCountFetcher::recount()
 {
-    if (!std::exchange(m_isWanted, false)) return;
+    const SidebarCountKinds kinds = std::exchange(m_wanted, {});
+    if (!kinds) return;
     m_isCounting = true;
     auto counts = std::make_shared<SidebarCounts>();
     const auto count = [counts, userID = m_userID](ObjectContext &context) -> Result<void> {
@@ -103,22 +104,29 @@ void KWProjectListCountFetcher::recount()
     };
     KWCoreDataService{m_manager}.async_perform(
         count,
-        [this, counts, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {
+        [this, counts, kinds, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {
             if (life.expired()) return;
             m_isCounting = false;
-            if (generation == m_generation) finish(done, *counts);
+            if (generation == m_generation) finish(done, *counts, kinds);
             recount();
         });
 }
 
-void KWProjectListCountFetcher::finish(const Result<void> &done, const SidebarCounts &counts)
+void KWProjectListCountFetcher::finish(const Result<void> &done, const SidebarCounts &counts,
+                                       SidebarCountKinds kinds)
 {
     if (!done) {
         countLog.error(done.error().sentence);
         return;
     }
     // What is kept was changed by every save, and another count follows.
-    if (m_counts && m_isWanted) return;
-    m_counts = counts;
+    if (m_counts && m_wanted) {
+        m_wanted |= kinds;
+        return;
+    }
+    if (m_counts)
+        m_counts->take(counts, kinds);
+    else
+        m_counts = counts;
     announce();
 }

@@ -18,9 +18,9 @@ public:
 
     /// Nothing before the first count and for lists without a number.
     std::optional<int> countCached(const KWListIdentifier &list) const;
-    /// Counts all lists of the user again: another day has come, or another process has written. Requests
+    /// Counts those lists of the user again: another day has come, or another process has written. Requests
     /// made before the count has begun are joined.
-    void updateCountCache(const QString &userID);
+    void updateCountCache(const QString &userID, SidebarCountKinds kinds = allSidebarCounts);
     void clear();
 
     /// The open tasks with the tag in the user's open lists, counted now.
@@ -33,7 +33,7 @@ private:
     void countNow();
     void recount();
     void announce();
-    void finish(const Result<void> &done, const SidebarCounts &counts);
+    void finish(const Result<void> &done, const SidebarCounts &counts, SidebarCountKinds kinds);
 
     KWCoreDataManager &m_manager;
     KWNotificationCenter &m_center;
@@ -43,7 +43,7 @@ private:
     QString m_userID;
     int m_generation = 0; // of the cache: an answer for an older one is dropped
     bool m_isCounting = false;
-    bool m_isWanted = false; // a count that begins after the one under way
+    SidebarCountKinds m_wanted; // by the count that begins after the one under way
     KWEventBus::Registration m_registration;
     std::shared_ptr<Life> m_life = std::make_shared<Life>(); // an answer that outlives it is dropped
 };

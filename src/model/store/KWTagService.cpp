@@ -244,14 +244,19 @@ Result<void> KWTagService::remove(const QString &name)
 
 Result<void> KWTagService::setParent(const QString &name, const QString &parent)
 {
-    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-        KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
-        if (!tag) return noSuchTag();
-        const QString parentName = KWTag::nameForLabel(parent);
-        const Result<void> checked = TagUse{(*tag)->name, m_userID, context}.checkParent(parentName);
-        if (checked) tag->set(&KWTagModel::parent, parentName);
-        return checked;
-    });
+    return KWCoreDataService{m_manager}.sync_save(
+        [&](ObjectContext &context) { return setParent(name, parent, m_userID, context); });
+}
+
+Result<void> KWTagService::setParent(const QString &name, const QString &parent, const QString &userID,
+                                     ObjectContext &context)
+{
+    KWTag *tag = KWTag::findTagNamed(name, userID, context);
+    if (!tag) return noSuchTag();
+    const QString parentName = KWTag::nameForLabel(parent);
+    const Result<void> checked = TagUse{(*tag)->name, userID, context}.checkParent(parentName);
+    if (checked) tag->set(&KWTagModel::parent, parentName);
+    return checked;
 }
 
 Result<void> KWTagService::setColor(const QString &name, const QString &color)

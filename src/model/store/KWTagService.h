@@ -5,6 +5,7 @@
 #include <QString>
 
 class KWCoreDataManager;
+class ObjectContext;
 
 /// Makes, renames and deletes tags, each with everything that names them in one save: tasks, child tags,
 /// rules of filters, manual positions and the way their lists are shown. Tags are named by their key or any
@@ -31,6 +32,9 @@ public:
     Result<void> remove(const QString &name);
     /// An empty parent takes the tag out of its parent. Tags are two deep at most.
     Result<void> setParent(const QString &name, const QString &parent);
+    /// The same inside a save that somebody else makes.
+    static Result<void> setParent(const QString &name, const QString &parent, const QString &userID,
+                                  ObjectContext &context);
     Result<void> setColor(const QString &name, const QString &color);
 
 private:

@@ -179,6 +179,38 @@ void SidebarCounts::apply(const QList<TaskMove> &moves)
     }
 }
 
+void SidebarCounts::take(const SidebarCounts &others, SidebarCountKinds kinds)
+{
+    if (kinds == allSidebarCounts) {
+        *this = others;
+        return;
+    }
+    SidebarCounts taken = others;
+    if (!(kinds & SidebarCountKind::Lists)) {
+        taken.m_lists = m_lists;
+        taken.m_groups = m_groups;
+    }
+    if (!(kinds & SidebarCountKind::Tags)) {
+        taken.m_tags = m_tags;
+        taken.m_parentTags = m_parentTags;
+    }
+    if (!(kinds & SidebarCountKind::Filters)) {
+        taken.m_filters = m_filters;
+        taken.m_frame = m_frame;
+    }
+    if (!(kinds & SidebarCountKind::SmartLists)) {
+        taken.m_tomorrow = m_tomorrow;
+        taken.m_dayAfter = m_dayAfter;
+        taken.m_weekAfter = m_weekAfter;
+        taken.m_all = m_all;
+        taken.m_todayTasks = m_todayTasks;
+        taken.m_tomorrowTasks = m_tomorrowTasks;
+        taken.m_next7DaysTasks = m_next7DaysTasks;
+        taken.m_assignedTasks = m_assignedTasks;
+    }
+    *this = std::move(taken);
+}
+
 void SidebarCounts::add(const TaskPlace &place, int number)
 {
     List &list = m_lists[place.projectID];

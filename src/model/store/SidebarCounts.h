@@ -6,10 +6,18 @@
 #include "model/records/KWListIdentifier.h"
 #include "model/store/TaskPlace.h"
 
+#include <QFlags>
 #include <QHash>
 #include <QSet>
 
 class Connection;
+
+/// Which counts of a sidebar are meant.
+enum class SidebarCountKind : unsigned { SmartLists = 1, Lists = 2, Tags = 4, Filters = 8 };
+Q_DECLARE_FLAGS(SidebarCountKinds, SidebarCountKind)
+Q_DECLARE_OPERATORS_FOR_FLAGS(SidebarCountKinds)
+inline constexpr SidebarCountKinds allSidebarCounts{SidebarCountKind::SmartLists | SidebarCountKind::Lists |
+                                                    SidebarCountKind::Tags | SidebarCountKind::Filters};
 
 /// How many open tasks each list of a sidebar has: lists, folders, tags, filters and smart lists. Counted
 /// once for all of them, then kept true by telling which tasks went where. A value: it may cross threads.
@@ -24,6 +32,9 @@ public:
     /// Takes what saved tasks left, and adds where they went. Lists and filters themselves must be as they
     /// were read.
     void apply(const QList<TaskMove> &moves);
+
+    /// Takes the counts of these kinds from others; folders are lists.
+    void take(const SidebarCounts &others, SidebarCountKinds kinds);
 
     bool operator==(const SidebarCounts &) const = default;
 
