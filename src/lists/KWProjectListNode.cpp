@@ -45,6 +45,7 @@ KWProjectListNode &KWProjectListNode::addChild(std::unique_ptr<KWProjectListNode
 
 std::optional<KWListIdentifier> KWProjectListNode::listIdentifier() const
 {
+    if (m_entityID.isEmpty()) return std::nullopt;
     switch (m_type) {
     case KWProjectListNodeType::smartProject:
         return KWListIdentifier::smartProject(m_entityID);
@@ -54,6 +55,8 @@ std::optional<KWListIdentifier> KWProjectListNode::listIdentifier() const
         return KWListIdentifier::group(m_entityID);
     case KWProjectListNodeType::tag:
         return KWListIdentifier::tag(m_entityID);
+    case KWProjectListNodeType::filter:
+        return KWListIdentifier::filter(m_entityID);
     default:
         return std::nullopt;
     }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// What a node of the sidebar stands for. The raw values are compared against and stored.
@@ -35,7 +36,8 @@ public:
     KWProjectListNode(KWProjectListNodeType type, QString entityID, QString title);
 
     KWProjectListNodeType type() const { return m_type; }
-    /// The id of the smart list, list or folder, or the name of the tag.
+    /// The id of the smart list, list, folder, filter or team, or the name of the tag; empty as long as it
+    /// has no name.
     const QString &entityID() const { return m_entityID; }
     const QString &title() const { return m_title; }
     /// "#rrggbb" of a list or tag, empty for none.
@@ -51,6 +53,8 @@ public:
     const std::vector<std::unique_ptr<KWProjectListNode>> &children() const { return m_children; }
     int row() const;
     void setChildren(std::vector<std::unique_ptr<KWProjectListNode>> children);
+    /// Leaves none.
+    std::vector<std::unique_ptr<KWProjectListNode>> takeChildren() { return std::exchange(m_children, {}); }
     KWProjectListNode &addChild(std::unique_ptr<KWProjectListNode> child);
 
     /// The list that selecting the node shows; nothing for nodes that show none.

@@ -1,57 +1,94 @@
 #include "lists/KWProjectListPresenter.h"
 
+#include "lists/SidebarRecounts.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWUserDefaults.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
+
+using Section = ProjectListSection;
 
 QString foldingKey(const KWProjectListNode &node)
 {
     return QString::number(int(node.type())) + u':' + node.entityID();
 }
 
+bool comesFolded(const KWProjectListNode &node) { return node.type() == KWProjectListNodeType::archived; }
+
 } // namespace
 
 KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAccountManager &account,
                                                KWProjectListCountFetcher &counts, KWUserDefaults &defaults,
                                                KWNotificationCenter &center, KWEventBus &bus)
-    : m_manager(manager), m_account(account), m_counts(counts), m_defaults(defaults)
+    : m_manager(manager), m_account(account), m_counts(counts), m_defaults(defaults), m_dataService(manager)
 {
-    const auto observe = [this, &center](const QString &name, auto action) {
-        m_observations.push_back(
-            center.addObserver(name, [this, action](const KWNotification &) { (this->*action)(); }));
+    m_dataService.isFolded = [this](const KWProjectListNode &node) {
+        return m_foldedNodes.contains(foldingKey(node)) != comesFolded(node);
     };
-    observe(KWNewDayComesNotification, &KWProjectListPresenter::recount);
-    observe(KWSyncDidBatchPullNotification, &KWProjectListPresenter::reload);
-    observe(KWSmartListDisplayStatusDidChangeNotification, &KWProjectListPresenter::build);
-    observe(KWDataDidChangeOutsideMainAppNotification, &KWProjectListPresenter::reload);
-    m_observations.push_back(center.addObserver(countChanged, [this](const KWNotification &) {
-        if (m_contents && !m_contents->hiddenIfEmpty.isEmpty()) rebuildIfChanged();
-        if (onCountsChanged) onCountsChanged();
-    }));
+    m_dataService.isEmpty = [this](const KWSmartProject &smart) {
+        return m_counts.countCached(KWListIdentifier::smartProject(smart.identifier())).value_or(1) == 0;
+    };
+    m_dataService.onReplaced = [this] { didReplace(); };
+    observe(center);
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        const bool mayChangeTree = change.touches(RecordKind::Project) ||
-                                   change.touches(RecordKind::ProjectGroup) ||
-                                   change.touches(RecordKind::Tag);
-        if (!m_account.isSignedIn() || !m_contents) return;
-        if (mayChangeTree) rebuildIfChanged();
+        constexpr std::array shown{RecordKind::Project, RecordKind::ProjectGroup, RecordKind::Tag,
+                                   RecordKind::Filter, RecordKind::Team};
+        const bool mayChangeTree =
+            std::ranges::any_of(shown, [&change](RecordKind each) { return change.touches(each); });
+        if (mayChangeTree && m_account.isSignedIn() && contents())
+            m_dataService.rebuildNow(m_account.currentUserID());
     });
 }
 
-void KWProjectListPresenter::rebuildIfChanged()
+void KWProjectListPresenter::observe(KWNotificationCenter &center)
 {
-    ProjectListContents contents =
-        ProjectListContents::read(m_account.currentUserID(), m_manager.MR_defaultContext());
-    for (const QString &each : std::as_const(contents.hiddenIfEmpty))
-        if (m_counts.countCached(KWListIdentifier::smartProject(each)).value_or(1) == 0)
-            contents.hiddenSmartLists.insert(each);
-    if (contents == m_contents) return;
-    m_contents = std::move(contents);
-    m_dataService.rebuild(*m_contents, [this](const KWProjectListNode &node) {
-        return m_foldedNodes.contains(foldingKey(node));
-    });
+    const auto on = [this, &center](const QString &name, KWNotificationCenter::Handler handler) {
+        m_observations.push_back(center.addObserver(name, std::move(handler)));
+    };
+    const auto refreshOn = [this, &on](const QString &name, Section section) {
+        on(name, [this, section](const KWNotification &) { refresh(std::array{section}); });
+    };
+    on(KWSmartListDisplayStatusDidChangeNotification,
+       [this](const auto &) { refresh(allProjectListSections); });
+    on(KWSidebarSortOrderDidChangeNotification, [this](const auto &) { refresh(allProjectListSections); });
+    on(KWDataDidChangeOutsideMainAppNotification, [this](const auto &) { refresh(allProjectListSections); });
+    on(KWSyncDidBatchPullNotification, [this](const auto &pull) { syncDidBatchPull(pull); });
+    refreshOn(KWTeamDidPullNotification, Section::Lists);
+    refreshOn(KWSingleProjectSyncFinishedNotification, Section::Lists);
+    refreshOn(KWCalSubDisplayStatusDidChangeNotification, Section::Subscriptions);
+    refreshOn(KWCalSubscriptionAvaliableDidChangeNotification, Section::Subscriptions);
+    refreshOn(KWHabitSettingsChangedNotification, Section::SmartLists);
+    on(countChanged, [this](const auto &) { itemsCountDidChange(); });
+    for (const QString &each : recountNotifications())
+        on(each, [this](const KWNotification &posted) { recount(countsToRenewOn(posted.name)); });
+}
+
+void KWProjectListPresenter::syncDidBatchPull(const KWNotification &pull)
+{
+    const bool hasResult = pull.userInfo.value(kKWSyncBatchPullResultKey, true).toBool();
+    if (!hasResult || !pull.userInfo.value(kKWSyncBatchPullHasChangesKey, true).toBool()) return;
+    m_account.resetDefaultAddToListIfNeeded();
+    reload();
+}
+
+void KWProjectListPresenter::itemsCountDidChange()
+{
+    m_dataService.refreshSmartLists();
+    if (onCountsChanged) onCountsChanged();
+}
+
+void KWProjectListPresenter::didReplace()
+{
+    m_observerNodeSelectionNotification = false;
     if (onTreeRebuilt) onTreeRebuilt();
+    m_observerNodeSelectionNotification = true;
+    // A node that is named in place, or an empty smart list that goes, changes nothing of what is shown.
+    if (m_announced == contents()) return;
+    m_announced = contents();
     restoreSelection();
 }
 
@@ -59,19 +96,28 @@ void KWProjectListPresenter::build()
 {
     if (!m_account.isSignedIn()) return;
     m_foldedNodes = m_defaults.value(Settings::foldedNodes, m_account.currentUserID());
-    rebuildIfChanged();
+    m_dataService.rebuildNow(m_account.currentUserID());
+}
+
+void KWProjectListPresenter::refresh(std::span<const ProjectListSection> sections)
+{
+    if (m_account.isSignedIn() && contents()) m_dataService.rebuild(m_account.currentUserID(), sections);
 }
 
 void KWProjectListPresenter::reload()
 {
-    build();
+    if (!contents())
+        build();
+    else
+        refresh(allProjectListSections);
     recount();
 }
 
 void KWProjectListPresenter::clear()
 {
-    m_contents.reset();
     m_dataService.clear();
+    m_announced.reset();
+    m_adding.reset();
     m_counts.clear();
     if (onTreeRebuilt) onTreeRebuilt();
 }
@@ -80,7 +126,7 @@ void KWProjectListPresenter::restoreSelection()
 {
     const QString stored = m_defaults.value(Settings::selectedNode, m_account.currentUserID());
     const auto list = KWListIdentifier::userDefaultDecode(stored);
-    m_selectedList = list && canShow(*list) ? *list : KWListIdentifier::todayProject();
+    m_selectedList = list && canShow(*list) ? *list : defaultList();
     if (KWProjectListNode *node = selectedNode()) node->setIsSelected(true);
     if (onSelectionChanged) onSelectionChanged(m_selectedList);
 }
@@ -94,6 +140,19 @@ void KWProjectListPresenter::select(const KWListIdentifier &list)
     m_selectedList = list;
     if (KWProjectListNode *node = selectedNode()) node->setIsSelected(true);
     if (onSelectionChanged) onSelectionChanged(list);
+}
+
+KWListIdentifier KWProjectListPresenter::defaultList() const
+{
+    const auto shown = m_dataService.lists();
+    const KWListIdentifier today = KWListIdentifier::todayProject();
+    return shown.contains(today) || shown.isEmpty() ? today : shown.first();
+}
+
+void KWProjectListPresenter::projectListNodeSelectionChanged(const KWProjectListNode &node)
+{
+    if (!m_observerNodeSelectionNotification) return;
+    if (const auto list = node.listIdentifier()) select(*list);
 }
 
 bool KWProjectListPresenter::canShow(const KWListIdentifier &list)
@@ -114,8 +173,52 @@ void KWProjectListPresenter::setIsExpanded(bool isExpanded, KWProjectListNode &n
 {
     node.setIsExpanded(isExpanded);
     m_foldedNodes.removeAll(foldingKey(node));
-    if (!node.isExpanded()) m_foldedNodes.append(foldingKey(node));
+    if (node.isExpanded() == comesFolded(node)) m_foldedNodes.append(foldingKey(node));
     m_defaults.set(Settings::foldedNodes, m_foldedNodes, m_account.currentUserID());
+}
+
+void KWProjectListPresenter::beginAdding(NewNode node)
+{
+    const bool isTag = node.type == KWProjectListNodeType::tag;
+    KWProjectListNode *parent = isTag ? &m_dataService.tagNode() : &m_dataService.listNode();
+    for (const auto &each : parent->children()) {
+        const bool holdsPersonal = !isTag && each->type() == KWProjectListNodeType::team_personal;
+        if (holdsPersonal) parent = each.get();
+    }
+    if (!node.parentID.isEmpty())
+        if (KWProjectListNode *above = m_dataService.nodeFor(isTag ? KWListIdentifier::tag(node.parentID)
+                                                                   : KWListIdentifier::group(node.parentID)))
+            parent = above;
+    m_adding = std::move(node);
+    m_dataService.setUnnamedNode(m_adding->type, parent);
+}
+
+void KWProjectListPresenter::endAdding()
+{
+    if (!std::exchange(m_adding, std::nullopt)) return;
+    m_dataService.setUnnamedNode(KWProjectListNodeType::none);
+}
+
+std::optional<KWTagModel> KWProjectListPresenter::addingTag() const
+{
+    if (!m_adding || m_adding->type != KWProjectListNodeType::tag) return std::nullopt;
+    KWTagModel tag;
+    tag.parent = m_adding->parentID;
+    return tag;
+}
+
+std::optional<KWProjectModel> KWProjectListPresenter::listOf(const KWProjectListNode &node) const
+{
+    if (!contents() || node.type() != KWProjectListNodeType::project) return std::nullopt;
+    for (const auto *lists : {&contents()->projects, &contents()->closedProjects})
+        for (const KWProjectModel &each : *lists)
+            if (each.sid == node.entityID()) return each;
+    return std::nullopt;
+}
+
+QList<ProjectListCommand> KWProjectListPresenter::popMenu(const KWProjectListNode &node) const
+{
+    return projectListMenu(node, listOf(node));
 }
 
 std::optional<int> KWProjectListPresenter::countOf(const KWProjectListNode &node) const
@@ -124,7 +227,7 @@ std::optional<int> KWProjectListPresenter::countOf(const KWProjectListNode &node
     return list ? m_counts.countCached(*list) : std::nullopt;
 }
 
-void KWProjectListPresenter::recount()
+void KWProjectListPresenter::recount(SidebarCountKinds kinds)
 {
-    if (m_account.isSignedIn()) m_counts.updateCountCache(m_account.currentUserID());
+    if (m_account.isSignedIn() && kinds) m_counts.updateCountCache(m_account.currentUserID(), kinds);
 }

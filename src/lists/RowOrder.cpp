@@ -1,5 +1,7 @@
 #include "lists/RowOrder.h"
 
+#include "model/store/SqlValue.h"
+
 #include <algorithm>
 #include <tuple>
 

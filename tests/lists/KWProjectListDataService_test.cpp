@@ -1,9 +1,15 @@
 #include "lists/KWProjectListDataService.h"
 
+#include "lists/SidebarRecounts.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTag.h"
+#include "model/records/KWTeam.h"
+#include "model/records/KWUser.h"
+#include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -65,20 +71,37 @@ void add(const QList<typename Record::Model> &models, StoreFixture &store)
 class KWProjectListDataService_test : public QObject {
     Q_OBJECT
 
-    KWProjectListDataService m_service;
+    std::unique_ptr<StoreFixture> m_store;
+    std::unique_ptr<KWProjectListDataService> m_service;
 
     // Of the center, as the store has it now.
-    QString outlineOf(StoreFixture &store)
+    QString centerNow()
     {
-        m_service.rebuild(ProjectListContents::read(store.userID(), store.context()),
-                          [](const KWProjectListNode &) { return false; });
-        return outline(m_service.centerNode());
+        m_service->rebuildNow(m_store->userID());
+        return outline(m_service->centerNode());
+    }
+    void setVisibility(KWSmartProjectVisibility visibility, const KWSmartProject &smart)
+    {
+        saved(*m_store, [&](ObjectContext &context) {
+            KWSmartProject::updateVisibility(visibility, smart.identifier(), m_store->userID(), context);
+        });
     }
 
 private Q_SLOTS:
+    void init()
+    {
+        m_store = std::make_unique<StoreFixture>();
+        m_service = std::make_unique<KWProjectListDataService>(m_store->kit().manager());
+    }
+    void cleanup()
+    {
+        m_service.reset();
+        m_store.reset();
+    }
+
     void buildsTheTreeAndEmptiesIt()
     {
-        StoreFixture store;
+        StoreFixture &store = *m_store;
         add<KWProject>({list("Last", 90), list("First", -5), list("Garden", 1, "House"),
                         list("Stray", 2, "gone"), list("Kitchen", 3, "House"), list("Closed", 4),
                         list("Deleted", 5), list("Theirs", 6)},
@@ -95,24 +118,106 @@ private Q_SLOTS:
             context.find<KWProject>(theirs)->set(&KWProjectModel::userID, theirs);
             context.find<KWProjectGroup>(theirs)->set(&KWProjectGroupModel::userID, theirs);
         });
-        const KWProjectListNode *section = &m_service.tagNode();
-        QCOMPARE(outlineOf(store), u"Lists(First House(Garden Kitchen) Stray Empty Last) "
-                                   "Tags(Errand Food(Leek Bread) Stray Self) Filters Subscriptions"_s);
-        QCOMPARE(outline(m_service.topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
-        QCOMPARE(outline(m_service.bottomNode()), u"Completed Trash"_s);
-        const QList<KWListIdentifier> all = m_service.lists();
-        QCOMPARE(all.size(), 4 + 5 + 2 + 6 + 2); // of the top, lists, folders, tags, of the bottom
+        const KWProjectListNode *section = &m_service->tagNode();
+        QCOMPARE(centerNow(), u"Lists(First House(Garden Kitchen) Stray Empty Last Archive(Closed)) "
+                              "Tags(Errand Food(Leek Bread) Stray Self) Filters(No filters yet) "
+                              "Subscriptions"_s);
+        QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days"_s);
+        QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
+        const QList<KWListIdentifier> all = m_service->lists();
+        QCOMPARE(all.size(), 4 + 6 + 2 + 6 + 2); // of the top, lists, folders, tags, of the bottom
         for (const KWListIdentifier &each : all)
-            QVERIFY(m_service.nodeFor(each) && m_service.nodeFor(each)->listIdentifier() == each);
-        QVERIFY(!m_service.nodeFor(KWListIdentifier::project(u"House"_s)));
+            QVERIFY(m_service->nodeFor(each) && m_service->nodeFor(each)->listIdentifier() == each);
+        QVERIFY(!m_service->nodeFor(KWListIdentifier::project(u"House"_s)));
         // The header of a section is no list.
-        QVERIFY(!m_service.nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
+        QVERIFY(!m_service->nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
 
         setSaved<KWProject>(store, u"Last"_s, &KWProjectModel::name, u"End"_s);
-        QVERIFY(outlineOf(store).startsWith(u"Lists(First House(Garden Kitchen) Stray Empty End) Tags(E"_s));
-        QCOMPARE(&m_service.tagNode(), section);
-        m_service.clear();
-        QVERIFY(m_service.lists().isEmpty());
+        QVERIFY(centerNow().startsWith(u"Lists(First House(Garden Kitchen) Stray Empty End Arc"_s));
+        QCOMPARE(&m_service->tagNode(), section);
+        m_service->clear();
+        QVERIFY(m_service->lists().isEmpty());
+    }
+
+    void hiddenSectionsHaveNoNodesAndEmptyOnesSayIt()
+    {
+        QCOMPARE(centerNow(), u"Lists(No lists yet) Tags(No tags yet) Filters(No filters yet) "
+                              "Subscriptions"_s);
+        add<KWTag>({tag("Errand", 1)}, *m_store);
+        add<KWFilter>({KWFilterModel{}}, *m_store);
+        setVisibility(KWSmartProjectVisibilityHidden, KWSmartProject::tag());
+        setVisibility(KWSmartProjectVisibilityHidden, KWSmartProject::filter());
+        QCOMPARE(centerNow(), u"Lists(No lists yet) Tags Filters Subscriptions"_s);
+        setVisibility(KWSmartProjectVisibilityShownIfNotEmpty, KWSmartProject::tag());
+        QVERIFY(centerNow().contains(u"Tags(Errand) Filters Sub"_s));
+        setSaved<KWUser>(*m_store, m_store->userID(), &KWUserModel::userServerID, 7);
+        QVERIFY(centerNow().endsWith(u"Subscriptions(No calendars yet)"_s));
+    }
+
+    void teamsHaveGroupsOfTheirOwn()
+    {
+        KWTeamModel team;
+        team.sid = team.name = u"Crew"_s;
+        add<KWTeam>({team}, *m_store);
+        KWProjectModel theirs = list("Plan", 1);
+        theirs.teamID = team.sid;
+        add<KWProject>({list("Mine", 2), theirs}, *m_store);
+        QVERIFY(centerNow().startsWith(u"Lists(Crew(Plan) Personal(Mine)) "_s));
+    }
+
+    void aBackgroundRebuildReplacesAllAtOnceAndOnlyWhatIsAnother()
+    {
+        m_service->rebuildNow(m_store->userID());
+        int replaced = 0;
+        m_service->onReplaced = [&replaced] { ++replaced; };
+        const KWProjectListNode *holder = m_service->tagNode().children().front().get();
+        add<KWProject>({list("Work", 1)}, *m_store);
+        m_service->rebuild(m_store->userID(), std::array{ProjectListSection::Lists});
+        m_service->rebuild(m_store->userID(), std::array{ProjectListSection::Tags}); // and the lists too
+        QCOMPARE(outline(m_service->listNode()), u"No lists yet"_s);
+        QTRY_COMPARE(replaced, 1);
+        QCOMPARE(outline(m_service->listNode()), u"Work"_s);
+        QCOMPARE(m_service->tagNode().children().front().get(), holder);
+
+        m_service->rebuild(m_store->userID(), allProjectListSections);
+        m_service.reset(); // and what is read then finds nobody
+        m_store->kit().manager().threadPool().waitForDone();
+        QCoreApplication::processEvents();
+        QCOMPARE(replaced, 1);
+    }
+
+    void aNodeIsNamedInPlace()
+    {
+        add<KWProjectGroup>({folder("House", 0)}, *m_store);
+        m_service->rebuildNow(m_store->userID());
+        m_service->setUnnamedNode(KWProjectListNodeType::project,
+                                  m_service->listNode().children().front().get());
+        QCOMPARE(m_service->listNode().children().front()->children().size(), std::size_t{1});
+        m_service->setUnnamedNode(KWProjectListNodeType::tag, &m_service->tagNode());
+        QVERIFY(m_service->listNode().children().front()->children().empty());
+        QCOMPARE(m_service->tagNode().children().front()->title(), QString{}); // in place of the holder
+        QVERIFY(!m_service->tagNode().children().front()->listIdentifier());
+        m_service->setUnnamedNode(KWProjectListNodeType::none);
+        QCOMPARE(outline(m_service->tagNode()), u"No tags yet"_s);
+    }
+
+    void recountsWhatTheNotificationCanHaveChanged()
+    {
+        using Type = KWProjectListNodeType;
+        // smart, list, folder, tag, filter, calendar
+        constexpr std::array kinds{Type::smartProject, Type::project, Type::group,
+                                   Type::tag,          Type::filter,  Type::calsub_url};
+        const auto recounting = [&kinds](const QString &notification) {
+            return joined(kinds, [&](Type type) {
+                return recountsOn(notification, type) ? QString::number(int(type)) : u"-"_s;
+            });
+        };
+        QCOMPARE(recounting(KWNewDayComesNotification), u"0 - - 4 5 -"_s);
+        QCOMPARE(recounting(KWSyncDidPullHabitsNotification), u"0 - - - - -"_s);
+        QCOMPARE(recounting(KWUserSettingsDidChangeNotification), u"0 - - - 5 -"_s);
+        QCOMPARE(recounting(KWCalSubDidPullEventsNotification), u"0 - - - 5 10"_s);
+        QCOMPARE(recounting(KWKWRepeatInstanceGeneratedNotification), u"0 1 2 4 5 10"_s);
+        QCOMPARE(recounting(KWThemeDidChangeNotification), u"- - - - - -"_s);
     }
 };
 

@@ -57,8 +57,8 @@ class ListsStory_test : public QObject {
         m_store->reopen();
         m_window = std::make_unique<Window>(m_store->kit());
     }
-    template <class Value>
-    void setHome(Value KWProjectModel::*member, std::type_identity_t<Value> value)
+    template <class Value, class Owner>
+    void setHome(Value Owner::*member, std::type_identity_t<Value> value)
     {
         setSaved<KWProject>(*m_store, m_home, member, value);
     }
@@ -101,13 +101,13 @@ private Q_SLOTS:
         QVERIFY(m_window->selected.last() == home());
         startAgain();
         QVERIFY(m_window->selected == QList{home()} && sidebar().selectedList() == home());
-        setHome(&KWProjectModel::closed, true);
+        setHome(&KWProjectModel::isDeleted, true);
         QVERIFY(m_window->selected.last() == m_today && sidebar().selectedNode()->isSelected());
         startAgain();
         sidebar().select(KWListIdentifier::project(u"no such list"_s));
         sidebar().select(m_today); // now it is chosen
         QVERIFY(m_window->selected == QList{m_today});
-        setHome(&KWProjectModel::closed, false);
+        setHome(&KWProjectModel::isDeleted, false);
         QVERIFY(sidebar().selectedList() == m_today);
     }
 

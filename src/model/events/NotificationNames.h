@@ -9,6 +9,9 @@
 // only the two of signing in and out.
 inline const QString KWSyncWillBatchPullNotification = QStringLiteral("KWSyncWillBatchPullNotification");
 inline const QString KWSyncDidBatchPullNotification = QStringLiteral("KWSyncDidBatchPullNotification");
+/// In the user info of the latter, unless they are true: whether the pull succeeded and brought something.
+inline const QString kKWSyncBatchPullResultKey = QStringLiteral("kKWSyncBatchPullResultKey");
+inline const QString kKWSyncBatchPullHasChangesKey = QStringLiteral("kKWSyncBatchPullHasChangesKey");
 inline const QString KWSyncWillBatchPushNotification = QStringLiteral("KWSyncWillBatchPushNotification");
 inline const QString KWSyncDidBatchPushNotification = QStringLiteral("KWSyncDidBatchPushNotification");
 /// The person asked for a sync.
@@ -26,6 +29,10 @@ inline const QString kKWAccountAvatarChangedNotification =
 // What a pull brought, posted by the sync manager.
 inline const QString KWSyncDidPullPomoSettingsNotification =
     QStringLiteral("KWSyncDidPullPomoSettingsNotification");
+inline const QString KWSyncDidPullHabitsNotification = QStringLiteral("KWSyncDidPullHabitsNotification");
+/// Lists, folders, tags or filters stand in another order.
+inline const QString KWSidebarSortOrderDidChangeNotification =
+    QStringLiteral("KWSidebarSortOrderDidChangeNotification");
 inline const QString KWTeamDidPullNotification = QStringLiteral("KWTeamDidPullNotification");
 /// In the user info, `kKWSingleProjectSyncHasChangesKey` is a bool.
 inline const QString KWSingleProjectSyncFinishedNotification =
@@ -35,6 +42,14 @@ inline const QString KWShareProjectRemovedTeamworkerNotification =
     QStringLiteral("KWShareProjectRemovedTeamworkerNotification");
 inline const QString KWDidReceiveRemotePushNotification =
     QStringLiteral("KWDidReceiveRemotePushNotification");
+
+// Subscribed calendars, posted by the room of the calendar: events came, one is shown or hidden, the account
+// may subscribe to them or not.
+inline const QString KWCalSubDidPullEventsNotification = QStringLiteral("KWCalSubDidPullEventsNotification");
+inline const QString KWCalSubDisplayStatusDidChangeNotification =
+    QStringLiteral("KWCalSubDisplayStatusDidChangeNotification");
+inline const QString KWCalSubscriptionAvaliableDidChangeNotification =
+    QStringLiteral("KWCalSubscriptionAvaliableDidChangeNotification");
 
 /// Tags were made, renamed or deleted; posted by KWTagCache.
 inline const QString KWTagCacheDidUpdateNotification = QStringLiteral("KWTagCacheDidUpdateNotification");
