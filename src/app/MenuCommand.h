@@ -32,6 +32,7 @@ enum class MenuCommand {
     SignOut,
     Hide,
     Quit,
+    NewList,
     CloseWindow,
     Undo,
     Redo,

@@ -21,6 +21,7 @@ constexpr MenuEntry entries[] = {
     {Quit, Application, "quit", "Quit %@", "Ctrl+Q", Nothing},
 
     {AddTask, File, "addTask", "Add Task", "Ctrl+N"},
+    {NewList, File, "newList", "New List", "Ctrl+Shift+N"},
     {NewFilter, File, "newFilter", "New Filter…", ""},
     {Print, File, "print", "Print…", "Ctrl+P", SignedInUser},
     {ExportList, File, "exportList", "Export List…", "Ctrl+Shift+E"},

@@ -35,8 +35,9 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
     m_dataService.onReplaced = [this] { didReplace(); };
     observe(center);
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        constexpr std::array shown{RecordKind::Project, RecordKind::ProjectGroup, RecordKind::Tag,
-                                   RecordKind::Filter, RecordKind::Team};
+        constexpr std::array shown{RecordKind::Project, RecordKind::ProjectGroup,
+                                   RecordKind::Tag,     RecordKind::Filter,
+                                   RecordKind::Team,    RecordKind::SmartProjectSetting};
         const bool mayChangeTree =
             std::ranges::any_of(shown, [&change](RecordKind each) { return change.touches(each); });
         if (mayChangeTree && m_account.isSignedIn() && contents())
@@ -160,6 +161,13 @@ bool KWProjectListPresenter::canShow(const KWListIdentifier &list)
     const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
     return m_dataService.nodeFor(list) ||
            (list.type == KWListIdentifierType::SmartProject && smart && smart->isListOfTasks());
+}
+
+bool KWProjectListPresenter::isSelectedListClosed()
+{
+    const KWProjectListNode *node = selectedNode();
+    const auto list = node ? listOf(*node) : std::nullopt;
+    return list && list->closed;
 }
 
 QString KWProjectListPresenter::titleOfSelectedList()

@@ -37,6 +37,8 @@ public:
     KWProjectListNode *selectedNode() { return m_dataService.nodeFor(m_selectedList); }
     /// What the head of the list says.
     QString titleOfSelectedList();
+    /// An archived list takes no new tasks.
+    bool isSelectedListClosed();
     /// Selects and remembers it. A list that has no node is not selected, unless it is a smart list of
     /// tasks: one that the sidebar does not show can be opened all the same.
     void select(const KWListIdentifier &list);

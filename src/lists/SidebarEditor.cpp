@@ -4,6 +4,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/KWFilterService.h"
 #include "model/store/KWTagService.h"
 #include "model/store/KWTaskMover.h"
 #include "model/store/KWTaskTicker.h"
@@ -211,7 +212,7 @@ SidebarEditor::questionBeforeRemoving(const KWProjectListNode &node) const
 Result<Done> SidebarEditor::remove(const KWProjectListNode &node)
 {
     const QString id = node.entityID();
-    const QString message = KWLocalizedString("Folder “%1” deleted").arg(node.title());
+    const QString message = KWLocalizedString("“%1” deleted").arg(node.title());
     switch (node.type()) {
     case Type::project:
         return unsaid(lists().deleteList(id));
@@ -219,6 +220,8 @@ Result<Done> SidebarEditor::remove(const KWProjectListNode &node)
         return said(message, lists().deleteFolder(id));
     case Type::tag:
         return unsaid(KWTagService{m_parts.manager, userID()}.remove(id));
+    case Type::filter:
+        return said(message, KWFilterService{m_parts.manager, userID()}.remove(id));
     default:
         return notFor(node);
     }

@@ -136,6 +136,32 @@ private Q_SLOTS:
         QVERIFY(!m_view->selectNode(Type::project, u"garden"_s));
     }
 
+    void rowsAreMovedAndNotRebuilt()
+    {
+        const QAbstractItemModelTester tester{&model(),
+                                              QAbstractItemModelTester::FailureReportingMode::QtTest};
+        const QPersistentModelIndex work = index(u"work"_s);
+        const QPersistentModelIndex garden = index(u"garden"_s);
+        const QPersistentModelIndex groceries = index(u"groceries"_s);
+        QSignalSpy resets{&model(), &QAbstractItemModel::modelReset};
+        m_tree->lists.setChildren({}); // work into a folder that is new, garden out of one that goes
+        add(add(m_tree->lists, Type::group, u"office"_s), Type::project, u"work"_s);
+        add(m_tree->lists, Type::project, u"garden"_s);
+        m_view->setRoot(&m_tree->root);
+        QCOMPARE(titles(model()).mid(2, 4),
+                 (QStringList{u"smart.project"_s, u".office"_s, u"..work"_s, u".garden"_s}));
+        QCOMPARE(work.parent().data().toString(), u"Title of office"_s);
+        QCOMPARE(model().nodeAt(work)->entityID(), u"work"_s);
+        QVERIFY(garden.isValid() && !groceries.isValid());
+        QCOMPARE(model().nodeAt(garden)->entityID(), u"garden"_s);
+
+        m_tree->fill(); // and back
+        m_view->setRoot(&m_tree->root);
+        QCOMPARE(garden.parent().data().toString(), u"Title of home"_s);
+        QCOMPARE(work.row(), 1);
+        QCOMPARE(resets.count(), 0);
+    }
+
     void followsTheNodesAndMayGoBeforeThem()
     {
         m_tree->folder->setIsExpanded(false);

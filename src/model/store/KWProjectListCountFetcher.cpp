@@ -102,14 +102,15 @@ void KWProjectListCountFetcher::recount()
         *counts = std::move(*read);
         return {};
     };
-    KWCoreDataService{m_manager}.async_perform(
-        count,
-        [this, counts, kinds, generation = m_generation, life = std::weak_ptr{m_life}](const Result<void> &done) {
-            if (life.expired()) return;
-            m_isCounting = false;
-            if (generation == m_generation) finish(done, *counts, kinds);
-            recount();
-        });
+    KWCoreDataService{m_manager}.async_perform(count,
+                                               [this, counts, kinds, generation = m_generation,
+                                                life = std::weak_ptr{m_life}](const Result<void> &done) {
+                                                   if (life.expired()) return;
+                                                   m_isCounting = false;
+                                                   if (generation == m_generation)
+                                                       finish(done, *counts, kinds);
+                                                   recount();
+                                               });
 }
 
 void KWProjectListCountFetcher::finish(const Result<void> &done, const SidebarCounts &counts,

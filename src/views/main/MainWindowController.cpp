@@ -10,6 +10,7 @@
 #include "views/main/MainWindowCommands.h"
 #include "views/menu/MainMenu.h"
 #include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/SidebarCommands.h"
 #include "views/sidebar/SidebarController.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
@@ -41,6 +42,9 @@ struct MainWindowController::Content {
         , editor{rooms.kit.manager()}
         , actions{{rooms.kit.manager(), rooms.kit.center(), rooms.deletes, rooms.clock}}
         , sidebar{window.sidebar(), rooms.sidebar, rooms.kit.account()}
+        , sidebarCommands{{window.sidebar().tree(),
+                           {rooms.sidebar, rooms.kit.manager(), rooms.kit.account(), rooms.kit.center()},
+                           rooms.deletes}}
         , tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
         , taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
         , sortMenu{window.listPane().header(), rooms.tasks}
@@ -60,6 +64,7 @@ struct MainWindowController::Content {
     KWTaskEditor editor;
     BatchActions actions;
     SidebarController sidebar;
+    SidebarCommands sidebarCommands;
     TaskListController tasks;
     TaskMenu taskMenu;
     SortMenu sortMenu;
@@ -142,10 +147,20 @@ void MainWindowController::make()
     m_content = std::make_unique<Content>(m_rooms);
     m_content->window.setMenu(m_rooms.menu);
     connectColumns();
+    connectSidebar();
     connectFilters();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
     m_content->window.listPane().addField().setFocus();
+}
+
+void MainWindowController::connectSidebar()
+{
+    SidebarCommands &sidebar = m_content->sidebarCommands;
+    m_rooms.menu.handle(MenuCommand::NewList, sidebar, [&sidebar] { sidebar.addList(); });
+    connect(&sidebar, &SidebarCommands::filterEditRequested, this, &MainWindowController::editFilter);
+    connect(&sidebar, &SidebarCommands::changed, &m_content->window, &MainWindow::showUndo);
+    connect(&sidebar, &SidebarCommands::failed, &m_content->window, &MainWindow::showMessage);
 }
 
 void MainWindowController::connectFilters()

@@ -64,6 +64,7 @@ private:
 
     void make();
     void connectColumns();
+    void connectSidebar();
     void connectFilters();
     void connectDetail();
     /// Says what `work` fails to do, until it succeeds.

@@ -206,7 +206,8 @@ SmartListsPage::SmartListsPage(Preferences &preferences)
     : PreferencesPage("smartListsPage", preferenceText("Smart Lists"), preferences)
 {
     for (const KWSmartProject *each : KWSmartProject::configurable()) {
-        if (!each->isListOfTasks() && each != &KWSmartProject::tag()) continue;
+        if (!each->isListOfTasks() && each != &KWSmartProject::tag() && each != &KWSmartProject::filter())
+            continue;
         addChoice<int>(
             each->identifier().toLatin1().constData(), each->displayName(),
             {{preferenceText("Shown"), int(KWSmartProjectVisibilityShown)},

@@ -1,14 +1,27 @@
 #include "views/sidebar/KWProjectListView.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/tasklist/TaskMimeData.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
+#include "views/theme/Theme.h"
 #include "views/theme/ThemeConfigurator.h"
 
+#include <QContextMenuEvent>
+#include <QDrag>
 #include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int unfoldingDelay = 700; // milliseconds over a folded row
+
+} // namespace
 
 KWProjectListView::KWProjectListView(QWidget *parent)
     : QTreeView(parent)
@@ -28,6 +41,11 @@ KWProjectListView::KWProjectListView(QWidget *parent)
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setMouseTracking(true);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDragDropMode(DragDrop);
+    setDropIndicatorShown(false);
+    setAutoExpandDelay(unfoldingDelay);
     viewport()->setAutoFillBackground(false);
     setItemDelegate(m_delegate);
     setModel(&m_model);
@@ -36,6 +54,12 @@ KWProjectListView::KWProjectListView(QWidget *parent)
             [this](const QModelIndex &index) { announceExpansion(index, true); });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex &index) { announceExpansion(index, false); });
+    connect(m_delegate, &ProjectRowDelegate::named, this, [this](QWidget *editor, const QString &name) {
+        if (KWProjectListNode *node = endEditing(editor)) Q_EMIT named(node, name);
+    });
+    connect(m_delegate, &ProjectRowDelegate::namingAbandoned, this, [this](QWidget *editor) {
+        if (KWProjectListNode *node = endEditing(editor)) Q_EMIT namingAbandoned(node);
+    });
     connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this,
             [this] { scheduleDelayedItemsLayout(); });
 }
@@ -44,11 +68,11 @@ void KWProjectListView::setRoot(KWProjectListNode *root)
 {
     const int scrolled = verticalScrollBar()->value();
     m_isTakingOver = true;
+    setAutoScroll(false); // scrolling to the selected row would unfold what hides it
     m_model.setRoot(root);
     takeOver({});
-    setAutoScroll(false); // scrolling to the selected row would unfold what hides it
-    if (const QModelIndex selected = m_model.find(m_selectedType, m_selectedID); selected.isValid())
-        setCurrentIndex(selected);
+    const QModelIndex selected = m_model.find(m_selectedType, m_selectedID);
+    if (selected.isValid() && !selectionModel()->isSelected(selected)) setCurrentIndex(selected);
     setAutoScroll(true);
     m_isTakingOver = false;
     executeDelayedItemsLayout();
@@ -150,19 +174,77 @@ QItemSelectionModel::SelectionFlags KWProjectListView::selectionCommand(const QM
     return isSelectable ? QTreeView::selectionCommand(index, event) : QItemSelectionModel::NoUpdate;
 }
 
-void KWProjectListView::keyPressEvent(QKeyEvent *event)
+void KWProjectListView::editName(KWProjectListNodeType type, const QString &entityID,
+                                 const std::optional<QString> &typed)
+{
+    const QModelIndex index = m_model.find(type, entityID);
+    if (!(m_model.flags(index) & Qt::ItemIsEditable)) return;
+    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent())
+        setExpanded(above, true);
+    if (typed) m_delegate->setTypedName(*typed);
+    scrollTo(index);
+    m_editedIndex = index;
+    setState(NoState); // an editor that is closed may still be on its way out
+    edit(index);
+}
+
+KWProjectListNode *KWProjectListView::endEditing(QWidget *editor)
+{
+    KWProjectListNode *node = m_model.nodeAt(m_editedIndex);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    return node;
+}
+
+void KWProjectListView::requestAddition(KWProjectListNode &node)
+{
+    KWProjectListNode *parent = &node;
+    const auto takesMore = [this](const KWProjectListNode &each) {
+        const bool holdsTags = each.type() == KWProjectListNodeType::tag && each.parent() &&
+                               each.parent()->type() != KWProjectListNodeType::tag;
+        return holdsTags || each.type() == KWProjectListNodeType::group ||
+               m_model.isSectionHeader(m_model.indexOf(each));
+    };
+    while (parent && !takesMore(*parent))
+        parent = parent->parent();
+    if (parent) Q_EMIT addRequested(parent);
+}
+
+bool KWProjectListView::performKey(const QKeyEvent &event, KWProjectListNode &node)
 {
     const QModelIndex index = currentIndex();
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (m_model.isSectionHeader(index) && (isEnter || event->key() == Qt::Key_Space)) {
-        setExpanded(index, !isExpanded(index));
-        return;
+    const bool isHeader = m_model.isSectionHeader(index);
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (isHeader)
+            setExpanded(index, !isExpanded(index));
+        else if (event.key() != Qt::Key_Space)
+            Q_EMIT opened(&node);
+        return isHeader || event.key() != Qt::Key_Space;
+    case Qt::Key_F2:
+        editName(node.type(), node.entityID());
+        return true;
+    case Qt::Key_Insert:
+        requestAddition(node);
+        return true;
+    case Qt::Key_Delete:
+        Q_EMIT removalRequested(&node);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (event.modifiers() != Qt::AltModifier) return false;
+        Q_EMIT moveRequested(&node, event.key() == Qt::Key_Up ? -1 : 1);
+        return true;
+    default:
+        return false;
     }
-    if (KWProjectListNode *node = m_model.nodeAt(index); node && isEnter) {
-        Q_EMIT opened(node);
-        return;
-    }
-    QTreeView::keyPressEvent(event);
+}
+
+void KWProjectListView::keyPressEvent(QKeyEvent *event)
+{
+    KWProjectListNode *node = m_model.nodeAt(currentIndex());
+    if (!node || !performKey(*event, *node)) QTreeView::keyPressEvent(event);
 }
 
 void KWProjectListView::mousePressEvent(QMouseEvent *event)
@@ -170,17 +252,144 @@ void KWProjectListView::mousePressEvent(QMouseEvent *event)
     const QPoint position = event->position().toPoint();
     const QModelIndex index = indexAt(position);
     if (index.isValid() && event->button() == Qt::LeftButton) {
-        if (m_delegate->foldBounds(visualRect(index), layoutDirection(), index).contains(position)) {
+        const QRect row = visualRect(index);
+        if (m_delegate->addBounds(row, layoutDirection(), index).contains(position)) {
+            Q_EMIT addRequested(m_model.nodeAt(index));
+            return;
+        }
+        if (m_delegate->foldBounds(row, layoutDirection(), index).contains(position)) {
             setExpanded(index, !isExpanded(index));
             return;
         }
     }
+    if (event->button() == Qt::RightButton) return; // asks for a menu, selects nothing
     QTreeView::mousePressEvent(event);
+}
+
+void KWProjectListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    KWProjectListNode *node = m_model.nodeAt(index);
+    if (!node) return;
+    const QPoint below = visualRect(index).center();
+    Q_EMIT menuRequested(node, byKey ? viewport()->mapToGlobal(below) : event->globalPos());
+}
+
+void KWProjectListView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    const Theme &theme = Theme::current();
+    QPainter painter{viewport()};
+    if (m_scrollViewIsScrolled) {
+        const QRect edge{0, 0, viewport()->width(), Metrics::grid};
+        QColor shade = theme.hairline;
+        QLinearGradient shadow{edge.topLeft(), edge.bottomLeft()};
+        shadow.setColorAt(0, shade);
+        shade.setAlpha(0);
+        shadow.setColorAt(1, shade);
+        painter.fillRect(edge, shadow);
+    }
+    if (!m_dropMark) return;
+    const QRect mark = m_dropMark->mark.adjusted(Metrics::rowOutset, 0, -Metrics::rowOutset, 0);
+    if (m_dropMark->node)
+        Painting::focusRing(painter, mark, Metrics::rowRadius);
+    else
+        painter.fillRect(mark, theme.accent);
+}
+
+// What is folded while rows are dragged comes back as it was.
+void KWProjectListView::beginDrag(const QModelIndex &parent)
+{
+    for (int row = 0; row < m_model.rowCount(parent); ++row) {
+        const QModelIndex index = m_model.index(row, 0, parent);
+        if (isExpanded(index)) m_expandedItemsWhenBeginDrag.append(index);
+        beginDrag(index);
+    }
+}
+
+void KWProjectListView::endDrag()
+{
+    setDropMark(std::nullopt);
+    for (const QPersistentModelIndex &each : std::exchange(m_expandedItemsWhenBeginDrag, {}))
+        if (each.isValid()) setExpanded(each, true);
+}
+
+void KWProjectListView::startDrag(Qt::DropActions)
+{
+    const QModelIndex index = currentIndex();
+    const KWProjectListNode *node = m_model.nodeAt(index);
+    if (!node || !(m_model.flags(index) & Qt::ItemIsDragEnabled)) return;
+    beginDrag();
+    auto *drag = new QDrag{this};
+    drag->setMimeData(SidebarMimeData::make(*node));
+    const QRect row = visualRect(index);
+    drag->setPixmap(viewport()->grab(row));
+    drag->exec(Qt::MoveAction);
+    endDrag();
+}
+
+std::optional<SidebarDropTarget> KWProjectListView::dropTarget(const QDropEvent &event) const
+{
+    const QPoint position = event.position().toPoint();
+    const QModelIndex index = indexAt(position);
+    return SidebarDropTarget::at(position, index, visualRect(index), isExpanded(index), *event.mimeData(),
+                                 m_model);
+}
+
+void KWProjectListView::setDropMark(const std::optional<SidebarDropTarget> &target)
+{
+    m_dropMark = target;
+    viewport()->update();
+}
+
+void KWProjectListView::dragEnterEvent(QDragEnterEvent *event)
+{
+    const bool isKnown = event->mimeData()->hasFormat(TaskMimeData::type) ||
+                         event->mimeData()->hasFormat(SidebarMimeData::type);
+    event->setAccepted(isKnown);
+    if (isKnown) setState(DraggingState);
+}
+
+void KWProjectListView::dragMoveEvent(QDragMoveEvent *event)
+{
+    QTreeView::dragMoveEvent(event); // scrolls, and unfolds what is waited over
+    setDropMark(dropTarget(*event));
+    if (m_dropMark) event->setDropAction(Qt::MoveAction);
+    event->setAccepted(m_dropMark.has_value());
+}
+
+void KWProjectListView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    QTreeView::dragLeaveEvent(event);
+    setDropMark(std::nullopt);
+}
+
+void KWProjectListView::dropEvent(QDropEvent *event)
+{
+    const auto target = dropTarget(*event);
+    stopAutoScroll();
+    setState(NoState);
+    setDropMark(std::nullopt);
+    event->setAccepted(target.has_value());
+    if (!target) return;
+    if (target->place)
+        Q_EMIT nodeDropped(SidebarMimeData::nodeIn(*event->mimeData(), m_model), *target->place);
+    else
+        Q_EMIT sidebarDroppedTask(TaskMimeData::idsIn(*event->mimeData()), target->node);
+}
+
+void KWProjectListView::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    m_scrollViewIsScrolled = verticalScrollBar()->value() > 0;
+    viewport()->update(0, 0, viewport()->width(), std::abs(dy) + 2 * Metrics::grid);
 }
 
 void KWProjectListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
+    if (std::exchange(m_lastWidth, width()) != width()) viewport()->update(); // titles end elsewhere
     scheduleDelayedItemsLayout();
 }
 

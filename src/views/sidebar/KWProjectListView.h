@@ -2,11 +2,13 @@
 
 #include "views/sidebar/ProjectListTreeModel.h"
 #include "views/sidebar/ProjectRowDelegate.h"
+#include "views/sidebar/SidebarDropTarget.h"
 
 #include <QTreeView>
 
 /// The tree of lists in the sidebar. Arrows move and select, left and right fold, Space folds a
-/// section. What is folded, selected and scrolled to survives a new tree.
+/// section; F2 names, Insert adds, Delete removes, Alt+Up and Alt+Down move. What is folded, selected,
+/// scrolled to and being typed survives a new tree. Rows are dragged among each other, and tasks onto rows.
 class KWProjectListView : public QTreeView {
     Q_OBJECT
 
@@ -31,12 +33,31 @@ public:
     /// For a list that has no row; not announced.
     void selectNothing();
 
+    /// Lets the name of that row be typed in place, beginning with `typed` where that is given.
+    void editName(KWProjectListNodeType type, const QString &entityID,
+                  const std::optional<QString> &typed = std::nullopt);
+
+    /// The rows are scrolled away under a shadow at the top.
+    bool scrollViewIsScrolled() const { return m_scrollViewIsScrolled; }
+
 Q_SIGNALS:
     void nodeSelected(KWProjectListNode *node);
     /// The person folded or unfolded a row; the node itself is not set yet.
     void expansionChanged(KWProjectListNode *node, bool isExpanded);
     /// Enter on a list: go on to its tasks.
     void opened(KWProjectListNode *node);
+
+    /// A name was typed, or it was given up. The editor is closed.
+    void named(KWProjectListNode *node, const QString &name);
+    void namingAbandoned(KWProjectListNode *node);
+    /// Something new is wanted in the section, folder or tag `parent`.
+    void addRequested(KWProjectListNode *parent);
+    void removalRequested(KWProjectListNode *node);
+    /// By `step` rows among those beside it.
+    void moveRequested(KWProjectListNode *node, int step);
+    void menuRequested(KWProjectListNode *node, const QPoint &globalPosition);
+    void nodeDropped(KWProjectListNode *node, const SidebarDrop::Place &place);
+    void sidebarDroppedTask(const QStringList &taskIDs, KWProjectListNode *node);
 
 protected:
     void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override {}
@@ -46,6 +67,14 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void startDrag(Qt::DropActions actions) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
     void takeOver(const QModelIndex &parent);
@@ -53,11 +82,23 @@ private:
     int spacerHeight() const;
     int heightOfRowsBelow(const QModelIndex &parent) const;
     void announceExpansion(const QModelIndex &index, bool isExpanded);
+    std::optional<SidebarDropTarget> dropTarget(const QDropEvent &event) const;
+    void setDropMark(const std::optional<SidebarDropTarget> &target);
+    void beginDrag(const QModelIndex &parent = {});
+    void endDrag();
+    bool performKey(const QKeyEvent &event, KWProjectListNode &node);
+    void requestAddition(KWProjectListNode &node);
+    KWProjectListNode *endEditing(QWidget *editor);
     void followExpansion(KWProjectListNodeType type, const QString &entityID);
 
     ProjectListTreeModel m_model;
     ProjectRowDelegate *m_delegate;
     KWProjectListNodeType m_selectedType = KWProjectListNodeType::none;
     QString m_selectedID;
+    QPersistentModelIndex m_editedIndex;
+    QList<QPersistentModelIndex> m_expandedItemsWhenBeginDrag;
+    std::optional<SidebarDropTarget> m_dropMark;
     bool m_isTakingOver = false;
+    bool m_scrollViewIsScrolled = false;
+    int m_lastWidth = 0;
 };

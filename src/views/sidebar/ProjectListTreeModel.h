@@ -3,6 +3,7 @@
 #include "lists/KWProjectListNode.h"
 
 #include <QAbstractItemModel>
+#include <QHash>
 #include <QList>
 
 /// The sidebar's tree for Qt's views. The three children of the root (top, centre, bottom) are not
@@ -13,13 +14,15 @@ class ProjectListTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
 public:
-    using QAbstractItemModel::QAbstractItemModel;
+    explicit ProjectListTreeModel(QObject *parent = nullptr);
+    ~ProjectListTreeModel() override;
 
     /// Shows that tree, or nothing for null. Call it again after every change of the tree, and before
-    /// the tree goes.
+    /// the tree goes. Rows of the same kind and id stay the same rows: they are moved, new ones inserted
+    /// and those that are gone removed, so that indexes of the others stay good.
     void setRoot(KWProjectListNode *root);
 
-    /// The node of a row; null for the spacer and for an invalid index.
+    /// The node of a row; null for the spacer, for an invalid index, and for a row that is about to go.
     KWProjectListNode *nodeAt(const QModelIndex &index) const;
     QModelIndex indexOf(const KWProjectListNode &node) const;
     /// The row of that kind and id, wherever it stands; invalid when there is none.
@@ -41,9 +44,19 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
-    static bool isSectionHeader(const KWProjectListNode &node);
-    KWProjectListNode *pointerAt(const QModelIndex &index) const;
+    struct Row;
+    using Nodes = QList<KWProjectListNode *>;
+
+    Row &rowAt(const QModelIndex &index) const;
+    QModelIndex indexOf(const Row &row) const;
+    Nodes nodesBelow(const Row &row) const;
+    void assign(const Nodes &nodes);
+    void arrange(Row &parent);
+    void insert(Row &parent, qsizetype at, const Nodes &nodes);
+    void move(Row &row, Row &parent, int at);
+    void removeBehind(Row &parent);
 
     KWProjectListNode *m_root = nullptr;
-    QList<KWProjectListNode *> m_topLevel; // the bottom node itself stands for the spacer
+    std::unique_ptr<Row> m_rootRow;
+    QHash<QString, Row *> m_rows; // by kind and id
 };

@@ -1,6 +1,7 @@
 #include "views/sidebar/ProjectRowDelegate.h"
 
 #include "model/records/KWSmartProject.h"
+#include "model/settings/KWLocalizedString.h"
 #include "views/sidebar/ProjectListTreeModel.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
@@ -8,7 +9,10 @@
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
+#include <QFocusEvent>
 #include <QFontMetrics>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 
 #include <array>
@@ -23,6 +27,9 @@ constexpr int rowGap = 1;
 constexpr int indentationStep = 18;
 constexpr int chevronSize = 12;
 constexpr int headerDrop = 6; // a header stands closer to what it heads
+
+constexpr int longestName = 200;
+constexpr const char *isEnding = "isEnding"; // of an editor: it is not asked twice
 
 int countWidth() { return Metrics::scaled(36); }
 int iconWidth() { return Metrics::scaled(Metrics::icon); }
@@ -112,15 +119,87 @@ QRect ProjectRowDelegate::chevronBounds(const QRect &row, const QModelIndex &ind
 QRect ProjectRowDelegate::foldBounds(const QRect &row, Qt::LayoutDirection direction,
                                      const QModelIndex &index) const
 {
-    if (m_model.isSectionHeader(index)) return row;
-    if (m_model.rowCount(index) == 0) return {};
+    if (m_model.rowCount(index) == 0 && !m_model.isSectionHeader(index)) return {};
+    // A row that shows no list has nothing else to do.
+    if (!(m_model.flags(index) & Qt::ItemIsSelectable)) return row;
     return QStyle::visualRect(direction, row, chevronBounds(row, index).adjusted(-4, 0, 4, 0));
+}
+
+QRect ProjectRowDelegate::addBounds(const QRect &row, Qt::LayoutDirection direction,
+                                    const QModelIndex &index) const
+{
+    const KWProjectListNode *node = m_model.nodeAt(index);
+    const bool takesMore =
+        node && m_model.isSectionHeader(index) && node->entityID() != KWSmartProject::subcal().identifier();
+    if (!takesMore) return {};
+    const int side = iconWidth() + 2 * Metrics::grid;
+    const QRect bounds{row.right() - outerMargin - innerMargin - side + Metrics::grid + 1,
+                       row.top() + headerDrop, side, row.height() - headerDrop};
+    return QStyle::visualRect(direction, row, bounds);
+}
+
+QWidget *ProjectRowDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                                          const QModelIndex &index) const
+{
+    auto *editor = new QLineEdit{parent};
+    editor->setObjectName(u"nameEditor"_s);
+    editor->setAccessibleName(KWLocalizedString("Name"));
+    editor->setFont(Fonts::font(Fonts::Role::Body));
+    editor->setMaxLength(longestName);
+    editor->setContextMenuPolicy(Qt::NoContextMenu);
+    if (index.data().toString().isEmpty()) editor->setPlaceholderText(KWLocalizedString("Name"));
+    return editor;
+}
+
+void ProjectRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    auto &field = *static_cast<QLineEdit *>(editor);
+    // The row may change while its name is typed.
+    if (field.isModified()) return;
+    const auto typed = std::exchange(m_typedName, std::nullopt);
+    field.setText(typed.value_or(index.data(Qt::EditRole).toString()));
+    field.selectAll();
+}
+
+void ProjectRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                              const QModelIndex &index) const
+{
+    const QRect bounds = titleBounds(option.rect, index).adjusted(-innerMargin, 0, countWidth(), 0);
+    editor->setGeometry(QStyle::visualRect(option.direction, option.rect, bounds));
+}
+
+bool ProjectRowDelegate::eventFilter(QObject *object, QEvent *event)
+{
+    auto *editor = qobject_cast<QLineEdit *>(object);
+    if (editor && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<const QKeyEvent *>(event)->key();
+        const bool isNamed = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (!isNamed && key != Qt::Key_Escape) return false;
+        end(*editor, isNamed);
+        return true;
+    }
+    if (editor && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<const QFocusEvent *>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) end(*editor, true);
+        return false;
+    }
+    return QStyledItemDelegate::eventFilter(object, event);
+}
+
+void ProjectRowDelegate::end(QLineEdit &editor, bool isNamed)
+{
+    if (editor.property(isEnding).toBool()) return;
+    editor.setProperty(isEnding, true);
+    if (isNamed)
+        Q_EMIT named(&editor, editor.text());
+    else
+        Q_EMIT namingAbandoned(&editor);
 }
 
 void ProjectRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                                const QModelIndex &index) const
 {
-    if (m_model.isSpacer(index)) return;
+    if (!m_model.nodeAt(index)) return;
     painter->save();
     if (m_model.isSectionHeader(index))
         paintHeader(*painter, option, index);
@@ -159,6 +238,11 @@ void ProjectRowDelegate::paintHeader(QPainter &painter, const QStyleOptionViewIt
     const QRect title = QStyle::visualRect(option.direction, option.rect, titleBounds(option.rect, index));
     Fonts::drawLine(painter, Fonts::Role::CaptionStrong, title, leading(option), index.data().toString());
     paintChevron(painter, option, index);
+    const QRect add = addBounds(option.rect, option.direction, index);
+    const bool isHovered = option.state & QStyle::State_MouseOver;
+    if (!add.isEmpty())
+        Icons::paint(painter, add, Icon::Add, iconWidth(),
+                     isHovered ? Theme::current().secondaryText : Theme::current().faintText);
 }
 
 void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem &option,
@@ -178,7 +262,7 @@ void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem
     if (const auto icon = iconOf(node, m_model.isInbox(index)))
         Icons::paint(painter, visualMark, *icon, iconWidth(),
                      isSelected ? theme.accentText : theme.secondaryText);
-    else if (isEnabled)
+    else if (node.type() != KWProjectListNodeType::emptyHolder)
         Painting::dot(painter, QRectF{visualMark}.center(), node.color());
 
     painter.setPen(isEnabled ? theme.text : theme.faintText);

@@ -16,9 +16,8 @@ SidebarController::SidebarController(SidebarView &view, KWProjectListPresenter &
         showSelection();
         Q_EMIT listSelected(list);
     };
-    connect(&tree, &KWProjectListView::nodeSelected, this, [this](const KWProjectListNode *node) {
-        if (const auto list = node->listIdentifier()) m_presenter.select(*list);
-    });
+    connect(&tree, &KWProjectListView::nodeSelected, this,
+            [this](const KWProjectListNode *node) { m_presenter.projectListNodeSelectionChanged(*node); });
     connect(
         &tree, &KWProjectListView::expansionChanged, this,
         [this](KWProjectListNode *node, bool isExpanded) { m_presenter.setIsExpanded(isExpanded, *node); });
@@ -39,6 +38,7 @@ void SidebarController::showTree()
     const QString name = user ? user->name : QString{};
     m_view.header().setAccountName(name.isEmpty() ? tr("My tasks") : name);
     m_view.tree().setRoot(&m_presenter.listsRootNode());
+    showSelection();
 }
 
 void SidebarController::showSelection()

@@ -108,7 +108,7 @@ void TaskListController::showHead()
         isDateList ? DateWording::weekdayAndDay(today + std::chrono::days{isTomorrow}, today, QLocale{})
                    : QString{});
 
-    const bool takesTasks = takesNewTasks(m_service.list());
+    const bool takesTasks = takesNewTasks(m_service.list()) && !m_sidebar.isSelectedListClosed();
     // The keyboard stays in the pane when the field goes.
     if (!takesTasks && m_pane.window()->focusWidget() == &m_pane.addField()) m_pane.list().setFocus();
     m_pane.addField().setVisible(takesTasks);
@@ -120,7 +120,9 @@ void TaskListController::showEmptyText(const QString &title)
 {
     const KWSmartProject *smart = KWSmartProject::withIdentifier(m_service.list().entityID);
     TaskListView &list = m_pane.list();
-    if (takesNewTasks(m_service.list()))
+    if (m_sidebar.isSelectedListClosed())
+        list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("This list is archived."));
+    else if (takesNewTasks(m_service.list()))
         list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("Press Ctrl+N and type to add a task."));
     else if (smart && smart->isTrash())
         list.setEmptyText(tr("The trash is empty"), tr("Tasks you delete are kept here."));
