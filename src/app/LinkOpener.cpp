@@ -9,7 +9,15 @@
 
 namespace {
 
-// Where a task is to be seen: closed and deleted ones are in no list of open tasks.
+// By its identifier, which begins with "smart.", or by what comes after that.
+const KWSmartProject *smartProjectNamed(const QString &name)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(name);
+    return smart ? smart : KWSmartProject::withIdentifier(QStringLiteral("smart.") + name);
+}
+
+} // namespace
+
 KWListIdentifier listShowing(const KWTaskModel &task)
 {
     if (task.isTrashed) return KWListIdentifier::smartProject(KWSmartProject::trash().identifier());
@@ -19,15 +27,6 @@ KWListIdentifier listShowing(const KWTaskModel &task)
         return KWListIdentifier::smartProject(KWSmartProject::abandoned().identifier());
     return KWListIdentifier::project(task.projectID);
 }
-
-// By its identifier, which begins with "smart.", or by what comes after that.
-const KWSmartProject *smartProjectNamed(const QString &name)
-{
-    const KWSmartProject *smart = KWSmartProject::withIdentifier(name);
-    return smart ? smart : KWSmartProject::withIdentifier(QStringLiteral("smart.") + name);
-}
-
-} // namespace
 
 LinkOpener::LinkOpener(KWCoreDataManager &manager, KWAccountManager &account, KWNotificationCenter &center,
                        LinkTarget &target)

@@ -11,6 +11,11 @@
 class KWAccountManager;
 class KWCoreDataManager;
 
+struct KWTaskModel;
+
+/// Where a task is to be seen: closed and deleted ones are in no list of open tasks.
+KWListIdentifier listShowing(const KWTaskModel &task);
+
 /// Where a link leads to in the window.
 class LinkTarget {
 public:

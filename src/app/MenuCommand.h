@@ -48,4 +48,6 @@ enum class MenuCommand {
     SendDiagnostics,
     ExportList,
     NewFilter,
+    OpenPalette,
+    Find,
 };

@@ -45,7 +45,9 @@ constexpr MenuEntry entries[] = {
     {PriorityLow, Task, "priorityLow", "Low Priority", "Alt+1", SelectedTask},
     {PriorityNone, Task, "priorityNone", "No Priority", "Alt+0", SelectedTask},
 
-    {OpenInbox, Go, "openInbox", "Inbox", "Ctrl+1"},
+    {OpenPalette, Go, "openPalette", "Go To…", "Ctrl+K"},
+    {Find, Go, "find", "Search…", "Ctrl+F"},
+    {OpenInbox, Go, "openInbox", "Inbox", "Ctrl+1", SignedInUser, group},
     {OpenToday, Go, "openToday", "Today", "Ctrl+2"},
     {OpenTomorrow, Go, "openTomorrow", "Tomorrow", "Ctrl+3"},
     {OpenNext7Days, Go, "openNext7Days", "Next 7 Days", "Ctrl+4"},

@@ -51,13 +51,3 @@ void FilterEditorController::save(const QString &filterID)
     if (!saved) return m_editor->showProblem(saved.error().sentence);
     m_editor->close();
 }
-
-void FilterEditorController::remove(const QString &filterID)
-{
-    const Result<UndoToken> done = service().remove(filterID);
-    if (!done) return Q_EMIT failed(done.error().sentence);
-    Q_EMIT removed(tr("Filter deleted"), [this, undo = *done] {
-        if (const Result<void> undone = undo.undo(m_kit.manager()); !undone)
-            Q_EMIT failed(undone.error().sentence);
-    });
-}

@@ -7,8 +7,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <functional>
-
 class FilterEditor;
 class OrvaneKit;
 
@@ -22,12 +20,10 @@ public:
 
     /// An empty id makes a new filter. One window at a time: it comes to the front when it is open.
     void edit(const QString &filterID);
-    void remove(const QString &filterID);
 
 Q_SIGNALS:
     /// A new filter, to be shown.
     void made(const KWListIdentifier &filter);
-    void removed(const QString &message, const std::function<void()> &undo);
     void failed(const QString &sentence);
 
 private:

@@ -2,6 +2,8 @@
 
 #include "lists/TaskWhereabouts.h"
 #include "model/OrvaneKit.h"
+#include "model/records/KWProject.h"
+#include "model/records/KWTask.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/filtereditor/FilterEditorController.h"
@@ -9,6 +11,8 @@
 #include "views/main/MainWindow.h"
 #include "views/main/MainWindowCommands.h"
 #include "views/menu/MainMenu.h"
+#include "views/palette/PaletteController.h"
+#include "views/search/SearchController.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarCommands.h"
 #include "views/sidebar/SidebarController.h"
@@ -54,6 +58,10 @@ struct MainWindowController::Content {
         , trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
         , detail{window.detail(), rooms.kit, actions}
         , filters{rooms.kit, window}
+        , hits{rooms.kit, rooms.sidebar,
+               [&deletes = rooms.deletes](const QString &taskID) { return deletes.containsTask(taskID); }}
+        , palette{{rooms.kit, rooms.sidebar, rooms.menu, window, hits}}
+        , search{window.listPane(), hits, rooms.kit.bus()}
         , whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
         , commands{
               {rooms.menu, window, actions, detail, rooms.sidebar, editor, rooms.kit.account(), rooms.clock}}
@@ -74,6 +82,9 @@ struct MainWindowController::Content {
     TrashController trash;
     TaskDetailController detail;
     FilterEditorController filters;
+    TaskHits hits;
+    PaletteController palette;
+    SearchController search;
     TaskWhereabouts whereabouts;
     MainWindowCommands commands;
 };
@@ -149,6 +160,7 @@ void MainWindowController::make()
     connectColumns();
     connectSidebar();
     connectFilters();
+    connectSearch();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
     m_content->window.listPane().addField().setFocus();
@@ -163,12 +175,34 @@ void MainWindowController::connectSidebar()
     connect(&sidebar, &SidebarCommands::failed, &m_content->window, &MainWindow::showMessage);
 }
 
+void MainWindowController::connectSearch()
+{
+    Content &content = *m_content;
+    SearchController &search = content.search;
+    m_rooms.menu.handle(MenuCommand::OpenPalette, content.palette, [&content] { content.palette.open(); });
+    m_rooms.menu.handle(MenuCommand::Find, search, [&search] { search.open(search.page().text()); });
+    connect(&content.palette, &PaletteController::listChosen, this, &MainWindowController::showList);
+    connect(&content.palette, &PaletteController::taskChosen, this, &MainWindowController::openTask);
+    connect(&content.palette, &PaletteController::searchChosen, &search, &SearchController::open);
+    connect(&content.sidebar, &SidebarController::listSelected, &search, &SearchController::close);
+    connect(&search.page(), &SearchPage::currentTaskChanged, &content.detail, &TaskDetailController::show);
+    connect(&search.page(), &SearchPage::opened, &content.window, &MainWindow::openDetail);
+}
+
+void MainWindowController::openTask(const QString &taskID)
+{
+    const KWTask *task = m_rooms.kit.context().find<KWTask>(taskID);
+    if (!task) return;
+    const KWProject *project = task->project();
+    if (!project || project->isClosed()) return showMessage(tr("The task is in a list that is archived."));
+    showTask(taskID, listShowing(task->model()));
+}
+
 void MainWindowController::connectFilters()
 {
     FilterEditorController &filters = m_content->filters;
     m_rooms.menu.handle(MenuCommand::NewFilter, filters, [this] { editFilter({}); });
     connect(&filters, &FilterEditorController::made, this, &MainWindowController::showList);
-    connect(&filters, &FilterEditorController::removed, &m_content->window, &MainWindow::showUndo);
     connect(&filters, &FilterEditorController::failed, &m_content->window, &MainWindow::showMessage);
 }
 

@@ -70,6 +70,8 @@ private:
     /// Says what `work` fails to do, until it succeeds.
     template <class Work, class Failed, class Done>
     void connectFailures(Work &work, Failed failed, Done done);
+    void connectSearch();
+    void openTask(const QString &taskID);
     void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
     void showAdded(const QString &taskID);
 
