@@ -172,19 +172,21 @@ ConditionRow::ConditionRow(const CXSmartFilterCondition &condition, const Filter
             makeValue(subjects[index].make());
             Q_EMIT changed();
         });
-        m_row->addWidget(m_subject);
+        m_subject->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        m_row->addWidget(m_subject, 0, Qt::AlignTop);
     }
     m_isNot->setObjectName(u"conditionIsNot"_s);
     m_isNot->setAccessibleName(tr("Whether it must be so"));
     m_isNot->addItems({tr("is"), tr("is not")});
     m_isNot->setCurrentIndex(condition.isNegated() ? 1 : 0);
     connect(m_isNot, &QComboBox::activated, this, &ConditionRow::changed);
-    m_row->addWidget(m_isNot);
+    m_isNot->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    m_row->addWidget(m_isNot, 0, Qt::AlignTop);
     auto *remove = new IconButton{Icon::Close, tr("Remove this condition")};
     remove->setObjectName(u"removeCondition"_s);
     m_remove = remove;
     connect(remove, &QAbstractButton::clicked, this, &ConditionRow::removalRequested);
-    m_row->addWidget(remove);
+    m_row->addWidget(remove, 0, Qt::AlignTop);
     makeValue(m_question);
 }
 
@@ -196,7 +198,8 @@ void ConditionRow::makeValue(const Question &question)
     m_dates = nullptr;
     m_words = nullptr;
     m_value = valueFor(question);
-    m_row->insertWidget(m_row->count() - 1, m_value, 1);
+    const bool fillsRow = m_words;
+    m_row->insertWidget(m_row->count() - 1, m_value, 1, fillsRow ? Qt::Alignment{} : Qt::AlignLeft);
     m_value->show();
     Q_EMIT controlsChanged();
 }

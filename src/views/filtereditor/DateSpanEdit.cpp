@@ -74,10 +74,11 @@ DateSpanEdit::DateSpanEdit(Day today, QWidget *parent)
 {
     m_choices->setObjectName(u"dateChoices"_s);
     setFocusProxy(m_choices);
-    QHBoxLayout *row = rowIn(*this);
+    auto *column = new QVBoxLayout{this};
+    column->setContentsMargins({});
+    column->setSpacing(Metrics::grid);
     for (QWidget *each : {static_cast<QWidget *>(m_choices), m_relative, m_fixed})
-        row->addWidget(each);
-    row->addStretch(1);
+        column->addWidget(each, 0, Qt::AlignLeft);
     connect(m_choices, &ChoicesButton::changed, this, &DateSpanEdit::showParts);
     connect(m_choices, &ChoicesButton::changed, this, &DateSpanEdit::changed);
     showParts();
