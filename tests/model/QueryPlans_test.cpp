@@ -87,6 +87,13 @@ private Q_SLOTS:
                     {.userID = store.userID(), .after = CompletionCursor{Instant{}, 1}, .limit = 50},
                     context.connection()));
             });
+        row("one task of a list", {u"sqlite_autoindex_tasks_1 (sid=?)"_s}, [](auto &store, auto &context) {
+            QVERIFY(KWListDataFetcher{store.clock}.reloadDataModel(
+                {.userID = store.userID(),
+                 .selection = KWListIdentifier::project(u"list"_s),
+                 .condition = {.taskIDs = {u"task"_s}}},
+                context.connection()));
+        });
         const auto filtered = [](const char16_t *rule) {
             return [filter = *CXSmartFilter::parse(QString::fromUtf16(rule))](auto &store, auto &) {
                 QVERIFY(KWFilterService(store.kit().manager(), store.userID()).countOfTasks(filter));

@@ -23,6 +23,7 @@ constexpr const char *closedTasksByList = "tasks t INDEXED BY closedTasksByList"
 constexpr const char *pinnedTasks = "tasks t INDEXED BY pinnedTasks";
 constexpr const char *trashedTasks = "tasks t INDEXED BY trashedTasks";
 constexpr const char *anyTasks = "tasks t";
+constexpr const char *tasksByID = "tasks t INDEXED BY sqlite_autoindex_tasks_1"; // of the column sid
 
 constexpr const char *inSmartLists = "+t.projectID IN (SELECT sid FROM projects WHERE userID = ? AND "
                                      "isDeleted = 0 AND closed = 0 AND showsInSmartList = 1)";
@@ -245,7 +246,7 @@ void ListQuery::turnToClosed(const ListDataRequest &request, const CXClock &cloc
 
 ListQuery &ListQuery::onlyTasks(const QStringList &taskIDs)
 {
-    from = anyTasks;
+    from = tasksByID;
     return also("t.sid IN (SELECT value FROM json_each(?))", {idList(taskIDs)});
 }
 
