@@ -1,25 +1,18 @@
-#include "gui/ClientFixture.h"
+#include "gui/MainWindowHands.h"
 #include "gui/WindowHelp.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWTaskTicker.h"
 #include "model/store/TaskBatch.h"
-#include "support/Answers.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/MainWindow.h"
-#include "views/tasklist/TaskListPane.h"
-#include "views/tasklist/TaskListView.h"
-#include "views/tasklist/TaskMimeData.h"
 #include "views/toast/Toast.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QPushButton>
 
 #include <algorithm>
@@ -27,85 +20,15 @@
 using namespace Qt::StringLiterals;
 
 /// The middle pane of the real window: sections, several tasks at once, order by hand.
-class TaskListPage_test : public QObject {
+class TaskListPage_test : public QObject, MainWindowHands {
     Q_OBJECT
 
-    std::unique_ptr<ClientFixture> m_client;
-
-    TaskListPane &pane() { return m_client->window()->listPane(); }
-    TaskListView &list() { return pane().list(); }
-    // Sections in brackets, subtasks behind dots: "[Today] One .Two".
-    QString shown()
-    {
-        return joined(pane().model().rows(), [](const TaskListRow &row) {
-            if (row.kind == TaskListRow::Kind::Section) return u'[' + row.title + u']';
-            return QString(row.depth, u'.') + row.task.title;
-        });
-    }
-    QString idOf(const QString &title)
-    {
-        for (const KWTaskListItemModel &each : pane().model().tasks())
-            if (each.title == title) return each.sid;
-        qFatal("there is no row %s", qUtf8Printable(title));
-    }
-    QStringList idsOf(const QStringList &titles)
-    {
-        QStringList ids;
-        for (const QString &each : titles)
-            ids.append(idOf(each));
-        return ids;
-    }
     KWTaskModel task(const QString &id) { return m_client->kit().context().find<KWTask>(id)->model(); }
-    QModelIndex sectionRow(const QString &title)
-    {
-        for (int i = 0; i < pane().model().rowCount(); ++i)
-            if (pane().model().rows().at(i).title == title) return pane().model().index(i);
-        qFatal("there is no section %s", qUtf8Printable(title));
-    }
-    void goTo(const QModelIndex &index)
-    {
-        list().setFocus();
-        list().selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    }
-    void chooseInMenu(const QString &entry)
-    {
-        QContextMenuEvent event{QContextMenuEvent::Keyboard, {}, {}};
-        QApplication::sendEvent(&list(), &event);
-        choose(*list().findChildren<QMenu *>(u"taskMenu"_s).last(), entry);
-    }
-    void choose(QMenu &menu, const QString &entry)
-    {
-        const QList<QAction *> actions = menu.actions();
-        const auto found = std::ranges::find(actions, entry, &QAction::text);
-        QVERIFY2(found != actions.end(), qPrintable(entry));
-        menu.close();
-        (*found)->trigger();
-    }
-    void sortBy(const QString &title) { choose(openSortMenu(), title); }
-    QMenu &openSortMenu()
-    {
-        QTest::mouseClick(&m_client->find<QPushButton>("sortButton"), Qt::LeftButton);
-        return *m_client->window()->findChildren<QMenu *>(u"sortMenu"_s).last();
-    }
-    // Over that share of the row's height.
-    void drop(const QStringList &titles, const QModelIndex &onto, double share)
-    {
-        const std::unique_ptr<QMimeData> data{TaskMimeData::make(idsOf(titles), titles)};
-        const QRect row = list().visualRect(onto);
-        const QPoint place{row.center().x(), row.top() + int(row.height() * share)};
-        const auto send = [&](auto &&event) { QApplication::sendEvent(list().viewport(), &event); };
-        send(QDragEnterEvent{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}});
-        send(QDragMoveEvent{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}});
-        send(QDropEvent{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}});
-    }
-    QModelIndex taskRow(const QString &title) { return pane().model().indexOf(idOf(title)); }
-    void undo() { m_client->press(Qt::Key_Z, Qt::ControlModifier); }
 
 private Q_SLOTS:
     void init()
     {
-        m_client = std::make_unique<ClientFixture>(); // Saturday 2026-11-21, 09:00
-        m_client->useOnThisComputer();
+        startClient(); // a Saturday
         const auto in = [this](int days) {
             return std::optional{m_client->clock.today() + std::chrono::days{days}};
         };
@@ -122,7 +45,7 @@ private Q_SLOTS:
         QTRY_COMPARE(pane().model().tasks().size(), 6);
         sortBy(u"By Time"_s);
     }
-    void cleanup() { m_client.reset(); }
+    void cleanup() { endClient(); }
 
     void showsSectionsAndFoldsThem()
     {
