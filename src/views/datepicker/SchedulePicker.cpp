@@ -77,6 +77,7 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
     area->setWidget(inner);
     area->viewport()->setAutoFillBackground(false);
     inner->setAutoFillBackground(false);
+    inner->installEventFilter(this); // a rule adds rows
     auto *frame = new QVBoxLayout{this};
     frame->setContentsMargins(1, 1, 1, 1);
     frame->addWidget(area);
@@ -225,7 +226,11 @@ void SchedulePicker::showDraft()
     // Days that it takes, or by how many the end is behind the start.
     m_daysLater->setMinimum(hasTime ? 0 : 1);
     m_daysLater->setValue(hasTime ? m_draft.daysLater() : m_draft.daysLater() + 1);
-    m_daysLater->setSuffix(hasTime ? KWLocalizedString(" days later") : KWLocalizedString(" days"));
+    const bool isOne = m_daysLater->value() == 1;
+    if (hasTime)
+        m_daysLater->setSuffix(isOne ? KWLocalizedString(" day later") : KWLocalizedString(" days later"));
+    else
+        m_daysLater->setSuffix(isOne ? KWLocalizedString(" day") : KWLocalizedString(" days"));
     m_daysLater->setEnabled(!hasTime || m_draft.endTime());
     m_daysLater->setAccessibleName(hasTime ? KWLocalizedString("Days later")
                                            : KWLocalizedString("Days it takes"));
@@ -284,16 +289,28 @@ void SchedulePicker::keyPressEvent(QKeyEvent *event)
 
 void SchedulePicker::popUp(const QPoint &position)
 {
-    const QRect bounds = parentWidget()->screen()->availableGeometry();
-    const auto *area = findChild<QScrollArea *>();
-    QSize wanted = area->widget()->sizeHint() + QSize{2 + area->verticalScrollBar()->sizeHint().width(), 2};
-    // Room for the rows that a rule adds, so that nothing jumps.
-    if (m_draft.repeatRule.isEmpty()) wanted.rheight() += Metrics::scaled(4 * Metrics::control);
-    resize(wanted.boundedTo(bounds.size()));
-    move(std::clamp(position.x(), bounds.left(), std::max(bounds.left(), bounds.right() - width())),
-         std::clamp(position.y(), bounds.top(), std::max(bounds.top(), bounds.bottom() - height())));
+    move(position);
+    fitContents();
     show();
     m_days->focusMonth();
+}
+
+// Upwards only where there is no more room below.
+void SchedulePicker::fitContents()
+{
+    const QRect bounds = parentWidget()->screen()->availableGeometry();
+    const auto *area = findChild<QScrollArea *>();
+    const QSize wanted =
+        area->widget()->sizeHint() + QSize{2 + area->verticalScrollBar()->sizeHint().width(), 2};
+    resize(wanted.boundedTo(bounds.size()));
+    move(std::clamp(x(), bounds.left(), std::max(bounds.left(), bounds.right() - width())),
+         std::clamp(y(), bounds.top(), std::max(bounds.top(), bounds.bottom() - height())));
+}
+
+bool SchedulePicker::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest && isVisible()) fitContents();
+    return QFrame::eventFilter(watched, event);
 }
 
 void SchedulePicker::paintEvent(QPaintEvent *)

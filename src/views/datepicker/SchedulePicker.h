@@ -39,6 +39,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -50,6 +51,7 @@ private:
     void connectDays();
     void setTime(std::optional<std::chrono::minutes> time);
     void showDraft();
+    void fitContents();
     void showOccurrences();
     void keep();
     QString problem() const;
