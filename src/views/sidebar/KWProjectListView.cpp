@@ -376,7 +376,7 @@ void KWProjectListView::dropEvent(QDropEvent *event)
     if (target->place)
         Q_EMIT nodeDropped(SidebarMimeData::nodeIn(*event->mimeData(), m_model), *target->place);
     else
-        Q_EMIT sidebarDroppedTask(TaskMimeData::idsIn(*event->mimeData()), target->node);
+        Q_EMIT sidebarDropedTask(TaskMimeData::idsIn(*event->mimeData()), target->node);
 }
 
 void KWProjectListView::scrollContentsBy(int dx, int dy)

@@ -57,7 +57,7 @@ Q_SIGNALS:
     void moveRequested(KWProjectListNode *node, int step);
     void menuRequested(KWProjectListNode *node, const QPoint &globalPosition);
     void nodeDropped(KWProjectListNode *node, const SidebarDrop::Place &place);
-    void sidebarDroppedTask(const QStringList &taskIDs, KWProjectListNode *node);
+    void sidebarDropedTask(const QStringList &taskIDs, KWProjectListNode *node);
 
 protected:
     void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override {}

@@ -25,7 +25,7 @@ SidebarCommands::SidebarCommands(const Parts &parts)
     connect(&m_tree, &View::moveRequested, this, [this](const auto *node, int step) { move(*node, step); });
     connect(&m_tree, &View::nodeDropped, this,
             [this](const auto *node, const auto &place) { report(m_editor.move(*node, place)); });
-    connect(&m_tree, &View::sidebarDroppedTask, this,
+    connect(&m_tree, &View::sidebarDropedTask, this,
             [this](const QStringList &taskIDs, const auto *node) { dropTasks(taskIDs, *node); });
     connect(&m_tree, &View::menuRequested, this,
             [this](const auto *node, const QPoint &position) { showMenu(*node, position); });
