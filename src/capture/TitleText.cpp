@@ -6,19 +6,49 @@
 
 namespace {
 
+constexpr QStringView dashes = u"-–—";
+constexpr QStringView separators = u",;:-–—，；：、";
+constexpr QStringView endSigns = u".!?)…。！？）";
+
+bool isWide(QChar sign) { return sign.unicode() >= 0x3000; }
+
+bool isSeparator(QStringView text, qsizetype position)
+{
+    if (!separators.contains(text[position])) return false;
+    return isWide(text[position]) || position + 1 == text.size() || text[position + 1].isSpace();
+}
+
+bool beginsWithClosingSign(QStringView text)
+{
+    const bool ends = endSigns.contains(text[0]) && (text.size() == 1 || !text[1].isLetterOrNumber());
+    return ends || (isSeparator(text, 0) && !dashes.contains(text[0]));
+}
+
+bool isEmptyBracket(QStringView before, QStringView after)
+{
+    if (before.isEmpty() || after.isEmpty()) return false;
+    return (before.back() == u'(' && after.front() == u')') ||
+           (before.back() == u'（' && after.front() == u'）');
+}
+
 /// Puts together what is kept of a text, part by part.
 class KeptText {
 public:
     void append(QStringView part)
     {
         if (m_joins) {
-            const qsizetype length = m_kept.size();
-            m_kept = std::move(m_kept).trimmed();
-            noteSpace(m_kept.size() != length || (!part.isEmpty() && part.front().isSpace()));
-            while (!part.isEmpty() && part.front().isSpace())
+            trimEdges(part);
+            if (isEmptyBracket(m_kept, part)) {
+                m_kept.chop(1);
                 part = part.sliced(1);
+                trimEdges(part);
+            }
+            if (m_kept.isEmpty() || separators.contains(m_kept.back())) dropSeparator(part);
             if (part.isEmpty()) return;
-            if (m_hadSpace && !m_kept.isEmpty()) m_kept += u' ';
+            if (beginsWithClosingSign(part))
+                m_kept.truncate(sizeWithoutSeparators());
+            else if (m_hadSpace && !m_kept.isEmpty())
+                m_kept += u' ';
             m_joins = m_hadSpace = false;
         }
         m_kept += part;
@@ -30,9 +60,41 @@ public:
         noteSpace(!part.isEmpty() && part.back().isSpace());
     }
 
-    const QString &text() const { return m_kept; }
+    /// A separator that a cut left at the end is none.
+    QString text() const { return m_joins ? m_kept.first(sizeWithoutSeparators()) : m_kept; }
 
 private:
+    qsizetype sizeWithoutSeparators() const
+    {
+        const QStringView kept{m_kept};
+        qsizetype end = kept.size();
+        while (end > 0 && (kept[end - 1].isSpace() || isSeparator(kept.first(end), end - 1)))
+            --end;
+        return end;
+    }
+
+    void trimEdges(QStringView &part)
+    {
+        const qsizetype length = m_kept.size();
+        m_kept = std::move(m_kept).trimmed();
+        noteSpace(m_kept.size() != length || (!part.isEmpty() && part.front().isSpace()));
+        dropSpace(part);
+    }
+
+    static void dropSpace(QStringView &part)
+    {
+        while (!part.isEmpty() && part.front().isSpace())
+            part = part.sliced(1);
+    }
+
+    void dropSeparator(QStringView &part)
+    {
+        if (part.isEmpty() || !isSeparator(part, 0)) return;
+        noteSpace(!isWide(part.front()));
+        part = part.sliced(1);
+        dropSpace(part);
+    }
+
     void noteSpace(bool isSpace) { m_hadSpace = m_hadSpace || isSpace; }
 
     QString m_kept;
