@@ -10,6 +10,26 @@ constexpr year lastYear{9999};
 
 int weekdayNumber(LocalDay day) { return int(weekday{day}.c_encoding()); }
 
+std::optional<LocalDay> nthWeekdayOf(year_month month, const DayReference &reference)
+{
+    const weekday wanted{reference.weekday};
+    if (reference.nth < 0) return LocalDay{month / wanted[last]};
+    const year_month_weekday day = month / wanted[unsigned(reference.nth)];
+    return day.ok() ? std::optional{LocalDay{day}} : std::nullopt;
+}
+
+// By the computus of the Gregorian calendar.
+LocalDay easterSunday(year year)
+{
+    const int y = int(year);
+    const int century = y / 100;
+    const int moonCorrection = century - century / 4 - (8 * century + 13) / 25;
+    const int epact = (19 * (y % 19) + moonCorrection + 15) % 30;
+    const int isLate = epact == 29 || (epact == 28 && y % 19 > 10) ? 1 : 0;
+    const LocalDay fullMoon = LocalDay{year / March / 21} + days{epact - isLate};
+    return fullMoon + days{7 - weekdayNumber(fullMoon)};
+}
+
 } // namespace
 
 std::optional<LocalDay> Calendar::validated(year_month_day date)
@@ -20,6 +40,7 @@ std::optional<LocalDay> Calendar::validated(year_month_day date)
 
 std::optional<LocalDay> Calendar::resolve(const DayReference &reference, Today plainWeekday) const
 {
+    if (reference.kind == DayReference::Kind::Holiday) return holiday(reference);
     const auto day = unmoved(reference, plainWeekday);
     if (!day || reference.offset.amount == 0) return day;
     return moved(*day, reference.offset);
@@ -53,6 +74,8 @@ std::optional<LocalDay> Calendar::unmoved(const DayReference &reference, Today p
         const LocalDay saturday = nextWeekday(6, Today::Included);
         return saturday + weeks{reference.periodsAhead};
     }
+    case Kind::Holiday:
+        return holiday(reference);
     }
     return std::nullopt;
 }
@@ -119,10 +142,21 @@ std::optional<LocalDay> Calendar::nthWeekday(const DayReference &reference) cons
     for (months ahead = nearest; ahead <= nearest + furthest; ++ahead) {
         const year_month month = current + ahead;
         if (reference.month != 0 && unsigned(month.month()) != reference.month) continue;
-        const weekday_indexed wanted{weekday{reference.weekday}, reference.nth};
-        const year_month_weekday day = month / wanted;
-        if (day.ok() && (isFixed || local_days{day} >= m_today))
-            return validated(year_month_day{local_days{day}});
+        const auto day = nthWeekdayOf(month, reference);
+        if (day && (isFixed || *day >= m_today)) return validated(year_month_day{*day});
+    }
+    return std::nullopt;
+}
+
+std::optional<LocalDay> Calendar::holiday(const DayReference &reference) const
+{
+    const year current = year_month_day{m_today}.year() + years{reference.periodsAhead};
+    for (const year candidate : {current, current + years{1}}) {
+        const auto base = reference.month == 0 ? easterSunday(candidate)
+                                               : nthWeekdayOf(candidate / month{reference.month}, reference);
+        if (!base) continue;
+        const LocalDay day = *base + days{reference.offset.amount};
+        if (day >= m_today) return validated(year_month_day{day});
     }
     return std::nullopt;
 }

@@ -46,6 +46,20 @@ bool isRangeOfTimes(const Fragment &date)
     return (date.slots & EndClockSlot) != 0 && (date.slots & LengthSlot) == 0;
 }
 
+int roughDays(Unit unit, int amount)
+{
+    return amount * (unit == Unit::Year ? 365 : unit == Unit::Month ? 30 : unit == Unit::Week ? 7 : 1);
+}
+
+// "Every day for two weeks" ends after them, "every friday for three days" takes three days each time.
+bool limitsRepeat(const Fragment &date)
+{
+    if ((date.slots & RepeatSlot) == 0 || (date.slots & LengthSlot) == 0) return false;
+    if (date.length.isBelowOneDay()) return false;
+    return roughDays(date.length.unit, date.length.amount) >
+           roughDays(date.repeat.unit, date.repeat.interval);
+}
+
 bool isInCalendar(LocalTime time)
 {
     return Calendar::validated(year_month_day{floor<days>(time)}).has_value();
@@ -108,12 +122,17 @@ std::optional<LocalDay> DateBuilder::startDay(const Fragment &date, std::optiona
 
 std::optional<LocalDay> DateBuilder::untilDay(const Fragment &date, LocalDay start) const
 {
+    if (limitsRepeat(date)) {
+        const auto end = Calendar::moved(start, date.length);
+        return end ? std::optional{*end - days{1}} : std::nullopt;
+    }
     if ((date.slots & UntilSlot) == 0) return std::nullopt;
     return Calendar{start, m_settings.firstWeekday}.resolve(date.untilDay, Calendar::Today::Included);
 }
 
 std::optional<LocalTime> DateBuilder::due(const Fragment &date, LocalTime start, bool isAllDay) const
 {
+    if (limitsRepeat(date)) return std::nullopt;
     if ((date.slots & LengthSlot) != 0) return dueOfLength(date.length, start, isAllDay);
     if ((date.slots & (EndDaySlot | EndClockSlot)) == 0) return std::nullopt;
     const LocalDay first = floor<days>(start);

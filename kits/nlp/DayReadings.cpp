@@ -1,3 +1,4 @@
+#include "nlp/Holiday.h"
 #include "nlp/Match.h"
 #include "nlp/Readings.h"
 
@@ -112,6 +113,13 @@ bool weekdayWithDate(const Match &match, Fragment &fragment)
     return true;
 }
 
+bool weekAfterWeekday(const Match &match, Fragment &fragment)
+{
+    if (Unit(match.value(Symbol::Unit)) != Unit::Week || !weekday(match, fragment)) return false;
+    fragment.day.offset = {1, Unit::Week};
+    return true;
+}
+
 bool weekend(const Match &match, Fragment &fragment)
 {
     return setWeekday(fragment, Kind::Weekend, 6, match.value(Symbol::Next));
@@ -172,15 +180,36 @@ bool dayOfMonth(const Match &match, Fragment &fragment)
     return setDayOfMonth(fragment, dayNumber(match), namesMonth ? match.value(Symbol::Next) : -1);
 }
 
+bool dayOfMonthWithTime(const Match &match, Fragment &fragment)
+{
+    Fragment day;
+    inner(match, fragment);
+    if (!dayOfMonth(match, day)) return false;
+    fragment.merge(day);
+    return true;
+}
+
 bool nthWeekdayOfMonth(const Match &match, Fragment &fragment)
 {
-    const int nth = match.value(Symbol::Ordinal);
+    const int nth = match.has(Symbol::Last) ? -1 : match.value(Symbol::Ordinal);
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
     const bool namesMonth = match.has(Symbol::Next) || match.has(Symbol::This);
     setWeekday(fragment, Kind::NthWeekday, weekdayIn(match), namesMonth ? match.value(Symbol::Next) : -1);
     fragment.day.month = std::uint8_t(match.value(Symbol::Month));
-    fragment.day.nth = std::uint8_t(std::clamp(nth, 0, 6));
-    return nth >= 1 && nth <= 5;
+    fragment.day.nth = std::int8_t(std::clamp(nth, -1, 6));
+    return nth == -1 || (nth >= 1 && nth <= 5);
+}
+
+bool holiday(const Match &match, Fragment &fragment)
+{
+    const Holiday holiday = Holiday::fromValue(match.value(Symbol::Holiday));
+    fragment.day.periodsAhead = std::int16_t(match.value(Symbol::RelativeYear));
+    if (holiday.isFixed()) return setDate(fragment, 0, holiday.month, holiday.day);
+    setWeekday(fragment, Kind::Holiday, holiday.weekday, match.value(Symbol::RelativeYear));
+    fragment.day.month = std::uint8_t(holiday.month);
+    fragment.day.nth = std::int8_t(holiday.nth);
+    fragment.day.offset = {holiday.shift, Unit::Day};
+    return true;
 }
 
 bool firstOfPeriod(const Match &match, Fragment &fragment)
@@ -191,6 +220,25 @@ bool firstOfPeriod(const Match &match, Fragment &fragment)
 bool lastOfPeriod(const Match &match, Fragment &fragment)
 {
     return setPeriod(fragment, Kind::LastOf, Unit(match.value(Symbol::Unit)), match.value(Symbol::Next));
+}
+
+bool lastDayOfPeriod(const Match &match, Fragment &fragment)
+{
+    if (Unit(match.value(Symbol::Unit)) != Unit::Day) return false;
+    return setPeriod(fragment, Kind::LastOf, Unit(match.value(Symbol::Unit, 1)), match.value(Symbol::Next));
+}
+
+bool comingPeriod(const Match &match, Fragment &fragment)
+{
+    const int periodsAhead = match.has(Symbol::Next) ? match.value(Symbol::Next) : 1;
+    return setPeriod(fragment, Kind::FirstOf, Unit(match.value(Symbol::Unit)), periodsAhead);
+}
+
+bool endOfPeriod(const Match &match, Fragment &fragment)
+{
+    const Unit unit = Unit(match.value(Symbol::PeriodEnd));
+    fragment.slots = DaySlot;
+    return unit == Unit::Day || setPeriod(fragment, Kind::LastOf, unit, 0);
 }
 
 bool daysAhead(const Match &match, Fragment &fragment)

@@ -28,6 +28,9 @@ int hourWithin(DayPart part, int hour)
 
 ClockReference ClockReference::within(DayPart part) const
 {
+    // The midnight of an evening is the one that ends it.
+    const bool isAfterMidnight = hour == 0 && (part == DayPart::Evening || part == DayPart::Night);
+    if (isAfterMidnight) return {24, minute, Certainty::Certain};
     if (certainty == Certainty::Certain || part == DayPart::None) return *this;
     return {std::uint8_t(hourWithin(part, hour)), minute, Certainty::Certain};
 }

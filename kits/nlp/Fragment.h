@@ -30,12 +30,14 @@ struct DayReference {
         FirstOf,     ///< the first day of the week, month or year `periodsAhead` on
         LastOf,      ///< the last day of the same
         Weekend,     ///< the coming Saturday, or the one `periodsAhead` weeks after it
+        Holiday,     ///< `offset` from the `nth` `weekday` of `month`, of month 0 from Easter Sunday: the
+                     ///< next such day, or that `periodsAhead` years on
     };
     Kind kind = Kind::Ahead;
     std::uint8_t weekday = 0;
     std::uint8_t month = 0;
     std::uint8_t day = 0;
-    std::uint8_t nth = 0; ///< 1 … 5
+    std::int8_t nth = 0; ///< 1 … 5, -1 = the last
     std::int16_t year = 0;
     std::int16_t periodsAhead = 0;
     Quantity offset; ///< what to add to the day itself
@@ -61,7 +63,7 @@ struct RepeatReference {
     int interval = 1;
     Unit unit = Unit::Day;
     std::uint8_t weekdays = 0; ///< bit 0 = Sunday
-    std::uint8_t nth = 0;      ///< which of these weekdays of the month, 0 = each
+    std::int8_t nth = 0;       ///< which of these weekdays of the month, 0 = each, -1 = the last
     std::int8_t monthDay = 0;  ///< 0 = that of the start, -1 = the last
     std::uint8_t month = 0;    ///< 0 = that of the start
     bool needsCompany = false; ///< said with a word that may be an adjective

@@ -1,5 +1,7 @@
 #include "nlp/Matcher.h"
 
+#include <algorithm>
+
 namespace nlp {
 
 void Matcher::match(std::span<const Token> tokens, std::vector<Place> &places, std::vector<Phrase> &phrases)
@@ -37,6 +39,7 @@ void Matcher::tryRule(const Rule &rule, std::uint32_t index, SymbolSet &pending)
     const bool isClosed = isClosedBefore(m_end);
     if (rule.guard == Guard::Closes && !isClosed) return;
     if (rule.guard == Guard::NotCounted && isCountedAt(m_end)) return;
+    if (rule.guard == Guard::Longest && isBeginningOfLonger(index, m_end)) return;
     match.setClosed(isClosed);
     Phrase phrase{rule.product, index, m_end, {}};
     if (rule.reading(match, phrase.fragment)) keep(phrase, pending);
@@ -107,6 +110,13 @@ bool Matcher::isClosedBefore(std::uint32_t index) const
     default:
         return true;
     }
+}
+
+bool Matcher::isBeginningOfLonger(std::uint32_t index, std::uint32_t end) const
+{
+    const Place place = (*m_places)[index];
+    const auto begin = m_phrases->begin() + place.first;
+    return std::any_of(begin, begin + place.count, [&](const Phrase &phrase) { return phrase.end > end; });
 }
 
 bool Matcher::isCountedAt(std::uint32_t index) const

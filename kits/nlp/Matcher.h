@@ -35,6 +35,7 @@ private:
     const Phrase *phraseAt(std::uint32_t index, Symbol symbol) const;
     bool isClosedBefore(std::uint32_t index) const;
     bool isCountedAt(std::uint32_t index) const;
+    bool isBeginningOfLonger(std::uint32_t index, std::uint32_t end) const;
 
     const Grammar &m_grammar;
     const Settings &m_settings;

@@ -42,6 +42,14 @@ bool areNeighbours(const std::vector<nlp::Token> &tokens, const nlp::Phrase &fir
     return true;
 }
 
+// "Remind me at 5 to call": the word belongs to the phrase, not to what is to be done.
+std::uint32_t endWithTo(const std::vector<nlp::Token> &tokens, std::uint32_t end)
+{
+    const bool isFollowed = end + 1 < tokens.size() && tokens[end].kind == nlp::TokenKind::Word &&
+                            tokens[end].means(nlp::Symbol::To);
+    return isFollowed ? end + 1 : end;
+}
+
 void addStrings(std::wstring_view text, const Workspace &work, nlp::Answer &answer)
 {
     for (std::size_t i = 0; i < work.chosen.size();) {
@@ -49,8 +57,11 @@ void addStrings(std::wstring_view text, const Workspace &work, nlp::Answer &answ
         while (last + 1 < work.chosen.size() &&
                areNeighbours(work.tokens, *work.chosen[last].phrase, *work.chosen[last + 1].phrase))
             ++last;
-        const auto begin = work.tokens[work.chosen[i].phrase->begin].begin;
-        const auto end = work.tokens[work.chosen[last].phrase->end - 1].end;
+        const nlp::Phrase &first = *work.chosen[i].phrase;
+        std::uint32_t endToken = work.chosen[last].phrase->end;
+        if (first.symbol == nlp::Symbol::Reminder) endToken = endWithTo(work.tokens, endToken);
+        const auto begin = work.tokens[first.begin].begin;
+        const auto end = work.tokens[endToken - 1].end;
         answer.recognized.push_back(text.substr(begin, end - begin));
         i = last + 1;
     }

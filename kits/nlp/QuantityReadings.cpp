@@ -16,7 +16,7 @@ bool setQuantity(Quantity &quantity, int amount, Unit unit)
     return true;
 }
 
-// Halves and decimals are read in minutes; half a day may be anything.
+// Parts of an hour are read in minutes.
 bool setMinutes(Quantity &quantity, int tenthsOfHour)
 {
     return setQuantity(quantity, tenthsOfHour * 6, Unit::Minute);
@@ -54,7 +54,16 @@ bool decimalQuantity(const Match &match, Fragment &fragment)
 
 bool halfQuantity(const Match &match, Fragment &fragment)
 {
-    return unitOf(match) == Unit::Hour && setMinutes(fragment.length, 5);
+    switch (unitOf(match)) {
+    case Unit::Hour:
+        return setMinutes(fragment.length, 5);
+    case Unit::Month:
+        return setQuantity(fragment.length, 15, Unit::Day);
+    case Unit::Year:
+        return setQuantity(fragment.length, 6, Unit::Month);
+    default:
+        return false;
+    }
 }
 
 bool quantityAndHalf(const Match &match, Fragment &fragment)

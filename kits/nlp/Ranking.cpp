@@ -36,6 +36,7 @@ int dayRank(const DayReference &day)
         return day.year != 0 ? 4 : 3;
     case DayReference::Kind::DayOfMonth:
     case DayReference::Kind::NthWeekday:
+    case DayReference::Kind::Holiday:
         return 3;
     case DayReference::Kind::Ahead:
         return day.offset.isBelowOneDay() ? 1 : 2;
@@ -90,7 +91,8 @@ void Ranking::choose(std::span<const Phrase> phrases, std::vector<Candidate> &ch
 {
     chosen.clear();
     for (const Phrase &phrase : phrases)
-        if (isPiece(phrase.symbol) && standsFree(phrase)) chosen.push_back({&phrase, rankOf(phrase)});
+        if (isPiece(phrase.symbol) && standsFree(phrase))
+            chosen.push_back({&phrase, saysWhich(phrase), rankOf(phrase)});
     const unsigned filled = fillSlots(chosen);
     std::erase_if(chosen,
                   [&](const auto &candidate) { return !isAtHome(candidate.phrase->fragment, filled); });
@@ -108,7 +110,7 @@ unsigned Ranking::fillSlots(std::vector<Candidate> &candidates)
         if (isClaimed(phrase)) return true;
         // A phrase that comes too late still owns its words: its time belongs to its day.
         std::fill(m_claimed.begin() + phrase.begin, m_claimed.begin() + phrase.end, 1);
-        if ((phrase.fragment.slots & (filled | BygoneSlot)) != 0) return true;
+        if (candidate.saysWhich || (phrase.fragment.slots & (filled | BygoneSlot)) != 0) return true;
         filled |= phrase.fragment.slots;
         return false;
     });
@@ -124,6 +126,14 @@ bool Ranking::isClaimed(const Phrase &phrase) const
 bool Ranking::standsFree(const Phrase &phrase) const
 {
     return isFreeBefore(m_tokens[phrase.begin]) && isFreeAfter(m_tokens[phrase.end - 1]) && !isCount(phrase);
+}
+
+// "明天的会议" says which meeting, as "tomorrow's meeting" does.
+bool Ranking::saysWhich(const Phrase &phrase) const
+{
+    if (phrase.end == m_tokens.size()) return false;
+    const Token &next = m_tokens[phrase.end];
+    return next.kind == TokenKind::Ideograph && next.means(Symbol::Of);
 }
 
 bool Ranking::isFreeBefore(const Token &token) const

@@ -18,6 +18,7 @@ class Ranking {
 public:
     struct Candidate {
         const Phrase *phrase = nullptr;
+        bool saysWhich = false; ///< it stands as an attribute, so it keeps its words and says nothing
         int rank = 0;
     };
 
@@ -37,6 +38,7 @@ private:
     bool isFreeBefore(const Token &token) const;
     bool isFreeAfter(const Token &token) const;
     bool isCount(const Phrase &phrase) const;
+    bool saysWhich(const Phrase &phrase) const;
     wchar_t at(std::size_t index) const { return index < m_text.size() ? m_text[index] : L' '; }
 
     std::wstring_view m_text;

@@ -28,6 +28,7 @@ bool halfPast(const Match &match, Fragment &fragment);
 bool quarterPast(const Match &match, Fragment &fragment);
 bool quarterTo(const Match &match, Fragment &fragment);
 bool minutesPast(const Match &match, Fragment &fragment);
+bool minutesTo(const Match &match, Fragment &fragment); ///< "at ten to six"
 bool namedTime(const Match &match, Fragment &fragment);
 bool clockRange(const Match &match, Fragment &fragment);
 bool dayPart(const Match &match, Fragment &fragment);
@@ -48,9 +49,15 @@ bool numericDate(const Match &match, Fragment &fragment);  ///< numbers in the o
 bool numberedMonthAndDay(const Match &match, Fragment &fragment);
 bool firstOfYear(const Match &match, Fragment &fragment);
 bool dayOfMonth(const Match &match, Fragment &fragment);
+bool dayOfMonthWithTime(const Match &match, Fragment &fragment);
 bool nthWeekdayOfMonth(const Match &match, Fragment &fragment);
+bool holiday(const Match &match, Fragment &fragment);
+bool weekAfterWeekday(const Match &match, Fragment &fragment); ///< "friday week"
 bool firstOfPeriod(const Match &match, Fragment &fragment);
 bool lastOfPeriod(const Match &match, Fragment &fragment);
+bool lastDayOfPeriod(const Match &match, Fragment &fragment); ///< "last day of the month"
+bool comingPeriod(const Match &match, Fragment &fragment);    ///< the first day of the next one: "月初"
+bool endOfPeriod(const Match &match, Fragment &fragment);     ///< of the one that a PeriodEnd names
 bool daysAhead(const Match &match, Fragment &fragment);
 bool minutesAhead(const Match &match, Fragment &fragment);
 bool quantityAfterDay(const Match &match, Fragment &fragment);
@@ -68,17 +75,20 @@ bool everySkippedUnit(const Match &match, Fragment &fragment);
 bool frequency(const Match &match, Fragment &fragment);
 bool repeatAlone(const Match &match, Fragment &fragment);
 bool everyWeekdays(const Match &match, Fragment &fragment);
-bool weekdaysEveryDay(const Match &match, Fragment &fragment); ///< "周一到周五每天"
+bool weekdaysEveryDay(const Match &match, Fragment &fragment);  ///< "周一到周五每天"
+bool weekdaysEveryPart(const Match &match, Fragment &fragment); ///< "周一到周五每天早上"
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment);
 bool pluralWeekday(const Match &match, Fragment &fragment);
 bool everyDayExcept(const Match &match, Fragment &fragment);
-bool everyWorkday(const Match &match, Fragment &fragment);
+bool everyWorkday(const Match &match, Fragment &fragment); ///< with a time, if one stands with it
 bool everyWeekend(const Match &match, Fragment &fragment);
 bool everyPart(const Match &match, Fragment &fragment);
 bool everyDayOfMonth(const Match &match, Fragment &fragment);
 bool everyLastDayOfMonth(const Match &match, Fragment &fragment);
 bool everyDate(const Match &match, Fragment &fragment);
+bool everyHoliday(const Match &match, Fragment &fragment); ///< one of a fixed date
 bool untilDay(const Match &match, Fragment &fragment);
+bool untilMonth(const Match &match, Fragment &fragment); ///< its first day included
 bool countOfTimes(const Match &match, Fragment &fragment);
 
 // Reminders.

@@ -14,6 +14,12 @@ constexpr int longestInterval = 999;
 
 std::uint8_t weekdayBit(int weekday) { return std::uint8_t(1U << weekday); }
 
+// Of a PluralWeekday.
+std::uint8_t weekdayBits(int plural)
+{
+    return plural == 7 ? mondayToFriday : plural == 8 ? saturdayAndSunday : weekdayBit(plural);
+}
+
 bool setRepeat(Fragment &fragment, int interval, Unit unit)
 {
     if (interval < 1 || interval > longestInterval || unit < Unit::Day) return false;
@@ -28,6 +34,15 @@ int intervalOf(const Match &match)
     if (match.has(Symbol::Other)) return 2;
     if (match.has(Symbol::Ordinal)) return match.value(Symbol::Ordinal);
     return match.has(Symbol::Number) ? match.value(Symbol::Number) : 1;
+}
+
+bool setEveryDate(const Match &match, Fragment &fragment, const DayReference &date)
+{
+    fragment = match.fragment(Symbol::EveryUnit);
+    if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Year)) return false;
+    fragment.repeat.month = date.month;
+    fragment.repeat.monthDay = std::int8_t(date.day);
+    return fragment.repeat.unit == Unit::Year;
 }
 
 } // namespace
@@ -87,9 +102,12 @@ bool repeatAlone(const Match &match, Fragment &fragment)
 bool everyWeekdays(const Match &match, Fragment &fragment)
 {
     fragment = match.fragment(Symbol::EveryUnit);
-    if (fragment.slots == 0 && !setRepeat(fragment, intervalOf(match), Unit::Week)) return false;
     fragment.repeat.weekdays = match.fragment(Symbol::Weekdays).repeat.weekdays;
-    return fragment.repeat.unit == Unit::Week;
+    if (fragment.slots != 0) return fragment.repeat.unit == Unit::Week;
+    // "Every 2nd friday" skips one, but none lies before the first.
+    const bool isFirstOfMonth = match.has(Symbol::Ordinal) && match.value(Symbol::Ordinal) == 1;
+    fragment.repeat.nth = isFirstOfMonth ? 1 : 0;
+    return setRepeat(fragment, intervalOf(match), isFirstOfMonth ? Unit::Month : Unit::Week);
 }
 
 bool weekdaysEveryDay(const Match &match, Fragment &fragment)
@@ -100,18 +118,28 @@ bool weekdaysEveryDay(const Match &match, Fragment &fragment)
     return every.unit == Unit::Day && every.interval == 1 && setRepeat(fragment, 1, Unit::Week);
 }
 
+bool weekdaysEveryPart(const Match &match, Fragment &fragment)
+{
+    everyPart(match, fragment);
+    fragment.repeat.weekdays =
+        match.has(Symbol::Workday) ? mondayToFriday : match.fragment(Symbol::Weekdays).repeat.weekdays;
+    return setRepeat(fragment, 1, Unit::Week);
+}
+
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment)
 {
-    const int nth = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
-    if (Unit(match.value(Symbol::Unit)) != Unit::Month || nth < 1 || nth > 5) return false;
-    fragment.repeat.nth = std::uint8_t(nth);
+    const int nth = match.has(Symbol::Last) ? -1 : match.value(Symbol::Ordinal);
+    const RepeatReference &every = match.fragment(Symbol::EveryUnit).repeat;
+    const Unit unit = match.has(Symbol::EveryUnit) ? every.unit : Unit(match.value(Symbol::Unit));
+    if (unit != Unit::Month || nth < -1 || nth == 0 || nth > 5) return false;
+    fragment.repeat.nth = std::int8_t(nth);
     fragment.repeat.weekdays = weekdayBit(match.fragment(Symbol::AnyWeekday).day.weekday);
-    return setRepeat(fragment, 1, Unit::Month);
+    return setRepeat(fragment, every.interval, Unit::Month);
 }
 
 bool pluralWeekday(const Match &match, Fragment &fragment)
 {
-    fragment.repeat.weekdays = std::uint8_t(weekdayBit(match.value(Symbol::PluralWeekday)) |
+    fragment.repeat.weekdays = std::uint8_t(weekdayBits(match.value(Symbol::PluralWeekday)) |
                                             match.fragment(Symbol::Weekdays).repeat.weekdays);
     fragment.repeat.needsCompany = true;
     return setRepeat(fragment, 1, Unit::Week);
@@ -125,8 +153,9 @@ bool everyDayExcept(const Match &match, Fragment &fragment)
     return isDaily && fragment.repeat.weekdays != 0 && setRepeat(fragment, 1, Unit::Week);
 }
 
-bool everyWorkday(const Match &, Fragment &fragment)
+bool everyWorkday(const Match &match, Fragment &fragment)
 {
+    inner(match, fragment);
     fragment.repeat.weekdays = mondayToFriday;
     return setRepeat(fragment, 1, Unit::Week);
 }
@@ -150,7 +179,7 @@ bool everyPart(const Match &match, Fragment &fragment)
 bool everyDayOfMonth(const Match &match, Fragment &fragment)
 {
     const int day = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
-    if (match.isSpelled(Symbol::Ordinal)) return false;
+    if (match.isSpelled(Symbol::Ordinal) && !match.has(Symbol::Unit)) return false;
     fragment = match.fragment(Symbol::EveryUnit);
     if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Month)) return false;
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
@@ -171,18 +200,29 @@ bool everyLastDayOfMonth(const Match &match, Fragment &fragment)
 bool everyDate(const Match &match, Fragment &fragment)
 {
     const DayReference &date = match.fragment(Symbol::Date).day;
-    fragment = match.fragment(Symbol::EveryUnit);
-    if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Year)) return false;
-    if (date.year != 0 || date.periodsAhead != 0) return false;
-    fragment.repeat.month = date.month;
-    fragment.repeat.monthDay = std::int8_t(date.day);
-    return fragment.repeat.unit == Unit::Year;
+    return date.year == 0 && date.periodsAhead == 0 && setEveryDate(match, fragment, date);
+}
+
+bool everyHoliday(const Match &match, Fragment &fragment)
+{
+    Fragment named;
+    holiday(match, named);
+    return named.day.kind == DayReference::Kind::Date && setEveryDate(match, fragment, named.day);
 }
 
 bool untilDay(const Match &match, Fragment &fragment)
 {
     fragment.slots = UntilSlot;
     fragment.untilDay = match.fragment(Symbol::Day).day;
+    return true;
+}
+
+bool untilMonth(const Match &match, Fragment &fragment)
+{
+    fragment.slots = UntilSlot;
+    fragment.untilDay.kind = DayReference::Kind::Date;
+    fragment.untilDay.month = std::uint8_t(match.value(Symbol::Month));
+    fragment.untilDay.day = 1;
     return true;
 }
 

@@ -69,8 +69,10 @@ std::wstring RepeatSchedule::rule(int count, std::optional<LocalDay> until) cons
 
 bool RepeatSchedule::meets(LocalDay day) const
 {
-    const unsigned dayOfMonth{year_month_day{day}.day()};
-    if (m_repeat.nth != 0 && (dayOfMonth - 1) / 7 + 1 != m_repeat.nth) return false;
+    const year_month_day date{day};
+    const int dayOfMonth(unsigned(date.day()));
+    if (m_repeat.nth > 0 && (dayOfMonth - 1) / 7 + 1 != m_repeat.nth) return false;
+    if (m_repeat.nth < 0 && year_month_day{day + weeks{1}}.month() == date.month()) return false;
     return m_repeat.weekdays == 0 || (m_repeat.weekdays & (1U << weekday{day}.c_encoding())) != 0;
 }
 

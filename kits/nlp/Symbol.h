@@ -15,31 +15,35 @@ enum class Symbol : std::uint8_t {
 
     // Digits and signs. A sign is a terminal only where it touches what stands on both sides, but Comma.
     Number,
-    Ordinal,
+    Ordinal, ///< -1 = the last
     Colon,
     Slash,
     Dot,
     Hyphen,
+    AtSign,   ///< "@" before a time
+    TimeMark, ///< the T between the date and the time of ISO 8601
     Comma,
 
     // Words that carry a value.
     Weekday,          ///< 0 = Sunday … 6 = Saturday
     AmbiguousWeekday, ///< the same, for a word that means something else, too ("sun"); it needs company
-    PluralWeekday,    ///< the same, for a word that says "each of them"
-    Month,            ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
-    Unit,             ///< a nlp::Unit
-    RelativeDay,      ///< days from today
-    DayPart,          ///< a nlp::DayPart, for a word that needs company ("morning")
-    FreeDayPart,      ///< the same, for a word that says when on its own
-    DayWithPart,      ///< days from today × 16 + a nlp::DayPart ("tonight")
-    RelativeYear,     ///< years from this one
-    Meridiem,         ///< 0 before noon, 1 after
-    NamedTime,        ///< the hour
-    AmbiguousHour,    ///< the hour, for a word that means something else, too; it needs company
-    Frequency,        ///< interval × 16 + nlp::Unit, plus `AmbiguousWord` for an adjective ("weekly")
-    Remind,           ///< 1 when the word alone asks for a reminder, 0 when it needs to be told how early
-    Next,             ///< weeks, months … ahead
-    Article,          ///< "a": the amount it stands for
+    PluralWeekday, ///< the same, for a word that says "each of them"; 7 = Monday to Friday, 8 = the weekend
+    Month,         ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
+    Unit,          ///< a nlp::Unit
+    RelativeDay,   ///< days from today
+    DayPart,       ///< a nlp::DayPart, for a word that needs company ("morning")
+    FreeDayPart,   ///< the same, for a word that says when on its own
+    DayWithPart,   ///< days from today × 16 + a nlp::DayPart ("tonight")
+    RelativeYear,  ///< years from this one
+    Meridiem,      ///< 0 before noon, 1 after
+    NamedTime,     ///< the hour, plus `AmbiguousWord` for an adjective ("midnight")
+    AmbiguousHour, ///< the hour, for a word that means something else, too; it needs company
+    Frequency,     ///< interval × 16 + nlp::Unit, plus `AmbiguousWord` for an adjective ("weekly")
+    Remind,        ///< 1 when the word alone asks for a reminder, 0 when it needs to be told how early
+    Next,          ///< weeks, months … ahead
+    Holiday,       ///< a nlp::Holiday
+    PeriodEnd,     ///< a nlp::Unit, for a word that names its end ("eod")
+    Article,       ///< "a": the amount it stands for
 
     // Words that only join.
     OClock,
@@ -72,6 +76,7 @@ enum class Symbol : std::uint8_t {
     Before,
     Advance,
     EndOf,
+    StartOf,
     LastDay,
     Weekend,
     FreeWeekend, ///< one that says when on its own
@@ -83,6 +88,7 @@ enum class Symbol : std::uint8_t {
     HourMark,
     MinuteMark,
     Counter,
+    CountMark,
     FunctionWord, ///< a word that may follow a date without belonging to it ("with")
     Measure,      ///< a thing that is counted ("pages"): a number before it is no date
     ScoreWord,    ///< a word after which numbers are no times ("ratio")

@@ -104,8 +104,19 @@ bool minutesPast(const Match &match, Fragment &fragment)
                 Certainty::Spoken);
 }
 
+// Digits are a range: "at 10 to 6".
+bool minutesTo(const Match &match, Fragment &fragment)
+{
+    const int minutes = match.value(Symbol::Number, 0);
+    const int hour = match.value(Symbol::Number, 1);
+    if (!match.isSpelled(Symbol::Number) || minutes < 1 || minutes > 29 || hour < 1) return false;
+    return fill(match, fragment, hour == 1 ? 12 : hour - 1, 60 - minutes, Certainty::Spoken);
+}
+
 bool namedTime(const Match &match, Fragment &fragment)
 {
+    const bool mayBeAdjective = match.isAmbiguous(Symbol::NamedTime) && !match.has(Symbol::At);
+    if (mayBeAdjective && !match.isClosed()) return false;
     return fill(match, fragment, match.value(Symbol::NamedTime), 0, Certainty::Certain);
 }
 

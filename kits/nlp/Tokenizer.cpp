@@ -14,7 +14,8 @@ struct QuotationMarks {
     wchar_t closing;
 };
 
-constexpr std::array<QuotationMarks, 8> quotationMarks{{{L'"', L'"'},
+constexpr std::array<QuotationMarks, 9> quotationMarks{{{L'"', L'"'},
+                                                        {L'\'', L'\''},
                                                         {0x201C, 0x201D},
                                                         {0x201E, 0x201C},
                                                         {0x00AB, 0x00BB},
@@ -32,6 +33,9 @@ constexpr Sense slashSense{Symbol::Slash};
 constexpr Sense dotSense{Symbol::Dot};
 constexpr Sense commaSense{Symbol::Comma};
 constexpr Sense toSense{Symbol::To};
+// "2 @ 5" is a price.
+constexpr std::array<Sense, 2> atSenses{{{Symbol::AtSign}, {Symbol::At}}};
+constexpr Sense timeMarkSense{Symbol::TimeMark};
 constexpr std::array<Sense, 2> hyphenSenses{{{Symbol::Hyphen}, {Symbol::To}}};
 
 int ideographDigit(wchar_t character)
@@ -133,19 +137,29 @@ bool Tokenizer::readLink()
 bool Tokenizer::readQuotation()
 {
     const wchar_t opening = m_original[m_position];
-    if (opening < 0x80 && opening != L'"') return false;
+    if (opening < 0x80 && opening != L'"' && opening != L'\'') return false;
     for (std::size_t i = 0; i < quotationMarks.size(); ++i) {
         if (quotationMarks[i].opening != opening || (m_unclosed & (1U << i)) != 0) continue;
         // An inch mark stands after its number.
         if (m_position > 0 && isAlphanumericAt(m_position - 1) && opening < 0x2000) continue;
-        const auto closing = m_original.find(quotationMarks[i].closing, m_position + 1);
-        if (closing != m_original.npos) {
-            append(std::uint32_t(closing) + 1, TokenKind::Opaque);
+        if (const auto closing = closingMark(quotationMarks[i].closing); closing != 0) {
+            append(closing + 1, TokenKind::Opaque);
             return true;
         }
         m_unclosed |= 1U << i;
     }
     return false;
+}
+
+std::uint32_t Tokenizer::closingMark(wchar_t mark) const
+{
+    const bool mayBeApostrophe = mark == L'\'' || mark == 0x2019;
+    auto closing = m_original.find(mark, m_position + 1);
+    // One inside a word, or at its beginning, is an apostrophe.
+    while (closing != m_original.npos && mayBeApostrophe &&
+           (isAlphanumericAt(std::uint32_t(closing) + 1) || isSpace(m_text[closing - 1])))
+        closing = m_original.find(mark, closing + 1);
+    return closing == m_original.npos ? 0 : std::uint32_t(closing);
 }
 
 void Tokenizer::readNumber()
@@ -183,6 +197,9 @@ void Tokenizer::readIdeographs()
 
 void Tokenizer::readWord()
 {
+    const bool standsInNumbers = m_position > 0 && isDigit(at(m_position - 1)) && isDigit(at(m_position + 1));
+    if (at(m_position) == L't' && standsInNumbers)
+        return append(m_position + 1, TokenKind::Sign, &timeMarkSense, 1);
     if (takeWord(m_vocabulary.longestWordAt(m_text, m_position), TokenKind::Word)) return;
     std::uint32_t end = m_position;
     while (isAlphanumericAt(end) || (at(end) == L'\'' && isLetter(at(end + 1))))
@@ -213,6 +230,10 @@ void Tokenizer::readSign()
     case L'~':
         sense = &toSense;
         break;
+    case L'@':
+        sense = standsAlone() ? atSenses.data() : nullptr;
+        count = !m_tokens->empty() && m_tokens->back().kind == TokenKind::Number ? 1 : 2;
+        break;
     case L'-':
         sense = touchesBoth ? hyphenSenses.data() : &toSense;
         count = touchesBoth ? 2 : 1;
@@ -222,6 +243,8 @@ void Tokenizer::readSign()
     }
     append(m_position + 1, TokenKind::Sign, sense, sense != nullptr ? count : 0);
 }
+
+bool Tokenizer::standsAlone() const { return m_position == 0 || isSpace(m_text[m_position - 1]); }
 
 bool Tokenizer::takeWord(const Vocabulary::Hit &hit, TokenKind kind)
 {

@@ -22,10 +22,12 @@ private:
     void readPiece();
     bool readLink();
     bool readQuotation();
+    std::uint32_t closingMark(wchar_t mark) const; ///< 0 = nowhere
     void readNumber();
     void readIdeographs();
     void readWord();
     void readSign();
+    bool standsAlone() const; ///< after white space
     bool takeWord(const Vocabulary::Hit &hit, TokenKind kind);
     void append(std::uint32_t end, TokenKind kind, const Sense *senses = nullptr,
                 std::uint8_t senseCount = 0);

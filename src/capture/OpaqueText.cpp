@@ -34,8 +34,9 @@ struct QuotationMarks {
     char16_t closing;
 };
 
-constexpr std::array<QuotationMarks, 7> quotationMarks{{
+constexpr std::array<QuotationMarks, 8> quotationMarks{{
     {u'"', u'"'},
+    {u'\'', u'\''},
     {u'“', u'”'},
     {u'„', u'“'},
     {u'«', u'»'},
@@ -46,7 +47,23 @@ constexpr std::array<QuotationMarks, 7> quotationMarks{{
 
 bool mayOpen(QStringView text, qsizetype position)
 {
-    return text[position] != u'"' || !isWordCharacter(characterAt(text, position - 1));
+    const bool isStraight = text[position] == u'"' || text[position] == u'\'';
+    return !isStraight || !isWordCharacter(characterAt(text, position - 1));
+}
+
+bool mayBeApostrophe(QStringView text, qsizetype position)
+{
+    if (text[position] != u'\'' && text[position] != u'’') return false;
+    return isWordCharacter(characterAt(text, position + 1)) || text[position - 1].isSpace();
+}
+
+// -1 = nowhere.
+qsizetype closingMark(QStringView text, QChar mark, qsizetype opening)
+{
+    qsizetype closing = text.indexOf(mark, opening + 1);
+    while (closing >= 0 && mayBeApostrophe(text, closing))
+        closing = text.indexOf(mark, closing + 1);
+    return closing;
 }
 
 } // namespace
@@ -77,7 +94,7 @@ QList<TextRange> quotationRanges(QStringView text)
         for (std::size_t kind = 0; kind < quotationMarks.size(); ++kind) {
             if (text[i] != QChar{quotationMarks[kind].opening} || isUnclosed[kind] || !mayOpen(text, i))
                 continue;
-            const qsizetype closing = text.indexOf(QChar{quotationMarks[kind].closing}, i + 1);
+            const qsizetype closing = closingMark(text, QChar{quotationMarks[kind].closing}, i);
             isUnclosed[kind] = closing < 0;
             if (closing < 0) continue;
             quotations.append({i, closing + 1 - i});

@@ -15,7 +15,8 @@ bool holdsLinkMark(QStringView text);
 QList<TextRange> linkRanges(QStringView text);
 
 /// Text in quotation marks, the marks included. No date is read in it. A straight mark right after a
-/// letter or digit is an inch mark or closes; one that nothing closes opens nothing.
+/// letter or digit is an inch mark or closes; one that nothing closes opens nothing. A single mark before
+/// a letter or after white space is an apostrophe and closes nothing.
 QList<TextRange> quotationRanges(QStringView text);
 
 /// Whether one of `ranges`, which are disjoint and in text order, holds the unit at `position`.
