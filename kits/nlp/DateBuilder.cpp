@@ -41,6 +41,16 @@ bool isMoment(const Fragment &date)
     return (date.slots & DaySlot) != 0 && date.day.offset.amount != 0 && date.day.offset.isBelowOneDay();
 }
 
+// Beside a part of the day no clock has 24 hours: "下午2:30-3:30".
+ClockReference endClock(const Fragment &date)
+{
+    using Certainty = ClockReference::Certainty;
+    ClockReference clock = date.endClock;
+    if ((date.slots & PartSlot) != 0 && clock.certainty == Certainty::Written)
+        clock.certainty = Certainty::Spoken;
+    return clock;
+}
+
 bool isRangeOfTimes(const Fragment &date)
 {
     return (date.slots & EndClockSlot) != 0 && (date.slots & LengthSlot) == 0;
@@ -139,7 +149,7 @@ std::optional<LocalTime> DateBuilder::due(const Fragment &date, LocalTime start,
     const auto last = (date.slots & EndDaySlot) != 0 ? lastDay(date.endDay, first) : first;
     if (!last) return std::nullopt;
     const minutes time = start - first;
-    return *last + (isRangeOfTimes(date) ? resolvedAfter(date.endClock, time) : time);
+    return *last + (isRangeOfTimes(date) ? resolvedAfter(endClock(date), time) : time);
 }
 
 std::optional<LocalTime> DateBuilder::dueOfLength(const Quantity &length, LocalTime start,

@@ -290,9 +290,12 @@ bool daysOfMonthRange(const Match &match, Fragment &fragment)
         match.value(Symbol::Month) + (match.has(Symbol::Month) ? 0 : match.value(Symbol::Number));
     const int days = match.has(Symbol::Month) ? 0 : 1;
     const int last = dayNumber(match, days + 1);
-    if (last <= dayNumber(match, days) || !setDate(fragment, 0, month, last)) return false;
+    const int yearPlace = match.has(Symbol::Ordinal) ? 0 : days + 2;
+    const int year = match.value(Symbol::Number, yearPlace);
+    if (match.has(Symbol::Number, yearPlace) && !isFullYear(year, match.digits(yearPlace))) return false;
+    if (last <= dayNumber(match, days) || !setDate(fragment, year, month, last)) return false;
     fragment.endDay = fragment.day;
-    if (!setDate(fragment, 0, month, dayNumber(match, days))) return false;
+    if (!setDate(fragment, year, month, dayNumber(match, days))) return false;
     setRange(fragment);
     return true;
 }

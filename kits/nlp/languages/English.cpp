@@ -315,6 +315,9 @@ constexpr Rule rules[] = {
     {DayRange, {Month, Ordinal, To, Ordinal}, daysOfMonthRange},
     {DayRange, {Number, To, Number, Month}, daysOfMonthRange},
     {DayRange, {Ordinal, To, Ordinal, maybe(Of), Month}, daysOfMonthRange},
+    {DayRange, {Month, Number, To, Number, maybe(Comma), Number}, daysOfMonthRange},
+    {DayRange, {Month, Ordinal, To, Ordinal, maybe(Comma), Number}, daysOfMonthRange},
+    {DayRange, {Number, To, Number, Month, maybe(Comma), Number}, daysOfMonthRange},
     {DayRange, {On, DayRange}, inner},
     {DayRange, {From, DayRange}, inner},
 
