@@ -15,18 +15,33 @@ void Matcher::match(std::span<const Token> tokens, std::vector<Place> &places, s
         matchAt(index);
 }
 
+namespace {
+
+// Most rules fail here.
+bool mayGoOn(const Rule &rule, const SymbolSet &following)
+{
+    const Element second = rule.pattern[1];
+    return second.isOptional || second.symbol == Symbol::None || following.contains(second.symbol);
+}
+
+} // namespace
+
 void Matcher::matchAt(std::uint32_t index)
 {
     (*m_places)[index].first = std::uint32_t(m_phrases->size());
     const Token &token = m_tokens[index];
     SymbolSet pending;
-    for (std::uint8_t i = 0; i < token.senseCount; ++i)
+    for (std::uint8_t i = 0; i < token.senseCount; ++i) {
+        (*m_places)[index].symbols.insert(token.senses[i].symbol);
         if (m_grammar.hasRulesFrom(token.senses[i].symbol)) pending.insert(token.senses[i].symbol);
+    }
     while (!pending.isEmpty()) {
         const Symbol symbol = pending.first();
         pending.remove(symbol);
+        const auto next = symbol >= firstProduct ? phraseAt(index, symbol)->end : index + 1;
+        const SymbolSet following = (*m_places)[next].symbols;
         for (const Rule *rule : m_grammar.rulesFrom(symbol))
-            tryRule(*rule, index, pending);
+            if (mayGoOn(*rule, following)) tryRule(*rule, index, pending);
     }
 }
 
@@ -63,18 +78,15 @@ bool Matcher::matchFrom(const Rule &rule, std::size_t element, std::uint32_t ind
 
 bool Matcher::matchElement(Symbol symbol, std::uint32_t index, Match &match, std::uint32_t &next) const
 {
-    if (index == m_tokens.size()) return false;
+    if (!(*m_places)[index].symbols.contains(symbol)) return false;
     if (symbol >= firstProduct) {
         const Phrase *phrase = phraseAt(index, symbol);
-        if (phrase == nullptr) return false;
         match.push(symbol, *phrase);
         next = phrase->end;
-        return true;
+    } else {
+        match.push(symbol, m_tokens[index], *m_tokens[index].sense(symbol));
+        next = index + 1;
     }
-    const Sense *sense = m_tokens[index].sense(symbol);
-    if (sense == nullptr) return false;
-    match.push(symbol, m_tokens[index], *sense);
-    next = index + 1;
     return true;
 }
 
@@ -86,12 +98,15 @@ void Matcher::keep(const Phrase &phrase, SymbolSet &pending)
         return;
     }
     m_phrases->push_back(phrase);
-    ++(*m_places)[phrase.begin].count;
+    Place &place = (*m_places)[phrase.begin];
+    ++place.count;
+    place.symbols.insert(phrase.symbol);
 }
 
 const Phrase *Matcher::phraseAt(std::uint32_t index, Symbol symbol) const
 {
-    const Place place = (*m_places)[index];
+    const Place &place = (*m_places)[index];
+    if (!place.symbols.contains(symbol)) return nullptr;
     const Phrase *const begin = m_phrases->data() + place.first;
     for (const Phrase *phrase = begin; phrase != begin + place.count; ++phrase)
         if (phrase->symbol == symbol) return phrase;
@@ -114,7 +129,7 @@ bool Matcher::isClosedBefore(std::uint32_t index) const
 
 bool Matcher::isBeginningOfLonger(std::uint32_t index, std::uint32_t end) const
 {
-    const Place place = (*m_places)[index];
+    const Place &place = (*m_places)[index];
     const auto begin = m_phrases->begin() + place.first;
     return std::any_of(begin, begin + place.count, [&](const Phrase &phrase) { return phrase.end > end; });
 }

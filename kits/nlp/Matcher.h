@@ -21,6 +21,7 @@ public:
     struct Place {
         std::uint32_t first = 0;
         std::uint32_t count = 0;
+        SymbolSet symbols; ///< theirs and those of the token: most patterns fail at a look
     };
 
     /// Replaces `phrases` with those of `tokens`, in no particular order. `places` is room to work in.
