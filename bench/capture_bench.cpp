@@ -3,10 +3,15 @@
 #include "capture/TitleRecognizer.h"
 #include "capture/TokenScanner.h"
 #include "corvexkit/time/SystemClock.h"
+#include "nlp/NLPNativeTitleParser.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QFile>
 #include <QLocale>
+
+#include <algorithm>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +46,75 @@ SystemClock &systemClock()
     static SystemClock clock{CXTimeZone::named(u"Europe/Berlin"_s)};
     return clock;
 }
+
+// Two thousand titles in English and Chinese, with and without dates, as the tests have them.
+const QStringList &mixedTitles()
+{
+    static const QStringList mixed = [] {
+        QStringList typed;
+        for (const char *name : {"english", "chinese"}) {
+            QFile file{QStringLiteral(ORVANE_TITLES "/%1.txt").arg(QLatin1StringView{name})};
+            if (!file.open(QIODevice::ReadOnly)) qFatal("%s cannot be read", qUtf8Printable(file.fileName()));
+            for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n'))
+                if (line.contains(u'|') && !line.startsWith(u'#')) typed << line.section(u" | "_s, 0, 0);
+        }
+        while (typed.size() < 2000)
+            typed += typed.first(std::min<qsizetype>(2000 - typed.size(), typed.size()));
+        return typed.first(2000);
+    }();
+    return mixed;
+}
+
+// The time that half the titles stay below, warm.
+template <typename Reading>
+void medianOfMixedTitles(benchmark::State &state, Reading read)
+{
+    using namespace std::chrono;
+    QLocale::setDefault(QLocale{QLocale::Chinese, QLocale::China}); // English is understood beside it
+    std::vector<double> times(std::size_t(mixedTitles().size()), 1e9);
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < times.size(); ++i) {
+            const auto start = steady_clock::now();
+            benchmark::DoNotOptimize(read(i));
+            times[i] = std::min(times[i], duration<double, std::micro>(steady_clock::now() - start).count());
+        }
+    }
+    std::sort(times.begin(), times.end());
+    state.counters["median_us"] = times[times.size() / 2];
+    state.counters["p99_us"] = times[times.size() * 99 / 100];
+    state.counters["worst_us"] = times.back();
+}
+
+// Before any other: the tables are made on the way.
+void firstTitle(benchmark::State &state)
+{
+    QLocale::setDefault(QLocale{QLocale::Chinese, QLocale::China});
+    const RecognitionSettings all = settings();
+    for (auto _ : state) {
+        const TitleRecognizer recognizer{systemClock(), all};
+        benchmark::DoNotOptimize(recognizer.recognize(u"明天下午3点开会 tomorrow 5pm"_s));
+    }
+}
+BENCHMARK(firstTitle)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void recognizeMixedTitles(benchmark::State &state)
+{
+    const TitleRecognizer recognizer{systemClock(), settings()};
+    const QStringList &mixed = mixedTitles();
+    medianOfMixedTitles(state, [&](std::size_t i) { return recognizer.recognize(mixed[qsizetype(i)]); });
+}
+BENCHMARK(recognizeMixedTitles)->Iterations(20)->Unit(benchmark::kMillisecond);
+
+void parseMixedTitles(benchmark::State &state)
+{
+    std::vector<std::wstring> wide;
+    for (const QString &title : mixedTitles())
+        wide.push_back(title.toStdWString());
+    const NLPNativeTitleParser parser;
+    medianOfMixedTitles(
+        state, [&](std::size_t i) { return parser.parse(wide[i], L"2026-11-18T10:00:00", true, L"zh"); });
+}
+BENCHMARK(parseMixedTitles)->Iterations(20)->Unit(benchmark::kMillisecond);
 
 void recognizeTitle(benchmark::State &state)
 {
