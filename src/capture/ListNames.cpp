@@ -37,8 +37,8 @@ ListNames::ListNames(const QList<KWProjectModel> &projects)
         if (each.isInbox) add(KWSmartProject::inbox().displayName(), each);
     }
     std::ranges::stable_sort(m_entries, {}, &Entry::folded);
-    const auto repeated = std::ranges::unique(m_entries, {}, &Entry::folded);
-    m_entries.erase(repeated.begin(), repeated.end());
+    const auto isRepeated = [](const Entry &a, const Entry &b) { return a.folded == b.folded; };
+    m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), isRepeated), m_entries.end());
 }
 
 void ListNames::add(const QString &name, const KWProjectModel &project)
