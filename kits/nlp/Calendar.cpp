@@ -40,9 +40,8 @@ std::optional<LocalDay> Calendar::validated(year_month_day date)
 
 std::optional<LocalDay> Calendar::resolve(const DayReference &reference, Today plainWeekday) const
 {
-    if (reference.kind == DayReference::Kind::Holiday) return holiday(reference);
     const auto day = unmoved(reference, plainWeekday);
-    if (!day || reference.offset.amount == 0) return day;
+    if (!day || reference.offset.amount == 0 || reference.kind == DayReference::Kind::Holiday) return day;
     return moved(*day, reference.offset);
 }
 

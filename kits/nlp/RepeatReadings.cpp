@@ -17,7 +17,8 @@ std::uint8_t weekdayBit(int weekday) { return std::uint8_t(1U << weekday); }
 // Of a PluralWeekday.
 std::uint8_t weekdayBits(int plural)
 {
-    return plural == 7 ? mondayToFriday : plural == 8 ? saturdayAndSunday : weekdayBit(plural);
+    if (plural == EachWorkday) return mondayToFriday;
+    return plural == EachWeekendDay ? saturdayAndSunday : weekdayBit(plural);
 }
 
 bool setRepeat(Fragment &fragment, int interval, Unit unit)

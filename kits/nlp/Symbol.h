@@ -27,23 +27,23 @@ enum class Symbol : std::uint8_t {
     // Words that carry a value.
     Weekday,          ///< 0 = Sunday … 6 = Saturday
     AmbiguousWeekday, ///< the same, for a word that means something else, too ("sun"); it needs company
-    PluralWeekday, ///< the same, for a word that says "each of them"; 7 = Monday to Friday, 8 = the weekend
-    Month,         ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
-    Unit,          ///< a nlp::Unit
-    RelativeDay,   ///< days from today
-    DayPart,       ///< a nlp::DayPart, for a word that needs company ("morning")
-    FreeDayPart,   ///< the same, for a word that says when on its own
-    DayWithPart,   ///< days from today × 16 + a nlp::DayPart ("tonight")
-    RelativeYear,  ///< years from this one
-    Meridiem,      ///< 0 before noon, 1 after
-    NamedTime,     ///< the hour, plus `AmbiguousWord` for an adjective ("midnight")
-    AmbiguousHour, ///< the hour, for a word that means something else, too; it needs company
-    Frequency,     ///< interval × 16 + nlp::Unit, plus `AmbiguousWord` for an adjective ("weekly")
-    Remind,        ///< 1 when the word alone asks for a reminder, 0 when it needs to be told how early
-    Next,          ///< weeks, months … ahead
-    Holiday,       ///< a nlp::Holiday
-    PeriodEnd,     ///< a nlp::Unit, for a word that names its end ("eod")
-    Article,       ///< "a": the amount it stands for
+    PluralWeekday,    ///< the same, for a word that says "each of them"
+    Month,            ///< 1 … 12, plus `AmbiguousWord` for a word that means something else, too ("may")
+    Unit,             ///< a nlp::Unit
+    RelativeDay,      ///< days from today
+    DayPart,          ///< a nlp::DayPart, for a word that needs company ("morning")
+    FreeDayPart,      ///< the same, for a word that says when on its own
+    DayWithPart,      ///< days from today × 16 + a nlp::DayPart ("tonight")
+    RelativeYear,     ///< years from this one
+    Meridiem,         ///< 0 before noon, 1 after
+    NamedTime,        ///< the hour, plus `AmbiguousWord` for an adjective ("midnight")
+    AmbiguousHour,    ///< the hour, for a word that means something else, too; it needs company
+    Frequency,        ///< interval × 16 + nlp::Unit, plus `AmbiguousWord` for an adjective ("weekly")
+    Remind,           ///< 1 when the word alone asks for a reminder, 0 when it needs to be told how early
+    Next,             ///< weeks, months … ahead
+    Holiday,          ///< a nlp::Holiday
+    PeriodEnd,        ///< a nlp::Unit, for a word that names its end ("eod")
+    Article,          ///< "a": the amount it stands for
 
     // Words that only join.
     OClock,
@@ -121,5 +121,9 @@ inline constexpr int symbolCount = int(Symbol::Bygone) + 1;
 
 /// Added to the value of a word that also means something that is no date.
 inline constexpr int AmbiguousWord = 0x1000;
+
+/// Values of a PluralWeekday that name several days.
+inline constexpr int EachWorkday = 7;
+inline constexpr int EachWeekendDay = 8;
 
 } // namespace nlp

@@ -29,8 +29,8 @@ constexpr Word words[] = {
     {L"thursdays", PluralWeekday, 4},
     {L"fridays", PluralWeekday, 5},
     {L"saturdays", PluralWeekday, 6},
-    {L"weekdays|workdays", PluralWeekday, 7},
-    {L"weekends", PluralWeekday, 8},
+    {L"weekdays|workdays", PluralWeekday, EachWorkday},
+    {L"weekends", PluralWeekday, EachWeekendDay},
 
     {L"january|jan|jan.", Month, 1},
     {L"february|feb|feb.|febuary", Month, 2},
