@@ -155,7 +155,6 @@ void TitleReading::readDate(const CXClock &clock)
         addNewList();
         if (beginsName) parseDate(clock, dateTokens);
     }
-    includeMarks(dateTokens);
 }
 
 void TitleReading::parseDate(const CXClock &clock, const QList<KWCandidateEntity> &dateTokens)
@@ -167,6 +166,7 @@ void TitleReading::parseDate(const CXClock &clock, const QList<KWCandidateEntity
     m_result.date = KWNativeParser::parse(textForDates(dateTokens), clock.now(), times.firstWeekday,
                                           times.morning, times.afternoon, times.evening, times.night, m_text,
                                           occupiedEntities(), {clock.zone(), m_settings.defaults});
+    includeMarks(dateTokens);
 }
 
 QString TitleReading::textForDates(const QList<KWCandidateEntity> &dateTokens) const
