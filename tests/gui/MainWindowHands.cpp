@@ -6,13 +6,13 @@
 #include "views/sidebar/SidebarView.h"
 #include "views/tasklist/TaskMimeData.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QPushButton>
 #include <QTest>
 
 #include <algorithm>
@@ -121,7 +121,7 @@ void MainWindowHands::chooseInMenu(const QString &entry) const
 
 QMenu &MainWindowHands::openSortMenu() const
 {
-    QTest::mouseClick(&m_client->find<QPushButton>("sortButton"), Qt::LeftButton);
+    QTest::mouseClick(&m_client->find<QAbstractButton>("sortButton"), Qt::LeftButton);
     return openMenu(*m_client->window(), u"sortMenu"_s);
 }
 

@@ -5,10 +5,10 @@
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QPushButton>
 
 #include <algorithm>
 
@@ -29,7 +29,7 @@ class TrashPage_test : public QObject {
         m_client->find<QWidget>("taskList").setFocus();
         m_client->press(Qt::Key_Home);
     }
-    QPushButton &offer() { return m_client->find<QPushButton>("pageAction"); }
+    QAbstractButton &offer() { return m_client->find<QAbstractButton>("pageAction"); }
 
     void chooseInRowMenu(const QString &entry)
     {

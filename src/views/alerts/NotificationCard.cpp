@@ -65,7 +65,7 @@ void NotificationCard::addActions(const QList<UserNotification::Action> &actions
         }
         auto *button = new TextButton{each.label};
         button->setObjectName(nameOf(each.key));
-        connect(button, &QPushButton::clicked, this, [this, key = each.key] { Q_EMIT chosen(key); });
+        connect(button, &QAbstractButton::clicked, this, [this, key = each.key] { Q_EMIT chosen(key); });
         row.addWidget(button);
     }
     if (!snoozes.isEmpty()) addSnoozes(snoozes, row);
@@ -80,7 +80,7 @@ void NotificationCard::addSnoozes(const QList<UserNotification::Action> &snoozes
         QAction *action = menu->addAction(each.label, this, [this, key = each.key] { Q_EMIT chosen(key); });
         action->setObjectName(nameOf(each.key));
     }
-    connect(button, &QPushButton::clicked, menu, [button, menu] {
+    connect(button, &QAbstractButton::clicked, menu, [button, menu] {
         menu->popup(button->mapToGlobal(QPoint{0, button->height()}));
     });
     row.addWidget(button);

@@ -36,7 +36,7 @@ NotificationWindow::NotificationWindow()
 
     auto *dismissAll = new TextButton{KWLocalizedString("Dismiss All")};
     dismissAll->setObjectName(u"notification.dismissAll"_s);
-    connect(dismissAll, &QPushButton::clicked, this, &NotificationWindow::allDismissed);
+    connect(dismissAll, &QAbstractButton::clicked, this, &NotificationWindow::allDismissed);
     m_count->setFont(Fonts::font(Fonts::Role::Secondary));
     m_count->setForegroundRole(QPalette::PlaceholderText);
     auto *head = new QHBoxLayout{m_head};

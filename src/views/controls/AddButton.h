@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "views/controls/PaintedButton.h"
 
 /// A quiet button: a plus and what it adds.
-class AddButton : public QAbstractButton {
+class AddButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -12,5 +12,6 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    Ring ring() const override;
+    void paintContent(QPainter &painter) override;
 };

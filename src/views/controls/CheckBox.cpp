@@ -9,11 +9,9 @@ namespace {
 constexpr int ringSpace = 3;
 }
 
-CheckBox::CheckBox(QWidget *parent) : QAbstractButton(parent)
+CheckBox::CheckBox(QWidget *parent) : PaintedButton(parent)
 {
     setCheckable(true);
-    setAttribute(Qt::WA_Hover);
-    setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -37,9 +35,8 @@ QSize CheckBox::sizeHint() const
     return {side, side};
 }
 
-void CheckBox::paintEvent(QPaintEvent *)
+void CheckBox::paintContent(QPainter &painter)
 {
-    QPainter painter{this};
     const int side = Metrics::scaled(Metrics::checkbox);
     const QRect box{(width() - side) / 2, (height() - side) / 2, side, side};
     Painting::checkbox(painter, box,
@@ -47,5 +44,6 @@ void CheckBox::paintEvent(QPaintEvent *)
                         .priority = m_priority,
                         .isAbandoned = m_status == KWTaskStatusAbandoned,
                         .isHovered = underMouse()});
-    if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::checkboxRadius + ringSpace);
 }
+
+PaintedButton::Ring CheckBox::ring() const { return {QRectF{rect()}, Metrics::checkboxRadius + ringSpace}; }

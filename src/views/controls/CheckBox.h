@@ -1,12 +1,11 @@
 #pragma once
 
 #include "model/records/KWConstants.h"
+#include "views/controls/PaintedButton.h"
 
-#include <QAbstractButton>
-
-/// A checkbox that carries the colour of a priority. Space or a click asks by clicked(); what it shows
+/// A checkbox that carries the colour of a priority. A press asks by clicked(); what it shows
 /// changes only by setStatus(), when the record has changed.
-class CheckBox : public QAbstractButton {
+class CheckBox : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -18,7 +17,8 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    Ring ring() const override;
+    void paintContent(QPainter &painter) override;
     void nextCheckState() override {}
 
 private:

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "views/controls/PaintedButton.h"
 #include "views/theme/Icons.h"
 
-#include <QAbstractButton>
-
 /// A small quiet button that is its icon alone; what it does is said to screen readers and in its tool tip.
-class IconButton : public QAbstractButton {
+class IconButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -20,7 +19,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    void paintContent(QPainter &painter) override;
 
 private:
     const Icon m_icon;

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "views/controls/PaintedButton.h"
 #include "views/theme/Icons.h"
-
-#include <QAbstractButton>
 
 #include <optional>
 
 /// A button as wide as its column: a text at its beginning, cut where it is too long, and a quiet note at
 /// its end.
-class RowButton : public QAbstractButton {
+class RowButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -28,8 +27,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
+    void paintContent(QPainter &painter) override;
 
 private:
     Content m_content;

@@ -14,10 +14,9 @@ constexpr int knobInset = 3;
 
 } // namespace
 
-Switch::Switch(QWidget *parent) : QAbstractButton(parent)
+Switch::Switch(QWidget *parent) : PaintedButton(parent)
 {
     setCheckable(true);
-    setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::toggled, this, qOverload<>(&QWidget::update));
@@ -29,10 +28,9 @@ QSize Switch::sizeHint() const
             Metrics::scaled(switchSize.height()) + 2 * switchRing};
 }
 
-void Switch::paintEvent(QPaintEvent *)
+void Switch::paintContent(QPainter &painter)
 {
     const Theme &theme = Theme::current();
-    QPainter painter{this};
     const QRectF pill = QRectF{rect()}.adjusted(switchRing, switchRing, -switchRing, -switchRing);
     Painting::roundedBox(painter, pill, pill.height() / 2, isChecked() ? theme.accent : theme.control);
     const double side = pill.height() - 2 * knobInset;
@@ -40,5 +38,6 @@ void Switch::paintEvent(QPaintEvent *)
     const QRectF knob{isAtRight ? pill.right() - knobInset - side : pill.left() + knobInset,
                       pill.top() + knobInset, side, side};
     Painting::roundedBox(painter, knob, side / 2, theme.window);
-    if (hasFocus()) Painting::focusRing(painter, rect(), rect().height() / 2.0);
 }
+
+PaintedButton::Ring Switch::ring() const { return {QRectF{rect()}, height() / 2.0}; }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "views/controls/PaintedButton.h"
 
-/// Something that is on or off at once, as a pill with a knob. Space and a click change it.
-class Switch : public QAbstractButton {
+/// Something that is on or off at once, as a pill with a knob. A press changes it.
+class Switch : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -12,5 +12,6 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    Ring ring() const override;
+    void paintContent(QPainter &painter) override;
 };

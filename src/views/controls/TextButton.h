@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QPushButton>
+#include "views/controls/PaintedButton.h"
 
 /// A button that is its text alone, for places with several of them. One that opens a menu has a mark.
-class TextButton : public QPushButton {
+class TextButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -15,7 +15,7 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    void paintContent(QPainter &painter) override;
 
 private:
     int markWidth() const;

@@ -33,7 +33,6 @@ ReminderField::ReminderField(QWidget *parent)
     , m_other(new QLineEdit{this})
 {
     m_button->setObjectName(u"reminderMenu"_s);
-    m_button->setAutoDefault(true);
     m_other->setObjectName(u"otherReminder"_s);
     m_other->setPlaceholderText(KWLocalizedString("20 min"));
     m_other->setAccessibleName(KWLocalizedString("Another reminder, such as “20 min”"));

@@ -24,11 +24,11 @@ bool givesCheckedAction(const QEvent &event)
 ChoicesButton::ChoicesButton(const QString &question, const QList<Choice> &choices, QWidget *parent)
     : TextButton(question, Opens::Menu, parent), m_question(question), m_menu(new QMenu{this})
 {
-    setAutoDefault(false);
     m_menu->installEventFilter(this);
     for (const Choice &each : choices)
         addChoice(each);
-    connect(this, &QPushButton::clicked, m_menu, [this] { m_menu->popup(mapToGlobal(rect().bottomLeft())); });
+    connect(this, &QAbstractButton::clicked, m_menu,
+            [this] { m_menu->popup(mapToGlobal(rect().bottomLeft())); });
     showChosen();
 }
 
@@ -48,7 +48,7 @@ bool ChoicesButton::eventFilter(QObject *watched, QEvent *event)
 {
     QAction *active = m_menu->activeAction();
     if (watched != m_menu || !active || !givesCheckedAction(*event))
-        return QPushButton::eventFilter(watched, event);
+        return TextButton::eventFilter(watched, event);
     active->toggle();
     return true;
 }

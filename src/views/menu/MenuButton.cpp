@@ -13,16 +13,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-constexpr int menuButtonSide = 28;
-}
-
-MenuButton::MenuButton(QWidget *parent) : QAbstractButton(parent)
+MenuButton::MenuButton(QWidget *parent) : PaintedButton(parent)
 {
     setObjectName(u"menuButton"_s);
     setAccessibleName(KWLocalizedString("Main menu"));
     setToolTip(KWLocalizedString("Main menu"));
-    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -43,25 +38,23 @@ void MenuButton::open(MainMenu &menu)
 
 QSize MenuButton::sizeHint() const
 {
-    return QSize{Metrics::scaled(menuButtonSide), Metrics::scaled(menuButtonSide)};
+    return QSize{Metrics::scaled(Metrics::quietButton), Metrics::scaled(Metrics::quietButton)};
 }
 
-void MenuButton::paintEvent(QPaintEvent *)
+void MenuButton::paintContent(QPainter &painter)
 {
     const Theme &theme = Theme::current();
-    QPainter painter{this};
     if (underMouse() || isDown()) Painting::roundedBox(painter, rect(), Metrics::rowRadius, theme.selection);
     const int icon = Metrics::scaled(Metrics::icon);
     Icons::paint(painter, rect(), Icon::Menu, icon, underMouse() ? theme.text : theme.secondaryText);
-    if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::rowRadius);
 }
+
+PaintedButton::Ring MenuButton::ring() const { return {QRectF{rect()}, Metrics::rowRadius}; }
 
 void MenuButton::keyPressEvent(QKeyEvent *event)
 {
-    const bool opens =
-        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Down;
-    if (opens)
+    if (event->key() == Qt::Key_Down)
         click();
     else
-        QAbstractButton::keyPressEvent(event);
+        PaintedButton::keyPressEvent(event);
 }

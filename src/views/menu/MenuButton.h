@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "views/controls/PaintedButton.h"
 
 class MainMenu;
 
 /// The three lines at the head of the sidebar that open the main menu. Main thread.
-class MenuButton : public QAbstractButton {
+class MenuButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -17,7 +17,8 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    Ring ring() const override;
+    void paintContent(QPainter &painter) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -5,18 +5,14 @@
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
-#include <QKeyEvent>
 #include <QPainter>
-#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int dateButtonHeight = 28;
 constexpr int dateButtonPadding = 6;
 constexpr int shortestDate = 40;
 
@@ -24,11 +20,9 @@ int repeatMark() { return Metrics::scaled(Metrics::icon) - 2; }
 
 } // namespace
 
-DateButton::DateButton(QWidget *parent) : QAbstractButton(parent)
+DateButton::DateButton(QWidget *parent) : PaintedButton(parent)
 {
     setObjectName(u"detailDate"_s);
-    setAttribute(Qt::WA_Hover);
-    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setDate({}, false);
 }
@@ -49,34 +43,20 @@ int DateButton::repeatWidth() const { return m_repeats ? repeatMark() + Metrics:
 QSize DateButton::sizeHint() const
 {
     return {Fonts::width(Fonts::Role::Secondary, text()) + repeatWidth() + 2 * dateButtonPadding,
-            Metrics::scaled(dateButtonHeight)};
+            Metrics::scaled(Metrics::quietButton)};
 }
 
 QSize DateButton::minimumSizeHint() const { return {Metrics::scaled(shortestDate), sizeHint().height()}; }
 
-void DateButton::paintEvent(QPaintEvent *)
+void DateButton::paintContent(QPainter &painter)
 {
     const Theme &theme = Theme::current();
-    QPainter painter{this};
-    if (underMouse() || isDown())
-        Painting::roundedBox(painter, rect(), Metrics::pillRadius, isDown() ? theme.selection : theme.hover);
-    const auto visual = [this](const QRect &bounds) {
-        return QStyle::visualRect(layoutDirection(), rect(), bounds);
-    };
+    paintBackground(painter);
     painter.setPen(m_date.text.isEmpty() ? theme.faintText : taskDateColor(m_date.tone, theme.secondaryText));
     const int textWidth = width() - 2 * dateButtonPadding - repeatWidth();
     Fonts::drawLine(painter, Fonts::Role::Secondary, visual({dateButtonPadding, 0, textWidth, height()}),
-                    layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft, text());
+                    leading(), text());
     if (m_repeats)
         Icons::paint(painter, visual({width() - dateButtonPadding - repeatMark(), 0, repeatMark(), height()}),
                      Icon::Repeat, repeatMark(), theme.faintText);
-    if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::pillRadius);
-}
-
-void DateButton::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QAbstractButton::keyPressEvent(event);
 }

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "views/controls/PaintedButton.h"
 #include "views/tasklist/TaskDateText.h"
 
-#include <QAbstractButton>
-
 /// The date of a task in words, with a mark when it repeats. Pressing it asks for another one.
-class DateButton : public QAbstractButton {
+class DateButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -17,8 +16,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
+    void paintContent(QPainter &painter) override;
 
 private:
     int repeatWidth() const;

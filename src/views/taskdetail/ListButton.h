@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "views/controls/PaintedButton.h"
 
 /// The list a task is in: its colour and its name. Pressing it asks for another one.
-class ListButton : public QAbstractButton {
+class ListButton : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -14,8 +14,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
+    void paintContent(QPainter &painter) override;
 
 private:
     QString m_color;

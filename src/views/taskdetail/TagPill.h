@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "views/controls/PaintedButton.h"
 
 /// A tag of the task in its pill. Pressing it, Delete or Backspace asks to take it away.
-class TagPill : public QAbstractButton {
+class TagPill : public PaintedButton {
     Q_OBJECT
 
 public:
@@ -17,7 +17,8 @@ Q_SIGNALS:
     void removed();
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
+    Ring ring() const override;
+    void paintContent(QPainter &painter) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

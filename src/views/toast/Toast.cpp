@@ -1,5 +1,6 @@
 #include "views/toast/Toast.h"
 
+#include "views/controls/PaintedButton.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
@@ -11,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -21,9 +21,9 @@ constexpr int textMargin = 14;
 constexpr int actionMargin = 6;
 
 // A button that is its text alone, coloured for the toast.
-class ToastButton : public QPushButton {
+class ToastButton : public PaintedButton {
 public:
-    using QPushButton::QPushButton;
+    using PaintedButton::PaintedButton;
 
     QSize sizeHint() const override
     {
@@ -31,12 +31,10 @@ public:
     }
 
 protected:
-    void paintEvent(QPaintEvent *) override
+    void paintContent(QPainter &painter) override
     {
-        QPainter painter{this};
         painter.setPen(Theme::current().toastAction);
         painter.drawText(rect(), Qt::AlignCenter, text());
-        if (hasFocus()) Painting::focusRing(painter, rect(), Metrics::pillRadius);
     }
 };
 
@@ -57,7 +55,7 @@ Toast::Toast(QWidget &parent) : QWidget(&parent), m_message(new QLabel{this}), m
 
     parent.installEventFilter(this);
     connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &Toast::dress);
-    connect(m_action, &QPushButton::clicked, this, [this] {
+    connect(m_action, &QAbstractButton::clicked, this, [this] {
         dismiss();
         Q_EMIT actionTriggered();
     });

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 class QLabel;
-class QPushButton;
+class QAbstractButton;
 
 /// A short message at the bottom of a window, centred, with one action at most. It stays on top of
 /// its parent and follows its size; whoever shows it decides when it goes. Screen readers announce it.
@@ -33,5 +33,5 @@ private:
     void place();
 
     QLabel *m_message;
-    QPushButton *m_action;
+    QAbstractButton *m_action;
 };
