@@ -5,12 +5,10 @@
 #include "views/controls/TextButton.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/PopupFrame.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
 
@@ -24,7 +22,7 @@ constexpr int panelEdge = 1;
 } // namespace
 
 NotificationWindow::NotificationWindow()
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    : PopupFrame(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint)
     , m_head(new QWidget)
     , m_count(new QLabel)
     , m_area(new QScrollArea)
@@ -94,16 +92,4 @@ void NotificationWindow::place()
     resize(width, std::min(wanted, screen.height() - 2 * Metrics::margin));
     move(std::max(screen.left(), screen.right() - width - Metrics::margin), screen.top() + Metrics::margin);
     layout()->activate();
-}
-
-void NotificationWindow::paintEvent(QPaintEvent *)
-{
-    QPainter painter{this};
-    PopupFrame::paint(painter, rect());
-}
-
-void NotificationWindow::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    setMask(PopupFrame::shape(rect()));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include "views/controls/PopupFrame.h"
 
 class NotificationCard;
 class QLabel;
@@ -9,7 +9,7 @@ class QVBoxLayout;
 
 /// The window of the notification panel: the messages below each other, as high as they need and the screen
 /// allows. From two messages on a line above them counts them and dismisses all.
-class NotificationWindow : public QWidget {
+class NotificationWindow : public PopupFrame {
     Q_OBJECT
 
 public:
@@ -22,10 +22,6 @@ public:
 
 Q_SIGNALS:
     void allDismissed();
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void place();

@@ -4,7 +4,6 @@
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
-#include "views/theme/PopupFrame.h"
 #include "views/theme/Theme.h"
 
 #include <QCoreApplication>
@@ -12,7 +11,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
-#include <QScreen>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
@@ -22,7 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize choiceListSize{260, 288};
+constexpr int choicesWidth = 260;
+constexpr int highestChoices = 240;
 enum ChoiceRole { IdRole = Qt::UserRole, ColorRole, CheckedRole };
 
 class ChoiceDelegate : public QStyledItemDelegate {
@@ -71,14 +70,13 @@ QStandardItemModel *modelOf(const QList<ChoicePopup::Choice> &choices, QObject *
 } // namespace
 
 ChoicePopup::ChoicePopup(const QString &question, const QList<Choice> &choices, QWidget *parent)
-    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint)
+    : PopupFrame(parent)
     , m_field(new QLineEdit)
     , m_list(new QListView)
     , m_found(new QSortFilterProxyModel{this})
 {
     setObjectName(u"choicePopup"_s);
     setAccessibleName(question);
-    setAttribute(Qt::WA_DeleteOnClose);
     m_field->setObjectName(u"choiceField"_s);
     m_field->setAccessibleName(question);
     m_field->setPlaceholderText(question);
@@ -99,6 +97,7 @@ ChoicePopup::ChoicePopup(const QString &question, const QList<Choice> &choices, 
     column->addWidget(m_field);
     column->addWidget(m_list);
     connect(m_field, &QLineEdit::textEdited, this, &ChoicePopup::narrow);
+    connect(m_field, &QLineEdit::returnPressed, this, &ChoicePopup::takeCurrent);
     connect(m_list, &QListView::clicked, this, &ChoicePopup::takeCurrent);
     narrow({});
 }
@@ -107,6 +106,16 @@ void ChoicePopup::narrow(const QString &typed)
 {
     m_found->setFilterFixedString(typed.simplified());
     m_list->setCurrentIndex(m_found->index(0, 0));
+    fitRows();
+}
+
+void ChoicePopup::fitRows()
+{
+    const int height = heightOfRows(*m_list, Metrics::scaled(highestChoices));
+    m_list->setVisible(height > 0);
+    m_list->setFixedHeight(height);
+    layout()->activate();
+    resize(width(), sizeHint().height());
 }
 
 void ChoicePopup::takeCurrent()
@@ -119,44 +128,22 @@ void ChoicePopup::takeCurrent()
 
 bool ChoicePopup::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
-    switch (const auto *key = static_cast<QKeyEvent *>(event); key->key()) {
+    if (event->type() != QEvent::KeyPress) return PopupFrame::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent *>(event)->key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
         QCoreApplication::sendEvent(m_list, event);
         return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        takeCurrent();
-        return true;
-    case Qt::Key_Escape:
-        close();
-        return true;
     default:
-        return QFrame::eventFilter(watched, event);
+        return PopupFrame::eventFilter(watched, event);
     }
 }
 
 void ChoicePopup::popUp(const QPoint &position)
 {
-    resize(Metrics::scaled(choiceListSize.width()), Metrics::scaled(choiceListSize.height()));
-    const QRect bounds = parentWidget()->screen()->availableGeometry();
-    move(qBound(bounds.left(), position.x(), qMax(bounds.left(), bounds.right() - width())),
-         qBound(bounds.top(), position.y(), qMax(bounds.top(), bounds.bottom() - height())));
+    place(position, {Metrics::scaled(choicesWidth), sizeHint().height()});
     show();
     m_field->setFocus(Qt::PopupFocusReason);
-}
-
-void ChoicePopup::paintEvent(QPaintEvent *)
-{
-    QPainter painter{this};
-    PopupFrame::paint(painter, rect());
-}
-
-void ChoicePopup::resizeEvent(QResizeEvent *event)
-{
-    QFrame::resizeEvent(event);
-    setMask(PopupFrame::shape(rect()));
 }

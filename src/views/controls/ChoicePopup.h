@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QFrame>
+#include "views/controls/PopupFrame.h"
 
 class QLineEdit;
 class QListView;
 class QSortFilterProxyModel;
 
 /// A small frame over the window that asks for one of many: typing narrows them, arrows move, Enter or a
-/// click takes, Escape goes back. It is gone when it has answered.
-class ChoicePopup : public QFrame {
+/// click takes, Escape goes back. It is as high as its rows, and gone when it has answered.
+class ChoicePopup : public PopupFrame {
     Q_OBJECT
 
 public:
@@ -29,11 +29,10 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void narrow(const QString &typed);
+    void fitRows();
     void takeCurrent();
 
     QLineEdit *m_field;

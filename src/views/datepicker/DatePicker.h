@@ -1,12 +1,11 @@
 #pragma once
 
+#include "views/controls/PopupFrame.h"
 #include "views/datepicker/DayChooser.h"
-
-#include <QFrame>
 
 /// A small frame over the window that asks for a day: a month, and above it the days that are asked for
 /// most. Arrows move, Enter takes, Escape goes back. It is gone when it has answered.
-class DatePicker : public QFrame {
+class DatePicker : public PopupFrame {
     Q_OBJECT
 
 public:
@@ -19,10 +18,6 @@ public:
 Q_SIGNALS:
     /// No day: the date is to go.
     void picked(std::optional<Day> day);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void pick(std::optional<Day> day);

@@ -6,16 +6,13 @@
 #include "views/datepicker/ReminderField.h"
 #include "views/datepicker/TimeField.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/PopupFrame.h"
 #include "views/wording/DateWording.h"
 
 #include <QComboBox>
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -38,7 +35,7 @@ CXTimeZone zoneOf(const TaskSchedule &schedule, const SchedulePicker::Surroundin
 
 SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings &surroundings,
                                QWidget *parent)
-    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint)
+    : PopupFrame(parent)
     , m_surroundings(surroundings)
     , m_draft(schedule, zoneOf(schedule, surroundings))
     , m_days(new DayChooser{{surroundings.today, m_draft.day(), surroundings.firstWeekday}})
@@ -52,7 +49,6 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
 {
     setObjectName(u"schedulePicker"_s);
     setAccessibleName(KWLocalizedString("Date"));
-    setAttribute(Qt::WA_DeleteOnClose);
     auto *rows = new QFormLayout{m_details};
     rows->setContentsMargins({});
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
@@ -284,7 +280,7 @@ void SchedulePicker::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         keep();
     else
-        QFrame::keyPressEvent(event);
+        PopupFrame::keyPressEvent(event);
 }
 
 void SchedulePicker::popUp(const QPoint &position)
@@ -295,32 +291,14 @@ void SchedulePicker::popUp(const QPoint &position)
     m_days->focusMonth();
 }
 
-// Upwards only where there is no more room below.
 void SchedulePicker::fitContents()
 {
-    const QRect bounds = parentWidget()->screen()->availableGeometry();
     const auto *area = findChild<QScrollArea *>();
-    const QSize wanted =
-        area->widget()->sizeHint() + QSize{2 + area->verticalScrollBar()->sizeHint().width(), 2};
-    resize(wanted.boundedTo(bounds.size()));
-    move(std::clamp(x(), bounds.left(), std::max(bounds.left(), bounds.right() - width())),
-         std::clamp(y(), bounds.top(), std::max(bounds.top(), bounds.bottom() - height())));
+    place(pos(), area->widget()->sizeHint() + QSize{2 + area->verticalScrollBar()->sizeHint().width(), 2});
 }
 
 bool SchedulePicker::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::LayoutRequest && isVisible()) fitContents();
-    return QFrame::eventFilter(watched, event);
-}
-
-void SchedulePicker::paintEvent(QPaintEvent *)
-{
-    QPainter painter{this};
-    PopupFrame::paint(painter, rect());
-}
-
-void SchedulePicker::resizeEvent(QResizeEvent *event)
-{
-    QFrame::resizeEvent(event);
-    setMask(PopupFrame::shape(rect()));
+    return PopupFrame::eventFilter(watched, event);
 }

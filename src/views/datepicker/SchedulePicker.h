@@ -1,9 +1,8 @@
 #pragma once
 
+#include "views/controls/PopupFrame.h"
 #include "views/datepicker/RepeatRows.h"
 #include "views/datepicker/ScheduleDraft.h"
-
-#include <QFrame>
 
 class DayChooser;
 class QComboBox;
@@ -16,7 +15,7 @@ class TimeField;
 /// A small frame over the window in which a task is scheduled: day, time and end, reminders, repeat with
 /// the dates it leads to, and where the person chooses zones the zone. Enter keeps all of it, Escape none. It
 /// is gone when it has answered.
-class SchedulePicker : public QFrame {
+class SchedulePicker : public PopupFrame {
     Q_OBJECT
 
 public:
@@ -40,8 +39,6 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void dressFields();

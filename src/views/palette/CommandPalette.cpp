@@ -2,30 +2,26 @@
 
 #include "views/palette/FoundRowsView.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/PopupFrame.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPainter>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize paletteSize{600, 460};
+constexpr int paletteWidth = 600;
+constexpr int highestRows = 420;
 constexpr int topOffset = 72;
 
 } // namespace
 
 CommandPalette::CommandPalette(QWidget &window)
-    : QFrame(&window, Qt::Popup | Qt::FramelessWindowHint)
-    , m_field(new QLineEdit)
-    , m_rows(new FoundRowsView{tr("What was found")})
+    : PopupFrame(&window), m_field(new QLineEdit), m_rows(new FoundRowsView{tr("What was found")})
 {
     setObjectName(u"commandPalette"_s);
     setAccessibleName(tr("Command palette"));
-    setAttribute(Qt::WA_DeleteOnClose);
     m_field->setObjectName(u"paletteField"_s);
     m_field->setAccessibleName(tr("Find lists, tasks and commands"));
     m_field->setPlaceholderText(m_field->accessibleName());
@@ -34,9 +30,12 @@ CommandPalette::CommandPalette(QWidget &window)
     m_field->installEventFilter(this);
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
+    column->setSpacing(Metrics::grid);
     column->addWidget(m_field);
-    column->addWidget(m_rows, 1);
+    column->addWidget(m_rows);
+    connect(&m_rows->rows(), &QAbstractItemModel::modelReset, this, &CommandPalette::fitRows);
     connect(m_field, &QLineEdit::textChanged, this, &CommandPalette::typed);
+    connect(m_field, &QLineEdit::returnPressed, this, &CommandPalette::takeCurrent);
     connect(m_rows, &QListView::clicked, this, &CommandPalette::takeCurrent);
 }
 
@@ -44,13 +43,25 @@ QString CommandPalette::text() const { return m_field->text(); }
 
 void CommandPalette::popUp()
 {
-    const QSize wanted{Metrics::scaled(paletteSize.width()), Metrics::scaled(paletteSize.height())};
     const QWidget &window = *parentWidget();
-    resize(wanted.boundedTo(window.size() - QSize{2 * Metrics::margin, topOffset + Metrics::margin}));
-    move(window.mapToGlobal(QPoint{(window.width() - width()) / 2, topOffset}));
+    const int wide = std::min(Metrics::scaled(paletteWidth), window.width() - 2 * Metrics::margin);
+    place(window.mapToGlobal(QPoint{(window.width() - wide) / 2, topOffset}), {wide, sizeHint().height()});
+    Q_EMIT typed({});
     show();
     m_field->setFocus(Qt::PopupFocusReason);
-    Q_EMIT typed({});
+}
+
+// Its head stays where it is, whatever is found.
+void CommandPalette::fitRows()
+{
+    const int highest = std::min(Metrics::scaled(highestRows),
+                                 parentWidget()->height() - topOffset - Metrics::margin -
+                                     m_field->minimumHeight() - 2 * Metrics::gap - Metrics::grid);
+    const int height = heightOfRows(*m_rows, highest);
+    m_rows->setVisible(height > 0);
+    m_rows->setFixedHeight(height);
+    layout()->activate();
+    place(pos(), {width(), sizeHint().height()});
 }
 
 void CommandPalette::takeCurrent()
@@ -64,30 +75,6 @@ void CommandPalette::takeCurrent()
 
 bool CommandPalette::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
-    auto &key = static_cast<QKeyEvent &>(*event);
-    if (m_rows->takeKey(key)) return true;
-    switch (key.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        takeCurrent();
-        return true;
-    case Qt::Key_Escape:
-        close();
-        return true;
-    default:
-        return QFrame::eventFilter(watched, event);
-    }
-}
-
-void CommandPalette::paintEvent(QPaintEvent *)
-{
-    QPainter painter{this};
-    PopupFrame::paint(painter, rect());
-}
-
-void CommandPalette::resizeEvent(QResizeEvent *event)
-{
-    QFrame::resizeEvent(event);
-    setMask(PopupFrame::shape(rect()));
+    if (event->type() != QEvent::KeyPress) return PopupFrame::eventFilter(watched, event);
+    return m_rows->takeKey(static_cast<QKeyEvent &>(*event));
 }

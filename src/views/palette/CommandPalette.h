@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QFrame>
+#include "views/controls/PopupFrame.h"
 
 class FoundRowsView;
 class QLineEdit;
 struct FoundRow;
 
 /// A frame over the window with one field: what is typed finds lists, tasks and commands. Arrows move, Enter
-/// takes, Escape goes back. It is gone when it has answered.
-class CommandPalette : public QFrame {
+/// takes, Escape goes back. It is as high as its rows, and gone when it has answered.
+class CommandPalette : public PopupFrame {
     Q_OBJECT
 
 public:
@@ -25,11 +25,10 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void takeCurrent();
+    void fitRows();
 
     QLineEdit *m_field;
     FoundRowsView *m_rows;

@@ -2,9 +2,9 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/controls/PopupFrame.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/Painting.h"
-#include "views/theme/Theme.h"
+#include "views/theme/PopupEdge.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -38,8 +38,7 @@ void PopoverWindow::popUp(const QRect &anchor)
         const bool isBelow = anchor.center().y() < bounds.center().y();
         place = {anchor.center().x() - width() / 2, isBelow ? anchor.bottom() : anchor.top() - height()};
     }
-    move(qBound(bounds.left(), place.x(), qMax(bounds.left(), bounds.right() - width())),
-         qBound(bounds.top(), place.y(), qMax(bounds.top(), bounds.bottom() - height())));
+    move(PopupFrame::within(bounds, {place, size()}).topLeft());
     show();
     raise();
     activateWindow();
@@ -61,6 +60,11 @@ void PopoverWindow::keyPressEvent(QKeyEvent *event)
 void PopoverWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    Painting::roundedBox(painter, QRectF{rect()}.adjusted(0.5, 0.5, -0.5, -0.5), 0, Theme::current().popup,
-                         Theme::current().hairline);
+    PopupEdge::paint(painter, rect());
+}
+
+void PopoverWindow::resizeEvent(QResizeEvent *event)
+{
+    TaskListPane::resizeEvent(event);
+    setMask(PopupEdge::shape(rect()));
 }

@@ -3,7 +3,7 @@
 #include "views/theme/MenuPainting.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
-#include "views/theme/PopupFrame.h"
+#include "views/theme/PopupEdge.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>
@@ -75,7 +75,7 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
         Painting::focusRing(*painter, option->rect, Metrics::pillRadius);
         return;
     case PE_PanelMenu:
-        PopupFrame::paint(*painter, option->rect);
+        PopupEdge::paint(*painter, option->rect);
         return;
     case PE_FrameMenu:
     case PE_PanelMenuBar:
@@ -229,7 +229,7 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWid
     switch (hint) {
     case SH_Menu_Mask:
         if (auto *mask = qstyleoption_cast<QStyleHintReturnMask *>(returnData)) {
-            mask->region = PopupFrame::shape(option->rect);
+            mask->region = PopupEdge::shape(option->rect);
             return 1;
         }
         return 0;

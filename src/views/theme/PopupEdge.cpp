@@ -1,4 +1,4 @@
-#include "views/theme/PopupFrame.h"
+#include "views/theme/PopupEdge.h"
 
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
@@ -7,14 +7,14 @@
 #include <QPainter>
 #include <QPainterPath>
 
-QRegion PopupFrame::shape(const QRect &bounds)
+QRegion PopupEdge::shape(const QRect &bounds)
 {
     QPainterPath path;
     path.addRoundedRect(bounds, Metrics::popupRadius, Metrics::popupRadius);
     return {path.toFillPolygon().toPolygon()};
 }
 
-void PopupFrame::paint(QPainter &painter, const QRect &bounds)
+void PopupEdge::paint(QPainter &painter, const QRect &bounds)
 {
     const Theme &theme = Theme::current();
     painter.fillRect(bounds, theme.popup);

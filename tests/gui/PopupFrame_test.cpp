@@ -1,0 +1,152 @@
+#include "views/controls/PopupFrame.h"
+
+#include "support/TestMain.h"
+#include "views/controls/ChoicePopup.h"
+#include "views/datepicker/DatePicker.h"
+#include "views/datepicker/SchedulePicker.h"
+#include "views/palette/CommandPalette.h"
+#include "views/palette/FoundRowsView.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QScreen>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+using Show = std::function<PopupFrame *(QWidget &window, const QPoint &position)>;
+Q_DECLARE_METATYPE(Show)
+
+/// Frames over the window: where they stand, how large they are, and how they go.
+class PopupFrame_test : public QObject {
+    Q_OBJECT
+
+    QWidget m_window;
+
+    static QList<ChoicePopup::Choice> choices(int count)
+    {
+        QList<ChoicePopup::Choice> all;
+        for (int i = 0; i < count; ++i)
+            all.append({QString::number(i), u"List %1"_s.arg(i)});
+        return all;
+    }
+    static QList<FoundRow> foundRows(int count)
+    {
+        QList<FoundRow> rows;
+        for (int i = 0; i < count; ++i)
+            rows.append({.kind = FoundRow::Kind::List, .id = QString::number(i), .title = u"List"_s});
+        return rows;
+    }
+    static void addPopups()
+    {
+        QTest::addColumn<Show>("show");
+        const auto row = [](const char *name, const Show &show) { QTest::newRow(name) << show; };
+        const auto shown = [](auto *popup, const QPoint &position) {
+            popup->popUp(position);
+            return popup;
+        };
+        row("choices", [shown](QWidget &window, const QPoint &position) {
+            return shown(new ChoicePopup{u"Move to list"_s, choices(20), &window}, position);
+        });
+        row("day", [shown](QWidget &window, const QPoint &position) {
+            return shown(new DatePicker{{.today = Day{2026y / November / 21}, .selected = {}}, &window},
+                         position);
+        });
+        row("schedule", [shown](QWidget &window, const QPoint &position) {
+            const SchedulePicker::Surroundings surroundings{.today = Day{2026y / November / 21},
+                                                            .zone = *CXTimeZone::named(u"UTC"_s),
+                                                            .reminders = {},
+                                                            .allDayReminders = {},
+                                                            .readRule = {}};
+            return shown(new SchedulePicker{{}, surroundings, &window}, position);
+        });
+        row("palette", [](QWidget &window, const QPoint &position) {
+            window.move(position);
+            auto *palette = new CommandPalette{window};
+            palette->popUp();
+            palette->rows().setRows(foundRows(40));
+            return palette;
+        });
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_window.resize(760, 600);
+        m_window.move(0, 0);
+        m_window.show();
+    }
+
+    void isWholeOnTheScreen_data() { addPopups(); }
+    void isWholeOnTheScreen()
+    {
+        QFETCH(const Show, show);
+        const QRect bounds = m_window.screen()->availableGeometry();
+        const QRect outside = bounds.marginsAdded({100, 100, 100, 100});
+        for (const QPoint &position : {bounds.topLeft(), bounds.topRight(), bounds.bottomLeft(),
+                                       bounds.bottomRight(), outside.topLeft(), outside.bottomRight()}) {
+            const QPointer<PopupFrame> popup = show(m_window, position);
+            QCOMPARE(bounds.intersected(popup->geometry()), popup->geometry());
+            QTest::keyClick(popup->focusWidget(), Qt::Key_Escape);
+            QTRY_VERIFY(!popup);
+        }
+    }
+
+    void isCutWhereTheScreenIsTooSmall()
+    {
+        const QRect bounds{100, 50, 400, 300};
+        QCOMPARE(PopupFrame::within(bounds, {120, 60, 200, 200}), QRect(120, 60, 200, 200));
+        QCOMPARE(PopupFrame::within(bounds, {450, 300, 200, 200}), QRect(300, 150, 200, 200));
+        QCOMPARE(PopupFrame::within(bounds, {0, 0, 200, 200}), QRect(100, 50, 200, 200));
+        QCOMPARE(PopupFrame::within(bounds, {0, 0, 900, 900}), bounds);
+    }
+
+    void isAsHighAsItsChoices()
+    {
+        QPointer<ChoicePopup> popup = new ChoicePopup{u"Move to list"_s, choices(12), &m_window};
+        const QSignalSpy chosen{popup, &ChoicePopup::chosen};
+        popup->popUp({10, 10});
+        const int highest = popup->height();
+        auto *field = popup->findChild<QLineEdit *>();
+        QTest::keyClick(field, Qt::Key_1); // 1, 10 and 11
+        const int ofThree = popup->height();
+        QTest::keyClick(field, Qt::Key_1);
+        const int ofOne = popup->height();
+        QVERIFY(highest > ofThree);
+        QCOMPARE(ofThree - ofOne, 2 * popup->findChild<QAbstractItemView *>()->sizeHintForRow(0));
+        QTest::keyClick(field, Qt::Key_X);
+        QVERIFY(popup->height() < ofOne);
+        QTest::keyClick(field, Qt::Key_Return);
+        QVERIFY(popup && chosen.isEmpty());
+        field->clear();
+        QTest::keyClicks(field, u"list 1"_s);
+        QCOMPARE(popup->height(), ofThree);
+        QTest::keyClick(field, Qt::Key_Down);
+        QTest::keyClick(field, Qt::Key_Enter);
+        QTRY_VERIFY(!popup);
+        QCOMPARE(chosen.first().first(), u"10"_s);
+    }
+
+    void thePaletteIsAsHighAsItsRows()
+    {
+        auto *palette = new CommandPalette{m_window};
+        palette->popUp();
+        const QPoint corner = palette->pos();
+        const auto heightOf = [palette](int count) {
+            palette->rows().setRows(foundRows(count));
+            return palette->height();
+        };
+        const int row = heightOf(2) - heightOf(1);
+        QVERIFY(row > 0);
+        QCOMPARE(heightOf(4) - heightOf(1), 3 * row);
+        QVERIFY(heightOf(0) < heightOf(1));
+        QCOMPARE(heightOf(100), heightOf(50));
+        QVERIFY(m_window.geometry().contains(palette->geometry()));
+        QCOMPARE(palette->pos(), corner);
+        palette->close();
+    }
+};
+
+ORVANE_TEST(PopupFrame_test)
+#include "PopupFrame_test.moc"
