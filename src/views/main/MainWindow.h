@@ -44,9 +44,14 @@ public:
     void endUndo(ToastPort::Offer offer);
     bool isUndoHeld(ToastPort::Offer offer) const;
     void showMessage(const QString &message);
-    /// Says why some work could not be done, until that work succeeds or as long as any message.
-    void showFailure(const QString &sentence, const QObject &work);
-    void endFailure(const QObject &work);
+    /// Says what `work` fails to do, by its signal with a sentence, until it succeeds or as long as any
+    /// message.
+    template <class Work, class Failed, class Done>
+    void sayFailuresOf(const Work &work, Failed failed, Done done)
+    {
+        connect(&work, failed, this, [this, &work](const QString &sentence) { showFailure(sentence, work); });
+        connect(&work, done, this, [this, &work] { endFailure(work); });
+    }
     /// Does what the message on show offers to take back; whether there is one.
     bool takeBack();
 
@@ -61,6 +66,8 @@ private:
     void arrange();
     void placeSheet();
     void showToast(const QString &message, const QString &action);
+    void showFailure(const QString &sentence, const QObject &work);
+    void endFailure(const QObject &work);
     void endToastLater();
     void performToastAction();
 

@@ -1,20 +1,15 @@
 #pragma once
 
-#include "app/KWDelayDeleteManager.h"
 #include "app/LinkOpener.h"
+#include "app/ports/ToastPort.h"
 #include "app/ports/WindowPorts.h"
-#include "capture/NewTaskService.h"
-#include "lists/KWProjectListPresenter.h"
-#include "lists/KWTaskListService.h"
+#include "views/main/MainWindowRooms.h"
 
 #include <QObject>
 
 #include <memory>
 
-class MainMenu;
 class MainWindow;
-class OrvaneKit;
-class QMenu;
 
 /// The main window with everything in it, made when it is first shown and dropped by close(), at sign-out.
 /// A window that the person has closed is kept for the next show(). Main thread.
@@ -22,18 +17,7 @@ class MainWindowController : public QObject, public MainWindowPort, public LinkT
     Q_OBJECT
 
 public:
-    /// The rooms that the window shows; all outlive it.
-    struct Rooms {
-        OrvaneKit &kit;
-        CXClock &clock;
-        KWProjectListPresenter &sidebar;
-        KWTaskListService &tasks;
-        NewTaskService &newTasks;
-        MainMenu &menu;
-        KWDelayDeleteManager &deletes;
-    };
-
-    explicit MainWindowController(Rooms rooms);
+    explicit MainWindowController(const MainWindowRooms &rooms);
     ~MainWindowController() override;
 
     void show() override;
@@ -64,17 +48,8 @@ private:
 
     void make();
     void connectColumns();
-    void connectSidebar();
-    void connectFilters();
-    void connectDetail();
-    /// Says what `work` fails to do, until it succeeds.
-    template <class Work, class Failed, class Done>
-    void connectFailures(Work &work, Failed failed, Done done);
-    void connectSearch();
     void openTask(const QString &taskID);
-    void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
-    void showAdded(const QString &taskID);
 
-    Rooms m_rooms;
+    MainWindowRooms m_rooms;
     std::unique_ptr<Content> m_content;
 };

@@ -1,0 +1,29 @@
+#include "views/main/DetailColumn.h"
+
+#include "app/KWDelayDeleteManager.h"
+#include "views/main/MainWindow.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+
+DetailColumn::DetailColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
+                           ToastPort &toasts)
+    : m_window(window), m_task{window.detail(), rooms.kit, actions}
+{
+    connect(&window.listPane().list(), &TaskListView::currentTaskChanged, &m_task,
+            &TaskDetailController::show);
+    window.sayFailuresOf(m_task, &TaskDetailController::failed, &TaskDetailController::saved);
+    connect(&m_task, &TaskDetailController::changed, &window, &MainWindow::showUndo);
+    connect(&m_task, &TaskDetailController::itemRemovalRequested, this,
+            [&toasts, &deletes = rooms.deletes](const auto &remove, const auto &restore) {
+                deletes.deleteChecklistItemsWithCount(1, toasts, remove, restore, [] {});
+            });
+    connect(&m_task, &TaskDetailController::linkRequested, this, &DetailColumn::linkRequested);
+    connect(&m_task, &TaskDetailController::taskRequested, this, &DetailColumn::showOther);
+}
+
+void DetailColumn::showOther(const QString &taskID)
+{
+    m_window.listPane().list().selectTask(taskID); // where it has a row
+    m_task.show(taskID);
+    m_window.openDetail();
+}

@@ -1,0 +1,109 @@
+#include "views/main/ListColumn.h"
+
+#include "lists/KWProjectListPresenter.h"
+#include "lists/KWTaskListService.h"
+#include "model/OrvaneKit.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/main/MainWindow.h"
+#include "views/tasklist/BatchActions.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+#include "views/theme/Fonts.h"
+#include "views/theme/Metrics.h"
+
+#include <QFontMetrics>
+
+namespace {
+
+constexpr int placeNameWidth = 260;
+
+} // namespace
+
+ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
+                       KWTaskEditor &editor)
+    : m_window(window)
+    , m_service(rooms.tasks)
+    , m_actions(actions)
+    , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
+    , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
+    , m_sortMenu{window.listPane().header(), rooms.tasks}
+    , m_addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
+    , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
+    , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
+    , m_trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
+    , m_whereabouts{rooms.kit.manager(), rooms.kit.account(), rooms.sidebar}
+{
+    connectRows();
+    connectActions();
+    connectMessages();
+    connect(&m_tasks, &TaskListController::shown, &m_trash, &TrashController::showOffer);
+    connect(&m_tasks, &TaskListController::shown, &m_sortMenu, &SortMenu::show);
+}
+
+void ListColumn::show(const KWListIdentifier &list)
+{
+    m_addField.setList(list);
+    m_tasks.show(list);
+}
+
+void ListColumn::takeKeyboard() { m_window.listPane().list().setFocus(Qt::OtherFocusReason); }
+
+void ListColumn::connectRows()
+{
+    const TaskListView &list = m_window.listPane().list();
+    connect(&list, &TaskListView::opened, &m_window, &MainWindow::openDetail);
+    connect(&list, &TaskListView::completionToggled, &m_actions, &BatchActions::tick);
+    connect(&list, &TaskListView::deletionRequested, this, &ListColumn::remove);
+    connect(&list, &TaskListView::menuAboutToShow, this, &ListColumn::fillRowMenu);
+    connect(&m_window.listPane().addField(), &KWNewTaskTextField::left, this, &ListColumn::takeKeyboard);
+    connect(&m_addField, &AddFieldController::added, this, &ListColumn::showAdded);
+}
+
+void ListColumn::connectActions()
+{
+    connect(&m_actions, &BatchActions::changed, &m_window, &MainWindow::showUndo);
+    connect(&m_actions, &BatchActions::duplicated, &m_window.listPane().list(), &TaskListView::selectTasks);
+    connect(&m_actions, &BatchActions::failed, this, [this](const QString &sentence) {
+        m_window.showMessage(sentence);
+        m_service.reload(); // what was ticked on the screen is as it is stored again
+    });
+}
+
+void ListColumn::connectMessages()
+{
+    m_window.sayFailuresOf(m_addField, &AddFieldController::failed, &AddFieldController::added);
+    connect(&m_tasks, &TaskListController::failed, &m_window, &MainWindow::showMessage);
+    connect(&m_sortMenu, &SortMenu::failed, &m_window, &MainWindow::showMessage);
+    connect(&m_trash, &TrashController::failed, &m_window, &MainWindow::showMessage);
+    connect(&m_trash, &TrashController::restored, &m_window, &MainWindow::showUndo);
+}
+
+void ListColumn::fillRowMenu(QMenu &menu, const QStringList &taskIDs)
+{
+    if (m_trash.isShown())
+        m_trash.fillMenu(menu, taskIDs);
+    else
+        m_taskMenu.fill(menu, taskIDs);
+}
+
+void ListColumn::remove(const QStringList &taskIDs)
+{
+    if (m_trash.isShown())
+        m_trash.deleteForever(taskIDs);
+    else
+        m_actions.remove(taskIDs);
+}
+
+void ListColumn::showAdded(const QString &taskID)
+{
+    const KWProjectListNode *place = m_whereabouts.nodeElsewhere(taskID);
+    const auto list = place ? place->listIdentifier() : std::nullopt;
+    if (!list) return m_window.listPane().list().selectTask(taskID);
+
+    const QFontMetrics metrics{Fonts::font(Fonts::Role::Body)};
+    const QString name = metrics.elidedText(place->title(), Qt::ElideRight, Metrics::scaled(placeNameWidth));
+    m_window.showAction(tr("Added to %1").arg(name), tr("Open"), [this, list, taskID] {
+        showTask(taskID, *list);
+        takeKeyboard();
+    });
+}

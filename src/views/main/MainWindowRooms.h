@@ -1,0 +1,20 @@
+#pragma once
+
+class CXClock;
+class KWDelayDeleteManager;
+class KWProjectListPresenter;
+class KWTaskListService;
+class MainMenu;
+class NewTaskService;
+class OrvaneKit;
+
+/// The rooms that the main window shows; all outlive it.
+struct MainWindowRooms {
+    OrvaneKit &kit;
+    CXClock &clock;
+    KWProjectListPresenter &sidebar;
+    KWTaskListService &tasks;
+    NewTaskService &newTasks;
+    MainMenu &menu;
+    KWDelayDeleteManager &deletes;
+};

@@ -1,0 +1,24 @@
+#include "views/main/SidebarColumn.h"
+
+#include "model/OrvaneKit.h"
+#include "views/main/MainWindow.h"
+#include "views/menu/MainMenu.h"
+#include "views/sidebar/SidebarView.h"
+
+SidebarColumn::SidebarColumn(const MainWindowRooms &rooms, MainWindow &window)
+    : m_tree{window.sidebar(), rooms.sidebar, rooms.kit.account()}
+    , m_commands{{window.sidebar().tree(),
+                  {rooms.sidebar, rooms.kit.manager(), rooms.kit.account(), rooms.kit.center()},
+                  rooms.deletes}}
+    , m_filters{rooms.kit, window}
+{
+    connect(&m_tree, &SidebarController::listSelected, this, &SidebarColumn::listSelected);
+    connect(&m_tree, &SidebarController::listOpened, this, &SidebarColumn::listOpened);
+    connect(&m_commands, &SidebarCommands::changed, &window, &MainWindow::showUndo);
+    connect(&m_commands, &SidebarCommands::failed, &window, &MainWindow::showMessage);
+    connect(&m_commands, &SidebarCommands::filterEditRequested, this, &SidebarColumn::editFilter);
+    connect(&m_filters, &FilterEditorController::made, this, &SidebarColumn::filterMade);
+    connect(&m_filters, &FilterEditorController::failed, &window, &MainWindow::showMessage);
+    rooms.menu.handle(MenuCommand::NewList, *this, [this] { m_commands.addList(); });
+    rooms.menu.handle(MenuCommand::NewFilter, *this, [this] { editFilter({}); });
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "views/main/MainWindowRooms.h"
+#include "views/palette/PaletteController.h"
+#include "views/palette/TaskHits.h"
+#include "views/search/SearchController.h"
+
+class MainWindow;
+class TaskDetailController;
+
+/// What finds lists, tasks and commands in the window: the command palette, and the search page in place of
+/// the list. Main thread.
+class WindowSearch : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it. `detail` shows the hit that is selected.
+    WindowSearch(const MainWindowRooms &rooms, MainWindow &window, TaskDetailController &detail);
+
+    void closePage() { m_page.close(); }
+
+Q_SIGNALS:
+    void listChosen(const KWListIdentifier &list);
+    void taskChosen(const QString &taskID);
+
+private:
+    TaskHits m_hits;
+    PaletteController m_palette;
+    SearchController m_page;
+};
