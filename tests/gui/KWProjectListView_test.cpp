@@ -2,8 +2,11 @@
 
 #include "model/records/KWSmartProject.h"
 #include "support/TestMain.h"
+#include "views/tasklist/TaskMimeData.h"
 
 #include <QAbstractItemModelTester>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -171,6 +174,31 @@ private Q_SLOTS:
         m_view.reset();
         m_tree->folder->setIsExpanded(true);
         QVERIFY(m_tree->folder->isExpanded());
+    }
+
+    void whatADragFoldsIsUnfoldedAfterIt()
+    {
+        QMimeData tasks;
+        tasks.setData(TaskMimeData::type, "milk");
+        const QPoint place = m_view->visualRect(index(u"work"_s)).center();
+        QDragEnterEvent enter{place, Qt::MoveAction, &tasks, Qt::LeftButton, {}};
+        QDragLeaveEvent leave;
+        QDropEvent drop{QPointF{place}, Qt::MoveAction, &tasks, Qt::LeftButton, {}};
+        const auto folder = [this] { return index(u"home"_s, Type::group); };
+        m_view->expand(folder());
+        for (QEvent *end : {static_cast<QEvent *>(&leave), static_cast<QEvent *>(&drop)}) {
+            QCoreApplication::sendEvent(m_view->viewport(), &enter);
+            m_view->collapse(folder()); // as waiting over it may do
+            m_tree->fill();             // and meanwhile the tree is another one
+            m_tree->folder->setIsExpanded(false);
+            m_view->setRoot(&m_tree->root);
+            QVERIFY(!m_view->isExpanded(folder()));
+            QCoreApplication::sendEvent(m_view->viewport(), end);
+            QVERIFY(m_view->isExpanded(folder()) && m_tree->folder->isExpanded());
+        }
+        m_view->collapse(folder()); // by hand it stays folded
+        QCoreApplication::sendEvent(m_view->viewport(), &leave);
+        QVERIFY(!m_view->isExpanded(folder()));
     }
 
     void bottomRowsStandAtTheBottom()

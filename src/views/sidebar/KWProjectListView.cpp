@@ -1,16 +1,12 @@
 #include "views/sidebar/KWProjectListView.h"
 
 #include "model/settings/KWLocalizedString.h"
-#include "views/tasklist/TaskMimeData.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 #include "views/theme/ThemeConfigurator.h"
 
 #include <QContextMenuEvent>
-#include <QDrag>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
@@ -290,93 +286,7 @@ void KWProjectListView::paintEvent(QPaintEvent *event)
         shadow.setColorAt(1, shade);
         painter.fillRect(edge, shadow);
     }
-    if (!m_dropMark) return;
-    const QRect mark = m_dropMark->mark.adjusted(Metrics::rowOutset, 0, -Metrics::rowOutset, 0);
-    if (m_dropMark->node)
-        Painting::focusRing(painter, mark, Metrics::rowRadius);
-    else
-        painter.fillRect(mark, theme.accent);
-}
-
-// What is folded while rows are dragged comes back as it was.
-void KWProjectListView::beginDrag(const QModelIndex &parent)
-{
-    for (int row = 0; row < m_model.rowCount(parent); ++row) {
-        const QModelIndex index = m_model.index(row, 0, parent);
-        if (isExpanded(index)) m_expandedItemsWhenBeginDrag.append(index);
-        beginDrag(index);
-    }
-}
-
-void KWProjectListView::endDrag()
-{
-    setDropMark(std::nullopt);
-    for (const QPersistentModelIndex &each : std::exchange(m_expandedItemsWhenBeginDrag, {}))
-        if (each.isValid()) setExpanded(each, true);
-}
-
-void KWProjectListView::startDrag(Qt::DropActions)
-{
-    const QModelIndex index = currentIndex();
-    const KWProjectListNode *node = m_model.nodeAt(index);
-    if (!node || !(m_model.flags(index) & Qt::ItemIsDragEnabled)) return;
-    beginDrag();
-    auto *drag = new QDrag{this};
-    drag->setMimeData(SidebarMimeData::make(*node));
-    const QRect row = visualRect(index);
-    drag->setPixmap(viewport()->grab(row));
-    drag->exec(Qt::MoveAction);
-    endDrag();
-}
-
-std::optional<SidebarDropTarget> KWProjectListView::dropTarget(const QDropEvent &event) const
-{
-    const QPoint position = event.position().toPoint();
-    const QModelIndex index = indexAt(position);
-    return SidebarDropTarget::at(position, index, visualRect(index), isExpanded(index), *event.mimeData(),
-                                 m_model);
-}
-
-void KWProjectListView::setDropMark(const std::optional<SidebarDropTarget> &target)
-{
-    m_dropMark = target;
-    viewport()->update();
-}
-
-void KWProjectListView::dragEnterEvent(QDragEnterEvent *event)
-{
-    const bool isKnown = event->mimeData()->hasFormat(TaskMimeData::type) ||
-                         event->mimeData()->hasFormat(SidebarMimeData::type);
-    event->setAccepted(isKnown);
-    if (isKnown) setState(DraggingState);
-}
-
-void KWProjectListView::dragMoveEvent(QDragMoveEvent *event)
-{
-    QTreeView::dragMoveEvent(event); // scrolls, and unfolds what is waited over
-    setDropMark(dropTarget(*event));
-    if (m_dropMark) event->setDropAction(Qt::MoveAction);
-    event->setAccepted(m_dropMark.has_value());
-}
-
-void KWProjectListView::dragLeaveEvent(QDragLeaveEvent *event)
-{
-    QTreeView::dragLeaveEvent(event);
-    setDropMark(std::nullopt);
-}
-
-void KWProjectListView::dropEvent(QDropEvent *event)
-{
-    const auto target = dropTarget(*event);
-    stopAutoScroll();
-    setState(NoState);
-    setDropMark(std::nullopt);
-    event->setAccepted(target.has_value());
-    if (!target) return;
-    if (target->place)
-        Q_EMIT nodeDropped(SidebarMimeData::nodeIn(*event->mimeData(), m_model), *target->place);
-    else
-        Q_EMIT sidebarDropedTask(TaskMimeData::idsIn(*event->mimeData()), target->node);
+    paintDropMark(painter);
 }
 
 void KWProjectListView::scrollContentsBy(int dx, int dy)

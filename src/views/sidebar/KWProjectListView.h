@@ -84,8 +84,11 @@ private:
     void announceExpansion(const QModelIndex &index, bool isExpanded);
     std::optional<SidebarDropTarget> dropTarget(const QDropEvent &event) const;
     void setDropMark(const std::optional<SidebarDropTarget> &target);
-    void beginDrag(const QModelIndex &parent = {});
+    /// What is unfolded when a drag comes in is unfolded when it has gone.
+    void beginDrag();
     void endDrag();
+    void rememberExpandedItems(const QModelIndex &parent);
+    void paintDropMark(QPainter &painter) const;
     bool performKey(const QKeyEvent &event, KWProjectListNode &node);
     void requestAddition(KWProjectListNode &node);
     KWProjectListNode *endEditing(QWidget *editor);
