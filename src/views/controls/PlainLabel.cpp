@@ -1,5 +1,6 @@
 #include "views/controls/PlainLabel.h"
 
+#include <QAccessible>
 #include <QLabel>
 
 QLabel *makePlainLabel(const QString &text, Fonts::Role role, QPalette::ColorRole color)
@@ -10,4 +11,13 @@ QLabel *makePlainLabel(const QString &text, Fonts::Role role, QPalette::ColorRol
     label->setFont(Fonts::font(role));
     label->setForegroundRole(color);
     return label;
+}
+
+void sayIn(QLabel &label, const QString &sentence)
+{
+    label.setText(sentence);
+    label.setAccessibleName(sentence);
+    label.show();
+    QAccessibleEvent announcement{&label, QAccessible::Alert};
+    QAccessible::updateAccessibility(&announcement);
 }

@@ -10,3 +10,6 @@ class QLabel;
 /// application's palette, and so follow the theme. Whoever puts the label into a layout owns it.
 QLabel *makePlainLabel(const QString &text, Fonts::Role role,
                        QPalette::ColorRole color = QPalette::WindowText);
+
+/// Shows the label with this sentence, and screen readers say it.
+void sayIn(QLabel &label, const QString &sentence);

@@ -6,7 +6,6 @@
 #include "views/filtereditor/ConditionRow.h"
 #include "views/theme/Metrics.h"
 
-#include <QAccessible>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -204,11 +203,4 @@ void FilterEditor::save()
     Q_EMIT saveRequested();
 }
 
-void FilterEditor::showProblem(const QString &sentence)
-{
-    m_message->setText(sentence);
-    m_message->setAccessibleName(sentence);
-    m_message->show();
-    QAccessibleEvent announcement{m_message, QAccessible::Alert};
-    QAccessible::updateAccessibility(&announcement);
-}
+void FilterEditor::showProblem(const QString &sentence) { sayIn(*m_message, sentence); }

@@ -1,11 +1,11 @@
 #include "views/preferences/PreferencesWindow.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/controls/PlainLabel.h"
 #include "views/preferences/NameDelegate.h"
 #include "views/preferences/PreferencesPage.h"
 #include "views/theme/Metrics.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -93,14 +93,7 @@ void PreferencesWindow::showPage(const QString &name)
     m_names->setFocus(Qt::OtherFocusReason);
 }
 
-void PreferencesWindow::showMessage(const QString &sentence)
-{
-    m_message->setText(sentence);
-    m_message->setAccessibleName(sentence);
-    m_message->show();
-    QAccessibleEvent announcement{m_message, QAccessible::Alert};
-    QAccessible::updateAccessibility(&announcement);
-}
+void PreferencesWindow::showMessage(const QString &sentence) { sayIn(*m_message, sentence); }
 
 void PreferencesWindow::keyPressEvent(QKeyEvent *event)
 {
