@@ -219,8 +219,6 @@ QWidget *ConditionRow::valueFor(const Question &question)
         m_words->setObjectName(u"conditionWords"_s);
         m_words->setAccessibleName(tr("Words in the title or the text"));
         m_words->setPlaceholderText(m_words->accessibleName());
-        m_words->setMinimumHeight(Metrics::scaled(Metrics::control));
-        m_words->setTextMargins(Metrics::gap, 0, Metrics::gap, 0);
         connect(m_words, &QLineEdit::textChanged, this, &ConditionRow::changed);
         return m_words;
     }

@@ -49,8 +49,6 @@ FilterEditor::FilterEditor(const Content &content, FilterChoices choices, Day to
     m_name->setObjectName(u"filterName"_s);
     m_name->setAccessibleName(tr("Name of the filter"));
     m_name->setPlaceholderText(tr("Name"));
-    m_name->setMinimumHeight(Metrics::scaled(Metrics::control));
-    m_name->setTextMargins(Metrics::gap, 0, Metrics::gap, 0);
     connect(m_name, &QLineEdit::textEdited, m_message, &QWidget::hide);
 
     const Condition::Group group = groupOf(content.filter.condition());

@@ -26,8 +26,8 @@ CommandPalette::CommandPalette(QWidget &window)
     m_field->setAccessibleName(tr("Find lists, tasks and commands"));
     m_field->setPlaceholderText(m_field->accessibleName());
     m_field->setMinimumHeight(Metrics::scaled(Metrics::addField));
-    m_field->setTextMargins(Metrics::gap, 0, Metrics::gap, 0);
     m_field->installEventFilter(this);
+    m_rows->viewport()->setAutoFillBackground(false);
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
     column->setSpacing(Metrics::grid);

@@ -51,8 +51,7 @@ ShortcutField::ShortcutField(const QString &command, QString defaultKeys)
     m_keys->setAccessibleName(command);
     m_keys->setPlaceholderText(KWLocalizedString("None"));
     m_keys->setContextMenuPolicy(Qt::NoContextMenu);
-    m_keys->setFixedSize(Metrics::scaled(keysWidth), Metrics::scaled(Metrics::control));
-    m_keys->setTextMargins(Metrics::grid * 2, 0, Metrics::grid * 2, 0);
+    m_keys->setFixedWidth(Metrics::scaled(keysWidth));
     m_keys->installEventFilter(this);
     setFocusProxy(m_keys);
 

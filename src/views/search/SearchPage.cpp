@@ -32,7 +32,6 @@ SearchPage::SearchPage(QWidget &covered)
     m_field->setAccessibleName(tr("Search in titles and texts"));
     m_field->setPlaceholderText(m_field->accessibleName());
     m_field->setMinimumHeight(Metrics::scaled(Metrics::addField));
-    m_field->setTextMargins(Metrics::gap, 0, Metrics::gap, 0);
     m_field->installEventFilter(this);
     m_nothing->setObjectName(u"nothingFound"_s);
     m_nothing->setAlignment(Qt::AlignHCenter);

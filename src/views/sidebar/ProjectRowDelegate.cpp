@@ -164,7 +164,7 @@ void ProjectRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index
 void ProjectRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                               const QModelIndex &index) const
 {
-    const QRect bounds = titleBounds(option.rect, index).adjusted(-innerMargin, 0, countWidth(), 0);
+    const QRect bounds = titleBounds(option.rect, index).adjusted(-Metrics::gap, 0, countWidth(), 0);
     editor->setGeometry(QStyle::visualRect(option.direction, option.rect, bounds));
 }
 

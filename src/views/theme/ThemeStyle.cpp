@@ -18,6 +18,7 @@ constexpr int shortestThumb = 24;
 constexpr int comboBoxPadding = 8;
 constexpr int buttonPadding = 6; // more than Fusion has
 constexpr int fieldInset = 4;    // within its outline
+constexpr int fieldPadding = 9;  // so that its text stands below that of a box of choices
 
 bool isAccented(const QStyleOptionButton &button)
 {
@@ -38,6 +39,12 @@ void drawButton(QPainter &painter, const QStyleOptionButton &button)
     Painting::roundedBox(painter, bounds, Metrics::rowRadius, fill, outline);
     if (button.state & QStyle::State_HasFocus)
         Painting::focusRing(painter, button.rect, Metrics::rowRadius + 2);
+}
+
+bool hasOutline(const QStyleOption *field)
+{
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(field);
+    return frame && frame->lineWidth > 0;
 }
 
 void drawField(QPainter &painter, const QStyleOption &field)
@@ -89,8 +96,7 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
         }
         break;
     case PE_PanelLineEdit:
-        if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
-            frame && frame->lineWidth > 0) {
+        if (hasOutline(option)) {
             drawField(*painter, *option);
             return;
         }
@@ -142,6 +148,13 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     drawThumb(*painter, *bar, proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget));
 }
 
+QRect ThemeStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
+{
+    const QRect bounds = QProxyStyle::subElementRect(element, option, widget);
+    const bool isField = element == SE_LineEditContents && hasOutline(option);
+    return isField ? bounds.adjusted(fieldPadding, 0, -fieldPadding, 0) : bounds;
+}
+
 QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
                                  SubControl subControl, const QWidget *widget) const
 {
@@ -190,7 +203,8 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption *option
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     if (type == CT_ComboBox) size.rwidth() += 2 * comboBoxPadding;
     if (type == CT_PushButton) size.rwidth() += 2 * buttonPadding;
-    const bool isControl = type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox;
+    const bool isField = type == CT_LineEdit && hasOutline(option);
+    const bool isControl = isField || type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox;
     return isControl ? size.expandedTo({0, Metrics::scaled(Metrics::control)}) : size;
 }
 
