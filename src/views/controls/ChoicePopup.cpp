@@ -86,6 +86,7 @@ ChoicePopup::ChoicePopup(const QString &question, const QList<Choice> &choices, 
     m_list->setObjectName(u"choices"_s);
     m_list->setAccessibleName(question);
     m_list->setFrameShape(QFrame::NoFrame);
+    m_list->viewport()->setAutoFillBackground(false);
     m_list->setUniformItemSizes(true);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setFocusPolicy(Qt::NoFocus);
