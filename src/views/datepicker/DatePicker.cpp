@@ -1,6 +1,7 @@
 #include "views/datepicker/DatePicker.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/controls/TabOrder.h"
 #include "views/theme/Metrics.h"
 
 #include <QVBoxLayout>
@@ -15,6 +16,7 @@ DatePicker::DatePicker(const Days &days, QWidget *parent)
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
     column->addWidget(m_days);
+    setTabOrderOf(controlsInOrder(*this));
     for (const auto picks : {&DayChooser::dayActivated, &DayChooser::dayClicked})
         connect(m_days, picks, this, [this](Day day) { pick(day); });
     connect(m_days, &DayChooser::choiceMade, this, &DatePicker::pick);

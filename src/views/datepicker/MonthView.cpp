@@ -7,6 +7,7 @@
 #include "views/theme/Theme.h"
 #include "views/wording/CalendarDay.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QTextCharFormat>
 
@@ -55,6 +56,8 @@ QSize MonthView::sizeHint() const
     return {7 * Metrics::scaled(cellWidth), monthRows * Metrics::scaled(cellHeight)};
 }
 
+bool MonthView::hasKeyboard() const { return isAncestorOf(QApplication::focusWidget()); }
+
 void MonthView::paintCell(QPainter *painter, const QRect &cell, QDate date) const
 {
     const Theme &theme = Theme::current();
@@ -64,11 +67,12 @@ void MonthView::paintCell(QPainter *painter, const QRect &cell, QDate date) cons
     QRect box{0, 0, Metrics::scaled(cellHeight), Metrics::scaled(cellHeight)};
     box.setSize(box.size().boundedTo(cell.size()).shrunkBy({1, 1, 1, 1}));
     box.moveCenter(cell.center());
-    if (isSelected) Painting::roundedBox(*painter, box, Metrics::rowRadius, theme.accent);
+    const QColor mark = hasKeyboard() ? theme.accent : theme.selection;
+    if (isSelected) Painting::roundedBox(*painter, box, Metrics::rowRadius, mark);
 
     QColor color = date.month() == monthShown() ? theme.text : theme.faintText;
     if (isToday) color = theme.accentText;
-    if (isSelected) color = theme.onAccent;
+    if (isSelected && hasKeyboard()) color = theme.onAccent;
     painter->setPen(color);
     painter->setFont(Fonts::font(isToday || isSelected ? Fonts::Role::BodyStrong : Fonts::Role::Body));
     painter->drawText(box, Qt::AlignCenter, locale().toString(date.day()));

@@ -5,7 +5,7 @@
 #include <QCalendarWidget>
 
 /// The days of a month, painted after the theme: today in the accent colour with a dot, the selected day
-/// filled, days of other months faint.
+/// filled, in the accent colour while it has the keyboard, days of other months faint.
 class MonthView : public QCalendarWidget {
     Q_OBJECT
 
@@ -22,5 +22,7 @@ protected:
     void paintCell(QPainter *painter, const QRect &cell, QDate date) const override;
 
 private:
+    bool hasKeyboard() const;
+
     const QDate m_today;
 };

@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/PlainLabel.h"
+#include "views/controls/TabOrder.h"
 #include "views/datepicker/DayChooser.h"
 #include "views/datepicker/ReminderField.h"
 #include "views/datepicker/TimeField.h"
@@ -23,7 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t shownOccurrences = 6;
-constexpr int fieldPadding = 8;
 
 CXTimeZone zoneOf(const TaskSchedule &schedule, const SchedulePicker::Surroundings &surroundings)
 {
@@ -56,6 +56,7 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
     rows->addRow(KWLocalizedString("Remind"), m_reminders);
     rows->addRow(KWLocalizedString("Repeat"), m_repeat);
     if (surroundings.choosesZones) makeZones(*rows);
+    alignLabels(*rows);
     rows->addRow(m_occurrences);
 
     auto *inner = new QWidget;
@@ -79,21 +80,19 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
     frame->addWidget(area);
 
     m_occurrences->setObjectName(u"occurrences"_s);
-    dressFields();
     connectDays();
     showDraft();
     m_repeat->setRepeat(m_draft.repeatRule, m_draft.repeatFrom, m_draft.day().value_or(surroundings.today));
     showOccurrences();
+    setTabOrderOf(controlsInOrder(*this));
 }
 
-// As high as the boxes of choices beside them.
-void SchedulePicker::dressFields()
+// Beside the first line of a field that has several.
+void SchedulePicker::alignLabels(const QFormLayout &rows)
 {
-    for (QLineEdit *each : m_details->findChildren<QLineEdit *>()) {
-        if (qobject_cast<QAbstractSpinBox *>(each->parent())) continue;
-        each->setMinimumHeight(Metrics::scaled(Metrics::control));
-        each->setTextMargins(fieldPadding, 0, fieldPadding, 0);
-    }
+    for (int row = 0; row < rows.rowCount(); ++row)
+        if (const QLayoutItem *label = rows.itemAt(row, QFormLayout::LabelRole))
+            label->widget()->setFixedHeight(Metrics::scaled(Metrics::control));
 }
 
 void SchedulePicker::makeTimes(QFormLayout &rows)
@@ -169,8 +168,9 @@ QLayout *SchedulePicker::makeButtons()
         return button;
     };
     connect(add("cancelSchedule", KWLocalizedString("Cancel")), &QPushButton::clicked, this, &QWidget::close);
-    connect(add("keepSchedule", KWLocalizedString("Save")), &QPushButton::clicked, this,
-            &SchedulePicker::keep);
+    QPushButton *save = add("keepSchedule", KWLocalizedString("Save"));
+    save->setDefault(true);
+    connect(save, &QPushButton::clicked, this, &SchedulePicker::keep);
     return row;
 }
 
@@ -242,7 +242,8 @@ void SchedulePicker::showOccurrences()
         QStringList days;
         for (const Instant each : m_draft.occurrences(shownOccurrences, first))
             days.append(
-                DateWording::weekdayAndDay(m_draft.zone().dayOf(each), m_surroundings.today, QLocale{}));
+                DateWording::weekdayAndDay(m_draft.zone().dayOf(each), m_surroundings.today, QLocale{})
+                    .replace(u' ', QChar::Nbsp)); // lines break between dates
         words = days.join(u" · "_s);
     }
     m_occurrences->setText(words);

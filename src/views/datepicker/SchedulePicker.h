@@ -41,7 +41,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void dressFields();
+    static void alignLabels(const QFormLayout &rows);
     void makeTimes(QFormLayout &rows);
     void makeZones(QFormLayout &rows);
     QLayout *makeButtons();
