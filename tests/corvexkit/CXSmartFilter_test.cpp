@@ -13,7 +13,8 @@ class CXSmartFilter_test : public QObject {
     const CXSmartFilterFrame m_frame{.zone = *CXTimeZone::named(u"Europe/Berlin"_s),
                                      .today = local_days{2030y / May / 1},
                                      .firstWeekday = Monday,
-                                     .me = 7};
+                                     .me = 7,
+                                     .childTags = {{u"trip"_s, {u"book"_s, u"shop"_s}}}};
 
     const CXFilteredItem m_checklist{.listID = u"garden"_s,
                                      .folderID = u"home"_s,

@@ -1,18 +1,8 @@
 #pragma once
 
-#include "corvexkit/time/CXTimeZone.h"
+#include "corvexkit/filter/CXSmartFilterFrame.h"
 
 #include <optional>
-
-/// The day on which a filter is asked, and for whom.
-struct CXSmartFilterFrame {
-    CXTimeZone zone;
-    Day today;
-    std::chrono::weekday firstWeekday = std::chrono::Sunday;
-    std::int64_t me = 0; ///< the person who asks, as an assignee
-
-    bool operator==(const CXSmartFilterFrame &) const = default;
-};
 
 /// Days at both ends included; one that is missing leaves that end open.
 struct CXDayRange {

@@ -1,6 +1,7 @@
 #include "corvexkit/filter/CXSmartFilterCondition.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -23,7 +24,8 @@ struct Answer {
     bool operator()(const Condition::Tags &tags) const
     {
         if (tags.names.isEmpty()) return !item.tags.isEmpty();
-        return std::ranges::any_of(tags.names, [this](const auto &each) { return item.tags.contains(each); });
+        return std::ranges::any_of(frame.withChildTags(tags.names),
+                                   [this](const auto &each) { return item.tags.contains(each); });
     }
     bool operator()(const Condition::Dates &dates) const
     {
@@ -100,6 +102,18 @@ CXItemKinds CXSmartFilterCondition::possibleKinds(bool isNegated) const
         kinds = all ? kinds & possible : kinds | possible;
     }
     return kinds;
+}
+
+std::vector<CXSmartFilterCondition> CXSmartFilterCondition::demands(bool isNegated) const
+{
+    const auto *group = std::get_if<Group>(&m_question);
+    if (!group) return {CXSmartFilterCondition{m_question, isNegated}};
+    const bool all = (group->join == Group::Join::All) != isNegated;
+    std::vector<CXSmartFilterCondition> demands;
+    if (!all && group->parts.size() > 1) return demands;
+    for (const CXSmartFilterCondition &each : group->parts)
+        std::ranges::move(each.demands(each.m_isNegated != isNegated), std::back_inserter(demands));
+    return demands;
 }
 
 CXSmartFilterCondition CXSmartFilterCondition::withTagRenamed(const QString &name,

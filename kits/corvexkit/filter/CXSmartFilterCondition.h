@@ -42,7 +42,7 @@ public:
         QStringList ids;
         bool operator==(const Folders &) const = default;
     };
-    /// With one of the tags; without names, with any tag at all.
+    /// With one of the tags or of their child tags; without names, with any tag at all.
     struct Tags {
         QStringList names;
         bool operator==(const Tags &) const = default;
@@ -94,6 +94,8 @@ public:
     bool matches(const CXFilteredItem &item, const CXSmartFilterFrame &frame) const;
     /// The kinds that fit at all, as far as the kind alone decides.
     CXItemKinds possibleKinds() const { return possibleKinds(m_isNegated); }
+    /// What everything that fits must fit: the questions that all have to be answered, none of them a group.
+    std::vector<CXSmartFilterCondition> demands() const { return demands(m_isNegated); }
     /// The same condition where the tag is called differently.
     CXSmartFilterCondition withTagRenamed(const QString &name, const QString &newName) const;
 
@@ -101,6 +103,7 @@ public:
 
 private:
     CXItemKinds possibleKinds(bool isNegated) const;
+    std::vector<CXSmartFilterCondition> demands(bool isNegated) const;
 
     Question m_question;
     bool m_isNegated = false;

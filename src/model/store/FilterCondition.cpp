@@ -4,6 +4,7 @@
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 #include "model/store/FindAll.h"
+#include "model/store/StoreFailure.h"
 #include "model/store/TaskPlace.h"
 #include "model/text/SearchWords.h"
 
@@ -64,7 +65,7 @@ public:
     {
         if (tags.names.isEmpty()) return "t.tags <> '[]'";
         return with("t.id IN (SELECT task FROM taskTags WHERE name IN (SELECT value FROM json_each(?)))",
-                    idList(tags.names));
+                    idList(m_frame.withChildTags(tags.names)));
     }
     std::string operator()(const Condition::Dates &dates)
     {
@@ -140,23 +141,13 @@ private:
     SqlValues &m_values;
 };
 
-/// What every task of the filter must be.
-std::vector<Condition> demands(const Condition &condition)
-{
-    if (condition.isNegated()) return {};
-    const auto *group = std::get_if<Condition::Group>(&condition.question());
-    if (!group) return {condition};
-    if (group->join == Condition::Group::Join::Any) return {};
-    std::vector<Condition> plain = group->parts;
-    std::erase_if(plain, &Condition::isNegated);
-    return plain;
-}
-
+// What every task must fit of what is asked so; nothing where that is no such question.
 template <class Question>
 const Question *demandFor(const std::vector<Condition> &demands)
 {
     for (const Condition &each : demands)
-        if (const auto *question = std::get_if<Question>(&each.question())) return question;
+        if (const auto *question = std::get_if<Question>(&each.question()); question && !each.isNegated())
+            return question;
     return nullptr;
 }
 
@@ -173,13 +164,28 @@ std::optional<Day> endOf(const Condition::Dates &dates, const CXSmartFilterFrame
     return end;
 }
 
+QHash<QString, QStringList> childTagsOf(const QString &userID, Connection &connection)
+{
+    QHash<QString, QStringList> tags;
+    auto statement = connection.prepare(
+        "SELECT parent, name FROM tags WHERE userID = ? AND isDeleted = 0 AND parent NOT IN ('', name)");
+    statement.bind(1, userID);
+    QString parent, name;
+    while (statement->executeStep()) {
+        columns::read(statement->getColumn(0), parent);
+        columns::read(statement->getColumn(1), name);
+        tags[parent].append(name);
+    }
+    return tags;
+}
+
 } // namespace
 
 // What the index of its way is searched by is said once more in front.
 FilterCondition FilterCondition::of(const CXSmartFilter &filter, const CXSmartFilterFrame &frame)
 {
     FilterCondition condition;
-    const std::vector<Condition> demanded = demands(filter.condition());
+    const std::vector<Condition> demanded = filter.condition().demands();
     const auto *tags = demandFor<Condition::Tags>(demanded);
     const auto *dates = demandFor<Condition::Dates>(demanded);
     const auto end = dates ? endOf(*dates, frame) : std::nullopt;
@@ -204,7 +210,17 @@ CXSmartFilterFrame StoredFilter::frameOf(const QString &userID, const CXClock &c
     return {.zone = clock.zone(),
             .today = clock.today(),
             .firstWeekday = std::chrono::weekday{unsigned(std::clamp<std::int64_t>(weekday, 1, 7) - 1)},
-            .me = connection.number("SELECT userServerID FROM users WHERE sid = ?", {userID})};
+            .me = connection.number("SELECT userServerID FROM users WHERE sid = ?", {userID}),
+            .childTags = childTagsOf(userID, connection)};
+}
+
+Result<CXSmartFilterFrame> StoredFilter::frameOf(const QString &userID, ObjectContext &context)
+{
+    try {
+        return frameOf(userID, context.clock(), context.connection());
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
 }
 
 std::optional<Result<CXSmartFilter>> StoredFilter::find(const QString &filterID, Connection &connection)

@@ -9,6 +9,7 @@
 
 class CXClock;
 class Connection;
+class ObjectContext;
 struct TaskPlace;
 
 /// A condition over `tasks t`, true or false and never NULL, with what fills its placeholders.
@@ -25,9 +26,11 @@ struct FilterCondition {
 
 namespace StoredFilter {
 
-/// The day that the clock shows, the user's first weekday and number as an assignee. Throws
+/// The day that the clock shows, the user's first weekday, number as an assignee and tags. Throws
 /// SQLite::Exception.
 CXSmartFilterFrame frameOf(const QString &userID, const CXClock &clock, Connection &connection);
+/// The same of a context; an error where it cannot be read.
+Result<CXSmartFilterFrame> frameOf(const QString &userID, ObjectContext &context);
 /// The filter of that id, with the sentence of its rule when that cannot be read; nothing when there is no
 /// such filter. Throws SQLite::Exception.
 std::optional<Result<CXSmartFilter>> find(const QString &filterID, Connection &connection);
