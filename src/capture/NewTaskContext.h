@@ -13,8 +13,10 @@ struct NewTaskContext {
     // What the view implies.
     std::optional<QString> presetList; ///< id
     std::optional<Day> presetDay;
+    bool presetsNoDate = false; ///< the view shows what has no date
     std::optional<KWTaskPriority> presetPriority;
-    QStringList presetTags;     ///< labels or names
+    QStringList presetTags;              ///< labels or names
+    std::optional<std::int64_t> presetAssignee;
     bool isNotedFilter = false; ///< the view shows notes only
 
     // What was chosen by hand.

@@ -1,7 +1,32 @@
 #include "capture/NewTaskContextOfList.h"
 
 #include "corvexkit/time/CXClock.h"
+#include "model/records/KWFilter.h"
 #include "model/records/KWSmartProject.h"
+#include "model/store/FilterCondition.h"
+#include "model/store/ObjectContext.h"
+
+namespace {
+
+// Of a filter that is gone or cannot be read, nothing.
+NewTaskContext contextOfFilter(const QString &filterID, const QString &userID, ObjectContext &context)
+{
+    const KWFilter *filter = context.find<KWFilter>(filterID);
+    if (!filter) return {};
+    const Result<CXSmartFilter> read = filter->parsedSmartFilter();
+    const Result<CXSmartFilterFrame> frame = StoredFilter::frameOf(userID, context);
+    return read && frame ? newTaskContextOf(*read, *frame) : NewTaskContext{};
+}
+
+std::optional<Day> dayOf(const QString &smartListID, const CXClock &clock)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(smartListID);
+    if (smart && (smart->isToday() || smart->isNext7Days())) return clock.today();
+    if (smart && smart->isTomorrow()) return clock.today() + std::chrono::days{1};
+    return std::nullopt;
+}
+
+} // namespace
 
 bool takesNewTasks(const KWListIdentifier &list)
 {
@@ -10,27 +35,24 @@ bool takesNewTasks(const KWListIdentifier &list)
            (smart && (smart->isAll() || smart->isToday() || smart->isTomorrow() || smart->isNext7Days()));
 }
 
-NewTaskContext newTaskContextOf(const KWListIdentifier &list, const CXClock &clock)
+NewTaskContext newTaskContextOf(const KWListIdentifier &list, const QString &userID, ObjectContext &context)
 {
-    NewTaskContext context;
+    NewTaskContext preset;
     switch (list.type) {
     case KWListIdentifierType::Project:
-        context.presetList = list.entityID;
+        preset.presetList = list.entityID;
         break;
     case KWListIdentifierType::Tag:
-        context.presetTags = {list.entityID};
+        preset.presetTags = {list.entityID};
         break;
     case KWListIdentifierType::SmartProject:
-        if (list.entityID == KWSmartProject::today().identifier() ||
-            list.entityID == KWSmartProject::next7days().identifier())
-            context.presetDay = clock.today();
-        else if (list.entityID == KWSmartProject::tomorrow().identifier())
-            context.presetDay = clock.today() + std::chrono::days{1};
+        preset.presetDay = dayOf(list.entityID, context.clock());
         break;
-    case KWListIdentifierType::Group:
     case KWListIdentifierType::Filter:
+        return contextOfFilter(list.entityID, userID, context);
+    case KWListIdentifierType::Group:
     case KWListIdentifierType::View:
         break;
     }
-    return context;
+    return preset;
 }

@@ -2,6 +2,7 @@
 
 #include "capture/KWNewTaskPriorityReferee.h"
 #include "capture/KWNewTaskProjectReferee.h"
+#include "capture/NewTaskContextOfList.h"
 #include "capture/RecognitionJson.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
@@ -80,6 +81,11 @@ TitleRecognition NewTaskService::recognize(const QString &text, const Recognitio
     return recognizer().recognize(text, options);
 }
 
+NewTaskContext NewTaskService::contextOf(const KWListIdentifier &list) const
+{
+    return newTaskContextOf(list, m_kit.account().currentUserID(), m_kit.context());
+}
+
 NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &context)
 {
     NewTaskDraft draft;
@@ -97,7 +103,9 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
     const std::optional<RecognizedList> &list = draft.recognition.list;
     if (list && list->isNew() && !context.manualList) draft.newListName = list->name;
     draft.task.projectID = projectIDFor(draft, context);
-    decidePriority(draft, context);
+    if (!context.presetList || draft.task.projectID == *context.presetList)
+        draft.task.assignee = context.presetAssignee.value_or(KWTaskAssignedToNobody);
+    decideKindAndPriority(draft, context);
 
     KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
     present(draft.recognition, text, context, dates);
@@ -115,11 +123,11 @@ QString NewTaskService::projectIDFor(const NewTaskDraft &draft, const NewTaskCon
     return referee.projectID().value_or(m_kit.account().defaultAddtoList());
 }
 
-void NewTaskService::decidePriority(NewTaskDraft &draft, const NewTaskContext &context) const
+void NewTaskService::decideKindAndPriority(NewTaskDraft &draft, const NewTaskContext &context) const
 {
     const KWProject *project = m_kit.context().find<KWProject>(draft.task.projectID);
     const bool isNotesList = project && project->isNoteKind();
-    if (isNotesList) draft.task.kind = KWTaskKindNote;
+    if (isNotesList || context.isNotedFilter) draft.task.kind = KWTaskKindNote;
 
     KWNewTaskPriorityReferee referee{m_kit.center(),
                                      [defaults = currentDefaults()] { return defaults().priority; }};
@@ -137,6 +145,7 @@ void NewTaskService::present(const TitleRecognition &recognition, const QString 
     referee.setWithNlp(recognition.date.dateTimeReminderModel, text);
     referee.setManual(context.manualDate);
     if (context.presetDay) referee.setPresetDay(*context.presetDay);
+    if (context.presetsNoDate) referee.setPreset(KWTaskDateTimeReminderModel{});
 }
 
 KWNewTaskDateReferee::CurrentDefaults NewTaskService::currentDefaults() const

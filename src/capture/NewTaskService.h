@@ -9,6 +9,7 @@
 
 class OrvaneKit;
 class KWProject;
+struct KWListIdentifier;
 class ObjectContext;
 class QJsonObject;
 
@@ -23,8 +24,12 @@ public:
     /// What the text says, for showing it while it is typed.
     TitleRecognition recognize(const QString &text, const RecognitionOptions &options = {});
 
+    /// What a list implies for tasks made in it, see newTaskContextOf().
+    NewTaskContext contextOf(const KWListIdentifier &list) const;
+
     /// The task that the text means there. Every field comes from the hand's choice, else from the text,
-    /// else from the view, else from the user's defaults. A task in a notes list is a note.
+    /// else from the view, else from the user's defaults. A task in a list or filter of notes is a note. The
+    /// assignee of the view is taken where the list is that of the view.
     NewTaskDraft compose(const QString &text, const NewTaskContext &context = {});
 
     /// Saves that task on top of its list, or at its end where the preference says so, with the tags and the
@@ -43,7 +48,7 @@ private:
                  KWNewTaskDateReferee &referee) const;
     KWNewTaskDateReferee::CurrentDefaults currentDefaults() const;
     QString projectIDFor(const NewTaskDraft &draft, const NewTaskContext &context) const;
-    void decidePriority(NewTaskDraft &draft, const NewTaskContext &context) const;
+    void decideKindAndPriority(NewTaskDraft &draft, const NewTaskContext &context) const;
     Result<KWTaskModel> save(const NewTaskDraft &draft);
     KWProject *projectFor(const NewTaskDraft &draft, ObjectContext &context) const;
 

@@ -43,7 +43,7 @@ Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
     if (!takesNewTasks(*list))
         return Error{
             commandText("Tasks come into “%1” by themselves; none is added to it.").arg(invocation.list)};
-    return newTaskContextOf(*list, kit.clock());
+    return newTaskContextOf(*list, kit.account().currentUserID(), kit.context());
 }
 
 // Answers an error object for a line that cannot be read; the lines after it go on.

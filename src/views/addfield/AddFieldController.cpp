@@ -1,13 +1,12 @@
 #include "views/addfield/AddFieldController.h"
 
-#include "capture/NewTaskContextOfList.h"
 #include "capture/NewTaskService.h"
 #include "views/addfield/KWNewTaskTextField.h"
 
 #include <QFocusEvent>
 
-AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService &service, CXClock &clock)
-    : m_field(field), m_service(service), m_clock(clock)
+AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService &service)
+    : m_field(field), m_service(service)
 {
     m_field.installEventFilter(this);
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
@@ -20,6 +19,8 @@ void AddFieldController::setList(const KWListIdentifier &list)
     endPreset();
     m_list = list;
 }
+
+NewTaskContext AddFieldController::contextOfList() const { return m_service.contextOf(m_list); }
 
 void AddFieldController::setPreset(const NewTaskContext &preset, const QString &placeholder)
 {
@@ -75,7 +76,7 @@ void AddFieldController::undo(const RecognizedPiece &piece)
 
 void AddFieldController::submit(const QString &text)
 {
-    NewTaskContext context = m_preset ? *m_preset : newTaskContextOf(m_list, m_clock);
+    NewTaskContext context = m_preset ? *m_preset : contextOfList();
     context.recognition = m_options;
     const Result<KWTaskModel> task = m_service.add(text, context);
     if (!task) {

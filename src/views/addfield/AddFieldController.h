@@ -6,7 +6,6 @@
 
 #include <QObject>
 
-class CXClock;
 class KWNewTaskTextField;
 class NewTaskService;
 
@@ -17,10 +16,12 @@ class AddFieldController : public QObject {
     Q_OBJECT
 
 public:
-    AddFieldController(KWNewTaskTextField &field, NewTaskService &service, CXClock &clock);
+    AddFieldController(KWNewTaskTextField &field, NewTaskService &service);
 
     /// The list in which the field stands.
     void setList(const KWListIdentifier &list);
+    /// What that list implies for a new task.
+    NewTaskContext contextOfList() const;
     /// What tasks are given instead of what the list implies, until the list is another one or the field is
     /// left empty. The field says so with `placeholder` meanwhile.
     void setPreset(const NewTaskContext &preset, const QString &placeholder);
@@ -40,7 +41,6 @@ private:
 
     KWNewTaskTextField &m_field;
     NewTaskService &m_service;
-    CXClock &m_clock;
     KWListIdentifier m_list;
     std::optional<NewTaskContext> m_preset;
     QString m_placeholderOfList;  // while there is a preset

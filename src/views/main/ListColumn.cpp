@@ -27,7 +27,7 @@ ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchAc
     , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
     , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
     , m_sortMenu{window.listPane().header(), rooms.tasks}
-    , m_addField{window.listPane().addField(), rooms.newTasks, rooms.clock}
+    , m_addField{window.listPane().addField(), rooms.newTasks}
     , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
     , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
     , m_trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}

@@ -42,7 +42,7 @@ struct StatusItem::Popover {
         , service(rooms.kit.manager(), rooms.kit.account(), rooms.kit.center(), rooms.kit.bus())
         , rows(window, service, rooms.clock)
         , ticker(rooms.kit.manager())
-        , addField(window.addField(), rooms.newTasks, rooms.clock)
+        , addField(window.addField(), rooms.newTasks)
         , newMinute(rooms.kit.center().addObserver(KWNewMinuteComesNotification,
                                                    [this](const KWNotification &) { showHead(); }))
     {

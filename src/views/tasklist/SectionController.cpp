@@ -1,6 +1,5 @@
 #include "views/tasklist/SectionController.h"
 
-#include "capture/NewTaskContextOfList.h"
 #include "corvexkit/time/CXClock.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
@@ -29,8 +28,7 @@ void SectionController::add(const TaskListRow &row)
 {
     const KWTaskCategory *section = sectionOf(row);
     if (!section) return;
-    const NewTaskContext ofList = newTaskContextOf(m_parts.service.list(), m_parts.clock);
-    m_parts.addField.setPreset(newTaskContextOf(section->section(), ofList),
+    m_parts.addField.setPreset(newTaskContextOf(section->section(), m_parts.addField.contextOfList()),
                                tr("Add a task to “%1”").arg(section->title()));
     m_parts.pane.addField().setFocus(Qt::ShortcutFocusReason);
 }
