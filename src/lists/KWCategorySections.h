@@ -45,7 +45,8 @@ struct KWTagCategorySection {
 };
 
 struct KWAssigneeCategorySection {
-    QList<std::int64_t> userServerIDs; ///< none for rows that are assigned to nobody
+    QList<std::int64_t> userServerIDs{}; ///< none for rows that are assigned to nobody
+    bool isFormerMember = false;         ///< who has left the list
 
     bool operator==(const KWAssigneeCategorySection &) const = default;
 };

@@ -55,7 +55,14 @@ SectionPlace SectionPlaces::of(const KWTaskListItemModel &row) const
     if (row.isClosed() && m_shown.partsClosedTasks()) return {Completed};
     if (row.isPinned() && m_options.showPinnedSection) return {Pinned};
     if (m_options.partsNotes && isNoteApart(row)) return {Notes};
+    if (isOfFormerMember(row)) return {FormerMembers, row.assignee};
     return {Usual, rankOf(row)};
+}
+
+bool SectionPlaces::isOfFormerMember(const KWTaskListItemModel &row) const
+{
+    return m_sortType == KWTaskSortTypeAssignee && row.assignee != KWTaskAssignedToNobody &&
+           row.assignee != m_shown.clientID && !m_ranks.contains(QString::number(row.assignee));
 }
 
 bool SectionPlaces::isNoteApart(const KWTaskListItemModel &row) const
@@ -131,6 +138,9 @@ KWTaskCategory SectionPlaces::sectionAt(const SectionPlace &place) const
     switch (place.zone) {
     case SectionPlace::Zone::Pinned:
         return {KWPinnedCategorySection{}, u"pinned"_s, KWLocalizedString("Pinned")};
+    case SectionPlace::Zone::FormerMembers:
+        return {KWAssigneeCategorySection{{place.rank}, true}, u"assignee:"_s + QString::number(place.rank),
+                KWLocalizedString("Former Member")};
     case SectionPlace::Zone::Notes:
         return {KWNoteCategorySection{}, u"notes"_s, KWLocalizedString("Notes")};
     case SectionPlace::Zone::Completed:

@@ -5,7 +5,7 @@
 
 /// Where a section stands among the others.
 struct SectionPlace {
-    enum class Zone : std::uint8_t { Pinned, Usual, Notes, Completed };
+    enum class Zone : std::uint8_t { Pinned, Usual, FormerMembers, Notes, Completed };
 
     Zone zone = Zone::Usual;
     std::int64_t rank = 0;
@@ -38,6 +38,7 @@ private:
     std::int64_t rankOfGroup(const QString &id) const;
     std::int64_t rankOfDay(const std::optional<Instant> &moment) const;
     bool isNoteApart(const KWTaskListItemModel &row) const;
+    bool isOfFormerMember(const KWTaskListItemModel &row) const;
     KWTaskCategory usualSection(std::int64_t rank) const;
     KWTaskCategory dateSection(std::int64_t rank) const;
     KWTaskCategory daySection(std::int64_t rank) const;

@@ -220,6 +220,9 @@ QString TaskArranger::hindrance(const QStringList &taskIDs, const TaskDropPlace 
     if (areAllHere && (section.isCompleted() || section.isLoadMore()))
         return KWLocalizedString("Completed tasks stand in the order they were completed in.");
     if (!areAllHere && section.isOverdue()) return KWLocalizedString("A task cannot be moved into the past.");
+    const auto *assignee = section.as<KWAssigneeCategorySection>();
+    if (!areAllHere && assignee && assignee->isFormerMember)
+        return KWLocalizedString("Tasks are not assigned to somebody who has left the list.");
     const auto isNote = [&](const QString &each) {
         const Row *row = rowOf(each, shown);
         return row && row->isNote();
