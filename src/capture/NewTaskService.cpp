@@ -103,8 +103,10 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
     const std::optional<RecognizedList> &list = draft.recognition.list;
     if (list && list->isNew() && !context.manualList) draft.newListName = list->name;
     draft.task.projectID = projectIDFor(draft, context);
-    if (!context.presetList || draft.task.projectID == *context.presetList)
+    if (!context.presetList || draft.task.projectID == *context.presetList) {
+        draft.task.columnID = context.presetColumn.value_or(QString{});
         draft.task.assignee = context.presetAssignee.value_or(KWTaskAssignedToNobody);
+    }
     decideKindAndPriority(draft, context);
 
     KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
@@ -174,6 +176,7 @@ Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
                 KWTag::createNewTagWithName(label, task.userID, TagUniqueness::MayExist, context);
             const KWProject *project = projectFor(draft, context);
             if (!project) return Error{KWLocalizedString("The account has no inbox to put the task into.")};
+            if (task.projectID != project->sid()) task.columnID.clear();
             task.projectID = project->sid();
             task.sortOrder = project->sortOrderForNewTask(end);
             task = context.insert<KWTask>(std::move(task)).model();

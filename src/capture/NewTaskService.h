@@ -29,7 +29,7 @@ public:
 
     /// The task that the text means there. Every field comes from the hand's choice, else from the text,
     /// else from the view, else from the user's defaults. A task in a list or filter of notes is a note. The
-    /// assignee of the view is taken where the list is that of the view.
+    /// column and the assignee of the view are taken where the list is that of the view.
     NewTaskDraft compose(const QString &text, const NewTaskContext &context = {});
 
     /// Saves that task on top of its list, or at its end where the preference says so, with the tags and the

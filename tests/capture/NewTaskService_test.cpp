@@ -96,6 +96,7 @@ private Q_SLOTS:
         context.presetDay = m_store->clock.today() + days{3};
         context.presetPriority = KWTaskPriorityLow;
         context.presetTags = {u"Desk"_s};
+        context.presetColumn = u"next"_s;
         context.presetAssignee = 8;
 
         const KWTaskModel plain = added(u"plain"_s, context);
@@ -104,14 +105,15 @@ private Q_SLOTS:
         QVERIFY(plain.isAllDay);
         QCOMPARE(plain.priority, KWTaskPriorityLow);
         QCOMPARE(plain.tags, QStringList{u"desk"_s});
-        QCOMPARE(plain.assignee, 8);
+        QVERIFY(plain.columnID == u"next" && plain.assignee == 8);
 
         const KWTaskModel said = added(u"said today !high #desk #a ~Inbox"_s, context);
         QCOMPARE(said.projectID, KWProject::inboxIDOfUser(m_store->userID()));
         QCOMPARE(said.startDate, at("2030-05-01 00:00", "Europe/Berlin"));
         QCOMPARE(said.priority, KWTaskPriorityHigh);
         QCOMPARE(said.tags, (QStringList{u"desk"_s, u"a"_s}));
-        QVERIFY2(said.assignee == KWTaskAssignedToNobody, "the member belongs to the list of the view");
+        QVERIFY2(said.columnID.isEmpty() && said.assignee == KWTaskAssignedToNobody,
+                 "column and member belong to the list of the view");
     }
 
     void letsTheHandDecide()

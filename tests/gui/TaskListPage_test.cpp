@@ -1,5 +1,6 @@
 #include "gui/MainWindowHands.h"
 #include "gui/WindowHelp.h"
+#include "model/records/KWColumn.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWTaskTicker.h"
@@ -91,6 +92,39 @@ private Q_SLOTS:
         QTRY_COMPARE(pane().model().rowAt(sectionRow(u"Tomorrow"_s)).count, 2);
         m_client->press(Qt::Key_Escape); // the field is left empty
         QVERIFY(pane().addField().placeholder().contains(u"Inbox"_s));
+    }
+
+    void addsToAColumnAndToNothingOfAnArchivedList()
+    {
+        ObjectContext &context = m_client->kit().context();
+        NewTaskContext doing;
+        doing.presetList =
+            KWProject::createProjectNamed(u"Move"_s, m_client->kit().account().currentUserID(), context)
+                .sid();
+        KWColumnModel column;
+        column.projectID = *doing.presetList;
+        column.name = u"Doing"_s;
+        doing.presetColumn = context.insert<KWColumn>(std::move(column)).sid();
+        QVERIFY(context.save());
+        QVERIFY(m_client->rooms().newTasks().add(u"Boxes"_s, doing));
+        m_client->openList(u"Move"_s);
+        QTRY_COMPARE(shown(), u"[Doing] Boxes"_s);
+
+        goTo(sectionRow(u"Doing"_s));
+        chooseInMenu(u"Add Task"_s);
+        m_client->type(u"Van"_s);
+        m_client->press(Qt::Key_Return);
+        QTRY_COMPARE(shown(), u"[Doing] Van Boxes"_s);
+        const auto takesTasks = [this] {
+            return pane().model().lookOf(pane().model().rowAt(sectionRow(u"Doing"_s))).canAdd;
+        };
+        QVERIFY(takesTasks());
+        context.find<KWProject>(*doing.presetList)->set(&KWProjectModel::closed, true);
+        QVERIFY(context.save());
+        QTRY_VERIFY(!takesTasks());
+        m_client->openList(u"Inbox"_s);
+        sortBy(u"By Time"_s);
+        QVERIFY(pane().model().lookOf(pane().model().rowAt(sectionRow(u"Today"_s))).canAdd);
     }
 
     void changesAllSelectedTasksAtOnce()

@@ -23,9 +23,9 @@ std::optional<Icon> iconOf(const KWTaskCategory &section, Day today)
 // Whether a new task can be given what the section stands for.
 bool canBeGiven(const KWTaskCategory &section)
 {
-    if (section.isOverdue()) return false;
-    if (const auto *days = section.as<KWDateCategorySection>()) return days->date.has_value();
-    return section.isPriority() || section.isProject() || section.isTag();
+    if (const auto *assignee = section.as<KWAssigneeCategorySection>()) return !assignee->isFormerMember;
+    if (section.isDate()) return !section.isOverdue();
+    return section.isPriority() || section.isProject() || section.isTag() || section.isColumn();
 }
 
 } // namespace

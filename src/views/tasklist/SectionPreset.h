@@ -4,5 +4,5 @@
 #include "lists/KWCategorySections.h"
 
 /// What a task is to be that is made in a section of a list: what the list implies, and above it the day,
-/// priority, list or tag that the section stands for.
+/// priority, list, tag, column or assignee that the section stands for.
 NewTaskContext newTaskContextOf(const KWCategorySection &section, NewTaskContext ofList);

@@ -13,11 +13,16 @@ ShownRows::ShownRows(TaskListPane &pane, KWTaskListService &service, const CXClo
 
 void ShownRows::show()
 {
-    const bool takesTasks = takesNewTasks(m_service.list());
+    const bool takesTasks = takesNewTasks(m_service.list()) && !m_isArchived;
     QList<SectionLook> looks;
     for (const KWTaskCategory &each : m_service.categories())
         looks.append(sectionLookOf(each, m_clock.today(), takesTasks));
     m_pane.list().setRows(flatRows(m_service.categories(), m_service.folded()), std::move(looks));
+}
+
+void ShownRows::setIsArchived(bool isArchived)
+{
+    if (std::exchange(m_isArchived, isArchived) != isArchived) show();
 }
 
 void ShownRows::fold(const TaskListRow &row)

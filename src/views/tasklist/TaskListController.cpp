@@ -108,6 +108,7 @@ void TaskListController::showHead()
         isDateList ? DateWording::weekdayAndDay(today + std::chrono::days{isTomorrow}, today, QLocale{})
                    : QString{});
 
+    m_rows.setIsArchived(m_sidebar.isSelectedListClosed());
     const bool takesTasks = takesNewTasks(m_service.list()) && !m_sidebar.isSelectedListClosed();
     // The keyboard stays in the pane when the field goes.
     if (!takesTasks && m_pane.window()->focusWidget() == &m_pane.addField()) m_pane.list().setFocus();
