@@ -2,9 +2,9 @@
 
 #include "lists/KWTaskCategory.h"
 #include "model/records/DayStamp.h"
-#include "model/records/KWTaskSortOrderModels.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "model/store/PositionKind.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,36 +14,6 @@ namespace {
 constexpr int overdueStamp = 1;
 constexpr int laterStamp = 2;
 constexpr int noDateStamp = 0;
-
-// The table that holds the positions, and its column that names the group.
-struct PositionTable {
-    const char *name;
-    const char *group;
-};
-
-std::optional<PositionTable> tableOf(KWTaskSortType sortType)
-{
-    switch (sortType) {
-    case KWTaskSortTypeDate:
-        return PositionTable{KWTaskDueDateSortOrderModel::tableName, "dayStamp"};
-    case KWTaskSortTypePriority:
-        return PositionTable{KWTaskPrioritySortOrderModel::tableName, "priority"};
-    case KWTaskSortTypeProject:
-        return PositionTable{KWTaskProjectSortOrderModel::tableName, "projectID"};
-    case KWTaskSortTypeTag:
-        return PositionTable{KWTaskTagSortOrderModel::tableName, "tagName"};
-    case KWTaskSortTypePinnedDate:
-        return PositionTable{KWTaskPinnedSortOrderModel::tableName, "''"};
-    case KWTaskSortTypeCustom:
-    case KWTaskSortTypeTitle:
-    case KWTaskSortTypeAssignee:
-    case KWTaskSortTypeCreatedTime:
-    case KWTaskSortTypeModifiedTime:
-    case KWTaskSortTypeCompletionDate:
-        break;
-    }
-    return std::nullopt;
-}
 
 int stampOf(const KWDateCategorySection &section)
 {
@@ -58,19 +28,20 @@ ManualPositions ManualPositions::read(const QString &contextID, KWTaskSortType s
                                       Connection &connection)
 {
     ManualPositions positions;
-    const std::optional<PositionTable> table = tableOf(sortType);
-    if (!table) return positions;
-    auto statement = connection.prepare(std::string{"SELECT "} + table->group + ", taskID, sortOrder FROM " +
-                                        table->name + " WHERE contextID = ? AND isDeleted = 0 ORDER BY id");
-    statement.bind(1, contextID);
-    QString group, task;
-    std::int64_t order = 0;
-    while (statement->executeStep()) {
-        columns::read(statement->getColumn(0), group);
-        columns::read(statement->getColumn(1), task);
-        columns::read(statement->getColumn(2), order);
-        positions.m_positions[group].insert(task, order);
-    }
+    visitPositionKind(sortType, [&]<class Kind>(Kind kind) {
+        auto statement =
+            connection.prepare(std::string{"SELECT "} + kind.column + ", taskID, sortOrder FROM " +
+                               Kind::Model::tableName + " WHERE contextID = ? AND isDeleted = 0 ORDER BY id");
+        statement.bind(1, contextID);
+        QString group, task;
+        std::int64_t order = 0;
+        while (statement->executeStep()) {
+            columns::read(statement->getColumn(0), group);
+            columns::read(statement->getColumn(1), task);
+            columns::read(statement->getColumn(2), order);
+            positions.m_positions[group].insert(task, order);
+        }
+    });
     return positions;
 }
 

@@ -1,8 +1,8 @@
 #include "model/store/TaskPositions.h"
 
 #include "model/records/KWSortOrderResetable.h"
-#include "model/records/KWTaskSortOrders.h"
 #include "model/store/KWCoreDataManager.h"
+#include "model/store/PositionKind.h"
 
 #include <QHash>
 #include <QSet>
@@ -11,55 +11,6 @@
 
 namespace {
 
-// Calls `visit` with the kind of record that holds positions of the sort type.
-template <class Visitor>
-void visitKind(KWTaskSortType sortType, Visitor &&visit)
-{
-    switch (sortType) {
-    case KWTaskSortTypeDate:
-        return visit(std::type_identity<KWTaskDueDateSortOrder>{});
-    case KWTaskSortTypePriority:
-        return visit(std::type_identity<KWTaskPrioritySortOrder>{});
-    case KWTaskSortTypeProject:
-        return visit(std::type_identity<KWTaskProjectSortOrder>{});
-    case KWTaskSortTypeTag:
-        return visit(std::type_identity<KWTaskTagSortOrder>{});
-    case KWTaskSortTypePinnedDate:
-        return visit(std::type_identity<KWTaskPinnedSortOrder>{});
-    case KWTaskSortTypeCustom:
-    case KWTaskSortTypeTitle:
-    case KWTaskSortTypeAssignee:
-    case KWTaskSortTypeCreatedTime:
-    case KWTaskSortTypeModifiedTime:
-    case KWTaskSortTypeCompletionDate:
-        break;
-    }
-}
-
-void setGroup(KWTaskDueDateSortOrderModel &model, const QString &group) { model.dayStamp = group.toInt(); }
-void setGroup(KWTaskPrioritySortOrderModel &model, const QString &group)
-{
-    model.priority = valueOf<KWTaskPriority>(group.toInt()).value_or(KWTaskPriorityNone);
-}
-void setGroup(KWTaskProjectSortOrderModel &model, const QString &group) { model.projectID = group; }
-void setGroup(KWTaskTagSortOrderModel &model, const QString &group) { model.tagName = group; }
-void setGroup(KWTaskPinnedSortOrderModel &, const QString &) {}
-
-bool isInGroup(const KWTaskDueDateSortOrderModel &model, const QString &group)
-{
-    return model.dayStamp == group.toInt();
-}
-bool isInGroup(const KWTaskPrioritySortOrderModel &model, const QString &group)
-{
-    return model.priority == group.toInt();
-}
-bool isInGroup(const KWTaskProjectSortOrderModel &model, const QString &group)
-{
-    return model.projectID == group;
-}
-bool isInGroup(const KWTaskTagSortOrderModel &model, const QString &group) { return model.tagName == group; }
-bool isInGroup(const KWTaskPinnedSortOrderModel &, const QString &) { return true; }
-
 template <class Record>
 QList<Record *> recordsOf(const QString &contextID, ObjectContext &context)
 {
@@ -67,14 +18,16 @@ QList<Record *> recordsOf(const QString &contextID, ObjectContext &context)
         {.where = "contextID = ? AND isDeleted = 0", .values = {contextID}, .orderBy = "id"});
 }
 
-template <class Record>
+template <class Kind>
 class Run {
+    using Record = typename Kind::Record;
+
 public:
     Run(const PositionGroup &group, const QString &userID, ObjectContext &context)
         : m_group(group), m_userID(userID), m_context(context)
     {
         for (Record *each : recordsOf<Record>(group.contextID, context))
-            if (isInGroup(each->model(), group.group)) m_records.insert((*each)->taskID, each);
+            if (Kind::groupOf(each->model()) == group.group) m_records.insert((*each)->taskID, each);
     }
 
     void arrange(const QStringList &inOrder, const QSet<QString> &moved)
@@ -105,7 +58,7 @@ private:
         model.userID = m_userID;
         model.contextID = m_group.contextID;
         model.taskID = task;
-        setGroup(model, m_group.group);
+        Kind::setGroup(model, m_group.group);
         record = &m_context.insert<Record>(std::move(model));
         return *record;
     }
@@ -139,16 +92,16 @@ private:
 void arrange(const QStringList &inOrder, const QStringList &moved, const PositionGroup &group,
              const QString &userID, ObjectContext &context)
 {
-    visitKind(group.sortType, [&]<class Record>(std::type_identity<Record>) {
-        Run<Record>{group, userID, context}.arrange(inOrder, {moved.begin(), moved.end()});
+    visitPositionKind(group.sortType, [&]<class Kind>(Kind) {
+        Run<Kind>{group, userID, context}.arrange(inOrder, {moved.begin(), moved.end()});
     });
 }
 
 Result<void> removePositions(const QString &contextID, KWTaskSortType sortType, KWCoreDataManager &manager)
 {
     return KWCoreDataService{manager}.sync_save([&](ObjectContext &context) {
-        visitKind(sortType, [&]<class Record>(std::type_identity<Record>) {
-            for (Record *each : recordsOf<Record>(contextID, context))
+        visitPositionKind(sortType, [&]<class Kind>(Kind) {
+            for (auto *each : recordsOf<typename Kind::Record>(contextID, context))
                 each->deleteForever();
         });
         return Result<void>{};
