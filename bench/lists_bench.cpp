@@ -1,11 +1,13 @@
 // The shown list with 10,000 open tasks of 100,000: until its first rows are there, until all of it is read
-// and cut into sections, and after one task was changed elsewhere.
+// and cut into sections, after one task was changed elsewhere, and after a list as long was deleted.
 
 #include "corvexkit/time/SystemClock.h"
 #include "lists/KWTaskListService.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/store/KWProjectListCountFetcher.h"
+#include "model/store/ListEditor.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -145,5 +147,62 @@ void takeOneTaskChangedElsewhere(benchmark::State &state)
     }
 }
 BENCHMARK(takeOneTaskChangedElsewhere)->Apply(everySortType)->Unit(benchmark::kMillisecond);
+
+QString makeLongList()
+{
+    QString list;
+    const auto made = KWCoreDataService{home().kit->manager()}.sync_save([&list](ObjectContext &context) {
+        const QString user = home().kit->account().currentUserID();
+        list = KWProject::createProjectNamed(u"Old"_s, user, context).sid();
+        for (int i = 0; i < longList; ++i) {
+            KWTaskModel model;
+            model.userID = user;
+            model.title = u"Return chair number %1"_s.arg(i);
+            model.projectID = list;
+            context.insert<KWTask>(std::move(model));
+        }
+        return Result<void>{};
+    });
+    return made ? list : QString{};
+}
+
+void endBackgroundWork()
+{
+    home().kit->manager().threadPool().waitForDone();
+    QCoreApplication::processEvents();
+}
+
+// The main thread's part, with the sidebar counting and the list on show; "whole" is the wait for all of it.
+void deleteALongList(benchmark::State &state)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto seconds = [](Clock::duration time) { return std::chrono::duration<double>(time).count(); };
+    OrvaneKit &kit = *home().kit;
+    ListEditor editor{kit.manager(), kit.account().currentUserID()};
+    KWProjectListCountFetcher counts{kit.manager(), kit.center()};
+    counts.updateCountCache(kit.account().currentUserID());
+    double whole = 0;
+    for (auto _ : state) {
+        const QString list = makeLongList();
+        auto service = makeService();
+        service->select(KWListIdentifier::project(list));
+        waitForAll(*service);
+        endBackgroundWork();
+        const auto begin = Clock::now();
+        editor.deleteList(list, [&state](const Result<void> &done) {
+            if (!done) state.SkipWithError("not deleted");
+        });
+        const auto called = Clock::now();
+        kit.manager().threadPool().waitForDone();
+        const auto deleted = Clock::now();
+        QCoreApplication::processEvents();
+        const auto end = Clock::now();
+        state.SetIterationTime(seconds(called - begin + (end - deleted)));
+        whole += seconds(end - begin);
+        endBackgroundWork();
+    }
+    state.counters["whole"] = benchmark::Counter{whole, benchmark::Counter::kAvgIterations};
+}
+BENCHMARK(deleteALongList)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 } // namespace

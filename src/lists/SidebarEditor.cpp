@@ -209,21 +209,23 @@ SidebarEditor::questionBeforeRemoving(const KWProjectListNode &node) const
                     KWLocalizedString("Delete")};
 }
 
-Result<Done> SidebarEditor::remove(const KWProjectListNode &node)
+void SidebarEditor::remove(const KWProjectListNode &node,
+                           const std::function<void(const Result<Done> &)> &completion)
 {
     const QString id = node.entityID();
     const QString message = KWLocalizedString("“%1” deleted").arg(node.title());
     switch (node.type()) {
     case Type::project:
-        return unsaid(lists().deleteList(id));
+        return lists().deleteList(id,
+                                  [completion](const Result<void> &deleted) { completion(unsaid(deleted)); });
     case Type::group:
-        return said(message, lists().deleteFolder(id));
+        return completion(said(message, lists().deleteFolder(id)));
     case Type::tag:
-        return unsaid(KWTagService{m_parts.manager, userID()}.remove(id));
+        return completion(unsaid(KWTagService{m_parts.manager, userID()}.remove(id)));
     case Type::filter:
-        return said(message, KWFilterService{m_parts.manager, userID()}.remove(id));
+        return completion(said(message, KWFilterService{m_parts.manager, userID()}.remove(id)));
     default:
-        return notFor(node);
+        return completion(notFor(node));
     }
 }
 

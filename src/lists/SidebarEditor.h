@@ -47,7 +47,8 @@ public:
         QString confirmation; ///< what the button says that removes it
     };
     std::optional<Question> questionBeforeRemoving(const KWProjectListNode &node) const;
-    Result<Done> remove(const KWProjectListNode &node);
+    /// `completion` is called at once, but for a list: that goes in the background.
+    void remove(const KWProjectListNode &node, const std::function<void(const Result<Done> &)> &completion);
 
 private:
     bool areInTrash(const QStringList &taskIDs) const;

@@ -181,15 +181,16 @@ Result<UndoToken> ListEditor::deleteFolder(const QString &groupID)
     });
 }
 
-Result<void> ListEditor::deleteList(const QString &listID)
+void ListEditor::deleteList(const QString &listID, std::function<void(const Result<void> &)> completion)
 {
-    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+    const auto remove = [listID, userID = m_userID](ObjectContext &context) -> Result<void> {
         KWProject *list = context.find<KWProject>(listID);
         if (Result<void> allowed = mayChangeList(list); !allowed) return allowed;
-        KWUserSettings *settings = context.find<KWUserSettings>(m_userID);
+        KWUserSettings *settings = context.find<KWUserSettings>(userID);
         if (settings && (*settings)->defaultListID == listID)
             settings->set(&KWUserSettingsModel::defaultListID, QString{});
         removeWithContents(*list);
         return {};
-    });
+    };
+    KWCoreDataService{m_manager}.async_save(remove, std::move(completion));
 }

@@ -38,8 +38,9 @@ public:
     Result<UndoToken> deleteFolder(const QString &groupID);
     /// For good, with all its tasks, those in the trash included, and all that is kept about it. New tasks
     /// go to the inbox when they went there. Of a list that somebody else shares only what is here is
-    /// removed: the user leaves it.
-    Result<void> deleteList(const QString &listID);
+    /// removed: the user leaves it. Done in the background, for a list may hold many tasks; then `completion`
+    /// is called on the main thread, unless the manager goes first.
+    void deleteList(const QString &listID, std::function<void(const Result<void> &)> completion);
 
 private:
     Result<UndoToken> editList(const QString &listID, const std::function<Result<void>(KWProject &)> &edit);

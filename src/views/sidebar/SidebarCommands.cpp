@@ -141,7 +141,10 @@ void SidebarCommands::remove(const KWProjectListNode &node)
         if (answer != 0) return;
     }
     m_deletes.commitPending(); // what waits to be deleted may be in it
-    if (const KWProjectListNode *found = this->node(type, id)) report(m_editor.remove(*found));
+    if (const KWProjectListNode *found = this->node(type, id))
+        m_editor.remove(*found, [commands = QPointer{this}](const Result<SidebarEditor::Done> &done) {
+            if (commands) commands->report(done);
+        });
 }
 
 void SidebarCommands::move(const KWProjectListNode &node, int step)
