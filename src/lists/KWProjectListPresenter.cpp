@@ -10,8 +10,6 @@
 
 namespace {
 
-using Section = ProjectListSection;
-
 QString foldingKey(const KWProjectListNode &node)
 {
     return QString::number(int(node.type())) + u':' + node.entityID();
@@ -50,20 +48,20 @@ void KWProjectListPresenter::observe(KWNotificationCenter &center)
     const auto on = [this, &center](const QString &name, KWNotificationCenter::Handler handler) {
         m_observations.push_back(center.addObserver(name, std::move(handler)));
     };
-    const auto refreshOn = [this, &on](const QString &name, Section section) {
-        on(name, [this, section](const KWNotification &) { refresh(std::array{section}); });
-    };
-    on(KWSmartListDisplayStatusDidChangeNotification,
-       [this](const auto &) { refresh(allProjectListSections); });
-    on(KWSidebarSortOrderDidChangeNotification, [this](const auto &) { refresh(allProjectListSections); });
-    on(KWDataDidChangeOutsideMainAppNotification, [this](const auto &) { refresh(allProjectListSections); });
+    using Presenter = KWProjectListPresenter;
+    const std::pair<QString, void (Presenter::*)()> handlers[]{
+        {KWSmartListDisplayStatusDidChangeNotification, &Presenter::smartListVisibilityDidChange},
+        {KWSidebarSortOrderDidChangeNotification, &Presenter::sidebarSortorderChanged},
+        {KWDataDidChangeOutsideMainAppNotification, &Presenter::dataDidChangeOutsideMainApp},
+        {KWTeamDidPullNotification, &Presenter::teamDidPull},
+        {KWSingleProjectSyncFinishedNotification, &Presenter::singleProjectSyncFinished},
+        {KWCalSubDisplayStatusDidChangeNotification, &Presenter::calSubDisplayStatusChanged},
+        {KWCalSubscriptionAvaliableDidChangeNotification, &Presenter::calSubscriptionAvaliableChanged},
+        {KWHabitSettingsChangedNotification, &Presenter::habitSettingsDidChange},
+        {countChanged, &Presenter::itemsCountDidChange}};
+    for (const auto &[name, handler] : handlers)
+        on(name, [this, handler = handler](const auto &) { (this->*handler)(); });
     on(KWSyncDidBatchPullNotification, [this](const auto &pull) { syncDidBatchPull(pull); });
-    refreshOn(KWTeamDidPullNotification, Section::Lists);
-    refreshOn(KWSingleProjectSyncFinishedNotification, Section::Lists);
-    refreshOn(KWCalSubDisplayStatusDidChangeNotification, Section::Subscriptions);
-    refreshOn(KWCalSubscriptionAvaliableDidChangeNotification, Section::Subscriptions);
-    refreshOn(KWHabitSettingsChangedNotification, Section::SmartLists);
-    on(countChanged, [this](const auto &) { itemsCountDidChange(); });
     for (const QString &each : recountNotifications())
         on(each, [this](const KWNotification &posted) { recount(countsToRenewOn(posted.name)); });
 }

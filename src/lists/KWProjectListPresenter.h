@@ -78,8 +78,20 @@ public:
 private:
     void observe(KWNotificationCenter &center);
     void refresh(std::span<const ProjectListSection> sections);
+    void refresh(ProjectListSection section) { refresh(std::span{&section, 1}); }
+
+    // What the notifications do.
+    void smartListVisibilityDidChange() { refresh(allProjectListSections); }
+    void sidebarSortorderChanged() { refresh(allProjectListSections); }
+    void dataDidChangeOutsideMainApp() { refresh(allProjectListSections); }
+    void teamDidPull() { refresh(ProjectListSection::Lists); }
+    void singleProjectSyncFinished() { refresh(ProjectListSection::Lists); }
+    void calSubDisplayStatusChanged() { refresh(ProjectListSection::Subscriptions); }
+    void calSubscriptionAvaliableChanged() { refresh(ProjectListSection::Subscriptions); }
+    void habitSettingsDidChange() { refresh(ProjectListSection::SmartLists); }
     void syncDidBatchPull(const KWNotification &pull);
     void itemsCountDidChange();
+
     void didReplace();
     void restoreSelection();
     bool canShow(const KWListIdentifier &list);

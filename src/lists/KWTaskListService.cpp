@@ -137,10 +137,10 @@ void KWTaskListService::loadMoreCompleted()
 
 void KWTaskListService::setSectionsFolded(const QStringList &names, bool isFolded)
 {
-    const QSet<QString> before = m_folded.sections;
+    const QSet<QString> before = m_folded.collapsedCategories;
     const QSet<QString> changed{names.begin(), names.end()};
-    isFolded ? m_folded.sections.unite(changed) : m_folded.sections.subtract(changed);
-    if (m_folded.sections != before) saveFolding();
+    isFolded ? m_folded.collapsedCategories.unite(changed) : m_folded.collapsedCategories.subtract(changed);
+    if (m_folded.collapsedCategories != before) saveFolding();
 }
 
 void KWTaskListService::setTaskFolded(const QString &taskID, bool isFolded)
@@ -159,7 +159,7 @@ void KWTaskListService::readFolding()
         if (each.startsWith(foldedTask))
             m_folded.tasks.insert(each.sliced(foldedTask.size()));
         else
-            m_folded.sections.insert(each);
+            m_folded.collapsedCategories.insert(each);
 }
 
 void KWTaskListService::saveFolding()
@@ -167,7 +167,7 @@ void KWTaskListService::saveFolding()
     if (onRowsChanged) onRowsChanged();
     KWListDisplayConfigurationManager configurations{m_manager, m_center, m_account.currentUserID()};
     KWListDisplayConfigurationModel configuration = configurations.configuration(m_list);
-    configuration.collapsedGroups = m_folded.sections.values();
+    configuration.collapsedGroups = m_folded.collapsedCategories.values();
     for (const QString &each : std::as_const(m_folded.tasks))
         configuration.collapsedGroups.append(foldedTask + each);
     configuration.collapsedGroups.sort();

@@ -24,9 +24,10 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
         read = content.readOpenTasks(fetcher, {userID, list, extent.openTasks, {}, content.shown.sortType()},
                                      connection);
         if (read && content.shown.showsCompleted)
-            read = content.readCompletedTasks(fetcher, {userID, list, extent.closedTasks}, connection);
+            read = content.readCompletedTasks(fetcher, {userID, list, extent.countToShowOfCompleted},
+                                              connection);
     } else {
-        read = content.readDays(fetcher, {userID, list, extent.closedTasks}, connection);
+        read = content.readDays(fetcher, {userID, list, extent.countToShowOfCompleted}, connection);
     }
     if (!read) return read.error();
     return content;
@@ -75,7 +76,8 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
     Result<void> read = shown.readPositions(context.connection());
     const qsizetype openRows = rows.size();
     if (read && shown.showsCompleted)
-        read = readCompletedTasks(fetcher, {userID, shown.list, extent.closedTasks}, context.connection());
+        read = readCompletedTasks(fetcher, {userID, shown.list, extent.countToShowOfCompleted},
+                                  context.connection());
     if (!read) return read.error();
     changes.areInClosedTasks = closedBefore != rows.sliced(openRows) || countBefore != completedCount ||
                                positionsBefore != std::pair{shown.positions, shown.pinnedPositions};

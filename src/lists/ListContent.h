@@ -11,7 +11,7 @@ struct ListDataRequest;
 /// How much of a list is read.
 struct ListExtent {
     std::int64_t openTasks = -1; ///< from the top; negative: all
-    std::int64_t closedTasks = 0;
+    std::int64_t countToShowOfCompleted = 0;
 };
 
 /// A list as it was read. A value: it may cross threads.

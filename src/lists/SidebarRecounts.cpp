@@ -23,27 +23,31 @@ Types with(Types types, const Types &more)
     return types;
 }
 
+// The kinds of nodes that count again on a notification.
 struct Recount {
     QString notification;
     Types types;
 };
 
-const auto &recounts()
-{
-    static const std::array<Recount, 10> table{{
-        {KWNewDayComesNotification, {Type::smartProject, Type::tag, Type::filter}},
-        {KWSyncDidPullHabitsNotification, {Type::smartProject}},
-        {KWUserSettingsDidChangeNotification, {Type::smartProject, Type::filter}},
-        {KWCalSubDidPullEventsNotification, with(calendars, {Type::smartProject, Type::filter})},
-        {KWKWRepeatInstanceGeneratedNotification, everyKind},
-        {KWSingleProjectSyncFinishedNotification, withTasks},
-        {KWListDisplayConfigurationDidChangeNotification, {}}, // which rows are shown, not which are open
-        {KWHabitSettingsChangedNotification, {Type::smartProject}},
-        {KWCalSubDisplayStatusDidChangeNotification, with(calendars, {Type::smartProject})},
-        {KWDataDidChangeOutsideMainAppNotification, everyKind},
-    }};
-    return table;
-}
+const Recount newDayComes{KWNewDayComesNotification, {Type::smartProject, Type::tag, Type::filter}};
+const Recount didPullHabits{KWSyncDidPullHabitsNotification, {Type::smartProject}};
+const Recount userSettingsDidChange{KWUserSettingsDidChangeNotification, {Type::smartProject, Type::filter}};
+const Recount calSubDidPullEvents{KWCalSubDidPullEventsNotification,
+                                  with(calendars, {Type::smartProject, Type::filter})};
+const Recount repeatInstanceGenerated{KWKWRepeatInstanceGeneratedNotification, everyKind};
+const Recount singleProjectSyncFinished{KWSingleProjectSyncFinishedNotification, withTasks};
+// Which rows are shown is another now, not which are open.
+const Recount listDisplayDidChange{KWListDisplayConfigurationDidChangeNotification, {}};
+const Recount habitSettingsDidChange{KWHabitSettingsChangedNotification, {Type::smartProject}};
+const Recount calSubDisplayStatusChanged{KWCalSubDisplayStatusDidChangeNotification,
+                                         with(calendars, {Type::smartProject})};
+const Recount dataDidChangeOutside{KWDataDidChangeOutsideMainAppNotification, everyKind};
+
+const std::array<const Recount *, 10> recounts{
+    &newDayComes,          &didPullHabits,           &userSettingsDidChange,
+    &calSubDidPullEvents,  &repeatInstanceGenerated, &singleProjectSyncFinished,
+    &listDisplayDidChange, &habitSettingsDidChange,  &calSubDisplayStatusChanged,
+    &dataDidChangeOutside};
 
 SidebarCountKinds countsOf(Type type)
 {
@@ -67,15 +71,15 @@ SidebarCountKinds countsOf(Type type)
 QStringList recountNotifications()
 {
     QStringList names;
-    for (const Recount &each : recounts())
-        names.append(each.notification);
+    for (const Recount *each : recounts)
+        names.append(each->notification);
     return names;
 }
 
 bool recountsOn(const QString &notification, KWProjectListNodeType type)
 {
-    const auto found = std::ranges::find(recounts(), notification, &Recount::notification);
-    return found != recounts().end() && found->types.contains(type);
+    const auto found = std::ranges::find(recounts, notification, &Recount::notification);
+    return found != recounts.end() && (*found)->types.contains(type);
 }
 
 SidebarCountKinds countsToRenewOn(const QString &notification)

@@ -40,7 +40,7 @@ QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const Folde
             if (!isFolded) rows.append({TaskListRow::Kind::LoadMore, u"loadMore"_s, i});
             continue;
         }
-        isFolded = !section.hidesHeader() && folded.sections.contains(section.name());
+        isFolded = !section.hidesHeader() && folded.collapsedCategories.contains(section.name());
         if (!section.hidesHeader())
             rows.append({TaskListRow::Kind::Section, u"section:"_s + section.name(), i, section.title(),
                          section.count(), isFolded});

@@ -6,8 +6,8 @@
 
 /// What is folded in a list.
 struct FoldedRows {
-    QSet<QString> sections; ///< their names
-    QSet<QString> tasks;    ///< the ids of those whose children are hidden
+    QSet<QString> collapsedCategories; ///< the names of sections
+    QSet<QString> tasks;               ///< the ids of those whose children are hidden
 
     bool operator==(const FoldedRows &) const = default;
 };

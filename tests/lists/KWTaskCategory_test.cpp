@@ -32,7 +32,7 @@ private Q_SLOTS:
         if (categories.last().isCompleted()) categories.append(KWTaskCategory::loadMore());
         FoldedRows folded;
         for (const QString &each : cells.at(2).split(u' ')) {
-            folded.sections.insert(each);
+            folded.collapsedCategories.insert(each);
             folded.tasks.insert(each);
         }
         const QList<TaskListRow> rows = flatRows(categories, folded);

@@ -2,6 +2,12 @@
 
 #include "model/store/KWListDataFetcher.h"
 
+void CompletedPage::updateIsTotallyLoaded(std::int64_t limit)
+{
+    isTotallyLoaded = limit < 0 || models.size() <= limit;
+    if (!isTotallyLoaded) models.removeLast();
+}
+
 KWCompletionLoader::KWCompletionLoader(KWCoreDataManager &manager, QString userID)
     : m_manager(manager), m_userID(std::move(userID))
 {
@@ -16,8 +22,7 @@ void KWCompletionLoader::load(const CompletedTasksRequest &request, Completion c
         auto rows = KWListDataFetcher{context.clock()}.completedTasks(oneMore, context.connection());
         if (!rows) return rows.error();
         page->models = std::move(*rows);
-        page->isTotallyLoaded = request.limit < 0 || page->models.size() <= request.limit;
-        if (!page->isTotallyLoaded) page->models.removeLast();
+        page->updateIsTotallyLoaded(request.limit);
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(

@@ -14,6 +14,9 @@
 struct CompletedPage {
     QList<KWTaskListItemModel> models;
     bool isTotallyLoaded = false; ///< nothing follows
+
+    /// Of a page for which one row more than `limit` was asked; that one is let go.
+    void updateIsTotallyLoaded(std::int64_t limit);
 };
 
 /// Pages of completed tasks. The pages of an account on this computer come from the store, which has all

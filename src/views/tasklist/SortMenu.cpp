@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 SortMenu::SortMenu(PageHeader &header, KWTaskListService &service) : m_header(header), m_service(service)
 {
-    connect(&m_header, &PageHeader::sortMenuRequested, this, &SortMenu::open);
+    connect(&m_header, &PageHeader::sortMenuRequested, this, [this] { popup(m_header.sortButton()); });
 }
 
 void SortMenu::show()
@@ -17,7 +17,7 @@ void SortMenu::show()
                                                : QString{});
 }
 
-void SortMenu::open()
+void SortMenu::popup(const QWidget &relativeTo)
 {
     auto *menu = new QMenu{&m_header};
     menu->setObjectName(u"sortMenu"_s);
@@ -25,24 +25,25 @@ void SortMenu::open()
     addSortTypes(*menu);
     menu->addSeparator();
     addCompleted(*menu);
-    const QWidget &button = m_header.sortButton();
-    const bool isMirrored = button.layoutDirection() == Qt::RightToLeft;
-    const int x = isMirrored ? 0 : button.width() - menu->sizeHint().width();
-    menu->popup(button.mapToGlobal(QPoint{x, button.height() + 2}));
+    const bool isMirrored = relativeTo.layoutDirection() == Qt::RightToLeft;
+    const int x = isMirrored ? 0 : relativeTo.width() - menu->sizeHint().width();
+    menu->popup(relativeTo.mapToGlobal(QPoint{x, relativeTo.height() + 2}));
 }
 
 void SortMenu::addSortTypes(QMenu &menu)
 {
+    const auto selectHandler = [this](KWTaskSortType sortType) { report(m_service.setSortType(sortType)); };
+    const auto resumeHandler = [this] { report(m_service.resetManualOrder()); };
     const KWTaskSortTypeMenu offered = m_service.sortMenu();
     for (const KWTaskSortType each : offered.sortTypes()) {
         QAction *action = menu.addAction(KWTaskSortTypeMenu::titleOf(each), this,
-                                         [this, each] { report(m_service.setSortType(each)); });
+                                         [each, selectHandler] { selectHandler(each); });
         action->setCheckable(true);
         action->setChecked(each == offered.selectedType);
     }
     if (const auto reset = offered.resetTitle()) {
         menu.addSeparator();
-        menu.addAction(*reset, this, [this] { report(m_service.resetManualOrder()); });
+        menu.addAction(*reset, this, resumeHandler);
     }
 }
 

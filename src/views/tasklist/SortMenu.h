@@ -23,7 +23,7 @@ Q_SIGNALS:
     void failed(const QString &sentence);
 
 private:
-    void open();
+    void popup(const QWidget &relativeTo);
     void addSortTypes(QMenu &menu);
     void addCompleted(QMenu &menu);
     void report(const Result<void> &done);
