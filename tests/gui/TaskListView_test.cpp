@@ -61,6 +61,25 @@ private Q_SLOTS:
         QCOMPARE(empty.view.currentTask(), QString{});
     }
 
+    void keysShowTheFocusAndTheMouseHidesIt()
+    {
+        Shown shown{rowsFrom(1, 3)};
+        const auto picture = [&shown] { return shown.view.viewport()->grab().toImage(); };
+        const auto click = [&shown] {
+            QTest::mouseClick(shown.view.viewport(), Qt::LeftButton, {}, shown.title(u"task 2"_s));
+        };
+        click();
+        const QImage clicked = picture();
+        QTest::keyClick(&shown.view, Qt::Key_Control); // to click another one as well
+        QCOMPARE(picture(), clicked);
+        QTest::keyClick(&shown.view, Qt::Key_Down);
+        QTest::keyClick(&shown.view, Qt::Key_Up);
+        QCOMPARE(shown.view.currentTask(), u"task 2"_s);
+        QVERIFY(picture() != clicked);
+        click();
+        QCOMPARE(picture(), clicked);
+    }
+
     void checkboxIsPressedWithoutSelecting()
     {
         Shown shown{rowsFrom(1, 5)};

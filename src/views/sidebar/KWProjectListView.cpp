@@ -1,6 +1,7 @@
 #include "views/sidebar/KWProjectListView.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/controls/FocusMark.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
 #include "views/theme/ThemeConfigurator.h"
@@ -239,12 +240,14 @@ bool KWProjectListView::performKey(const QKeyEvent &event, KWProjectListNode &no
 
 void KWProjectListView::keyPressEvent(QKeyEvent *event)
 {
+    FocusMark::keyPressed(*this, *event);
     KWProjectListNode *node = m_model.nodeAt(currentIndex());
     if (!node || !performKey(*event, *node)) QTreeView::keyPressEvent(event);
 }
 
 void KWProjectListView::mousePressEvent(QMouseEvent *event)
 {
+    FocusMark::mousePressed(*this);
     const QPoint position = event->position().toPoint();
     const QModelIndex index = indexAt(position);
     if (index.isValid() && event->button() == Qt::LeftButton) {

@@ -1,4 +1,5 @@
 // How keys, presses and drags are taken by the list of tasks.
+#include "views/controls/FocusMark.h"
 #include "views/tasklist/DropTarget.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/tasklist/TaskMimeData.h"
@@ -32,6 +33,7 @@ QPixmap dragPicture(const QString &text, double devicePixelRatio)
 
 void TaskListView::keyPressEvent(QKeyEvent *event)
 {
+    FocusMark::keyPressed(*this, *event);
     if (state() != EditingState && handleKey(*event)) return;
     QListView::keyPressEvent(event);
 }
@@ -160,6 +162,7 @@ void TaskListView::press(const Spot &spot)
 
 void TaskListView::mousePressEvent(QMouseEvent *event)
 {
+    FocusMark::mousePressed(*this);
     m_pressed = event->button() == Qt::LeftButton ? spotAt(event->position().toPoint()) : Spot{};
     if (!m_pressed.row.isValid()) QListView::mousePressEvent(event);
 }
