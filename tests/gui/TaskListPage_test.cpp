@@ -87,9 +87,10 @@ private Q_SLOTS:
         chooseInMenu(u"Add Task"_s);
         QVERIFY(pane().addField().hasFocus());
         QVERIFY(pane().addField().placeholder().contains(u"Tomorrow"_s));
-        m_client->type(u"Pack"_s);
+        m_client->type(u"Pack #trip"_s); // a new tag: the sidebar changes
         m_client->press(Qt::Key_Return);
         QTRY_COMPARE(pane().model().rowAt(sectionRow(u"Tomorrow"_s)).count, 2);
+        QVERIFY(pane().addField().placeholder().contains(u"Tomorrow"_s));
         m_client->press(Qt::Key_Escape); // the field is left empty
         QVERIFY(pane().addField().placeholder().contains(u"Inbox"_s));
     }

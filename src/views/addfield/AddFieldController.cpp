@@ -16,6 +16,7 @@ AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService
 
 void AddFieldController::setList(const KWListIdentifier &list)
 {
+    if (list == m_list) return; // told again when the sidebar has changed
     endPreset();
     m_list = list;
 }
@@ -26,15 +27,14 @@ void AddFieldController::setPreset(const NewTaskContext &preset, const QString &
 {
     endPreset();
     m_preset = preset;
-    m_placeholderOfList = m_field.placeholder();
-    m_field.setPlaceholder(placeholder);
+    m_field.setPassingPlaceholder(placeholder);
 }
 
 void AddFieldController::endPreset()
 {
     if (!m_preset) return;
     m_preset.reset();
-    m_field.setPlaceholder(m_placeholderOfList);
+    m_field.setPassingPlaceholder({});
 }
 
 bool AddFieldController::eventFilter(QObject *watched, QEvent *event)

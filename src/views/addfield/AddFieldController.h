@@ -43,6 +43,5 @@ private:
     NewTaskService &m_service;
     KWListIdentifier m_list;
     std::optional<NewTaskContext> m_preset;
-    QString m_placeholderOfList;  // while there is a preset
     RecognitionOptions m_options; // until the field is empty again
 };

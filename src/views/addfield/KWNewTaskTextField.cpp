@@ -110,7 +110,18 @@ void KWNewTaskTextField::setPieces(QList<RecognizedPiece> pieces)
 void KWNewTaskTextField::setPlaceholder(const QString &placeholder)
 {
     m_placeholder = placeholder;
-    setAccessibleDescription(placeholder);
+    showPlaceholder();
+}
+
+void KWNewTaskTextField::setPassingPlaceholder(const QString &placeholder)
+{
+    m_passingPlaceholder = placeholder;
+    showPlaceholder();
+}
+
+void KWNewTaskTextField::showPlaceholder()
+{
+    setAccessibleDescription(placeholder());
     viewport()->update();
 }
 
@@ -312,7 +323,7 @@ void KWNewTaskTextField::paintPlaceholder(QPainter &painter) const
     painter.setFont(plain);
     painter.setPen(Theme::current().faintText);
     const QRect bounds = viewport()->rect().adjusted(documentMargin, 0, -documentMargin, 0);
-    const QString shown = painter.fontMetrics().elidedText(m_placeholder, Qt::ElideRight, bounds.width());
+    const QString shown = painter.fontMetrics().elidedText(placeholder(), Qt::ElideRight, bounds.width());
     painter.drawText(bounds, int(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine), shown);
 }
 

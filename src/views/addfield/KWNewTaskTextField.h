@@ -29,7 +29,12 @@ public:
     const QList<RecognizedPiece> &pieces() const { return m_pieces; }
 
     void setPlaceholder(const QString &placeholder);
-    const QString &placeholder() const { return m_placeholder; }
+    /// Shown instead for a while; empty: the other one again.
+    void setPassingPlaceholder(const QString &placeholder);
+    const QString &placeholder() const
+    {
+        return m_passingPlaceholder.isEmpty() ? m_placeholder : m_passingPlaceholder;
+    }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -68,12 +73,14 @@ private:
     QRectF pieceBounds(const RecognizedPiece &piece) const;
     std::optional<RecognizedPiece> pieceAt(const QPoint &position) const;
     void paintFrame();
+    void showPlaceholder();
     void paintPlaceholder(QPainter &painter) const;
     void placeViewport();
 
     QList<RecognizedPiece> m_pieces;
     QString m_announcedText;
     QString m_placeholder;
+    QString m_passingPlaceholder;
     std::optional<RecognizedPiece> m_pressedPiece;
     QPoint m_pressPosition;
 };
