@@ -5,7 +5,9 @@
 #include "views/theme/Icons.h"
 #include "views/theme/ThemeConfigurator.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QPainter>
 #include <QSignalSpy>
 
@@ -116,6 +118,20 @@ private Q_SLOTS:
             return image;
         };
         QVERIFY(drawn(Fonts::LineStyle::StruckOut) != drawn(Fonts::LineStyle::Plain));
+    }
+
+    void aBoxOfChoicesOpensAsHighAsTheyAre()
+    {
+        ThemeConfigurator::shared().apply();
+        QComboBox box;
+        box.addItems({u"Never"_s, u"Every day"_s, u"Every month on the last working day"_s});
+        box.show();
+        box.showPopup();
+        const int row = box.view()->sizeHintForRow(0);
+        QVERIFY(row >= box.fontMetrics().height() && row < 2 * box.height());
+        const QWidget *list = box.view()->window();
+        QVERIFY(list->height() >= 3 * row && list->height() < 4 * row);
+        QVERIFY(list->width() > QFontMetrics{box.font()}.horizontalAdvance(box.itemText(2)));
     }
 
     void everyIconDraws()

@@ -52,8 +52,9 @@ void drawSubmenuArrow(QPainter &painter, const QRect &bounds, const QColor &colo
 QSize MenuPainting::itemSize(const QStyleOptionMenuItem &item, const QSize &contents)
 {
     if (item.menuItemType == QStyleOptionMenuItem::Separator) return {contents.width(), separatorHeight};
+    // A box of choices gives its whole list for the contents.
     return {contents.width() + 2 * itemPadding + beforeKeys + marksWidth(item),
-            std::max(Metrics::scaled(itemHeight), contents.height())};
+            std::max(Metrics::scaled(itemHeight), item.fontMetrics.height() + Metrics::grid)};
 }
 
 void MenuPainting::drawItem(QPainter &painter, const QStyleOptionMenuItem &item)

@@ -39,6 +39,15 @@ QPalette paletteOf(const Theme &theme)
     return palette;
 }
 
+// Also of the list that a box of choices opens.
+QPalette menuPaletteOf(const Theme &theme)
+{
+    QPalette palette = paletteOf(theme);
+    palette.setColor(QPalette::Window, theme.popup);
+    palette.setColor(QPalette::Base, theme.popup);
+    return palette;
+}
+
 } // namespace
 
 double Metrics::textScale() { return ThemeConfigurator::shared().textScale(); }
@@ -103,5 +112,6 @@ void ThemeConfigurator::dress()
         m_textScale = std::max(1.0, screen->logicalDotsPerInchY() / 96);
     QApplication::setFont(Fonts::font(Fonts::Role::Body));
     QApplication::setPalette(paletteOf(*m_theme));
+    QApplication::setPalette(menuPaletteOf(*m_theme), "QMenu");
     Q_EMIT themeChanged();
 }

@@ -6,6 +6,7 @@
 #include "views/theme/PopupEdge.h"
 #include "views/theme/Theme.h"
 
+#include <QComboBox>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -117,6 +118,11 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
     if (element == CE_MenuEmptyArea) return;
     if (element == CE_MenuBarEmptyArea) return MenuPainting::drawBarBackground(*painter, option->rect);
     if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
+        if (element == CE_MenuItem && qobject_cast<const QComboBox *>(widget)) {
+            QStyleOptionMenuItem choice = *item;
+            choice.rect.adjust(MenuPainting::margin, 0, -MenuPainting::margin, 0);
+            return MenuPainting::drawItem(*painter, choice);
+        }
         if (element == CE_MenuItem) return MenuPainting::drawItem(*painter, *item);
         if (element == CE_MenuBarItem) return MenuPainting::drawBarItem(*painter, *item);
     }
@@ -201,7 +207,8 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption *option
         item && type == CT_MenuItem)
         return MenuPainting::itemSize(*item, contents);
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    if (type == CT_ComboBox) size.rwidth() += 2 * comboBoxPadding;
+    // Its list has marks and stands within the margins of a menu.
+    if (type == CT_ComboBox) size.rwidth() += 2 * (comboBoxPadding + MenuPainting::margin);
     if (type == CT_PushButton) size.rwidth() += 2 * buttonPadding;
     const bool isField = type == CT_LineEdit && hasOutline(option);
     const bool isControl = isField || type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox;
