@@ -138,7 +138,7 @@ void MainWindow::openDetail()
 void MainWindow::closeDetailSheet()
 {
     if (m_isNarrow) m_detail->hide();
-    m_listPane->list().setFocus(Qt::OtherFocusReason);
+    m_listPane->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

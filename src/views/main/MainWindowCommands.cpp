@@ -7,6 +7,7 @@
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/datepicker/DatePicker.h"
 #include "views/main/MainWindow.h"
+#include "views/main/SelectedTasks.h"
 #include "views/print/ListExport.h"
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
@@ -41,8 +42,9 @@ MainWindowCommands::MainWindowCommands(const Parts &parts) : m_parts(parts)
     connectEditing();
     connectLists();
     MainMenu &menu = m_parts.menu;
-    connect(&m_parts.window.listPane().list(), &TaskListView::currentTaskChanged, this,
-            [&menu](const QString &taskID) { menu.updateTaskMenuItemsWithEnabled(!taskID.isEmpty()); });
+    const SelectedTasks &selected = m_parts.selected;
+    connect(&selected, &SelectedTasks::changed, this,
+            [&menu, &selected] { menu.updateTaskMenuItemsWithEnabled(!selected.current().isEmpty()); });
 }
 
 MainWindowCommands::~MainWindowCommands() { m_parts.menu.updateTaskMenuItemsWithEnabled(false); }
@@ -51,21 +53,22 @@ void MainWindowCommands::connectTaskCommands()
 {
     const auto today = [this] { return m_parts.clock.today(); };
     on(MenuCommand::AddTask, [this] { addTask(); });
-    on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(selectedTasks()); });
+    on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(m_parts.selected.ids()); });
     on(MenuCommand::SetDate, [this] { pickDate(); });
-    on(MenuCommand::ClearDate, [this] { m_parts.tasks.clearDate(selectedTasks()); });
-    on(MenuCommand::SetToday, [this, today] { m_parts.tasks.setDay(selectedTasks(), today()); });
+    on(MenuCommand::ClearDate, [this] { m_parts.tasks.clearDate(m_parts.selected.ids()); });
+    on(MenuCommand::SetToday, [this, today] { m_parts.tasks.setDay(m_parts.selected.ids(), today()); });
     on(MenuCommand::SetTomorrow,
-       [this, today] { m_parts.tasks.setDay(selectedTasks(), today() + std::chrono::days{1}); });
+       [this, today] { m_parts.tasks.setDay(m_parts.selected.ids(), today() + std::chrono::days{1}); });
     on(MenuCommand::SetNextWeek, [this, today] {
-        m_parts.tasks.setDay(selectedTasks(),
+        m_parts.tasks.setDay(m_parts.selected.ids(),
                              mondayOfNextWeek(today(), m_parts.account.userSettings().firstWeekday));
     });
     for (const auto &[command, priority] : {std::pair{MenuCommand::PriorityNone, KWTaskPriorityNone},
                                             {MenuCommand::PriorityLow, KWTaskPriorityLow},
                                             {MenuCommand::PriorityMedium, KWTaskPriorityMedium},
                                             {MenuCommand::PriorityHigh, KWTaskPriorityHigh}})
-        on(command, [this, priority = priority] { m_parts.tasks.setPriority(selectedTasks(), priority); });
+        on(command,
+           [this, priority = priority] { m_parts.tasks.setPriority(m_parts.selected.ids(), priority); });
     on(MenuCommand::Print, [this] { print(); });
     on(MenuCommand::ExportList, [this] { exportList(); });
 }
@@ -78,7 +81,7 @@ void MainWindowCommands::connectEditing()
     give(MenuCommand::Redo, &QLineEdit::redo, &QTextEdit::redo);
     give(MenuCommand::Cut, &QLineEdit::cut, &QTextEdit::cut);
     on(MenuCommand::Copy, [this] {
-        if (m_parts.window.listPane().list().hasFocus()) return m_parts.tasks.copyTitles(selectedTasks());
+        if (m_parts.selected.haveFocus()) return m_parts.tasks.copyTitles(m_parts.selected.ids());
         giveToText(m_parts.window.focusWidget(), &QLineEdit::copy, &QTextEdit::copy);
     });
     give(MenuCommand::Paste, &QLineEdit::paste, &QTextEdit::paste);
@@ -125,11 +128,6 @@ void MainWindowCommands::connectLists()
     missing(MenuCommand::OpenSummary, "This version has no summary yet.");
 }
 
-QStringList MainWindowCommands::selectedTasks() const
-{
-    return m_parts.window.listPane().list().selectedTasks();
-}
-
 void MainWindowCommands::addTask()
 {
     KWNewTaskTextField &field = m_parts.window.listPane().addField();
@@ -141,12 +139,10 @@ void MainWindowCommands::addTask()
 
 void MainWindowCommands::pickDate()
 {
-    TaskListView &list = m_parts.window.listPane().list();
-    const QStringList taskIDs = selectedTasks();
-    const auto found = m_parts.editor.read(list.currentTask());
+    const QStringList taskIDs = m_parts.selected.ids();
+    const auto found = m_parts.editor.read(m_parts.selected.current());
     if (!found) return;
-    const QRect row = list.visualRect(list.currentIndex());
-    const QPoint position = list.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()});
+    const QPoint position = m_parts.selected.place();
     if (taskIDs.size() == 1) return m_parts.detail.pickDate(position);
     DatePicker::Days days{.today = m_parts.clock.today(),
                           .selected = {},

@@ -9,6 +9,7 @@ class KWProjectListPresenter;
 class MainWindow;
 class TaskDetailController;
 class BatchActions;
+class SelectedTasks;
 
 /// What the commands of the main menu do in the main window: on the selected tasks, on the list, on the
 /// text that is being edited. Main thread.
@@ -21,7 +22,8 @@ public:
         MainMenu &menu;
         MainWindow &window;
         BatchActions &tasks;
-        TaskDetailController &detail; ///< of the selected task
+        const SelectedTasks &selected;
+        TaskDetailController &detail; ///< of the current one of them
         KWProjectListPresenter &sidebar;
         KWTaskEditor &editor;
         KWAccountManager &account;
@@ -40,7 +42,6 @@ private:
     void connectEditing();
     void connectLists();
 
-    QStringList selectedTasks() const;
     void addTask();
     void pickDate();
     void print();

@@ -11,6 +11,7 @@
 #include "views/main/ListColumn.h"
 #include "views/main/MainWindow.h"
 #include "views/main/MainWindowCommands.h"
+#include "views/main/SelectedTasks.h"
 #include "views/main/SidebarColumn.h"
 #include "views/main/WindowSearch.h"
 #include "views/sidebar/KWProjectListView.h"
@@ -27,9 +28,10 @@ struct MainWindowController::Content {
         , sidebar{rooms, window}
         , list{rooms, window, actions, editor}
         , detail{rooms, window, actions, toasts}
-        , search{rooms, window, detail.task()}
-        , commands{{rooms.menu, window, actions, detail.task(), rooms.sidebar, editor, rooms.kit.account(),
-                    rooms.clock}}
+        , search{rooms, window, actions, detail.task()}
+        , selected{window.listPane().list(), search.page()}
+        , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, editor,
+                    rooms.kit.account(), rooms.clock}}
     {
     }
 
@@ -40,6 +42,7 @@ struct MainWindowController::Content {
     ListColumn list;
     DetailColumn detail;
     WindowSearch search;
+    SelectedTasks selected;
     MainWindowCommands commands;
 };
 
@@ -134,7 +137,8 @@ void MainWindowController::openTask(const QString &taskID)
 {
     const KWTask *task = m_rooms.kit.context().find<KWTask>(taskID);
     if (!task) return;
+    // Completed and the others leave out what is archived.
     const KWProject *project = task->project();
-    if (!project || project->isClosed()) return showMessage(tr("The task is in a list that is archived."));
-    showTask(taskID, listShowing(task->model()));
+    const bool isArchived = project && project->isClosed();
+    showTask(taskID, isArchived ? KWListIdentifier::project(project->sid()) : listShowing(task->model()));
 }

@@ -6,18 +6,28 @@
 #include "views/menu/MainMenu.h"
 #include "views/search/SearchPage.h"
 #include "views/taskdetail/TaskDetailController.h"
+#include "views/tasklist/BatchActions.h"
 
-WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, TaskDetailController &detail)
+WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
+                           TaskDetailController &detail)
     : m_hits{rooms.kit, rooms.sidebar,
              [&deletes = rooms.deletes](const QString &taskID) { return deletes.containsTask(taskID); }}
     , m_palette{{rooms.kit, rooms.sidebar, rooms.menu, window, m_hits}}
-    , m_page{window.listPane(), m_hits, rooms.kit.bus()}
+    , m_page{window.listPane(), m_hits, rooms.kit.center(), rooms.kit.bus()}
+    , m_taskMenu{{m_page.page().rows(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
 {
     rooms.menu.handle(MenuCommand::OpenPalette, *this, [this] { m_palette.open(); });
     rooms.menu.handle(MenuCommand::Find, *this, [this] { m_page.open(m_page.page().text()); });
     connect(&m_palette, &PaletteController::listChosen, this, &WindowSearch::listChosen);
     connect(&m_palette, &PaletteController::taskChosen, this, &WindowSearch::taskChosen);
     connect(&m_palette, &PaletteController::searchChosen, &m_page, &SearchController::open);
-    connect(&m_page.page(), &SearchPage::currentTaskChanged, &detail, &TaskDetailController::show);
-    connect(&m_page.page(), &SearchPage::opened, &window, &MainWindow::openDetail);
+    const SearchPage &page = m_page.page();
+    connect(&page, &SearchPage::currentTaskChanged, &detail, &TaskDetailController::show);
+    connect(&page, &SearchPage::opened, &window, &MainWindow::openDetail);
+    connect(&page, &SearchPage::completionToggled, &actions,
+            [&actions](const QString &taskID) { actions.tick({taskID}); });
+    connect(&page, &SearchPage::deletionRequested, &actions,
+            [&actions](const QString &taskID) { actions.remove({taskID}); });
+    connect(&page, &SearchPage::menuAboutToShow, this,
+            [this](QMenu &menu, const QString &taskID) { m_taskMenu.fill(menu, {taskID}); });
 }

@@ -4,7 +4,9 @@
 #include "views/palette/PaletteController.h"
 #include "views/palette/TaskHits.h"
 #include "views/search/SearchController.h"
+#include "views/tasklist/TaskMenu.h"
 
+class BatchActions;
 class MainWindow;
 class TaskDetailController;
 
@@ -15,8 +17,10 @@ class WindowSearch : public QObject {
 
 public:
     /// All outlive it. `detail` shows the hit that is selected.
-    WindowSearch(const MainWindowRooms &rooms, MainWindow &window, TaskDetailController &detail);
+    WindowSearch(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
+                 TaskDetailController &detail);
 
+    SearchController &page() { return m_page; }
     void closePage() { m_page.close(); }
 
 Q_SIGNALS:
@@ -27,4 +31,5 @@ private:
     TaskHits m_hits;
     PaletteController m_palette;
     SearchController m_page;
+    TaskMenu m_taskMenu; // of a hit
 };

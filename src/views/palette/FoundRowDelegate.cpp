@@ -51,6 +51,13 @@ void paintMark(QPainter &painter, const QRect &bounds, const FoundRow &row, cons
         Painting::dot(painter, bounds.center(), row.color);
 }
 
+QRect markBounds(const QRect &row, Qt::LayoutDirection direction)
+{
+    const int side = Metrics::scaled(Metrics::icon);
+    const int top = row.top() + (Metrics::scaled(Metrics::taskRow) - side) / 2;
+    return QStyle::visualRect(direction, row, {row.left() + Metrics::gap, top, side, side});
+}
+
 } // namespace
 
 FoundRowDelegate::FoundRowDelegate(const FoundRowsModel &model, QObject *parent)
@@ -78,9 +85,11 @@ void FoundRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
         return painter->restore();
     }
     if (isSelected) Painting::roundedBox(*painter, option.rect, Metrics::rowRadius, theme.selection);
+    if (option.state & QStyle::State_HasFocus && isSelected)
+        Painting::focusRing(*painter, option.rect, Metrics::rowRadius);
     const int icon = Metrics::scaled(Metrics::icon);
     const int titleHeight = Metrics::scaled(Metrics::taskRow);
-    paintMark(*painter, visual({inner.left(), inner.top() + (titleHeight - icon) / 2, icon, icon}), row,
+    paintMark(*painter, markBounds(option.rect, option.direction), row,
               row.isEnabled ? theme.secondaryText : faint);
 
     const int noteWidth = std::min(Fonts::width(Fonts::Role::Secondary, row.note), inner.width() / 2);
@@ -99,6 +108,12 @@ void FoundRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
                            Metrics::scaled(excerptHeight)}),
                    row.excerpt, row.excerptMarks, theme.secondaryText);
     painter->restore();
+}
+
+QRect FoundRowDelegate::markArea(const QRect &row, Qt::LayoutDirection direction)
+{
+    constexpr int nearby = Metrics::grid * 2;
+    return markBounds(row, direction).adjusted(-nearby, -nearby, nearby, nearby);
 }
 
 QSize FoundRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const

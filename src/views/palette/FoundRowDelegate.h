@@ -13,6 +13,9 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
+    /// Where a click in a row is meant for its checkbox.
+    static QRect markArea(const QRect &row, Qt::LayoutDirection direction);
+
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:

@@ -18,6 +18,11 @@ QModelIndex FoundRowsModel::firstSelectable(int start) const
     return {};
 }
 
+QModelIndex FoundRowsModel::lastSelectable() const
+{
+    return rowCount() ? index(rowCount() - 1) : QModelIndex{}; // a heading is never the last
+}
+
 QModelIndex FoundRowsModel::indexOfTask(const QString &taskID) const
 {
     const auto isIt = [&taskID](const FoundRow &each) {

@@ -16,6 +16,7 @@ public:
     const FoundRow &rowAt(const QModelIndex &index) const { return m_rows.at(index.row()); }
     /// The first row from `start` on that can be selected; none when there is none.
     QModelIndex firstSelectable(int start = 0) const;
+    QModelIndex lastSelectable() const;
     QModelIndex indexOfTask(const QString &taskID) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;

@@ -4,6 +4,7 @@
 #include "views/theme/Metrics.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 FoundRowsView::FoundRowsView(const QString &accessibleName, QWidget *parent) : QListView(parent)
 {
@@ -18,13 +19,16 @@ FoundRowsView::FoundRowsView(const QString &accessibleName, QWidget *parent) : Q
     setModel(&m_rows);
 }
 
-void FoundRowsView::setRows(QList<FoundRow> rows)
+void FoundRowsView::setRows(QList<FoundRow> rows, InItsPlace other)
 {
     const FoundRow *before = current();
     const QString task = before && before->kind == FoundRow::Kind::Task ? before->id : QString{};
+    const int row = other == InItsPlace::Neighbour ? std::max(0, currentIndex().row()) : 0;
     m_rows.setRows(std::move(rows));
-    const QModelIndex same = m_rows.indexOfTask(task);
-    setCurrentIndex(same.isValid() ? same : m_rows.firstSelectable());
+    QModelIndex next = m_rows.indexOfTask(task);
+    if (!next.isValid()) next = m_rows.firstSelectable(row);
+    if (!next.isValid()) next = m_rows.lastSelectable();
+    setCurrentIndex(next);
 }
 
 const FoundRow *FoundRowsView::current() const
@@ -62,6 +66,29 @@ void FoundRowsView::step(int direction, int count)
         setCurrentIndex(next);
         if (--count == 0) break;
     }
+}
+
+void FoundRowsView::keyPressEvent(QKeyEvent *event)
+{
+    if (takeKey(*event)) return;
+    if (event->key() == Qt::Key_Home)
+        setCurrentIndex(m_rows.firstSelectable());
+    else if (event->key() == Qt::Key_End)
+        setCurrentIndex(m_rows.lastSelectable());
+    else
+        QListView::keyPressEvent(event);
+}
+
+void FoundRowsView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    const QModelIndex index = indexAt(position);
+    const bool isMark = event->button() == Qt::LeftButton && index.isValid() &&
+                        m_rows.rowAt(index).kind == FoundRow::Kind::Task &&
+                        FoundRowDelegate::markArea(visualRect(index), layoutDirection()).contains(position);
+    const QString task = isMark ? m_rows.rowAt(index).id : QString{};
+    QListView::mouseReleaseEvent(event);
+    if (isMark) Q_EMIT markClicked(task);
 }
 
 void FoundRowsView::currentChanged(const QModelIndex &current, const QModelIndex &previous)

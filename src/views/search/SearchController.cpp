@@ -1,5 +1,6 @@
 #include "views/search/SearchController.h"
 
+#include "model/events/NotificationNames.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -12,16 +13,18 @@ constexpr int mostHits = 200;
 
 } // namespace
 
-SearchController::SearchController(TaskListPane &pane, const TaskHits &hits, KWEventBus &bus)
+SearchController::SearchController(TaskListPane &pane, const TaskHits &hits, KWNotificationCenter &center,
+                                   KWEventBus &bus)
     : m_pane(pane)
     , m_hits(hits)
     , m_page(new SearchPage{pane})
+    , m_deletes(center.addObserver(delayDeleteStatusChangedNotification,
+                                   [this](const KWNotification &) { refresh(); }))
     , m_registration(bus.registerEventBus([this](const StoreChange &change) {
-        const bool mayChangeHits = change.touches(RecordKind::Task) || change.touches(RecordKind::Project);
-        if (isShown() && mayChangeHits) search();
+        if (change.touches(RecordKind::Task) || change.touches(RecordKind::Project)) refresh();
     }))
 {
-    connect(m_page, &SearchPage::typed, this, &SearchController::search);
+    connect(m_page, &SearchPage::typed, this, [this] { search(FoundRowsView::InItsPlace::First); });
     connect(m_page, &SearchPage::left, &m_pane.list(),
             [this] { m_pane.list().setFocus(Qt::OtherFocusReason); });
     m_pane.list().installEventFilter(this);
@@ -36,8 +39,17 @@ void SearchController::open(const QString &text)
     m_page->show();
     m_page->raise();
     m_page->setText(text);
-    search();
+    search(FoundRowsView::InItsPlace::First);
     m_page->setFocus(Qt::OtherFocusReason);
+    m_pane.setFocusProxy(&m_page->rows());
+}
+
+void SearchController::close()
+{
+    if (m_page->isHidden()) return;
+    m_page->hide();
+    m_pane.setFocusProxy(&m_pane.list());
+    Q_EMIT closed();
 }
 
 bool SearchController::eventFilter(QObject *watched, QEvent *event)
@@ -46,4 +58,12 @@ bool SearchController::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void SearchController::search() { m_page->setHits(m_hits.find(m_page->text(), mostHits)); }
+void SearchController::search(FoundRowsView::InItsPlace other)
+{
+    m_page->setHits(m_hits.find(m_page->text(), mostHits), other);
+}
+
+void SearchController::refresh()
+{
+    if (isShown()) search(FoundRowsView::InItsPlace::Neighbour);
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/events/KWEventBus.h"
+#include "model/events/KWNotificationCenter.h"
 #include "views/palette/TaskHits.h"
 #include "views/search/SearchPage.h"
 
@@ -13,22 +14,27 @@ class SearchController : public QObject {
 
 public:
     /// All outlive it.
-    SearchController(TaskListPane &pane, const TaskHits &hits, KWEventBus &bus);
+    SearchController(TaskListPane &pane, const TaskHits &hits, KWNotificationCenter &center, KWEventBus &bus);
 
     /// The page with this text, which is selected, so that typing replaces it.
     void open(const QString &text);
-    void close() { m_page->hide(); }
+    void close();
     bool isShown() const { return m_page->isVisible(); }
     SearchPage &page() { return *m_page; }
+
+Q_SIGNALS:
+    void closed();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void search();
+    void search(FoundRowsView::InItsPlace other);
+    void refresh();
 
     TaskListPane &m_pane;
     const TaskHits &m_hits;
     SearchPage *m_page;
+    KWNotificationCenter::Observation m_deletes;
     KWEventBus::Registration m_registration;
 };

@@ -1,12 +1,13 @@
 #include "views/search/SearchPage.h"
 
 #include "views/controls/PlainLabel.h"
-#include "views/palette/FoundRowsView.h"
 #include "views/theme/Metrics.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -14,6 +15,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int mostOfTextQuoted = 60;
 
 FoundRow heading(const QString &title) { return {.kind = FoundRow::Kind::Heading, .id = {}, .title = title}; }
 
@@ -33,6 +36,9 @@ SearchPage::SearchPage(QWidget &covered)
     m_field->setPlaceholderText(m_field->accessibleName());
     m_field->setMinimumHeight(Metrics::scaled(Metrics::addField));
     m_field->installEventFilter(this);
+    m_rows->setFocusPolicy(Qt::StrongFocus);
+    m_rows->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_rows->installEventFilter(this);
     m_nothing->setObjectName(u"nothingFound"_s);
     m_nothing->setAlignment(Qt::AlignHCenter);
 
@@ -48,6 +54,8 @@ SearchPage::SearchPage(QWidget &covered)
     hide();
     connect(m_field, &QLineEdit::textChanged, this, &SearchPage::typed);
     connect(m_rows, &FoundRowsView::currentMoved, this, [this] { Q_EMIT currentTaskChanged(currentTask()); });
+    connect(m_rows, &FoundRowsView::markClicked, this, &SearchPage::completionToggled);
+    connect(m_rows, &QWidget::customContextMenuRequested, this, &SearchPage::openMenu);
     connect(m_rows, &QListView::doubleClicked, this, [this] { Q_EMIT opened(currentTask()); });
 }
 
@@ -59,7 +67,7 @@ void SearchPage::setText(const QString &text)
 
 QString SearchPage::text() const { return m_field->text(); }
 
-void SearchPage::setHits(QList<FoundRow> hits)
+void SearchPage::setHits(QList<FoundRow> hits, FoundRowsView::InItsPlace other)
 {
     const auto firstClosed = std::ranges::find(hits, true, &FoundRow::isClosed);
     const qsizetype open = firstClosed - hits.begin();
@@ -67,11 +75,20 @@ void SearchPage::setHits(QList<FoundRow> hits)
     if (hasClosed) hits.insert(open, heading(tr("Completed")));
     if (open > 0) hits.prepend(heading(tr("Open")));
     const bool isNothing = hits.isEmpty();
-    m_nothing->setText(text().simplified().isEmpty() ? tr("Type what to look for.")
-                                                     : tr("No task has these words."));
+    m_nothing->setText(emptyText());
     m_nothing->setVisible(isNothing);
-    m_rows->setRows(std::move(hits));
-    if (isNothing) Q_EMIT currentTaskChanged({});
+    m_rows->setRows(std::move(hits), other);
+    if (!isNothing) return;
+    if (m_rows->hasFocus()) m_field->setFocus(Qt::OtherFocusReason);
+    Q_EMIT currentTaskChanged({});
+}
+
+QString SearchPage::emptyText() const
+{
+    QString typed = text().simplified();
+    if (typed.isEmpty()) return tr("Type what to look for.");
+    if (typed.size() > mostOfTextQuoted) typed = typed.left(mostOfTextQuoted) + u'…';
+    return tr("No task was found for “%1”.").arg(typed);
 }
 
 QString SearchPage::currentTask() const
@@ -86,9 +103,14 @@ bool SearchPage::eventFilter(QObject *watched, QEvent *event)
         if (event->type() == QEvent::Resize) setGeometry(m_covered.rect());
         return false;
     }
+    if (watched == m_field && event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Undo)) {
+        event->ignore(); // what was done to a hit is taken back before what was typed
+        return true;
+    }
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     auto &key = static_cast<QKeyEvent &>(*event);
-    if (m_rows->takeKey(key)) return true;
+    if (watched == m_rows ? takeHitKey(key) : takeFieldKey(key)) return true;
     switch (key.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -100,4 +122,44 @@ bool SearchPage::eventFilter(QObject *watched, QEvent *event)
     default:
         return QWidget::eventFilter(watched, event);
     }
+}
+
+bool SearchPage::takeFieldKey(QKeyEvent &key)
+{
+    if (!m_rows->takeKey(key)) return false;
+    const bool goesDown = key.key() == Qt::Key_Down || key.key() == Qt::Key_PageDown;
+    if (goesDown && m_rows->current()) m_rows->setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
+bool SearchPage::takeHitKey(QKeyEvent &key)
+{
+    const QString task = currentTask();
+    const bool isText = !key.text().isEmpty() && key.text().front().isPrint() &&
+                        !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (key.key() == Qt::Key_Up && m_rows->isFirstCurrent()) {
+        m_field->setFocus(Qt::OtherFocusReason);
+    } else if (key.key() == Qt::Key_Space) {
+        Q_EMIT completionToggled(task);
+    } else if (key.key() == Qt::Key_Delete) {
+        Q_EMIT deletionRequested(task);
+    } else if (isText || key.key() == Qt::Key_Backspace) {
+        m_field->setFocus(Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(m_field, &key);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void SearchPage::openMenu(const QPoint &position)
+{
+    const QModelIndex hit = m_rows->indexAt(position);
+    if (!(hit.flags() & Qt::ItemIsSelectable)) return;
+    m_rows->setCurrentIndex(hit);
+    auto *menu = new QMenu{m_rows};
+    menu->setObjectName(u"taskMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    Q_EMIT menuAboutToShow(*menu, currentTask());
+    menu->popup(m_rows->viewport()->mapToGlobal(position));
 }

@@ -32,6 +32,7 @@ TaskListPane::TaskListPane(CXClock &clock, QWidget *parent)
     column->addLayout(inset(m_header, {side, 0, side, 0}));
     column->addLayout(inset(m_addField, {fieldSide, 0, fieldSide, 0}));
     column->addLayout(inset(m_list, {rowSide, 0, rowSide, 0}), 1);
+    setFocusProxy(m_list);
     connect(m_addField, &KWNewTaskTextField::steppedDown, m_list,
             [this] { m_list->setFocus(Qt::TabFocusReason); });
 }

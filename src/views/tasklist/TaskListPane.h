@@ -8,7 +8,8 @@ class KWNewTaskTextField;
 class PageHeader;
 class TaskListView;
 
-/// The middle column: the head of the page, the add field, the tasks.
+/// The middle column: the head of the page, the add field, the tasks. The focus that it is given goes to the
+/// tasks, or to what stands in their place.
 class TaskListPane : public QWidget {
     Q_OBJECT
 

@@ -8,8 +8,8 @@
 #include "views/controls/ChoicePopup.h"
 #include "views/menu/MainMenu.h"
 #include "views/tasklist/BatchActions.h"
-#include "views/tasklist/TaskListView.h"
 
+#include <QListView>
 #include <QMenu>
 
 #include <algorithm>

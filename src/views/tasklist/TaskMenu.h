@@ -7,9 +7,9 @@
 class KWCoreDataManager;
 class KWProjectListPresenter;
 class MainMenu;
+class QListView;
 class QMenu;
 class BatchActions;
-class TaskListView;
 
 /// The menu of the selected tasks. What the main menu has for them stands here with the same keys. Main
 /// thread.
@@ -19,7 +19,7 @@ class TaskMenu : public QObject {
 public:
     /// All outlive it.
     struct Parts {
-        TaskListView &list;
+        QListView &list; ///< in which they are selected
         BatchActions &actions;
         MainMenu &mainMenu;
         KWProjectListPresenter &sidebar;

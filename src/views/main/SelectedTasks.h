@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class QPoint;
+class SearchController;
+class TaskListView;
+
+/// What the commands for tasks act on: while the search page is shown the hit that is selected, else what is
+/// selected in the list. Main thread.
+class SelectedTasks : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both outlive it.
+    SelectedTasks(TaskListView &list, SearchController &search);
+
+    /// From top to bottom.
+    QStringList ids() const;
+    /// The one that the detail shows, empty for none.
+    QString current() const;
+    /// On the screen, below the row of that one: where what asks about it opens.
+    QPoint place() const;
+    bool haveFocus() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    TaskListView &m_list;
+    SearchController &m_search;
+};
