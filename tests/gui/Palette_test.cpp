@@ -2,6 +2,7 @@
 #include "gui/WindowHelp.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/store/ListEditor.h"
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 #include "views/palette/CommandPalette.h"
@@ -101,11 +102,32 @@ private Q_SLOTS:
         QVERIFY(paletteFor({}).indexOf(u"Shopping"_s) == 0); // used last
         answer(Qt::Key_Escape);
 
+        // The command that opens the list has no row of its own, and gives its keys to that of the list.
+        QCOMPARE(paletteFor(u"tomor"_s).filter(u"Tomorrow"_s),
+                 QStringList({u"Tomorrow"_s, u"Task: Tomorrow"_s}));
+        QCOMPARE(palette()->rows().current()->note, u"Ctrl+3"_s);
+        QVERIFY(palette()->rows().current()->icon == Icon::Tomorrow);
+        answer(Qt::Key_Escape);
+
         paletteFor(u"calendar"_s);
         QTest::keyClick(palette()->findChild<QWidget *>(u"paletteField"_s), Qt::Key_Return);
         QVERIFY(palette()); // this version has none, and the row says so
         QCOMPARE(palette()->rows().current()->note, u"This version has no calendar yet."_s);
         answer(Qt::Key_Escape);
+    }
+
+    void opensTasksOfArchivedLists()
+    {
+        m_client->openList(u"Garden"_s);
+        const QString garden = m_client->rooms().sidebar().selectedList().entityID;
+        QVERIFY(ListEditor(m_client->kit().manager(), m_client->kit().account().currentUserID())
+                    .setClosed(garden, true));
+        const QStringList found = paletteFor(u"oats"_s);
+        QCOMPARE(found.first(), u"Milk the oats"_s);
+        QCOMPARE(palette()->rows().current()->note, u"Garden"_s);
+        answer(Qt::Key_Return);
+        QCOMPARE(title(), u"Garden"_s);
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Milk the oats"_s});
     }
 
     void showsWhatASearchFinds()

@@ -5,9 +5,12 @@
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/menu/MainMenu.h"
+#include "views/sidebar/ListIcon.h"
 
 #include <QAction>
 #include <QSet>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -21,38 +24,32 @@ FoundRow listRow(const KWListIdentifier &list, const QString &title)
             .list = list};
 }
 
-void describe(const KWProjectListNode &node, FoundRow &row)
+QString kindOf(const KWProjectListNode &node)
 {
-    row.color = node.color();
+    if (node.parent() && node.parent()->type() == KWProjectListNodeType::archived)
+        return KWLocalizedString("Archived List");
     switch (node.type()) {
     case KWProjectListNodeType::group:
-        row.note = KWLocalizedString("Folder");
-        row.icon = Icon::Folder;
-        break;
+        return KWLocalizedString("Folder");
     case KWProjectListNodeType::tag:
-        row.note = KWLocalizedString("Tag");
-        row.icon = Icon::Tag;
-        break;
+        return KWLocalizedString("Tag");
     case KWProjectListNodeType::filter:
-        row.note = KWLocalizedString("Filter");
-        row.icon = Icon::Filter;
-        break;
-    case KWProjectListNodeType::smartProject:
-        row.icon = Icon::All;
-        [[fallthrough]];
+        return KWLocalizedString("Filter");
     default:
-        row.note = KWLocalizedString("List");
+        return KWLocalizedString("List");
     }
 }
 
-void addNodes(const KWProjectListNode &node, QList<FoundRow> &rows)
+void addNodes(const KWProjectListNode &node, const QString &inboxID, QList<FoundRow> &rows)
 {
     for (const auto &each : node.children()) {
         if (const auto list = each->listIdentifier()) {
             rows.append(listRow(*list, each->title()));
-            describe(*each, rows.last());
+            rows.last().note = kindOf(*each);
+            rows.last().icon = iconOfNode(*each, list->entityID == inboxID);
+            rows.last().color = each->color();
         }
-        addNodes(*each, rows);
+        addNodes(*each, inboxID, rows);
     }
 }
 
@@ -66,8 +63,21 @@ void addHiddenSmartLists(QList<FoundRow> &rows)
         if (!each->isListOfTasks() || shown.contains(each->identifier())) continue;
         rows.append(listRow(KWListIdentifier::smartProject(each->identifier()), each->displayName()));
         rows.last().note = KWLocalizedString("List");
-        rows.last().icon = Icon::All;
+        rows.last().icon = iconOfSmartList(each->identifier());
     }
+}
+
+// The row of the list that the command opens, none for any other command.
+FoundRow *rowOpenedBy(const MenuEntry &entry, const QAction &action, QList<FoundRow> &rows)
+{
+    if (entry.menu != MenuTitle::Go) return nullptr;
+    const auto opens = [&action](const FoundRow &row) {
+        const bool canBeOpened =
+            row.list.type == KWListIdentifierType::SmartProject || row.icon == Icon::Inbox;
+        return row.kind == FoundRow::Kind::List && canBeOpened && row.title == action.text();
+    };
+    const auto found = std::ranges::find_if(rows, opens);
+    return found == rows.end() ? nullptr : &*found;
 }
 
 void addCommands(MainMenu &menu, QList<FoundRow> &rows)
@@ -75,12 +85,16 @@ void addCommands(MainMenu &menu, QList<FoundRow> &rows)
     for (const MenuEntry &each : menuEntries()) {
         if (each.command == MenuCommand::OpenPalette) continue;
         const QAction &action = menu.action(each.command);
+        const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+        if (FoundRow *list = rowOpenedBy(each, action, rows)) {
+            if (!keys.isEmpty()) list->note = keys;
+            continue;
+        }
         rows.append({.kind = FoundRow::Kind::Command,
                      .id = u"command:"_s + QLatin1StringView{each.name},
                      .title = each.menu == MenuTitle::Task ? KWLocalizedString("Task: %1").arg(action.text())
                                                            : action.text(),
-                     .note = action.isEnabled() ? action.shortcut().toString(QKeySequence::NativeText)
-                                                : action.toolTip(),
+                     .note = action.isEnabled() ? keys : action.toolTip(),
                      .icon = Icon::ChevronRight,
                      .isEnabled = action.isEnabled(),
                      .command = each.command});
@@ -92,7 +106,10 @@ void addCommands(MainMenu &menu, QList<FoundRow> &rows)
 QList<FoundRow> paletteNames(KWProjectListPresenter &sidebar, MainMenu &menu)
 {
     QList<FoundRow> rows;
-    addNodes(sidebar.listsRootNode(), rows);
+    const auto &contents = sidebar.contents();
+    const QString inboxID =
+        contents && !contents->projects.isEmpty() ? contents->projects.first().sid : QString{};
+    addNodes(sidebar.listsRootNode(), inboxID, rows);
     addHiddenSmartLists(rows);
     menu.refresh();
     addCommands(menu, rows);

@@ -28,7 +28,7 @@ QList<FoundRow> TaskHits::find(const QString &text, std::int64_t limit) const
     }
     QHash<QString, QString> listNames;
     if (const auto &contents = m_sidebar.contents())
-        for (const KWProjectModel &each : contents->projects)
+        for (const KWProjectModel &each : contents->projects + contents->closedProjects)
             listNames.insert(each.sid, each.isInbox ? KWSmartProject::inbox().displayName() : each.name);
     for (const TaskSearchHit &each : *hits)
         if (!m_isHidden(each.row.sid))

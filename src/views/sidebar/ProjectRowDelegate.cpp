@@ -2,6 +2,7 @@
 
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWLocalizedString.h"
+#include "views/sidebar/ListIcon.h"
 #include "views/sidebar/ProjectListTreeModel.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
@@ -14,8 +15,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -31,47 +30,7 @@ constexpr int headerDrop = 6; // a header stands closer to what it heads
 constexpr int longestName = 200;
 constexpr const char *isEnding = "isEnding"; // of an editor: it is not asked twice
 
-int countWidth() { return Metrics::scaled(36); }
 int iconWidth() { return Metrics::scaled(Metrics::icon); }
-
-Icon smartIcon(const QString &identifier)
-{
-    static const std::array<std::pair<const KWSmartProject *, Icon>, 9> icons{{
-        {&KWSmartProject::all(), Icon::All},
-        {&KWSmartProject::today(), Icon::Today},
-        {&KWSmartProject::tomorrow(), Icon::Tomorrow},
-        {&KWSmartProject::next7days(), Icon::Next7Days},
-        {&KWSmartProject::assignedToMe(), Icon::AssignedToMe},
-        {&KWSmartProject::completed(), Icon::Completed},
-        {&KWSmartProject::abandoned(), Icon::Abandoned},
-        {&KWSmartProject::trash(), Icon::Trash},
-        {&KWSmartProject::summary(), Icon::Summary},
-    }};
-    for (const auto &[project, icon] : icons)
-        if (project->identifier() == identifier) return icon;
-    return Icon::All;
-}
-
-std::optional<Icon> iconOf(const KWProjectListNode &node, bool isInbox)
-{
-    if (isInbox) return Icon::Inbox;
-    switch (node.type()) {
-    case KWProjectListNodeType::smartProject:
-        return smartIcon(node.entityID());
-    case KWProjectListNodeType::group:
-    case KWProjectListNodeType::team:
-    case KWProjectListNodeType::team_personal:
-        return Icon::Folder;
-    case KWProjectListNodeType::archived:
-        return Icon::Archive;
-    case KWProjectListNodeType::tag:
-        return Icon::Tag;
-    case KWProjectListNodeType::filter:
-        return Icon::Filter;
-    default:
-        return std::nullopt;
-    }
-}
 
 QRect backgroundBounds(const QRect &row) { return row.adjusted(outerMargin, 0, -outerMargin, -rowGap); }
 
@@ -100,10 +59,26 @@ QSize ProjectRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelInd
 
 QRect ProjectRowDelegate::titleBounds(const QRect &row, const QModelIndex &index) const
 {
-    QRect bounds = row.adjusted(outerMargin + innerMargin, 0, -outerMargin - innerMargin - countWidth(), 0);
+    const QRect bounds =
+        row.adjusted(outerMargin + innerMargin, 0, -outerMargin - innerMargin - countWidth(index), 0);
     if (m_model.isSectionHeader(index)) return bounds.adjusted(0, headerDrop, 0, 0);
     const int indentation = indentationStep * m_model.indentation(index);
     return bounds.adjusted(indentation + iconWidth() + innerMargin + 1, 0, 0, -rowGap);
+}
+
+QString ProjectRowDelegate::countText(const QModelIndex &index) const
+{
+    const KWProjectListNode *node = m_model.nodeAt(index);
+    const std::optional<int> count = m_countOf && node ? m_countOf(*node) : std::nullopt;
+    return count.value_or(0) ? QLocale{}.toString(*count) : QString{};
+}
+
+// With the space before it; a header has its button there.
+int ProjectRowDelegate::countWidth(const QModelIndex &index) const
+{
+    if (m_model.isSectionHeader(index)) return iconWidth() + 2 * Metrics::grid;
+    const QString text = countText(index);
+    return text.isEmpty() ? 0 : Fonts::width(Fonts::Role::Secondary, text) + 2 * Metrics::grid;
 }
 
 QRect ProjectRowDelegate::chevronBounds(const QRect &row, const QModelIndex &index) const
@@ -164,7 +139,7 @@ void ProjectRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index
 void ProjectRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                               const QModelIndex &index) const
 {
-    const QRect bounds = titleBounds(option.rect, index).adjusted(-Metrics::gap, 0, countWidth(), 0);
+    const QRect bounds = titleBounds(option.rect, index).adjusted(-Metrics::gap, 0, countWidth(index), 0);
     editor->setGeometry(QStyle::visualRect(option.direction, option.rect, bounds));
 }
 
@@ -259,7 +234,7 @@ void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem
     const QRect title = titleBounds(option.rect, index);
     const QRect mark{title.left() - iconWidth() - innerMargin - 1, title.top(), iconWidth(), title.height()};
     const QRect visualMark = QStyle::visualRect(option.direction, option.rect, mark);
-    if (const auto icon = iconOf(node, m_model.isInbox(index)))
+    if (const auto icon = iconOfNode(node, m_model.isInbox(index)))
         Icons::paint(painter, visualMark, *icon, iconWidth(),
                      isSelected ? theme.accentText : theme.secondaryText);
     else if (node.type() != KWProjectListNodeType::emptyHolder)
@@ -270,12 +245,9 @@ void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem
                     leading(option), node.title());
     paintChevron(painter, option, index);
 
-    const auto count = m_countOf ? m_countOf(node) : std::nullopt;
-    if (!count || *count == 0) return;
-    const QRect bounds{title.right() + 1, title.top(), countWidth(), title.height()};
+    const QRect bounds{title.right() + 1, title.top(), countWidth(index), title.height()};
     painter.setPen(isSelected ? theme.secondaryText : theme.faintText);
     const auto side = option.direction == Qt::RightToLeft ? Qt::AlignLeft : Qt::AlignRight;
     Fonts::drawLine(painter, Fonts::Role::Secondary,
-                    QStyle::visualRect(option.direction, option.rect, bounds), side,
-                    option.locale.toString(*count));
+                    QStyle::visualRect(option.direction, option.rect, bounds), side, countText(index));
 }

@@ -57,6 +57,8 @@ private:
     void paintHeader(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintNode(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     QRect titleBounds(const QRect &row, const QModelIndex &index) const;
+    QString countText(const QModelIndex &index) const;
+    int countWidth(const QModelIndex &index) const;
     QRect chevronBounds(const QRect &row, const QModelIndex &index) const;
     void paintChevron(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
 
