@@ -33,12 +33,15 @@ private Q_SLOTS:
         TaskListRow dropped = taskRow(u"4"_s, u"Order a tent"_s, 0, 1);
         dropped.task.status = KWTaskStatusAbandoned;
         m_list.setTagLabels({{u"errand"_s, u"Errand"_s}});
+        TaskListRow later = sectionRow(u"Later"_s, 2, 7);
+        later.isFolded = true;
         m_list.setRows({sectionRow(u"Today"_s, 0, 2),
                         venue,
                         map,
                         sectionRow(u"No Date"_s, 1, 2),
                         note,
                         dropped,
+                        later,
                         {TaskListRow::Kind::LoadMore, u"loadMore"_s, 2}});
     }
 
@@ -46,17 +49,18 @@ private Q_SLOTS:
     {
         const QString file = m_folder.filePath(u"list.MD"_s);
         QVERIFY(ListExport::write(file, u"Trip #1"_s, m_list));
-        QCOMPARE(bytesOf(file).toStdString(), "# Trip \\#1\n\n## Today\n\n"
-                                              "- [ ] Call \\*the\\* venue · 17:00 \\#Errand\n"
-                                              "  - [x] Print the map\n\n"
-                                              "## No Date\n\n- No Title\n- [x] ~~Order a tent~~\n");
+        QCOMPARE(bytesOf(file).toStdString(),
+                 "# Trip \\#1\n\n## Today\n\n"
+                 "- [ ] Call \\*the\\* venue · 17:00 \\#Errand\n"
+                 "  - [x] Print the map\n\n"
+                 "## No Date\n\n- No Title\n- [x] ~~Order a tent~~\n\n## Later (7)\n\n");
     }
 
     void paperHasTheSame()
     {
         QCOMPARE(ListPrint::document(u"Trip"_s, m_list)->toPlainText(),
                  u"Trip\nToday\n☐ Call *the* venue  ·  17:00\n☑ Print the map\nNo Date\n– No Title\n"
-                 u"☒ Order a tent"_s);
+                 u"☒ Order a tent\nLater (7)"_s);
     }
 
     void aPdfIsWrittenWholeOrNotAtAll()

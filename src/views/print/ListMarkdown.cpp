@@ -1,6 +1,7 @@
 #include "views/print/ListMarkdown.h"
 
 #include "model/text/DisplayTitle.h"
+#include "views/print/PrintedSections.h"
 #include "views/tasklist/TaskListModel.h"
 
 using namespace Qt::StringLiterals;
@@ -37,11 +38,12 @@ QString itemOf(const TaskListRow &row, const TaskListModel &list)
 QString listMarkdown(const QString &title, const TaskListModel &list)
 {
     QString text = u"# "_s + escaped(title) + u"\n\n"_s;
+    const QSet<QString> collapsed = collapsedSectionNames(list);
     for (const TaskListRow &row : list.rows())
         switch (row.kind) {
         case TaskListRow::Kind::Section:
             if (!text.endsWith(u"\n\n")) text += u'\n';
-            text += u"## "_s + escaped(row.title) + u"\n\n"_s;
+            text += u"## "_s + escaped(printedTitle(row, collapsed)) + u"\n\n"_s;
             break;
         case TaskListRow::Kind::Task:
             text += itemOf(row, list);

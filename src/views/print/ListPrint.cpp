@@ -1,6 +1,7 @@
 #include "views/print/ListPrint.h"
 
 #include "model/text/DisplayTitle.h"
+#include "views/print/PrintedSections.h"
 #include "views/tasklist/TaskListModel.h"
 
 #include <QPrintDialog>
@@ -69,9 +70,10 @@ std::unique_ptr<QTextDocument> ListPrint::document(const QString &title, const T
     auto document = std::make_unique<QTextDocument>();
     QTextCursor cursor{document.get()};
     cursor.insertText(title, headingOf(printedTitleSize));
+    const QSet<QString> collapsed = collapsedSectionNames(list);
     for (const TaskListRow &row : list.rows())
         if (row.kind == TaskListRow::Kind::Section)
-            insertSection(row.title, cursor);
+            insertSection(printedTitle(row, collapsed), cursor);
         else if (row.kind == TaskListRow::Kind::Task)
             insertTask(row, list, cursor);
     return document;

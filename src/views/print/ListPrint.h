@@ -8,7 +8,7 @@ class QWidget;
 class TaskListModel;
 
 /// A list on paper: its title, its sections, and a line for each task with an empty or ticked box and its
-/// date, below its parent. What is folded is left out, as on the screen.
+/// date, below its parent. Tasks in what is folded are left out, as on the screen.
 namespace ListPrint {
 
 std::unique_ptr<QTextDocument> document(const QString &title, const TaskListModel &list);

@@ -1,0 +1,18 @@
+#include "views/print/PrintedSections.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/tasklist/TaskListModel.h"
+
+QSet<QString> collapsedSectionNames(const TaskListModel &list)
+{
+    QSet<QString> names;
+    for (const TaskListRow &row : list.rows())
+        if (row.kind == TaskListRow::Kind::Section && row.isFolded) names.insert(row.id);
+    return names;
+}
+
+QString printedTitle(const TaskListRow &section, const QSet<QString> &collapsedSectionNames)
+{
+    if (!collapsedSectionNames.contains(section.id)) return section.title;
+    return KWLocalizedString("%1 (%2)").arg(section.title).arg(section.count);
+}
