@@ -1,5 +1,6 @@
 #include "views/datepicker/ScheduleDraft.h"
 
+#include "capture/ReminderPhrase.h"
 #include "support/CaseTable.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
@@ -133,8 +134,10 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, cells);
         for (const bool isAllDay : {false, true}) {
-            const auto read = ReminderWording::read(cells.at(0), isAllDay);
-            QCOMPARE(read ? ReminderWording::trigger(*read) : u"-"_s, cells.at(isAllDay ? 2 : 1));
+            QStringList words;
+            for (const CXAlarmTrigger &each : remindersIn(cells.at(0), isAllDay))
+                words.append(ReminderWording::trigger(each));
+            QCOMPARE(words.isEmpty() ? u"-"_s : words.join(u", "_s), cells.at(isAllDay ? 2 : 1));
         }
     }
 };

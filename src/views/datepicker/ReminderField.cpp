@@ -1,5 +1,6 @@
 #include "views/datepicker/ReminderField.h"
 
+#include "capture/ReminderPhrase.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/TextButton.h"
 #include "views/wording/ReminderWording.h"
@@ -55,7 +56,7 @@ void ReminderField::setReminders(const std::set<CXAlarmTrigger> &reminders, bool
 
 bool ReminderField::isReadable() const
 {
-    return m_other->text().trimmed().isEmpty() || ReminderWording::read(m_other->text(), m_isAllDay);
+    return m_other->text().trimmed().isEmpty() || !remindersIn(m_other->text(), m_isAllDay).empty();
 }
 
 void ReminderField::openMenu()
@@ -79,11 +80,10 @@ void ReminderField::openMenu()
 
 void ReminderField::readTyped()
 {
-    const auto trigger = ReminderWording::read(m_other->text(), m_isAllDay);
-    if (!trigger) return;
+    std::set<CXAlarmTrigger> reminders = remindersIn(m_other->text(), m_isAllDay);
+    if (reminders.empty()) return;
     m_other->clear();
-    std::set<CXAlarmTrigger> reminders = m_reminders;
-    reminders.insert(*trigger);
+    reminders.insert(m_reminders.begin(), m_reminders.end());
     change(reminders);
 }
 

@@ -6,10 +6,10 @@
 #include "views/datepicker/DayChooser.h"
 #include "views/datepicker/ReminderField.h"
 #include "views/datepicker/TimeField.h"
+#include "views/datepicker/ZoneButton.h"
 #include "views/theme/Metrics.h"
 #include "views/wording/DateWording.h"
 
-#include <QComboBox>
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -17,7 +17,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QTimeZone>
 
 using namespace Qt::StringLiterals;
 
@@ -137,20 +136,11 @@ void SchedulePicker::makeTimes(QFormLayout &rows)
 
 void SchedulePicker::makeZones(QFormLayout &rows)
 {
-    m_zone = new QComboBox;
-    m_zone->setObjectName(u"zone"_s);
-    m_zone->setAccessibleName(KWLocalizedString("Time zone"));
-    m_zone->addItem(KWLocalizedString("The clock on the wall, wherever I am"), QString{});
-    for (const QByteArray &each : QTimeZone::availableTimeZoneIds())
-        m_zone->addItem(QString::fromLatin1(each), QString::fromLatin1(each));
-    m_zone->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_zone->setMinimumContentsLength(12);
-    rows.addRow(KWLocalizedString("Time zone"), m_zone);
-    const QString shown = m_draft.isFloating() ? QString{} : m_draft.zone().identifier();
-    m_zone->setCurrentIndex(std::max(0, m_zone->findData(shown)));
-    connect(m_zone, &QComboBox::activated, this, [this] {
-        const std::optional<CXTimeZone> zone = CXTimeZone::named(m_zone->currentData().toString());
-        m_draft.setZone(zone.value_or(m_surroundings.zone), !zone);
+    auto *zone = new ZoneButton;
+    zone->setZone(m_draft.isFloating() ? std::nullopt : std::optional{m_draft.zone()});
+    rows.addRow(KWLocalizedString("Time zone"), zone);
+    connect(zone, &ZoneButton::zoneChosen, this, [this](const std::optional<CXTimeZone> &chosen) {
+        m_draft.setZone(chosen.value_or(m_surroundings.zone), !chosen);
         showOccurrences();
     });
 }

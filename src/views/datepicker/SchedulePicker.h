@@ -5,7 +5,6 @@
 #include "views/datepicker/ScheduleDraft.h"
 
 class DayChooser;
-class QComboBox;
 class QFormLayout;
 class QLabel;
 class QSpinBox;
@@ -63,6 +62,5 @@ private:
     QSpinBox *m_daysLater;
     ReminderField *m_reminders;
     RepeatRows *m_repeat;
-    QComboBox *m_zone = nullptr; // only where zones are chosen
     QLabel *m_occurrences;
 };

@@ -3,8 +3,6 @@
 #include "model/settings/KWLocalizedString.h"
 #include "views/wording/DateWording.h"
 
-#include <QRegularExpression>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,22 +36,6 @@ QString allDay(int value, Unit unit, const QString &time)
     return KWLocalizedString("%1 before at %2").arg(amount(unit, value), time);
 }
 
-std::optional<Unit> unitOf(QChar letter)
-{
-    switch (letter.toLower().unicode()) {
-    case u'm':
-        return Unit::Minutes;
-    case u'h':
-        return Unit::Hours;
-    case u'd':
-        return Unit::Days;
-    case u'w':
-        return Unit::Weeks;
-    default:
-        return std::nullopt;
-    }
-}
-
 } // namespace
 
 QString ReminderWording::trigger(const CXAlarmTrigger &trigger)
@@ -72,18 +54,4 @@ QString ReminderWording::triggers(const std::set<CXAlarmTrigger> &triggers)
     if (triggers.empty()) return KWLocalizedString("None");
     if (triggers.size() == 1) return trigger(*triggers.begin());
     return KWLocalizedString("%1 reminders").arg(triggers.size());
-}
-
-std::optional<CXAlarmTrigger> ReminderWording::read(const QString &typed, bool isAllDay)
-{
-    static const QRegularExpression pattern{
-        uR"(^(\d{1,4})\s*(m(?:in(?:ute)?s?)?|h(?:ours?|rs?)?|d(?:ays?)?|w(?:eeks?)?)(?:\s+before)?$)"_s,
-        QRegularExpression::CaseInsensitiveOption};
-    const QRegularExpressionMatch found = pattern.match(typed.simplified());
-    if (!found.hasMatch()) return std::nullopt;
-    const Unit unit = *unitOf(found.capturedView(2).front());
-    const bool isOfDays = unit == Unit::Days || unit == Unit::Weeks;
-    if (isAllDay && !isOfDays) return std::nullopt;
-    const auto nine = isAllDay ? std::optional{std::chrono::seconds{std::chrono::hours{9}}} : std::nullopt;
-    return CXAlarmTrigger::triggerWithUnit(unit, found.capturedView(1).toInt(), nine);
 }
