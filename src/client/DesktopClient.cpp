@@ -137,10 +137,12 @@ int DesktopClient::run(int &argc, char **argv)
 Result<void> DesktopClient::applyTheme()
 {
     ThemeConfigurator &configurator = ThemeConfigurator::shared();
-    const QString theme = m_invocation.theme.isEmpty()
-                              ? KWUserDefaults{m_folders.config}.value(Settings::theme)
-                              : m_invocation.theme;
+    const KWUserDefaults defaults{m_folders.config};
+    const QString theme =
+        m_invocation.theme.isEmpty() ? defaults.value(Settings::theme) : m_invocation.theme;
     configurator.setMode(ThemeConfigurator::modeNamed(theme));
+    if (m_invocation.action == Invocation::Action::Window)
+        configurator.setDesktopTextScale(defaults.value(Settings::desktopTextScale));
     if (!m_invocation.theme.isEmpty() && configurator.mode() == ThemeConfigurator::Mode::FollowDesktop)
         return Error{commandText("“%1” is no theme: there are light and dark.").arg(m_invocation.theme)};
     configurator.apply();
@@ -206,7 +208,7 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
         return int(withoutClient);
     }
     client->setWindowIcon();
-    client->followDesktopScheme();
+    client->followDesktopAppearance();
     client->lookAfterStore(lastRun);
     client->rooms().menu().handle(MenuCommand::SendDiagnostics, alerts,
                                   [&diagnostics] { diagnostics.run(); });

@@ -62,10 +62,10 @@ void restoreBackupIfAsked(const DataFolders &folders, const CXClock &clock)
                 {KWLocalizedString("Continue")}});
 }
 
-std::optional<ColorScheme> schemeOf(PortalColorScheme::Preference preference)
+std::optional<ColorScheme> schemeOf(PortalAppearance::ColorScheme scheme)
 {
-    if (preference == PortalColorScheme::Preference::None) return std::nullopt;
-    return preference == PortalColorScheme::Preference::Dark ? ColorScheme::Dark : ColorScheme::Light;
+    if (scheme == PortalAppearance::ColorScheme::None) return std::nullopt;
+    return scheme == PortalAppearance::ColorScheme::Dark ? ColorScheme::Dark : ColorScheme::Light;
 }
 
 StatusNotifierArea::OlderKind olderStatusArea()
@@ -129,12 +129,18 @@ void OpenClient::setWindowIcon()
     afterFirstPaint([] { QGuiApplication::setWindowIcon(Icons::applicationIcon()); });
 }
 
-void OpenClient::followDesktopScheme()
+void OpenClient::followDesktopAppearance()
 {
-    m_colorScheme.onChanged = [](PortalColorScheme::Preference preference) {
-        ThemeConfigurator::shared().setDesktopScheme([scheme = schemeOf(preference)] { return scheme; });
+    m_appearance.onColorScheme = [](PortalAppearance::ColorScheme told) {
+        ThemeConfigurator::shared().setDesktopScheme([scheme = schemeOf(told)] { return scheme; });
     };
-    afterFirstPaint([this] { m_colorScheme.start(); });
+    m_appearance.onTextScale = [this](double scale) {
+        KWUserDefaults &defaults = m_kit->defaults();
+        if (defaults.value(Settings::desktopTextScale) != scale)
+            defaults.set(Settings::desktopTextScale, scale);
+        ThemeConfigurator::shared().setDesktopTextScale(scale);
+    };
+    afterFirstPaint([this] { m_appearance.start(); });
 }
 
 void OpenClient::lookAfterStore(LastRun lastRun)

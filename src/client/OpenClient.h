@@ -10,7 +10,7 @@
 #include "platform/LoginItem.h"
 #include "platform/LogindSleepMonitor.h"
 #include "platform/OutsideChangeWatcher.h"
-#include "platform/PortalColorScheme.h"
+#include "platform/PortalAppearance.h"
 #include "platform/StatusNotifierArea.h"
 #include "platform/SystemTimeZoneWatch.h"
 #include "views/alerts/AlertPresenter.h"
@@ -33,8 +33,9 @@ public:
 
     /// Gives the program's windows its icon, once the first one is painted.
     void setWindowIcon();
-    /// Takes from the desktop whether it is dark or light, once the first window is painted.
-    void followDesktopScheme();
+    /// Takes from the desktop whether it is dark or light and how large text is, once the first window is
+    /// painted.
+    void followDesktopAppearance();
     /// Checks the store if the last run broke off, and keeps its backups, from the first paint on.
     void lookAfterStore(LastRun lastRun);
 
@@ -49,7 +50,7 @@ private:
     LogindSleepMonitor m_sleepMonitor;
     SystemTimeZoneWatch m_zoneWatch;
     LoginItem m_loginItem;
-    PortalColorScheme m_colorScheme;
+    PortalAppearance m_appearance;
     NotificationPanel m_panel;
     DesktopNotifications m_notifications;
     LauncherBadge m_badge;

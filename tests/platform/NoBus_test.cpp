@@ -2,7 +2,7 @@
 #include "platform/DesktopNotifications.h"
 #include "platform/FakeService.h"
 #include "platform/LogindSleepMonitor.h"
-#include "platform/PortalColorScheme.h"
+#include "platform/PortalAppearance.h"
 #include "platform/StatusNotifierArea.h"
 #include "platform/SystemTimeZoneWatch.h"
 
@@ -44,8 +44,8 @@ private Q_SLOTS:
         QVERIFY(area.isThere());
         QCOMPARE(log.lines(u"sleep"_s).size() + log.lines(u"zone"_s).size(), 2);
 
-        PortalColorScheme scheme{noBus};
-        scheme.start();
+        PortalAppearance appearance{noBus};
+        appearance.start();
         QCOMPARE(log.lines(u"appearance"_s).size(), 1);
     }
 };

@@ -70,6 +70,8 @@ inline const Setting<QString> restoreAtStart{"restore_at_start", DefaultsScope::
 inline const Setting<QString> clockFormat{"clock_format", DefaultsScope::Standard, QStringLiteral("system")};
 /// "system", "light" or "dark".
 inline const Setting<QString> theme{"theme", DefaultsScope::Standard, QStringLiteral("system")};
+/// How large the desktop last said that text is, so that the next start begins with it; 1 is the usual size.
+inline constexpr Setting<double> desktopTextScale{"desktop_text_scale", DefaultsScope::Standard, 1};
 inline const Setting<QByteArray> mainWindowGeometry{"main_window_geometry", DefaultsScope::Standard, {}};
 inline const Setting<QByteArray> mainWindowSplitter{"main_window_splitter", DefaultsScope::Standard, {}};
 

@@ -1,5 +1,7 @@
 #include "views/controls/PlainLabel.h"
 
+#include "views/theme/ThemeConfigurator.h"
+
 #include <QAccessible>
 #include <QLabel>
 
@@ -8,7 +10,9 @@ QLabel *makePlainLabel(const QString &text, Fonts::Role role, QPalette::ColorRol
     auto *label = new QLabel{text};
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setFont(Fonts::font(role));
+    const auto dress = [label, role] { label->setFont(Fonts::font(role)); };
+    dress();
+    QObject::connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, label, dress);
     label->setForegroundRole(color);
     return label;
 }

@@ -7,7 +7,8 @@
 class QLabel;
 
 /// Words that break into lines where they must, never read as rich text. They take their colour from the
-/// application's palette, and so follow the theme. Whoever puts the label into a layout owns it.
+/// application's palette and their size from the role, and so follow the theme. Whoever puts the label into a
+/// layout owns it.
 QLabel *makePlainLabel(const QString &text, Fonts::Role role,
                        QPalette::ColorRole color = QPalette::WindowText);
 

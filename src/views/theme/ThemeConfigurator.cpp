@@ -12,6 +12,10 @@
 
 namespace {
 
+constexpr double usualResolution = 96;
+constexpr double largestUsualFont = 11; // points; what desktops come with is 9 to 11
+constexpr double largestTextScale = 3;
+
 QPalette paletteOf(const Theme &theme)
 {
     QPalette palette;
@@ -64,6 +68,7 @@ void ThemeConfigurator::apply()
 {
     if (m_isApplied) return;
     m_isApplied = true;
+    m_startFontScale = QGuiApplication::font().pointSizeF() / largestUsualFont;
     const QColor start = QGuiApplication::palette().color(QPalette::Window);
     m_startScheme = start.lightness() < 128 ? ColorScheme::Dark : ColorScheme::Light;
     QApplication::setStyle(new ThemeStyle);
@@ -80,6 +85,13 @@ void ThemeConfigurator::setMode(Mode mode)
 {
     if (m_mode == mode) return;
     m_mode = mode;
+    dress();
+}
+
+void ThemeConfigurator::setDesktopTextScale(double scale)
+{
+    if (m_desktopTextScale == scale) return;
+    m_desktopTextScale = scale;
     dress();
 }
 
@@ -107,9 +119,12 @@ void ThemeConfigurator::dress()
     m_theme = wantedScheme() == ColorScheme::Dark ? &Theme::dark() : &Theme::light();
     if (!m_isApplied) return;
 
-    // A desktop that enlarges text alone says so by the resolution it reports.
+    // Some desktops say one thing in several ways, so they are not multiplied.
+    double resolutionScale = 1;
     if (const QScreen *screen = QGuiApplication::primaryScreen())
-        m_textScale = std::max(1.0, screen->logicalDotsPerInchY() / 96);
+        resolutionScale = screen->logicalDotsPerInchY() / usualResolution;
+    m_textScale =
+        std::clamp(std::max({resolutionScale, m_desktopTextScale, m_startFontScale}), 1.0, largestTextScale);
     QApplication::setFont(Fonts::font(Fonts::Role::Body));
     QApplication::setPalette(paletteOf(*m_theme));
     QApplication::setPalette(menuPaletteOf(*m_theme), "QMenu");

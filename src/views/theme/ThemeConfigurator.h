@@ -36,7 +36,10 @@ public:
 
     const Theme &theme() const { return *m_theme; }
 
-    /// The desktop's scaling of text.
+    /// How much larger than usual the desktop says that text is to be; 1 without this.
+    void setDesktopTextScale(double scale);
+    /// How large text is: the largest of what the desktop says, of the resolution that it reports, and of the
+    /// font that it gave the program; at least 1, the usual size, and 3 at most.
     double textScale() const { return m_textScale; }
 
 Q_SIGNALS:
@@ -52,6 +55,8 @@ private:
     Mode m_mode = Mode::FollowDesktop;
     const Theme *m_theme = &Theme::light();
     double m_textScale = 1;
+    double m_desktopTextScale = 1;
+    double m_startFontScale = 1;
     bool m_isApplied = false;
     ColorScheme m_startScheme = ColorScheme::Light;
     DesktopScheme m_desktopScheme;
