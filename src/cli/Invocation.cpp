@@ -33,6 +33,11 @@ constexpr Option options[] = {
     {.name = "--theme"_L1, .value = &Invocation::theme, .commands = noCommand},
     {.name = "--size"_L1, .value = &Invocation::size, .commands = noCommand, .needsPicture = true},
     {.name = "--scale"_L1, .value = &Invocation::scale, .commands = noCommand, .needsPicture = true},
+    {.name = "--text-size"_L1, .value = &Invocation::textSize, .commands = noCommand, .needsPicture = true},
+    {.name = "--right-to-left"_L1,
+     .flag = &Invocation::isRightToLeft,
+     .commands = noCommand,
+     .needsPicture = true},
     {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
     {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list"},
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
@@ -85,8 +90,10 @@ constexpr const char *programUsage =
     "orvane add|list|done|undo|backup|restore|export|import …\n"
     "    See `orvane COMMAND --help`.\n"
     "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
+    "       [--text-size PERCENT] [--right-to-left]\n"
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
-    "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, preferences or preferences:PAGE.\n"
+    "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, filter:NAME, edit-filter:NAME,\n"
+    "    search:TEXT, palette:TEXT, schedule, preferences or preferences:PAGE.\n"
     "orvane --version | --help | -h\n";
 
 const Option *optionNamed(QStringView name)

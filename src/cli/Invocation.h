@@ -25,8 +25,10 @@ struct Invocation {
     QString theme;
     QString size;
     QString scale;
+    QString textSize;
     QString pictureFile;
     bool isDemo = false;
+    bool isRightToLeft = false;
     bool isLoginItem = false;
     bool sendsDiagnostics = false;
     bool isDryRun = false;

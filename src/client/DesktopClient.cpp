@@ -10,6 +10,7 @@
 #include "cli/RunSettings.h"
 #include "client/FirstPaintReport.h"
 #include "client/OpenClient.h"
+#include "client/PageDrawing.h"
 #include "client/RelaunchArguments.h"
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
@@ -24,15 +25,14 @@
 #include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
 #include "views/pictures/PagePicture.h"
-#include "views/preferences/PreferencesWindow.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/theme/FontWarmUp.h"
 #include "views/theme/ThemeConfigurator.h"
-#include "views/welcome/WelcomeWindow.h"
 
 #include <QApplication>
-#include <QCursor>
+#include <QDir>
+#include <QTemporaryFile>
 #include <QTextStream>
 
 #include <algorithm>
@@ -54,6 +54,34 @@ bool hasDisplay()
     return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"},
                                [](const char *name) { return !qEnvironmentVariableIsEmpty(name); });
 }
+
+Result<PictureRequest> pictureRequestOf(const Invocation &invocation)
+{
+    return PictureRequest::read({.file = invocation.pictureFile,
+                                 .page = invocation.page,
+                                 .size = invocation.size,
+                                 .scale = invocation.scale,
+                                 .textSize = invocation.textSize});
+}
+
+// A screen of the offscreen platform that is as large as the picture: what pops up stays within it.
+class PictureScreen {
+public:
+    explicit PictureScreen(const PictureRequest &request)
+    {
+        const QSize size = request.size * request.scale;
+        if (m_file.open())
+            m_file.write(
+                QByteArray{R"({"windowFrameMargins": false, "screens": [{"width": %1, "height": %2}]})"}
+                    .replace("%1", QByteArray::number(size.width()))
+                    .replace("%2", QByteArray::number(size.height())));
+        m_file.close();
+    }
+    QByteArray platform() const { return "offscreen:configfile=" + QFile::encodeName(m_file.fileName()); }
+
+private:
+    QTemporaryFile m_file{QDir::tempPath() + u"/orvane-screen-XXXXXX"_s};
+};
 
 LaunchCause causeOf(const Invocation &invocation)
 {
@@ -79,26 +107,6 @@ void reportFirstPaintIfAsked(OpenClient &client)
                    }};
 }
 
-// The first paint asks for counts, they come from the background, and what they bring is laid out.
-void finishWork(OrvaneKit &kit)
-{
-    constexpr int rounds = 4;
-    for (int round = 0; round < rounds; ++round) {
-        QCoreApplication::processEvents();
-        kit.manager().threadPool().waitForDone();
-    }
-    QCoreApplication::processEvents();
-}
-
-// A picture shows the detail too: of the first task with a checklist, else of the first one.
-void selectTaskToShow(MainWindow &window)
-{
-    const QList<KWTaskListItemModel> rows = window.listPane().model().tasks();
-    if (rows.isEmpty()) return;
-    const auto found = std::ranges::find_if(rows, [](const auto &row) { return row.checklistCount > 0; });
-    window.listPane().list().selectTask(found == rows.end() ? rows.first().sid : found->sid);
-}
-
 } // namespace
 
 DesktopClient::DesktopClient(Invocation invocation) : m_invocation(std::move(invocation))
@@ -110,9 +118,10 @@ DesktopClient::DesktopClient(Invocation invocation) : m_invocation(std::move(inv
 int DesktopClient::run(int &argc, char **argv)
 {
     const bool isPicture = m_invocation.action == Invocation::Action::Picture;
+    std::optional<PictureScreen> screen;
     if (isPicture) {
         CXLog::installQtMessageHandler(); // standard error is for what went wrong
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", screen.emplace(pictureRequestOf(m_invocation).valueOr({})).platform());
         if (!m_invocation.scale.isEmpty()) qputenv("QT_SCALE_FACTOR", m_invocation.scale.toUtf8());
     }
     if (!isPicture && !hasDisplay())
@@ -138,8 +147,7 @@ Result<void> DesktopClient::applyTheme()
 {
     ThemeConfigurator &configurator = ThemeConfigurator::shared();
     const KWUserDefaults defaults{m_folders.config};
-    const QString theme =
-        m_invocation.theme.isEmpty() ? defaults.value(Settings::theme) : m_invocation.theme;
+    const QString theme = m_invocation.theme.isEmpty() ? defaults.value(Settings::theme) : m_invocation.theme;
     configurator.setMode(ThemeConfigurator::modeNamed(theme));
     if (m_invocation.action == Invocation::Action::Window)
         configurator.setDesktopTextScale(defaults.value(Settings::desktopTextScale));
@@ -228,41 +236,18 @@ int DesktopClient::drawPicture(SystemClock &clock)
 {
     if (const Result<void> theme = applyTheme(); !theme)
         return fail(theme.error().sentence, ExitStatus::WrongUsage);
-    const Result<PictureRequest> request =
-        pictureRequest(m_invocation.pictureFile, m_invocation.page, m_invocation.size, m_invocation.scale);
+    const Result<PictureRequest> request = pictureRequestOf(m_invocation);
     if (!request) return fail(request.error().sentence, ExitStatus::WrongUsage);
-    const bool isPreferences = request->page.section(u':', 0, 0) == u"preferences";
-    if (isPreferences && !PreferencesWindowController::hasPage(request->page.section(u':', 1)))
-        return fail(commandText("There is no page “%1”.").arg(request->page), ExitStatus::WrongUsage);
+    ThemeConfigurator::shared().setDesktopTextScale(request->textScale);
+    if (m_invocation.isRightToLeft) QApplication::setLayoutDirection(Qt::RightToLeft);
     const OrvaneKit::Opening opening = OrvaneKit::open(m_folders, clock);
     if (!opening.kit) return fail(opening.sentence, ExitStatus::CouldNot);
     OrvaneKit &kit = *opening.kit;
     if (const Result<void> filled = m_invocation.isDemo ? fillDemoAccount(kit) : Result<void>{}; !filled)
         return fail(filled.error().sentence, ExitStatus::CouldNot);
 
-    const Result<std::optional<KWListIdentifier>> list =
-        isPreferences ? std::optional<KWListIdentifier>{} : listOfPage(request->page, kit);
-    if (!list) return fail(list.error().sentence, ExitStatus::WrongUsage);
-    QCursor::setPos(-1000, -1000); // no row is drawn as pointed at
-    DesktopRooms rooms{kit, clock};
-    QWidget *window = nullptr;
-    if (*list) {
-        rooms.mainWindow().show();
-        rooms.mainWindow().select(**list);
-        selectTaskToShow(*rooms.mainWindow().window());
-        window = rooms.mainWindow().window();
-    } else if (isPreferences) {
-        rooms.preferences().show(request->page.section(u':', 1));
-        window = rooms.preferences().window();
-        if (!window)
-            return fail(commandText("Nobody has used this folder yet, so it has no preferences."),
-                        ExitStatus::CouldNot);
-    } else {
-        rooms.welcomeWindow().showCentred();
-        window = rooms.welcomeWindow().window();
-    }
-    window->resize(request->size);
-    finishWork(kit);
-    const Result<void> saved = savePicture(*window, request->file);
-    return saved ? 0 : fail(saved.error().sentence, ExitStatus::CouldNot);
+    const Result<PicturePage> page = PicturePage::read(request->page, kit);
+    if (!page) return fail(page.error().sentence, ExitStatus::WrongUsage);
+    const Result<void> drawn = drawPage(*page, *request, kit, clock);
+    return drawn ? 0 : fail(drawn.error().sentence, ExitStatus::CouldNot);
 }

@@ -9,13 +9,14 @@ class PagePicture_test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void takesOrRefuses_data() { addCaseRows("gui/pictures.txt", 3); }
+    void takesOrRefuses_data() { addCaseRows("gui/pictures.txt", 4); }
     void takesOrRefuses()
     {
         QFETCH(QStringList, cells);
-        const Result<PictureRequest> request = pictureRequest(cells[0], u"today"_s, cells[1], {});
-        QCOMPARE(bool(request), cells[2].isEmpty());
-        if (!request) QVERIFY2(request.error().sentence.contains(cells[2]), qUtf8Printable(cells[2]));
+        const Result<PictureRequest> request = PictureRequest::read(
+            {.file = cells[0], .page = {}, .size = cells[1], .scale = {}, .textSize = cells[2]});
+        QCOMPARE(bool(request), cells[3].isEmpty());
+        if (!request) QVERIFY2(request.error().sentence.contains(cells[3]), qUtf8Printable(cells[3]));
     }
 };
 

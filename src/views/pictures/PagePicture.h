@@ -6,26 +6,41 @@
 #include <QSize>
 #include <QString>
 
-#include <optional>
-
 class OrvaneKit;
 class QWidget;
 
 /// What a picture shows, as asked for on the command line.
 struct PictureRequest {
+    /// As it was typed; what is empty is as usual.
+    struct Words {
+        QString file;
+        QString page;
+        QString size;
+        QString scale;
+        QString textSize;
+    };
+    /// Reads "1280x800", "2" and "200"; an error names what is wrong.
+    static Result<PictureRequest> read(const Words &words);
+
     QString file;
     QString page = QStringLiteral("today");
     QSize size{1280, 800};
     double scale = 1;
+    double textScale = 1;
 };
 
-/// Reads "1280x800" and "2"; an error names what is wrong.
-Result<PictureRequest> pictureRequest(const QString &file, const QString &page, const QString &size,
-                                      const QString &scale);
+/// A page that a picture shows.
+struct PicturePage {
+    enum class Kind { Welcome, List, Search, Palette, Schedule, FilterEditor, Preferences };
 
-/// The list that a page shows: "today", "inbox", "list:NAME", "tag:NAME", …; nothing for "welcome". A
-/// page that does not exist is an error that says so.
-Result<std::optional<KWListIdentifier>> listOfPage(const QString &page, OrvaneKit &kit);
+    Kind kind = Kind::List;
+    KWListIdentifier list =
+        KWListIdentifier::todayProject(); ///< in the middle, also behind what stands over it
+    QString text{}; ///< what is searched for, the id of the filter, the page of the preferences
 
-/// Draws the window, once it is complete, into the file.
+    /// Reads "today", "list:NAME", "search:TEXT", …; an error says that there is no such page.
+    static Result<PicturePage> read(const QString &page, OrvaneKit &kit);
+};
+
+/// Draws the window, once it is complete, with what stands over it, into the file.
 Result<void> savePicture(QWidget &window, const QString &file);

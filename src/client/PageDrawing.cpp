@@ -1,0 +1,95 @@
+#include "client/PageDrawing.h"
+
+#include "cli/CommandText.h"
+#include "client/DesktopRooms.h"
+#include "model/OrvaneKit.h"
+#include "views/main/MainWindow.h"
+#include "views/pictures/PagePicture.h"
+#include "views/preferences/PreferencesWindow.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QLineEdit>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The first paint asks for counts, they come from the background, and what they bring is laid out.
+void finishWork(OrvaneKit &kit)
+{
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        QCoreApplication::processEvents();
+        kit.manager().threadPool().waitForDone();
+    }
+    QCoreApplication::processEvents();
+}
+
+// A picture shows the detail too: of the first task with a checklist, else of the first one.
+void selectTaskToShow(MainWindow &window)
+{
+    const QList<KWTaskListItemModel> rows = window.listPane().model().tasks();
+    if (rows.isEmpty()) return;
+    const auto found = std::ranges::find_if(rows, [](const auto &row) { return row.checklistCount > 0; });
+    window.listPane().list().selectTask(found == rows.end() ? rows.first().sid : found->sid);
+}
+
+void typeInto(MainWindow &window, const QString &field, const QString &text)
+{
+    if (auto *found = window.findChild<QLineEdit *>(field)) found->setText(text);
+}
+
+// Opens what the page shows over the list.
+void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
+{
+    switch (page.kind) {
+    case PicturePage::Kind::Search:
+        rooms.menu().action(MenuCommand::Find).trigger();
+        return typeInto(window, u"searchField"_s, page.text);
+    case PicturePage::Kind::Palette:
+        rooms.menu().action(MenuCommand::OpenPalette).trigger();
+        return typeInto(window, u"paletteField"_s, page.text);
+    case PicturePage::Kind::Schedule:
+        return rooms.menu().action(MenuCommand::SetDate).trigger();
+    case PicturePage::Kind::FilterEditor:
+        return rooms.mainWindow().editFilter(page.text);
+    default:
+        return;
+    }
+}
+
+} // namespace
+
+Result<void> drawPage(const PicturePage &page, const PictureRequest &request, OrvaneKit &kit, CXClock &clock)
+{
+    QCursor::setPos(-1000, -1000); // no row is drawn as pointed at
+    DesktopRooms rooms{kit, clock};
+    rooms.menu().setUp(); // keys are shown
+    QWidget *window = nullptr;
+    if (page.kind == PicturePage::Kind::Welcome) {
+        rooms.welcomeWindow().showCentred();
+        window = rooms.welcomeWindow().window();
+    } else if (page.kind == PicturePage::Kind::Preferences) {
+        rooms.preferences().show(page.text);
+        window = rooms.preferences().window();
+        if (!window) return Error{commandText("Nobody has used this folder yet, so it has no preferences.")};
+    } else {
+        rooms.mainWindow().show();
+        window = rooms.mainWindow().window();
+        rooms.mainWindow().select(page.list);
+        selectTaskToShow(*rooms.mainWindow().window());
+    }
+    window->move(0, 0);
+    window->resize(request.size);
+    if (MainWindow *main = rooms.mainWindow().window()) {
+        finishWork(kit);
+        openOver(*main, page, rooms);
+    }
+    finishWork(kit);
+    return savePicture(*window, request.file);
+}
