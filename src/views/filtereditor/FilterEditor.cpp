@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -90,7 +91,8 @@ FilterEditor::FilterEditor(const Content &content, FilterChoices choices, Day to
     m_message->hide();
     for (const Condition &each : group.parts)
         addRow(each);
-    resize(Metrics::scaled(editorSize.width()), Metrics::scaled(editorSize.height()));
+    const QSize wanted{Metrics::scaled(editorSize.width()), Metrics::scaled(editorSize.height())};
+    resize(wanted.boundedTo(screen()->availableSize()));
     m_name->setFocus();
 }
 

@@ -13,6 +13,7 @@
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/ThemeConfigurator.h"
 #include "views/toast/Toast.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,8 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -43,8 +46,6 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     setWindowTitle(QCoreApplication::applicationName());
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
 
-    m_detail->setMinimumWidth(Metrics::detailMinimumWidth);
-    m_detail->setMaximumWidth(Metrics::detailMaximumWidth);
     m_splitter->setObjectName(u"columns"_s);
     m_splitter->setChildrenCollapsible(false);
     for (QWidget *column : {static_cast<QWidget *>(m_sidebar), static_cast<QWidget *>(m_listPane),
@@ -57,6 +58,7 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     layout->setSpacing(0);
     layout->addWidget(m_splitter);
 
+    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &MainWindow::arrange);
     connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
     setTabOrder(&m_listPane->addField(), &m_toast->actionButton());
     setTabOrder(&m_toast->actionButton(), &m_listPane->list());
@@ -78,9 +80,9 @@ void MainWindow::restoreState()
     if (!restoreGeometry(m_defaults.value(Settings::mainWindowGeometry)))
         resize(QSize{Metrics::windowWidth, Metrics::windowHeight}.boundedTo(screen()->availableSize()));
     if (!m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter)))
-        m_splitter->setSizes({Metrics::sidebarWidth,
-                              Metrics::windowWidth - Metrics::sidebarWidth - Metrics::detailWidth,
-                              Metrics::detailWidth});
+        m_splitter->setSizes({Metrics::scaled(Metrics::sidebarWidth),
+                              width() - Metrics::scaled(Metrics::sidebarWidth + Metrics::detailWidth),
+                              Metrics::scaled(Metrics::detailWidth)});
     arrange();
 }
 
@@ -99,7 +101,8 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 
 void MainWindow::arrange()
 {
-    const bool isNarrow = width() < Metrics::narrowWindowWidth;
+    limitColumns();
+    const bool isNarrow = width() < Metrics::scaled(Metrics::narrowWindowWidth);
     if (isNarrow != m_isNarrow) {
         if (isNarrow) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
         m_isNarrow = isNarrow;
@@ -116,9 +119,18 @@ void MainWindow::arrange()
     if (m_isNarrow) placeSheet();
 }
 
+// Large text needs wider columns, as far as the list has room beside them.
+void MainWindow::limitColumns()
+{
+    m_sidebar->setMinimumWidth(std::min(Metrics::scaled(Metrics::sidebarMinimumWidth), width() / 3));
+    m_sidebar->setMaximumWidth(Metrics::scaled(Metrics::sidebarMaximumWidth));
+    m_detail->setMinimumWidth(Metrics::scaled(Metrics::detailMinimumWidth));
+    m_detail->setMaximumWidth(Metrics::scaled(Metrics::detailMaximumWidth));
+}
+
 void MainWindow::placeSheet()
 {
-    const int sheetWidth = qMin(Metrics::detailWidth, width());
+    const int sheetWidth = qMin(Metrics::scaled(Metrics::detailWidth), width());
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const QRect columns = m_splitter->geometry(); // below the menu bar, when that is shown
     m_detail->setGeometry(isMirrored ? 0 : width() - sheetWidth, columns.top(), sheetWidth, columns.height());

@@ -64,6 +64,7 @@ private:
     void restoreState();
     void saveState();
     void arrange();
+    void limitColumns();
     void placeSheet();
     void showToast(const QString &message, const QString &action);
     void showFailure(const QString &sentence, const QObject &work);

@@ -10,9 +10,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +37,6 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     m_names->setObjectName(u"preferencesPages"_s);
     m_names->setAccessibleName(KWLocalizedString("Pages of the preferences"));
     m_names->setFrameShape(QFrame::NoFrame);
-    m_names->setFixedWidth(Metrics::scaled(namesWidth));
     m_names->setMouseTracking(true);
     m_names->viewport()->setBackgroundRole(QPalette::AlternateBase);
     m_names->setItemDelegate(new NameDelegate{m_names});
@@ -67,7 +69,8 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
         m_message->hide();
     });
     connect(new QShortcut{QKeySequence{u"Ctrl+W"_s}, this}, &QShortcut::activated, this, &QWidget::close);
-    resize(Metrics::scaled(preferencesSize.width()), Metrics::scaled(preferencesSize.height()));
+    const QSize wanted{Metrics::scaled(preferencesSize.width()), Metrics::scaled(preferencesSize.height())};
+    resize(wanted.boundedTo(screen()->availableSize()));
 }
 
 void PreferencesWindow::addPage(PreferencesPage *page)
@@ -94,6 +97,12 @@ void PreferencesWindow::showPage(const QString &name)
 }
 
 void PreferencesWindow::showMessage(const QString &sentence) { sayIn(*m_message, sentence); }
+
+void PreferencesWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_names->setFixedWidth(std::min(Metrics::scaled(namesWidth), width() / 3));
+}
 
 void PreferencesWindow::keyPressEvent(QKeyEvent *event)
 {

@@ -21,6 +21,7 @@ public:
     void showMessage(const QString &sentence);
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -14,8 +14,6 @@ SidebarView::SidebarView(QWidget *parent)
     : QWidget(parent), m_header(new AccountHeader{this}), m_tree(new KWProjectListView{this})
 {
     setObjectName(u"sidebar"_s);
-    setMinimumWidth(Metrics::sidebarMinimumWidth);
-    setMaximumWidth(Metrics::sidebarMaximumWidth);
     auto *layout = new QVBoxLayout{this};
     layout->setContentsMargins(0, 0, 0, Metrics::gap);
     layout->setSpacing(0);
