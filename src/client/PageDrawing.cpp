@@ -69,7 +69,7 @@ Result<void> drawPage(const PicturePage &page, const PictureRequest &request, Or
 {
     QCursor::setPos(-1000, -1000); // no row is drawn as pointed at
     DesktopRooms rooms{kit, clock};
-    rooms.menu().setUp(); // keys are shown
+    rooms.menu().refreshConfiguration(); // keys are shown
     QWidget *window = nullptr;
     if (page.kind == PicturePage::Kind::Welcome) {
         rooms.welcomeWindow().showCentred();

@@ -17,8 +17,8 @@ constexpr int mostCharactersShown = 300;
 constexpr int excerptHeight = 18;
 
 // One line with marked stretches; what does not fit ends in "…".
-void drawMarked(QPainter &painter, Fonts::Role role, const QRect &bounds, const QString &text,
-                const QList<TextMark> &marks, const QColor &color)
+void drawMarked(QPainter &painter, Fonts::Role role, const QRect &bounds, Qt::Alignment side,
+                const QString &text, const QList<TextMark> &marks, const QColor &color)
 {
     const QFont &font = Fonts::font(role);
     QString line =
@@ -33,6 +33,7 @@ void drawMarked(QPainter &painter, Fonts::Role role, const QRect &bounds, const 
             formats.append({int(each.position), int(each.length), marked});
     QTextLayout layout{line, font};
     layout.setFormats(formats);
+    layout.setTextOption(QTextOption{side | Qt::AlignAbsolute});
     layout.beginLayout();
     QTextLine shaped = layout.createLine();
     shaped.setLineWidth(bounds.width());
@@ -96,7 +97,7 @@ void FoundRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const int left = inner.left() + icon + Metrics::gap;
     const QRect title{left, inner.top(), inner.right() - left - noteWidth - Metrics::gap, titleHeight};
     const bool isQuiet = !row.isEnabled || row.isClosed;
-    drawMarked(*painter, Fonts::Role::Body, visual(title), displayTitle(row.title), row.titleMarks,
+    drawMarked(*painter, Fonts::Role::Body, visual(title), side, displayTitle(row.title), row.titleMarks,
                isQuiet ? theme.secondaryText : theme.text);
     painter->setPen(faint);
     Fonts::drawLine(*painter, Fonts::Role::Secondary,
@@ -106,7 +107,7 @@ void FoundRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
         drawMarked(*painter, Fonts::Role::Secondary,
                    visual({left, inner.top() + titleHeight - Metrics::grid, inner.right() - left,
                            Metrics::scaled(excerptHeight)}),
-                   row.excerpt, row.excerptMarks, theme.secondaryText);
+                   side, row.excerpt, row.excerptMarks, theme.secondaryText);
     painter->restore();
 }
 
