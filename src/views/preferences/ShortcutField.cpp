@@ -51,7 +51,8 @@ ShortcutField::ShortcutField(const QString &command, QString defaultKeys)
     m_keys->setAccessibleName(command);
     m_keys->setPlaceholderText(KWLocalizedString("None"));
     m_keys->setContextMenuPolicy(Qt::NoContextMenu);
-    m_keys->setFixedWidth(Metrics::scaled(keysWidth));
+    m_keys->setMinimumWidth(keysWidth); // large text scrolls in it where there is no more room
+    m_keys->setMaximumWidth(Metrics::scaled(keysWidth));
     m_keys->installEventFilter(this);
     setFocusProxy(m_keys);
 

@@ -141,7 +141,7 @@ bool KWProjectListView::selectNode(KWProjectListNodeType type, const QString &en
     if (!index.isValid() || !(m_model.flags(index) & Qt::ItemIsSelectable)) return false;
     if (selectionModel()->isSelected(index)) return true;
     setCurrentIndex(index);
-    scrollTo(index);
+    if (isVisible()) scrollTo(index); // before it is, there is no height to scroll by
     return true;
 }
 
