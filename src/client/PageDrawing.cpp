@@ -48,6 +48,8 @@ void typeInto(MainWindow &window, const QString &field, const QString &text)
 void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
 {
     switch (page.kind) {
+    case PicturePage::Kind::Detail:
+        return window.openDetail();
     case PicturePage::Kind::Search:
         rooms.menu().action(MenuCommand::Find).trigger();
         return typeInto(window, u"searchField"_s, page.text);

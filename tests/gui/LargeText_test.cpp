@@ -61,6 +61,8 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         verifyRowsHoldTheirText(list());
         verifyRowsHoldTheirText(tree());
+        m_client->press(Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(m_client->find<QWidget>("searchField").height() >= Metrics::scaled(Metrics::addField));
         setTextScale(50);
         QCOMPARE(Metrics::textScale(), 3.0);
         setTextScale(0.1);

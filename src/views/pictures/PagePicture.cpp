@@ -105,6 +105,7 @@ Result<PicturePage> PicturePage::read(const QString &page, OrvaneKit &kit)
     const QString name = page.section(u':', 0, 0);
     const QString text = page.section(u':', 1);
     if (page == u"welcome") return PicturePage{.kind = Kind::Welcome};
+    if (page == u"detail") return PicturePage{.kind = Kind::Detail};
     if (page == u"schedule") return PicturePage{.kind = Kind::Schedule};
     if (name == u"search") return PicturePage{.kind = Kind::Search, .text = text};
     if (name == u"palette") return PicturePage{.kind = Kind::Palette, .text = text};

@@ -31,7 +31,7 @@ struct PictureRequest {
 
 /// A page that a picture shows.
 struct PicturePage {
-    enum class Kind { Welcome, List, Search, Palette, Schedule, FilterEditor, Preferences };
+    enum class Kind { Welcome, List, Detail, Search, Palette, Schedule, FilterEditor, Preferences };
 
     Kind kind = Kind::List;
     KWListIdentifier list =

@@ -76,6 +76,7 @@ ShortcutField::ShortcutField(const QString &command, QString defaultKeys)
 void ShortcutField::setKeys(const QString &keys)
 {
     m_keys->setText(nativeText(keys));
+    m_keys->setCursorPosition(0);
     m_default->setVisible(keys != m_defaultKeys);
 }
 

@@ -2,6 +2,7 @@
 
 #include "views/controls/PlainLabel.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/ThemeConfigurator.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -34,7 +35,9 @@ SearchPage::SearchPage(QWidget &covered)
     m_field->setObjectName(u"searchField"_s);
     m_field->setAccessibleName(tr("Search in titles and texts"));
     m_field->setPlaceholderText(m_field->accessibleName());
-    m_field->setMinimumHeight(Metrics::scaled(Metrics::addField));
+    const auto dress = [this] { m_field->setMinimumHeight(Metrics::scaled(Metrics::addField)); };
+    dress();
+    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, dress);
     m_field->installEventFilter(this);
     m_rows->setFocusPolicy(Qt::StrongFocus);
     m_rows->setContextMenuPolicy(Qt::CustomContextMenu);
