@@ -18,6 +18,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -214,6 +215,9 @@ void TaskDetailView::paintEvent(QPaintEvent *)
     const Theme &theme = Theme::current();
     QPainter painter{this};
     painter.fillRect(rect(), theme.window);
+    // Over the list it has an edge of its own; beside it the splitter draws one.
+    if (autoFillBackground())
+        painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), {0, 0, 1, height()}), theme.popupEdge);
     if (!m_sid.isEmpty()) return;
     painter.setFont(Fonts::font(Fonts::Role::Body));
     painter.setPen(theme.faintText);
