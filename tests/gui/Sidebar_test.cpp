@@ -66,6 +66,18 @@ private Q_SLOTS:
         m_client->press(Qt::Key_Escape);
         QCOMPARE(lists(), u"Work Home(Ideas)"_s);
 
+        m_client->press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        m_client->type(u"Plans"_s);
+        m_client->press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(lists(), u"Work Home(Ideas Plans )"_s); // what was typed is a list, and another begins
+        m_client->type(u"Work"_s);
+        m_client->press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        const auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(editor);
+        QCOMPARE(editor->text(), u"Work"_s); // there is one
+        m_client->press(Qt::Key_Escape);
+        QCOMPARE(lists(), u"Work Home(Ideas Plans)"_s);
+
         addTo(KWSmartProject::tag(), u"Errand"_s);
         goToList(listRow(u"Errand"_s));
         m_client->press(Qt::Key_F2);

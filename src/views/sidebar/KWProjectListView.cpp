@@ -185,6 +185,12 @@ void KWProjectListView::editName(KWProjectListNodeType type, const QString &enti
     edit(index);
 }
 
+bool KWProjectListView::finishNaming()
+{
+    if (QWidget *editor = indexWidget(m_editedIndex)) m_delegate->finish(*editor);
+    return !indexWidget(m_editedIndex);
+}
+
 KWProjectListNode *KWProjectListView::endEditing(QWidget *editor)
 {
     KWProjectListNode *node = m_model.nodeAt(m_editedIndex);

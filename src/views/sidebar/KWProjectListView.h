@@ -37,6 +37,10 @@ public:
     void editName(KWProjectListNodeType type, const QString &entityID,
                   const std::optional<QString> &typed = std::nullopt);
 
+    /// Takes the name that is being typed, if one is, as Enter does; false when it is refused and still
+    /// typed.
+    bool finishNaming();
+
     /// The rows are scrolled away under a shadow at the top.
     bool scrollViewIsScrolled() const { return m_scrollViewIsScrolled; }
 

@@ -161,6 +161,8 @@ bool ProjectRowDelegate::eventFilter(QObject *object, QEvent *event)
     return QStyledItemDelegate::eventFilter(object, event);
 }
 
+void ProjectRowDelegate::finish(QWidget &editor) { end(static_cast<QLineEdit &>(editor), true); }
+
 void ProjectRowDelegate::end(QLineEdit &editor, bool isNamed)
 {
     if (editor.property(isEnding).toBool()) return;

@@ -34,6 +34,9 @@ public:
     /// What the next editor shows in place of the title, once.
     void setTypedName(const QString &name) { m_typedName = name; }
 
+    /// Takes what is typed in this editor of a name, as Enter does.
+    void finish(QWidget &editor);
+
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;

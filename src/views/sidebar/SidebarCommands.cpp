@@ -39,10 +39,12 @@ void SidebarCommands::addList()
     add(Type::project, isInFolder ? list->groupID : QString{});
 }
 
-void SidebarCommands::add(KWProjectListNodeType type, const QString &parentID, KWProjectKind kind)
+// The parent's id is a copy: the name typed before makes another tree.
+void SidebarCommands::add(KWProjectListNodeType type, QString parentID, KWProjectKind kind)
 {
+    if (!m_tree.finishNaming()) return;
     m_presenter.endAdding();
-    m_presenter.beginAdding({type, kind, parentID});
+    m_presenter.beginAdding({type, kind, std::move(parentID)});
     m_tree.editName(type, {});
 }
 

@@ -33,7 +33,7 @@ Q_SIGNALS:
     void filterEditRequested(const QString &filterID);
 
 private:
-    void add(KWProjectListNodeType type, const QString &parentID, KWProjectKind kind = KWProjectKindTask);
+    void add(KWProjectListNodeType type, QString parentID, KWProjectKind kind = KWProjectKindTask);
     void addTo(const KWProjectListNode &parent);
     void finishNaming(const KWProjectListNode &node, const QString &name);
     void showMenu(const KWProjectListNode &node, const QPoint &position);
