@@ -201,6 +201,22 @@ private Q_SLOTS:
         QVERIFY(!m_view->isExpanded(folder()));
     }
 
+    void beginsAtItsTopWhereTheSelectedRowFits()
+    {
+        for (int i = 0; i < 40; ++i)
+            add(m_tree->lists, Type::project, u"list %1"_s.arg(i));
+        KWProjectListView view;
+        view.resize(100, 30); // as before the window lays it out
+        view.setRoot(&m_tree->root);
+        view.selectNode(Type::project, u"work"_s);
+        view.resize(248, 600);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(view.verticalScrollBar()->maximum() > 0);
+        QCOMPARE(view.verticalScrollBar()->value(), 0);
+        view.setRoot(nullptr);
+    }
+
     void bottomRowsStandAtTheBottom()
     {
         const QModelIndex completed = model().find(Type::smartProject, u"smart.completed"_s);
