@@ -74,7 +74,6 @@ private Q_SLOTS:
 
     void tabFollowsTheEye()
     {
-        open();
         typeInto("startTime", u"9:30"_s);
         QTest::keyClick(&in<QWidget>("startTime"), Qt::Key_Tab);
         QStringList names;
@@ -128,6 +127,16 @@ private Q_SLOTS:
         press("repeatRule", Qt::Key_Return);
         gone();
         QCOMPARE(task().repeatRule, u"RRULE:FREQ=DAILY;INTERVAL=1;COUNT=2"_s);
+    }
+
+    void whatNeedsADayTakesTheOneThatIsMarked()
+    {
+        QVERIFY(!task().startDate);
+        typeInto("otherReminder", u"2 days"_s);
+        press("otherReminder", Qt::Key_Return);
+        gone();
+        QCOMPARE(task().startDate, at("2026-11-21 00:00"));
+        QCOMPARE(task().reminders.size(), 1);
     }
 
     void escapeLeavesItAsItWas()

@@ -122,12 +122,17 @@ void SchedulePicker::makeTimes(QFormLayout &rows)
         showDraft();
     });
     connect(m_daysLater, &QSpinBox::valueChanged, this, [this](int days) {
+        needDay();
         m_draft.setDaysLater(m_draft.time() ? days : std::max(0, days - 1));
         showDraft();
     });
     connect(m_reminders, &ReminderField::remindersChanged, this,
-            [this](const std::set<CXAlarmTrigger> &reminders) { m_draft.reminders = reminders; });
+            [this](const std::set<CXAlarmTrigger> &reminders) {
+                if (!reminders.empty()) needDay();
+                m_draft.reminders = reminders;
+            });
     connect(m_repeat, &RepeatRows::repeatChanged, this, [this](const QString &rule, CXRecurrenceFrom from) {
+        if (!rule.isEmpty()) needDay();
         m_draft.repeatRule = rule;
         m_draft.repeatFrom = from;
         showOccurrences();
@@ -194,9 +199,14 @@ const std::set<CXAlarmTrigger> &SchedulePicker::usualReminders(bool isAllDay) co
     return isAllDay ? m_surroundings.allDayReminders : m_surroundings.reminders;
 }
 
-void SchedulePicker::setTime(std::optional<std::chrono::minutes> time)
+void SchedulePicker::needDay()
 {
     if (!m_draft.day()) m_draft.setDay(m_days->selectedDay());
+}
+
+void SchedulePicker::setTime(std::optional<std::chrono::minutes> time)
+{
+    needDay();
     m_draft.setTime(time, usualReminders(!time));
     showDraft();
 }
@@ -247,7 +257,9 @@ QString SchedulePicker::problem() const
         return KWLocalizedString("This is no time of day. Type one such as “9:30”.");
     if (!m_reminders->isReadable())
         return KWLocalizedString("This is no reminder. Type one such as “20 min” or “3 days”.");
-    return m_repeat->problem();
+    if (const QString sentence = m_repeat->problem(); !sentence.isEmpty()) return sentence;
+    const Result<void> fits = m_draft.schedule().check();
+    return fits ? QString{} : fits.error().sentence;
 }
 
 void SchedulePicker::keep()

@@ -45,6 +45,8 @@ private:
     void makeZones(QFormLayout &rows);
     QLayout *makeButtons();
     void connectDays();
+    /// What is chosen for a task without a date gives it the day that is marked.
+    void needDay();
     void setTime(std::optional<std::chrono::minutes> time);
     void showDraft();
     void fitContents();
