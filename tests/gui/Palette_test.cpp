@@ -109,6 +109,9 @@ private Q_SLOTS:
         QVERIFY(palette()->rows().current()->icon == Icon::Tomorrow);
         answer(Qt::Key_Escape);
 
+        QCOMPARE(paletteFor(u"tags"_s), QStringList{u"Search all for “tags”"_s}); // a heading is no list
+        answer(Qt::Key_Escape);
+
         paletteFor(u"calendar"_s);
         QTest::keyClick(palette()->findChild<QWidget *>(u"paletteField"_s), Qt::Key_Return);
         QVERIFY(palette()); // this version has none, and the row says so

@@ -40,10 +40,17 @@ QString kindOf(const KWProjectListNode &node)
     }
 }
 
+// A section of the sidebar is named as a smart list is.
+bool isHeading(const KWProjectListNode &node)
+{
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(node.entityID());
+    return node.type() == KWProjectListNodeType::smartProject && smart && !smart->isListOfTasks();
+}
+
 void addNodes(const KWProjectListNode &node, const QString &inboxID, QList<FoundRow> &rows)
 {
     for (const auto &each : node.children()) {
-        if (const auto list = each->listIdentifier()) {
+        if (const auto list = each->listIdentifier(); list && !isHeading(*each)) {
             rows.append(listRow(*list, each->title()));
             rows.last().note = kindOf(*each);
             rows.last().icon = iconOfNode(*each, list->entityID == inboxID);
