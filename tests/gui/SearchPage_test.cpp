@@ -133,6 +133,15 @@ private Q_SLOTS:
         QVERIFY(m_client->rooms().menu().action(MenuCommand::CompleteTask).isEnabled());
     }
 
+    void givesWayToAListAlone()
+    {
+        QVERIFY(m_client->rooms().newTasks().add(u"Milk jug #kitchen ^Cupboard"_s)); // the sidebar changes
+        QVERIFY(page().isVisible());
+        QCOMPARE(hits().size(), 4);
+        m_client->openList(m_client->rooms().sidebar().titleOfSelectedList()); // the one below
+        QVERIFY(page().isHidden());
+    }
+
     void theMenuActsOnTheHit()
     {
         chooseOfHit(u"Pin"_s);

@@ -5,6 +5,8 @@
 #include "views/main/MainWindow.h"
 #include "views/menu/MainMenu.h"
 #include "views/search/SearchPage.h"
+#include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/tasklist/BatchActions.h"
 
@@ -21,6 +23,10 @@ WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, Bat
     connect(&m_palette, &PaletteController::listChosen, this, &WindowSearch::listChosen);
     connect(&m_palette, &PaletteController::taskChosen, this, &WindowSearch::taskChosen);
     connect(&m_palette, &PaletteController::searchChosen, &m_page, &SearchController::open);
+    // A click on the list below the page selects nothing new.
+    connect(&window.sidebar().tree(), &QAbstractItemView::clicked, this, [this](const QModelIndex &row) {
+        if (row.flags() & Qt::ItemIsSelectable) m_page.close();
+    });
     const SearchPage &page = m_page.page();
     connect(&page, &SearchPage::currentTaskChanged, &detail, &TaskDetailController::show);
     connect(&page, &SearchPage::opened, &window, &MainWindow::openDetail);
@@ -30,4 +36,10 @@ WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, Bat
             [&actions](const QString &taskID) { actions.remove({taskID}); });
     connect(&page, &SearchPage::menuAboutToShow, this,
             [this](QMenu &menu, const QString &taskID) { m_taskMenu.fill(menu, {taskID}); });
+}
+
+void WindowSearch::closePage(const KWListIdentifier &list)
+{
+    // The sidebar tells of the list again when it was built anew.
+    if (std::exchange(m_listBelow, list) != list) m_page.close();
 }

@@ -21,7 +21,8 @@ public:
                  TaskDetailController &detail);
 
     SearchController &page() { return m_page; }
-    void closePage() { m_page.close(); }
+    /// That list is selected: the page gives way to another one than before.
+    void closePage(const KWListIdentifier &list);
 
 Q_SIGNALS:
     void listChosen(const KWListIdentifier &list);
@@ -32,4 +33,5 @@ private:
     PaletteController m_palette;
     SearchController m_page;
     TaskMenu m_taskMenu; // of a hit
+    KWListIdentifier m_listBelow{};
 };
