@@ -142,6 +142,23 @@ private Q_SLOTS:
         QVERIFY(page().isHidden());
     }
 
+    void saysThatThereIsMore()
+    {
+        QVERIFY(!m_client->find<QWidget>("moreFound").isVisible());
+        const KWTaskModel one = oats();
+        QVERIFY(KWCoreDataService{m_client->kit().manager()}.sync_save(
+            [&one](ObjectContext &context) -> Result<void> {
+                for (int i = 0; i < 200; ++i) {
+                    KWTaskModel more = one;
+                    more.sid.clear();
+                    context.insert<KWTask>(std::move(more));
+                }
+                return {};
+            }));
+        QCOMPARE(hits().size(), 1 + 200);
+        QVERIFY(m_client->find<QWidget>("moreFound").isVisible());
+    }
+
     void theMenuActsOnTheHit()
     {
         chooseOfHit(u"Pin"_s);

@@ -7,9 +7,11 @@
 
 #include <QEvent>
 
+#include <algorithm>
+
 namespace {
 
-constexpr int mostHits = 200;
+constexpr int mostHits = 200; // and whether there are more
 
 } // namespace
 
@@ -60,7 +62,10 @@ bool SearchController::eventFilter(QObject *watched, QEvent *event)
 
 void SearchController::search(FoundRowsView::InItsPlace other)
 {
-    m_page->setHits(m_hits.find(m_page->text(), mostHits), other);
+    QList<FoundRow> hits = m_hits.find(m_page->text(), mostHits + 1);
+    m_page->setHasMore(hits.size() > mostHits);
+    hits.resize(std::min<qsizetype>(hits.size(), mostHits));
+    m_page->setHits(std::move(hits), other);
 }
 
 void SearchController::refresh()

@@ -29,6 +29,8 @@ SearchPage::SearchPage(QWidget &covered)
     , m_field(new QLineEdit)
     , m_rows(new FoundRowsView{tr("Tasks that were found")})
     , m_nothing(makePlainLabel({}, Fonts::Role::Body, QPalette::PlaceholderText))
+    , m_more(makePlainLabel(tr("There are more. Type another word to find fewer."), Fonts::Role::Secondary,
+                            QPalette::PlaceholderText))
 {
     setObjectName(u"searchPage"_s);
     setAutoFillBackground(true);
@@ -44,6 +46,9 @@ SearchPage::SearchPage(QWidget &covered)
     m_rows->installEventFilter(this);
     m_nothing->setObjectName(u"nothingFound"_s);
     m_nothing->setAlignment(Qt::AlignHCenter);
+    m_more->setObjectName(u"moreFound"_s);
+    m_more->setAlignment(Qt::AlignHCenter);
+    m_more->setContentsMargins(0, 0, 0, Metrics::gap);
 
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::margin, Metrics::margin, Metrics::margin, 0);
@@ -51,6 +56,7 @@ SearchPage::SearchPage(QWidget &covered)
     column->addWidget(m_field);
     column->addWidget(m_nothing);
     column->addWidget(m_rows, 1);
+    column->addWidget(m_more);
     setFocusProxy(m_field);
     covered.installEventFilter(this);
     setGeometry(covered.rect());
@@ -85,6 +91,8 @@ void SearchPage::setHits(QList<FoundRow> hits, FoundRowsView::InItsPlace other)
     if (m_rows->hasFocus()) m_field->setFocus(Qt::OtherFocusReason);
     Q_EMIT currentTaskChanged({});
 }
+
+void SearchPage::setHasMore(bool hasMore) { m_more->setVisible(hasMore); }
 
 QString SearchPage::emptyText() const
 {

@@ -24,6 +24,8 @@ public:
     QString text() const;
     /// Where the task that was selected is not among them, `other` is.
     void setHits(QList<FoundRow> hits, FoundRowsView::InItsPlace other = FoundRowsView::InItsPlace::First);
+    /// Whether there are more than those.
+    void setHasMore(bool hasMore);
     FoundRowsView &rows() { return *m_rows; }
     /// The hit that is selected, empty for none.
     QString currentTask() const;
@@ -52,4 +54,5 @@ private:
     QLineEdit *m_field;
     FoundRowsView *m_rows;
     QLabel *m_nothing;
+    QLabel *m_more;
 };
