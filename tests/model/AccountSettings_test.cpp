@@ -1,11 +1,13 @@
 #include "model/account/AccountSettings.h"
 
 #include "model/events/NotificationNames.h"
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWListDisplayConfiguration.h"
 #include "model/records/KWPomoSettings.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWSmartProjectSetting.h"
+#include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
 #include "model/settings/KWPomoSettingsManager.h"
 #include "support/TaskBuilder.h"
@@ -128,6 +130,27 @@ private Q_SLOTS:
         comesBack<KWListDisplayConfiguration>([&] {
             QVERIFY(lists.configuration(today).collapsedGroups.isEmpty());
             QVERIFY(lists.save(lists.configuration(today)));
+        });
+    }
+
+    void keepsWhatTheCalendarShows()
+    {
+        KWCalendarDisplayConfigurationManager calendar{m_store->kit().manager(), m_store->kit().center(),
+                                                       m_store->userID()};
+        QVERIFY(calendar.configuration() == KWCalendarDisplayConfigurationModel{});
+        const auto show = [&](KWCalendarViewMode mode) {
+            KWCalendarDisplayConfigurationModel shown = calendar.configuration();
+            shown.viewMode = mode;
+            shown.hiddenCalendars = {u"holidays"_s};
+            QVERIFY(calendar.save(shown));
+            QCOMPARE(calendar.configuration().viewMode, mode);
+            QCOMPARE(posted(), KWCalendarDisplayConfigurationDidChangeNotification);
+        };
+        show(KWCalendarViewModeDay);
+        show(KWCalendarViewModeWeek);
+        comesBack<KWCalendarDisplayConfiguration>([&] {
+            QVERIFY(calendar.configuration().hiddenCalendars.isEmpty());
+            show(KWCalendarViewModeDay);
         });
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/records/KWAttachment.h"
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWColumn.h"
 #include "model/records/KWComment.h"
@@ -43,6 +44,7 @@
     X(KWFilter)                                                                                              \
     X(KWSmartProjectSetting)                                                                                 \
     X(KWListDisplayConfiguration)                                                                            \
+    X(KWCalendarDisplayConfiguration)                                                                        \
     X(KWTask)                                                                                                \
     X(KWChecklistItem)                                                                                       \
     X(KWAttachment)                                                                                          \

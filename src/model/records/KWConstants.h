@@ -110,6 +110,15 @@ inline constexpr auto textValues<KWProjectPermission> = std::to_array<TextValues
     {KWProjectPermissionRead, QLatin1StringView{"READ"}},
 });
 
+/// What one page of the calendar spans.
+enum KWCalendarViewMode { KWCalendarViewModeDay, KWCalendarViewModeWeek, KWCalendarViewModeMonth };
+template <>
+inline constexpr auto textValues<KWCalendarViewMode> = std::to_array<TextValues<KWCalendarViewMode>>({
+    {KWCalendarViewModeDay, QLatin1StringView{"DAY"}},
+    {KWCalendarViewModeWeek, QLatin1StringView{"WEEK"}},
+    {KWCalendarViewModeMonth, QLatin1StringView{"MONTH"}},
+});
+
 enum KWProjectViewMode { KWProjectViewModeList, KWProjectViewModeKanban };
 template <>
 inline constexpr auto textValues<KWProjectViewMode> = std::to_array<TextValues<KWProjectViewMode>>({

@@ -54,6 +54,15 @@ public:
             if (changes & std::uint8_t(change)) mark(change);
     }
 
+    /// Takes what a person chose anew: every field of `version` but those common to synchronized records.
+    /// A record that was deleted comes back, the one that the service knows.
+    void reviveAs(Twin version)
+    {
+        if (isDeleted()) unmarkDelete();
+        static_cast<KWSynchronizableFields &>(version) = m_current;
+        assign(version);
+    }
+
 protected:
     KWSynchronizableFields &editSynchronizable() override
     {

@@ -15,6 +15,7 @@ enum class RecordKind : std::uint8_t {
     Filter,
     SmartProjectSetting,
     ListDisplayConfiguration,
+    CalendarDisplayConfiguration,
     Task,
     ChecklistItem,
     Attachment,

@@ -53,16 +53,13 @@ Result<void> KWListDisplayConfigurationManager::save(const KWListDisplayConfigur
 {
     const Result<void> saved =
         KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-            KWListDisplayConfigurationModel model = configuration;
-            KWListDisplayConfiguration *stored = storedConfiguration(model.listID, m_userID, context);
-            if (!stored) {
-                model.userID = m_userID;
-                context.insert<KWListDisplayConfiguration>(std::move(model));
+            if (auto *stored = storedConfiguration(configuration.listID, m_userID, context)) {
+                stored->reviveAs(configuration);
                 return {};
             }
-            if (stored->isDeleted()) stored->unmarkDelete();
-            static_cast<KWSynchronizableFields &>(model) = stored->synchronizable(); // stays as it was
-            stored->assign(model);
+            KWListDisplayConfigurationModel fresh = configuration;
+            fresh.userID = m_userID;
+            context.insert<KWListDisplayConfiguration>(std::move(fresh));
             return {};
         });
     if (saved)

@@ -64,16 +64,13 @@ Result<void> KWPomoSettingsManager::save(const KWPomoSettingsModel &settings)
         if (!each.contains(settings)) return Error{storeText("A focus setting is out of its range.")};
     const Result<void> saved =
         KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
-            KWPomoSettingsModel model = settings;
-            KWPomoSettings *stored = context.find<KWPomoSettings>(m_userID);
-            if (!stored) {
-                model.sid = model.userID = m_userID;
-                context.insert<KWPomoSettings>(std::move(model));
+            if (KWPomoSettings *stored = context.find<KWPomoSettings>(m_userID)) {
+                stored->reviveAs(settings);
                 return {};
             }
-            if (stored->isDeleted()) stored->unmarkDelete();
-            static_cast<KWSynchronizableFields &>(model) = stored->synchronizable(); // stays as it was
-            stored->assign(model);
+            KWPomoSettingsModel fresh = settings;
+            fresh.sid = fresh.userID = m_userID;
+            context.insert<KWPomoSettings>(std::move(fresh));
             return {};
         });
     if (saved) m_center.post(KWPomoSettingsChangedNotification);

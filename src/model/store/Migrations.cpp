@@ -23,6 +23,7 @@ std::span<const std::string> migrations()
         schemas::closedTasksAndPlaces(),
         schemas::habitDays(),
         schemas::listParts(),
+        schemas::calendarDisplay(),
     };
     return inOrder;
 }

@@ -1,17 +1,9 @@
+#include "model/store/schemas/RecordTable.h"
 #include "model/store/schemas/Schemas.h"
 
-namespace {
+using schemas::table;
 
-// The columns that every record has, then the record's own.
-std::string table(const char *name, const char *columns)
-{
-    return std::string{"CREATE TABLE "} + name +
-           " (id INTEGER PRIMARY KEY, sid TEXT NOT NULL UNIQUE, userID TEXT NOT NULL, etag TEXT NOT NULL, "
-           "sortOrder INTEGER NOT NULL, createdTime INTEGER, modifiedTime INTEGER, syncStatus INTEGER NOT "
-           "NULL, "
-           "pendingChanges INTEGER NOT NULL, isDeleted INTEGER NOT NULL, " +
-           columns + ");\n";
-}
+namespace {
 
 #define OF_TASK "taskID TEXT NOT NULL REFERENCES tasks (sid) ON DELETE CASCADE DEFERRABLE INITIALLY DEFERRED"
 #define OF_HABIT                                                                                             \

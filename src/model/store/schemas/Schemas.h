@@ -25,5 +25,7 @@ std::string closedTasksAndPlaces();
 std::string habitDays();
 /// To the closed and the pinned tasks of a list.
 std::string listParts();
+/// What the calendar shows.
+std::string calendarDisplay();
 
 } // namespace schemas
