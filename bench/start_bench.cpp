@@ -44,7 +44,7 @@ bool fillHome(const QString &folder)
                 task.startDate = clock.now() + std::chrono::hours{i % 60 * 24};
                 if (i >= openTasks) {
                     task.status = KWTaskStatusCompleted;
-                    task.completionDate = task.startDate;
+                    task.completionDate = clock.now() - std::chrono::hours{i % 730 * 24}; // two years
                 }
                 context.insert<KWTask>(std::move(task));
             }
