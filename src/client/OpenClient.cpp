@@ -107,6 +107,7 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
     , m_notifications(m_panel)
     , m_badge(m_kit->manager(), m_kit->account(), m_kit->defaults())
     , m_statusArea(clock, olderStatusArea())
+    , m_caret(clock)
     , m_rooms(*m_kit, clock,
               {.relaunch = relaunch,
                .loginItem = m_loginItem,

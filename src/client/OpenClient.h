@@ -15,6 +15,7 @@
 #include "platform/SystemTimeZoneWatch.h"
 #include "views/alerts/AlertPresenter.h"
 #include "views/alerts/NotificationPanel.h"
+#include "views/controls/RestingCaret.h"
 
 #include <memory>
 
@@ -55,6 +56,7 @@ private:
     DesktopNotifications m_notifications;
     LauncherBadge m_badge;
     StatusNotifierArea m_statusArea;
+    RestingCaret m_caret;
     DesktopRooms m_rooms;
     AlertPresenter m_alerts;
     DataCare m_dataCare;
