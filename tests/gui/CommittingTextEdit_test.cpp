@@ -104,14 +104,40 @@ private Q_SLOTS:
         editor.type(u"ab"_s);
         editor.clock.advance(1s);
         editor.type(u"c"_s);
-        editor.edit.setStoredText(u"other words"_s); // while one types
+        editor.edit.setStoredText(u"ab"_s);
+        QCOMPARE(editor.edit.text(), u"abc"_s);
         editor.clock.advance(1s);
+        editor.edit.setStoredText(u"abc"_s);
         editor.edit.setStoredText(u"ab"_s);
         QCOMPARE(editor.edit.text(), u"abc"_s);
         // Once it is left, the record is what counts.
+        editor.edit.setStoredText(u"abc"_s);
         editor.edit.clearFocus();
         editor.edit.setStoredText(u"ab"_s);
         QCOMPARE(editor.edit.text(), u"ab"_s);
+    }
+
+    void joinsWhatIsTypedWithWhatCameFromElsewhere()
+    {
+        Editor editor{u"one\ntwo\nthree"_s, CommittingTextEdit::Lines::Many};
+        editor.type(u"!"_s);
+        editor.edit.setStoredText(u"zero\none\ntwo\nthree"_s);
+        QCOMPARE(editor.edit.text(), u"zero\none\ntwo\nthree!"_s);
+        QCOMPARE(editor.edit.textCursor().position(), editor.edit.text().size());
+        editor.clock.advance(1s);
+        QCOMPARE(editor.committed(), u"zero\none\ntwo\nthree!"_s);
+    }
+
+    void emptiedLineWaitsAndIsFilledAgain()
+    {
+        Editor editor{u"Pay"_s};
+        editor.edit.selectAll();
+        editor.press(Qt::Key_Delete);
+        editor.clock.advance(1h);
+        QCOMPARE(editor.committed(), QString{});
+        editor.edit.clearFocus();
+        QCOMPARE(editor.edit.text(), u"Pay"_s);
+        QCOMPARE(editor.commits.count(), 1); // the record says whether it can do without
     }
 
     void keepsEveryCharacter()

@@ -191,11 +191,16 @@ private Q_SLOTS:
 
     void endsTheMessageOfAFailureThatIsOver()
     {
-        find<QWidget>("taskTitle").setFocus();
-        find<CommittingTextEdit>("taskTitle").selectAll();
+        auto &title = find<CommittingTextEdit>("taskTitle");
+        const QString before = title.text();
+        title.setFocus();
+        title.selectAll();
         m_client->press(Qt::Key_Delete);
-        m_client->clock.advance(1s);
+        find<QWidget>("taskContent").setFocus();
         QCOMPARE(toast(), u"A task needs a title."_s);
+        QCOMPARE(title.text(), before);
+        title.setFocus();
+        title.selectAll();
         m_client->type(u"Bake"_s);
         m_client->clock.advance(1s);
         QCOMPARE(stored().task.title, u"Bake"_s);

@@ -1,6 +1,7 @@
 #include "views/controls/CommittingTextEdit.h"
 
 #include "model/records/OneLine.h"
+#include "model/text/TextMerge.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -59,13 +60,20 @@ void CommittingTextEdit::startWith(const QString &text)
     m_echoes.clear();
     setPlainText(text);
     m_committedText = this->text();
+    m_storedText = text;
     m_commitCall.cancel();
 }
 
 void CommittingTextEdit::setStoredText(const QString &text)
 {
-    if (text == m_committedText || hasUncommittedText()) return;
-    if (hasFocus() && m_echoes.contains(text)) return;
+    if (text == m_storedText) return;
+    const QString before = std::exchange(m_storedText, text);
+    if (text == m_committedText || (hasFocus() && m_echoes.contains(text))) return;
+    if (hasUncommittedText()) {
+        m_committedText = text;
+        replaceDifference(mergedText(before, this->text(), text, m_lines == Lines::One ? u' ' : u'\n'));
+        return;
+    }
     m_committedText = text;
     replaceDifference(text);
     m_committedText = this->text(); // the editor knows one kind of line break
@@ -87,9 +95,14 @@ void CommittingTextEdit::replaceDifference(const QString &text)
     cursor.insertText(text.mid(start, text.size() - tail - start));
 }
 
+bool CommittingTextEdit::isEmptiedLine() const
+{
+    return m_lines == Lines::One && text().trimmed().isEmpty() && !m_storedText.isEmpty();
+}
+
 void CommittingTextEdit::textTyped()
 {
-    if (hasUncommittedText())
+    if (hasUncommittedText() && !isEmptiedLine())
         m_commitCall = m_clock.callAfter(pauseBeforeCommit, [this] { commit(); });
     else
         m_commitCall.cancel();
@@ -174,6 +187,7 @@ void CommittingTextEdit::focusOutEvent(QFocusEvent *event)
     if (event->reason() == Qt::PopupFocusReason) return;
     commit();
     m_echoes.clear();
+    if (isEmptiedLine()) startWith(QString{m_storedText}); // the record would not be without it
     Q_EMIT editingFinished();
 }
 

@@ -7,13 +7,13 @@
 
 /// A plain-text editor as high as its text, for a field of a record. What is typed is handed over one
 /// second after the last key, when the focus goes, when the editor is hidden, and by commit(): no typed
-/// text is lost. A value from outside never replaces text that is not handed over yet.
+/// text is lost. A value from outside is joined with text that is not handed over yet.
 class CommittingTextEdit : public QTextEdit {
     Q_OBJECT
 
 public:
     enum class Lines {
-        One,  ///< Enter commits; pasted line breaks become spaces
+        One,  ///< Enter commits; pasted line breaks become spaces; emptied, it waits for more to be typed
         Many, ///< Enter breaks the line
     };
 
@@ -22,10 +22,10 @@ public:
     /// The text as it stands in the editor, character for character, lines parted by line feeds.
     QString text() const;
 
-    /// The record has this value now. Ignored while there is typed text to hand over, and for a value
-    /// that was handed over from here while the editor has the focus: that is an echo, in an editor of
-    /// one line without the white space around it. Otherwise only the part that differs is replaced, and
-    /// the caret stays where it was.
+    /// The record has this value now. Ignored when it had it before, and for a value that was handed over
+    /// from here while the editor has the focus: that is an echo, in an editor of one line without the
+    /// white space around it. Otherwise only the part that differs is replaced, and the caret stays where
+    /// it was. Typed text that is not handed over yet stays too, see mergedText().
     void setStoredText(const QString &text);
     /// Another record: replaces the text, forgets undo. Call commit() before.
     void startWith(const QString &text);
@@ -68,12 +68,14 @@ protected:
 
 private:
     void textTyped();
+    bool isEmptiedLine() const;
     void fitHeight();
     void replaceDifference(const QString &text);
 
     CXClock &m_clock;
     const Lines m_lines;
     QString m_committedText;
+    QString m_storedText; // what the record has, as far as this was told
     QStringList m_echoes; // handed over since the focus came, as records keep them
     ClockCall m_commitCall;
 };
