@@ -139,6 +139,8 @@ private Q_SLOTS:
         QCOMPARE(textOf("filterMessage"), u"Type the words to look for."_s);
         verifyControlsHaveNames(editor());
         press(Qt::Key_Escape);
+        QVERIFY(isOpen() && textOf("filterMessage").startsWith(u"This is not saved."));
+        press(Qt::Key_Escape);
         QTRY_VERIFY(!isOpen());
         QVERIFY(stored().isEmpty());
     }

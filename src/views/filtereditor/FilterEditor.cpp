@@ -50,7 +50,7 @@ FilterEditor::FilterEditor(const Content &content, FilterChoices choices, Day to
     m_name->setObjectName(u"filterName"_s);
     m_name->setAccessibleName(tr("Name of the filter"));
     m_name->setPlaceholderText(tr("Name"));
-    connect(m_name, &QLineEdit::textEdited, m_message, &QWidget::hide);
+    connect(m_name, &QLineEdit::textEdited, this, &FilterEditor::changed);
 
     const Condition::Group group = groupOf(content.filter.condition());
     m_join->setObjectName(u"filterJoin"_s);
@@ -102,7 +102,7 @@ QLayout *FilterEditor::makeFooter()
     auto *cancel = new QPushButton{KWLocalizedString("Cancel")};
     cancel->setObjectName(u"cancelFilter"_s);
     cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cancel, &QPushButton::clicked, this, [this] { done(Rejected); });
     auto *keep = new QPushButton{tr("Save")};
     keep->setObjectName(u"saveFilter"_s);
     keep->setDefault(true);
@@ -172,6 +172,8 @@ void FilterEditor::setCount(const std::function<Result<int>(const CXSmartFilter 
 
 void FilterEditor::changed()
 {
+    m_isChanged = true;
+    m_hasWarned = false;
     m_message->hide();
     refreshCount();
 }
@@ -185,6 +187,13 @@ void FilterEditor::refreshCount()
     m_countLabel->setText(!isWhole      ? QString{}
                           : *count == 1 ? tr("1 task fits")
                                         : tr("%1 tasks fit").arg(QLocale{}.toString(*count)));
+}
+
+void FilterEditor::reject()
+{
+    if (m_isChanged && !std::exchange(m_hasWarned, true))
+        return showProblem(tr("This is not saved. Press Escape once more to leave it."));
+    QDialog::reject();
 }
 
 void FilterEditor::save()

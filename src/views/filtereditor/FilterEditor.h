@@ -36,6 +36,10 @@ public:
     /// Why the filter could not be saved, or not be read.
     void showProblem(const QString &sentence);
 
+public Q_SLOTS:
+    /// Escape: what is not saved goes at the second one only.
+    void reject() override;
+
 Q_SIGNALS:
     /// Its content can be saved; close the window when it is.
     void saveRequested();
@@ -58,5 +62,7 @@ private:
     QLabel *m_message;
     QList<QWidget *> m_buttons; // below the rows
     QList<ConditionRow *> m_rows;
+    bool m_isChanged = false;
+    bool m_hasWarned = false;
     std::function<Result<int>(const CXSmartFilter &)> m_count;
 };

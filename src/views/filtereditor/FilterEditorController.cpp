@@ -44,10 +44,10 @@ void FilterEditorController::save(const QString &filterID)
     if (filterID.isEmpty()) {
         const Result<QString> saved = service().create(name, filter);
         if (!saved) return m_editor->showProblem(saved.error().sentence);
-        m_editor->close();
+        m_editor->accept();
         return Q_EMIT made(KWListIdentifier::filter(*saved));
     }
     const Result<void> saved = service().change(filterID, name, filter);
     if (!saved) return m_editor->showProblem(saved.error().sentence);
-    m_editor->close();
+    m_editor->accept();
 }
