@@ -2,9 +2,11 @@
 
 #include "corvexkit/time/CXClock.h"
 #include "model/records/KWFilter.h"
+#include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/store/FilterCondition.h"
 #include "model/store/ObjectContext.h"
+#include "model/store/TaskPermissions.h"
 
 namespace {
 
@@ -23,6 +25,14 @@ std::optional<Day> dayOf(const QString &smartListID, const CXClock &clock)
     const KWSmartProject *smart = KWSmartProject::withIdentifier(smartListID);
     if (smart && (smart->isToday() || smart->isNext7Days())) return clock.today();
     if (smart && smart->isTomorrow()) return clock.today() + std::chrono::days{1};
+    return std::nullopt;
+}
+
+// The first of its lists that takes tasks.
+std::optional<QString> listOfFolder(const QString &folderID, const QString &userID, ObjectContext &context)
+{
+    for (const KWProject *each : KWProject::orderedOpenProjects(userID, context))
+        if ((*each)->groupID == folderID && mayTakeTasks(each)) return each->sid();
     return std::nullopt;
 }
 
@@ -51,6 +61,8 @@ NewTaskContext newTaskContextOf(const KWListIdentifier &list, const QString &use
     case KWListIdentifierType::Filter:
         return contextOfFilter(list.entityID, userID, context);
     case KWListIdentifierType::Group:
+        preset.presetList = listOfFolder(list.entityID, userID, context);
+        break;
     case KWListIdentifierType::View:
         break;
     }

@@ -3,11 +3,13 @@
 #include "capture/NewTaskService.h"
 #include "corvexkit/filter/CXSmartFilter.h"
 #include "corvexkit/time/TimeText.h"
+#include "model/records/KWProject.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
 #include "model/store/KWFilterService.h"
 #include "model/store/KWListDataFetcher.h"
 #include "support/CaseTable.h"
 #include "support/StoreFixture.h"
+#include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
 using namespace Qt::StringLiterals;
@@ -70,6 +72,23 @@ private Q_SLOTS:
         const auto gone =
             newTaskContextOf(KWListIdentifier::filter(u"gone"_s), store.userID(), store.context());
         QCOMPARE(textOf(gone), u"-"_s);
+    }
+
+    void folderGivesItsFirstListThatTakesTasks()
+    {
+        StoreFixture store;
+        const auto preset = [&store] {
+            return newTaskContextOf(KWListIdentifier::group(u"folder"_s), store.userID(), store.context())
+                .presetList;
+        };
+        QVERIFY(!preset());
+        const QString first = store.makeList(u"First"_s);
+        const QString second = store.makeList(u"Second"_s);
+        for (const QString &each : {first, second})
+            setSaved<KWProject>(store, each, &KWProjectModel::groupID, u"folder"_s);
+        QCOMPARE(preset(), first);
+        setSaved<KWProject>(store, first, &KWProjectModel::permission, KWProjectPermissionRead);
+        QCOMPARE(preset(), second);
     }
 };
 
