@@ -155,9 +155,11 @@ Result<void> putIntoSection(const KWTaskCategory &section, const TaskDropPlace &
     QStringList moved;
     for (KWTask *each : roots) {
         const KWTaskCategory *from = sectionOf(each->sid(), shown);
-        if (from && (from != &section || each->hasParent()))
+        // A subtask on its own row, whose parent is not in the list, stays below it.
+        const bool leavesParent = each->hasParent() && rowOf((*each)->parentId, shown);
+        if (from && (from != &section || leavesParent))
             if (const Result<void> entered = enterSection(*each, *from, section); !entered) return entered;
-        each->detachFromParent();
+        if (leavesParent) each->detachFromParent();
         moved.append(each->sid());
     }
     if (!isOrderedByHand(section, shown)) return {};

@@ -137,6 +137,22 @@ private Q_SLOTS:
         QVERIFY(!m_list->sortMenu().resetTitle());
     }
 
+    void leavesASubtaskWithoutItsParentInTheListBelowIt()
+    {
+        fill(u"p, a 05-02 ^p, b 05-02, c 05-01"_s);
+        m_list->select(KWListIdentifier::smartProject(KWSmartProject::next7days().identifier()));
+        QVERIFY(m_list->setSortType(KWTaskSortTypeDate));
+        const auto parent = [this] { return m_store->context().find<KWTask>(u"a"_s)->model().parentId; };
+        QCOMPARE(shown(), u"[Today 1] c [Tomorrow 2] a b"_s);
+        TaskArranger arranger{manager()};
+        QVERIFY(arranger.drop({u"a"_s}, placeOf(u"Tomorrow: after b"_s), *m_list));
+        QCOMPARE(shown(), u"[Today 1] c [Tomorrow 2] b a"_s);
+        QCOMPARE(parent(), u"p"_s);
+        QVERIFY(arranger.drop({u"a"_s}, placeOf(u"Today"_s), *m_list));
+        QCOMPARE(shown(), u"[Today 2] a c [Tomorrow 1] b"_s);
+        QCOMPARE(parent(), u"p"_s);
+    }
+
     void makesRoomInAListThatIsPutInOrder()
     {
         fill(u"a, b, c"_s);

@@ -13,6 +13,8 @@ std::optional<Icon> iconOf(const KWTaskCategory &section, Day today)
 {
     if (const auto *days = section.as<KWDateCategorySection>()) return iconOfDay(*days, today);
     if (section.isPriority()) return Icon::Flag;
+    if (section.isProject() || section.isColumn()) return Icon::All;
+    if (section.isNoteKind()) return Icon::Summary;
     if (section.isTag()) return Icon::Tag;
     if (section.isAssignee()) return Icon::AssignedToMe;
     if (section.isCompleted()) return Icon::Completed;
