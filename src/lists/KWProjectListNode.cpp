@@ -7,6 +7,12 @@ KWProjectListNode::KWProjectListNode(KWProjectListNodeType type, QString entityI
 {
 }
 
+void KWProjectListNode::setCount(std::optional<int> count)
+{
+    if (std::exchange(m_count, count) == count) return;
+    if (countChangedHandler) countChangedHandler(count.value_or(0), *this);
+}
+
 void KWProjectListNode::setIsExpanded(bool isExpanded)
 {
     if (m_isExpanded == isExpanded) return;

@@ -49,6 +49,10 @@ public:
     bool isSelected() const { return m_isSelected; }
     void setIsSelected(bool isSelected);
 
+    /// None while it is not known, and for nodes that have none. Another one is told to countChangedHandler.
+    std::optional<int> count() const { return m_count; }
+    void setCount(std::optional<int> count);
+
     KWProjectListNode *parent() const { return m_parent; }
     const std::vector<std::unique_ptr<KWProjectListNode>> &children() const { return m_children; }
     int row() const;
@@ -70,6 +74,7 @@ private:
     QString m_entityID;
     QString m_title;
     QString m_color;
+    std::optional<int> m_count;
     bool m_isExpanded = true;
     bool m_isSelected = false;
     KWProjectListNode *m_parent = nullptr;

@@ -77,7 +77,14 @@ void KWProjectListPresenter::syncDidBatchPull(const KWNotification &pull)
 void KWProjectListPresenter::itemsCountDidChange()
 {
     m_dataService.refreshSmartLists();
-    if (onCountsChanged) onCountsChanged();
+    showCounts(listsRootNode());
+}
+
+void KWProjectListPresenter::showCounts(KWProjectListNode &node)
+{
+    node.setCount(countOf(node));
+    for (const auto &each : node.children())
+        showCounts(*each);
 }
 
 void KWProjectListPresenter::didReplace()

@@ -72,8 +72,9 @@ public:
 
     // Told to the view, which clears them when it goes.
     std::function<void()> onTreeRebuilt;
-    std::function<void()> onCountsChanged;
     std::function<void(const KWListIdentifier &)> onSelectionChanged;
+    /// Lists, tags or filters are other ones now; the same list is selected.
+    std::function<void()> onContentsChanged;
 
 private:
     void observe(KWNotificationCenter &center);
@@ -91,6 +92,7 @@ private:
     void habitSettingsDidChange() { refresh(ProjectListSection::SmartLists); }
     void syncDidBatchPull(const KWNotification &pull);
     void itemsCountDidChange();
+    void showCounts(KWProjectListNode &node);
 
     void didReplace();
     void restoreSelection();

@@ -136,6 +136,9 @@ private Q_SLOTS:
         const auto count = [this] { return sidebar().countOf(*sidebar().dataService().nodeFor(m_today)); };
         tasks().select(m_today); // as it is
         const QString rent = aTask("Pay rent").dueOn("2030-05-01").savedIn(*m_store);
+        QList<int> counts;
+        sidebar().dataService().nodeFor(m_today)->countChangedHandler =
+            [&counts](int now, KWProjectListNode &) { counts << now; };
         aTask("Buy milk").dueOn("2030-06-01").savedIn(*m_store);
         QCOMPARE(lengths(), Lengths({0, 1}));
         setSaved<KWTask>(*m_store, rent, &KWTaskModel::title, u"Rent"_s);
@@ -147,6 +150,7 @@ private Q_SLOTS:
         m_store->kit().center().post(KWDataDidChangeOutsideMainAppNotification);
         QCOMPARE(lengths(), Lengths({0, 1, 1, 2}));
         QTRY_COMPARE(count(), std::optional{2});
+        QCOMPARE(counts.last(), 2);
         setHome(&KWProjectModel::showsInSmartList, false);
         QCOMPARE(lengths().last(), 1);
 

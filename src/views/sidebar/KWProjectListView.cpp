@@ -125,10 +125,8 @@ void KWProjectListView::announceExpansion(const QModelIndex &index, bool isExpan
 void KWProjectListView::setCountOf(ProjectRowDelegate::CountOf countOf)
 {
     m_delegate->setCountOf(std::move(countOf));
-    redrawCounts();
+    viewport()->update();
 }
-
-void KWProjectListView::redrawCounts() { viewport()->update(); }
 
 KWProjectListNode *KWProjectListView::selectedNode() const
 {

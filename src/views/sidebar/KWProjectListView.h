@@ -23,7 +23,6 @@ public:
     void setRoot(KWProjectListNode *root);
 
     void setCountOf(ProjectRowDelegate::CountOf countOf);
-    void redrawCounts();
 
     /// Null when nothing is selected.
     KWProjectListNode *selectedNode() const;

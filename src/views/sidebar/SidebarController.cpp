@@ -11,7 +11,6 @@ SidebarController::SidebarController(SidebarView &view, KWProjectListPresenter &
     KWProjectListView &tree = m_view.tree();
     tree.setCountOf([this](const KWProjectListNode &node) { return m_presenter.countOf(node); });
     m_presenter.onTreeRebuilt = [this] { showTree(); };
-    m_presenter.onCountsChanged = [&tree] { tree.redrawCounts(); };
     m_presenter.onSelectionChanged = [this](const KWListIdentifier &list) {
         showSelection();
         Q_EMIT listSelected(list);
@@ -28,8 +27,8 @@ SidebarController::~SidebarController()
 {
     m_view.tree().setRoot(nullptr);
     m_presenter.onTreeRebuilt = {};
-    m_presenter.onCountsChanged = {};
     m_presenter.onSelectionChanged = {};
+    m_presenter.onContentsChanged = {};
 }
 
 void SidebarController::showTree()
