@@ -215,6 +215,71 @@ private Q_SLOTS:
         QTRY_COMPARE(count(), 0);
     }
 
+    void takesBackStepByStepAlsoWhenTheMessageHasGone()
+    {
+        const QString bread = idOf(u"Bread"_s);
+        const QString call = idOf(u"Call"_s);
+        list().selectTask(bread);
+        list().setFocus();
+        m_client->press(Qt::Key_3, Qt::AltModifier);
+        QVERIFY(task(bread).priority != KWTaskPriorityNone);
+        list().selectTask(call);
+        m_client->press(Qt::Key_Delete);
+        m_client->clock.advance(std::chrono::minutes{1});
+        QVERIFY(task(call).isTrashed);
+        undo();
+        QVERIFY(!task(call).isTrashed);
+        QVERIFY(task(bread).priority != KWTaskPriorityNone);
+        undo();
+        QCOMPARE(task(bread).priority, KWTaskPriorityNone);
+    }
+
+    void detailStaysWithItsTaskWhileOneTypesInIt()
+    {
+        m_client->openList(u"Today"_s);
+        QTRY_VERIFY(shown().contains(u"Call"_s));
+        const QString call = idOf(u"Call"_s);
+        const QString bread = idOf(u"Bread"_s);
+        list().selectTask(call);
+        goTo(taskRow(u"Call"_s));
+        m_client->press(Qt::Key_Return);
+        auto &title = m_client->find<CommittingTextEdit>("taskTitle");
+        title.setFocus();
+        title.moveCursor(QTextCursor::End);
+        m_client->type(u" the"_s);
+        QVERIFY(TaskBatch{m_client->kit().manager()}.setDay({call},
+                                                            m_client->clock.today() + std::chrono::days{9}));
+        QTRY_VERIFY(!shown().contains(u"Call"_s));
+        m_client->type(u" bank"_s);
+        m_client->clock.advance(std::chrono::seconds{1});
+        QCOMPARE(task(call).title, u"Call the bank"_s);
+        QCOMPARE(task(bread).title, u"Bread"_s);
+        list().setFocus();
+        QCOMPARE(title.text(), task(list().currentTask()).title);
+    }
+
+    void sheetOfANarrowWindowIsClosed()
+    {
+        m_client->window()->resize(720, 600);
+        auto &title = m_client->find<CommittingTextEdit>("taskTitle");
+        const auto open = [&] {
+            goTo(taskRow(u"Bread"_s));
+            m_client->press(Qt::Key_Return);
+            QVERIFY(title.isVisible());
+        };
+        open();
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
+                          list().visualRect(taskRow(u"Water"_s)).center() - QPoint{60, 0});
+        QVERIFY(!title.isVisible());
+        open();
+        QTest::mouseClick(&m_client->find<QAbstractButton>("closeDetail"), Qt::LeftButton);
+        QVERIFY(!title.isVisible() && list().hasFocus());
+        open();
+        list().setFocus();
+        m_client->press(Qt::Key_Escape);
+        QVERIFY(!title.isVisible());
+    }
+
     void asksForListsAndTagsByTyping()
     {
         QVERIFY(m_client->rooms().newTasks().add(u"Memo ~Office #errand"_s));

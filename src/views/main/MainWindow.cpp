@@ -3,12 +3,14 @@
 #include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/main/SheetShadow.h"
 #include "views/menu/HiddenMenuBar.h"
 #include "views/menu/MainMenu.h"
 #include "views/menu/MenuButton.h"
 #include "views/sidebar/AccountHeader.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
+#include "views/taskdetail/DetailHeader.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -40,6 +42,7 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     , m_sidebar(new SidebarView)
     , m_listPane(new TaskListPane{clock})
     , m_detail(new TaskDetailView{clock})
+    , m_sheetShadow(new SheetShadow{*this})
     , m_toast(new Toast{*this})
 {
     setObjectName(u"mainWindow"_s);
@@ -59,6 +62,9 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     layout->addWidget(m_splitter);
 
     connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &MainWindow::arrange);
+    connect(&m_detail->header(), &DetailHeader::closeRequested, this, &MainWindow::closeDetailSheet);
+    for (QWidget *beside : {m_sidebar->tree().viewport(), m_listPane->list().viewport()})
+        beside->installEventFilter(this);
     connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
     setTabOrder(&m_listPane->addField(), &m_toast->actionButton());
     setTabOrder(&m_toast->actionButton(), &m_listPane->list());
@@ -108,13 +114,15 @@ void MainWindow::arrange()
         m_isNarrow = isNarrow;
         if (isNarrow) {
             m_detail->setParent(this);
-            m_detail->hide();
+            setSheetShown(false);
         } else {
+            m_sheetShadow->hide();
             m_splitter->addWidget(m_detail);
             m_detail->show();
             m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter));
         }
         m_detail->setAutoFillBackground(isNarrow);
+        m_detail->header().setHasClose(isNarrow);
     }
     if (m_isNarrow) placeSheet();
 }
@@ -134,14 +142,21 @@ void MainWindow::placeSheet()
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const QRect columns = m_splitter->geometry(); // below the menu bar, when that is shown
     m_detail->setGeometry(isMirrored ? 0 : width() - sheetWidth, columns.top(), sheetWidth, columns.height());
+    m_sheetShadow->standBeside(m_detail->geometry());
     m_detail->raise();
     m_toast->raise();
+}
+
+void MainWindow::setSheetShown(bool isShown)
+{
+    m_detail->setVisible(isShown);
+    m_sheetShadow->setVisible(isShown);
 }
 
 void MainWindow::openDetail()
 {
     if (m_isNarrow) {
-        m_detail->show();
+        setSheetShown(true);
         placeSheet();
     }
     m_detail->setFocus(Qt::OtherFocusReason);
@@ -149,16 +164,24 @@ void MainWindow::openDetail()
 
 void MainWindow::closeDetailSheet()
 {
-    if (m_isNarrow) m_detail->hide();
+    if (m_isNarrow) setSheetShown(false);
     m_listPane->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && m_detail->isAncestorOf(focusWidget()))
+    const bool isSheetShown = m_isNarrow && m_detail->isVisible();
+    if (event->key() == Qt::Key_Escape && (isSheetShown || m_detail->isAncestorOf(focusWidget())))
         closeDetailSheet();
     else
         QWidget::keyPressEvent(event);
+}
+
+// A press beside the sheet.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_isNarrow && event->type() == QEvent::MouseButtonPress) setSheetShown(false);
+    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -10,14 +10,15 @@
 class KWUserDefaults;
 class MainMenu;
 class QSplitter;
+class SheetShadow;
 class SidebarView;
 class TaskDetailView;
 class TaskListPane;
 class Toast;
 
 /// The window: sidebar, list and detail side by side; in a narrow one the detail is a sheet over the
-/// list that Escape closes. Size and columns are remembered. It arranges; the controllers of its columns
-/// fill them.
+/// list that Escape, its button or a click beside it closes. Size and columns are remembered. It arranges;
+/// the controllers of its columns fill them.
 class MainWindow : public QWidget {
     Q_OBJECT
 
@@ -59,6 +60,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void restoreState();
@@ -66,6 +68,7 @@ private:
     void arrange();
     void limitColumns();
     void placeSheet();
+    void setSheetShown(bool isShown);
     void showToast(const QString &message, const QString &action);
     void showFailure(const QString &sentence, const QObject &work);
     void endFailure(const QObject &work);
@@ -78,6 +81,7 @@ private:
     SidebarView *m_sidebar;
     TaskListPane *m_listPane;
     TaskDetailView *m_detail;
+    SheetShadow *m_sheetShadow;
     Toast *m_toast;
     bool m_isNarrow = false;
     ToastPort::Offer m_undoOffer = 0; // of the message on show

@@ -29,17 +29,22 @@ DetailHeader::DetailHeader(CXClock &clock, QWidget *parent)
     , m_checkBox(new CheckBox{this})
     , m_date(new DateButton{this})
     , m_priority(new IconButton{Icon::Flag, KWLocalizedString("Priority"), this})
+    , m_close(new IconButton{Icon::Close, KWLocalizedString("Close"), this})
 {
     setObjectName(u"detailHeader"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_checkBox->setObjectName(u"detailCheckbox"_s);
     m_checkBox->setAccessibleName(KWLocalizedString("Completed"));
     m_priority->setObjectName(u"detailPriority"_s);
+    m_close->setObjectName(u"closeDetail"_s);
+    m_close->hide();
     auto *layout = new QHBoxLayout{this};
     layout->addWidget(m_checkBox);
     layout->addWidget(m_date);
     layout->addStretch(1);
     layout->addWidget(m_priority);
+    layout->addWidget(m_close);
+    connect(m_close, &QAbstractButton::clicked, this, &DetailHeader::closeRequested);
     connect(m_checkBox, &QAbstractButton::clicked, this, &DetailHeader::completionToggled);
     connect(m_date, &QAbstractButton::clicked, this,
             [this] { Q_EMIT dateRequested(m_date->mapToGlobal(m_date->rect().bottomLeft())); });
@@ -56,6 +61,8 @@ void DetailHeader::dress()
     box->setSpacing(Metrics::scaled(Metrics::titleIndent - Metrics::checkbox) - outset - dateOutset);
     updateGeometry();
 }
+
+void DetailHeader::setHasClose(bool hasClose) { m_close->setVisible(hasClose); }
 
 void DetailHeader::setTask(const KWTaskModel &task)
 {

@@ -19,11 +19,14 @@ public:
     /// The words for the date follow the clock: call it again each minute.
     void setTask(const KWTaskModel &task);
     void dress();
+    /// Shows a button that closes the pane, which lies over another then.
+    void setHasClose(bool hasClose);
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
     void completionToggled();
+    void closeRequested();
     /// The date is to be chosen, in a frame whose corner is there.
     void dateRequested(const QPoint &position);
     void priorityChosen(KWTaskPriority priority);
@@ -38,5 +41,6 @@ private:
     CheckBox *m_checkBox;
     DateButton *m_date;
     IconButton *m_priority;
+    IconButton *m_close;
     KWTaskModel m_task;
 };
