@@ -9,6 +9,7 @@
 #include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/TaskPermissions.h"
+#include "model/store/UndoToken.h"
 #include "model/text/DisplayTitle.h"
 
 #include <QTextBoundaryFinder>
@@ -75,10 +76,18 @@ void KWDelayDeleteManager::deleteTasks(const QStringList &taskIDs)
 
 Result<void> KWDelayDeleteManager::trash(const QStringList &rootIDs)
 {
-    return KWCoreDataService{m_with.manager}.sync_save([&rootIDs](ObjectContext &context) -> Result<void> {
-        KWTask::trashTaskAndDescendants(findAll<KWTask>(rootIDs, context), context);
-        return {};
-    });
+    UndoToken token;
+    const auto saved =
+        KWCoreDataService{m_with.manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+            KWTask::trashTaskAndDescendants(findAll<KWTask>(rootIDs, context), context);
+            token = UndoToken::of(context);
+            return {};
+        });
+    m_pending->restore = [this, token] {
+        if (const Result<void> restored = token.undo(m_with.manager); !restored)
+            m_with.toast.showFailure(restored.error().sentence);
+    };
+    return saved;
 }
 
 void KWDelayDeleteManager::announce(const QStringList &taskIDs)
@@ -166,7 +175,7 @@ std::optional<KWDelayDeleteManager::Pending> KWDelayDeleteManager::end()
     if (m_pending->type)
         for (const QString &each : m_pending->ids)
             setOf(*m_pending->type).remove(each);
-    m_pending->toast->endUndo(m_pending->offer);
+    m_pending->toast->endUndo(m_pending->offer, std::exchange(m_pending->restore, {}));
     return std::exchange(m_pending, std::nullopt);
 }
 

@@ -64,6 +64,7 @@ private:
         QStringList ids;
         std::function<Result<void>()> commit;
         std::function<void()> undo;
+        std::function<void()> restore{}; ///< what takes back the commit, once it is done
         ToastPort::Offer offer = 0;
     };
 

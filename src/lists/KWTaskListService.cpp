@@ -116,7 +116,7 @@ Result<void> KWTaskListService::setSortType(KWTaskSortType sortType)
     return saveSortType(sortType, m_list, m_account.currentUserID(), m_manager, m_center);
 }
 
-Result<void> KWTaskListService::resetManualOrder()
+Result<UndoToken> KWTaskListService::resetManualOrder()
 {
     return removePositions(m_content.shown.positionContext(), sortType(), m_manager);
 }

@@ -5,6 +5,7 @@
 #include "model/account/KWAccountManager.h"
 #include "model/events/KWEventBus.h"
 #include "model/events/PendingDeletes.h"
+#include "model/store/UndoToken.h"
 
 #include <functional>
 #include <memory>
@@ -32,7 +33,7 @@ public:
     Result<void> setSortType(KWTaskSortType sortType);
 
     /// The positions set by hand in the sections of the present sort type are given up.
-    Result<void> resetManualOrder();
+    Result<UndoToken> resetManualOrder();
 
     /// Whether completed and abandoned tasks stand at the end. Remembered for the list.
     bool showsCompleted() const { return shown().showsCompleted; }

@@ -77,10 +77,12 @@ Result<Done> SidebarEditor::rename(const KWProjectListNode &node, const QString 
         return said({}, lists().renameFolder(id, name));
     case Type::tag: {
         const bool wasSelected = node.listIdentifier() == m_parts.sidebar.selectedList();
+        const QString title = node.title(); // the node goes
         const auto renamed = KWTagService{m_parts.manager, userID()}.rename(id, name);
         if (!renamed) return renamed.error();
-        if (wasSelected) m_parts.sidebar.select(KWListIdentifier::tag(*renamed));
-        return Done{};
+        if (wasSelected) m_parts.sidebar.select(KWListIdentifier::tag(renamed->name));
+        const QString joined = KWLocalizedString("“%1” is part of “%2” now").arg(title, name.simplified());
+        return said(renamed->isJoined ? joined : QString{}, renamed->undo);
     }
     default:
         return notFor(node);
@@ -94,7 +96,7 @@ Result<Done> SidebarEditor::setColor(const KWProjectListNode &node, const QStrin
     case Type::project:
         return said({}, lists().setColor(id, color));
     case Type::tag:
-        return unsaid(KWTagService{m_parts.manager, userID()}.setColor(id, color));
+        return said({}, KWTagService{m_parts.manager, userID()}.setColor(id, color));
     default:
         return notFor(node);
     }
@@ -221,7 +223,7 @@ void SidebarEditor::remove(const KWProjectListNode &node,
     case Type::group:
         return completion(said(message, lists().deleteFolder(id)));
     case Type::tag:
-        return completion(unsaid(KWTagService{m_parts.manager, userID()}.remove(id)));
+        return completion(said(message, KWTagService{m_parts.manager, userID()}.remove(id)));
     case Type::filter:
         return completion(said(message, KWFilterService{m_parts.manager, userID()}.remove(id)));
     default:

@@ -20,14 +20,16 @@ struct RecordingToast final : ToastPort {
         return ++lastOffer;
     }
     void showFailure(const QString &sentence) override { lines << sentence; }
-    void endUndo(Offer offer) override
+    void endUndo(Offer offer, std::function<void()> restore) override
     {
         if (offer == lastOffer) press = {};
+        later = std::move(restore);
     }
     bool isUndoHeld(Offer offer) const override { return isHeld && offer == lastOffer; }
 
     QStringList lines;
     std::function<void()> press;
+    std::function<void()> later; // what takes back the last delete, once it is done
     bool isHeld = false;
     Offer lastOffer = 0;
 };
@@ -169,6 +171,20 @@ private Q_SLOTS:
         QCOMPARE(scene.toast.lines.last(), u"Meeting deleted"_s);
         scene.manager.commitPending();
         QVERIFY(scene.manager.delayDeletedEventSet().isEmpty());
+    }
+
+    void canBeTakenBackOnceItIsDone()
+    {
+        Scene scene;
+        const QString id = scene.make(u"Idea"_s);
+        scene.manager.deleteTasks({id});
+        scene.toast.press(); // in time
+        QVERIFY(!scene.toast.later);
+        scene.manager.deleteTasks({id});
+        scene.store.clock.advance(1min);
+        QVERIFY(scene.isTrashed(id));
+        scene.toast.later();
+        QVERIFY(!scene.isTrashed(id));
     }
 };
 

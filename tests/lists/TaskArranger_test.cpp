@@ -132,6 +132,10 @@ private Q_SLOTS:
         QVERIFY(m_list->sortMenu().manualOrders.hasPrioritySortOrder);
         setSaved<KWTask>(*m_store, u"a"_s, &KWTaskModel::priority, KWTaskPriorityLow);
         QCOMPARE(shown(), u"[High 3] d b c [Low 1] a"_s);
+        const auto reset = m_list->resetManualOrder();
+        QCOMPARE(shown(), u"[High 3] b c d [Low 1] a"_s);
+        QVERIFY(reset->undo(manager()));
+        QCOMPARE(shown(), u"[High 3] d b c [Low 1] a"_s);
         QVERIFY(m_list->resetManualOrder());
         QCOMPARE(shown(), u"[High 3] b c d [Low 1] a"_s);
         QVERIFY(!m_list->sortMenu().resetTitle());

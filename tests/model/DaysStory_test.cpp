@@ -104,7 +104,7 @@ private:
     Result<void> putTagBelow() { return m_tags.setParent(u"errand"_s, u"garden"_s); }
     Result<void> renameTag() { return done(m_tags.rename(u"errand"_s, u"Way"_s)); }
     Result<void> joinTags() { return done(m_tags.rename(u"way"_s, u"garden"_s)); }
-    Result<void> removeTag() { return m_tags.remove(u"garden"_s); }
+    Result<void> removeTag() { return done(m_tags.remove(u"garden"_s)); }
     Result<void> merge() { return kept(m_merger.merge({m_task, m_copy})); }
     Result<void> copy()
     {
@@ -127,7 +127,11 @@ private:
         m_undo = *done;
         return {};
     }
-    static Result<void> done(const Result<QString> &named) { return named ? Result<void>{} : named.error(); }
+    template <class Answer>
+    static Result<void> done(const Result<Answer> &answered)
+    {
+        return answered ? Result<void>{} : answered.error();
+    }
 
     StoreFixture &m_store;
     QString m_list = m_store.makeList(u"Home"_s);

@@ -69,13 +69,13 @@ private Q_SLOTS:
 
     void aRenameReachesAllThatNamesTheTag()
     {
-        QCOMPARE(*m_service->rename(u"errand"_s, u" Way "_s), u"way"_s);
+        QCOMPARE(m_service->rename(u"errand"_s, u" Way "_s)->name, u"way"_s);
         QCOMPARE(tags(), u"way chore<way home"_s);
         QCOMPARE(tagsOfTask(), u"other way home"_s);
         QCOMPARE(places(), u"tag:way way"_s);
         QCOMPARE(m_store->context().models<KWListDisplayConfiguration>({.where = "listID = '4:way'"}).size(),
                  1);
-        QCOMPARE(*m_service->rename(u"way"_s, u"WAY"_s), u"way"_s);
+        QCOMPARE(m_service->rename(u"way"_s, u"WAY"_s)->name, u"way"_s);
         QCOMPARE(KWTag::findTagNamed(u"way"_s, m_store->userID(), m_store->context())->model().label,
                  u"WAY"_s);
     }
@@ -86,6 +86,15 @@ private Q_SLOTS:
         place("home", "errand");
         place("errand", "other");
         place("other", "errand");
+        const auto taken = [this](const Result<UndoToken> &done) {
+            return bool(done->undo(m_store->kit().manager()));
+        };
+        const QString before = tags() + u", "_s + places() + u", "_s + tagsOfTask();
+        const auto joined = m_service->rename(u"errand"_s, u"home"_s);
+        QVERIFY(joined->isJoined && taken(joined->undo));
+        QCOMPARE(tags() + u", "_s + places() + u", "_s + tagsOfTask(), before);
+        QVERIFY(taken(m_service->remove(u"errand"_s)));
+        QCOMPARE(tags() + u", "_s + places() + u", "_s + tagsOfTask(), before);
         QVERIFY(m_service->rename(u"errand"_s, u"home"_s));
         QCOMPARE(places(), u"tag:home home tag:home other tag:other home"_s); // each once
         QCOMPARE(tags(), u"chore<home home"_s);

@@ -16,8 +16,9 @@ public:
     virtual Offer showUndo(const QString & /*message*/, std::function<void()> /*undo*/) { return 0; }
     /// Says why something could not be done.
     virtual void showFailure(const QString & /*sentence*/) {}
-    /// Takes the message away, if it is still there.
-    virtual void endUndo(Offer /*offer*/) {}
+    /// Takes the message away, if it is still there. From now on `later` takes back what it was about;
+    /// without it that cannot be taken back any more.
+    virtual void endUndo(Offer /*offer*/, std::function<void()> /*later*/) {}
     /// The keyboard is in the message: it is not the time to take it away.
     virtual bool isUndoHeld(Offer /*offer*/) const { return false; }
 };

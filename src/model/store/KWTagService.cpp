@@ -194,11 +194,12 @@ Result<QString> KWTagService::create(const NewTag &tag)
     return name;
 }
 
-Result<QString> KWTagService::rename(const QString &name, const QString &newLabel)
+Result<KWTagService::Renamed> KWTagService::rename(const QString &name, const QString &newLabel)
 {
     const Result<QString> label = checkedLabel(newLabel);
-    if (!label) return label;
+    if (!label) return label.error();
     const QString newName = KWTag::nameForLabel(*label);
+    Renamed renamed{.name = newName};
     const Result<void> saved =
         KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
             KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
@@ -206,6 +207,7 @@ Result<QString> KWTagService::rename(const QString &name, const QString &newLabe
             const QString oldName = (*tag)->name;
             if (oldName == newName) {
                 tag->set(&KWTagModel::label, *label);
+                renamed.undo = UndoToken::of(context);
                 return {};
             }
             KWTag *other = KWTag::findTagNamed(newName, m_userID, context);
@@ -222,15 +224,18 @@ Result<QString> KWTagService::rename(const QString &name, const QString &newLabe
                 tag->set(&KWTagModel::name, newName);
                 tag->set(&KWTagModel::label, *label);
             }
+            renamed.isJoined = other;
+            renamed.undo = UndoToken::of(context);
             return {};
         });
     if (!saved) return saved.error();
-    return newName;
+    return renamed;
 }
 
-Result<void> KWTagService::remove(const QString &name)
+Result<UndoToken> KWTagService::remove(const QString &name)
 {
-    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+    UndoToken undo;
+    const auto saved = KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
         KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
         if (!tag) return noSuchTag();
         TagUse use{(*tag)->name, m_userID, context};
@@ -238,8 +243,11 @@ Result<void> KWTagService::remove(const QString &name)
         use.moveChildrenTo({});
         use.movePlacesTo({});
         tag->deleteForever();
+        undo = UndoToken::of(context);
         return {};
     });
+    if (!saved) return saved.error();
+    return undo;
 }
 
 Result<void> KWTagService::setParent(const QString &name, const QString &parent)
@@ -259,12 +267,16 @@ Result<void> KWTagService::setParent(const QString &name, const QString &parent,
     return checked;
 }
 
-Result<void> KWTagService::setColor(const QString &name, const QString &color)
+Result<UndoToken> KWTagService::setColor(const QString &name, const QString &color)
 {
-    return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+    UndoToken undo;
+    const auto saved = KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
         KWTag *tag = KWTag::findTagNamed(name, m_userID, context);
         if (!tag) return noSuchTag();
         tag->set(&KWTagModel::color, color);
+        undo = UndoToken::of(context);
         return {};
     });
+    if (!saved) return saved.error();
+    return undo;
 }

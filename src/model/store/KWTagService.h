@@ -1,6 +1,7 @@
 #pragma once
 
 #include "corvexkit/Result.h"
+#include "model/store/UndoToken.h"
 
 #include <QString>
 
@@ -25,17 +26,22 @@ public:
     };
     /// Answers the name. A tag of that name that there is already is an error.
     Result<QString> create(const NewTag &tag);
-    /// Answers the new name. When the user has another tag of that name the two become one: tasks and child
-    /// tags go to the other, and this one is deleted.
-    Result<QString> rename(const QString &name, const QString &newLabel);
+    struct Renamed {
+        QString name; ///< the new one
+        bool isJoined = false;
+        UndoToken undo{};
+    };
+    /// When the user has another tag of that name the two are joined: tasks and child tags go to the other,
+    /// and this one is deleted.
+    Result<Renamed> rename(const QString &name, const QString &newLabel);
     /// Takes it from all tasks; its child tags stay, without a parent.
-    Result<void> remove(const QString &name);
+    Result<UndoToken> remove(const QString &name);
     /// An empty parent takes the tag out of its parent. Tags are two deep at most.
     Result<void> setParent(const QString &name, const QString &parent);
     /// The same inside a save that somebody else makes.
     static Result<void> setParent(const QString &name, const QString &parent, const QString &userID,
                                   ObjectContext &context);
-    Result<void> setColor(const QString &name, const QString &color);
+    Result<UndoToken> setColor(const QString &name, const QString &color);
 
 private:
     KWCoreDataManager &m_manager;

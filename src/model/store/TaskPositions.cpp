@@ -97,13 +97,18 @@ void arrange(const QStringList &inOrder, const QStringList &moved, const Positio
     });
 }
 
-Result<void> removePositions(const QString &contextID, KWTaskSortType sortType, KWCoreDataManager &manager)
+Result<UndoToken> removePositions(const QString &contextID, KWTaskSortType sortType,
+                                  KWCoreDataManager &manager)
 {
-    return KWCoreDataService{manager}.sync_save([&](ObjectContext &context) {
+    UndoToken token;
+    const auto saved = KWCoreDataService{manager}.sync_save([&](ObjectContext &context) {
         visitPositionKind(sortType, [&]<class Kind>(Kind) {
             for (auto *each : recordsOf<typename Kind::Record>(contextID, context))
                 each->deleteForever();
         });
+        token = UndoToken::of(context);
         return Result<void>{};
     });
+    if (!saved) return saved.error();
+    return token;
 }

@@ -2,6 +2,7 @@
 
 #include "corvexkit/Result.h"
 #include "model/records/KWConstants.h"
+#include "model/store/UndoToken.h"
 
 #include <QStringList>
 
@@ -21,4 +22,5 @@ void arrange(const QStringList &inOrder, const QStringList &moved, const Positio
              const QString &userID, ObjectContext &context);
 
 /// Gives the positions of all groups up, in one save.
-Result<void> removePositions(const QString &contextID, KWTaskSortType sortType, KWCoreDataManager &manager);
+Result<UndoToken> removePositions(const QString &contextID, KWTaskSortType sortType,
+                                  KWCoreDataManager &manager);

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <concepts>
 
 namespace {
 
@@ -83,6 +84,17 @@ void takeBackAlert(const Twin &before, const Twin &after, Record &record)
     }
 }
 
+// Tags and places in lists: nothing else goes with them.
+template <class Twin>
+constexpr bool comesBack = std::same_as<Twin, KWTagModel> || std::derived_from<Twin, KWTaskSortOrderFields>;
+
+template <class Record, class Twin>
+Result<void> takeBackRemoval(const Twin &before, ObjectContext &context)
+{
+    if (!context.find<Record>(before.sid)) context.insert<Record>(Twin{before});
+    return {};
+}
+
 template <class Record, class Twin>
 Result<void> takeBackChange(const Twin &before, const Twin &after, ObjectContext &context)
 {
@@ -106,9 +118,11 @@ template <class Record>
 void UndoToken::note(const ObjectContext &context)
 {
     using Twin = typename Record::Model;
-    for (const Record *each : context.changed<Record>())
-        if (!each->isRemoved())
-            std::get<QList<Versions<Twin>>>(m_versions).append({each->storedVersion(), each->model()});
+    for (const Record *each : context.changed<Record>()) {
+        if (each->isRemoved() && !comesBack<Twin>) continue;
+        std::get<QList<Versions<Twin>>>(m_versions)
+            .append({each->storedVersion(), each->model(), each->isRemoved()});
+    }
 }
 
 UndoToken UndoToken::of(const ObjectContext &context)
@@ -140,10 +154,12 @@ Result<void> UndoToken::undo(KWCoreDataManager &manager) const
         if (context.number(putIn, {idList(madeIDs())}) > 0) return changedMeanwhile();
         Result<void> done;
         forEachKind([&]<class Record>(std::type_identity<Record>) {
-            for (const auto &each : std::get<QList<Versions<typename Record::Model>>>(m_versions))
-                if (done)
-                    done = each.before ? takeBackChange<Record>(*each.before, each.after, context)
-                                       : takeBackMaking<Record>(each.after, context);
+            for (const auto &each : std::get<QList<Versions<typename Record::Model>>>(m_versions)) {
+                if (!done) return;
+                done = each.isRemoved ? takeBackRemoval<Record>(each.before.value_or(each.after), context)
+                       : each.before  ? takeBackChange<Record>(*each.before, each.after, context)
+                                      : takeBackMaking<Record>(each.after, context);
+            }
         });
         return done;
     });

@@ -24,7 +24,8 @@ class ObjectContext;
 class UndoToken {
 public:
     UndoToken() = default;
-    /// Of the context's changes that are not saved yet. Records that are removed for good do not come back.
+    /// Of the context's changes that are not saved yet. Of records that are removed for good only tags and
+    /// places in lists come back.
     static UndoToken of(const ObjectContext &context);
 
     bool isEmpty() const;
@@ -39,6 +40,7 @@ private:
     struct Versions {
         std::optional<Twin> before; ///< none of a record that was made
         Twin after;
+        bool isRemoved = false; ///< `after` is what it was when it went
     };
     template <class Record>
     void note(const ObjectContext &context);

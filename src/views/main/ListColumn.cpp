@@ -26,7 +26,7 @@ ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchAc
     , m_actions(actions)
     , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
     , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
-    , m_sortMenu{window.listPane().header(), rooms.tasks}
+    , m_sortMenu{window.listPane().header(), rooms.tasks, rooms.kit.manager()}
     , m_addField{window.listPane().addField(), rooms.newTasks}
     , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
     , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
@@ -73,6 +73,7 @@ void ListColumn::connectMessages()
 {
     m_window.sayFailuresOf(m_addField, &AddFieldController::failed, &AddFieldController::added);
     connect(&m_tasks, &TaskListController::failed, &m_window, &MainWindow::showMessage);
+    connect(&m_sortMenu, &SortMenu::changed, &m_window, &MainWindow::showUndo);
     connect(&m_sortMenu, &SortMenu::failed, &m_window, &MainWindow::showMessage);
     connect(&m_trash, &TrashController::failed, &m_window, &MainWindow::showMessage);
     connect(&m_trash, &TrashController::restored, &m_window, &MainWindow::showUndo);

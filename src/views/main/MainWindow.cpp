@@ -32,6 +32,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::milliseconds toastTime = 5s;
+constexpr qsizetype mostUndoSteps = 100;
 
 } // namespace
 
@@ -225,12 +226,31 @@ void MainWindow::showAction(const QString &message, const QString &action,
 
 ToastPort::Offer MainWindow::showUndo(const QString &message, const std::function<void()> &undo)
 {
-    showAction(message, KWLocalizedString("Undo"), undo);
-    return m_undoOffer = ++m_lastOffer;
+    const ToastPort::Offer offer = ++m_lastOffer;
+    m_undoSteps.append({offer, message, undo});
+    if (m_undoSteps.size() > mostUndoSteps) m_undoSteps.removeFirst();
+    showAction(message, KWLocalizedString("Undo"), [this, offer] {
+        if (const auto step = takeStep(offer)) step->undo();
+    });
+    return m_undoOffer = offer;
 }
 
-void MainWindow::endUndo(ToastPort::Offer offer)
+std::optional<MainWindow::UndoStep> MainWindow::takeStep(ToastPort::Offer offer)
 {
+    const auto found = std::ranges::find(m_undoSteps, offer, &UndoStep::offer);
+    if (found == m_undoSteps.end()) return std::nullopt;
+    const UndoStep step = *found;
+    m_undoSteps.erase(found);
+    return step;
+}
+
+void MainWindow::endUndo(ToastPort::Offer offer, std::function<void()> later)
+{
+    const auto step = std::ranges::find(m_undoSteps, offer, &UndoStep::offer);
+    if (step != m_undoSteps.end() && later)
+        step->undo = std::move(later);
+    else if (step != m_undoSteps.end())
+        m_undoSteps.erase(step);
     if (offer == 0 || offer != m_undoOffer) return;
     m_undoOffer = 0;
     m_toastEnd.cancel();
@@ -264,10 +284,20 @@ void MainWindow::endFailure(const QObject &work)
     m_toast->dismiss();
 }
 
-bool MainWindow::takeBack()
+bool MainWindow::takeBackShown()
 {
     if (m_undoOffer == 0) return false;
     m_toast->dismiss();
     performToastAction();
+    return true;
+}
+
+bool MainWindow::takeBack()
+{
+    if (takeBackShown()) return true;
+    if (m_undoSteps.isEmpty()) return false;
+    const UndoStep last = m_undoSteps.takeLast();
+    showMessage(KWLocalizedString("Undone: %1").arg(last.message));
+    last.undo(); // which says so when it cannot
     return true;
 }

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class KWUserDefaults;
 class MainMenu;
@@ -42,7 +43,8 @@ public:
     void showAction(const QString &message, const QString &action, const std::function<void()> &perform);
     /// The same, with an action that takes something back.
     ToastPort::Offer showUndo(const QString &message, const std::function<void()> &undo);
-    void endUndo(ToastPort::Offer offer);
+    /// Takes the message away, if it is still there; `later` goes on taking back what it was about.
+    void endUndo(ToastPort::Offer offer, std::function<void()> later);
     bool isUndoHeld(ToastPort::Offer offer) const;
     void showMessage(const QString &message);
     /// Says what `work` fails to do, by its signal with a sentence, until it succeeds or as long as any
@@ -54,6 +56,8 @@ public:
         connect(&work, done, this, [this, &work] { endFailure(work); });
     }
     /// Does what the message on show offers to take back; whether there is one.
+    bool takeBackShown();
+    /// Takes back what was done last and is not taken back yet, and says what; whether there is anything.
     bool takeBack();
 
 protected:
@@ -74,6 +78,12 @@ private:
     void endFailure(const QObject &work);
     void endToastLater();
     void performToastAction();
+    struct UndoStep {
+        ToastPort::Offer offer;
+        QString message;
+        std::function<void()> undo;
+    };
+    std::optional<UndoStep> takeStep(ToastPort::Offer offer);
 
     CXClock &m_clock;
     KWUserDefaults &m_defaults;
@@ -87,6 +97,7 @@ private:
     ToastPort::Offer m_undoOffer = 0; // of the message on show
     ToastPort::Offer m_lastOffer = 0;
     std::function<void()> m_toastAction;
+    QList<UndoStep> m_undoSteps;           // the latest last
     const QObject *m_failedWork = nullptr; // of the failure on show; for comparing
     ClockCall m_toastEnd;
 };

@@ -94,8 +94,11 @@ void MainWindowCommands::connectEditing()
         QWidget *focused = m_parts.window.focusWidget();
         const auto *edit = qobject_cast<QTextEdit *>(focused);
         const bool hasTyped = edit && edit->document()->isUndoAvailable();
-        if (!hasTyped && m_parts.window.takeBack()) return;
-        giveToText(focused, &QLineEdit::undo, &QTextEdit::undo);
+        const auto *line = qobject_cast<QLineEdit *>(focused);
+        const bool hasTypedInLine = line && line->isUndoAvailable();
+        if (!hasTyped && m_parts.window.takeBackShown()) return;
+        if (hasTyped || hasTypedInLine || !m_parts.window.takeBack())
+            giveToText(focused, &QLineEdit::undo, &QTextEdit::undo);
     });
 }
 

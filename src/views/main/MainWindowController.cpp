@@ -75,9 +75,9 @@ void MainWindowController::showFailure(const QString &sentence)
     if (m_content) m_content->window.showMessage(sentence);
 }
 
-void MainWindowController::endUndo(Offer offer)
+void MainWindowController::endUndo(Offer offer, std::function<void()> later)
 {
-    if (m_content) m_content->window.endUndo(offer);
+    if (m_content) m_content->window.endUndo(offer, std::move(later));
 }
 
 bool MainWindowController::isUndoHeld(Offer offer) const
@@ -124,7 +124,9 @@ void MainWindowController::make()
 void MainWindowController::connectColumns()
 {
     Content &content = *m_content;
+    connect(&content.sidebar, &SidebarColumn::listSelected, &content.detail, &DetailColumn::clear);
     connect(&content.sidebar, &SidebarColumn::listSelected, &content.list, &ListColumn::show);
+    connect(&content.sidebar, &SidebarColumn::contentsChanged, &content.list, &ListColumn::showNewNames);
     connect(&content.sidebar, &SidebarColumn::listSelected, &content.search, &WindowSearch::closePage);
     connect(&content.sidebar, &SidebarColumn::listOpened, &content.list, &ListColumn::takeKeyboard);
     connect(&content.sidebar, &SidebarColumn::filterMade, this, &MainWindowController::showList);

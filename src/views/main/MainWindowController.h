@@ -24,7 +24,7 @@ public:
     void close() override;
     Offer showUndo(const QString &message, std::function<void()> undo) override;
     void showFailure(const QString &sentence) override;
-    void endUndo(Offer offer) override;
+    void endUndo(Offer offer, std::function<void()> later) override;
     bool isUndoHeld(Offer offer) const override;
 
     /// None before it is first shown, and signed out.

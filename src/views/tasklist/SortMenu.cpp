@@ -6,7 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
-SortMenu::SortMenu(PageHeader &header, KWTaskListService &service) : m_header(header), m_service(service)
+SortMenu::SortMenu(PageHeader &header, KWTaskListService &service, KWCoreDataManager &manager)
+    : m_header(header), m_service(service), m_manager(manager)
 {
     connect(&m_header, &PageHeader::sortMenuRequested, this, [this] { popup(m_header.sortButton()); });
 }
@@ -33,7 +34,7 @@ void SortMenu::popup(const QWidget &relativeTo)
 void SortMenu::addSortTypes(QMenu &menu)
 {
     const auto selectHandler = [this](KWTaskSortType sortType) { report(m_service.setSortType(sortType)); };
-    const auto resumeHandler = [this] { report(m_service.resetManualOrder()); };
+    const auto resumeHandler = [this] { resetManualOrder(); };
     const KWTaskSortTypeMenu offered = m_service.sortMenu();
     for (const KWTaskSortType each : offered.sortTypes()) {
         QAction *action = menu.addAction(KWTaskSortTypeMenu::titleOf(each), this,
@@ -45,6 +46,13 @@ void SortMenu::addSortTypes(QMenu &menu)
         menu.addSeparator();
         menu.addAction(*reset, this, resumeHandler);
     }
+}
+
+void SortMenu::resetManualOrder()
+{
+    const Result<UndoToken> reset = m_service.resetManualOrder();
+    if (!reset) return Q_EMIT failed(reset.error().sentence);
+    Q_EMIT changed(tr("Order reset"), [this, reset] { report(reset->undo(m_manager)); });
 }
 
 void SortMenu::addCompleted(QMenu &menu)

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class PageHeader;
 class QMenu;
 
@@ -14,20 +16,24 @@ class SortMenu : public QObject {
 
 public:
     /// All outlive it.
-    SortMenu(PageHeader &header, KWTaskListService &service);
+    SortMenu(PageHeader &header, KWTaskListService &service, KWCoreDataManager &manager);
 
     /// To be called when the list or its rows are other ones.
     void show();
 
 Q_SIGNALS:
     void failed(const QString &sentence);
+    /// The order is another one now; `undo` takes it back.
+    void changed(const QString &message, const std::function<void()> &undo);
 
 private:
     void popup(const QWidget &relativeTo);
     void addSortTypes(QMenu &menu);
     void addCompleted(QMenu &menu);
+    void resetManualOrder();
     void report(const Result<void> &done);
 
     PageHeader &m_header;
     KWTaskListService &m_service;
+    KWCoreDataManager &m_manager;
 };
