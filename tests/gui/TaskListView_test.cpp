@@ -136,11 +136,25 @@ private Q_SLOTS:
         auto *editor = shown.view.findChild<QLineEdit *>(u"taskRowTitleEditor"_s);
         QVERIFY(editor);
         QTest::keyClicks(editor, u"Other words"_s);
+        shown.model.refreshDates(); // a minute goes by
         QTest::keyClick(editor, Qt::Key_Return);
         QTRY_COMPARE(edited.count(), 1);
         QCOMPARE(edited[0][0].toString(), u"task 2"_s);
         QCOMPARE(edited[0][1].toString(), u"Other words"_s);
         QCOMPARE(shown.model.rows().at(1).task.title, u"Title 2"_s);
+    }
+
+    void titleTypedInARowThatGoesIsKept()
+    {
+        Shown shown{rowsFrom(1, 3)};
+        shown.view.selectTask(u"task 2"_s);
+        QSignalSpy edited{&shown.view, &TaskListView::titleEdited};
+        QTest::keyClick(&shown.view, Qt::Key_F2);
+        QTest::keyClicks(shown.view.findChild<QLineEdit *>(u"taskRowTitleEditor"_s), u"Other words"_s);
+        shown.view.setRows(rowsFrom(7, 9)); // another list
+        QTRY_COMPARE(edited.count(), 1);
+        QCOMPARE(edited[0][0].toString(), u"task 2"_s);
+        QCOMPARE(edited[0][1].toString(), u"Other words"_s);
     }
 
     void longTitlesAndLinesPaint()

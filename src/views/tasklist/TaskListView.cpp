@@ -10,6 +10,7 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
@@ -129,6 +130,18 @@ QModelIndex TaskListView::taskNear(int row) const
     return {};
 }
 
+// The open task there, or the last one above.
+QModelIndex TaskListView::openTaskNear(int row) const
+{
+    const auto isOpen = [this](const QModelIndex &each) {
+        return m_model.isTask(each) && !m_model.rowAt(each).task.isClosed();
+    };
+    if (const QModelIndex there = taskNear(row); there.isValid() && isOpen(there)) return there;
+    for (int above = std::min(row, m_model.rowCount()) - 1; above >= 0; --above)
+        if (isOpen(m_model.index(above))) return m_model.index(above);
+    return {};
+}
+
 // Coming by Tab selects the first task; what is current is what the detail shows.
 void TaskListView::focusInEvent(QFocusEvent *event)
 {
@@ -145,6 +158,8 @@ void TaskListView::rememberPlace()
                     .currentRow = m_model.isTask(current) ? current.row() : -1,
                     .selectedTasks = selectedTasks(),
                     .topID = {}};
+    const auto *editor = state() == EditingState ? qobject_cast<QLineEdit *>(indexWidget(current)) : nullptr;
+    if (editor && editor->isModified()) m_place->typedTitle = editor->text();
     // A list that shows its beginning goes on showing it.
     if (top.isValid() && verticalScrollBar()->value() > 0) {
         m_place->topID = m_model.rowAt(top).id;
@@ -156,7 +171,12 @@ void TaskListView::returnToPlace()
 {
     const Place place = *m_place;
     const QModelIndex current = m_model.indexOf(place.currentID);
-    if (current.isValid() && current != currentIndex()) {
+    const bool hasMoved = current.isValid() && current.row() != place.currentRow;
+    const bool wasClosed =
+        m_closing.remove(place.currentID) && hasMoved && m_model.rowAt(current).task.isClosed();
+    if (const QModelIndex next = wasClosed ? openTaskNear(place.currentRow) : QModelIndex{}; next.isValid()) {
+        makeCurrent(next); // so that one task after the other is completed
+    } else if (current.isValid() && current != currentIndex()) {
         makeCurrent(current);
         for (const QString &each : place.selectedTasks)
             selectionModel()->select(m_model.indexOf(each), QItemSelectionModel::Select);
@@ -168,7 +188,11 @@ void TaskListView::returnToPlace()
         verticalScrollBar()->setValue(verticalScrollBar()->value() + visualRect(top).top() - place.topOffset);
     }
     m_place.reset();
-    setDropTarget({}); // it names rows by their place
+    setDropTarget({});                               // it names rows by their place
+    if (place.typedTitle && state() != EditingState) // the row went, and its editor with it
+        QMetaObject::invokeMethod(
+            this, [this, place] { Q_EMIT titleEdited(place.currentID, *place.typedTitle); },
+            Qt::QueuedConnection);
     const QString before = place.currentRow >= 0 ? place.currentID : QString{};
     if (currentTask() != before) Q_EMIT currentTaskChanged(currentTask());
 }
@@ -183,6 +207,7 @@ void TaskListView::toggle(const QStringList &sids)
         if (isClosed(each) == reopens)
             m_animations.start(each, reopens ? CheckAnimations::Direction::Unchecking
                                              : CheckAnimations::Direction::Checking);
+    if (!reopens && sids == QStringList{currentTask()}) m_closing.insert(currentTask());
     Q_EMIT completionToggled(sids);
 }
 

@@ -6,6 +6,7 @@
 #include "views/tasklist/TaskListModel.h"
 
 #include <QListView>
+#include <QSet>
 
 #include <functional>
 #include <optional>
@@ -90,6 +91,7 @@ private:
     void rememberPlace();
     void returnToPlace();
     void makeCurrent(const QModelIndex &index);
+    QModelIndex openTaskNear(int row) const;
     QModelIndex taskNear(int row) const;
     bool handleKey(const QKeyEvent &event);
     bool foldByKey(Qt::Key key, const QModelIndex &current);
@@ -116,10 +118,12 @@ private:
         QStringList selectedTasks;
         QString topID;
         int topOffset = 0;
+        std::optional<QString> typedTitle{}; ///< of the current task, not handed over yet
     };
 
     TaskListModel &m_model;
     CheckAnimations m_animations;
+    QSet<QString> m_closing; ///< ticked off here, and on their way to another section
     TaskRowDelegate *m_delegate;
     Spot m_pressed;
     Spot m_hovered;

@@ -218,6 +218,15 @@ QWidget *TaskRowDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
     return editor;
 }
 
+void TaskRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    auto &line = *static_cast<QLineEdit *>(editor);
+    // The row may change while its title is typed.
+    if (line.isModified()) return;
+    line.setText(m_model.rowAt(index).task.title);
+    line.selectAll();
+}
+
 void TaskRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                            const QModelIndex &index) const
 {
