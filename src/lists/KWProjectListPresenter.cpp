@@ -94,8 +94,15 @@ void KWProjectListPresenter::didReplace()
     m_observerNodeSelectionNotification = true;
     // A node that is named in place, or an empty smart list that goes, changes nothing of what is shown.
     if (m_announced == contents()) return;
+    const bool isFirst = !m_announced;
     m_announced = contents();
+    const KWListIdentifier before = m_selectedList;
     restoreSelection();
+    if (isFirst || m_selectedList != before) {
+        if (onSelectionChanged) onSelectionChanged(m_selectedList);
+    } else if (onContentsChanged) {
+        onContentsChanged();
+    }
 }
 
 void KWProjectListPresenter::build()
@@ -134,7 +141,6 @@ void KWProjectListPresenter::restoreSelection()
     const auto list = KWListIdentifier::userDefaultDecode(stored);
     m_selectedList = list && canShow(*list) ? *list : defaultList();
     if (KWProjectListNode *node = selectedNode()) node->setIsSelected(true);
-    if (onSelectionChanged) onSelectionChanged(m_selectedList);
 }
 
 void KWProjectListPresenter::select(const KWListIdentifier &list)

@@ -85,7 +85,7 @@ private Q_SLOTS:
         m_client->clock.advance(1s);
         QCOMPARE(task().content, u"yOne page"_s);
         m_client->type(u"z"_s);
-        list().setCurrentIndex({});
+        m_client->rooms().mainWindow().select(KWListIdentifier::todayProject());
         QCOMPARE(task().content, u"yzOne page"_s);
         QVERIFY(!title().isVisible());
     }

@@ -7,6 +7,7 @@
 #include "model/store/TaskBatch.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/controls/CommittingTextEdit.h"
 #include "views/main/MainWindow.h"
 #include "views/toast/Toast.h"
 

@@ -10,7 +10,7 @@ DetailColumn::DetailColumn(const MainWindowRooms &rooms, MainWindow &window, Bat
     : m_window(window), m_task{window.detail(), rooms.kit, actions}
 {
     connect(&window.listPane().list(), &TaskListView::currentTaskChanged, &m_task,
-            &TaskDetailController::show);
+            &TaskDetailController::follow);
     window.sayFailuresOf(m_task, &TaskDetailController::failed, &TaskDetailController::saved);
     connect(&m_task, &TaskDetailController::changed, &window, &MainWindow::showUndo);
     connect(&m_task, &TaskDetailController::itemRemovalRequested, this,

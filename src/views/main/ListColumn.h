@@ -24,6 +24,8 @@ public:
     ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions, KWTaskEditor &editor);
 
     void show(const KWListIdentifier &list);
+    /// Lists and tags may have other names now.
+    void showNewNames() { m_tasks.showNewNames(); }
     /// Selects that list in the sidebar and the task in it.
     void showTask(const QString &taskID, const KWListIdentifier &list) { m_tasks.showTask(taskID, list); }
     /// The keyboard goes to the rows.

@@ -13,6 +13,7 @@ SidebarColumn::SidebarColumn(const MainWindowRooms &rooms, MainWindow &window)
     , m_filters{rooms.kit, window}
 {
     connect(&m_tree, &SidebarController::listSelected, this, &SidebarColumn::listSelected);
+    connect(&m_tree, &SidebarController::contentsChanged, this, &SidebarColumn::contentsChanged);
     connect(&m_tree, &SidebarController::listOpened, this, &SidebarColumn::listOpened);
     connect(&m_commands, &SidebarCommands::changed, &window, &MainWindow::showUndo);
     connect(&m_commands, &SidebarCommands::failed, &window, &MainWindow::showMessage);

@@ -19,6 +19,8 @@ public:
 
 Q_SIGNALS:
     void listSelected(const KWListIdentifier &list);
+    /// The same list is selected; it, or others, may have another name, colour or place.
+    void contentsChanged();
     /// The keyboard is to go on to the tasks of the list.
     void listOpened();
     void filterMade(const KWListIdentifier &filter);

@@ -9,6 +9,8 @@
 #include "views/sidebar/SidebarView.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/tasklist/BatchActions.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
 
 WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
                            TaskDetailController &detail)
@@ -23,12 +25,14 @@ WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, Bat
     connect(&m_palette, &PaletteController::listChosen, this, &WindowSearch::listChosen);
     connect(&m_palette, &PaletteController::taskChosen, this, &WindowSearch::taskChosen);
     connect(&m_palette, &PaletteController::searchChosen, &m_page, &SearchController::open);
+    connect(&m_page, &SearchController::closed, &detail,
+            [&detail, &list = window.listPane().list()] { detail.show(list.currentTask()); });
     // A click on the list below the page selects nothing new.
     connect(&window.sidebar().tree(), &QAbstractItemView::clicked, this, [this](const QModelIndex &row) {
         if (row.flags() & Qt::ItemIsSelectable) m_page.close();
     });
     const SearchPage &page = m_page.page();
-    connect(&page, &SearchPage::currentTaskChanged, &detail, &TaskDetailController::show);
+    connect(&page, &SearchPage::currentTaskChanged, &detail, &TaskDetailController::follow);
     connect(&page, &SearchPage::opened, &window, &MainWindow::openDetail);
     connect(&page, &SearchPage::completionToggled, &actions,
             [&actions](const QString &taskID) { actions.tick({taskID}); });

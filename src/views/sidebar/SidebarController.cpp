@@ -15,6 +15,7 @@ SidebarController::SidebarController(SidebarView &view, KWProjectListPresenter &
         showSelection();
         Q_EMIT listSelected(list);
     };
+    m_presenter.onContentsChanged = [this] { Q_EMIT contentsChanged(); };
     connect(&tree, &KWProjectListView::nodeSelected, this,
             [this](const KWProjectListNode *node) { m_presenter.projectListNodeSelectionChanged(*node); });
     connect(

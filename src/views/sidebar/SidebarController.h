@@ -16,6 +16,8 @@ public:
 
 Q_SIGNALS:
     void listSelected(const KWListIdentifier &list);
+    /// The same list is selected; it, or others, may have another name, colour or place.
+    void contentsChanged();
     /// Enter on a list: go on to its tasks.
     void listOpened();
 

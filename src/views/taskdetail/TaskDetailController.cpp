@@ -2,11 +2,13 @@
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWTask.h"
 #include "views/taskdetail/SubtaskList.h"
 #include "views/taskdetail/TaskDetailReader.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/BatchActions.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -31,9 +33,13 @@ TaskDetailController::TaskDetailController(TaskDetailView &view, OrvaneKit &kit,
     , m_editor(kit.manager())
     , m_actions(view, kit, common)
     , m_attachments(view, kit)
+    , m_pendingDeletes(kit.center(),
+                       [this] { m_nextTaskID && !isTypedIn() ? show(QString{*m_nextTaskID}) : refresh(); })
 {
     connectEdits();
     connectActions();
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget *, const QWidget *now) { keyboardWent(now); });
     m_registration = kit.bus().registerEventBus([this](const StoreChange &change) {
         if (matters(change, m_taskID)) refresh();
     });
@@ -46,15 +52,42 @@ TaskDetailController::TaskDetailController(TaskDetailView &view, OrvaneKit &kit,
 
 void TaskDetailController::show(const QString &taskID)
 {
+    m_nextTaskID.reset();
     m_view.commitEdits();
     m_taskID = taskID;
     refresh();
 }
 
+void TaskDetailController::follow(const QString &taskID)
+{
+    if (taskID == m_taskID || !isTypedIn())
+        show(taskID);
+    else
+        m_nextTaskID = taskID;
+}
+
+bool TaskDetailController::isTypedIn() const
+{
+    const QWidget *focused = m_view.window()->focusWidget();
+    const KWTask *task = m_taskID.isEmpty() ? nullptr : m_kit.context().find<KWTask>(m_taskID);
+    return focused && m_view.isAncestorOf(focused) && task && task->isNotDeleted() && !(*task)->isTrashed &&
+           !m_pendingDeletes.containsTask(m_taskID);
+}
+
+void TaskDetailController::keyboardWent(const QWidget *there)
+{
+    // To a menu or another program it goes for a moment only.
+    if (!m_nextTaskID || !there || there->window() != m_view.window() || m_view.isAncestorOf(there)) return;
+    show(QString{*m_nextTaskID});
+}
+
 void TaskDetailController::refresh()
 {
-    const std::optional<TaskDetailData> shown =
+    std::optional<TaskDetailData> shown =
         m_taskID.isEmpty() ? std::nullopt : readTaskDetail(m_taskID, m_editor, m_kit);
+    if (shown)
+        shown->subtasks.removeIf(
+            [this](const auto &each) { return m_pendingDeletes.containsTask(each.sid); });
     m_actions.setTask(shown ? shown->task : KWTaskModel{});
     m_attachments.setTask(shown ? m_taskID : QString{});
     m_view.setTask(shown);

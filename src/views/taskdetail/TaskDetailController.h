@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/events/KWEventBus.h"
-#include "model/events/KWNotificationCenter.h"
+#include "model/events/PendingDeletes.h"
 #include "model/store/KWTaskEditor.h"
 #include "views/taskdetail/AttachmentActions.h"
 #include "views/taskdetail/DetailActions.h"
@@ -22,6 +22,9 @@ public:
 
     /// Shows that task, or nothing for an empty id. What was being edited before is saved first.
     void show(const QString &taskID);
+    /// The task that is current beside the pane is that one now. While somebody types in the pane it stays
+    /// with its own task, as long as that is there, and goes to the other one when the keyboard leaves it.
+    void follow(const QString &taskID);
     /// Asks for the dates of the task on show in a frame whose corner is there.
     void pickDate(const QPoint &position) { m_actions.pickDate(position); }
 
@@ -40,6 +43,8 @@ Q_SIGNALS:
 
 private:
     void refresh();
+    bool isTypedIn() const;
+    void keyboardWent(const QWidget *there);
     void connectEdits();
     void connectActions();
     void openLink(const QString &address);
@@ -52,6 +57,8 @@ private:
     DetailActions m_actions;
     AttachmentActions m_attachments;
     QString m_taskID;
+    std::optional<QString> m_nextTaskID; // once the keyboard leaves the pane
+    PendingDeletes m_pendingDeletes;
     KWEventBus::Registration m_registration;
     std::vector<KWNotificationCenter::Observation> m_observations;
 };

@@ -60,6 +60,13 @@ void TaskListController::show(const KWListIdentifier &list)
     Q_EMIT shown();
 }
 
+void TaskListController::showNewNames()
+{
+    showHead();
+    showNames();
+    Q_EMIT shown();
+}
+
 void TaskListController::showTask(const QString &taskID, const KWListIdentifier &list)
 {
     m_sidebar.select(list);

@@ -21,6 +21,8 @@ public:
 
     /// Shows that list.
     void show(const KWListIdentifier &list);
+    /// Lists and tags may have other names now.
+    void showNewNames();
     /// Selects that list in the sidebar and the task in it, as soon as its row is there.
     void showTask(const QString &taskID, const KWListIdentifier &list);
 Q_SIGNALS:
