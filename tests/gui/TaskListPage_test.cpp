@@ -67,6 +67,13 @@ private Q_SLOTS:
         const QRect header = list().visualRect(sectionRow(u"Today"_s));
         QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, header.center());
         QVERIFY(shown().contains(u"Bread"_s));
+        goTo(taskRow(u"Bread"_s));
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, header.center());
+        QCOMPARE(list().currentIndex(), sectionRow(u"Today"_s));
+        QCOMPARE(list().currentTask(), QString{});
+        QVERIFY(!list().selectionModel()->hasSelection());
+        m_client->press(Qt::Key_Right);
+        QVERIFY(shown().contains(u"Bread"_s));
         goTo(sectionRow(u"Tomorrow"_s));
         chooseInMenu(u"Fold All Sections"_s);
         QCOMPARE(shown(), u"[Overdue] [Today] [Tomorrow] [No Date]"_s);

@@ -150,12 +150,39 @@ void TaskListView::focusInEvent(QFocusEvent *event)
     QListView::focusInEvent(event);
 }
 
+// The tasks that it is below, from the nearest, and the header of its section.
+QList<TaskListRow> TaskListView::rowsAround(const QModelIndex &task) const
+{
+    QList<TaskListRow> rows;
+    int depth = m_model.rowAt(task).depth;
+    for (int above = task.row() - 1; above >= 0; --above) {
+        const TaskListRow &each = m_model.rows().at(above);
+        if (each.kind == TaskListRow::Kind::Section) return rows << each;
+        if (each.depth >= depth) continue;
+        depth = each.depth;
+        rows << each;
+    }
+    return rows;
+}
+
+// The row that was folded over the current task; another list may have a section of that name.
+QModelIndex TaskListView::foldedAround(const Place &place) const
+{
+    for (TaskListRow each : place.around) {
+        each.isFolded = true;
+        const QModelIndex index = m_model.indexOf(each.id);
+        if (index.isValid() && m_model.rowAt(index) == each) return index;
+    }
+    return {};
+}
+
 void TaskListView::rememberPlace()
 {
     const QModelIndex current = currentIndex();
     const QModelIndex top = indexAt(QPoint{width() / 2, 0});
     m_place = Place{.currentID = current.isValid() ? m_model.rowAt(current).id : QString{},
                     .currentRow = m_model.isTask(current) ? current.row() : -1,
+                    .around = m_model.isTask(current) ? rowsAround(current) : QList<TaskListRow>{},
                     .selectedTasks = selectedTasks(),
                     .topID = {}};
     const auto *editor = state() == EditingState ? qobject_cast<QLineEdit *>(indexWidget(current)) : nullptr;
@@ -180,6 +207,9 @@ void TaskListView::returnToPlace()
         makeCurrent(current);
         for (const QString &each : place.selectedTasks)
             selectionModel()->select(m_model.indexOf(each), QItemSelectionModel::Select);
+    } else if (const QModelIndex folded = current.isValid() ? QModelIndex{} : foldedAround(place);
+               folded.isValid()) {
+        makeCurrent(folded);
     } else if (place.currentRow >= 0 && currentIndex().isValid() && !m_model.isTask(currentIndex())) {
         makeCurrent(taskNear(place.currentRow)); // the task went, and a header took its place
     }

@@ -88,9 +88,21 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    // The row at the top of the viewport and how far it is scrolled out of it.
+    struct Place {
+        QString currentID;
+        int currentRow = -1;         ///< of a task
+        QList<TaskListRow> around{}; ///< that hide the current task when folded, from the nearest
+        QStringList selectedTasks;
+        QString topID;
+        int topOffset = 0;
+        std::optional<QString> typedTitle{}; ///< of the current task, not handed over yet
+    };
     void rememberPlace();
     void returnToPlace();
     void makeCurrent(const QModelIndex &index);
+    QList<TaskListRow> rowsAround(const QModelIndex &task) const;
+    QModelIndex foldedAround(const Place &place) const;
     QModelIndex openTaskNear(int row) const;
     QModelIndex taskNear(int row) const;
     bool handleKey(const QKeyEvent &event);
@@ -110,16 +122,6 @@ private:
     void openMenu(const QModelIndex &index, const QPoint &globalPosition);
     void setDropTarget(const std::optional<DropTarget> &target);
     void paintEmptyText();
-
-    // The row at the top of the viewport and how far it is scrolled out of it.
-    struct Place {
-        QString currentID;
-        int currentRow = -1; ///< of a task
-        QStringList selectedTasks;
-        QString topID;
-        int topOffset = 0;
-        std::optional<QString> typedTitle{}; ///< of the current task, not handed over yet
-    };
 
     TaskListModel &m_model;
     CheckAnimations m_animations;
