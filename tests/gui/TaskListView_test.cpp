@@ -61,6 +61,30 @@ private Q_SLOTS:
         QCOMPARE(empty.view.currentTask(), QString{});
     }
 
+    void theKeyboardHasARowAlsoWhenTheRowsComeLater()
+    {
+        Shown shown{rowsFrom(1, 3)};
+        shown.view.setCurrentIndex({}); // it has the focus all the same
+        shown.view.takeKeyboard();
+        QCOMPARE(shown.view.currentTask(), u"task 1"_s);
+
+        shown.view.setRows({});
+        shown.view.takeKeyboard();
+        shown.view.setRows(rowsFrom(5, 7));
+        QTRY_COMPARE(shown.view.currentTask(), u"task 5"_s);
+        shown.view.setRows({});
+        shown.view.setRows(rowsFrom(1, 3));
+        QCoreApplication::processEvents();
+        QCOMPARE(shown.view.currentTask(), QString{}); // it was not asked for again
+
+        shown.view.setRows({});
+        shown.view.takeKeyboard();
+        shown.view.setRows(rowsFrom(1, 3));
+        shown.view.selectTask(u"task 2"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(shown.view.currentTask(), u"task 2"_s);
+    }
+
     void keysShowTheFocusAndTheMouseHidesIt()
     {
         Shown shown{rowsFrom(1, 3)};

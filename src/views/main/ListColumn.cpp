@@ -46,7 +46,7 @@ void ListColumn::show(const KWListIdentifier &list)
     m_tasks.show(list);
 }
 
-void ListColumn::takeKeyboard() { m_window.listPane().list().setFocus(Qt::OtherFocusReason); }
+void ListColumn::takeKeyboard() { m_window.listPane().list().takeKeyboard(); }
 
 void ListColumn::connectRows()
 {

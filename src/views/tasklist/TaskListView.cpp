@@ -145,9 +145,21 @@ QModelIndex TaskListView::openTaskNear(int row) const
 // Coming by Tab selects the first task; what is current is what the detail shows.
 void TaskListView::focusInEvent(QFocusEvent *event)
 {
-    if (!currentIndex().isValid() && event->reason() != Qt::MouseFocusReason)
-        if (const QModelIndex first = taskNear(0); first.isValid()) makeCurrent(first);
+    if (event->reason() != Qt::MouseFocusReason) makeFirstCurrent();
     QListView::focusInEvent(event);
+}
+
+void TaskListView::makeFirstCurrent()
+{
+    if (currentIndex().isValid()) return;
+    if (const QModelIndex first = taskNear(0); first.isValid()) makeCurrent(first);
+}
+
+void TaskListView::takeKeyboard()
+{
+    setFocus(Qt::OtherFocusReason);
+    makeFirstCurrent();
+    m_waitsForFirst = true;
 }
 
 // The tasks that it is below, from the nearest, and the header of its section.
@@ -218,6 +230,9 @@ void TaskListView::returnToPlace()
         verticalScrollBar()->setValue(verticalScrollBar()->value() + visualRect(top).top() - place.topOffset);
     }
     m_place.reset();
+    if (hasFocus() && m_model.rowCount() > 0 &&
+        std::exchange(m_waitsForFirst, false)) // later, as one that is looked for in the new rows comes first
+        QMetaObject::invokeMethod(this, &TaskListView::makeFirstCurrent, Qt::QueuedConnection);
     setDropTarget({});                               // it names rows by their place
     if (place.typedTitle && state() != EditingState) // the row went, and its editor with it
         QMetaObject::invokeMethod(

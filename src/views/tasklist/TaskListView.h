@@ -35,6 +35,8 @@ public:
     using Hindrance = std::function<QString(const QStringList &taskIDs, const TaskDropPlace &place)>;
     void setDropHindrance(Hindrance hindrance);
 
+    /// Gives it the keyboard. Where no row is current the first task becomes so, also when it comes later.
+    void takeKeyboard();
     /// The task that the detail shows, empty for none.
     QString currentTask() const;
     /// All selected ones from top to bottom; the current one where none is.
@@ -101,6 +103,7 @@ private:
     void rememberPlace();
     void returnToPlace();
     void makeCurrent(const QModelIndex &index);
+    void makeFirstCurrent();
     QList<TaskListRow> rowsAround(const QModelIndex &task) const;
     QModelIndex foldedAround(const Place &place) const;
     QModelIndex openTaskNear(int row) const;
@@ -134,6 +137,7 @@ private:
     Hindrance m_hindrance;
     std::optional<DropTarget> m_dropTarget;
     bool m_isDropRefused = false;
+    bool m_waitsForFirst = false; ///< the keyboard came, and rows may follow
     QString m_emptyText;
     QString m_emptyHint;
 };
