@@ -85,6 +85,18 @@ private Q_SLOTS:
         QCOMPARE(shown.view.currentTask(), u"task 2"_s);
     }
 
+    void aHeaderKeepsApartFromTheSectionAbove()
+    {
+        Shown shown{{sectionRow(u"One"_s, 0, 1), taskRow(u"task"_s), sectionRow(u"Two"_s, 1)}};
+        const auto height = [&shown](const QString &section) {
+            return shown.view.visualRect(shown.model.indexOf(u"section:"_s + section)).height();
+        };
+        const int first = height(u"One"_s);
+        QVERIFY(height(u"Two"_s) > first);
+        shown.view.setRows({sectionRow(u"Two"_s, 0)});
+        QCOMPARE(height(u"Two"_s), first);
+    }
+
     void keysShowTheFocusAndTheMouseHidesIt()
     {
         Shown shown{rowsFrom(1, 3)};

@@ -22,6 +22,15 @@ namespace {
 // Far more than any row is wide; shaping a text of 100,000 characters to show its first words is not free.
 constexpr int mostCharactersShown = 500;
 
+constexpr int sectionGap = 8; // between a header and the section above it
+
+int gapAbove(const QModelIndex &section) { return section.row() > 0 ? Metrics::scaled(sectionGap) : 0; }
+
+QRect headerBounds(const QRect &row, const QModelIndex &section)
+{
+    return row.adjusted(0, gapAbove(section), 0, 0);
+}
+
 bool isSelected(const QStyleOptionViewItem &option) { return option.state & QStyle::State_Selected; }
 
 QColor faintColor(const QStyleOptionViewItem &option)
@@ -150,7 +159,7 @@ void TaskRowDelegate::paintSection(QPainter &painter, const QStyleOptionViewItem
 {
     const TaskListRow &row = m_model.rowAt(index);
     const SectionLook look = m_model.lookOf(row);
-    KWTaskListSectionCell{row, look, option.rect, option.direction}.paint(
+    KWTaskListSectionCell{row, look, headerBounds(option.rect, index), option.direction}.paint(
         painter, {.isHovered = bool(option.state & QStyle::State_MouseOver),
                   .hasKeyboardFocus = hasKeyboardFocus(option),
                   .hoveredPart = m_hovered == index ? m_hoveredPart : RowPart::None});
@@ -185,7 +194,7 @@ RowPart TaskRowDelegate::partAt(const QPoint &position, const QModelIndex &index
     if (row.kind == TaskListRow::Kind::LoadMore) return RowPart::LoadMore;
     if (row.kind == TaskListRow::Kind::Section) {
         const SectionLook look = m_model.lookOf(row);
-        return KWTaskListSectionCell{row, look, bounds, direction}.partAt(position);
+        return KWTaskListSectionCell{row, look, headerBounds(bounds, index), direction}.partAt(position);
     }
     if (row.hasChildren && taskRowTriangle(bounds, direction, row.depth).contains(position))
         return RowPart::Triangle;
@@ -203,7 +212,8 @@ void TaskRowDelegate::setHovered(const QModelIndex &index, RowPart part)
 QSize TaskRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const
 {
     const bool isSection = m_model.rowAt(index).kind == TaskListRow::Kind::Section;
-    return {Metrics::scaled(120), Metrics::scaled(isSection ? Metrics::listSection : Metrics::taskRow)};
+    if (!isSection) return {Metrics::scaled(120), Metrics::scaled(Metrics::taskRow)};
+    return {Metrics::scaled(120), Metrics::scaled(Metrics::listSection) + gapAbove(index)};
 }
 
 QWidget *TaskRowDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
