@@ -174,7 +174,12 @@ private Q_SLOTS:
         const Result<UndoToken> archived = m_editor->setClosed(id("C"), true);
         QCOMPARE(lists(), u"A Home(B) D"_s);
         QVERIFY(isRefused(m_arranger->moveList(id("C"), {}), u"."));
-        QCOMPARE(takeBack(archived), u"A Home(B C) D"_s);
+        make("c"); // closed lists leave their names to others
+        QVERIFY(isRefused(m_editor->setClosed(id("C"), false), u"“C” already"));
+        QVERIFY(m_editor->renameList(id("C"), u"Other"_s));
+        QVERIFY(m_editor->setClosed(id("C"), false));
+        QVERIFY(deleted(id("c")) && m_editor->renameList(id("C"), u"C"_s));
+        QCOMPARE(lists(), u"A Home(B C) D"_s);
         QVERIFY(m_editor->setClosed(id("B"), true));
         const Result<UndoToken> deleted = m_editor->deleteFolder(id("Home"));
         QCOMPARE(lists(), u"A C D"_s);

@@ -162,9 +162,11 @@ Result<UndoToken> ListEditor::setColor(const QString &listID, const QString &col
 
 Result<UndoToken> ListEditor::setClosed(const QString &listID, bool isClosed)
 {
-    return editList(listID, [isClosed](KWProject &list) -> Result<void> {
-        list.set(&KWProjectModel::closed, isClosed);
-        return {};
+    return editList(listID, [&](KWProject &list) -> Result<void> {
+        Result<void> checked;
+        if (!isClosed) checked = checkListName(list->name, listID, list.context());
+        if (checked) list.set(&KWProjectModel::closed, isClosed);
+        return checked;
     });
 }
 
