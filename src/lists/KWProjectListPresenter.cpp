@@ -235,6 +235,11 @@ std::optional<KWProjectModel> KWProjectListPresenter::listOf(const KWProjectList
     return std::nullopt;
 }
 
+bool KWProjectListPresenter::isShownIfNotEmpty(const KWProjectListNode &node) const
+{
+    return contents() && contents()->hiddenIfEmpty.contains(node.entityID());
+}
+
 QList<ProjectListCommand> KWProjectListPresenter::popMenu(const KWProjectListNode &node) const
 {
     return projectListMenu(node, listOf(node));

@@ -66,6 +66,8 @@ public:
     /// The list that the node shows, closed or not; nothing for other nodes.
     std::optional<KWProjectModel> listOf(const KWProjectListNode &node) const;
     QList<ProjectListCommand> popMenu(const KWProjectListNode &node) const;
+    /// A smart list or section that comes and goes with what it holds.
+    bool isShownIfNotEmpty(const KWProjectListNode &node) const;
 
     std::optional<int> countOf(const KWProjectListNode &node) const;
     void recount(SidebarCountKinds kinds = allSidebarCounts);

@@ -112,11 +112,10 @@ Result<Done> SidebarEditor::archive(const KWProjectListNode &node)
     return said(message, lists().setClosed(list->sid, !list->closed));
 }
 
-Result<Done> SidebarEditor::setVisibility(KWSmartProjectVisibility visibility, const KWProjectListNode &node)
+Result<Done> SidebarEditor::setVisibility(KWSmartProjectVisibility visibility, const QString &smartListID)
 {
-    const KWSmartProject *smart =
-        node.type() == Type::smartProject ? KWSmartProject::withIdentifier(node.entityID()) : nullptr;
-    if (!smart) return notFor(node);
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(smartListID);
+    if (!smart) return Done{};
     return unsaid(
         AccountSettings{m_parts.manager, m_parts.center, userID()}.setVisibility(visibility, *smart));
 }

@@ -32,7 +32,7 @@ public:
     Result<Done> setColor(const KWProjectListNode &node, const QString &color);
     /// Closes an open list, opens a closed one.
     Result<Done> archive(const KWProjectListNode &list);
-    Result<Done> setVisibility(KWSmartProjectVisibility visibility, const KWProjectListNode &smartList);
+    Result<Done> setVisibility(KWSmartProjectVisibility visibility, const QString &smartListID);
 
     /// Empty for none.
     Result<Done> moveToFolder(const KWProjectListNode &list, const QString &groupID);

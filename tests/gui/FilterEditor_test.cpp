@@ -5,6 +5,8 @@
 #include "support/TestMain.h"
 #include "views/filtereditor/FilterEditor.h"
 #include "views/main/MainWindow.h"
+#include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/SidebarView.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -42,12 +44,18 @@ class FilterEditor_test : public QObject {
     }
     void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
 
+    void editInSidebar(const QString &filterID)
+    {
+        KWProjectListView &tree = m_client->window()->sidebar().tree();
+        QTRY_VERIFY(tree.selectNode(KWProjectListNodeType::filter, filterID));
+        QTest::keyClick(&tree, Qt::Key_F2);
+    }
     void open(const QString &filterID = {})
     {
         if (filterID.isEmpty())
             m_client->rooms().menu().action(MenuCommand::NewFilter).trigger();
         else
-            m_client->rooms().mainWindow().editFilter(filterID);
+            editInSidebar(filterID);
         editor().activateWindow();
         QTRY_COMPARE(QApplication::activeWindow(), &editor());
     }

@@ -155,6 +155,20 @@ private Q_SLOTS:
 
         chooseInSidebar(listSection(KWSmartProject::tag()), u"Hide"_s);
         QTRY_VERIFY(!listSection(KWSmartProject::tag()).isValid());
+        undo();
+        QTRY_VERIFY(listSection(KWSmartProject::tag()).isValid());
+        chooseInSidebar(listRow(u"Tomorrow"_s), u"Show Only If Not Empty"_s);
+        QTRY_VERIFY(!listRow(u"Tomorrow"_s).isValid());
+        QVERIFY(m_client->rooms().newTasks().add(u"Walk tomorrow"_s));
+        QTRY_VERIFY(listRow(u"Tomorrow"_s).isValid());
+        chooseInSidebar(listRow(u"Tomorrow"_s), u"Hide"_s);
+        QTRY_VERIFY(!listRow(u"Tomorrow"_s).isValid());
+        undo(); // as it was shown before
+        QTRY_VERIFY(listRow(u"Tomorrow"_s).isValid());
+        const auto &presenter = m_client->rooms().sidebar();
+        QVERIFY(presenter.isShownIfNotEmpty(*treeModel().nodeAt(listRow(u"Tomorrow"_s))));
+        chooseInSidebar(listRow(u"Tomorrow"_s), u"Show Only If Not Empty"_s);
+        QTRY_VERIFY(!presenter.isShownIfNotEmpty(*treeModel().nodeAt(listRow(u"Tomorrow"_s))));
 
         m_client->openList(u"Work"_s);
         goToList(listRow(u"Work"_s));

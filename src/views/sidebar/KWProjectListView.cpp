@@ -224,7 +224,10 @@ bool KWProjectListView::performKey(const QKeyEvent &event, KWProjectListNode &no
             Q_EMIT opened(&node);
         return isHeader || event.key() != Qt::Key_Space;
     case Qt::Key_F2:
-        editName(node.type(), node.entityID());
+        if (node.type() == KWProjectListNodeType::filter)
+            Q_EMIT editRequested(&node);
+        else
+            editName(node.type(), node.entityID());
         return true;
     case Qt::Key_Insert:
         requestAddition(node);

@@ -56,6 +56,8 @@ Q_SIGNALS:
     /// Something new is wanted in the section, folder or tag `parent`.
     void addRequested(KWProjectListNode *parent);
     void removalRequested(KWProjectListNode *node);
+    /// F2 on a filter, which has more than a name.
+    void editRequested(KWProjectListNode *node);
     /// By `step` rows among those beside it.
     void moveRequested(KWProjectListNode *node, int step);
     void menuRequested(KWProjectListNode *node, const QPoint &globalPosition);

@@ -22,6 +22,8 @@ SidebarCommands::SidebarCommands(const Parts &parts)
             [this](const auto *node, const QString &name) { finishNaming(*node, name); });
     connect(&m_tree, &View::namingAbandoned, this, [this] { m_presenter.endAdding(); });
     connect(&m_tree, &View::removalRequested, this, [this](const auto *node) { remove(*node); });
+    connect(&m_tree, &View::editRequested, this,
+            [this](const auto *node) { Q_EMIT filterEditRequested(node->entityID()); });
     connect(&m_tree, &View::moveRequested, this, [this](const auto *node, int step) { move(*node, step); });
     connect(&m_tree, &View::nodeDropped, this,
             [this](const auto *node, const auto &place) { report(m_editor.move(*node, place)); });
@@ -114,9 +116,12 @@ void SidebarCommands::perform(ProjectListCommand command, KWProjectListNodeType 
     case ProjectListCommand::Reopen:
         return report(m_editor.archive(*found));
     case ProjectListCommand::ShowOnlyIfNotEmpty:
-        return report(m_editor.setVisibility(KWSmartProjectVisibilityShownIfNotEmpty, *found));
+        return report(m_editor.setVisibility(m_presenter.isShownIfNotEmpty(*found)
+                                                 ? KWSmartProjectVisibilityShown
+                                                 : KWSmartProjectVisibilityShownIfNotEmpty,
+                                             entityID));
     case ProjectListCommand::Hide:
-        return report(m_editor.setVisibility(KWSmartProjectVisibilityHidden, *found));
+        return hide(*found);
     case ProjectListCommand::Delete:
     case ProjectListCommand::ExitSharedList:
         return remove(*found);
@@ -124,6 +129,17 @@ void SidebarCommands::perform(ProjectListCommand command, KWProjectListNodeType 
     case ProjectListCommand::MoveToFolder:
         return; // have menus of their own
     }
+}
+
+void SidebarCommands::hide(const KWProjectListNode &node)
+{
+    const QString id = node.entityID();
+    const QString message = KWLocalizedString("“%1” is hidden").arg(node.title());
+    const auto before = m_presenter.isShownIfNotEmpty(node) ? KWSmartProjectVisibilityShownIfNotEmpty
+                                                            : KWSmartProjectVisibilityShown;
+    const auto hidden = m_editor.setVisibility(KWSmartProjectVisibilityHidden, id);
+    if (!hidden) return report(hidden);
+    Q_EMIT changed(message, [this, id, before] { report(m_editor.setVisibility(before, id)); });
 }
 
 void SidebarCommands::remove(const KWProjectListNode &node)

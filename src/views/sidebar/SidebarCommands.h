@@ -38,6 +38,7 @@ private:
     void finishNaming(const KWProjectListNode &node, const QString &name);
     void showMenu(const KWProjectListNode &node, const QPoint &position);
     void perform(ProjectListCommand command, KWProjectListNodeType type, const QString &entityID);
+    void hide(const KWProjectListNode &smartList);
     void remove(const KWProjectListNode &node);
     void move(const KWProjectListNode &node, int step);
     void dropTasks(const QStringList &taskIDs, const KWProjectListNode &node);

@@ -75,13 +75,17 @@ SidebarMenu::SidebarMenu(const KWProjectListNode &node, KWProjectListPresenter &
         else if (each == ProjectListCommand::MoveToFolder)
             addFolders(node);
         else
-            add(each);
+            add(each, node);
     }
 }
 
-void SidebarMenu::add(ProjectListCommand command)
+void SidebarMenu::add(ProjectListCommand command, const KWProjectListNode &node)
 {
     QAction *action = addAction(KWLocalizedString(titleOf(command)));
+    if (command == ProjectListCommand::ShowOnlyIfNotEmpty) {
+        action->setCheckable(true);
+        action->setChecked(m_presenter.isShownIfNotEmpty(node));
+    }
     connect(action, &QAction::triggered, this, [this, command] { Q_EMIT commanded(command); });
 }
 

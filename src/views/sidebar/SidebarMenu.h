@@ -19,7 +19,7 @@ Q_SIGNALS:
     void folderChosen(const QString &groupID);
 
 private:
-    void add(ProjectListCommand command);
+    void add(ProjectListCommand command, const KWProjectListNode &node);
     void addColors(const QString &chosen);
     void addFolders(const KWProjectListNode &node);
 
