@@ -44,6 +44,10 @@ public:
     const QString &color() const { return m_color; }
     void setColor(const QString &color) { m_color = color; }
 
+    /// Of an open list, see KWProject::iconName(); empty for other nodes.
+    const QString &iconName() const { return m_iconName; }
+    void setIconName(const QString &name) { m_iconName = name; }
+
     bool isExpanded() const { return m_isExpanded; }
     void setIsExpanded(bool isExpanded);
     bool isSelected() const { return m_isSelected; }
@@ -74,6 +78,7 @@ private:
     QString m_entityID;
     QString m_title;
     QString m_color;
+    QString m_iconName;
     std::optional<int> m_count;
     bool m_isExpanded = true;
     bool m_isSelected = false;

@@ -52,13 +52,17 @@ void ProjectListContents::readSection(ProjectListSection section, ObjectContext 
     case ProjectListSection::Subscriptions:
         hasSubscriptions = isCalSubAvailableForUser(userID, context);
         break;
-    case ProjectListSection::Lists:
-        projects = valuesOf(KWProject::orderedOpenProjects(userID, context));
+    case ProjectListSection::Lists: {
+        const QList<KWProject *> open = KWProject::orderedOpenProjects(userID, context);
+        projects = valuesOf(open);
+        for (const KWProject *each : open)
+            iconNames.insert(each->sid(), each->iconName());
         closedProjects = valuesOf(KWProject::findClosedProjectsOfUser(userID, context));
         groups = valuesOf(KWProjectGroup::findGroupsOfUser(userID, context));
         teams = context.models<KWTeam>(
             {.where = "userID = ? AND isDeleted = 0", .values = {userID}, .orderBy = "sortOrder, sid"});
         break;
+    }
     }
 }
 
@@ -80,7 +84,8 @@ bool ProjectListContents::takeSection(ProjectListSection section, const ProjectL
     case ProjectListSection::Subscriptions:
         return take(&Contents::hasSubscriptions);
     case ProjectListSection::Lists:
-        return take(&Contents::projects, &Contents::closedProjects, &Contents::groups, &Contents::teams);
+        return take(&Contents::projects, &Contents::closedProjects, &Contents::iconNames, &Contents::groups,
+                    &Contents::teams);
     }
     return false;
 }

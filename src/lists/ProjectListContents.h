@@ -6,6 +6,7 @@
 #include "model/records/KWTagModel.h"
 #include "model/records/KWTeamModel.h"
 
+#include <QHash>
 #include <QList>
 #include <QSet>
 
@@ -31,6 +32,7 @@ struct ProjectListContents {
     // Of the lists.
     QList<KWProjectModel> projects; ///< open ones, the inbox first
     QList<KWProjectModel> closedProjects;
+    QHash<QString, QString> iconNames; ///< of open lists, by id; see KWProject::iconName()
     QList<KWProjectGroupModel> groups;
     QList<KWTeamModel> teams;
 

@@ -23,10 +23,12 @@ std::unique_ptr<Node> make(Type type, const QString &entityID, const QString &ti
     return node;
 }
 
-std::unique_ptr<Node> projectNode(const KWProjectModel &project)
+std::unique_ptr<Node> projectNode(const KWProjectModel &project, const ProjectListContents &contents)
 {
     const QString title = project.isInbox ? KWSmartProject::inbox().displayName() : project.name;
-    return make(Type::project, project.sid, title, project.color);
+    auto node = make(Type::project, project.sid, title, project.color);
+    node->setIconName(contents.iconNames.value(project.sid));
+    return node;
 }
 
 std::unique_ptr<Node> tagNode(const KWTagModel &tag)
@@ -61,9 +63,9 @@ Nodes personalNodes(const ProjectListContents &contents, const QHash<QString, No
     for (const KWProjectModel &project : contents.projects) {
         if (project.isInbox || teams.contains(project.teamID)) continue;
         if (Node *folder = folders.value(project.groupID))
-            folder->addChild(projectNode(project));
+            folder->addChild(projectNode(project, contents));
         else
-            ordered.emplace_back(project.sortOrder, projectNode(project));
+            ordered.emplace_back(project.sortOrder, projectNode(project, contents));
     }
     std::ranges::stable_sort(ordered, {}, [](const auto &each) { return each.first; });
     Nodes nodes;
@@ -86,7 +88,7 @@ Nodes ProjectListNodes::top(const ProjectListContents &contents)
 {
     Nodes nodes;
     for (const KWProjectModel &each : contents.projects)
-        if (each.isInbox) nodes.push_back(projectNode(each));
+        if (each.isInbox) nodes.push_back(projectNode(each, contents));
     addShown({&KWSmartProject::all(), &KWSmartProject::today(), &KWSmartProject::tomorrow(),
               &KWSmartProject::next7days(), &KWSmartProject::assignedToMe()},
              contents, nodes);
@@ -110,7 +112,7 @@ Nodes ProjectListNodes::lists(const ProjectListContents &contents)
         teams.insert(each.sid, nodes.back().get());
     }
     for (const KWProjectModel &each : contents.projects)
-        if (Node *team = teams.value(each.teamID)) team->addChild(projectNode(each));
+        if (Node *team = teams.value(each.teamID)) team->addChild(projectNode(each, contents));
 
     Nodes personal = personalNodes(contents, teams);
     if (!contents.teams.isEmpty()) {
@@ -122,7 +124,7 @@ Nodes ProjectListNodes::lists(const ProjectListContents &contents)
     if (!contents.closedProjects.isEmpty()) {
         auto archive = make(Type::archived, u"archive"_s, KWLocalizedString("Archive"));
         for (const KWProjectModel &each : contents.closedProjects)
-            archive->addChild(projectNode(each));
+            archive->addChild(projectNode(each, contents));
         nodes.push_back(std::move(archive));
     }
     holdEmpty(nodes, KWSmartProject::project(), "No lists yet");

@@ -8,6 +8,7 @@
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 #include "views/sidebar/KWProjectListView.h"
+#include "views/sidebar/ListIcon.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/tasklist/TaskMimeData.h"
 
@@ -61,6 +62,10 @@ private Q_SLOTS:
         QVERIFY(KWProject::findProjectNamed(u"Ideas"_s, m_client->kit().account().currentUserID(),
                                             m_client->kit().context())
                     ->isNoteKind());
+        const auto icon = [this](const QString &list) {
+            return iconOfNode(*treeModel().nodeAt(listRow(list)), false);
+        };
+        QVERIFY(icon(u"Ideas"_s) == Icon::Note && !icon(u"Work"_s));
         m_client->press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(lists(), u"Work Home(Ideas )"_s); // beside the selected one
         m_client->press(Qt::Key_Escape);

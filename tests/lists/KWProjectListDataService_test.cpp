@@ -132,6 +132,12 @@ private Q_SLOTS:
         // The header of a section is no list.
         QVERIFY(!m_service->nodeFor(KWListIdentifier::smartProject(KWSmartProject::tag().identifier())));
 
+        const KWListIdentifier garden = KWListIdentifier::project(u"Garden"_s);
+        QCOMPARE(m_service->nodeFor(garden)->iconName(), u"list"_s);
+        setSaved<KWProject>(store, u"Garden"_s, &KWProjectModel::isShared, true);
+        centerNow();
+        QCOMPARE(m_service->nodeFor(garden)->iconName(), u"shared"_s);
+
         setSaved<KWProject>(store, u"Last"_s, &KWProjectModel::name, u"End"_s);
         QVERIFY(centerNow().startsWith(u"Lists(First House(Garden Kitchen) Stray Empty End Arc"_s));
         QCOMPARE(&m_service->tagNode(), section);

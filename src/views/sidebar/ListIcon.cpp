@@ -23,10 +23,23 @@ Icon iconOfSmartList(const QString &identifier)
     return Icon::All;
 }
 
+namespace {
+
+std::optional<Icon> iconOfList(const QString &iconName)
+{
+    if (iconName == u"shared") return Icon::Shared;
+    if (iconName == u"note") return Icon::Note;
+    return std::nullopt;
+}
+
+} // namespace
+
 std::optional<Icon> iconOfNode(const KWProjectListNode &node, bool isInbox)
 {
     if (isInbox) return Icon::Inbox;
     switch (node.type()) {
+    case KWProjectListNodeType::project:
+        return iconOfList(node.iconName());
     case KWProjectListNodeType::smartProject:
         return iconOfSmartList(node.entityID());
     case KWProjectListNodeType::group:

@@ -11,5 +11,6 @@ class KWProjectListNode;
 /// The icon of a smart list.
 Icon iconOfSmartList(const QString &identifier);
 
-/// The icon of a node of the sidebar; none of a list, which has a dot in its colour.
+/// The icon of a node of the sidebar; none of a list of
+/// tasks that is not shared, which has a dot in its colour.
 std::optional<Icon> iconOfNode(const KWProjectListNode &node, bool isInbox);

@@ -30,6 +30,7 @@ struct ProjectListTreeModel::Row {
     QString key;
     QString title;
     QString color;
+    QString iconName;
     bool isHeader = false;
     bool isSpacer = false;
     Row *parent = nullptr;
@@ -47,9 +48,10 @@ struct ProjectListTreeModel::Row {
     bool show(KWProjectListNode &shown)
     {
         node = isSpacer ? nullptr : &shown;
-        const bool differs = title != shown.title() || color != shown.color();
+        const bool differs = title != shown.title() || color != shown.color() || iconName != shown.iconName();
         title = shown.title();
         color = shown.color();
+        iconName = shown.iconName();
         return differs;
     }
 };

@@ -34,6 +34,14 @@ int iconWidth() { return Metrics::scaled(Metrics::icon); }
 
 QRect backgroundBounds(const QRect &row) { return row.adjusted(outerMargin, 0, -outerMargin, -rowGap); }
 
+// A list keeps its own colour.
+QColor iconColor(const KWProjectListNode &node, bool isSelected)
+{
+    const Theme &theme = Theme::current();
+    const bool isColored = node.type() == KWProjectListNodeType::project && !node.color().isEmpty();
+    return isColored ? QColor{node.color()} : isSelected ? theme.accentText : theme.secondaryText;
+}
+
 Qt::Alignment leading(const QStyleOptionViewItem &option)
 {
     return option.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
@@ -237,8 +245,7 @@ void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem
     const QRect mark{title.left() - iconWidth() - innerMargin - 1, title.top(), iconWidth(), title.height()};
     const QRect visualMark = QStyle::visualRect(option.direction, option.rect, mark);
     if (const auto icon = iconOfNode(node, m_model.isInbox(index)))
-        Icons::paint(painter, visualMark, *icon, iconWidth(),
-                     isSelected ? theme.accentText : theme.secondaryText);
+        Icons::paint(painter, visualMark, *icon, iconWidth(), iconColor(node, isSelected));
     else if (node.type() != KWProjectListNodeType::emptyHolder)
         Painting::dot(painter, QRectF{visualMark}.center(), node.color());
 

@@ -38,6 +38,8 @@ enum class Icon {
     Pin,
     Attachment,
     Focus,
+    Note,
+    Shared,
 };
 
 namespace Icons {
