@@ -52,6 +52,7 @@ SectionPlaces::SectionPlaces(const ShownList &shown, KWTaskSortType sortType, Op
 SectionPlace SectionPlaces::of(const KWTaskListItemModel &row) const
 {
     using enum SectionPlace::Zone;
+    if (row.kind == KWTaskListItemModel::Kind::Habit) return {Habits}; // done ones too
     if (row.isClosed() && m_shown.partsClosedTasks()) return {Completed};
     if (row.isPinned() && m_options.showPinnedSection) return {Pinned};
     if (m_options.partsNotes && isNoteApart(row)) return {Notes};
@@ -143,6 +144,8 @@ KWTaskCategory SectionPlaces::sectionAt(const SectionPlace &place) const
                 KWLocalizedString("Former Member")};
     case SectionPlace::Zone::Notes:
         return {KWNoteCategorySection{}, u"notes"_s, KWLocalizedString("Notes")};
+    case SectionPlace::Zone::Habits:
+        return {KWHabitCategorySection{}, u"habits"_s, KWLocalizedString("Habits")};
     case SectionPlace::Zone::Completed:
         return {KWCompletedCategorySection{}, u"completed"_s, KWLocalizedString("Completed")};
     case SectionPlace::Zone::Usual:

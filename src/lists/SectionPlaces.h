@@ -5,7 +5,7 @@
 
 /// Where a section stands among the others.
 struct SectionPlace {
-    enum class Zone : std::uint8_t { Pinned, Usual, FormerMembers, Notes, Completed };
+    enum class Zone : std::uint8_t { Pinned, Usual, FormerMembers, Notes, Habits, Completed };
 
     Zone zone = Zone::Usual;
     std::int64_t rank = 0;

@@ -48,6 +48,9 @@ void give(const QString &word, KWTaskListItemModel &row)
     case u'%':
         row.taskKind = KWTaskKindNote;
         return;
+    case u'&':
+        row.kind = KWTaskListItemModel::Kind::Habit;
+        return;
     case u'~':
         row.status = KWTaskStatusCompleted;
         row.completionDate = row.createdTime;
