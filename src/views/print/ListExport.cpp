@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPdfWriter>
 #include <QRegularExpression>
 #include <QSaveFile>
@@ -36,6 +37,13 @@ QString fileNameOf(const QString &title)
     return name.isEmpty() ? u"list"_s : name;
 }
 
+QString withoutSuffix(QString name)
+{
+    for (const QLatin1StringView each : {pdfSuffix, markdownSuffix})
+        if (name.endsWith(each, Qt::CaseInsensitive)) name.chop(each.size());
+    return name;
+}
+
 } // namespace
 
 Result<void> ListExport::write(const QString &file, const QString &title, const TaskListModel &list)
@@ -55,16 +63,21 @@ Result<void> ListExport::write(const QString &file, const QString &title, const 
 Result<QString> ListExport::run(const QString &title, const TaskListModel &list, QWidget &window)
 {
     const QString markdown = KWLocalizedString("Markdown (*.md)");
-    QString kind;
-    QString file = QFileDialog::getSaveFileName(&window, KWLocalizedString("Export List"),
-                                                QDir::home().filePath(fileNameOf(title) + pdfSuffix),
-                                                KWLocalizedString("PDF (*.pdf)") + u";;"_s + markdown, &kind);
-    if (file.isEmpty()) return file;
-    // The chosen kind decides where the name that was proposed still ends as before.
-    if (kind == markdown && !isMarkdown(file)) {
-        if (file.endsWith(pdfSuffix)) file.chop(pdfSuffix.size());
-        file += markdownSuffix;
-    }
+    QFileDialog dialog{&window, KWLocalizedString("Export List"), QDir::homePath(),
+                       KWLocalizedString("PDF (*.pdf)") + u";;"_s + markdown};
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // The ending is part of the name before the dialog asks about a file that is there already.
+    const auto propose = [&](const QString &kind) {
+        const QLatin1StringView suffix = kind == markdown ? markdownSuffix : pdfSuffix;
+        const QString name = QFileInfo{dialog.selectedFiles().value(0)}.fileName();
+        dialog.setDefaultSuffix(suffix.sliced(1));
+        dialog.selectFile(withoutSuffix(name.isEmpty() ? fileNameOf(title) : name) + suffix);
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, propose);
+    dialog.selectFile(fileNameOf(title));
+    propose({});
+    if (dialog.exec() != QDialog::Accepted) return QString{};
+    const QString file = dialog.selectedFiles().constFirst();
     if (const Result<void> written = write(file, title, list); !written) return written.error();
     return file;
 }
