@@ -86,6 +86,15 @@ private Q_SLOTS:
         QCOMPARE(tasksOf(m_work), u"Other Child There Leaf<Child"_s);
         QVERIFY(task(parent)->childIds.isEmpty() && task(child)->columnID.isEmpty());
         QVERIFY(move({other, child}, m_work)->isEmpty()); // there already
+        const auto setHomeDeleted = [this](bool isDeleted) {
+            saved(*m_store, [&](ObjectContext &context) {
+                KWProject *home = context.find<KWProject>(m_home);
+                isDeleted ? home->markDelete() : home->unmarkDelete();
+            });
+        };
+        setHomeDeleted(true);
+        QVERIFY(!moved->undo(manager())); // nowhere to go back to
+        setHomeDeleted(false);
         QVERIFY(moved->undo(manager()));
         QCOMPARE(tasksOf(m_home), u"Parent Child<Parent Leaf<Child Other"_s);
         QCOMPARE(task(child)->columnID, u"column"_s);

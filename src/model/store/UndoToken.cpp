@@ -95,6 +95,27 @@ Result<void> takeBackRemoval(const Twin &before, ObjectContext &context)
     return {};
 }
 
+// Whether what the record stands in is there: it may have gone since the record left it.
+bool isThere(const KWTaskModel &task, ObjectContext &context)
+{
+    const KWProject *list = context.find<KWProject>(task.projectID);
+    const KWTask *parent = task.parentId.isEmpty() ? nullptr : context.find<KWTask>(task.parentId);
+    return list && list->isNotDeleted() && (task.parentId.isEmpty() || (parent && parent->isNotDeleted()));
+}
+
+bool isThere(const KWProjectModel &list, ObjectContext &context)
+{
+    if (list.groupID.isEmpty() || list.groupID == KWProjectGroupIDUngrouped) return true;
+    const KWProjectGroup *folder = context.find<KWProjectGroup>(list.groupID);
+    return folder && folder->isNotDeleted();
+}
+
+template <class Twin>
+bool isThere(const Twin &, ObjectContext &)
+{
+    return true;
+}
+
 template <class Record, class Twin>
 Result<void> takeBackChange(const Twin &before, const Twin &after, ObjectContext &context)
 {
@@ -160,6 +181,12 @@ Result<void> UndoToken::undo(KWCoreDataManager &manager) const
                        : each.before  ? takeBackChange<Record>(*each.before, each.after, context)
                                       : takeBackMaking<Record>(each.after, context);
             }
+        });
+        forEachKind([&]<class Record>(std::type_identity<Record>) {
+            for (const auto &each : std::get<QList<Versions<typename Record::Model>>>(m_versions))
+                if (const Record *record = context.find<Record>(each.after.sid);
+                    done && record && record->isNotDeleted() && !isThere(record->model(), context))
+                    done = changedMeanwhile();
         });
         return done;
     });
