@@ -124,6 +124,8 @@ private Q_SLOTS:
         editor.edit.setStoredText(u"zero\none\ntwo\nthree"_s);
         QCOMPARE(editor.edit.text(), u"zero\none\ntwo\nthree!"_s);
         QCOMPARE(editor.edit.textCursor().position(), editor.edit.text().size());
+        editor.press(Qt::Key_Z, Qt::ControlModifier); // takes back nothing of the others
+        QCOMPARE(editor.edit.text(), u"zero\none\ntwo\nthree!"_s);
         editor.clock.advance(1s);
         QCOMPARE(editor.committed(), u"zero\none\ntwo\nthree!"_s);
     }

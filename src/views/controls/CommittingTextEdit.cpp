@@ -93,6 +93,7 @@ void CommittingTextEdit::replaceDifference(const QString &text)
     cursor.setPosition(int(start));
     cursor.setPosition(int(before.size() - tail), QTextCursor::KeepAnchor);
     cursor.insertText(text.mid(start, text.size() - tail - start));
+    document()->clearUndoRedoStacks(); // it is not for the typist to take back
 }
 
 bool CommittingTextEdit::isEmptiedLine() const

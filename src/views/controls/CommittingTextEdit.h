@@ -25,7 +25,8 @@ public:
     /// The record has this value now. Ignored when it had it before, and for a value that was handed over
     /// from here while the editor has the focus: that is an echo, in an editor of one line without the
     /// white space around it. Otherwise only the part that differs is replaced, and the caret stays where
-    /// it was. Typed text that is not handed over yet stays too, see mergedText().
+    /// it was. Typed text that is not handed over yet stays too, see mergedText(). What was typed before
+    /// cannot be undone any more.
     void setStoredText(const QString &text);
     /// Another record: replaces the text, forgets undo. Call commit() before.
     void startWith(const QString &text);
