@@ -181,6 +181,13 @@ bool KWProjectListPresenter::isSelectedListClosed()
     return list && list->closed;
 }
 
+bool KWProjectListPresenter::isSelectedListReadOnly()
+{
+    const KWProjectListNode *node = selectedNode();
+    const auto list = node ? listOf(*node) : std::nullopt;
+    return list && (list->closed || list->permission != KWProjectPermissionWrite);
+}
+
 QString KWProjectListPresenter::titleOfSelectedList()
 {
     if (const KWProjectListNode *node = selectedNode()) return node->title();

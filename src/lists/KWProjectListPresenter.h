@@ -39,6 +39,8 @@ public:
     QString titleOfSelectedList();
     /// An archived list takes no new tasks.
     bool isSelectedListClosed();
+    /// It is closed, or belongs to somebody else and may only be read.
+    bool isSelectedListReadOnly();
     /// Selects and remembers it. A list that has no node is not selected, unless it is a smart list of
     /// tasks: one that the sidebar does not show can be opened all the same.
     void select(const KWListIdentifier &list);

@@ -2,7 +2,9 @@
 
 #include "gui/ClientFixture.h"
 #include "gui/WindowHelp.h"
+#include "model/records/KWProject.h"
 #include "model/store/KWTaskEditor.h"
+#include "model/store/KWTaskMover.h"
 #include "support/Answers.h"
 #include "support/TestMain.h"
 #include "views/controls/CommittingTextEdit.h"
@@ -88,6 +90,29 @@ private Q_SLOTS:
         m_client->rooms().mainWindow().select(KWListIdentifier::todayProject());
         QCOMPARE(task().content, u"yzOne page"_s);
         QVERIFY(!title().isVisible());
+    }
+
+    void listThatMayOnlyBeReadTakesNothing()
+    {
+        const QString plan =
+            KWProject::createProjectNamed(u"Plan"_s, m_client->kit().account().currentUserID(),
+                                          m_client->kit().context())
+                .sid();
+        QVERIFY(m_client->kit().context().save());
+        QVERIFY(KWTaskMover{m_client->kit().manager()}.move({m_taskID}, plan, KWTaskMover::From::Lists));
+        m_client->kit().context().find<KWProject>(plan)->set(&KWProjectModel::permission,
+                                                             KWProjectPermissionRead);
+        QVERIFY(m_client->kit().context().save());
+        m_client->openList(u"Plan"_s);
+        QTRY_COMPARE(m_client->shownTitles().size(), 1);
+        list().selectTask(m_taskID);
+        title().setFocus();
+        m_client->type(u"x"_s);
+        content().setFocus();
+        m_client->type(u"y"_s);
+        QCOMPARE(title().text() + content().text(), u"Write the announcementOne page"_s);
+        QVERIFY(!m_client->find<QWidget>("addChecklistItem").isVisible());
+        QVERIFY(!m_client->find<QWidget>("addField").isVisible());
     }
 
     void enterGoesOnToTheNextItem()

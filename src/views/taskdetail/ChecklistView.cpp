@@ -36,6 +36,13 @@ void ChecklistView::startWith(const QList<KWChecklistItemModel> &items)
     setItems(items);
 }
 
+void ChecklistView::setReadOnly(bool isReadOnly)
+{
+    m_addButton->setVisible(!isReadOnly);
+    for (ChecklistItemRow *each : std::as_const(m_rows))
+        each->editor().setReadOnly(isReadOnly);
+}
+
 void ChecklistView::setItems(const QList<KWChecklistItemModel> &items)
 {
     // What is being typed outlives its item, as a new one.

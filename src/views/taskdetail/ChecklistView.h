@@ -23,6 +23,8 @@ public:
     void setItems(const QList<KWChecklistItemModel> &items);
     /// The items of another task. Call commit() before.
     void startWith(const QList<KWChecklistItemModel> &items);
+    /// Nothing can be typed or added while it is.
+    void setReadOnly(bool isReadOnly);
     /// Hands over what is typed and not handed over yet.
     void commit();
     void dress();

@@ -16,6 +16,7 @@ struct TaskDetailData {
     };
 
     KWTaskModel task;
+    bool mayChange = true;             ///< its list may be written
     QList<KWChecklistItemModel> items; ///< in their order
     QList<KWTaskModel> subtasks;       ///< in their order
     QList<KWAttachmentModel> attachments;

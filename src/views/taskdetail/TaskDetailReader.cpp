@@ -6,6 +6,7 @@
 #include "model/records/KWTask.h"
 #include "model/records/KWTeamworker.h"
 #include "model/store/KWTaskEditor.h"
+#include "model/store/TaskPermissions.h"
 
 namespace {
 
@@ -48,6 +49,7 @@ std::optional<TaskDetailData> readTaskDetail(const QString &taskID, const KWTask
     data.subtasks = found->subtasks;
     data.attachments = found->attachments;
     ObjectContext &context = kit.context();
+    data.mayChange = bool(mayChange(context.find<KWTask>(taskID)));
     if (const KWProject *list = context.find<KWProject>(data.task.projectID)) readList(*list, data);
     const KWTask *parent = data.task.parentId.isEmpty() ? nullptr : context.find<KWTask>(data.task.parentId);
     if (parent && parent->isNotDeleted()) data.parentTitle = (*parent)->title;

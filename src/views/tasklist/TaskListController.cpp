@@ -116,7 +116,7 @@ void TaskListController::showHead()
                    : QString{});
 
     m_rows.setIsArchived(m_sidebar.isSelectedListClosed());
-    const bool takesTasks = takesNewTasks(m_service.list()) && !m_sidebar.isSelectedListClosed();
+    const bool takesTasks = takesNewTasks(m_service.list()) && !m_sidebar.isSelectedListReadOnly();
     // The keyboard stays in the pane when the field goes.
     if (!takesTasks && m_pane.window()->focusWidget() == &m_pane.addField()) m_pane.list().setFocus();
     m_pane.addField().setVisible(takesTasks);
