@@ -139,6 +139,14 @@ private Q_SLOTS:
         QCOMPARE(task().reminders.size(), 1);
     }
 
+    void pressBesideItKeepsWhatWasChosen()
+    {
+        typeInto("startTime", u"9:30"_s);
+        QTest::mousePress(picker(), Qt::LeftButton, {}, QPoint{-20, -20});
+        gone();
+        QCOMPARE(task().startDate, at("2026-11-21 09:30"));
+    }
+
     void escapeLeavesItAsItWas()
     {
         typeInto("startTime", u"9"_s);

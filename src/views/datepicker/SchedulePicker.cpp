@@ -13,6 +13,7 @@
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -284,6 +285,15 @@ void SchedulePicker::keyPressEvent(QKeyEvent *event)
         keep();
     else
         PopupFrame::keyPressEvent(event);
+}
+
+// A press beside the frame keeps what was chosen; Escape does not.
+void SchedulePicker::mousePressEvent(QMouseEvent *event)
+{
+    if (rect().contains(event->position().toPoint()))
+        PopupFrame::mousePressEvent(event);
+    else
+        keep();
 }
 
 void SchedulePicker::popUp(const QPoint &position)
