@@ -238,6 +238,7 @@ private Q_SLOTS:
         undo();
         QVERIFY(!task(call).isTrashed);
         QVERIFY(task(bread).priority != KWTaskPriorityNone);
+        pane().addField().setFocus(); // in which nothing is typed
         undo();
         QCOMPARE(task(bread).priority, KWTaskPriorityNone);
     }

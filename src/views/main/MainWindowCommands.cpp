@@ -18,11 +18,20 @@
 #include "views/tasklist/TaskListView.h"
 #include "views/wording/CalendarDay.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTextDocument>
 
 namespace {
+
+bool hasTextToUndo(const QWidget *widget)
+{
+    if (const auto *line = qobject_cast<const QLineEdit *>(widget)) return line->isUndoAvailable();
+    const auto *edit = qobject_cast<const QTextEdit *>(widget);
+    return edit && edit->document()->isUndoAvailable();
+}
 
 // A command of the Edit menu goes to the text that has the focus.
 template <class LineEdit, class TextEdit>
@@ -92,14 +101,24 @@ void MainWindowCommands::connectEditing()
     });
     on(MenuCommand::Undo, [this] {
         QWidget *focused = m_parts.window.focusWidget();
-        const auto *edit = qobject_cast<QTextEdit *>(focused);
-        const bool hasTyped = edit && edit->document()->isUndoAvailable();
-        const auto *line = qobject_cast<QLineEdit *>(focused);
-        const bool hasTypedInLine = line && line->isUndoAvailable();
-        if (!hasTyped && m_parts.window.takeBackShown()) return;
-        if (hasTyped || hasTypedInLine || !m_parts.window.takeBack())
+        // A field that is searched with keeps its words when what was found is brought back.
+        if (qobject_cast<QLineEdit *>(focused) && m_parts.window.takeBackShown()) return;
+        if (hasTextToUndo(focused) || !m_parts.window.takeBack())
             giveToText(focused, &QLineEdit::undo, &QTextEdit::undo);
     });
+    qApp->installEventFilter(this);
+}
+
+// A text in which nothing is typed would keep Ctrl+Z to itself.
+bool MainWindowCommands::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isUndo = event->type() == QEvent::ShortcutOverride &&
+                        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Undo);
+    const auto *widget = isUndo ? qobject_cast<QWidget *>(watched) : nullptr;
+    if (!widget || widget->window() != &m_parts.window || hasTextToUndo(widget))
+        return QObject::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void MainWindowCommands::connectLists()

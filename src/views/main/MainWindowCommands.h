@@ -32,6 +32,8 @@ public:
     explicit MainWindowCommands(const Parts &parts);
     ~MainWindowCommands() override;
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     template <class Action>
     void on(MenuCommand command, Action action)
