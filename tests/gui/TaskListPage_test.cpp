@@ -259,12 +259,23 @@ private Q_SLOTS:
         QVERIFY(TaskBatch{m_client->kit().manager()}.setDay({call},
                                                             m_client->clock.today() + std::chrono::days{9}));
         QTRY_VERIFY(!shown().contains(u"Call"_s));
+        m_client->press(Qt::Key_1, Qt::AltModifier); // of the task that is typed in
+        QCOMPARE(task(call).priority, KWTaskPriorityLow);
+        QCOMPARE(task(bread).priority, KWTaskPriorityNone);
         m_client->type(u" bank"_s);
         m_client->clock.advance(std::chrono::seconds{1});
         QCOMPARE(task(call).title, u"Call the bank"_s);
         QCOMPARE(task(bread).title, u"Bread"_s);
         list().setFocus();
         QCOMPARE(title.text(), task(list().currentTask()).title);
+
+        title.setFocus();
+        const QString gone = list().currentTask();
+        ObjectContext &context = m_client->kit().context();
+        KWTask::trashTaskAndDescendants({context.find<KWTask>(gone)}, context);
+        QVERIFY(context.save());
+        QTRY_VERIFY(!pane().model().indexOf(gone).isValid());
+        QVERIFY(!title.hasFocus()); // nothing is typed into another task
     }
 
     void sheetOfANarrowWindowIsClosed()

@@ -2,6 +2,7 @@
 
 #include "app/KWDelayDeleteManager.h"
 #include "views/main/MainWindow.h"
+#include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 
@@ -26,4 +27,10 @@ void DetailColumn::showOther(const QString &taskID)
     m_window.listPane().list().selectTask(taskID); // where it has a row
     m_task.show(taskID);
     m_window.openDetail();
+}
+
+void DetailColumn::giveKeyboardBack()
+{
+    if (m_window.detail().isAncestorOf(m_window.focusWidget()))
+        m_window.listPane().setFocus(Qt::OtherFocusReason);
 }

@@ -15,8 +15,8 @@ public:
     DetailColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions, ToastPort &toasts);
 
     TaskDetailController &task() { return m_task; }
-    /// Shows no task, even while one is typed in, whose text is saved.
-    void clear() { m_task.show({}); }
+    /// The keyboard goes to the list, if it is here.
+    void giveKeyboardBack();
 
 Q_SIGNALS:
     /// A link of the program in a text.

@@ -29,7 +29,7 @@ struct MainWindowController::Content {
         , list{rooms, window, actions, editor}
         , detail{rooms, window, actions, toasts}
         , search{rooms, window, actions, detail.task()}
-        , selected{window.listPane().list(), search.page()}
+        , selected{window.listPane().list(), search.page(), detail.task()}
         , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, editor,
                     rooms.kit.account(), rooms.clock}}
     {
@@ -124,7 +124,7 @@ void MainWindowController::make()
 void MainWindowController::connectColumns()
 {
     Content &content = *m_content;
-    connect(&content.sidebar, &SidebarColumn::listSelected, &content.detail, &DetailColumn::clear);
+    connect(&content.sidebar, &SidebarColumn::listSelected, &content.detail, &DetailColumn::giveKeyboardBack);
     connect(&content.sidebar, &SidebarColumn::listSelected, &content.list, &ListColumn::show);
     connect(&content.sidebar, &SidebarColumn::contentsChanged, &content.list, &ListColumn::showNewNames);
     connect(&content.sidebar, &SidebarColumn::listSelected, &content.search, &WindowSearch::closePage);

@@ -1,9 +1,11 @@
 #include "views/main/SelectedTasks.h"
 
 #include "views/search/SearchController.h"
+#include "views/taskdetail/TaskDetailController.h"
 #include "views/tasklist/TaskListView.h"
 
-SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search) : m_list(list), m_search(search)
+SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search, const TaskDetailController &detail)
+    : m_list(list), m_search(search), m_detail(detail)
 {
     connect(&m_list, &TaskListView::currentTaskChanged, this, &SelectedTasks::changed);
     connect(&m_search.page(), &SearchPage::currentTaskChanged, this, &SelectedTasks::changed);
@@ -12,12 +14,13 @@ SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search) : m_l
 
 QStringList SelectedTasks::ids() const
 {
-    if (!m_search.isShown()) return m_list.selectedTasks();
+    if (!m_search.isShown() && !m_detail.heldTask()) return m_list.selectedTasks();
     return current().isEmpty() ? QStringList{} : QStringList{current()};
 }
 
 QString SelectedTasks::current() const
 {
+    if (const auto held = m_detail.heldTask()) return *held;
     return m_search.isShown() ? m_search.page().currentTask() : m_list.currentTask();
 }
 

@@ -5,16 +5,17 @@
 
 class QPoint;
 class SearchController;
+class TaskDetailController;
 class TaskListView;
 
-/// What the commands for tasks act on: while the search page is shown the hit that is selected, else what is
-/// selected in the list. Main thread.
+/// What the commands for tasks act on: the task with which the detail stays while one types in it, else,
+/// while the search page is shown, the hit that is selected, else what is selected in the list. Main thread.
 class SelectedTasks : public QObject {
     Q_OBJECT
 
 public:
-    /// Both outlive it.
-    SelectedTasks(TaskListView &list, SearchController &search);
+    /// All outlive it.
+    SelectedTasks(TaskListView &list, SearchController &search, const TaskDetailController &detail);
 
     /// From top to bottom.
     QStringList ids() const;
@@ -30,4 +31,5 @@ Q_SIGNALS:
 private:
     TaskListView &m_list;
     SearchController &m_search;
+    const TaskDetailController &m_detail;
 };

@@ -60,10 +60,14 @@ void TaskDetailController::show(const QString &taskID)
 
 void TaskDetailController::follow(const QString &taskID)
 {
-    if (taskID == m_taskID || !isTypedIn())
-        show(taskID);
-    else
+    if (taskID != m_taskID && isTypedIn()) {
         m_nextTaskID = taskID;
+        return;
+    }
+    // The task is gone: what is typed on goes nowhere rather than into another one.
+    QWidget *focused = m_view.window()->focusWidget();
+    if (taskID != m_taskID && focused && m_view.isAncestorOf(focused)) focused->clearFocus();
+    show(taskID);
 }
 
 bool TaskDetailController::isTypedIn() const

@@ -25,6 +25,8 @@ public:
     /// The task that is current beside the pane is that one now. While somebody types in the pane it stays
     /// with its own task, as long as that is there, and goes to the other one when the keyboard leaves it.
     void follow(const QString &taskID);
+    /// The task with which it stays meanwhile; none while it shows the one that is current beside it.
+    std::optional<QString> heldTask() const { return m_nextTaskID ? std::optional{m_taskID} : std::nullopt; }
     /// Asks for the dates of the task on show in a frame whose corner is there.
     void pickDate(const QPoint &position) { m_actions.pickDate(position); }
 

@@ -222,8 +222,9 @@ void TaskListView::returnToPlace()
     } else if (const QModelIndex folded = current.isValid() ? QModelIndex{} : foldedAround(place);
                folded.isValid()) {
         makeCurrent(folded);
-    } else if (place.currentRow >= 0 && currentIndex().isValid() && !m_model.isTask(currentIndex())) {
-        makeCurrent(taskNear(place.currentRow)); // the task went, and a header took its place
+    } else if (place.currentRow >= 0 && !current.isValid() && currentIndex().isValid()) {
+        makeCurrent(
+            taskNear(place.currentRow)); // the task went: what took its place is selected, not current alone
     }
     if (const QModelIndex top = m_model.indexOf(place.topID); top.isValid()) {
         executeDelayedItemsLayout();

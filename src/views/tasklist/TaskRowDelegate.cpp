@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
+#include "model/text/TextMerge.h"
 #include "views/tasklist/KWTaskListSectionCell.h"
 #include "views/tasklist/TaskDateColor.h"
 #include "views/tasklist/TaskListModel.h"
@@ -18,6 +19,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr const char *titleBefore = "titleBefore"; // a property of the editor
 
 // Far more than any row is wide; shaping a text of 100,000 characters to show its first words is not free.
 constexpr int mostCharactersShown = 500;
@@ -234,6 +237,7 @@ void TaskRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index) c
     // The row may change while its title is typed.
     if (line.isModified()) return;
     line.setText(m_model.rowAt(index).task.title);
+    line.setProperty(titleBefore, line.text());
     line.selectAll();
 }
 
@@ -248,5 +252,7 @@ void TaskRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const 
 {
     const auto *line = qobject_cast<QLineEdit *>(editor);
     const KWTaskListItemModel &task = m_model.rowAt(index).task;
-    if (line && line->text() != task.title) Q_EMIT titleEdited(task.sid, line->text());
+    if (!line) return;
+    const QString title = mergedText(line->property(titleBefore).toString(), line->text(), task.title, u' ');
+    if (title != task.title) Q_EMIT titleEdited(task.sid, title);
 }
