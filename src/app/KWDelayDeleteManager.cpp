@@ -83,11 +83,12 @@ Result<void> KWDelayDeleteManager::trash(const QStringList &rootIDs)
             token = UndoToken::of(context);
             return {};
         });
+    if (!saved) return saved;
     m_pending->restore = [this, token] {
         if (const Result<void> restored = token.undo(m_with.manager); !restored)
             m_with.toast.showFailure(restored.error().sentence);
     };
-    return saved;
+    return {};
 }
 
 void KWDelayDeleteManager::announce(const QStringList &taskIDs)

@@ -150,6 +150,7 @@ private Q_SLOTS:
         QCOMPARE(scene.statuses, (QList<int>{Started, Undone}));
         QVERIFY(scene.toast.lines.last().endsWith(u'.'));
         connection.execute("PRAGMA query_only = 0");
+        QVERIFY(!scene.toast.later); // nothing was done that could be taken back
     }
 
     void callsTheBlocksOfChecklistsAndEvents()
