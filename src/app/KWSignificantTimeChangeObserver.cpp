@@ -33,6 +33,12 @@ std::optional<CXTimeZone> KWSignificantTimeChangeObserver::lastLocalTimeZone() c
     return CXTimeZone::named(m_with.defaults.value(Settings::lastLocalTimeZone));
 }
 
+std::optional<CXTimeZone> KWSignificantTimeChangeObserver::zoneOfDates() const
+{
+    const auto unadapted = CXTimeZone::named(m_with.defaults.value(Settings::zoneOfUnadaptedDates));
+    return unadapted ? unadapted : lastLocalTimeZone();
+}
+
 void KWSignificantTimeChangeObserver::systemTimeZoneDidChange()
 {
     if (m_isAdapting) {
@@ -40,7 +46,7 @@ void KWSignificantTimeChangeObserver::systemTimeZoneDidChange()
         return;
     }
     const CXTimeZone zone = m_with.clock.zone();
-    const std::optional<CXTimeZone> last = lastLocalTimeZone();
+    const std::optional<CXTimeZone> last = zoneOfDates();
     if (!last) return keepZone(zone);
 
     const Instant now = m_with.clock.now();
@@ -63,19 +69,22 @@ void KWSignificantTimeChangeObserver::adaptFrom(const CXTimeZone &last)
             *changed = adaptDatesToLocalTimeZone(last, context);
             return {};
         },
-        [this, zone, changed, life = std::weak_ptr{m_life}](const Result<void> &saved) {
-            if (!life.expired()) didAdapt(zone, saved, *changed);
+        [this, last, zone, changed, life = std::weak_ptr{m_life}](const Result<void> &saved) {
+            if (!life.expired()) didAdapt(last, zone, saved, *changed);
         });
 }
 
-void KWSignificantTimeChangeObserver::didAdapt(const CXTimeZone &zone, const Result<void> &saved, int changed)
+void KWSignificantTimeChangeObserver::didAdapt(const CXTimeZone &last, const CXTimeZone &zone,
+                                               const Result<void> &saved, int changed)
 {
     m_isAdapting = false;
+    keepZone(zone);
     if (!saved) {
         zoneLog.error(saved.error().sentence);
-    } else {
-        keepZone(zone);
-        if (changed > 0) askToRestart();
+        m_with.defaults.set(Settings::zoneOfUnadaptedDates, last.identifier());
+        m_with.defaults.synchronise();
+    } else if (changed > 0) {
+        askToRestart();
     }
     if (std::exchange(m_isCheckDue, false)) systemTimeZoneDidChange();
     if (!m_isAdapting && onDidAdapt) onDidAdapt();
@@ -123,5 +132,6 @@ void KWSignificantTimeChangeObserver::enableTimeZoneOption()
 void KWSignificantTimeChangeObserver::keepZone(const CXTimeZone &zone)
 {
     m_with.defaults.set(Settings::lastLocalTimeZone, zone.identifier());
+    m_with.defaults.remove(Settings::zoneOfUnadaptedDates);
     m_with.defaults.synchronise();
 }

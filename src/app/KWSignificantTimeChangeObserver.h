@@ -39,8 +39,7 @@ public:
     /// The clock has the new zone already. While a save runs, the check waits for its end.
     void systemTimeZoneDidChange();
 
-    /// The zone of the last check. Nothing before the first one, and when what is kept names no zone. After
-    /// a save that failed it stays, so that the next check tries again.
+    /// The zone of the last check. Nothing before the first one, and when what is kept names no zone.
     std::optional<CXTimeZone> lastLocalTimeZone() const;
 
     /// Whether dates are just being adapted, in the background.
@@ -49,8 +48,10 @@ public:
     std::function<void()> onDidAdapt;
 
 private:
+    /// What the next check adapts from: the zone of the last check, or the one before a save that failed.
+    std::optional<CXTimeZone> zoneOfDates() const;
     void adaptFrom(const CXTimeZone &last);
-    void didAdapt(const CXTimeZone &zone, const Result<void> &saved, int changed);
+    void didAdapt(const CXTimeZone &last, const CXTimeZone &zone, const Result<void> &saved, int changed);
     void askToRestart();
     void askAboutOptionIfSwitched();
     void enableTimeZoneOption();

@@ -6,6 +6,7 @@
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWUserSettings.h"
+#include "support/FailingWrites.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -139,6 +140,25 @@ private Q_SLOTS:
         traveller.flyTo("Asia/Tokyo");
         traveller.restart();
         QCOMPARE(traveller.alerts.messages, QStringList{u"Time zone has changed"_s});
+    }
+
+    void adaptsAtTheNextCheckWhatCouldNotBeSaved()
+    {
+        FailingWrites writes;
+        Traveller traveller;
+        const QString id = aTask("Pay rent", home).dueOn("2030-05-02").savedIn(traveller.store);
+        const QString dayAtHome = traveller.wall(*traveller.startOf(id));
+        writes.failAt(1);
+        traveller.flyTo("Asia/Tokyo");
+        QVERIFY(writes.hasFailed());
+        QCOMPARE(traveller.alerts.messages, QStringList{});
+        QCOMPARE(traveller.observer->lastLocalTimeZone()->identifier(), u"Asia/Tokyo"_s);
+
+        traveller.restart();
+        QCOMPARE(traveller.alerts.messages, QStringList{u"Time zone has changed"_s});
+        QCOMPARE(traveller.wall(*traveller.startOf(id)), dayAtHome);
+        traveller.restart();
+        QCOMPARE(traveller.alerts.messages.value(1), u"Time Zone Change"_s);
     }
 
     void comparesOffsetsAndNotNames()

@@ -24,6 +24,8 @@ namespace Settings {
 
 inline constexpr Setting<int> crashCount{"org.orvane.crash.cout", DefaultsScope::Standard, 0};
 inline const Setting<QString> lastLocalTimeZone{"last_local_time_zone_identifier", DefaultsScope::Group, {}};
+/// The zone that dates still stand in because adapting them could not be saved.
+inline const Setting<QString> zoneOfUnadaptedDates{"zone_of_unadapted_dates", DefaultsScope::Group, {}};
 inline constexpr Setting<bool> isSwitchedTimeZoneBeforeLaunch{"is_switched_time_zone_before_launch",
                                                               DefaultsScope::Group, false};
 /// Of a user: the list selection, encoded.
