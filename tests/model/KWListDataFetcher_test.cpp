@@ -31,12 +31,18 @@ class KWListDataFetcher_test : public QObject {
     StoreFixture m_store{"2030-05-01 09:00", zone};
     QHash<QString, QString> m_lists; // ids by name
 
-    QList<KWTaskListItemModel> rows(const KWListIdentifier &list, std::int64_t limit = -1)
+    enum class Items { LeaveOut, Include };
+
+    QList<KWTaskListItemModel> rows(const KWListIdentifier &list, std::int64_t limit = -1,
+                                    Items items = Items::LeaveOut)
     {
         const KWListDataFetcher fetcher{m_store.clock};
         Connection &connection = m_store.context().connection();
-        const auto found = fetcher.reloadDataModel({m_store.userID(), list, limit}, connection);
+        ListDataRequest request{m_store.userID(), list, limit};
+        request.includeChecklist = items == Items::Include;
+        const auto found = fetcher.reloadDataModel(request, connection);
         if (!found) qFatal("The list cannot be read");
+        if (limit < 0 && *fetcher.count(request, connection) != found->size()) qFatal("Rows are miscounted");
         return *found;
     }
 
@@ -71,6 +77,8 @@ private Q_SLOTS:
         saved(m_store, [](ObjectContext &context) {
             for (KWTask *each : context.fetch<KWTask>({}))
                 context.remove(*each);
+            for (KWChecklistItem *each : context.fetch<KWChecklistItem>({}))
+                context.remove(*each);
         });
     }
 
@@ -96,6 +104,62 @@ private Q_SLOTS:
         for (const QString &each : u"all today tomorrow next7days completed abandoned trash"_s.split(u' '))
             look(each, smart(each));
         QCOMPARE(shownIn.isEmpty() ? u"-"_s : shownIn.join(u' '), cells.at(5));
+    }
+
+    void showsADatedItemWhereItBelongs_data() { addCaseRows("model/list-items.txt", 6); }
+
+    void showsADatedItemWhereItBelongs()
+    {
+        QFETCH(const QStringList, cells);
+        TaskBuilder task = aTask("task", zone).tagged("errand").in(m_lists.value(cells.at(1)));
+        task.withItem("item", qUtf8Printable(cells.at(2))).inState(cells.at(3), "2030-04-30 12:00");
+        if (cells.at(3) == u"text") task.with(&KWTaskModel::kind, KWTaskKindText);
+        task.savedIn(m_store);
+        saved(m_store, [&cells](ObjectContext &context) {
+            KWChecklistItem &item = *context.fetch<KWChecklistItem>({}).first();
+            if (cells.at(4) == u"completed") item.updateStatus(KWTaskStatusCompleted);
+            if (cells.at(4) == u"deleted") item.markDelete();
+            if (cells.at(4) == u"undated") item.set(&KWChecklistItemModel::startDate, std::nullopt);
+        });
+
+        QStringList shownIn;
+        const auto look = [&](const QString &name, const KWListIdentifier &selection) {
+            const auto shown = titles(rows(selection, -1, Items::Include)).split(u' ');
+            if (shown.contains(u"item"_s)) shownIn << name;
+        };
+        look(u"own"_s, KWListIdentifier::project(m_lists.value(cells.at(1))));
+        look(u"tag"_s, KWListIdentifier::tag(u"errand"_s));
+        for (const QString &each : u"all today tomorrow next7days completed trash"_s.split(u' '))
+            look(each, smart(each));
+        QCOMPARE(shownIn.isEmpty() ? u"-"_s : shownIn.join(u' '), cells.at(5));
+        QVERIFY(!titles(rows(smart(u"today"_s))).contains(u"item"_s));
+    }
+
+    void anItemHasWhatItsTaskHas()
+    {
+        TaskBuilder builder = aTask("Move", zone).in(m_lists.value(u"Home"_s)).tagged("errand");
+        builder.prioritized(KWTaskPriorityHigh).with(&KWTaskModel::assignee, 7);
+        builder.withItem("Later", "2030-05-01 12:00").withItem("Key", "2030-05-01 10:00");
+        const QString task = builder.savedIn(m_store);
+        const auto today = rows(smart(u"today"_s), 1, Items::Include);
+        const KWChecklistItemModel item =
+            m_store.context().models<KWChecklistItem>({.where = "title = 'Key'"}).first();
+        KWTaskListItemModel expected;
+        expected.kind = KWTaskListItemModel::Kind::ChecklistItem;
+        expected.sid = item.sid;
+        expected.title = item.title;
+        expected.ownerID = task;
+        expected.ownerTitle = u"Move"_s;
+        expected.projectID = m_lists.value(u"Home"_s);
+        expected.tags = {u"errand"_s};
+        expected.priority = KWTaskPriorityHigh;
+        expected.assignee = 7;
+        expected.sortOrder = item.sortOrder;
+        expected.startDate = item.startDate;
+        expected.createdTime = item.createdTime;
+        expected.modifiedTime = item.modifiedTime;
+        expected.rowID = m_store.context().number("SELECT id FROM checklistItems WHERE title = 'Key'");
+        QVERIFY(today == QList{expected});
     }
 
     void ordersEachListInItsWay()

@@ -94,6 +94,24 @@ private Q_SLOTS:
                  .condition = {.taskIDs = {u"task"_s}}},
                 context.connection()));
         });
+        row("checklist items by date", {u"openChecklistItemsByDate (startDate>? AND startDate<?)"_s},
+            [](auto &store, auto &context) {
+                QVERIFY(KWListDataFetcher{store.clock}.reloadDataModel(
+                    {.userID = store.userID(),
+                     .selection = KWListIdentifier::todayProject(),
+                     .limit = 25,
+                     .includeChecklist = true},
+                    context.connection()));
+            });
+        row("checklist items of a task", {u"checklistItemsByTask (taskID=?)"_s},
+            [](auto &store, auto &context) {
+                QVERIFY(KWListDataFetcher{store.clock}.reloadDataModel(
+                    {.userID = store.userID(),
+                     .selection = KWListIdentifier::todayProject(),
+                     .condition = {.taskIDs = {u"task"_s}},
+                     .includeChecklist = true},
+                    context.connection()));
+            });
         const auto filtered = [](const char16_t *rule) {
             return [filter = *CXSmartFilter::parse(QString::fromUtf16(rule))](auto &store, auto &) {
                 QVERIFY(KWFilterService(store.kit().manager(), store.userID()).countOfTasks(filter));

@@ -81,6 +81,7 @@ TaskBuilder &TaskBuilder::completedAt(const char *localTime)
 
 TaskBuilder &TaskBuilder::withItem(const char *title, const char *localTime)
 {
+    m_task.kind = KWTaskKindChecklist;
     KWChecklistItemModel &item = m_items.emplaceBack();
     item.title = QString::fromUtf8(title);
     item.startDate = at(localTime, m_zone);

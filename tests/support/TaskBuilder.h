@@ -21,7 +21,7 @@ public:
     TaskBuilder &ordered(std::int64_t sortOrder);
     TaskBuilder &in(const QString &listID);
     TaskBuilder &completedAt(const char *localTime);
-    /// A line of its checklist with a date.
+    /// A line of its checklist with a date; it becomes a checklist task.
     TaskBuilder &withItem(const char *title, const char *localTime);
     template <class Value, class Owner>
     TaskBuilder &with(Value Owner::*member, std::type_identity_t<Value> value)

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr const char *rowColumns =
+constexpr const char *taskColumns =
     "t.sid, t.title, t.kind, t.status, t.priority, t.isAllDay, t.repeatRule <> '', t.sortOrder, t.id,"
     " t.projectID, t.columnID, t.parentId, t.tags, t.assignee, t.startDate, t.endDate, t.completionDate,"
     " t.pinnedDate, t.createdTime, t.modifiedTime,"
@@ -18,9 +18,15 @@ constexpr const char *rowColumns =
     " (SELECT count(*) FROM checklistItems c WHERE c.taskID = t.sid AND c.isDeleted = 0 AND c.status <> 0),"
     " (SELECT count(*) FROM attachments a WHERE a.taskID = t.sid AND a.isDeleted = 0),"
     " (SELECT sum(f.pomoDuration + f.stopwatchDuration) FROM focusSummaries f"
-    "  WHERE f.taskID = t.sid AND f.isDeleted = 0),"
+    "  WHERE f.taskID = t.sid AND f.isDeleted = 0),";
+constexpr const char *placeInTree =
     " CASE WHEN t.parentId = '' THEN 0 ELSE coalesce((SELECT child.key FROM tasks p,"
     "  json_each(p.childIds) child WHERE p.sid = t.parentId AND child.value = t.sid), 0x7fffffff) END";
+constexpr const char *noPlace = " 0";
+
+constexpr const char *itemColumns =
+    "t.itemID, t.title, t.sid, t.taskTitle, t.priority, t.isAllDay, t.sortOrder, t.item, t.projectID, t.tags,"
+    " t.assignee, t.startDate, t.createdTime, t.modifiedTime";
 
 KWTaskListItemModel readRow(SQLite::Statement &statement)
 {
@@ -42,14 +48,41 @@ QList<KWTaskListItemModel> readRows(SQLite::Statement &statement)
     return rows;
 }
 
+KWTaskListItemModel readItem(SQLite::Statement &statement)
+{
+    KWTaskListItemModel row;
+    row.kind = KWTaskListItemModel::Kind::ChecklistItem;
+    int column = 0;
+    const auto read = [&](auto &...values) { (columns::read(statement.getColumn(column++), values), ...); };
+    read(row.sid, row.title, row.ownerID, row.ownerTitle, row.priority, row.isAllDay, row.sortOrder,
+         row.rowID, row.projectID, row.tags, row.assignee, row.startDate, row.createdTime, row.modifiedTime);
+    return row;
+}
+
 // Throws SQLite::Exception.
-QList<KWTaskListItemModel> rowsOf(const ListQuery &query, std::int64_t limit, Connection &connection)
+QList<KWTaskListItemModel> itemsOf(const ListQuery &query, std::int64_t limit, Connection &connection)
+{
+    auto statement =
+        connection.prepare(std::string{"SELECT "} + itemColumns + " FROM " + query.from + " WHERE " +
+                           query.where + " ORDER BY " + query.orderBy + ", t.item LIMIT ?");
+    SqlValues values = query.values;
+    values.push_back(limit);
+    statement.bind(values);
+    QList<KWTaskListItemModel> rows;
+    while (statement->executeStep())
+        rows.append(readItem(*statement));
+    return rows;
+}
+
+// Throws SQLite::Exception.
+QList<KWTaskListItemModel> rowsOf(const ListQuery &query, const char *place, std::int64_t limit,
+                                  Connection &connection)
 {
     // Chosen and put in order first, so that the sorter carries ids and not whole rows.
-    auto statement =
-        connection.prepare(std::string{"SELECT "} + rowColumns + " FROM (SELECT t.id AS chosen FROM " +
-                           query.from + " WHERE " + query.where + " ORDER BY " + query.orderBy +
-                           " LIMIT ?) JOIN tasks t ON t.id = chosen ORDER BY " + query.orderBy);
+    auto statement = connection.prepare(std::string{"SELECT "} + taskColumns + place +
+                                        " FROM (SELECT t.id AS chosen FROM " + query.from + " WHERE " +
+                                        query.where + " ORDER BY " + query.orderBy +
+                                        " LIMIT ?) JOIN tasks t ON t.id = chosen ORDER BY " + query.orderBy);
     SqlValues values = query.values;
     values.push_back(limit);
     statement.bind(values);
@@ -79,7 +112,11 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
         const auto query = queryOf(request, m_clock, ListQuery::wordHits(request, connection), connection);
         if (!query) return query.error();
         if (!*query) return QList<KWTaskListItemModel>{};
-        return rowsOf(**query, request.limit, connection);
+        QList<KWTaskListItemModel> rows =
+            rowsOf(**query, request.disableTree ? noPlace : placeInTree, request.limit, connection);
+        if (const auto items = ListQuery::ofChecklistItems(request, m_clock))
+            rows += itemsOf(*items, request.limit, connection);
+        return rows;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
@@ -90,6 +127,7 @@ Result<KWListDataFetcher::Matrix> KWListDataFetcher::reloadDataModelForMatrix(co
 {
     ListDataRequest all = request;
     all.selection = KWListIdentifier::smartProject(KWSmartProject::all().identifier());
+    all.disableTree = true;
     Matrix quadrants;
     for (std::size_t i = 0; i < quadrants.size(); ++i) {
         all.condition.priority = KWTaskPriorities[i];
@@ -104,7 +142,7 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::generateModels(const QStri
                                                                      Connection &connection) const
 {
     try {
-        auto statement = connection.prepare(std::string{"SELECT "} + rowColumns +
+        auto statement = connection.prepare(std::string{"SELECT "} + taskColumns + noPlace +
                                             " FROM json_each(?) wanted JOIN tasks t ON t.sid = wanted.value "
                                             "WHERE t.isDeleted = 0 ORDER BY wanted.key");
         statement.bind(1, idList(taskIDs));
@@ -118,7 +156,7 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::completedTasks(const Compl
                                                                      Connection &connection) const
 {
     try {
-        return rowsOf(ListQuery::ofCompletedTasks(request), request.limit, connection);
+        return rowsOf(ListQuery::ofCompletedTasks(request), placeInTree, request.limit, connection);
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
@@ -129,7 +167,8 @@ Result<int> KWListDataFetcher::count(const ListDataRequest &request, Connection 
     try {
         const auto query = queryOf(request, m_clock, ListQuery::WordHits::Few, connection);
         if (!query) return query.error();
-        return *query ? (*query)->count(connection) : 0;
+        const auto items = ListQuery::ofChecklistItems(request, m_clock);
+        return (*query ? (*query)->count(connection) : 0) + (items ? items->count(connection) : 0);
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

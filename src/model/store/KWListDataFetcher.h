@@ -19,6 +19,7 @@ public:
     /// The rows in display order. Open tasks of a list stand in their manual order, those of the smart
     /// lists, folders and tags by date, then priority, then manual order; closed tasks with the latest
     /// first, deleted ones with the last changed first. A selection that names nothing has no rows.
+    /// Checklist items follow behind the tasks, in the same order; the limit is for each of the two.
     Result<QList<KWTaskListItemModel>> reloadDataModel(const ListDataRequest &request,
                                                        Connection &connection) const;
 

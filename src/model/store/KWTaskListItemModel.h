@@ -19,7 +19,8 @@ struct KWBasicItemModel {
     bool operator==(const KWBasicItemModel &) const = default;
 };
 
-/// A row of a task list, read straight from the store: what a row shows and sorts by, and no more.
+/// A row of a task list, read straight from the store: what a row shows and sorts by, and no more. A
+/// checklist item has the list, tags, priority and assignee of its task.
 struct KWTaskListItemModel : KWBasicItemModel {
     KWTaskKind taskKind = KWTaskKindText;
     KWTaskStatus status = KWTaskStatusOpen;
@@ -34,6 +35,8 @@ struct KWTaskListItemModel : KWBasicItemModel {
     std::int64_t rowID = 0;         ///< of the store: the order of those that are equal otherwise
     std::int64_t focusDuration = 0; ///< seconds spent on it
     std::int64_t assignee = KWTaskAssignedToNobody;
+    QString ownerID;    ///< of a checklist item: its task
+    QString ownerTitle; ///< and what that is called
     QString projectID;
     QString columnID;
     QString parentId;
@@ -45,6 +48,9 @@ struct KWTaskListItemModel : KWBasicItemModel {
     std::optional<Instant> createdTime;
     std::optional<Instant> modifiedTime;
 
+    bool isChecklistItem() const { return kind == Kind::ChecklistItem; }
+    /// The task that the row is, or is an item of.
+    const QString &taskID() const { return isChecklistItem() ? ownerID : sid; }
     bool isNote() const { return taskKind == KWTaskKindNote; }
     bool isPinned() const { return pinnedDate.has_value(); }
     bool isClosed() const { return status != KWTaskStatusOpen; }

@@ -32,6 +32,10 @@ struct ListDataRequest {
     /// The closed tasks instead of the open ones, the latest first. Of a smart list and of a filter those
     /// that were closed today.
     bool onlyClosed = false;
+    /// Of Today, Tomorrow and Next 7 Days also the open checklist items with a date that fits.
+    bool includeChecklist = false;
+    /// No tree is shown: rows come without their place among the children of their parent.
+    bool disableTree = false;
 
     static bool isTopFound(KWTaskSortType sortType);
 };

@@ -3,6 +3,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/CompletionOrder.h"
 #include "model/store/Connection.h"
+#include "model/store/DatedItems.h"
 #include "model/store/FilterCondition.h"
 #include "model/store/FindAll.h"
 #include "model/text/SearchWords.h"
@@ -164,6 +165,18 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
         break;
     }
     if (query) query->refine(request, clock, wordHits);
+    return query;
+}
+
+std::optional<ListQuery> ListQuery::ofChecklistItems(const ListDataRequest &request, const CXClock &clock)
+{
+    const bool hasItems = request.includeChecklist && !request.onlyClosed &&
+                          request.selection.type == KWListIdentifierType::SmartProject &&
+                          KWSmartProject::isDateSensetiveSmartProjectID(request.selection.entityID);
+    auto query = hasItems ? ofSmartProject(request, clock) : std::nullopt;
+    if (!query) return std::nullopt;
+    query->refine(request, clock, WordHits::Few);
+    query->from = request.condition.taskIDs.isEmpty() ? datedItems : datedItemsOfTasks;
     return query;
 }
 

@@ -9,7 +9,7 @@
 
 class Connection;
 
-/// The tasks of a list as a query over `tasks t`.
+/// The tasks of a list as a query over `tasks t`, or their checklist items as one over what stands for it.
 struct ListQuery {
     const char *from; ///< with the index to use: the planner has no statistics to choose by
     std::string where;
@@ -24,6 +24,8 @@ struct ListQuery {
     /// Nothing for a selection that names nothing, and for a filter: see ofFilter().
     static std::optional<ListQuery> ofRequest(const ListDataRequest &request, const CXClock &clock,
                                               WordHits wordHits = WordHits::Few);
+    /// The checklist items among the rows, see DatedItems.h; nothing where there are none to be.
+    static std::optional<ListQuery> ofChecklistItems(const ListDataRequest &request, const CXClock &clock);
     /// The open tasks of the user that the filter fits.
     static ListQuery ofFilter(const CXSmartFilter &filter, const CXSmartFilterFrame &frame,
                               const QString &userID);
