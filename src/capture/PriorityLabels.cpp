@@ -2,10 +2,17 @@
 
 #include "model/settings/KWLocalizedString.h"
 
+#include <algorithm>
+
 PriorityLabels::PriorityLabels()
     : m_labels{KWLocalizedString("priority_High"), KWLocalizedString("priority_Medium"),
                KWLocalizedString("priority_Low"), KWLocalizedString("priority_None")}
 {
+}
+
+const QString &PriorityLabels::labelOf(KWTaskPriority priority) const
+{
+    return m_labels[std::size_t(std::ranges::find(KWTaskPriorities, priority) - KWTaskPriorities.begin())];
 }
 
 std::optional<KWTaskPriority> PriorityLabels::priorityLabelled(QStringView keyword) const

@@ -12,6 +12,7 @@ class PriorityLabels {
 public:
     PriorityLabels();
 
+    const QString &labelOf(KWTaskPriority priority) const;
     /// The priority with that label, in any case.
     std::optional<KWTaskPriority> priorityLabelled(QStringView keyword) const;
 
