@@ -38,7 +38,7 @@ RecognitionSettings settings()
         list.name = i == 0 ? u"Home Office"_s : u"List %1"_s.arg(i);
         lists.append(list);
     }
-    return {{}, {}, {}, ListNames{lists}};
+    return {{}, {}, {}, NameIndex::ofLists(lists)};
 }
 
 SystemClock &systemClock()

@@ -9,6 +9,7 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTeamworker.h"
 #include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/store/TaskPermissions.h"
@@ -19,21 +20,34 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QHash<QString, NameIndex> membersByList(const QList<KWProjectModel> &projects, ObjectContext &context)
+{
+    QHash<QString, QList<KWTeamworkerModel>> people;
+    for (const KWTeamworker *each :
+         KWTeamworker::sortedByName(context.fetch<KWTeamworker>({.where = "isDeleted = 0"})))
+        people[(*each)->projectID].append(each->model());
+    QHash<QString, NameIndex> members;
+    for (const KWProjectModel &each : projects)
+        if (each.isShared) members.insert(each.sid, NameIndex::ofMembers(people.value(each.sid)));
+    return members;
+}
+
 RecognitionSettings settingsOf(OrvaneKit &kit)
 {
     const QString user = kit.account().currentUserID();
     QList<KWProjectModel> projects;
-    for (const KWProject *each : KWProject::findProjectsOfUser(user, ProjectScope::Open, kit.context()))
+    for (const KWProject *each : KWProject::orderedOpenProjects(user, kit.context()))
         projects.append(each->model());
     return {KWSmartTimeModel::ofSettings(kit.account().userSettings()),
             KWSmartRecognitionConfiguration::ofUser(user, kit.defaults()),
-            kit.account().taskDefaultConfiguration(), ListNames{projects}};
+            kit.account().taskDefaultConfiguration(), NameIndex::ofLists(projects),
+            membersByList(projects, kit.context())};
 }
 
 bool mattersToRecognition(const StoreChange &change)
 {
-    return change.touches(RecordKind::Project) || change.touches(RecordKind::User) ||
-           change.touches(RecordKind::UserSettings);
+    return change.touches(RecordKind::Project) || change.touches(RecordKind::Teamworker) ||
+           change.touches(RecordKind::User) || change.touches(RecordKind::UserSettings);
 }
 
 Error blankRefusal()
@@ -76,8 +90,11 @@ const TitleRecognizer &NewTaskService::recognizer()
     return *m_recognizer;
 }
 
-TitleRecognition NewTaskService::recognize(const QString &text, const RecognitionOptions &options)
+TitleRecognition NewTaskService::recognize(const QString &text, const NewTaskContext &context)
 {
+    RecognitionOptions options = context.recognition;
+    options.projectID = projectIDFor(context);
+    options.isProjectManual = context.manualList.has_value();
     return recognizer().recognize(text, options);
 }
 
@@ -89,7 +106,7 @@ NewTaskContext NewTaskService::contextOf(const KWListIdentifier &list) const
 NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &context)
 {
     NewTaskDraft draft;
-    draft.recognition = recognize(text, context.recognition);
+    draft.recognition = recognize(text, context);
     draft.task.title = draft.recognition.title;
     draft.task.userID = m_kit.account().currentUserID();
 
@@ -102,11 +119,12 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
 
     const std::optional<RecognizedList> &list = draft.recognition.list;
     if (list && list->isNew() && !context.manualList) draft.newListName = list->name;
-    draft.task.projectID = projectIDFor(draft, context);
+    draft.task.projectID = projectIDFor(context, list);
     if (!context.presetList || draft.task.projectID == *context.presetList) {
         draft.task.columnID = context.presetColumn.value_or(QString{});
         draft.task.assignee = context.presetAssignee.value_or(KWTaskAssignedToNobody);
     }
+    if (const auto &assignee = draft.recognition.assignee) draft.task.assignee = assignee->userServerID;
     decideKindAndPriority(draft, context);
 
     KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
@@ -115,13 +133,13 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
     return draft;
 }
 
-QString NewTaskService::projectIDFor(const NewTaskDraft &draft, const NewTaskContext &context) const
+QString NewTaskService::projectIDFor(const NewTaskContext &context,
+                                     const std::optional<RecognizedList> &named) const
 {
-    if (draft.newListName) return {};
     KWNewTaskProjectReferee referee;
     referee.setManual(context.manualList);
+    if (named) referee.setNlp(named->id);
     referee.setPreset(context.presetList);
-    if (const auto &list = draft.recognition.list; list && !list->isNew()) referee.setNlp(list->id);
     return referee.projectID().value_or(m_kit.account().defaultAddtoList());
 }
 
@@ -177,6 +195,8 @@ Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
             const KWProject *project = projectFor(draft, context);
             if (!project) return Error{KWLocalizedString("The account has no inbox to put the task into.")};
             if (task.projectID != project->sid()) task.columnID.clear();
+            if (task.projectID != project->sid() && !draft.newListName)
+                task.assignee = KWTaskAssignedToNobody;
             task.projectID = project->sid();
             task.sortOrder = project->sortOrderForNewTask(end);
             task = context.insert<KWTask>(std::move(task)).model();
@@ -198,7 +218,7 @@ KWProject *NewTaskService::projectFor(const NewTaskDraft &draft, ObjectContext &
 
 QJsonObject NewTaskService::dryRun(const QString &text, const NewTaskContext &context)
 {
-    TitleRecognition recognition = recognize(text, context.recognition);
+    TitleRecognition recognition = recognize(text, context);
     KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
     present(recognition, text, context, dates);
     recognition.date.dateTimeReminderModel = dates.nlp();

@@ -21,8 +21,8 @@ public:
     /// The kit must outlive it.
     explicit NewTaskService(OrvaneKit &kit);
 
-    /// What the text says, for showing it while it is typed.
-    TitleRecognition recognize(const QString &text, const RecognitionOptions &options = {});
+    /// What the text says, for showing it while it is typed, in a field that stands where the context says.
+    TitleRecognition recognize(const QString &text, const NewTaskContext &context = {});
 
     /// What a list implies for tasks made in it, see newTaskContextOf().
     NewTaskContext contextOf(const KWListIdentifier &list) const;
@@ -47,7 +47,9 @@ private:
     void present(const TitleRecognition &recognition, const QString &text, const NewTaskContext &context,
                  KWNewTaskDateReferee &referee) const;
     KWNewTaskDateReferee::CurrentDefaults currentDefaults() const;
-    QString projectIDFor(const NewTaskDraft &draft, const NewTaskContext &context) const;
+    /// Where the task goes when the text names that list, or none; empty for a new one.
+    QString projectIDFor(const NewTaskContext &context,
+                         const std::optional<RecognizedList> &named = std::nullopt) const;
     void decideKindAndPriority(NewTaskDraft &draft, const NewTaskContext &context) const;
     Result<KWTaskModel> save(const NewTaskDraft &draft);
     KWProject *projectFor(const NewTaskDraft &draft, ObjectContext &context) const;

@@ -64,12 +64,13 @@ QJsonArray piecesOf(const QList<RecognizedPiece> &pieces)
 QJsonObject dryRunObject(const TitleRecognition &recognition, const CXTimeZone &zone)
 {
     const auto &list = recognition.list;
+    const auto &assignee = recognition.assignee;
     return {
         {u"title"_s, recognition.title},
         {u"tags"_s, QJsonArray::fromStringList(recognition.tags)},
         {u"priority"_s, recognition.priority.value_or(KWTaskPriorityNone)},
         {u"list"_s, list ? QJsonValue{list->name} : QJsonValue{QJsonValue::Null}},
-        {u"assignee"_s, QJsonValue::Null},
+        {u"assignee"_s, assignee ? QJsonValue{assignee->name} : QJsonValue{QJsonValue::Null}},
         {u"date"_s, dateOf(recognition.date.dateTimeReminderModel, zone)},
         {u"recognized"_s, piecesOf(recognition.pieces)},
     };

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "capture/KWSmartTimeModel.h"
-#include "capture/ListNames.h"
+#include "capture/NameIndex.h"
 #include "model/settings/KWSmartRecognitionConfiguration.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
 
-/// What recognition takes from the account: its settings and its lists.
+#include <QHash>
+
+/// What recognition takes from the account: its settings, its lists and the people who share them.
 struct RecognitionSettings {
     KWSmartTimeModel smartTimes;
     KWSmartRecognitionConfiguration recognition;
     KWTaskDefaultConfiguration defaults;
-    ListNames lists;
+    NameIndex lists;
+    QHash<QString, NameIndex> members{}; ///< of the shared lists, by list id
 };

@@ -11,7 +11,8 @@ struct RecognizedPiece {
     qsizetype location = 0; ///< UTF-16 units of the typed text
     qsizetype length = 0;
     QString text;  ///< as typed
-    QString value; ///< what undoing it blocks: a list id, a priority number; empty for the others
+    QString value; ///< what undoing it blocks: a list id, a priority number, a person's server id; empty for
+                   ///< the others
 
     bool operator==(const RecognizedPiece &) const = default;
 };

@@ -69,9 +69,11 @@ void TitleReading::addPiece(RecognizedPieceType type, TextRange range, const QSt
 
 void TitleReading::readLists()
 {
-    for (const KWCandidateEntity &each : tokens(TokenKind::List)) {
+    for (const KWCandidateEntity &each : listTokens()) {
+        if (!isFree(each.range)) continue;
         m_newList.reset();
-        const auto match = m_settings.lists.longestAtStartOf(contentOf(each), m_options.blockedProjects);
+        const auto match = m_settings.lists.longestAtStartOf(contentOf(each), m_options.blockedProjects,
+                                                             m_options.chosenProject);
         if (!match) {
             if (mayNameNewList(each)) m_newList = each.range;
         } else if (match->entry) {
@@ -79,6 +81,23 @@ void TitleReading::readLists()
             addPiece(RecognizedPieceType::List, {each.range.location, 1 + match->length}, match->entry->id);
         }
     }
+}
+
+QList<KWCandidateEntity> TitleReading::listTokens() const
+{
+    QList<KWCandidateEntity> found = tokens(TokenKind::List);
+    if (m_options.chosenProject.isEmpty() || !m_kinds.testFlag(TokenKind::List)) return found;
+    const QString chosen =
+        TokenScanner::prefixSymbal(TokenKind::List) + m_settings.lists.nameOf(m_options.chosenProject);
+    const TextRange place{m_text.indexOf(chosen), chosen.size()};
+    const auto isPlace = [&place](const KWCandidateEntity &each) {
+        return each.range.location == place.location;
+    };
+    if (chosen.size() == 1 || place.location < 0 || std::ranges::any_of(found, isPlace)) return found;
+    if (isInside(m_links, place.location)) return found;
+    found.append({place, chosen, {}});
+    std::ranges::sort(found, {}, [](const KWCandidateEntity &each) { return each.range.location; });
+    return found;
 }
 
 bool TitleReading::mayNameNewList(const KWCandidateEntity &token) const
@@ -131,17 +150,44 @@ void TitleReading::readNewList()
     occupy({m_newList->location, 1});
 }
 
+void TitleReading::readAssignees()
+{
+    const NameIndex *members = membersOfList();
+    if (!members || !m_kinds.testFlag(TokenKind::Assignee) || m_options.donotParseAssignee) return;
+    const QStringView text{m_text};
+    for (qsizetype i = text.indexOf(u'@'); i >= 0; i = text.indexOf(u'@', i + 1)) {
+        if (!standsAfterWhiteSpace(text, i) || isInside(m_links, i)) continue;
+        const QStringView rest = text.sliced(i + 1);
+        if (rest.isEmpty() || rest.front().isSpace()) continue;
+        const auto match = members->longestAtStartOf(rest, {}, m_options.chosenTeamworker);
+        if (!match) continue;
+        const TextRange range{i, 1 + match->length};
+        if (!isFree(range)) continue;
+        m_result.assignee = RecognizedPerson{match->entry->id.toLongLong(), match->entry->name};
+        addPiece(RecognizedPieceType::Assignee, range, match->entry->id);
+    }
+}
+
+const NameIndex *TitleReading::membersOfList() const
+{
+    const bool isNamed = m_result.list && !m_options.isProjectManual;
+    if (m_newList && !m_options.isProjectManual) return nullptr;
+    const auto found = m_settings.members.constFind(isNamed ? m_result.list->id : m_options.projectID);
+    return found == m_settings.members.cend() ? nullptr : &*found;
+}
+
 void TitleReading::endNewListAt(qsizetype position)
 {
     m_newList = withoutTrailingSpace(m_text, {m_newList->location, position - m_newList->location});
 }
 
-void TitleReading::addNewList()
+bool TitleReading::addNewList()
 {
     const QString name = m_text.mid(m_newList->location + 1, m_newList->length - 1);
-    if (m_options.blockedProjects.contains(name)) return;
+    if (m_options.blockedProjects.contains(name)) return false;
     m_result.list = RecognizedList{{}, name};
     addPiece(RecognizedPieceType::List, *m_newList, name);
+    return true;
 }
 
 void TitleReading::readDate(const CXClock &clock)
@@ -152,8 +198,12 @@ void TitleReading::readDate(const CXClock &clock)
         const std::optional<qsizetype> date = firstDateInNewList();
         const bool beginsName = date == m_newList->location + 1;
         if (date && !beginsName) endNewListAt(*date);
-        addNewList();
-        if (beginsName) parseDate(clock, dateTokens);
+        const bool isMade = addNewList();
+        if (!isMade) {
+            m_newList.reset();
+            readAssignees();
+        }
+        if (beginsName || !isMade) parseDate(clock, dateTokens);
     }
 }
 

@@ -22,18 +22,22 @@ public:
     void readTags();
     void readPriorities();
     void readNewList();
+    void readAssignees();
     void readDate(const CXClock &clock);
     TitleRecognition finished();
 
 private:
     bool reads(ParseOption option) const { return m_options.parseOption.testFlag(option); }
     QList<KWCandidateEntity> tokens(TokenKind kind) const;
+    /// Also where the list chosen from a completion stands, whose name may end a token.
+    QList<KWCandidateEntity> listTokens() const;
+    const NameIndex *membersOfList() const;
     bool isFree(TextRange range) const;
     void occupy(TextRange range);
     void addPiece(RecognizedPieceType type, TextRange range, const QString &value);
     bool mayNameNewList(const KWCandidateEntity &token) const;
     void endNewListAt(qsizetype position);
-    void addNewList();
+    bool addNewList();
     void parseDate(const CXClock &clock, const QList<KWCandidateEntity> &dateTokens);
     QString textForDates(const QList<KWCandidateEntity> &dateTokens) const;
     TextEntities occupiedEntities() const;
@@ -49,7 +53,7 @@ private:
     const TokenKinds m_kinds;
     const QList<TextRange> m_links;
     QString m_free;                     // the text with what is recognised masked
-    QList<RecognizedPiece> m_pieces;    // lists and priorities
+    QList<RecognizedPiece> m_pieces;    // lists, priorities and assignees
     TagTextEntities m_tagEntities;      // in text order
     std::optional<TextRange> m_newList; // mark and name of the list to be made, as far as known
     TitleRecognition m_result;

@@ -14,12 +14,21 @@ struct RecognizedList {
     bool operator==(const RecognizedList &) const = default;
 };
 
+/// The member of the list that a title names.
+struct RecognizedPerson {
+    std::int64_t userServerID = KWTaskAssignedToNobody;
+    QString name;
+
+    bool operator==(const RecognizedPerson &) const = default;
+};
+
 /// What a typed title says.
 struct TitleRecognition {
     QString title;    ///< one line, without the pieces that are cut
     QStringList tags; ///< as typed, without marks, each name once
     std::optional<KWTaskPriority> priority;
     std::optional<RecognizedList> list;
+    std::optional<RecognizedPerson> assignee;
     /// Where a phrase touches a tag, its entity has grown over both.
     KWReminderModelFromNaturalLanguage date;
     QList<RecognizedPiece> pieces; ///< disjoint, in text order

@@ -16,6 +16,7 @@ TitleRecognition TitleRecognizer::recognize(const QString &text, const Recogniti
     reading.readTags();
     reading.readPriorities();
     reading.readNewList();
+    reading.readAssignees();
     reading.readDate(m_clock);
     return reading.finished();
 }

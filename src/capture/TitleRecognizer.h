@@ -15,6 +15,8 @@ class CXClock;
 ///   counts, and all are cut. A last token that names no list, stands after white space and begins with a
 ///   letter names a list that is to be made: its name reaches to the next piece, to a word that begins
 ///   with "@", or to the token's end.
+/// - An assignee is "@" after white space and the longest name of a member of the task's list that follows.
+///   Of several the last counts, and all are cut.
 /// - A date is what NLPNativeTitleParser finds outside of these; a "*" right before it belongs to it.
 ///
 /// Nothing is a token inside a link or a mail address, no date is read in quotation marks, and a token

@@ -62,7 +62,8 @@ QByteArray complaintAboutDates(const QString &text, const CXClock &clock)
 
 QByteArray complaintAboutRecognition(const QString &text, const TitleRecognizer &recognizer)
 {
-    const TitleRecognition found = recognizer.recognize(text);
+    const TitleRecognition found =
+        recognizer.recognize(text, {.chosenProject = u"Home (old)"_s, .projectID = u"Home"_s});
     const QString whole = withoutBrokenSurrogates(text);
     qsizetype end = 0;
     for (const RecognizedPiece &each : found.pieces) {
@@ -77,11 +78,19 @@ QByteArray complaintAboutRecognition(const QString &text, const TitleRecognizer 
 QList<KWProjectModel> lists()
 {
     QList<KWProjectModel> models;
-    for (const QString &name : {u"Home"_s, u"Home Office"_s, u"C# work"_s, u"工作"_s}) {
+    for (const QString &name : {u"Home"_s, u"Home Office"_s, u"C# work"_s, u"工作"_s, u"Home (old)"_s}) {
         models.emplaceBack().name = name;
         models.last().sid = name;
     }
     return models;
+}
+
+QHash<QString, NameIndex> members()
+{
+    QList<KWTeamworkerModel> models(2);
+    models[0].name = u"North"_s;
+    models[1].name = u"North Star"_s;
+    return {{u"Home"_s, NameIndex::ofMembers(models)}};
 }
 
 QString titleOf(QByteArrayView input)
@@ -99,7 +108,7 @@ QString titleOf(QByteArrayView input)
 QByteArray complaintAboutFuzzedTitle(QByteArrayView input)
 {
     static const ManualClock clock{"2026-11-18 10:00"};
-    static const TitleRecognizer recognizer{clock, {{}, {}, {}, ListNames{lists()}}};
+    static const TitleRecognizer recognizer{clock, {{}, {}, {}, NameIndex::ofLists(lists()), members()}};
     if (input.isEmpty()) return {};
     QLocale::setDefault((input[0] & 1) != 0 ? QLocale{QLocale::Chinese, QLocale::China}
                                             : QLocale{QLocale::English, QLocale::UnitedStates});

@@ -4,10 +4,14 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWTeamworker.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/StoreFixture.h"
+#include "support/TaskBuilder.h"
 #include "support/TestMain.h"
+
+#include <QJsonObject>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -159,6 +163,35 @@ private Q_SLOTS:
             QCOMPARE(added(u"two"_s, context).projectID, KWProject::inboxIDOfUser(m_store->userID()));
         }
         QCOMPARE(listOf(added(u"three ~Work"_s)), u"Inbox"_s); // the one that may only be read
+    }
+
+    void assignsToMembersOfTheListItGoesTo()
+    {
+        const QString list = m_store->makeList(u"Garden"_s);
+        const QString ask = u"ask @North"_s;
+        NewTaskContext context;
+        context.presetList = list;
+        context.presetAssignee = 8;
+        QCOMPARE(added(ask, context).title, ask);
+        saved(*m_store, [&list](ObjectContext &records) {
+            KWTeamworkerModel member;
+            member.projectID = list;
+            member.userServerID = 7;
+            member.name = u"north"_s;
+            records.insert<KWTeamworker>(std::move(member));
+            records.find<KWProject>(list)->set(&KWProjectModel::isShared, true);
+        });
+        QVERIFY(!m_service->recognize(ask).assignee); // goes to the inbox
+        QCOMPARE(m_service->dryRun(u"ask @North ~Garden"_s)[u"assignee"_s], u"north"_s);
+        const KWTaskModel task = added(ask, context);
+        QCOMPARE(task.title, u"ask"_s);
+        QCOMPARE(task.assignee, 7);
+        QCOMPARE(added(u"ask"_s, context).assignee, 8);
+
+        setSaved<KWProject>(*m_store, list, &KWProjectModel::permission, KWProjectPermissionRead);
+        const KWTaskModel elsewhere = added(ask, context);
+        QCOMPARE(elsewhere.projectID, KWProject::inboxIDOfUser(m_store->userID()));
+        QCOMPARE(elsewhere.assignee, KWTaskAssignedToNobody);
     }
 
     void refusesWhatLeavesNoTitle_data() { addCaseRows("tokens/untitled.txt", 2); }

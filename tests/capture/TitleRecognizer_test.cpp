@@ -22,13 +22,25 @@ KWProjectModel list(const QString &id, const QString &name)
     return model;
 }
 
+KWTeamworkerModel member(std::int64_t userServerID, const QString &name)
+{
+    KWTeamworkerModel model;
+    model.userServerID = userServerID;
+    model.name = name;
+    return model;
+}
+
 RecognitionSettings settings(const KWSmartRecognitionConfiguration &recognition = {})
 {
     return {{},
             recognition,
             {},
-            ListNames{{list(u"i"_s, u"Inbox"_s), list(u"o"_s, u"Home Office"_s), list(u"h"_s, u"Home"_s),
-                       list(u"c"_s, u"C# work"_s), list(u"w"_s, u"工作"_s)}}};
+            NameIndex::ofLists({list(u"i"_s, u"Inbox"_s), list(u"o"_s, u"Home Office"_s),
+                                list(u"h"_s, u"Home"_s), list(u"h2"_s, u"home"_s), list(u"c"_s, u"C# work"_s),
+                                list(u"w"_s, u"工作"_s), list(u"odd"_s, u"Plans (old) ~Home"_s)}),
+            {{u"o"_s, NameIndex::ofMembers({member(7, u"North"_s), member(8, u"North Star"_s),
+                                            member(9, u"north"_s), member(10, u"东方"_s)})},
+             {u"h"_s, NameIndex::ofMembers({member(11, u"South"_s)})}}};
 }
 
 QString textOf(const std::optional<RecognizedList> &list)
@@ -125,14 +137,45 @@ private Q_SLOTS:
         QCOMPARE(textOf(found.pieces), cells[3]);
     }
 
+    // In a field that stands in the list Home Office, which others share.
+    void takesPeopleAndChoices_data() { addCaseRows("tokens/choices.txt", 6); }
+    void takesPeopleAndChoices()
+    {
+        QFETCH(QStringList, cells);
+        const QMap<QString, RecognitionOptions> options{
+            {u"-"_s, {}},
+            {u"undone"_s, {.donotParseAssignee = true}},
+            {u"no assignees"_s, {.parseOption = ParseOptions{63 & ~int(ParseOption::Assignee)}}},
+            {u"second north"_s, {.chosenTeamworker = u"9"_s}},
+            {u"second home"_s, {.chosenProject = u"h2"_s}},
+            {u"first undone"_s, {.blockedProjects = {u"h"_s}}},
+            {u"second undone"_s, {.blockedProjects = {u"h2"_s}, .chosenProject = u"h2"_s}},
+            {u"odd"_s, {.chosenProject = u"odd"_s}},
+            {u"new undone"_s, {.blockedProjects = {u"Sale"_s}}},
+            {u"list by hand"_s, {.isProjectManual = true}}};
+        QVERIFY(options.contains(cells[0]));
+        RecognitionOptions chosen = options.value(cells[0]);
+        chosen.projectID = u"o"_s;
+        const QString typed = quotedText(cells[1]);
+        const TitleRecognition found = m_recognizer.recognize(typed, chosen);
+        QCOMPARE(found.title, quotedText(cells[2]));
+        QCOMPARE(found.assignee ? QString::number(found.assignee->userServerID) : u"-"_s, cells[3]);
+        QCOMPARE(found.list ? found.list->id : u"-"_s, cells[4]);
+        QCOMPARE(textOf(found.pieces), cells[5]);
+        QVERIFY(areInOrderWithin(typed, found.pieces));
+        for (const RecognizedPiece &each : found.pieces)
+            if (each.type == RecognizedPieceType::Assignee) QVERIFY(!each.value.isEmpty());
+    }
+
     // In quadratic time this test would not end.
     void readsLongTextsInLinearTime()
     {
-        const QString units = u"a| |#|#a |!|!high |~|~Home |~a#b |^x|*|*today |@|@a.b |tomorrow |"
+        const QString units = u"a| |#|#a |!|!high |~|~Home |~a#b |^x|*|*today |@|@ |@a.b |@North |tomorrow |"
                               u"\"|\"a\" |(|工|~工作|http://a#b |-_"_s;
         for (const QString &unit : units.split(u'|')) {
             const QString typed = unit.repeated(100'000 / unit.size());
-            QVERIFY2(areInOrderWithin(typed, m_recognizer.recognize(typed).pieces), qPrintable(unit));
+            QVERIFY2(areInOrderWithin(typed, m_recognizer.recognize(typed, {.projectID = u"o"_s}).pieces),
+                     qPrintable(unit));
         }
     }
 

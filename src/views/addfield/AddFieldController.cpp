@@ -37,6 +37,13 @@ void AddFieldController::endPreset()
     m_field.setPassingPlaceholder({});
 }
 
+NewTaskContext AddFieldController::context() const
+{
+    NewTaskContext context = m_preset ? *m_preset : contextOfList();
+    context.recognition = m_options;
+    return context;
+}
+
 bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusOut && m_field.text().isEmpty()) {
@@ -50,7 +57,7 @@ void AddFieldController::recognize(const QString &text)
 {
     if (text.isEmpty()) m_options = {};
     m_field.setPieces(text.isEmpty() ? QList<RecognizedPiece>{}
-                                     : m_service.recognize(text, m_options).pieces);
+                                     : m_service.recognize(text, context()).pieces);
 }
 
 void AddFieldController::undo(const RecognizedPiece &piece)
@@ -76,9 +83,7 @@ void AddFieldController::undo(const RecognizedPiece &piece)
 
 void AddFieldController::submit(const QString &text)
 {
-    NewTaskContext context = m_preset ? *m_preset : contextOfList();
-    context.recognition = m_options;
-    const Result<KWTaskModel> task = m_service.add(text, context);
+    const Result<KWTaskModel> task = m_service.add(text, context());
     if (!task) {
         Q_EMIT failed(task.error().sentence);
         return;

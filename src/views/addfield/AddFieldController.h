@@ -25,6 +25,8 @@ public:
     /// What tasks are given instead of what the list implies, until the list is another one or the field is
     /// left empty. The field says so with `placeholder` meanwhile.
     void setPreset(const NewTaskContext &preset, const QString &placeholder);
+    /// What a task typed now would be made with.
+    NewTaskContext context() const;
 
 Q_SIGNALS:
     void added(const QString &taskID);
