@@ -3,7 +3,9 @@
 #include "capture/KWNewTaskPriorityReferee.h"
 #include "capture/KWNewTaskProjectReferee.h"
 #include "capture/NewTaskContextOfList.h"
+#include "capture/NewTaskWriter.h"
 #include "capture/RecognitionJson.h"
+#include "capture/TaskLines.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
@@ -12,13 +14,14 @@
 #include "model/records/KWTeamworker.h"
 #include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
-#include "model/store/TaskPermissions.h"
 
 #include <QJsonObject>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qsizetype mostTasksAtOnce = 10'000;
 
 QHash<QString, NameIndex> membersByList(const QList<KWProjectModel> &projects, ObjectContext &context)
 {
@@ -48,6 +51,11 @@ bool mattersToRecognition(const StoreChange &change)
 {
     return change.touches(RecordKind::Project) || change.touches(RecordKind::Teamworker) ||
            change.touches(RecordKind::User) || change.touches(RecordKind::UserSettings);
+}
+
+Error nobodyIsSignedIn()
+{
+    return {KWLocalizedString("Nobody is signed in, so there is no list to put the task into.")};
 }
 
 Error blankRefusal()
@@ -175,45 +183,51 @@ KWNewTaskDateReferee::CurrentDefaults NewTaskService::currentDefaults() const
 
 Result<KWTaskModel> NewTaskService::add(const QString &text, const NewTaskContext &context)
 {
-    if (!m_kit.account().isSignedIn())
-        return Error{KWLocalizedString("Nobody is signed in, so there is no list to put the task into.")};
+    if (!m_kit.account().isSignedIn()) return nobodyIsSignedIn();
     if (onOneLine(text).isEmpty()) return blankRefusal();
     const NewTaskDraft draft = compose(text, context);
     if (draft.task.title.isEmpty()) return onlyPiecesRefusal(draft.recognition.pieces);
-    return save(draft);
+    const Result<MadeTasks> made = save({draft});
+    if (!made) return made.error();
+    return made->tasks.first();
 }
 
-Result<KWTaskModel> NewTaskService::save(const NewTaskDraft &draft)
+bool NewTaskService::shouldCreateMutilTask(const QString &text) const { return holdsSeveralLines(text); }
+
+Result<NewTaskService::MadeTasks> NewTaskService::createMutilTask(const QString &text,
+                                                                  const NewTaskContext &context)
 {
-    KWTaskModel task = draft.task;
+    if (!m_kit.account().isSignedIn()) return nobodyIsSignedIn();
+    const QStringList lines = taskLines(text);
+    if (lines.isEmpty()) return blankRefusal();
+    if (lines.size() > mostTasksAtOnce)
+        return Error{KWLocalizedString("Add at most %1 tasks at once: this text has %2 lines.")
+                         .arg(QLocale{}.toString(mostTasksAtOnce), QLocale{}.toString(lines.size()))};
+    QList<NewTaskDraft> drafts;
+    for (const QString &each : lines)
+        if (NewTaskDraft draft = compose(each, context); !draft.task.title.isEmpty())
+            drafts.append(std::move(draft));
+    if (drafts.isEmpty())
+        return Error{
+            KWLocalizedString("Type titles for the tasks: nothing in these lines is left to be one.")};
+    return save(drafts);
+}
+
+Result<NewTaskService::MadeTasks> NewTaskService::save(const QList<NewTaskDraft> &drafts)
+{
     const bool goesLast = m_kit.defaults().value(Settings::newTaskPosition) == u"bottom";
-    const ListEnd end = goesLast ? ListEnd::Bottom : ListEnd::Top;
+    MadeTasks made;
     const Result<void> saved =
         KWCoreDataService{m_kit.manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
-            for (const QString &label : draft.tagLabels)
-                KWTag::createNewTagWithName(label, task.userID, TagUniqueness::MayExist, context);
-            const KWProject *project = projectFor(draft, context);
-            if (!project) return Error{KWLocalizedString("The account has no inbox to put the task into.")};
-            if (task.projectID != project->sid()) task.columnID.clear();
-            if (task.projectID != project->sid() && !draft.newListName)
-                task.assignee = KWTaskAssignedToNobody;
-            task.projectID = project->sid();
-            task.sortOrder = project->sortOrderForNewTask(end);
-            task = context.insert<KWTask>(std::move(task)).model();
+            NewTaskWriter writer{context, goesLast ? ListEnd::Bottom : ListEnd::Top};
+            Result<QList<KWTaskModel>> tasks = writer.write(drafts);
+            if (!tasks) return tasks.error();
+            made.tasks = *std::move(tasks);
+            made.undo = UndoToken::of(context);
             return {};
         });
     if (!saved) return saved.error();
-    return task;
-}
-
-KWProject *NewTaskService::projectFor(const NewTaskDraft &draft, ObjectContext &context) const
-{
-    const QString &user = draft.task.userID;
-    KWProject *project = draft.newListName ? KWProject::findProjectNamed(*draft.newListName, user, context)
-                                           : context.find<KWProject>(draft.task.projectID);
-    if (!project && draft.newListName)
-        return &KWProject::createProjectNamed(*draft.newListName, user, context);
-    return mayTakeTasks(project) ? project : KWProject::findInboxOfUser(user, context);
+    return made;
 }
 
 QJsonObject NewTaskService::dryRun(const QString &text, const NewTaskContext &context)

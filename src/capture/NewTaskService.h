@@ -6,11 +6,10 @@
 #include "capture/TitleRecognizer.h"
 #include "corvexkit/Result.h"
 #include "model/events/KWEventBus.h"
+#include "model/store/UndoToken.h"
 
 class OrvaneKit;
-class KWProject;
 struct KWListIdentifier;
-class ObjectContext;
 class QJsonObject;
 
 /// Turns typed text into a saved task, for the window and the command line alike. Recognises with the
@@ -38,6 +37,17 @@ public:
     /// inbox.
     Result<KWTaskModel> add(const QString &text, const NewTaskContext &context = {});
 
+    struct MadeTasks {
+        QList<KWTaskModel> tasks; ///< in the order of the lines
+        UndoToken undo;
+    };
+    /// Whether the text is to become several tasks: more than one of its lines is not blank.
+    bool shouldCreateMutilTask(const QString &text) const;
+    /// Saves a task for every line as add() would, without the marks of list items, in one save, all or
+    /// nothing: in the order of the lines, on top of their lists or at their ends. Lines that leave no title
+    /// are left out; where none does, or where there are more than 10,000, the text is refused.
+    Result<MadeTasks> createMutilTask(const QString &text, const NewTaskContext &context = {});
+
     /// What add() would recognise, as JSON; see dryRunObject().
     QJsonObject dryRun(const QString &text, const NewTaskContext &context = {});
 
@@ -51,8 +61,7 @@ private:
     QString projectIDFor(const NewTaskContext &context,
                          const std::optional<RecognizedList> &named = std::nullopt) const;
     void decideKindAndPriority(NewTaskDraft &draft, const NewTaskContext &context) const;
-    Result<KWTaskModel> save(const NewTaskDraft &draft);
-    KWProject *projectFor(const NewTaskDraft &draft, ObjectContext &context) const;
+    Result<MadeTasks> save(const QList<NewTaskDraft> &drafts);
 
     OrvaneKit &m_kit;
     std::optional<TitleRecognizer> m_recognizer; // dropped when what it knows has changed

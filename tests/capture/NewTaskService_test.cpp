@@ -1,12 +1,14 @@
 #include "capture/NewTaskService.h"
 
 #include "capture/CaseText.h"
+#include "capture/TaskLines.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWTeamworker.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"
+#include "support/FailingWrites.h"
 #include "support/StoreFixture.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -192,6 +194,80 @@ private Q_SLOTS:
         const KWTaskModel elsewhere = added(ask, context);
         QCOMPARE(elsewhere.projectID, KWProject::inboxIDOfUser(m_store->userID()));
         QCOMPARE(elsewhere.assignee, KWTaskAssignedToNobody);
+    }
+
+    void cutsTextsIntoLines_data() { addCaseRows("tokens/lines.txt", 3); }
+    void cutsTextsIntoLines()
+    {
+        QFETCH(QStringList, cells);
+        const QString text = quotedText(cells[0]);
+        QCOMPARE(taskLines(text).join(u'/'), quotedText(cells[1]));
+        QCOMPARE(m_service->shouldCreateMutilTask(text), cells[2] == u"yes");
+    }
+
+    // On top of the list, or at its end, in the order of the lines.
+    void addsATaskForEveryLine_data()
+    {
+        QTest::addColumn<QString>("position");
+        QTest::addColumn<QString>("order");
+        QTest::newRow("top") << u"top"_s << u"milk, bread, eggs, old"_s;
+        QTest::newRow("bottom") << u"bottom"_s << u"old, milk, bread, eggs"_s;
+    }
+    void addsATaskForEveryLine()
+    {
+        QFETCH(QString, position);
+        m_store->kit().defaults().set(Settings::newTaskPosition, position);
+        NewTaskContext context;
+        context.presetList = m_store->makeList(u"Shopping"_s);
+        QVERIFY(m_service->add(u"old"_s, context));
+        int saves = 0;
+        const auto counting =
+            m_store->kit().bus().registerEventBus([&saves](const StoreChange &) { ++saves; });
+        const auto made = m_service->createMutilTask(
+            u"- milk #New ~Weekend\n- [ ] milk\n\n2. bread tomorrow #new\n!high\neggs\nrice ~weekend"_s,
+            context);
+        QVERIFY(made);
+        QCOMPARE(saves, 1);
+        QCOMPARE(countOf("tags"), 1);
+        QCOMPARE(countOf("projects"), 3);
+        const auto titlesIn = [this](const QString &list) {
+            QStringList titles;
+            for (const KWTask *each : m_store->context().find<KWProject>(list)->orderedTasks())
+                titles.append((*each)->title);
+            return titles.join(u", "_s);
+        };
+        QTEST(titlesIn(*context.presetList), "order");
+        QCOMPARE(titlesIn(made->tasks.first().projectID), u"milk, rice"_s);
+        QCOMPARE(made->tasks.size(), 5);
+        QCOMPARE(made->tasks[2].title, u"bread"_s);
+        QCOMPARE(made->tasks[2].startDate, at("2030-05-02 00:00", "Europe/Berlin"));
+
+        QVERIFY(made->undo.undo(m_store->kit().manager()));
+        QCOMPARE(titlesIn(*context.presetList), u"old"_s);
+    }
+
+    void addsAllLinesOrNone()
+    {
+        const QString line = u"one\n"_s;
+        QVERIFY(isRefused(m_service->createMutilTask(line.repeated(10'001)), u"10"_s));
+        QVERIFY(isRefused(m_service->createMutilTask(u"#a\n!high"_s), u"titles"_s));
+        QVERIFY(isRefused(m_service->createMutilTask(u" \n"_s), u"white space"_s));
+        bool failed = true;
+        int write = 1;
+        for (; failed; ++write) {
+            FailingWrites writes;
+            StoreFixture store;
+            NewTaskService service{store.kit()};
+            writes.failAt(write);
+            const auto made = service.createMutilTask(u"one #a\ntwo ~Weekend"_s);
+            failed = writes.hasFailed();
+            QCOMPARE(bool(made), !failed);
+            for (const char *counted : {"SELECT count(*) FROM tasks", "SELECT 2 * count(*) FROM tags",
+                                        "SELECT 2 * (count(*) - 1) FROM projects"})
+                QCOMPARE(store.context().number(counted), failed ? 0 : 2);
+        }
+        QVERIFY2(write > 3, "more than one write was to fail");
+        QCOMPARE(countOf("tasks") + countOf("tags"), 0);
     }
 
     void refusesWhatLeavesNoTitle_data() { addCaseRows("tokens/untitled.txt", 2); }
