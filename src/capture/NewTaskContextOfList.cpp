@@ -31,8 +31,11 @@ std::optional<Day> dayOf(const QString &smartListID, const CXClock &clock)
 // The first of its lists that takes tasks.
 std::optional<QString> listOfFolder(const QString &folderID, const QString &userID, ObjectContext &context)
 {
-    for (const KWProject *each : KWProject::orderedOpenProjects(userID, context))
-        if ((*each)->groupID == folderID && mayTakeTasks(each)) return each->sid();
+    for (const KWProject *each :
+         context.fetch<KWProject>({.where = "userID = ? AND groupID = ? AND isDeleted = 0 AND closed = 0",
+         .values = {userID, folderID},
+         .orderBy = "sortOrder, sid"}))
+        if (mayTakeTasks(each)) return each->sid();
     return std::nullopt;
 }
 
