@@ -56,6 +56,27 @@ private Q_SLOTS:
         QCOMPARE(textOf(dimmed), cells[2]);
     }
 
+    void comparesAndDescribes()
+    {
+        const auto make = [](const QString &cell) { return entitiesOf(cell).first(); };
+        const auto date = make(u"d2+3"_s);
+        QVERIFY(*date == *make(u"d2+3"_s));
+        for (const QString &other : {u"d2+4"_s, u"d3+3"_s, u"t2+3"_s})
+            QVERIFY2(!(*date == *make(other)), qPrintable(other));
+        const auto dimmed = make(u"d2+3"_s);
+        dimmed->setHighlighted(false);
+        QVERIFY(!(*date == *dimmed) && date->isEqualToTextEntityIngoringHighlighted(*dimmed));
+        const KWTextEntity plain{date->range(), date->text(), KWTextEntity::Date};
+        QVERIFY2(!(*date == plain), "of another class");
+        QCOMPARE(date->description(), u"range: {2, 3}, text: cde, type: other, highlighted: YES"_s);
+        QVERIFY(make(u"t0+2"_s)->description().contains(u"type: tag"));
+        QVERIFY(dimmed->description().endsWith(u"NO"));
+
+        const auto tag = tagsAt(u"2+3"_s, u"x #ab"_s).first();
+        QCOMPARE(tag->tagName(), u"ab"_s);
+        QCOMPARE(textOf(QList{tag->rangeOfTagName()}), u"3+2"_s);
+    }
+
     void sortsTheLastFirst()
     {
         QCOMPARE(textOf(KWTextEntity::reversedTextEntities(entitiesOf(u"d2+1 t8+1 d0+1 t2+4"_s))),
