@@ -7,6 +7,7 @@
 #include "model/text/UnicodeText.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -15,6 +16,18 @@ QStringView contentOf(const KWCandidateEntity &token) { return QStringView{token
 bool standsAfterWhiteSpace(QStringView text, qsizetype position)
 {
     return position == 0 || text[position - 1].isSpace();
+}
+
+// "~ten minutes": the mark says "about".
+bool beginsWithNumber(QStringView text)
+{
+    static constexpr std::array<QStringView, 21> numbers{
+        u"one",    u"two",   u"three", u"four",   u"five",   u"six",     u"seven",
+        u"eight",  u"nine",  u"ten",   u"eleven", u"twelve", u"fifteen", u"twenty",
+        u"thirty", u"forty", u"fifty", u"sixty",  u"ninety", u"hundred", u"half"};
+    return std::ranges::any_of(numbers, [text](QStringView number) {
+        return text.startsWith(number, Qt::CaseInsensitive) && isWordBoundary(text, number.size());
+    });
 }
 
 TextRange rangeOf(const RecognizedPiece &piece) { return {piece.location, piece.length}; }
@@ -103,7 +116,7 @@ QList<KWCandidateEntity> TitleReading::listTokens() const
 bool TitleReading::mayNameNewList(const KWCandidateEntity &token) const
 {
     return standsAfterWhiteSpace(m_text, token.range.location) &&
-           QChar::isLetter(characterAt(token.string, 1));
+           QChar::isLetter(characterAt(token.string, 1)) && !beginsWithNumber(contentOf(token));
 }
 
 void TitleReading::readTags()

@@ -13,8 +13,8 @@ class CXClock;
 /// - A priority is "!" and a priority's label. Of several the last counts, and all are cut.
 /// - A list is "~" or "^" and the longest name of a list that the token begins with. Of several the last
 ///   counts, and all are cut. A last token that names no list, stands after white space and begins with a
-///   letter names a list that is to be made: its name reaches to the next piece, to a word that begins
-///   with "@", or to the token's end.
+///   letter, but not with a number in words, names a list that is to be made: its name reaches to the next
+///   piece, to a word that begins with "@", or to the token's end.
 /// - An assignee is "@" after white space and the longest name of a member of the task's list that follows.
 ///   Of several the last counts, and all are cut.
 /// - A date is what NLPNativeTitleParser finds outside of these; a "*" right before it belongs to it.
