@@ -41,8 +41,9 @@ std::optional<LocalDay> Calendar::validated(year_month_day date)
 std::optional<LocalDay> Calendar::resolve(const DayReference &reference, Today plainWeekday) const
 {
     const auto day = unmoved(reference, plainWeekday);
-    if (!day || reference.offset.amount == 0 || reference.kind == DayReference::Kind::Holiday) return day;
-    return moved(*day, reference.offset);
+    if (!day || reference.offset.amount == 0) return day;
+    const auto result = moved(*day, reference.offset);
+    return result && *result >= m_today ? result : std::nullopt;
 }
 
 std::optional<LocalDay> Calendar::unmoved(const DayReference &reference, Today plainWeekday) const
@@ -68,6 +69,7 @@ std::optional<LocalDay> Calendar::unmoved(const DayReference &reference, Today p
     case Kind::FirstOf:
         return firstOf(reference.offset.unit, reference.periodsAhead);
     case Kind::LastOf:
+        if (reference.month != 0) return lastOfMonth(reference);
         return firstOf(reference.offset.unit, reference.periodsAhead + 1) - days{1};
     case Kind::Weekend: {
         const LocalDay saturday = nextWeekday(6, Today::Included);
@@ -147,15 +149,26 @@ std::optional<LocalDay> Calendar::nthWeekday(const DayReference &reference) cons
     return std::nullopt;
 }
 
+std::optional<LocalDay> Calendar::lastOfMonth(const DayReference &reference) const
+{
+    const year current = year_month_day{m_today}.year();
+    const auto lastOf = [&](year candidate) { return LocalDay{candidate / month{reference.month} / last}; };
+    if (reference.year != 0) return validated(year_month_day{lastOf(year{reference.year})});
+    const LocalDay day = lastOf(current);
+    return validated(year_month_day{day >= m_today ? day : lastOf(current + years{1})});
+}
+
 std::optional<LocalDay> Calendar::holiday(const DayReference &reference) const
 {
-    const year current = year_month_day{m_today}.year() + years{reference.periodsAhead};
+    const bool isFixed = reference.year != 0;
+    const year current =
+        isFixed ? year{reference.year} : year_month_day{m_today}.year() + years{reference.periodsAhead};
     for (const year candidate : {current, current + years{1}}) {
         const auto base = reference.month == 0 ? easterSunday(candidate)
                                                : nthWeekdayOf(candidate / month{reference.month}, reference);
         if (!base) continue;
-        const LocalDay day = *base + days{reference.offset.amount};
-        if (day >= m_today) return validated(year_month_day{day});
+        const LocalDay day = *base + days{reference.shift};
+        if (day >= m_today || isFixed) return validated(year_month_day{day});
     }
     return std::nullopt;
 }

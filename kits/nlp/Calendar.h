@@ -37,6 +37,7 @@ private:
     std::optional<LocalDay> date(const DayReference &reference) const;
     std::optional<LocalDay> dayOfMonth(int day, int monthsAhead) const;
     std::optional<LocalDay> nthWeekday(const DayReference &reference) const;
+    std::optional<LocalDay> lastOfMonth(const DayReference &reference) const;
     std::optional<LocalDay> holiday(const DayReference &reference) const;
     std::optional<LocalDay> unmoved(const DayReference &reference, Today plainWeekday) const;
 

@@ -100,6 +100,13 @@ bool nextWeekday(const Match &match, Fragment &fragment)
     return setWeekday(fragment, Kind::NextWeekday, weekdayIn(match), match.value(Symbol::Next));
 }
 
+bool numberedWeekday(const Match &match, Fragment &fragment)
+{
+    const int weekday = match.value(Symbol::Number);
+    return match.digits() == 1 && weekday >= 1 && weekday <= 6 &&
+           setWeekday(fragment, Kind::Weekday, weekday, 0);
+}
+
 bool weekdayOfWeek(const Match &match, Fragment &fragment)
 {
     if (Unit(match.value(Symbol::Unit)) != Unit::Week) return false;
@@ -161,6 +168,14 @@ bool numericDate(const Match &match, Fragment &fragment)
     return setDate(fragment, yearOrNone, month, day) || setDate(fragment, yearOrNone, day, month);
 }
 
+bool dayAndMonth(const Match &match, Fragment &fragment)
+{
+    const Fragment time = match.fragment(Symbol::Clock);
+    if (!setDate(fragment, 0, match.value(Symbol::Number, 1), match.value(Symbol::Number))) return false;
+    fragment.merge(time);
+    return true;
+}
+
 bool numberedMonthAndDay(const Match &match, Fragment &fragment)
 {
     fragment.day.periodsAhead = std::int16_t(match.value(Symbol::RelativeYear));
@@ -169,12 +184,16 @@ bool numberedMonthAndDay(const Match &match, Fragment &fragment)
 
 bool firstOfYear(const Match &match, Fragment &fragment)
 {
-    return setPeriod(fragment, Kind::FirstOf, Unit::Year, match.value(Symbol::RelativeYear));
+    // That of this year has passed.
+    const int yearsAhead = match.value(Symbol::RelativeYear);
+    return yearsAhead > 0 && setPeriod(fragment, Kind::FirstOf, Unit::Year, yearsAhead);
 }
 
 bool dayOfMonth(const Match &match, Fragment &fragment)
 {
-    if (match.isSpelled(Symbol::Ordinal)) return false;
+    // "The first" and "the second" may be any of several things.
+    const bool saysDay = match.has(Symbol::The) && dayNumber(match) > 2;
+    if (match.isSpelled(Symbol::Ordinal) && !saysDay) return false;
     const bool namesMonth = match.has(Symbol::Next) || match.has(Symbol::This);
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
     return setDayOfMonth(fragment, dayNumber(match), namesMonth ? match.value(Symbol::Next) : -1);
@@ -202,13 +221,17 @@ bool nthWeekdayOfMonth(const Match &match, Fragment &fragment)
 
 bool holiday(const Match &match, Fragment &fragment)
 {
-    const Holiday holiday = Holiday::fromValue(match.value(Symbol::Holiday));
+    const Symbol symbol = match.has(Symbol::HolidayDate) ? Symbol::HolidayDate : Symbol::Holiday;
+    const Holiday holiday = Holiday::fromValue(match.value(symbol));
+    const int year = match.value(Symbol::Number);
+    if (match.has(Symbol::Number) && !isFullYear(year, match.digits())) return false;
     fragment.day.periodsAhead = std::int16_t(match.value(Symbol::RelativeYear));
-    if (holiday.isFixed()) return setDate(fragment, 0, holiday.month, holiday.day);
+    if (holiday.isFixed()) return setDate(fragment, year, holiday.month, holiday.day);
     setWeekday(fragment, Kind::Holiday, holiday.weekday, match.value(Symbol::RelativeYear));
     fragment.day.month = std::uint8_t(holiday.month);
     fragment.day.nth = std::int8_t(holiday.nth);
-    fragment.day.offset = {holiday.shift, Unit::Day};
+    fragment.day.year = std::int16_t(year);
+    fragment.day.shift = std::int8_t(holiday.shift);
     return true;
 }
 
@@ -219,7 +242,36 @@ bool firstOfPeriod(const Match &match, Fragment &fragment)
 
 bool lastOfPeriod(const Match &match, Fragment &fragment)
 {
-    return setPeriod(fragment, Kind::LastOf, Unit(match.value(Symbol::Unit)), match.value(Symbol::Next));
+    const int periodsAhead =
+        match.has(Symbol::RelativeYear) ? match.value(Symbol::RelativeYear) : match.value(Symbol::Next);
+    const Unit unit = match.has(Symbol::Unit) ? Unit(match.value(Symbol::Unit)) : Unit::Year;
+    if (match.has(Symbol::RelativeYear) && unit != Unit::Year) return false;
+    return setPeriod(fragment, Kind::LastOf, unit, periodsAhead);
+}
+
+bool edgeOfMonth(const Match &match, Fragment &fragment)
+{
+    const bool isNamed = match.has(Symbol::Month);
+    const int month = isNamed ? match.value(Symbol::Month) : match.value(Symbol::Number);
+    const bool hasYear = isNamed && match.has(Symbol::Number);
+    const int year = hasYear ? match.value(Symbol::Number) : 0;
+    if (hasYear && !isFullYear(year, match.digits())) return false;
+    const int day = match.has(Symbol::MonthPart) ? match.value(Symbol::MonthPart) : 1;
+    if (!setDate(fragment, year, month, day)) return false;
+    if (match.has(Symbol::EndOf)) fragment.day.kind = Kind::LastOf;
+    return true;
+}
+
+bool partOfPeriod(const Match &match, Fragment &fragment)
+{
+    const Unit unit = Unit(match.value(Symbol::Unit));
+    const bool namesPeriod = match.has(Symbol::Next) || match.has(Symbol::This);
+    const int periodsAhead = match.value(Symbol::Next);
+    if (unit == Unit::Month)
+        return setDayOfMonth(fragment, match.value(Symbol::MonthPart), namesPeriod ? periodsAhead : -1);
+    constexpr int middleOfWeek = 3;
+    return unit == Unit::Week && periodsAhead > 0 &&
+           setWeekday(fragment, Kind::NextWeekday, middleOfWeek, periodsAhead);
 }
 
 bool lastDayOfPeriod(const Match &match, Fragment &fragment)
@@ -255,12 +307,15 @@ bool minutesAhead(const Match &match, Fragment &fragment)
     return fragment.day.offset.isBelowOneDay();
 }
 
-bool quantityAfterDay(const Match &match, Fragment &fragment)
+bool quantityBesideDay(const Match &match, Fragment &fragment)
 {
-    const Fragment &day = match.fragment(Symbol::Day);
+    Fragment day = match.fragment(Symbol::Day);
+    if (match.has(Symbol::Holiday) && !holiday(match, day)) return false;
     Quantity length = match.fragment(Symbol::Quantity).length;
+    if (match.has(Symbol::Unit)) length = {1, Unit(match.value(Symbol::Unit))};
     if (day.slots != DaySlot || length.isBelowOneDay()) return false;
     if (day.day.kind == Kind::FirstOf || day.day.kind == Kind::LastOf) return false;
+    if (match.has(Symbol::Before)) length.amount = -length.amount;
     if (day.day.offset.amount != 0) {
         if (day.day.offset.unit != Unit::Day || length.unit > Unit::Week) return false;
         length = {day.day.offset.amount + length.amount * (length.unit == Unit::Week ? 7 : 1), Unit::Day};
@@ -281,6 +336,64 @@ bool dayRange(const Match &match, Fragment &fragment)
     setRange(fragment);
     fragment.day = match.fragment(first).day;
     fragment.endDay = match.fragment(last, first == last ? 1 : 0).day;
+    return true;
+}
+
+bool neighbouringDays(const Match &match, Fragment &fragment)
+{
+    const DayReference &first = match.fragment(Symbol::Day, 0).day;
+    const DayReference &last = match.fragment(Symbol::Day, 1).day;
+    const bool areCounted = first.kind == Kind::Ahead && last.kind == Kind::Ahead;
+    if (!areCounted || last.offset.unit != Unit::Day || first.offset.unit != Unit::Day) return false;
+    return last.offset.amount == first.offset.amount + 1 && dayRange(match, fragment);
+}
+
+bool neighbouringDaysOfMonth(const Match &match, Fragment &fragment)
+{
+    return daysOfMonthRange(match, fragment) && fragment.endDay.day == fragment.day.day + 1;
+}
+
+bool partedDays(const Match &match, Fragment &fragment)
+{
+    const auto isWeekday = [&](int nth) {
+        return match.fragment(Symbol::Day, nth).day.kind == Kind::Weekday;
+    };
+    Fragment range;
+    const bool areWeekdays = isWeekday(0) && isWeekday(1); // they make a WeekdayList
+    return !areWeekdays && !neighbouringDays(match, range) && unclearDay(match, fragment);
+}
+
+bool partedDaysOfMonth(const Match &match, Fragment &fragment)
+{
+    Fragment range;
+    return !neighbouringDaysOfMonth(match, range) && unclearDay(match, fragment);
+}
+
+// "周一三五" are weekdays.
+bool weekdayBeforeNumber(const Match &match, Fragment &fragment)
+{
+    return !match.isIdeographic() && unclearDay(match, fragment);
+}
+
+bool weekdaysOfWeek(const Match &match, Fragment &fragment)
+{
+    if (Unit(match.value(Symbol::Unit)) != Unit::Week) return false;
+    const int weeksAhead = match.value(Symbol::Next);
+    const int first = match.fragment(Symbol::AnyWeekday, 0).day.weekday;
+    const int last = match.fragment(Symbol::AnyWeekday, 1).day.weekday;
+    setWeekday(fragment, Kind::NextWeekday, last, weeksAhead);
+    fragment.endDay = fragment.day;
+    setWeekday(fragment, Kind::NextWeekday, first, weeksAhead);
+    setRange(fragment);
+    return true;
+}
+
+bool weekendDays(const Match &match, Fragment &fragment)
+{
+    setWeekday(fragment, Kind::Weekday, 0, 0);
+    fragment.endDay = fragment.day;
+    weekend(match, fragment);
+    setRange(fragment);
     return true;
 }
 

@@ -17,6 +17,7 @@ int hourWithin(DayPart part, int hour)
     case DayPart::Evening:
         return hour % 12 < 3 ? hour % 12 + 24 : hour + 12;
     case DayPart::Night:
+    case DayPart::Midnight:
         return hour % 12 < 5 ? hour % 12 + 24 : hour + 12;
     case DayPart::None:
         break;
@@ -29,7 +30,7 @@ int hourWithin(DayPart part, int hour)
 ClockReference ClockReference::within(DayPart part) const
 {
     // The midnight of an evening is the one that ends it.
-    const bool isAfterMidnight = hour == 0 && (part == DayPart::Evening || part == DayPart::Night);
+    const bool isAfterMidnight = hour == 0 && part >= DayPart::Evening;
     if (isAfterMidnight) return {24, minute, Certainty::Certain};
     if (certainty == Certainty::Certain || part == DayPart::None) return *this;
     return {std::uint8_t(hourWithin(part, hour)), minute, Certainty::Certain};

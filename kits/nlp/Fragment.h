@@ -7,7 +7,8 @@ namespace nlp {
 
 enum class Unit : std::uint8_t { Minute, Hour, Day, Week, Month, Year };
 
-enum class DayPart : std::uint8_t { None, Dawn, Morning, Noon, Afternoon, Evening, Night };
+/// The settings have a time for all but Dawn and Midnight.
+enum class DayPart : std::uint8_t { None, Dawn, Morning, Noon, Afternoon, Evening, Night, Midnight };
 
 /// A span of time: minutes up to years.
 struct Quantity {
@@ -28,9 +29,9 @@ struct DayReference {
         DayOfMonth,  ///< `day` of the month `periodsAhead` months on; -1 is the next such day
         NthWeekday,  ///< the `nth` `weekday` of `month`; of month 0 as DayOfMonth has it
         FirstOf,     ///< the first day of the week, month or year `periodsAhead` on
-        LastOf,      ///< the last day of the same
+        LastOf,      ///< the last day of the same, or of `month`: the next such day, or that of `year`
         Weekend,     ///< the coming Saturday, or the one `periodsAhead` weeks after it
-        Holiday,     ///< `offset` from the `nth` `weekday` of `month`, of month 0 from Easter Sunday: the
+        Holiday,     ///< `shift` days from the `nth` `weekday` of `month`, of month 0 from Easter Sunday: the
                      ///< next such day, or that `periodsAhead` years on
     };
     Kind kind = Kind::Ahead;
@@ -40,7 +41,8 @@ struct DayReference {
     std::int8_t nth = 0; ///< 1 … 5, -1 = the last
     std::int16_t year = 0;
     std::int16_t periodsAhead = 0;
-    Quantity offset; ///< what to add to the day itself
+    std::int8_t shift = 0; ///< of a Holiday
+    Quantity offset;       ///< what to add to the day itself
 };
 
 /// A time of day as the text names it.
@@ -82,6 +84,8 @@ enum Slot : unsigned {
     UntilSlot = 1 << 8,
     ReminderSlot = 1 << 9,
     BygoneSlot = 1 << 10,
+    UnclearSlot = 1 << 11,                                  ///< no single date is meant
+    UnclearDaySlot = 1 << 12,                               ///< nor is it known on which day a time is
     DurationSlots = LengthSlot | EndDaySlot | EndClockSlot, ///< a length leaves no other end
 };
 

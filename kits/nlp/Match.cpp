@@ -21,9 +21,9 @@ int Match::digits(int nth) const
     return capture == nullptr ? 0 : capture->digits;
 }
 
-bool Match::isSpelled(Symbol symbol) const
+bool Match::isSpelled(Symbol symbol, int nth) const
 {
-    const Capture *capture = find(symbol, 0);
+    const Capture *capture = find(symbol, nth);
     return capture != nullptr && capture->kind == TokenKind::Word;
 }
 

@@ -31,8 +31,8 @@ public:
     /// How many digits the `nth` number was written with, 0 when it was written in words.
     int digits(int nth = 0) const;
 
-    /// True when the first number or ordinal was written as a word: "five", "second".
-    bool isSpelled(Symbol symbol) const;
+    /// True when the `nth` number or ordinal was written as a word: "five", "second".
+    bool isSpelled(Symbol symbol, int nth = 0) const;
 
     /// True when the first number was written in ideographs.
     bool isIdeographic() const;

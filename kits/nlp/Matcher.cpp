@@ -54,6 +54,7 @@ void Matcher::tryRule(const Rule &rule, std::uint32_t index, SymbolSet &pending)
     const bool isClosed = isClosedBefore(m_end);
     if (rule.guard == Guard::Closes && !isClosed) return;
     if (rule.guard == Guard::NotCounted && isCountedAt(m_end)) return;
+    if (rule.guard == Guard::Ends && !isLastBefore(m_end)) return;
     if (rule.guard == Guard::Longest && isBeginningOfLonger(index, m_end)) return;
     match.setClosed(isClosed);
     Phrase phrase{rule.product, index, m_end, {}};
@@ -119,12 +120,23 @@ bool Matcher::isClosedBefore(std::uint32_t index) const
     const Token &token = m_tokens[index];
     switch (token.kind) {
     case TokenKind::Word:
-        return !token.isUnknownWord() && !token.means(Symbol::Measure) && !token.means(Symbol::Unit);
+        return !token.isUnknownWord() && !token.means(Symbol::Measure) && !token.means(Symbol::Unit) &&
+               !token.means(Symbol::Meridiem);
     case TokenKind::Number:
         return (*m_places)[index].count > 0;
+    case TokenKind::Ideograph:
+        return !token.touchesPrevious || !(isThingAt(index) || token.means(Symbol::HourMark));
+    case TokenKind::Sign:
+        return !token.means(Symbol::Colon) && !token.means(Symbol::Dot);
     default:
         return true;
     }
+}
+
+bool Matcher::isLastBefore(std::uint32_t index) const
+{
+    return index >= m_tokens.size() || m_tokens[index].kind == TokenKind::Sign ||
+           m_tokens[index].kind == TokenKind::Opaque;
 }
 
 bool Matcher::isBeginningOfLonger(std::uint32_t index, std::uint32_t end) const
@@ -136,11 +148,39 @@ bool Matcher::isBeginningOfLonger(std::uint32_t index, std::uint32_t end) const
 
 bool Matcher::isCountedAt(std::uint32_t index) const
 {
+    // "3-5 people"
+    if (meansAt(index, Symbol::To) && isNumberAt(index + 1)) return isThingAt(index + 2);
     if (index >= m_tokens.size()) return false;
     const Token &token = m_tokens[index];
     if (token.kind == TokenKind::Word && token.means(Symbol::Of)) return true; // "2/3 of the budget"
-    return token.means(Symbol::Measure) || token.means(Symbol::Unit) || token.means(Symbol::Counter) ||
-           token.means(Symbol::HourMark) || token.means(Symbol::MonthMark);
+    if (isNumberAt(index) && token.touchesPrevious) return meansAt(index + 1, Symbol::Measure); // "四点五米"
+    return isThingAt(index) || isStreetAt(index) || token.means(Symbol::HourMark) ||
+           token.means(Symbol::MonthMark) || token.means(Symbol::Colon) || token.means(Symbol::Meridiem);
+}
+
+bool Matcher::isThingAt(std::uint32_t index) const
+{
+    return meansAt(index, Symbol::Measure) || meansAt(index, Symbol::Unit) ||
+           meansAt(index, Symbol::Counter) || meansAt(index, Symbol::CountMark);
+}
+
+bool Matcher::isStreetAt(std::uint32_t index) const
+{
+    constexpr std::uint32_t longestName = 3;
+    const std::uint32_t end = index + longestName;
+    while (index < end && index < m_tokens.size() && m_tokens[index].isUnknownWord())
+        ++index;
+    return meansAt(index, Symbol::Street);
+}
+
+bool Matcher::meansAt(std::uint32_t index, Symbol symbol) const
+{
+    return index < m_tokens.size() && m_tokens[index].means(symbol);
+}
+
+bool Matcher::isNumberAt(std::uint32_t index) const
+{
+    return index < m_tokens.size() && m_tokens[index].kind == TokenKind::Number;
 }
 
 } // namespace nlp

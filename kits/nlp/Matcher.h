@@ -35,7 +35,12 @@ private:
     void keep(const Phrase &phrase, SymbolSet &pending);
     const Phrase *phraseAt(std::uint32_t index, Symbol symbol) const;
     bool isClosedBefore(std::uint32_t index) const;
+    bool isLastBefore(std::uint32_t index) const;
     bool isCountedAt(std::uint32_t index) const;
+    bool isThingAt(std::uint32_t index) const;
+    bool isStreetAt(std::uint32_t index) const;
+    bool meansAt(std::uint32_t index, Symbol symbol) const;
+    bool isNumberAt(std::uint32_t index) const;
     bool isBeginningOfLonger(std::uint32_t index, std::uint32_t end) const;
 
     const Grammar &m_grammar;

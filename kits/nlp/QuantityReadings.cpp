@@ -79,6 +79,21 @@ bool duration(const Match &match, Fragment &fragment)
     return true;
 }
 
+bool fortnight(const Match &, Fragment &fragment) { return setQuantity(fragment.length, 2, Unit::Week); }
+
+bool uncountedDuration(const Match &match, Fragment &fragment)
+{
+    return duration(match, fragment) && fragment.length.isBelowOneDay();
+}
+
+bool durationAfterTime(const Match &match, Fragment &fragment)
+{
+    const unsigned time = match.fragment(Symbol::Clock).slots;
+    if (!uncountedDuration(match, fragment)) return false;
+    inner(match, fragment);
+    return time != 0;
+}
+
 bool lead(const Match &match, Fragment &fragment)
 {
     fragment.slots = ReminderSlot;
@@ -111,6 +126,18 @@ bool inner(const Match &match, Fragment &fragment)
 bool bygone(const Match &, Fragment &fragment)
 {
     fragment.slots = BygoneSlot;
+    return true;
+}
+
+bool unclear(const Match &, Fragment &fragment)
+{
+    fragment.slots = UnclearSlot;
+    return true;
+}
+
+bool unclearDay(const Match &, Fragment &fragment)
+{
+    fragment.slots = UnclearSlot | UnclearDaySlot;
     return true;
 }
 

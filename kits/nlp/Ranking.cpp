@@ -23,6 +23,7 @@ bool isPiece(Symbol symbol)
     case Symbol::Part:
     case Symbol::Combined:
     case Symbol::Bygone:
+    case Symbol::Unclear:
         return true;
     default:
         return false;
@@ -59,6 +60,7 @@ int rankOf(const Phrase &phrase)
     const auto fills = [&](unsigned slots) { return (fragment.slots & slots) != 0; };
     // These give other phrases' words another sense, so they come first.
     if (fills(ReminderSlot)) return 20;
+    if (fills(UnclearSlot)) return 18;
     if (fills(BygoneSlot)) return 13;
     if (fills(CountSlot | UntilSlot)) return 11;
     const int days = fills(RepeatSlot)                     ? 7
@@ -93,11 +95,59 @@ void Ranking::choose(std::span<const Phrase> phrases, std::vector<Candidate> &ch
     for (const Phrase &phrase : phrases)
         if (isPiece(phrase.symbol) && standsFree(phrase))
             chosen.push_back({&phrase, saysWhich(phrase), rankOf(phrase)});
+    dropClarified(chosen);
+    silencePurposes(chosen);
     const unsigned filled = fillSlots(chosen);
-    std::erase_if(chosen,
-                  [&](const auto &candidate) { return !isAtHome(candidate.phrase->fragment, filled); });
+    const bool hasNoDay = (filled & UnclearDaySlot) != 0 && (filled & (DaySlot | RepeatSlot)) == 0;
+    std::erase_if(chosen, [&](const auto &candidate) {
+        return hasNoDay || !isAtHome(candidate.phrase->fragment, filled);
+    });
     std::sort(chosen.begin(), chosen.end(),
               [](const auto &a, const auto &b) { return a.phrase->begin < b.phrase->begin; });
+}
+
+// "Sat and sun" is unclear, but not within "every sat and sun".
+void Ranking::dropClarified(std::vector<Candidate> &candidates)
+{
+    // They come by their beginnings, the last first.
+    std::reverse(candidates.begin(), candidates.end());
+    std::uint32_t reach = 0; // of those that begin before `begin`
+    std::uint32_t reachHere = 0;
+    std::uint32_t begin = 0;
+    std::erase_if(candidates, [&](const Candidate &candidate) {
+        const Phrase &phrase = *candidate.phrase;
+        if (phrase.begin != begin) {
+            reach = std::max(reach, reachHere);
+            reachHere = 0;
+            begin = phrase.begin;
+        }
+        if (phrase.symbol == Symbol::Unclear) return reach >= phrase.end;
+        reachHere = std::max(reachHere, phrase.end);
+        return false;
+    });
+}
+
+// "Turkey for thanksgiving" says what for, where another day says when.
+void Ranking::silencePurposes(std::vector<Candidate> &candidates) const
+{
+    const auto isPurpose = [this](const Phrase &phrase) {
+        return phrase.symbol == Symbol::Day && m_tokens[phrase.begin].means(Symbol::For);
+    };
+    std::uint32_t end = 0; // of the last purpose: what begins within it is part of it
+    bool hasOtherDay = false;
+    bool hasPurpose = false;
+    for (const Candidate &candidate : candidates) {
+        const Phrase &phrase = *candidate.phrase;
+        if (isPurpose(phrase)) {
+            end = phrase.end;
+            hasPurpose = true;
+        } else if (phrase.begin >= end && (phrase.fragment.slots & DaySlot) != 0) {
+            hasOtherDay = true;
+        }
+    }
+    if (!hasPurpose || !hasOtherDay) return;
+    for (Candidate &candidate : candidates)
+        if (isPurpose(*candidate.phrase)) candidate.saysWhich = true;
 }
 
 unsigned Ranking::fillSlots(std::vector<Candidate> &candidates)
@@ -110,8 +160,10 @@ unsigned Ranking::fillSlots(std::vector<Candidate> &candidates)
         if (isClaimed(phrase)) return true;
         // A phrase that comes too late still owns its words: its time belongs to its day.
         std::fill(m_claimed.begin() + phrase.begin, m_claimed.begin() + phrase.end, 1);
-        if (candidate.saysWhich || (phrase.fragment.slots & (filled | BygoneSlot)) != 0) return true;
-        filled |= phrase.fragment.slots;
+        const unsigned slots = phrase.fragment.slots;
+        if ((slots & UnclearSlot) != 0) filled |= slots;
+        if (candidate.saysWhich || (slots & (filled | BygoneSlot)) != 0) return true;
+        filled |= slots;
         return false;
     });
     return filled;
@@ -216,6 +268,8 @@ bool Ranking::isCount(const Phrase &phrase) const
     if (!hasNumber || phrase.begin == 0) return false;
     // A day whose month is none is no day either.
     const Token &previous = m_tokens[phrase.begin - 1];
+    const bool isFraction = phrase.end - phrase.begin == 3 && m_tokens[phrase.begin + 1].means(Symbol::Slash);
+    if (isFraction && previous.kind == TokenKind::Number) return true; // "3 1/2"
     return previous.means(Symbol::ScoreWord) || (previous.means(Symbol::MonthMark) && first.touchesPrevious);
 }
 

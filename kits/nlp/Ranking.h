@@ -32,6 +32,8 @@ public:
     void choose(std::span<const Phrase> phrases, std::vector<Candidate> &chosen);
 
 private:
+    static void dropClarified(std::vector<Candidate> &candidates);
+    void silencePurposes(std::vector<Candidate> &candidates) const;
     unsigned fillSlots(std::vector<Candidate> &candidates);
     bool isClaimed(const Phrase &phrase) const;
     bool standsFree(const Phrase &phrase) const;

@@ -12,14 +12,19 @@ namespace readings {
 // Any product.
 bool inner(const Match &match, Fragment &fragment);
 bool bygone(const Match &match, Fragment &fragment);
+bool unclear(const Match &match, Fragment &fragment);
+bool unclearDay(const Match &match, Fragment &fragment); ///< nor does a time beside it have a day
 
 // Amounts: a number or "a", halves included, and a unit.
 bool quantity(const Match &match, Fragment &fragment);
 bool uncountedQuantity(const Match &match, Fragment &fragment); ///< without a counter: "3天"
 bool decimalQuantity(const Match &match, Fragment &fragment);
 bool halfQuantity(const Match &match, Fragment &fragment);
+bool fortnight(const Match &match, Fragment &fragment);
 bool quantityAndHalf(const Match &match, Fragment &fragment);
 bool duration(const Match &match, Fragment &fragment);
+bool uncountedDuration(const Match &match, Fragment &fragment); ///< below a day: "2小时"
+bool durationAfterTime(const Match &match, Fragment &fragment); ///< "3pm 1h"
 
 // Times of day.
 bool writtenTime(const Match &match, Fragment &fragment); ///< hour, minute, perhaps a.m. or p.m.
@@ -28,16 +33,22 @@ bool halfPast(const Match &match, Fragment &fragment);
 bool quarterPast(const Match &match, Fragment &fragment);
 bool quarterTo(const Match &match, Fragment &fragment);
 bool minutesPast(const Match &match, Fragment &fragment);
-bool minutesTo(const Match &match, Fragment &fragment); ///< "at ten to six"
+bool minutesTo(const Match &match, Fragment &fragment);      ///< "at ten to six"
+bool minutesLacking(const Match &match, Fragment &fragment); ///< "差五分十点"
+bool spelledTime(const Match &match, Fragment &fragment);    ///< "at five thirty"
 bool namedTime(const Match &match, Fragment &fragment);
 bool clockRange(const Match &match, Fragment &fragment);
 bool dayPart(const Match &match, Fragment &fragment);
 bool dayWithPart(const Match &match, Fragment &fragment);
 bool thisPart(const Match &match, Fragment &fragment);
+bool eveningOfDay(const Match &match, Fragment &fragment); ///< "周五晚"
+bool dayAndHour(const Match &match, Fragment &fragment);   ///< "tonight 9"
+bool dayAndHours(const Match &match, Fragment &fragment);  ///< "friday 3-5"
 
 // Days.
 bool relativeDay(const Match &match, Fragment &fragment);
 bool weekday(const Match &match, Fragment &fragment);
+bool numberedWeekday(const Match &match, Fragment &fragment); ///< "周4"
 bool thisWeekday(const Match &match, Fragment &fragment);
 bool nextWeekday(const Match &match, Fragment &fragment);
 bool weekdayOfWeek(const Match &match, Fragment &fragment); ///< "friday next week"
@@ -47,6 +58,7 @@ bool monthAndDay(const Match &match, Fragment &fragment);
 bool yearMonthDay(const Match &match, Fragment &fragment); ///< numbers in this order
 bool numericDate(const Match &match, Fragment &fragment);  ///< numbers in the order of the settings
 bool numberedMonthAndDay(const Match &match, Fragment &fragment);
+bool dayAndMonth(const Match &match, Fragment &fragment); ///< with a time: "30.11. 14:30"
 bool firstOfYear(const Match &match, Fragment &fragment);
 bool dayOfMonth(const Match &match, Fragment &fragment);
 bool dayOfMonthWithTime(const Match &match, Fragment &fragment);
@@ -60,16 +72,31 @@ bool comingPeriod(const Match &match, Fragment &fragment);    ///< the first day
 bool endOfPeriod(const Match &match, Fragment &fragment);     ///< of the one that a PeriodEnd names
 bool daysAhead(const Match &match, Fragment &fragment);
 bool minutesAhead(const Match &match, Fragment &fragment);
-bool quantityAfterDay(const Match &match, Fragment &fragment);
+bool quantityBesideDay(const Match &match, Fragment &fragment); ///< "2 days before christmas"
+bool edgeOfMonth(const Match &match, Fragment &fragment);       ///< "end of may"
+bool partOfPeriod(const Match &match, Fragment &fragment);      ///< "middle of next month"
 bool dayRange(const Match &match, Fragment &fragment);
 bool daysOfMonthRange(const Match &match, Fragment &fragment);
 bool daysOfComingMonthRange(const Match &match, Fragment &fragment);
 bool dayToDayOfMonth(const Match &match, Fragment &fragment);
+bool neighbouringDays(const Match &match, Fragment &fragment); ///< "today and tomorrow"
+bool neighbouringDaysOfMonth(const Match &match, Fragment &fragment);
+bool partedDays(const Match &match, Fragment &fragment); ///< no neighbours: no single date
+bool partedDaysOfMonth(const Match &match, Fragment &fragment);
+bool weekdayBeforeNumber(const Match &match, Fragment &fragment); ///< "friday 8"
+bool neighbouringWeekdays(const Match &match, Fragment &fragment);
+bool weekdaysOfWeek(const Match &match, Fragment &fragment); ///< "mon-wed next week"
+bool weekendDays(const Match &match, Fragment &fragment);
 
 // Repeats.
 bool weekdays(const Match &match, Fragment &fragment);
 bool weekdaySpan(const Match &match, Fragment &fragment);
 bool weekdayNumbers(const Match &match, Fragment &fragment);
+bool weekdayList(const Match &match, Fragment &fragment);
+bool weekdayNumberList(const Match &match, Fragment &fragment);    ///< "周一三五"
+bool listedWeekdays(const Match &match, Fragment &fragment);       ///< three or more
+bool listedWeekdayNumbers(const Match &match, Fragment &fragment); ///< no neighbours
+bool partedWeekdays(const Match &match, Fragment &fragment);       ///< two that are no neighbours
 bool everyUnit(const Match &match, Fragment &fragment);
 bool everySkippedUnit(const Match &match, Fragment &fragment);
 bool frequency(const Match &match, Fragment &fragment);
@@ -85,8 +112,10 @@ bool everyWeekend(const Match &match, Fragment &fragment);
 bool everyPart(const Match &match, Fragment &fragment);
 bool everyDayOfMonth(const Match &match, Fragment &fragment);
 bool everyLastDayOfMonth(const Match &match, Fragment &fragment);
+bool everyEdgeOfMonth(const Match &match, Fragment &fragment); ///< "end of every month"
 bool everyDate(const Match &match, Fragment &fragment);
 bool everyHoliday(const Match &match, Fragment &fragment); ///< one of a fixed date
+bool timesARound(const Match &match, Fragment &fragment); ///< "每周3次": on no known days; each day has one
 bool untilDay(const Match &match, Fragment &fragment);
 bool untilMonth(const Match &match, Fragment &fragment); ///< its first day included
 bool countOfTimes(const Match &match, Fragment &fragment);

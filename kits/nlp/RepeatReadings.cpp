@@ -2,6 +2,7 @@
 #include "nlp/Readings.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace nlp::readings {
 
@@ -28,6 +29,19 @@ bool setRepeat(Fragment &fragment, int interval, Unit unit)
     fragment.repeat.interval = interval;
     fragment.repeat.unit = unit;
     return true;
+}
+
+// The weekday named first and the one after it.
+bool areNeighbours(const Fragment &weekdays)
+{
+    const int first = weekdays.day.weekday;
+    return weekdays.repeat.weekdays == (weekdayBit(first) | weekdayBit((first + 1) % 7));
+}
+
+bool setWeekly(Fragment &fragment, const Fragment &weekdays)
+{
+    fragment.repeat.weekdays = weekdays.repeat.weekdays;
+    return setRepeat(fragment, 1, Unit::Week);
 }
 
 int intervalOf(const Match &match)
@@ -75,6 +89,56 @@ bool weekdayNumbers(const Match &match, Fragment &fragment)
     }
     fragment.repeat.weekdays |= match.fragment(Symbol::WeekdayTail).repeat.weekdays;
     return true;
+}
+
+bool weekdayList(const Match &match, Fragment &fragment)
+{
+    fragment.day = match.fragment(Symbol::AnyWeekday).day;
+    fragment.repeat.weekdays =
+        weekdayBit(fragment.day.weekday) | match.fragment(Symbol::WeekdayList).repeat.weekdays;
+    if (match.has(Symbol::AnyWeekday, 1))
+        fragment.repeat.weekdays |= weekdayBit(match.fragment(Symbol::AnyWeekday, 1).day.weekday);
+    return true;
+}
+
+bool weekdayNumberList(const Match &match, Fragment &fragment)
+{
+    fragment.day = match.fragment(Symbol::AnyWeekday).day;
+    const int first = fragment.day.weekday;
+    const std::uint8_t further = match.fragment(Symbol::WeekdayTail).repeat.weekdays;
+    fragment.repeat.weekdays = weekdayBit(first) | further;
+    return first != 0 && further > weekdayBit(first) && (further & (weekdayBit(first + 1) - 1)) == 0;
+}
+
+bool listedWeekdays(const Match &match, Fragment &fragment)
+{
+    const Fragment &list = match.fragment(Symbol::WeekdayList);
+    return std::popcount(list.repeat.weekdays) >= 3 && setWeekly(fragment, list);
+}
+
+bool listedWeekdayNumbers(const Match &match, Fragment &fragment)
+{
+    Fragment list;
+    return weekdayNumberList(match, list) && !areNeighbours(list) && setWeekly(fragment, list);
+}
+
+bool neighbouringWeekdays(const Match &match, Fragment &fragment)
+{
+    Fragment list = match.fragment(Symbol::WeekdayList);
+    if (match.has(Symbol::WeekdayTail) && !weekdayNumberList(match, list)) return false;
+    if (!areNeighbours(list)) return false;
+    fragment.slots = DaySlot | EndDaySlot;
+    fragment.day = list.day;
+    fragment.endDay = list.day;
+    fragment.endDay.weekday = std::uint8_t((list.day.weekday + 1) % 7);
+    return true;
+}
+
+bool partedWeekdays(const Match &match, Fragment &fragment)
+{
+    const Fragment &list = match.fragment(Symbol::WeekdayList);
+    fragment.slots = UnclearSlot | UnclearDaySlot;
+    return std::popcount(list.repeat.weekdays) == 2 && !areNeighbours(list);
 }
 
 bool everyUnit(const Match &match, Fragment &fragment)
@@ -198,6 +262,12 @@ bool everyLastDayOfMonth(const Match &match, Fragment &fragment)
     return fragment.repeat.unit == Unit::Month;
 }
 
+bool everyEdgeOfMonth(const Match &match, Fragment &fragment)
+{
+    fragment.repeat.monthDay = match.has(Symbol::EndOf) ? -1 : 1;
+    return Unit(match.value(Symbol::Unit)) == Unit::Month && setRepeat(fragment, 1, Unit::Month);
+}
+
 bool everyDate(const Match &match, Fragment &fragment)
 {
     const DayReference &date = match.fragment(Symbol::Date).day;
@@ -209,6 +279,11 @@ bool everyHoliday(const Match &match, Fragment &fragment)
     Fragment named;
     holiday(match, named);
     return named.day.kind == DayReference::Kind::Date && setEveryDate(match, fragment, named.day);
+}
+
+bool timesARound(const Match &match, Fragment &fragment)
+{
+    return match.fragment(Symbol::EveryUnit).repeat.unit != Unit::Day && unclearDay(match, fragment);
 }
 
 bool untilDay(const Match &match, Fragment &fragment)

@@ -19,6 +19,7 @@ enum class Symbol : std::uint8_t {
     Colon,
     Slash,
     Dot,
+    FullStop, ///< a dot that touches only what stands before
     Hyphen,
     AtSign,   ///< "@" before a time
     TimeMark, ///< the T between the date and the time of ISO 8601
@@ -42,7 +43,10 @@ enum class Symbol : std::uint8_t {
     Remind,           ///< 1 when the word alone asks for a reminder, 0 when it needs to be told how early
     Next,             ///< weeks, months … ahead
     Holiday,          ///< a nlp::Holiday
+    HolidayDate,      ///< the same, for a name that says it is a day ("christmas eve")
     PeriodEnd,        ///< a nlp::Unit, for a word that names its end ("eod")
+    MonthPart,        ///< the day of the month that stands for a part of it ("mid")
+    ClockPart,        ///< a nlp::DayPart, for a word that needs a time or a day before it ("晚")
     Article,          ///< "a": the amount it stands for
 
     // Words that only join.
@@ -50,6 +54,7 @@ enum class Symbol : std::uint8_t {
     Half,
     Quarter,
     Past,
+    Lacking, ///< what is missing to the full hour
     To,
     From,
     Onwards,
@@ -70,19 +75,24 @@ enum class Symbol : std::uint8_t {
     The,
     Of,
     And,
+    Or,
     For,
     Until,
     Times,
     Before,
+    After,
     Advance,
     EndOf,
     StartOf,
     LastDay,
+    Fortnight,
     Weekend,
     FreeWeekend, ///< one that says when on its own
+    WeekendDays, ///< one that names both days
     Workday,
     PastDay,
     YearMark,
+    WeekMark,
     MonthMark,
     DayMark,
     HourMark,
@@ -92,6 +102,12 @@ enum class Symbol : std::uint8_t {
     FunctionWord, ///< a word that may follow a date without belonging to it ("with")
     Measure,      ///< a thing that is counted ("pages"): a number before it is no date
     ScoreWord,    ///< a word after which numbers are no times ("ratio")
+    Street,       ///< the end of a street's name: the number before it is that of a house
+    Zone,         ///< a time zone: the time before it is another place's
+    Possessive,   ///< whose it is: a day behind it says which
+    Copula,       ///< "is": a day on either side is a statement
+    Lunar,        ///< of the lunar calendar
+    Vague,        ///< a span of a year that begins on no known day ("春天")
 
     // Products.
     Quantity,
@@ -99,11 +115,13 @@ enum class Symbol : std::uint8_t {
     Clock,
     ClockRange,
     Date,
+    LunarDate,
     NthDay,
     Day,
-    DayRange,
     WeekdayTail,
     Weekdays,
+    WeekdayList, ///< weekdays side by side, with nothing that says how often
+    DayRange,
     EveryUnit,
     Leads,
     Repeat,
@@ -113,11 +131,12 @@ enum class Symbol : std::uint8_t {
     Reminder,
     Part,
     Combined,
-    Bygone, ///< days gone by, which no task is planned for
+    Bygone,  ///< days gone by, which no task is planned for
+    Unclear, ///< several days or times, another place's, or which one a thing is: no single date
 };
 
 inline constexpr auto firstProduct = Symbol::Quantity;
-inline constexpr int symbolCount = int(Symbol::Bygone) + 1;
+inline constexpr int symbolCount = int(Symbol::Unclear) + 1;
 
 /// Added to the value of a word that also means something that is no date.
 inline constexpr int AmbiguousWord = 0x1000;

@@ -9,11 +9,16 @@ namespace {
 
 using Certainty = ClockReference::Certainty;
 
-bool hasPart(const Match &match) { return match.has(Symbol::DayPart) || match.has(Symbol::FreeDayPart); }
+bool hasPart(const Match &match)
+{
+    return match.has(Symbol::DayPart) || match.has(Symbol::FreeDayPart) || match.has(Symbol::ClockPart);
+}
 
 DayPart partOf(const Match &match)
 {
-    return DayPart(match.value(match.has(Symbol::DayPart) ? Symbol::DayPart : Symbol::FreeDayPart));
+    return DayPart(match.value(match.has(Symbol::DayPart)     ? Symbol::DayPart
+                               : match.has(Symbol::ClockPart) ? Symbol::ClockPart
+                                                              : Symbol::FreeDayPart));
 }
 
 bool setClock(ClockReference &clock, int hour, int minute, Certainty certainty)
@@ -113,6 +118,24 @@ bool minutesTo(const Match &match, Fragment &fragment)
     return fill(match, fragment, hour == 1 ? 12 : hour - 1, 60 - minutes, Certainty::Spoken);
 }
 
+bool minutesLacking(const Match &match, Fragment &fragment)
+{
+    const bool minutesLead = match.isBefore(Symbol::Lacking, Symbol::HourMark);
+    const int missing = match.value(Symbol::Number, minutesLead ? 0 : 1);
+    const int minutes = match.has(Symbol::Quarter) ? 15 * missing : missing;
+    const int hour = match.value(Symbol::Number, minutesLead ? 1 : 0);
+    if (minutes < 1 || minutes > 29 || hour < 1) return false;
+    return fill(match, fragment, hour == 1 ? 12 : hour - 1, 60 - minutes, Certainty::Spoken);
+}
+
+bool spelledTime(const Match &match, Fragment &fragment)
+{
+    const int minutes = match.value(Symbol::Number, 1);
+    const bool isSpelled = match.isSpelled(Symbol::Number) && match.isSpelled(Symbol::Number, 1);
+    return isSpelled && minutes >= 10 &&
+           fill(match, fragment, match.value(Symbol::Number), minutes, Certainty::Spoken);
+}
+
 bool namedTime(const Match &match, Fragment &fragment)
 {
     const bool mayBeAdjective = match.isAmbiguous(Symbol::NamedTime) && !match.has(Symbol::At);
@@ -133,8 +156,36 @@ bool dayPart(const Match &match, Fragment &fragment)
     fragment.slots |= PartSlot;
     fragment.part = partOf(match);
     if (fragment.slots & ClockSlot) fragment.clock = fragment.clock.within(fragment.part);
-    // The settings have no time for the hours before the morning.
-    return fragment.part != DayPart::Dawn || (fragment.slots & ClockSlot) != 0;
+    const bool hasOwnTime = fragment.part != DayPart::Dawn && fragment.part != DayPart::Midnight;
+    return hasOwnTime || (fragment.slots & ClockSlot) != 0;
+}
+
+bool eveningOfDay(const Match &match, Fragment &fragment)
+{
+    return partOf(match) == DayPart::Night && dayPart(match, fragment);
+}
+
+bool dayAndHour(const Match &match, Fragment &fragment)
+{
+    const int hour = match.value(Symbol::Number);
+    if (match.has(Symbol::DayWithPart))
+        dayWithPart(match, fragment);
+    else if (match.has(Symbol::RelativeDay))
+        relativeDay(match, fragment);
+    else if (hasPart(match))
+        dayPart(match, fragment);
+    else
+        inner(match, fragment);
+    if ((fragment.slots & ClockSlot) != 0 || hour < 1 || hour > 12 || match.digits() > 2) return false;
+    fragment.slots |= ClockSlot;
+    fragment.clock = ClockReference{std::uint8_t(hour), 0, Certainty::Spoken}.within(fragment.part);
+    return true;
+}
+
+bool dayAndHours(const Match &match, Fragment &fragment)
+{
+    const auto isHour = [&](int nth) { return match.value(Symbol::Number, nth) <= 12; };
+    return isHour(0) && isHour(1) && clockRange(match, fragment);
 }
 
 bool dayWithPart(const Match &match, Fragment &fragment)

@@ -31,8 +31,11 @@ constexpr Sense ordinalSense{Symbol::Ordinal};
 constexpr Sense colonSense{Symbol::Colon};
 constexpr Sense slashSense{Symbol::Slash};
 constexpr Sense dotSense{Symbol::Dot};
+constexpr Sense fullStopSense{Symbol::FullStop};
 constexpr Sense commaSense{Symbol::Comma};
 constexpr Sense toSense{Symbol::To};
+constexpr Sense andSense{Symbol::And};
+constexpr std::array<Sense, 2> meridiemSenses{{{Symbol::Meridiem, 0}, {Symbol::Meridiem, 1}}};
 // "2 @ 5" is a price.
 constexpr std::array<Sense, 2> atSenses{{{Symbol::AtSign}, {Symbol::At}}};
 constexpr Sense timeMarkSense{Symbol::TimeMark};
@@ -47,12 +50,18 @@ int ideographDigit(wchar_t character)
     return found == digits.npos ? -1 : int(found);
 }
 
+// "廿五" is 25.
+int ideographTens(wchar_t character) { return character == L'廿' ? 20 : character == L'卅' ? 30 : 0; }
+
 int ideographPower(wchar_t character)
 {
     return character == L'十' ? 10 : character == L'百' ? 100 : character == L'千' ? 1000 : 0;
 }
 
-bool isNumeral(wchar_t character) { return ideographDigit(character) >= 0 || ideographPower(character) > 0; }
+bool isNumeral(wchar_t character)
+{
+    return ideographDigit(character) >= 0 || ideographPower(character) > 0 || ideographTens(character) > 0;
+}
 
 // "二〇二六" is written digit by digit, "二十六" with powers of ten.
 int ideographNumber(std::wstring_view numerals)
@@ -66,6 +75,8 @@ int ideographNumber(std::wstring_view numerals)
             total += (afterDigit ? digit : 1) * power;
             digit = 0;
             afterDigit = false;
+        } else if (const int tens = ideographTens(numeral); tens > 0) {
+            total += tens;
         } else {
             digit = digit * 10 + ideographDigit(numeral);
             afterDigit = true;
@@ -200,11 +211,24 @@ void Tokenizer::readWord()
     const bool standsInNumbers = m_position > 0 && isDigit(at(m_position - 1)) && isDigit(at(m_position + 1));
     if (at(m_position) == L't' && standsInNumbers)
         return append(m_position + 1, TokenKind::Sign, &timeMarkSense, 1);
+    if (isShortMeridiem()) {
+        const bool isAfternoon = at(m_position) == L'p';
+        return append(m_position + 1, TokenKind::Word, &meridiemSenses.at(isAfternoon), 1);
+    }
     if (takeWord(m_vocabulary.longestWordAt(m_text, m_position), TokenKind::Word)) return;
     std::uint32_t end = m_position;
     while (isAlphanumericAt(end) || (at(end) == L'\'' && isLetter(at(end + 1))))
         ++end;
     append(end, TokenKind::Word);
+}
+
+// "2:45p".
+bool Tokenizer::isShortMeridiem() const
+{
+    if (m_tokens->size() < 3 || (at(m_position) != L'a' && at(m_position) != L'p')) return false;
+    const bool endsTime =
+        isDigit(at(m_position - 1)) && (*m_tokens)[m_tokens->size() - 2].means(Symbol::Colon);
+    return endsTime && !isAlphanumericAt(m_position + 1);
 }
 
 void Tokenizer::readSign()
@@ -221,7 +245,7 @@ void Tokenizer::readSign()
         sense = touchesBoth ? &slashSense : nullptr;
         break;
     case L'.':
-        sense = touchesBoth ? &dotSense : nullptr;
+        sense = touchesBoth ? &dotSense : &fullStopSense;
         break;
     case L',':
     case 0x3001:
@@ -229,6 +253,10 @@ void Tokenizer::readSign()
         break;
     case L'~':
         sense = &toSense;
+        break;
+    case L'&':
+    case L'+':
+        sense = &andSense;
         break;
     case L'@':
         sense = standsAlone() ? atSenses.data() : nullptr;

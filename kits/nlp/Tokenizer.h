@@ -28,6 +28,7 @@ private:
     void readWord();
     void readSign();
     bool standsAlone() const; ///< after white space
+    bool isShortMeridiem() const;
     bool takeWord(const Vocabulary::Hit &hit, TokenKind kind);
     void append(std::uint32_t end, TokenKind kind, const Sense *senses = nullptr,
                 std::uint8_t senseCount = 0);

@@ -8,6 +8,8 @@ namespace {
 
 constexpr QStringView dashes = u"-–—";
 constexpr QStringView separators = u",;:-–—，；：、";
+constexpr QStringView openingBrackets = u"([（［【";
+constexpr QStringView closingBrackets = u")]）］】";
 constexpr QStringView endSigns = u".!?)…。！？）";
 
 bool isWide(QChar sign) { return sign.unicode() >= 0x3000; }
@@ -27,8 +29,8 @@ bool beginsWithClosingSign(QStringView text)
 bool isEmptyBracket(QStringView before, QStringView after)
 {
     if (before.isEmpty() || after.isEmpty()) return false;
-    return (before.back() == u'(' && after.front() == u')') ||
-           (before.back() == u'（' && after.front() == u'）');
+    const qsizetype opening = openingBrackets.indexOf(before.back());
+    return opening >= 0 && after.front() == closingBrackets[opening];
 }
 
 /// Puts together what is kept of a text, part by part.
@@ -43,6 +45,7 @@ public:
                 part = part.sliced(1);
                 trimEdges(part);
             }
+            if (m_kept.isEmpty()) dropEndSigns(part);
             if (m_kept.isEmpty() || separators.contains(m_kept.back())) dropSeparator(part);
             if (part.isEmpty()) return;
             if (beginsWithClosingSign(part))
@@ -85,6 +88,16 @@ private:
     {
         while (!part.isEmpty() && part.front().isSpace())
             part = part.sliced(1);
+    }
+
+    // "Tomorrow!! Call": they ended what was cut.
+    static void dropEndSigns(QStringView &part)
+    {
+        const auto isSign = [](QChar unit) { return endSigns.contains(unit); };
+        const auto rest = std::find_if_not(part.begin(), part.end(), isSign);
+        if (rest != part.end() && !rest->isSpace()) return;
+        part = part.sliced(rest - part.begin());
+        dropSpace(part);
     }
 
     void dropSeparator(QStringView &part)

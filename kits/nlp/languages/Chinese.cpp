@@ -18,7 +18,8 @@ constexpr Word words[] = {
     {L"周四|星期四|礼拜四|週四|禮拜四", Weekday, 4},
     {L"周五|星期五|礼拜五|週五|禮拜五", Weekday, 5},
     {L"周六|星期六|礼拜六|週六|禮拜六", Weekday, 6},
-    {L"周末|週末|周六日|週六日|周六周日|週六週日|星期六日", FreeWeekend},
+    {L"周末|週末", FreeWeekend},
+    {L"周六日|週六日|星期六日", WeekendDays},
     {L"工作日|平日", Workday},
 
     {L"分钟|分鐘", Unit, value(nlp::Unit::Minute)},
@@ -28,6 +29,7 @@ constexpr Word words[] = {
     {L"月", Unit, value(nlp::Unit::Month)},
     {L"年", Unit, value(nlp::Unit::Year)},
     {L"年", YearMark},
+    {L"周|星期|礼拜|週|禮拜", WeekMark},
     {L"月|月份", MonthMark},
     {L"日|号|號", DayMark},
     {L"点|点钟|點|點鐘|时|時", HourMark},
@@ -64,7 +66,10 @@ constexpr Word words[] = {
     {L"下午|午后|午後", FreeDayPart, value(nlp::DayPart::Afternoon)},
     {L"傍晚|黄昏|黃昏", FreeDayPart, value(nlp::DayPart::Evening)},
     {L"晚上|夜里|夜裡|夜晚|深夜|晚间|晚間", FreeDayPart, value(nlp::DayPart::Night)},
-    {L"午夜|半夜", FreeDayPart, value(nlp::DayPart::Night)},
+    {L"午夜|半夜|子夜", FreeDayPart, value(nlp::DayPart::Midnight)},
+    {L"早|晨", ClockPart, value(nlp::DayPart::Morning)},
+    {L"晚", ClockPart, value(nlp::DayPart::Night)},
+    {L"差", Lacking},
 
     {L"到|至", To},
     {L"从|從|自", From},
@@ -86,8 +91,13 @@ constexpr Word words[] = {
     {L"上|上个|上個|上上", Last},
     {L"的", Of},
     {L"和|与|及|跟|與", And},
+    {L"或|或者|或是|还是|還是", Or},
+    {L"是", Copula},
     {L"底|末", EndOf},
     {L"初", StartOf},
+    {L"上旬", MonthPart, 1},
+    {L"中旬", MonthPart, 15},
+    {L"下旬", MonthPart, 21},
     {L"最后一天|最後一天", LastDay},
     {L"天天|每天一次|每日一次", Frequency, every(1, nlp::Unit::Day)},
     {L"隔天|隔日", Frequency, every(2, nlp::Unit::Day)},
@@ -99,9 +109,18 @@ constexpr Word words[] = {
     {L"每年一次", Frequency, every(1, nlp::Unit::Year)},
     {L"提醒我|记得提醒我|記得提醒我|请提醒我|請提醒我", Remind, 1},
     {L"提醒", Remind, 0},
-    {L"持续|持續|为期|為期|历时|歷時|共|一共|总共|總共", For},
+    {L"连续|連續|持续|持續|为期|為期|历时|歷時|共|一共|总共|總共", For},
     {L"次|遍", CountMark},
     {L"直到|截止到|截至", Until},
+    {L"平方米|平米|米|厘米|毫米|公里|千米|公斤|斤|克|升|毫升|吨|噸|倍|元|块钱|塊錢|万|萬|亿|億|度|折|寸|英寸|"
+     L"岁|歲|人|名|页|頁",
+     Measure},
+    {L"农历|農曆|農歷|阴历|陰曆|陰歷|旧历|舊曆|正月|腊月|臘月|冬月|闰月|閏月|初一|初二|初三|初四|初五|初六|"
+     L"初七|初八|初九|初十|大年初一|大年三十|年三十",
+     Lunar},
+    {L"春天|夏天|秋天|冬天|春季|夏季|秋季|冬季|上半年|下半年|春节|春節|除夕|中秋|中秋节|中秋節|端午|端午节|"
+     L"端午節|清明|清明节|清明節|元宵|元宵节|元宵節|七夕|重阳|重陽|重阳节|重陽節|暑假|寒假",
+     Vague},
     {L"第|共|有|以下|如下|注意|版本|比分|比例|得分|评分|評分|第几", ScoreWord},
 
     // Those of the lunar calendar and Qingming are left out.
@@ -110,10 +129,11 @@ constexpr Word words[] = {
     {L"妇女节|婦女節", Holiday, fixedDay(3, 8)},
     {L"植树节|植樹節", Holiday, fixedDay(3, 12)},
     {L"愚人节|愚人節", Holiday, fixedDay(4, 1)},
-    {L"五一|劳动节|勞動節|五一劳动节|五一勞動節", Holiday, fixedDay(5, 1)},
+    {L"五一|五一假期|五一长假|五一長假|劳动节|勞動節|五一劳动节|五一勞動節", Holiday, fixedDay(5, 1)},
     {L"六一|儿童节|兒童節|六一儿童节|六一兒童節", Holiday, fixedDay(6, 1)},
     {L"教师节|教師節", Holiday, fixedDay(9, 10)},
-    {L"国庆|國慶|国庆节|國慶節", Holiday, fixedDay(10, 1)},
+    {L"国庆|國慶|国庆节|國慶節|国庆假期|國慶假期|十一假期|十一长假|十一長假|十一黄金周|十一黃金周", Holiday,
+     fixedDay(10, 1)},
     {L"万圣节|萬聖節", Holiday, fixedDay(10, 31)},
     {L"双十一|雙十一|双11|雙11", Holiday, fixedDay(11, 11)},
     {L"双十二|雙十二|双12|雙12", Holiday, fixedDay(12, 12)},
@@ -124,35 +144,36 @@ constexpr Word words[] = {
     {L"复活节|復活節", Holiday, easter(0)},
 
     // Words whose parts would be read.
-    {L"一下|上下|以上|以后再|以後再|天后宫|天天向上|后天性|後天性|天气|天氣|天空|天然|天线|天線|日本|"
-     L"日记|日記|日报|日報|日程|"
-     L"日常|日志|日誌|"
-     L"周末愉快|周末快乐|周年|週年|周期|週期|周报|週報|周到|周围|周边|周刊|月饼|月餅|月亮|月票|月报|月報|"
-     L"月球|年轻|"
-     L"年輕|年级|年級|年报|年報|年会|年會|年货|年貨|时间|時間|时候|時候|时代|時代|时尚|分享|分析|分类|分類|"
-     L"分数|"
-     L"分數|分之|刻度|半夜鸡叫|半价|半價|今天新闻|生日|节日|節日|平时|平時|前端|后端|後端|前面|后面|後面|"
-     L"前台|"
-     L"后台|後台|今日头条|今日頭條|明日方舟|明日之后|晚上好|早上好|下午好|上午好|中午好|下午茶|早上好呀|"
-     L"夜晚的|"
-     L"上海|上面|下面|下载|下載|下单|下單|上班|下班|上课|下课|这些|这样|这次|这里|本人|本来|本地|本周末版|"
-     L"自己|自动|"
-     L"自動|从来|從來|于是|於是|在线|在線|现在|現在|存在|到底|到达|到達|直到现在|每次|每人|每个人|每個人|"
-     L"每件|超过|超過|通过|通過|经过|經過|不过|不過|过去|過去|过年|過年|过节|過節|过期|過期|过程|過程|度过|"
-     L"度過|路过|路過|错过|錯過|看过|去过|用过|内容|內容|内部|內部|内存|最初|初中|初级|初級|初步|次数|次數",
+    {L"一下|上下|以上|以后再|以後再|天后宫|天天向上|后天性|後天性|天气|天氣|天空|天然|天线|天線|日本|日记|"
+     L"日記|日报|日報|日程|日常|日志|日誌|周末愉快|周末快乐|周年|週年|周期|週期|周报|週報|周到|周围|周边|"
+     L"周刊|月饼|月餅|月亮|月票|月报|月報|月球|年轻|年輕|年级|年級|年报|年報|年会|年會|年货|年貨|时间|時間|"
+     L"时候|時候|时代|時代|时尚|分享|分析|分类|分類|分数|分數|分之|刻度|半夜鸡叫|半价|半價|今天新闻|生日|"
+     L"节日|節日|平时|平時|前端|后端|後端|前面|后面|後面|前台|后台|後台|今日头条|今日頭條|明日方舟|明日之后|"
+     L"晚上好|早上好|下午好|上午好|中午好|下午茶|早上好呀|夜晚的|上海|上面|下面|下载|下載|下单|下單|上班|"
+     L"下班|上课|下课|这些|这样|这次|这里|本人|本来|本地|本周末版|自己|自动|自動|从来|從來|于是|於是|在线|"
+     L"在線|现在|現在|存在|到底|到达|到達|直到现在|每次|每人|每个人|每個人|每件|超过|超過|通过|通過|经过|"
+     L"經過|不过|不過|过去|過去|过年|過年|过节|過節|过期|過期|过程|過程|度过|度過|路过|路過|错过|錯過|看过|"
+     L"去过|用过|内容|內容|内部|內部|内存|最初|初中|初级|初級|初步|次数|次數",
      Plain},
     {L"圣诞礼物|圣诞树|圣诞老人|圣诞快乐|圣诞卡|圣诞帽|圣诞歌|聖誕禮物|聖誕樹|聖誕老人|聖誕快樂|聖誕卡|"
-     L"元旦晚会|元旦快乐|元旦贺卡|元旦晚會|元旦快樂|国庆作文|国庆快乐|国庆阅兵|国庆档|國慶快樂|"
-     L"情人节礼物|情人節禮物|五一路|五一广场|五一廣場|六一路|双十一清单|双11清单",
+     L"元旦晚会|元旦快乐|元旦贺卡|元旦晚會|元旦快樂|国庆作文|国庆快乐|国庆阅兵|国庆档|國慶快樂|情人节礼物|"
+     L"情人節禮物|五一路|五一广场|五一廣場|六一路|五一班|六一班|双十一清单|双11清单",
      Plain},
+    {L"晚饭|晚飯|晚餐|晚安|晚会|晚會|晚点|晚點|晚睡|晚起|晚归|晚歸|晚到|晚走|晚来|晚來|晚辈|晚輩|晚报|晚報|"
+     L"晚宴|晚班|晚场|晚場|晚自习|晚自習|晚年|晚婚|晚期|早饭|早飯|早餐|早安|早会|早會|早点|早點|早起|早睡|"
+     L"早退|早操|早教|早市|早茶|早班|早读|早讀|早报|早報|早期|早日|早晚|早就|早已|早晨好",
+     Plain},
+    {L"明天会更好|明天會更好|周日报|週日報|周月报|週月報|日周报|日週報|今日所|今天所|今日份|后天失|後天失|"
+     L"初一学生|初一年级|初一年級|初一数学|初一語文|初一语文|初一英语",
+     Plain},
+    {L"点不同|點不同|点区别|點區別|点差异|點差異|点好处|點好處|点坏处|點壞處", Plain},
     {L"一点点|一點點|有点|有點|点儿|点赞|點讚|点餐|點餐|点击|點擊|点评|點評|点名|点菜|重点|重點|特点|特點|"
      L"优点|缺点|地点|地點|观点|要点|要點|焦点|景点|热点|点建议|点意见|点要求|点原因|点注意|点理由|点经验|"
-     L"点想法|点心|点心得|点体会|点感想|点看法|点启示|点总结|"
-     L"點心|点数|點數|点钱|点事",
+     L"点想法|点心|点心得|点体会|点感想|点看法|点启示|点总结|點心|点数|點數|点钱|点事",
      Plain},
     {L"号楼|号线|号门|号店|号电池|号码|号机|号房|号院|号厅|号桌|号球|号文件|號樓|號線|號門|號店|號碼|號房|"
-     L"號院|號廳|号会议室|號會議室|号窗口|號窗口|号站台|号航站楼|号馆|號館|号仓|号车厢|号选手|号柜|號櫃|"
-     L"號桌|日元|日游|日遊|月租|年代|年前的|天前端|时装",
+     L"號院|號廳|号会议室|號會議室|号窗口|號窗口|号站台|号航站楼|号馆|號館|号仓|号车厢|号选手|号柜|號櫃|號桌|"
+     L"日元|日游|日遊|月租|年代|年前的|天前端|时装",
      Plain},
 };
 
@@ -164,13 +185,18 @@ constexpr Rule rules[] = {
     {Quantity, {Half, maybe(Counter), Unit}, halfQuantity},
     {Quantity, {Number, Counter, Half, Unit}, quantityAndHalf},
     {AnyWeekday, {Weekday}, weekday},
+    {AnyWeekday, {WeekMark, Number}, numberedWeekday, Guard::NotCounted},
 
     // Times of day.
     {Clock, {Number, Colon, Number}, writtenTime},
-    {Clock, {Number, HourMark}, spokenTime},
+    {Clock, {Number, HourMark}, spokenTime, Guard::NotCounted},
     {Clock, {Number, HourMark, Half}, spokenTime},
-    {Clock, {Number, HourMark, Number, maybe(MinuteMark)}, spokenTime},
+    {Clock, {Number, HourMark, Number, maybe(MinuteMark)}, spokenTime, Guard::NotCounted},
     {Clock, {Number, HourMark, Number, Quarter}, spokenTime},
+    {Clock, {Number, HourMark, Lacking, Number, MinuteMark}, minutesLacking},
+    {Clock, {Number, HourMark, Lacking, Number, Quarter}, minutesLacking},
+    {Clock, {Lacking, Number, MinuteMark, Number, HourMark}, minutesLacking},
+    {Clock, {Lacking, Number, Quarter, Number, HourMark}, minutesLacking},
     {Clock, {AmbiguousHour, OClock}, spokenTime},
     {Clock, {AmbiguousHour, Half}, spokenTime},
     {Clock, {AmbiguousHour, Quarter}, spokenTime},
@@ -178,22 +204,26 @@ constexpr Rule rules[] = {
     {Clock, {AmbiguousHour, Number, Quarter}, spokenTime},
     {Clock, {FreeDayPart, maybe(Of), AmbiguousHour}, spokenTime},
     {Clock, {FreeDayPart, maybe(Of), Clock}, dayPart},
+    {Clock, {ClockPart, Clock}, dayPart},
     {Clock, {On, Clock}, inner},
     {ClockRange, {Clock, To, Clock}, clockRange},
     {ClockRange, {Number, To, Clock}, clockRange},
     {ClockRange, {From, ClockRange}, inner},
     {ClockRange, {FreeDayPart, maybe(Of), ClockRange}, dayPart},
+    {ClockRange, {ClockPart, ClockRange}, dayPart},
 
     // Days.
     {Day, {RelativeDay}, relativeDay},
     {Day, {Date}, inner},
     {Day, {Weekday}, weekday},
+    {Day, {WeekMark, Number}, numberedWeekday, Guard::NotCounted},
     {Day, {This, maybe(Counter), AnyWeekday}, thisWeekday},
     {Day, {Next, AnyWeekday}, nextWeekday},
     {Day, {Next, Unit, maybe(Of), AnyWeekday}, weekdayOfWeek},
     {Day, {FreeWeekend}, weekend},
     {Day, {Holiday}, holiday, Guard::Closes},
     {Day, {RelativeYear, maybe(Of), Holiday}, holiday},
+    {Day, {Number, YearMark, maybe(Of), Holiday}, holiday},
     {Day, {Next, Unit, maybe(Of), Ordinal, AnyWeekday}, nthWeekdayOfMonth},
     {Day, {Unit, StartOf}, comingPeriod},
     {Day, {Next, Unit, StartOf}, comingPeriod},
@@ -211,11 +241,28 @@ constexpr Rule rules[] = {
     {Day, {Next, Unit}, firstOfPeriod},
     {Day, {Unit, EndOf}, lastOfPeriod},
     {Day, {Next, Unit, EndOf}, lastOfPeriod},
+    {Day, {RelativeYear, maybe(Of), Unit, EndOf}, lastOfPeriod},
+    {Day, {RelativeYear, EndOf}, lastOfPeriod},
+    {Day, {Number, MonthMark, EndOf}, edgeOfMonth},
+    {Day, {Number, MonthMark, StartOf}, edgeOfMonth},
+    {Day, {Number, MonthMark, MonthPart}, edgeOfMonth},
+    {Day, {Unit, MonthPart}, partOfPeriod},
+    {Day, {Next, Unit, MonthPart}, partOfPeriod},
+    {Day, {This, Unit, MonthPart}, partOfPeriod},
     {Day, {This, Unit, EndOf}, lastOfPeriod},
     {Day, {Quantity, Later}, daysAhead},
     {Day, {On, Day}, inner},
     {Day, {From, Day, maybe(Onwards)}, inner},
+    {LunarDate, {Lunar}, unclearDay},
+    {LunarDate, {Lunar, LunarDate}, unclearDay},
+    {LunarDate, {Lunar, Number, maybe(DayMark)}, unclearDay},
+    {LunarDate, {Lunar, Number, MonthMark, LunarDate}, unclearDay},
+    {LunarDate, {Lunar, Number, MonthMark, Number, maybe(DayMark)}, unclearDay},
     {DayRange, {Day, To, Day}, dayRange},
+    {DayRange, {AnyWeekday, WeekdayTail}, neighbouringWeekdays},
+    {DayRange, {WeekendDays}, weekendDays},
+    {DayRange, {This, WeekendDays}, weekendDays},
+    {DayRange, {Next, WeekendDays}, weekendDays},
     {DayRange, {Day, To, Number, DayMark}, dayToDayOfMonth},
     {DayRange, {Number, To, Number, DayMark}, daysOfComingMonthRange},
     {DayRange, {Number, MonthMark, Number, To, Number, DayMark}, daysOfMonthRange},
@@ -228,6 +275,7 @@ constexpr Rule rules[] = {
     {Weekdays, {AnyWeekday, Comma, Weekdays}, weekdays},
     {Weekdays, {AnyWeekday, And, Weekdays}, weekdays},
     {Weekdays, {AnyWeekday, To, AnyWeekday}, weekdaySpan},
+    {Repeat, {AnyWeekday, WeekdayTail}, listedWeekdayNumbers},
     {EveryUnit, {Every, maybe(Counter), Unit}, everyUnit},
     {EveryUnit, {Every, Number, maybe(Counter), Unit}, everyUnit},
     {EveryUnit, {EverySkipping, Number, maybe(Counter), Unit}, everySkippedUnit},
@@ -247,6 +295,7 @@ constexpr Rule rules[] = {
     {Repeat, {Every, maybe(Counter), Weekdays}, everyWeekdays},
     {Repeat, {Every, maybe(Counter), Workday}, everyWorkday},
     {Repeat, {Every, maybe(Counter), FreeWeekend}, everyWeekend},
+    {Repeat, {Every, maybe(Counter), WeekendDays}, everyWeekend},
     {Repeat, {Every, maybe(Counter), FreeDayPart}, everyPart},
     {Repeat, {EveryPart}, everyPart},
     {Limit, {Until, Day}, untilDay},
@@ -256,6 +305,7 @@ constexpr Rule rules[] = {
     {Moment, {Quantity, Later}, minutesAhead},
     {Moment, {In, Quantity}, minutesAhead},
     {Duration, {For, Quantity}, duration},
+    {Duration, {Quantity}, uncountedDuration, Guard::Ends},
     {Leads, {Quantity, Before}, lead},
     {Leads, {Advance, Quantity}, lead},
     {Leads, {Advance, Quantity, And, Quantity}, lead},
@@ -269,6 +319,7 @@ constexpr Rule rules[] = {
     {Combined, {DayWithPart}, dayWithPart},
     {Combined, {Day, maybe(Of), Clock}, inner},
     {Combined, {Day, maybe(Of), ClockRange}, inner},
+    {Combined, {Day, ClockPart}, eveningOfDay},
     {Combined, {Day, maybe(Of), AmbiguousHour}, spokenTime},
     {Combined, {Day, maybe(Of), FreeDayPart}, dayPart},
     {Combined, {Workday, maybe(Of), Clock}, everyWorkday},
@@ -284,6 +335,20 @@ constexpr Rule rules[] = {
     {Bygone, {Last, maybe(Counter), AnyWeekday}, bygone, Guard::Longest},
     {Bygone, {Last, FreeWeekend}, bygone},
     {Bygone, {Quantity, Ago}, bygone},
+
+    // What is no single date.
+    {Unclear, {LunarDate}, unclearDay},
+    {Unclear, {EveryUnit, maybe(Of), LunarDate}, unclearDay},
+    {Unclear, {RelativeYear, maybe(Of), LunarDate}, unclearDay},
+    {Unclear, {Number, YearMark, maybe(Of), LunarDate}, unclearDay},
+    {Unclear, {RelativeYear, maybe(Of), Vague}, unclearDay},
+    {Unclear, {EveryUnit, maybe(Of), Vague}, unclearDay},
+    {Unclear, {RelativeYear, maybe(Of), Number, MonthMark}, unclearDay, Guard::Longest},
+    {Unclear, {EveryUnit, maybe(Of), Ordinal, Workday}, unclearDay},
+    {Unclear, {EveryUnit, Number, CountMark}, timesARound},
+    {Unclear, {EveryUnit, Number, To, Number, CountMark}, timesARound},
+    {Unclear, {Frequency, EndOf}, unclearDay},
+    {Unclear, {Frequency, StartOf}, unclearDay},
 };
 
 static_assert(areOrdered(rules));
