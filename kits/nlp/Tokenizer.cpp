@@ -14,15 +14,16 @@ struct QuotationMarks {
     wchar_t closing;
 };
 
-constexpr std::array<QuotationMarks, 9> quotationMarks{{{L'"', L'"'},
-                                                        {L'\'', L'\''},
-                                                        {0x201C, 0x201D},
-                                                        {0x201E, 0x201C},
-                                                        {0x00AB, 0x00BB},
-                                                        {0x300C, 0x300D},
-                                                        {0x300E, 0x300F},
-                                                        {0x300A, 0x300B},
-                                                        {0x2018, 0x2019}}};
+constexpr std::array<QuotationMarks, 10> quotationMarks{{{L'"', L'"'},
+                                                         {L'`', L'`'},
+                                                         {L'\'', L'\''},
+                                                         {0x201C, 0x201D},
+                                                         {0x201E, 0x201C},
+                                                         {0x00AB, 0x00BB},
+                                                         {0x300C, 0x300D},
+                                                         {0x300E, 0x300F},
+                                                         {0x300A, 0x300B},
+                                                         {0x2018, 0x2019}}};
 
 constexpr std::uint8_t mostDigits = 8;
 
@@ -148,7 +149,7 @@ bool Tokenizer::readLink()
 bool Tokenizer::readQuotation()
 {
     const wchar_t opening = m_original[m_position];
-    if (opening < 0x80 && opening != L'"' && opening != L'\'') return false;
+    if (opening < 0x80 && opening != L'"' && opening != L'\'' && opening != L'`') return false;
     for (std::size_t i = 0; i < quotationMarks.size(); ++i) {
         if (quotationMarks[i].opening != opening || (m_unclosed & (1U << i)) != 0) continue;
         // An inch mark stands after its number.

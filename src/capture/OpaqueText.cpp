@@ -22,11 +22,28 @@ bool isMailAddress(QStringView chunk)
            isAsciiWordUnit(domain[dot + 1]);
 }
 
+// A host and what follows it: "example.org/top".
+bool isBareAddress(QStringView chunk)
+{
+    qsizetype start = 0;
+    while (start < chunk.size() && !isAsciiWordUnit(chunk[start]))
+        ++start;
+    qsizetype end = start;
+    qsizetype label = start; // where the last one begins
+    for (; end < chunk.size() && (isAsciiWordUnit(chunk[end]) || chunk[end] == u'-' || chunk[end] == u'.');
+         ++end)
+        if (chunk[end] == u'.') label = end + 1;
+    if (label == start || end - label < 2 || end == chunk.size()) return false;
+    const QStringView domain = chunk.sliced(label, end - label);
+    if (!std::ranges::all_of(domain, [](QChar unit) { return unit.isLetter(); })) return false;
+    return chunk[end] == u'/' || chunk[end] == u'?' || chunk[end] == u':';
+}
+
 bool isLink(QStringView chunk)
 {
     const qsizetype scheme = chunk.indexOf("://"_L1);
     if (scheme > 0 && isAsciiWordUnit(chunk[scheme - 1])) return true;
-    return chunk.startsWith("www."_L1, Qt::CaseInsensitive) || isMailAddress(chunk);
+    return chunk.startsWith("www."_L1, Qt::CaseInsensitive) || isMailAddress(chunk) || isBareAddress(chunk);
 }
 
 struct QuotationMarks {
@@ -34,8 +51,9 @@ struct QuotationMarks {
     char16_t closing;
 };
 
-constexpr std::array<QuotationMarks, 8> quotationMarks{{
+constexpr std::array<QuotationMarks, 9> quotationMarks{{
     {u'"', u'"'},
+    {u'`', u'`'},
     {u'\'', u'\''},
     {u'“', u'”'},
     {u'„', u'“'},
@@ -47,7 +65,8 @@ constexpr std::array<QuotationMarks, 8> quotationMarks{{
 
 bool mayOpen(QStringView text, qsizetype position)
 {
-    const bool isStraight = text[position] == u'"' || text[position] == u'\'';
+    const QChar mark = text[position];
+    const bool isStraight = mark == u'"' || mark == u'\'' || mark == u'`';
     return !isStraight || !isWordCharacter(characterAt(text, position - 1));
 }
 
@@ -70,7 +89,8 @@ qsizetype closingMark(QStringView text, QChar mark, qsizetype opening)
 
 bool holdsLinkMark(QStringView text)
 {
-    return text.contains("://"_L1) || text.contains(u'@') || text.contains("www."_L1, Qt::CaseInsensitive);
+    return text.contains(u'/') || text.contains(u'@') || text.contains(u'?') || text.contains(u':') ||
+           text.contains("www."_L1, Qt::CaseInsensitive);
 }
 
 QList<TextRange> linkRanges(QStringView text)

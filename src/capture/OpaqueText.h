@@ -11,7 +11,7 @@
 /// Quick: whether there can be a link or a mail address at all.
 bool holdsLinkMark(QStringView text);
 
-/// Links ("https://…", "www.…") and mail addresses. Nothing in them is a token.
+/// Links ("https://…", "www.…", "example.org/…") and mail addresses. Nothing in them is a token.
 QList<TextRange> linkRanges(QStringView text);
 
 /// Text in quotation marks, the marks included. No date is read in it. A straight mark right after a

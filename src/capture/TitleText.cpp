@@ -10,6 +10,7 @@ constexpr QStringView dashes = u"-–—";
 constexpr QStringView separators = u",;:-–—，；：、";
 constexpr QStringView openingBrackets = u"([（［【";
 constexpr QStringView closingBrackets = u")]）］】";
+constexpr QStringView emphasis = u"*_";
 constexpr QStringView endSigns = u".!?)…。！？）";
 
 bool isWide(QChar sign) { return sign.unicode() >= 0x3000; }
@@ -26,9 +27,11 @@ bool beginsWithClosingSign(QStringView text)
     return ends || (isSeparator(text, 0) && !dashes.contains(text[0]));
 }
 
+// A pair of signs whose inside was cut.
 bool isEmptyBracket(QStringView before, QStringView after)
 {
     if (before.isEmpty() || after.isEmpty()) return false;
+    if (emphasis.contains(before.back())) return after.front() == before.back();
     const qsizetype opening = openingBrackets.indexOf(before.back());
     return opening >= 0 && after.front() == closingBrackets[opening];
 }
@@ -39,8 +42,9 @@ public:
     void append(QStringView part)
     {
         if (m_joins) {
+            const bool closesEmphasis = !part.isEmpty() && emphasis.contains(part.front());
             trimEdges(part);
-            if (isEmptyBracket(m_kept, part)) {
+            while (isEmptyBracket(m_kept, part)) {
                 m_kept.chop(1);
                 part = part.sliced(1);
                 trimEdges(part);
@@ -48,7 +52,7 @@ public:
             if (m_kept.isEmpty()) dropEndSigns(part);
             if (m_kept.isEmpty() || separators.contains(m_kept.back())) dropSeparator(part);
             if (part.isEmpty()) return;
-            if (beginsWithClosingSign(part))
+            if (beginsWithClosingSign(part) || (closesEmphasis && emphasis.contains(part.front())))
                 m_kept.truncate(sizeWithoutSeparators());
             else if (m_hadSpace && !m_kept.isEmpty())
                 m_kept += u' ';

@@ -4,14 +4,18 @@
 #include "model/text/TagName.h"
 #include "model/text/UnicodeText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum class HashtagForm { Valid, Possible };
 
 bool isHashMark(QChar unit) { return unit == u'#' || unit == u'＃'; }
 
+// "&#39;" is a character, not a tag.
 bool mayStandAfter(char32_t character)
 {
+    if (character == U'&' || character == U'＆') return false;
     return !isTagNameCharacter(character) || isOfUnspacedScript(character);
 }
 
@@ -28,6 +32,7 @@ QList<TextRange> hashtags(QStringView text, HashtagForm form)
         const TagNameSpan name{text, i + 1};
         const bool isAtEnd = form == HashtagForm::Possible && name.innerEnd == text.size();
         if (name.isOnlyDigits && !isAtEnd) continue;
+        if (text.sliced(name.end).startsWith("://"_L1)) continue;
         tagEnd = isAtEnd ? name.innerEnd : name.end;
         found.append({i, tagEnd - i});
         i = tagEnd - 1;

@@ -10,8 +10,8 @@
 ///
 /// A hashtag is "#" or "＃" and a name of letters, marks, digits and "_" in any script, with "-" inside
 /// ("#deep-work" is one tag); zero-width joiners join letters. A name has something other than digits in
-/// it. A mark inside a word, a link or a mail address begins none, except that it may follow a character
-/// of a script without spaces, and a tag: "#a#b" are two. Any thread.
+/// it. A mark inside a word, a link or a mail address, or after "&", begins none, nor one before "://",
+/// except that it may follow a character of a script without spaces, and a tag: "#a#b" are two. Any thread.
 class TwitterText {
 public:
     /// The hashtags in text order, each from its mark on.
