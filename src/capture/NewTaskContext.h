@@ -15,7 +15,7 @@ struct NewTaskContext {
     std::optional<Day> presetDay;
     bool presetsNoDate = false; ///< the view shows what has no date
     std::optional<KWTaskPriority> presetPriority;
-    QStringList presetTags;              ///< labels or names
+    QStringList presetTagNames;          ///< labels or names
     std::optional<QString> presetColumn; ///< id; of `presetList`
     std::optional<std::int64_t> presetAssignee;
     bool isNotedFilter = false; ///< the view shows notes only

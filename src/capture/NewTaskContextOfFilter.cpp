@@ -28,7 +28,7 @@ struct Preset {
     }
     void operator()(const Condition::Tags &tags)
     {
-        if (tags.names.size() == 1) context.presetTags.append(tags.names.first());
+        if (tags.names.size() == 1) context.presetTagNames.append(tags.names.first());
     }
     void operator()(const Condition::Priorities &priorities)
     {

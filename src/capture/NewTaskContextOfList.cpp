@@ -56,7 +56,7 @@ NewTaskContext newTaskContextOf(const KWListIdentifier &list, const QString &use
         preset.presetList = list.entityID;
         break;
     case KWListIdentifierType::Tag:
-        preset.presetTags = {list.entityID};
+        preset.presetTagNames = {list.entityID};
         break;
     case KWListIdentifierType::SmartProject:
         preset.presetDay = dayOf(list.entityID, context.clock());

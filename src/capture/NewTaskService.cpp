@@ -118,7 +118,7 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
     draft.task.title = draft.recognition.title;
     draft.task.userID = m_kit.account().currentUserID();
 
-    for (const QString &label : context.presetTags + draft.recognition.tags) {
+    for (const QString &label : context.presetTagNames + draft.recognition.tags) {
         const QString name = KWTag::nameForLabel(label);
         if (draft.task.tags.contains(name)) continue;
         draft.task.tags.append(name);

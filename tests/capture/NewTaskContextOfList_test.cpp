@@ -24,7 +24,7 @@ QString textOf(const NewTaskContext &context)
     if (context.presetDay) parts << u"day "_s + TimeText::fromDay(*context.presetDay);
     if (context.presetsNoDate) parts << u"no date"_s;
     if (context.presetPriority) parts << u"priority "_s + QString::number(*context.presetPriority);
-    for (const QString &each : context.presetTags)
+    for (const QString &each : context.presetTagNames)
         parts << u"tag "_s + each;
     if (context.presetAssignee) parts << u"assignee "_s + QString::number(*context.presetAssignee);
     if (context.isNotedFilter) parts << u"note"_s;

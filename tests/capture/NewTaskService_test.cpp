@@ -101,7 +101,7 @@ private Q_SLOTS:
         context.presetList = m_store->makeList(u"Work"_s);
         context.presetDay = m_store->clock.today() + days{3};
         context.presetPriority = KWTaskPriorityLow;
-        context.presetTags = {u"Desk"_s};
+        context.presetTagNames = {u"Desk"_s};
         context.presetColumn = u"next"_s;
         context.presetAssignee = 8;
 

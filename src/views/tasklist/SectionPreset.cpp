@@ -10,7 +10,7 @@ NewTaskContext newTaskContextOf(const KWCategorySection &section, NewTaskContext
     else if (const auto *list = std::get_if<KWProjectCategorySection>(&section))
         ofList.presetList = list->projectID;
     else if (const auto *tag = std::get_if<KWTagCategorySection>(&section); tag && tag->tag)
-        ofList.presetTags = QStringList{*tag->tag};
+        ofList.presetTagNames = QStringList{*tag->tag};
     else if (const auto *column = std::get_if<KWColumnCategorySection>(&section))
         ofList.presetColumn = column->column;
     else if (const auto *assignee = std::get_if<KWAssigneeCategorySection>(&section))
