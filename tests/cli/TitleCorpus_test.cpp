@@ -4,13 +4,17 @@
 #include "support/TestMain.h"
 
 #include <QDate>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocale>
+#include <QMap>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include <algorithm>
 #include <sstream>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +60,46 @@ QString furtherOf(const QJsonObject &answer)
             texts << reminder.toString().sliced(qstrlen("TRIGGER:"));
     if (!answer["list"_L1].isNull()) texts << u'~' + answer["list"_L1].toString();
     return texts.isEmpty() ? u"-"_s : texts.join(u' ');
+}
+
+// The rows of a table of docs/quick-add.md, without its two lines of head.
+QList<QStringList> documentedRows(const QString &heading)
+{
+    QFile document{QStringLiteral(ORVANE_TEST_DATA "/../../docs/quick-add.md")};
+    if (!document.open(QIODevice::ReadOnly)) qFatal("docs/quick-add.md cannot be read");
+    const QString text = QString::fromUtf8(document.readAll());
+    QList<QStringList> rows;
+    for (const QString &line : text.mid(text.indexOf(heading) + 1).section("\n## "_L1, 0, 0).split(u'\n')) {
+        if (!line.startsWith(u'|')) continue;
+        QStringList cells = line.split(u'|').mid(1);
+        cells.removeLast();
+        for (QString &cell : cells)
+            cell = cell.trimmed();
+        rows << cells;
+    }
+    if (rows.size() < 3) qFatal("docs/quick-add.md has no examples");
+    return rows.sliced(2);
+}
+
+QString withoutBackticks(QString cell)
+{
+    const qsizetype ticks = cell.startsWith("``"_L1) ? 2 : 1;
+    return cell.sliced(ticks, cell.size() - 2 * ticks);
+}
+
+// As the documentation writes them.
+QStringList readableCellsOf(const QJsonObject &answer)
+{
+    static const QMap<int, QString> priorities{{1, u"!low"_s}, {3, u"!medium"_s}, {5, u"!high"_s}};
+    const QString when = whenOf(answer["date"_L1]);
+    QStringList further = furtherOf(answer).split(u' ');
+    if (const int priority = answer["priority"_L1].toInt(); priority != 0)
+        further.first() = priorities[priority];
+    const QString besides = further.join(u' ');
+    static const QRegularExpression timeMark{u"(?<=\\d)T(?=\\d)"_s};
+    return {answer["title"_L1].toString(),
+            when == "-"_L1 ? QString{} : QString{when}.replace(timeMark, u" "_s),
+            besides == "-"_L1 ? QString{} : besides};
 }
 
 QStringList cellsOf(const QString &typed, const QJsonObject &answer)
@@ -140,6 +184,21 @@ private Q_SLOTS:
         qInfo("%s: %d right, %d wrong, %d missed, %d false", QTest::currentDataTag(), figures.right,
               figures.wrong, figures.missed, figures.fals);
         QCOMPARE(figures.right, titles.size());
+    }
+
+    void doesWhatTheExamplesSay()
+    {
+        const auto restore = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
+        for (const QStringList &row : documentedRows(u"\n## Examples"_s)) {
+            const QString typed = withoutBackticks(row.first());
+            const bool isChinese =
+                std::ranges::any_of(typed, [](QChar unit) { return unit.script() == QChar::Script_Han; });
+            QLocale::setDefault(isChinese ? QLocale{QLocale::Chinese, QLocale::China}
+                                          : QLocale{QLocale::English, QLocale::UnitedStates});
+            const QList<QJsonObject> answers = answersTo({{{typed}, {}}});
+            QCOMPARE(answers.size(), 1);
+            QCOMPARE(readableCellsOf(answers.first()), row.sliced(1));
+        }
     }
 };
 
