@@ -1,6 +1,8 @@
 #include "model/store/KWProjectListCountFetcher.h"
 
 #include "model/events/NotificationNames.h"
+#include "model/events/PendingDeletes.h"
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
@@ -43,12 +45,25 @@ class KWProjectListCountFetcher_test : public QObject {
         return all;
     }
 
+    Instant someDate()
+    {
+        const Instant midnight = m_store.clock.zone().startOfDay(m_store.clock.today());
+        return midnight + std::chrono::hours{24 * (roll(12) - 2) + roll(2)};
+    }
+
+    void change(KWChecklistItem &item)
+    {
+        const int what = roll(4);
+        if (what == 0) item.set(&KWChecklistItemModel::startDate, std::nullopt);
+        if (what == 1) item.updateStatus(roll(2) ? KWTaskStatusOpen : KWTaskStatusCompleted);
+        if (what == 2) roll(2) ? item.markDelete() : item.unmarkDelete();
+        if (what == 3) item.context().remove(item);
+    }
+
     void change(KWTask &task)
     {
         static constexpr KWTaskStatus statuses[]{KWTaskStatusOpen, KWTaskStatusCompleted,
                                                  KWTaskStatusAbandoned};
-        const Instant midnight = m_store.clock.zone().startOfDay(m_store.clock.today());
-        const auto someDate = [&] { return midnight + std::chrono::hours{24 * (roll(12) - 2) + roll(2)}; };
         static constexpr const char16_t *texts[]{u"Milk", u"Oat milk, bread", u"Paint"};
         const int what = roll(12);
         if (what == 0) task.set(&KWTaskModel::projectID, m_lists.at(roll(int(m_lists.size()))));
@@ -89,6 +104,12 @@ class KWProjectListCountFetcher_test : public QObject {
                 context.find<KWFilter>(m_filters.first())->set(&KWFilterModel::isDeleted, roll(2) == 0);
             if (roll(20) == 0)
                 context.find<KWUser>(m_store.userID())->set(&KWUserModel::userServerID, roll(2));
+            KWChecklistItemModel item;
+            item.taskID = m_tasks.at(roll(int(m_tasks.size())));
+            item.startDate = someDate();
+            if (context.find<KWTask>(item.taskID)) context.insert<KWChecklistItem>(item);
+            if (const auto items = context.fetch<KWChecklistItem>({}); roll(2) && !items.isEmpty())
+                change(*items.at(roll(int(items.size()))));
             for (int i = roll(3); i >= 0; --i) {
                 KWTask *task = context.find<KWTask>(m_tasks.at(roll(int(m_tasks.size()))));
                 if (!task || roll(4) == 0) {
@@ -130,8 +151,9 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i) {
             changeSomething();
             for (const KWListIdentifier &each : sidebar()) {
-                const auto rows =
-                    fetcher.reloadDataModel({m_store.userID(), each}, m_store.context().connection());
+                ListDataRequest request{m_store.userID(), each};
+                request.includeChecklist = true;
+                const auto rows = fetcher.reloadDataModel(request, m_store.context().connection());
                 QVERIFY2(rows->size() == counts.countCached(each).value_or(0), qPrintable(each.entityID));
             }
         }
@@ -140,6 +162,29 @@ private Q_SLOTS:
         const auto tag = KWListIdentifier::tag(u"parent"_s);
         QCOMPARE(KWProjectListCountFetcher::countForTag(tag.entityID, m_store.userID(), m_store.context()),
                  *counts.countCached(tag));
+    }
+
+    void leavesOutTheItemsOfTasksThatWaitToBeDeleted()
+    {
+        KWProjectListCountFetcher counts{m_store.kit().manager(), m_store.kit().center()};
+        const auto today = KWListIdentifier::todayProject();
+        counts.updateCountCache(m_store.userID());
+        QTRY_VERIFY(counts.countCached(today));
+        const int before = *counts.countCached(today);
+        const QString task =
+            aTask("A").dueOn("2030-05-01").withItem("I", "2030-05-01 10:00").savedIn(m_store);
+        aTask("B").withItem("I", "2030-05-01 10:00").savedIn(m_store);
+        QCOMPARE(counts.countCached(today), std::optional{before + 3});
+        const auto tell = [&](KWDelayDeleteStatus status) {
+            m_store.kit().center().post(delayDeleteStatusChangedNotification, {},
+                                        {{u"type"_s, int(KWDelayDeleteType::Tasks)},
+                                         {u"status"_s, int(status)},
+                                         {u"taskIDs"_s, QStringList{task}}});
+        };
+        tell(KWDelayDeleteStatus::Started);
+        QCOMPARE(counts.countCached(today), std::optional{before + 1});
+        tell(KWDelayDeleteStatus::Undone);
+        QCOMPARE(counts.countCached(today), std::optional{before + 3});
     }
 
     // A save in the background may have been counted before it is told.

@@ -108,6 +108,9 @@ private Q_SLOTS:
         QCOMPARE(count(KWBadgeType::OverdueAndToday), 2);
         QCOMPARE(count(KWBadgeType::All), 1);
         QCOMPARE(count(KWBadgeType::Inbox), 0);
+        setSaved<KWTask>(*m_store, task, &KWTaskModel::kind, KWTaskKindText);
+        QCOMPARE(count(KWBadgeType::OverdueAndToday), 0);
+        setSaved<KWTask>(*m_store, task, &KWTaskModel::kind, KWTaskKindChecklist);
         setSaved<KWTask>(*m_store, task, &KWTaskModel::status, KWTaskStatusCompleted);
         QCOMPARE(count(KWBadgeType::OverdueAndToday), 0);
     }

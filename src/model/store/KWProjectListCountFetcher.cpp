@@ -5,9 +5,25 @@
 #include "model/records/KWTask.h"
 #include "model/store/KWListDataFetcher.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr CXLogger countLog{u"counts"};
+
+bool isChecklist(const std::optional<TaskPlace> &place)
+{
+    return place && place->kind == KWTaskKindChecklist;
+}
+
+// Whether other checklist items may be counted now.
+bool touchesChecklists(const StoreChange &change)
+{
+    return change.touches(RecordKind::ChecklistItem) ||
+           std::ranges::any_of(change.taskMoves, [](const TaskMove &each) {
+               return isChecklist(each.from) || isChecklist(each.to);
+           });
+}
 
 } // namespace
 
@@ -54,7 +70,8 @@ void KWProjectListCountFetcher::take(const StoreChange &change)
     const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::Tag) ||
                                change.touches(RecordKind::User) || change.touches(RecordKind::Filter) ||
                                change.touches(RecordKind::UserSettings);
-    if (change.taskMoves.isEmpty() && !placesChanged) return;
+    const bool itemsChanged = touchesChecklists(change);
+    if (change.taskMoves.isEmpty() && !placesChanged && !itemsChanged) return;
     // A count under way may or may not have seen this save, and one that is done may have seen a late one.
     if (m_isCounting || change.isLate) m_wanted = allSidebarCounts;
     if (m_counts) {
@@ -62,6 +79,7 @@ void KWProjectListCountFetcher::take(const StoreChange &change)
             countNow();
         else
             m_counts->apply(change.taskMoves);
+        if (itemsChanged && !placesChanged) recountItems(*m_counts, {});
         announce();
     }
     if (!m_isCounting) recount();
@@ -77,6 +95,13 @@ void KWProjectListCountFetcher::countNow()
         countLog.error(counts.error().sentence);
 }
 
+void KWProjectListCountFetcher::recountItems(SidebarCounts &counts, const QStringList &leftOut)
+{
+    Connection &connection = m_manager.MR_defaultContext().connection();
+    if (const auto counted = counts.recountChecklistItems(m_userID, leftOut, connection); !counted)
+        countLog.error(counted.error().sentence);
+}
+
 void KWProjectListCountFetcher::announce()
 {
     if (!m_counts) return;
@@ -87,6 +112,7 @@ void KWProjectListCountFetcher::announce()
         if (const KWTask *task = context.find<KWTask>(each))
             hidden.append({TaskPlace::of(task->model()), std::nullopt});
     m_shown->apply(hidden);
+    if (!hidden.isEmpty()) recountItems(*m_shown, m_pendingDeletes.taskIDs().values());
     m_center.post(countChanged);
 }
 

@@ -9,9 +9,9 @@
 
 /// The counts of the sidebar. They are counted once in the background; after that they are right after
 /// every save, before any later listener of the bus hears of it: tasks that moved change the numbers of
-/// their lists, a save of lists, filters or the account counts at once. A save in the background is counted
-/// again there as well. Tasks that wait to be deleted are not counted. Every change ends in
-/// `countChanged`. Main thread.
+/// their lists, checklist items are counted again, a save of lists, filters or the account counts all at
+/// once. A save in the background is counted again there as well. Tasks that wait to be deleted are not
+/// counted. Every change ends in `countChanged`. Main thread.
 class KWProjectListCountFetcher {
 public:
     KWProjectListCountFetcher(KWCoreDataManager &manager, KWNotificationCenter &center);
@@ -31,6 +31,7 @@ private:
 
     void take(const StoreChange &change);
     void countNow();
+    void recountItems(SidebarCounts &counts, const QStringList &leftOut);
     void recount();
     void announce();
     void finish(const Result<void> &done, const SidebarCounts &counts, SidebarCountKinds kinds);

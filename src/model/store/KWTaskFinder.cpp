@@ -206,7 +206,8 @@ int KWTaskFinder::countOnBadgeWithType(KWBadgeType type, const TaskOwner &owner,
         items.also("startDate >= ?", {start});
     }
     const TaskCondition owning = TaskCondition{isOpenTask}.inListsOf(owner.userID, {}).forOwner(owner);
-    items.also("EXISTS (SELECT 1 FROM tasks WHERE sid = taskID AND " + owning.where + ')', owning.values);
+    const std::string found = "EXISTS (SELECT 1 FROM tasks WHERE sid = taskID AND kind = 'CHECKLIST' AND ";
+    items.also(found + owning.where + ')', owning.values);
     return tasks.count(context, "tasks INDEXED BY openTasksInOrder") +
            items.count(context, "checklistItems INDEXED BY openChecklistItemsByDate");
 }

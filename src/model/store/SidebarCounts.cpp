@@ -3,7 +3,9 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "model/store/DatedItems.h"
 #include "model/store/FilterCondition.h"
+#include "model/store/FindAll.h"
 #include "model/store/ListQuery.h"
 #include "model/store/StoreFailure.h"
 
@@ -38,6 +40,7 @@ Result<SidebarCounts> SidebarCounts::read(const QString &userID, const CXClock &
         counts.readTags(userID, connection);
         counts.readFilters(userID, clock, connection);
         counts.readSmartLists(userID, connection);
+        counts.readChecklistItems(userID, {}, connection);
         return counts;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
@@ -129,14 +132,42 @@ void SidebarCounts::readSmartLists(const QString &userID, Connection &connection
         "tasks INDEXED BY openTasksInOrder WHERE " OPEN_TASKS " AND startDate < ? AND " SMART_LISTS);
     dated.bind({tomorrow, storedInstant(m_dayAfter), tomorrow, tomorrow, storedInstant(m_weekAfter), userID});
     if (dated->executeStep()) {
-        m_todayTasks = valueAt<int>(*dated, 0);
-        m_tomorrowTasks = valueAt<int>(*dated, 1);
-        m_next7DaysTasks = valueAt<int>(*dated, 2);
+        m_datedTasks.today = valueAt<int>(*dated, 0);
+        m_datedTasks.tomorrow = valueAt<int>(*dated, 1);
+        m_datedTasks.next7Days = valueAt<int>(*dated, 2);
     }
     m_assignedTasks =
         int(connection.number("SELECT count(*) FROM tasks INDEXED BY openTasksInOrder WHERE " OPEN_TASKS
                               " AND assignee = ? AND " SMART_LISTS,
                               {m_frame.me, userID}));
+}
+
+void SidebarCounts::readChecklistItems(const QString &userID, const QStringList &leftOut,
+                                       Connection &connection)
+{
+    auto dated = connection.prepare(
+        std::string{"SELECT sum(startDate < ?), sum(startDate >= ? AND startDate < ?), count(*) FROM "} +
+        datedItems +
+        " WHERE " OPEN_TASKS " AND startDate < ? AND " SMART_LISTS
+        " AND sid NOT IN (SELECT value FROM json_each(?))");
+    const std::int64_t tomorrow = storedInstant(m_tomorrow);
+    dated.bind(
+        {tomorrow, tomorrow, storedInstant(m_dayAfter), storedInstant(m_weekAfter), userID, idList(leftOut)});
+    Dated counted;
+    if (dated->executeStep())
+        counted = {valueAt<int>(*dated, 0), valueAt<int>(*dated, 1), valueAt<int>(*dated, 2)};
+    m_datedItems = counted;
+}
+
+Result<void> SidebarCounts::recountChecklistItems(const QString &userID, const QStringList &leftOut,
+                                                  Connection &connection)
+{
+    try {
+        readChecklistItems(userID, leftOut, connection);
+        return {};
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
 }
 
 #undef OPEN_TASKS
@@ -155,9 +186,9 @@ std::optional<int> SidebarCounts::count(const KWListIdentifier &list) const
         const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
         if (!smart) return std::nullopt;
         if (smart->isAll()) return m_all;
-        if (smart->isToday()) return m_todayTasks;
-        if (smart->isTomorrow()) return m_tomorrowTasks;
-        if (smart->isNext7Days()) return m_next7DaysTasks;
+        if (smart->isToday()) return m_datedTasks.today + m_datedItems.today;
+        if (smart->isTomorrow()) return m_datedTasks.tomorrow + m_datedItems.tomorrow;
+        if (smart->isNext7Days()) return m_datedTasks.next7Days + m_datedItems.next7Days;
         if (smart->isAssigneedToMe()) return m_assignedTasks;
         return std::nullopt;
     }
@@ -203,9 +234,8 @@ void SidebarCounts::take(const SidebarCounts &others, SidebarCountKinds kinds)
         taken.m_dayAfter = m_dayAfter;
         taken.m_weekAfter = m_weekAfter;
         taken.m_all = m_all;
-        taken.m_todayTasks = m_todayTasks;
-        taken.m_tomorrowTasks = m_tomorrowTasks;
-        taken.m_next7DaysTasks = m_next7DaysTasks;
+        taken.m_datedTasks = m_datedTasks;
+        taken.m_datedItems = m_datedItems;
         taken.m_assignedTasks = m_assignedTasks;
     }
     *this = std::move(taken);
@@ -231,7 +261,7 @@ void SidebarCounts::add(const TaskPlace &place, int number)
     if (!place.startDate) return;
     const bool reachesTomorrow =
         *place.startDate >= m_tomorrow || (place.endDate && *place.endDate > m_tomorrow);
-    if (*place.startDate < m_tomorrow) m_todayTasks += number;
-    if (*place.startDate < m_dayAfter && reachesTomorrow) m_tomorrowTasks += number;
-    if (*place.startDate < m_weekAfter) m_next7DaysTasks += number;
+    if (*place.startDate < m_tomorrow) m_datedTasks.today += number;
+    if (*place.startDate < m_dayAfter && reachesTomorrow) m_datedTasks.tomorrow += number;
+    if (*place.startDate < m_weekAfter) m_datedTasks.next7Days += number;
 }

@@ -19,8 +19,9 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(SidebarCountKinds)
 inline constexpr SidebarCountKinds allSidebarCounts{SidebarCountKind::SmartLists | SidebarCountKind::Lists |
                                                     SidebarCountKind::Tags | SidebarCountKind::Filters};
 
-/// How many open tasks each list of a sidebar has: lists, folders, tags, filters and smart lists. Counted
-/// once for all of them, then kept true by telling which tasks went where. A value: it may cross threads.
+/// How many open tasks each list of a sidebar has: lists, folders, tags, filters and smart lists; those by
+/// date have checklist items, too. Counted once for all of them, then kept true by telling which tasks went
+/// where. A value: it may cross threads.
 class SidebarCounts {
 public:
     /// Counts for the user's sidebar, on the day that the clock shows.
@@ -32,6 +33,11 @@ public:
     /// Takes what saved tasks left, and adds where they went. Lists and filters themselves must be as they
     /// were read.
     void apply(const QList<TaskMove> &moves);
+
+    /// Counts the user's checklist items again, without those of the tasks `leftOut`. What cannot be read
+    /// stays as it was.
+    Result<void> recountChecklistItems(const QString &userID, const QStringList &leftOut,
+                                       Connection &connection);
 
     /// Takes the counts of these kinds from others; folders are lists.
     void take(const SidebarCounts &others, SidebarCountKinds kinds);
@@ -61,6 +67,7 @@ private:
     QSet<QString> tagsCounting(const QStringList &tags) const;
     void readFilters(const QString &userID, const CXClock &clock, Connection &connection);
     void readSmartLists(const QString &userID, Connection &connection);
+    void readChecklistItems(const QString &userID, const QStringList &leftOut, Connection &connection);
     void add(const TaskPlace &place, int number);
 
     QHash<QString, List> m_lists;
@@ -72,9 +79,17 @@ private:
     Instant m_tomorrow{}; // the midnights that the days begin with
     Instant m_dayAfter{};
     Instant m_weekAfter{};
+    // Of the lists by date, each counted by itself.
+    struct Dated {
+        int today = 0;
+        int tomorrow = 0;
+        int next7Days = 0;
+
+        bool operator==(const Dated &) const = default;
+    };
+
     int m_all = 0;
-    int m_todayTasks = 0;
-    int m_tomorrowTasks = 0;
-    int m_next7DaysTasks = 0;
+    Dated m_datedTasks;
+    Dated m_datedItems;
     int m_assignedTasks = 0;
 };
