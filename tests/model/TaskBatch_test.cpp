@@ -1,5 +1,6 @@
 #include "model/store/TaskBatch.h"
 
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWTaskTicker.h"
@@ -59,6 +60,51 @@ private Q_SLOTS:
         QVERIFY(m_batch.setPriority(both, KWTaskPriorityLow)->isEmpty());
         QVERIFY(m_batch.setDay({one, two}, today));
         QCOMPARE(taskWith(one).startDate, taskWith(two).startDate);
+    }
+
+    void changesChecklistItemsWithTasks()
+    {
+        const QString task = aTask("Task").savedIn(m_store);
+        const QString owner = aTask("Owner").withItem("Item", "2030-04-20 16:00").savedIn(m_store);
+        const auto item = [this] { return m_store.context().models<KWChecklistItem>({}).first(); };
+        const KWChecklistItemModel before = item();
+        const QStringList both{task, before.sid};
+        KWTaskTicker ticker{m_store.kit().manager()};
+        const auto isAsBefore = [&] {
+            return item().startDate == before.startDate && item().status == before.status &&
+                   !item().isDeleted && !taskWith(task).startDate && !taskWith(task).isTrashed &&
+                   taskWith(task).status == KWTaskStatusOpen;
+        };
+        const auto takesBack = [&](const UndoToken &done) {
+            return done.undo(m_store.kit().manager()) && isAsBefore();
+        };
+
+        auto done = m_batch.setDay(both, m_store.clock.today());
+        QCOMPARE(item().startDate, at("2030-05-01 16:00"));
+        QCOMPARE(taskWith(task).startDate, at("2030-05-01 00:00"));
+        QVERIFY(takesBack(*done));
+        done = m_batch.clearDate(both);
+        QVERIFY(!item().startDate);
+        QVERIFY(m_batch.setDay({before.sid}, m_store.clock.today()));
+        QVERIFY(item().isAllDay && item().startDate == at("2030-05-01 00:00"));
+        setSaved<KWChecklistItem>(m_store, before.sid, &KWChecklistItemModel::startDate, before.startDate);
+        setSaved<KWChecklistItem>(m_store, before.sid, &KWChecklistItemModel::isAllDay, false);
+
+        done = m_batch.remove(both);
+        QVERIFY(taskWith(task).isTrashed && item().isDeleted);
+        QVERIFY(takesBack(*done));
+        auto ticked = ticker.tick(both);
+        QVERIFY(item().isCompleted() && item().completionDate && taskWith(task).status != KWTaskStatusOpen);
+        QVERIFY(takesBack(ticked->undo));
+        QVERIFY(ticker.updateStatus(KWTaskStatusAbandoned, both));
+        QCOMPARE(item().status, KWTaskStatusOpen);
+        QVERIFY(ticker.tick({before.sid}) && item().isCompleted());
+        QVERIFY(ticker.tick({before.sid}) && !item().isCompleted());
+
+        QVERIFY(isRefused(m_batch.setPriority({before.sid}, KWTaskPriorityHigh)));
+        setSaved<KWTask>(m_store, owner, &KWTaskModel::isTrashed, true);
+        QVERIFY(isRefused(m_batch.setDay({before.sid}, m_store.clock.today()), u"trash"));
+        QVERIFY(isRefused(ticker.tick({before.sid}), u"trash"));
     }
 
     void changesNoneWhereOneMayNotBeChanged()

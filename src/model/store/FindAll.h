@@ -27,3 +27,13 @@ QList<Record *> findAll(const QStringList &ids, ObjectContext &context)
     }
     return records;
 }
+
+/// The same of the stored ones, in no order: quick also where most ids are of other records.
+template <class Record>
+QList<Record *> findStored(const QStringList &ids, ObjectContext &context)
+{
+    QList<Record *> records =
+        context.fetch<Record>({.where = "sid IN (SELECT value FROM json_each(?))", .values = {idList(ids)}});
+    records.removeIf([](const Record *each) { return each->isDeleted(); });
+    return records;
+}

@@ -110,7 +110,10 @@ Result<UndoToken> KWTaskEditor::setDay(const QString &taskID, Day day)
     return editUndoably(taskID, [day](KWTask &task) { moveToDay(task, day); });
 }
 
-Result<UndoToken> KWTaskEditor::clearDate(const QString &taskID) { return editUndoably(taskID, clearDates); }
+Result<UndoToken> KWTaskEditor::clearDate(const QString &taskID)
+{
+    return editUndoably(taskID, [](KWTask &task) { clearDates(task); });
+}
 
 Result<UndoToken> KWTaskEditor::setSchedule(const QString &taskID, const TaskSchedule &chosen,
                                             const TaskSchedule &shown)

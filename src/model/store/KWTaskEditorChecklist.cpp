@@ -34,12 +34,6 @@ void place(KWChecklistItem &item, qsizetype index, QList<KWChecklistItem *> item
     resetSortOrderIfNeeded(items);
 }
 
-Result<void> mayChangeItem(const KWChecklistItem *item)
-{
-    if (!item) return Error{storeText("There is no such item any more.")};
-    return mayChange(item->context().find<KWTask>((*item)->taskID));
-}
-
 } // namespace
 
 Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<void(KWChecklistItem &)> &edit)

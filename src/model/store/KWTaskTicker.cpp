@@ -108,23 +108,33 @@ std::optional<TaskRepetition> apply(KWTaskStatus status, KWTask &task)
 
 } // namespace
 
-Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QStringList &taskIDs)
+Result<KWTaskTicker::Ticked> KWTaskTicker::tick(const QStringList &ids)
 {
-    const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, m_manager.MR_defaultContext());
+    ObjectContext &context = m_manager.MR_defaultContext();
     QStringList openOnes;
-    for (const KWTask *each : tasks)
-        if ((*each)->status == KWTaskStatusOpen) openOnes.append(each->sid());
-    return openOnes.isEmpty() ? updateStatus(KWTaskStatusOpen, taskIDs)
+    const auto collect = [&openOnes](const auto &records) {
+        for (const auto *each : records)
+            if ((*each)->status == KWTaskStatusOpen) openOnes.append(each->sid());
+    };
+    collect(findAll<KWTask>(ids, context));
+    collect(findStored<KWChecklistItem>(ids, context));
+    return openOnes.isEmpty() ? updateStatus(KWTaskStatusOpen, ids)
                               : updateStatus(KWTaskStatusCompleted, openOnes);
 }
 
-Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, const QStringList &taskIDs)
+Result<KWTaskTicker::Ticked> KWTaskTicker::updateStatus(KWTaskStatus status, const QStringList &ids)
 {
     Ticked ticked{status};
     const auto update = [&](ObjectContext &context) -> Result<void> {
-        const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
-        if (tasks.isEmpty()) return mayChange(nullptr);
+        const QList<KWTask *> tasks = findAll<KWTask>(ids, context);
+        const bool takesItems = status != KWTaskStatusAbandoned;
+        const auto items =
+            takesItems ? findStored<KWChecklistItem>(ids, context) : QList<KWChecklistItem *>{};
+        if (tasks.isEmpty() && items.isEmpty()) return mayChange(nullptr);
         if (const Result<void> allowed = mayChangeOutsideTrash(tasks); !allowed) return allowed;
+        if (const Result<void> allowed = mayChangeOutsideTrash(items); !allowed) return allowed;
+        for (KWChecklistItem *each : items) // before a task that repeats leaves a copy with its ticks
+            if ((*each)->status != status) each->updateStatus(status);
         for (KWTask *each : tasks)
             if (const auto next = apply(status, *each)) ticked.nextDate = next->startDate;
         ticked.undo = UndoToken::of(context);

@@ -10,7 +10,8 @@ class KWCoreDataManager;
 
 /// Completes, abandons and reopens tasks in one save. Closing a task closes the open ones below it;
 /// reopening one leaves them closed. A repeating task leaves a closed copy at the occurrence that is done
-/// and goes on to the next one, open (docs/repeating.md). Main thread.
+/// and goes on to the next one, open (docs/repeating.md). Ids may be of checklist items, too, which are
+/// completed and reopened alike, and not abandoned. Main thread.
 class KWTaskTicker {
 public:
     explicit KWTaskTicker(KWCoreDataManager &manager) : m_manager(manager) {}
@@ -24,9 +25,9 @@ public:
 
     /// Completes those that are open; where none is, reopens them all. Several go in one save, or none of
     /// them does: those that are gone are left out as long as one is there.
-    Result<Ticked> tick(const QStringList &taskIDs);
+    Result<Ticked> tick(const QStringList &ids);
     /// The same with one status for all; a task that has it already stays as it is.
-    Result<Ticked> updateStatus(KWTaskStatus status, const QStringList &taskIDs);
+    Result<Ticked> updateStatus(KWTaskStatus status, const QStringList &ids);
     /// Takes one of the above back, see UndoToken.
     Result<void> undo(const UndoToken &token) { return token.undo(m_manager); }
 

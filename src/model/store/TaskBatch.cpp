@@ -6,15 +6,19 @@
 #include "model/store/TaskKindChange.h"
 #include "model/store/TaskPermissions.h"
 
-Result<UndoToken> TaskBatch::edit(const QStringList &taskIDs, const std::function<void(KWTask &)> &change)
+Result<UndoToken> TaskBatch::edit(const QStringList &ids, const ToTask &toTask, const ToItem &toItem)
 {
     UndoToken token;
     const auto changeAll = [&](ObjectContext &context) -> Result<void> {
-        const QList<KWTask *> tasks = findAll<KWTask>(taskIDs, context);
-        if (tasks.isEmpty()) return mayChange(nullptr);
+        const QList<KWTask *> tasks = findAll<KWTask>(ids, context);
+        const auto items = toItem ? findStored<KWChecklistItem>(ids, context) : QList<KWChecklistItem *>{};
+        if (tasks.isEmpty() && items.isEmpty()) return mayChange(nullptr);
         if (const Result<void> allowed = mayChangeOutsideTrash(tasks); !allowed) return allowed;
+        if (const Result<void> allowed = mayChangeOutsideTrash(items); !allowed) return allowed;
         for (KWTask *each : tasks)
-            change(*each);
+            toTask(*each);
+        for (KWChecklistItem *each : items)
+            toItem(*each);
         token = UndoToken::of(context);
         return {};
     };
@@ -23,12 +27,24 @@ Result<UndoToken> TaskBatch::edit(const QStringList &taskIDs, const std::functio
     return token;
 }
 
-Result<UndoToken> TaskBatch::setDay(const QStringList &taskIDs, Day day)
+Result<UndoToken> TaskBatch::setDay(const QStringList &ids, Day day)
 {
-    return edit(taskIDs, [day](KWTask &task) { moveToDay(task, day); });
+    const auto move = [day](auto &each) { moveToDay(each, day); };
+    return edit(ids, move, move);
 }
 
-Result<UndoToken> TaskBatch::clearDate(const QStringList &taskIDs) { return edit(taskIDs, clearDates); }
+Result<UndoToken> TaskBatch::clearDate(const QStringList &ids)
+{
+    const auto clear = [](auto &each) { clearDates(each); };
+    return edit(ids, clear, clear);
+}
+
+Result<UndoToken> TaskBatch::remove(const QStringList &ids)
+{
+    return edit(
+        ids, [](KWTask &task) { KWTask::trashTaskAndDescendants({&task}, task.context()); },
+        [](KWChecklistItem &item) { item.markDelete(); });
+}
 
 Result<UndoToken> TaskBatch::setPriority(const QStringList &taskIDs, KWTaskPriority priority)
 {

@@ -1,5 +1,6 @@
 #include "model/store/TaskDays.h"
 
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
 
 namespace {
@@ -32,6 +33,17 @@ void moveToDay(KWTask &task, Day day)
                                            : movedTo(day, from, *before.endDate, zone)});
 }
 
+void moveToDay(KWChecklistItem &item, Day day)
+{
+    const CXTimeZone zone = item.context().clock().zone();
+    item.set(&KWChecklistItemModel::snoozedRemindDate, std::nullopt);
+    const std::optional<Instant> before = item->startDate;
+    if (!before) item.set(&KWChecklistItemModel::isAllDay, true);
+    item.set(&KWChecklistItemModel::startDate,
+             std::optional{!before || item->isAllDay ? zone.startOfDay(day)
+                                                     : movedTo(day, zone.dayOf(*before), *before, zone)});
+}
+
 void clearDates(KWTask &task)
 {
     for (const auto date : {&KWTaskModel::startDate, &KWTaskModel::endDate, &KWTaskModel::snoozedRemindDate})
@@ -39,4 +51,11 @@ void clearDates(KWTask &task)
     task.set(&KWTaskModel::isAllDay, false);
     task.set(&KWTaskModel::repeatRule, QString{});
     task.set(&KWTaskModel::reminders, QStringList{});
+}
+
+void clearDates(KWChecklistItem &item)
+{
+    item.set(&KWChecklistItemModel::startDate, std::nullopt);
+    item.set(&KWChecklistItemModel::snoozedRemindDate, std::nullopt);
+    item.set(&KWChecklistItemModel::isAllDay, false);
 }

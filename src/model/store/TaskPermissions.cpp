@@ -10,6 +10,8 @@ Error mayOnlyBeRead(const KWProject &list)
     return {storeText("The list “%1” may only be read.").arg(list->name)};
 }
 
+const KWTask *ownerOf(const KWChecklistItem &item) { return item.context().find<KWTask>(item->taskID); }
+
 } // namespace
 
 Result<void> mayChange(const KWTask *task)
@@ -40,6 +42,20 @@ Result<void> mayChangeOutsideTrash(const QList<KWTask *> &tasks)
     Result<void> allowed;
     for (const KWTask *each : tasks)
         if (allowed) allowed = mayChangeOutsideTrash(each);
+    return allowed;
+}
+
+Result<void> mayChangeItem(const KWChecklistItem *item)
+{
+    if (!item) return Error{storeText("There is no such item any more.")};
+    return mayChange(ownerOf(*item));
+}
+
+Result<void> mayChangeOutsideTrash(const QList<KWChecklistItem *> &items)
+{
+    Result<void> allowed;
+    for (const KWChecklistItem *each : items)
+        if (allowed) allowed = mayChangeOutsideTrash(ownerOf(*each));
     return allowed;
 }
 
