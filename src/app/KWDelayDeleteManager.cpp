@@ -130,7 +130,7 @@ void KWDelayDeleteManager::deleteEvents(const QStringList &eventIDs, const QStri
 
 void KWDelayDeleteManager::deleteChecklistItemsWithCount(int count, ToastPort &window,
                                                          const std::function<void()> &deleteBlock,
-                                                         std::function<void()> undoBlock,
+                                                         const std::function<void()> &undoBlock,
                                                          std::function<void()> timeoutBlock)
 {
     commitPending();
@@ -140,11 +140,12 @@ void KWDelayDeleteManager::deleteChecklistItemsWithCount(int count, ToastPort &w
            .type = std::nullopt,
            .ids = {},
            .commit =
-               [timeoutBlock = std::move(timeoutBlock)] {
+               [this, timeoutBlock = std::move(timeoutBlock), undoBlock] {
                    timeoutBlock();
+                   m_pending->restore = undoBlock;
                    return Result<void>{};
                },
-           .undo = std::move(undoBlock)},
+           .undo = undoBlock},
           KWLocalizedString("Deleted"));
 }
 

@@ -40,9 +40,11 @@ public:
     void deleteEvents(const QStringList &eventIDs, const QString &title,
                       std::function<Result<void>()> deleteBlock);
     /// The same toast for items of a checklist, in the window `window`: `deleteBlock` is called at once,
-    /// and then one of the others, when the time is over or "Undo" is pressed.
+    /// and then one of the others, when the time is over or "Undo" is pressed. After that time `undoBlock`
+    /// takes back the delete as long as its step is kept.
     void deleteChecklistItemsWithCount(int count, ToastPort &window, const std::function<void()> &deleteBlock,
-                                       std::function<void()> undoBlock, std::function<void()> timeoutBlock);
+                                       const std::function<void()> &undoBlock,
+                                       std::function<void()> timeoutBlock);
 
     /// Whether the task waits to be deleted: lists hide it.
     bool containsTask(const QString &taskID) const { return m_tasks.contains(taskID); }

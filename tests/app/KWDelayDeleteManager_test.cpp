@@ -161,10 +161,14 @@ private Q_SLOTS:
             scene.manager.deleteChecklistItemsWithCount(
                 count, scene.toast, [&] { calls << u"delete"_s; }, [&] { calls << u"undo"_s; },
                 [&] { calls << u"timeout"_s; });
-            if (count == 1) scene.store.clock.advance(5s);
+            if (count != 1) continue;
+            scene.store.clock.advance(5s);
+            scene.toast.later();
+            QCOMPARE(calls.takeLast(), u"undo"_s);
         }
         scene.toast.press();
         QCOMPARE(calls.join(u' '), u"delete timeout delete undo"_s);
+        QVERIFY(!scene.toast.later); // it is taken back already
         QCOMPARE(scene.toast.lines, QStringList({u"Deleted"_s, u"Deleted"_s}));
 
         scene.manager.deleteEvents({u"event"_s}, u"Meeting"_s, [] { return Result<void>{}; });
