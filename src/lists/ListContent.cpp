@@ -21,8 +21,9 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
     Connection &connection = context.connection();
     Result<void> read;
     if (content.shown.partsClosedTasks()) {
-        read = content.readOpenTasks(fetcher, {userID, list, extent.openTasks, {}, content.shown.sortType()},
-                                     connection);
+        ListDataRequest open{userID, list, extent.openTasks, {}, content.shown.sortType()};
+        open.includeChecklist = true;
+        read = content.readOpenTasks(fetcher, open, connection);
         if (read && content.shown.showsCompleted)
             read = content.readCompletedTasks(fetcher, {userID, list, extent.countToShowOfCompleted},
                                               connection);
@@ -54,6 +55,7 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
     if (!changes.tasks.isEmpty()) {
         ListDataRequest request{.userID = userID, .selection = shown.list};
         request.condition.taskIDs = changes.tasks.values();
+        request.includeChecklist = true;
         auto open = fetcher.reloadDataModel(request, context.connection());
         if (!open) return open.error();
         changes.rows = std::move(*open);
@@ -63,7 +65,7 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
     rows.removeIf([&](const Row &each) {
         if (each.isClosed())
             closedBefore.append(each);
-        else if (changes.tasks.contains(each.sid))
+        else if (changes.tasks.contains(each.taskID()))
             openBefore.append(each);
         else
             return false;
@@ -90,6 +92,7 @@ Result<void> ListContent::readPinnedTasks(const KWListDataFetcher &fetcher, List
                                           Connection &connection)
 {
     request.condition.isPinned = true;
+    request.includeChecklist = false;
     const auto pinned = fetcher.reloadDataModel(request, connection);
     if (!pinned) return pinned.error();
     rows.removeIf([](const auto &each) { return each.isPinned(); });
@@ -140,7 +143,7 @@ ListContent::Sections ListContent::sections(const QSet<QString> &hiddenTasks) co
 {
     QList<KWTaskListItemModel> visible = rows;
     if (!hiddenTasks.isEmpty())
-        visible.removeIf([&hiddenTasks](const auto &each) { return hiddenTasks.contains(each.sid); });
+        visible.removeIf([&hiddenTasks](const auto &each) { return hiddenTasks.contains(each.taskID()); });
     Sections sections;
     sections.categories =
         KWTaskCategory::buildCategories(visible, shown, shown.sortType(), false, shown.partsClosedTasks());

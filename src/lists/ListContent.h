@@ -18,7 +18,7 @@ struct ListExtent {
 struct ListContent {
     ShownList shown{};
     QList<KWTaskListItemModel> rows{};
-    bool isWhole = true; ///< all open tasks are among the rows
+    bool isWhole = true; ///< all open tasks are among the rows, and their items
     bool hasTop = true;  ///< at least those that are shown first
     bool isAllCompletedModelsLoadded = true;
     int completedCount = 0; ///< of those that were left out, too
@@ -30,7 +30,7 @@ struct ListContent {
     /// What readAgain() found.
     struct Changes {
         QSet<QString> tasks{};             ///< those that were looked for
-        QList<KWTaskListItemModel> rows{}; ///< of those that are in the list, open
+        QList<KWTaskListItemModel> rows{}; ///< of those that are in the list, open, and of their items
         bool areInClosedTasks = true;      ///< or in the positions
         bool areNone = false;              ///< the list is as it was
     };
@@ -45,7 +45,7 @@ struct ListContent {
 
         bool operator==(const Sections &) const = default;
     };
-    /// The rows but the hidden ones, cut into sections. Any thread.
+    /// The rows but those of hidden tasks, cut into sections. Any thread.
     Sections sections(const QSet<QString> &hiddenTasks) const;
 
 private:

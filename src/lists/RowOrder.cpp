@@ -19,10 +19,10 @@ std::int64_t latest(const std::optional<Instant> &moment)
     return -storedInstant(moment.value_or(Instant::min() + std::chrono::milliseconds{1}));
 }
 
-// As the index openTasksInOrder stands.
+// As the index openTasksInOrder stands; a checklist item may have the row of a task.
 auto byTime(const Row &row)
 {
-    return std::tuple{earliest(row.startDate), -row.priority, row.sortOrder, row.rowID};
+    return std::tuple{earliest(row.startDate), -row.priority, row.sortOrder, row.rowID, row.kind};
 }
 
 template <class Key>

@@ -28,7 +28,7 @@ std::optional<QList<Place>> placesOf(const QSet<QString> &changed, const QList<K
         for (qsizetype k = 0; k < rows.size(); ++k) {
             const Row &row = rows.at(k);
             if (!row.isClosed() && (row.isNote() || !row.parentId.isEmpty())) return std::nullopt;
-            if (!changed.contains(row.sid)) continue;
+            if (!changed.contains(row.taskID())) continue;
             if (!isPlain(row)) return std::nullopt;
             places.append({i, k});
         }

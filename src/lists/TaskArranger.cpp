@@ -26,7 +26,7 @@ QStringList rootsOf(const KWTaskCategory &section)
 {
     QStringList roots;
     for (const TaskListRow &each : flatRows({section}, {}))
-        if (each.kind == TaskListRow::Kind::Task && each.depth == 0) roots.append(each.id);
+        if (each.isTask() && each.depth == 0) roots.append(each.id);
     return roots;
 }
 
@@ -35,7 +35,7 @@ QString rootOf(const QString &taskID, const KWTaskCategory &section)
 {
     QString root;
     for (const TaskListRow &each : flatRows({section}, {})) {
-        if (each.kind != TaskListRow::Kind::Task) continue;
+        if (!each.isTask()) continue;
         if (each.depth == 0) root = each.id;
         if (each.id == taskID) return root;
     }
@@ -264,6 +264,7 @@ Result<UndoToken> TaskArranger::nest(const QStringList &taskIDs, const KWTaskLis
     if (first)
         for (const Row &each : section->models()) {
             if (&each == first) break;
+            if (each.isChecklistItem()) continue;
             if (each.parentId == first->parentId ||
                 (first->parentId.isEmpty() && rootOf(each.sid, *section) == each.sid))
                 above = each.sid;

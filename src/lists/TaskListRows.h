@@ -14,20 +14,21 @@ struct FoldedRows {
 
 /// A row of the middle pane.
 struct TaskListRow {
-    enum class Kind : std::uint8_t { Section, Task, LoadMore };
+    enum class Kind : std::uint8_t { Section, Task, LoadMore }; ///< a checklist item stands as a task does
 
     Kind kind = Kind::Task;
-    QString id;       ///< unique in the list: the task's, "section:" and its name, or "loadMore"
+    QString id;       ///< unique in the list: that of `task`, "section:" and its name, or "loadMore"
     int category = 0; ///< the index of its section
     QString title{};  ///< of a section
     int count = 0;    ///< of a section: its tasks, folded ones included
     bool isFolded = false;
-    KWTaskListItemModel task{}; ///< of a task
+    KWTaskListItemModel task{}; ///< of a task or a checklist item
     int depth = 0;              ///< below how many of the tasks above it
     bool hasChildren = false;   ///< among the rows of its section
 
+    bool isTask() const { return kind == Kind::Task && !task.isChecklistItem(); }
     bool operator==(const TaskListRow &) const = default;
 };
 
-/// The rows to be seen of the sections: headers, and tasks that are in nothing that is folded.
+/// The rows to be seen of the sections: headers, and tasks and items that are in nothing that is folded.
 QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const FoldedRows &folded);

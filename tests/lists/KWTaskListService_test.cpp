@@ -3,6 +3,7 @@
 #include "RowText.h"
 #include "model/account/AccountSettings.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
@@ -199,6 +200,41 @@ private Q_SLOTS:
         QCOMPARE(shown(), u"[No Date 2] a .b [Completed 1] Done"_s);
     }
 
+    void showsDatedItemsWithTheirTask()
+    {
+        const QString task = aTask("Move")
+                                 .in(m_home.entityID)
+                                 .withItem("Boxes", "2030-04-30 09:00")
+                                 .withItem("Key", "2030-05-01 12:00")
+                                 .dueOn("2030-05-01")
+                                 .savedIn(*m_store);
+        list().select(KWListIdentifier::todayProject());
+        QCOMPARE(shown(), u"[Overdue 1] Boxes [Today 2] Move Key"_s);
+        const auto item = [](ObjectContext &context) {
+            return context.fetch<KWChecklistItem>({.where = "title = 'Key'"}).first();
+        };
+        saved(*m_store, [&](ObjectContext &context) {
+            item(context)->set(&KWChecklistItemModel::startDate, at("2030-05-02 12:00"));
+        });
+        QCOMPARE(shown(), u"[Overdue 1] Boxes [Today 1] Move"_s);
+        list().select(smart(KWSmartProject::tomorrow()));
+        QCOMPARE(shown(), u"[Tomorrow 1] Key"_s);
+        const auto tell = [&](KWDelayDeleteStatus status) {
+            m_store->kit().center().post(delayDeleteStatusChangedNotification, {},
+                                         {{u"type"_s, int(KWDelayDeleteType::Tasks)},
+                                          {u"status"_s, int(status)},
+                                          {u"taskIDs"_s, QStringList{task}}});
+        };
+        tell(KWDelayDeleteStatus::Started);
+        QCOMPARE(shown(), QString{});
+        tell(KWDelayDeleteStatus::Undone);
+        QCOMPARE(shown(), u"[Tomorrow 1] Key"_s);
+        saved(*m_store, [&](ObjectContext &context) { item(context)->updateStatus(KWTaskStatusCompleted); });
+        QCOMPARE(shown(), QString{});
+        list().select(m_home);
+        QCOMPARE(shown(), u"Move"_s);
+    }
+
     void takesAChangedTaskIntoALongList()
     {
         saved(*m_store, [this](ObjectContext &context) {
@@ -235,26 +271,35 @@ private Q_SLOTS:
     void keepsALongListAsIfItWereReadAnew_data()
     {
         QTest::addColumn<KWTaskSortType>("sortType");
+        QTest::addColumn<bool>("hasItems");
         for (const KWTaskSortType each : {KWTaskSortTypeCustom, KWTaskSortTypeDate, KWTaskSortTypePriority,
                                           KWTaskSortTypeTitle, KWTaskSortTypeTag})
-            QTest::newRow(textOf(each).data()) << each;
+            QTest::newRow(textOf(each).data()) << each << false;
+        QTest::newRow("with checklist items") << KWTaskSortTypePriority << true;
     }
     void keepsALongListAsIfItWereReadAnew()
     {
         QFETCH(const KWTaskSortType, sortType);
+        QFETCH(const bool, hasItems);
+        const auto shownList = hasItems ? smart(KWSmartProject::next7days()) : m_home;
         std::mt19937 random{7};
         const auto roll = [&random](int below) { return int(random() % unsigned(below)); };
-        saved(*m_store, [this](ObjectContext &context) {
-            KWTaskModel task = aTask("Task").in(m_home.entityID).model();
+        saved(*m_store, [&](ObjectContext &context) {
+            KWTaskModel task = aTask("Task").in(m_home.entityID).dueOn("2030-05-01").model();
+            if (hasItems) task.kind = KWTaskKindChecklist;
             for (int i = 0; i < 150; ++i) {
                 task.sid = QString::number(i);
                 task.sortOrder = i * 5 % 7;
                 context.insert<KWTask>(task);
+                KWChecklistItemModel item;
+                item.taskID = task.sid;
+                item.startDate = task.startDate;
+                context.insert<KWChecklistItem>(item);
             }
         });
-        list().select(m_home);
+        list().select(shownList);
         QVERIFY(list().setSortType(sortType));
-        QTRY_COMPARE(list().rows().size(), 150);
+        QTRY_COMPARE(list().rows().size(), hasItems ? 300 : 150);
         for (int i = 0; i < 40; ++i) {
             saved(*m_store, [&](ObjectContext &context) {
                 for (int k = roll(2); k >= 0; --k) {
@@ -273,7 +318,7 @@ private Q_SLOTS:
             });
             KWTaskListService anew{m_store->kit().manager(), m_store->account(), m_store->kit().center(),
                                    m_store->kit().bus()};
-            anew.select(m_home);
+            anew.select(shownList);
             QTRY_VERIFY(anew.categories() == list().categories());
         }
     }

@@ -51,6 +51,10 @@ void give(const QString &word, KWTaskListItemModel &row)
     case u'&':
         row.kind = KWTaskListItemModel::Kind::Habit;
         return;
+    case u'>':
+        row.kind = KWTaskListItemModel::Kind::ChecklistItem;
+        row.ownerID = value;
+        return;
     case u'~':
         row.status = KWTaskStatusCompleted;
         row.completionDate = row.createdTime;
