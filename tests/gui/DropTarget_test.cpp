@@ -20,6 +20,8 @@ QList<TaskListRow> rowsOf(const QString &words)
         if (each.startsWith(u'[')) {
             if (!rows.isEmpty()) ++category;
             rows.append(sectionRow(each, category));
+        } else if (each.startsWith(u'~')) {
+            rows.append(itemRow(each, {}, {}, category));
         } else if (each == u"more") {
             rows.append({TaskListRow::Kind::LoadMore, each, category});
         } else {

@@ -35,9 +35,10 @@ private Q_SLOTS:
         m_list.setTagLabels({{u"errand"_s, u"Errand"_s}});
         TaskListRow later = sectionRow(u"Later"_s, 2, 7);
         later.isFolded = true;
-        m_list.setRows({sectionRow(u"Today"_s, 0, 2),
+        m_list.setRows({sectionRow(u"Today"_s, 0, 3),
                         venue,
                         map,
+                        itemRow(u"5"_s, u"Stamp"_s, u"[Letter]"_s),
                         sectionRow(u"No Date"_s, 1, 2),
                         note,
                         dropped,
@@ -52,14 +53,15 @@ private Q_SLOTS:
         QCOMPARE(bytesOf(file).toStdString(),
                  "# Trip \\#1\n\n## Today\n\n"
                  "- [ ] Call \\*the\\* venue · 17:00 \\#Errand\n"
-                 "  - [x] Print the map\n\n"
+                 "  - [x] Print the map\n- [ ] Stamp (\\[Letter\\])\n\n"
                  "## No Date\n\n- No Title\n- [x] ~~Order a tent~~\n\n## Later (7)\n\n");
     }
 
     void paperHasTheSame()
     {
         QCOMPARE(ListPrint::document(u"Trip"_s, m_list)->toPlainText(),
-                 u"Trip\nToday\n☐ Call *the* venue  ·  17:00\n☑ Print the map\nNo Date\n– No Title\n"
+                 u"Trip\nToday\n☐ Call *the* venue  ·  17:00\n☑ Print the map\n☐ Stamp ([Letter])\nNo "
+                 u"Date\n– No Title\n"
                  u"☒ Order a tent\nLater (7)"_s);
     }
 

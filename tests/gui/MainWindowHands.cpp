@@ -79,8 +79,8 @@ QString MainWindowHands::shown() const
 
 QString MainWindowHands::idOf(const QString &title) const
 {
-    for (const KWTaskListItemModel &each : pane().model().tasks())
-        if (each.title == title) return each.sid;
+    for (const TaskListRow &each : pane().model().rows())
+        if (each.kind == TaskListRow::Kind::Task && each.task.title == title) return each.id;
     qFatal("there is no row %s", qUtf8Printable(title));
 }
 

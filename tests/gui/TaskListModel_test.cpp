@@ -109,7 +109,7 @@ private Q_SLOTS:
         task.pinnedDate = task.startDate;
         row.depth = 1;
         row.hasChildren = true;
-        model.setRows({row, sectionRow(u"Later"_s, 0, 3)});
+        model.setRows({row, sectionRow(u"Later"_s, 0, 3), itemRow(u"i"_s, u"Stamp"_s, u"Send the letter"_s)});
         model.setListNames({{u"p"_s, u"Bills"_s}});
         model.setTagLabels({{u"home"_s, u"Home"_s}});
         QCOMPARE(model.index(0).data(Qt::AccessibleTextRole).toString(),
@@ -117,6 +117,8 @@ private Q_SLOTS:
                  u"1 attachments, #Home, List: Bills, Level 2, unfolded"_s);
         QCOMPARE(model.index(1).data(Qt::AccessibleTextRole).toString(),
                  u"Later, Section with 3 tasks, unfolded"_s);
+        QCOMPARE(model.index(2).data(Qt::AccessibleTextRole).toString(),
+                 u"Stamp, Checklist item of Send the letter"_s);
     }
 };
 

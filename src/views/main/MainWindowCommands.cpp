@@ -75,9 +75,15 @@ void MainWindowCommands::connectTaskCommands()
     for (const auto &[command, priority] : {std::pair{MenuCommand::PriorityNone, KWTaskPriorityNone},
                                             {MenuCommand::PriorityLow, KWTaskPriorityLow},
                                             {MenuCommand::PriorityMedium, KWTaskPriorityMedium},
-                                            {MenuCommand::PriorityHigh, KWTaskPriorityHigh}})
+                                            {MenuCommand::PriorityHigh, KWTaskPriorityHigh}}) {
         on(command,
-           [this, priority = priority] { m_parts.tasks.setPriority(m_parts.selected.ids(), priority); });
+           [this, priority = priority] { m_parts.tasks.setPriority(m_parts.selected.taskIDs(), priority); });
+        m_parts.menu.setHindrance(command, [this] {
+            return m_parts.selected.haveTask()
+                       ? QString{}
+                       : KWLocalizedString("A checklist item has the priority of its task.");
+        });
+    }
     on(MenuCommand::Print, [this] { print(); });
     on(MenuCommand::ExportList, [this] { exportList(); });
 }
@@ -161,18 +167,20 @@ void MainWindowCommands::addTask()
 
 void MainWindowCommands::pickDate()
 {
-    const QStringList taskIDs = m_parts.selected.ids();
-    const auto found = m_parts.editor.read(m_parts.selected.current());
-    if (!found) return;
+    const QStringList ids = m_parts.selected.ids();
+    if (ids.isEmpty()) return;
     const QPoint position = m_parts.selected.place();
-    if (taskIDs.size() == 1) return m_parts.detail.pickDate(position);
+    if (ids == QStringList{m_parts.selected.current()}) return m_parts.detail.pickDate(position);
     DatePicker::Days days{.today = m_parts.clock.today(),
                           .selected = {},
                           .firstWeekday = m_parts.account.userSettings().firstWeekday};
-    if (found->task.startDate) days.selected = m_parts.clock.zone().dayOf(*found->task.startDate);
+    TaskListPane &pane = m_parts.window.listPane();
+    if (const QModelIndex current = pane.list().currentIndex(); current.isValid())
+        if (const auto start = pane.model().rowAt(current).task.startDate)
+            days.selected = m_parts.clock.zone().dayOf(*start);
     auto *picker = new DatePicker{days, &m_parts.window};
-    connect(picker, &DatePicker::picked, this, [this, taskIDs](std::optional<Day> day) {
-        day ? m_parts.tasks.setDay(taskIDs, *day) : m_parts.tasks.clearDate(taskIDs);
+    connect(picker, &DatePicker::picked, this, [this, ids](std::optional<Day> day) {
+        day ? m_parts.tasks.setDay(ids, *day) : m_parts.tasks.clearDate(ids);
     });
     picker->popUp(position);
 }

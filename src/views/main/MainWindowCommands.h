@@ -1,7 +1,6 @@
 #pragma once
 
 #include "corvexkit/time/CXClock.h"
-#include "model/store/KWTaskEditor.h"
 #include "views/menu/MainMenu.h"
 
 class KWAccountManager;
@@ -25,7 +24,6 @@ public:
         const SelectedTasks &selected;
         TaskDetailController &detail; ///< of the current one of them
         KWProjectListPresenter &sidebar;
-        KWTaskEditor &editor;
         KWAccountManager &account;
         CXClock &clock;
     };

@@ -24,14 +24,14 @@ struct MainWindowController::Content {
     Content(const MainWindowRooms &rooms, ToastPort &toasts)
         : window{rooms.clock, rooms.kit.defaults()}
         , editor{rooms.kit.manager()}
-        , actions{{rooms.kit.manager(), rooms.kit.center(), rooms.deletes, rooms.clock}}
+        , actions{{rooms.kit.manager(), rooms.kit.center(), rooms.deletes, toasts, rooms.clock}}
         , sidebar{rooms, window}
         , list{rooms, window, actions, editor}
         , detail{rooms, window, actions, toasts}
         , search{rooms, window, actions, detail.task()}
         , selected{window.listPane().list(), search.page(), detail.task()}
-        , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, editor,
-                    rooms.kit.account(), rooms.clock}}
+        , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, rooms.kit.account(),
+                    rooms.clock}}
     {
     }
 

@@ -8,14 +8,25 @@ SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search, const
     : m_list(list), m_search(search), m_detail(detail)
 {
     connect(&m_list, &TaskListView::currentTaskChanged, this, &SelectedTasks::changed);
+    connect(m_list.selectionModel(), &QItemSelectionModel::selectionChanged, this, &SelectedTasks::changed);
     connect(&m_search.page(), &SearchPage::currentTaskChanged, this, &SelectedTasks::changed);
     connect(&m_search, &SearchController::closed, this, &SelectedTasks::changed);
 }
 
 QStringList SelectedTasks::ids() const
 {
-    if (!m_search.isShown() && !m_detail.heldTask()) return m_list.selectedTasks();
+    if (!m_search.isShown() && !m_detail.heldTask()) return m_list.selectedIDs();
     return current().isEmpty() ? QStringList{} : QStringList{current()};
+}
+
+QStringList SelectedTasks::taskIDs() const
+{
+    return !m_search.isShown() && !m_detail.heldTask() ? m_list.selectedTasks() : ids();
+}
+
+bool SelectedTasks::haveTask() const
+{
+    return !m_search.isShown() && !m_detail.heldTask() ? m_list.hasSelectedTask() : !current().isEmpty();
 }
 
 QString SelectedTasks::current() const

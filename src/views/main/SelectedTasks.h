@@ -17,8 +17,11 @@ public:
     /// All outlive it.
     SelectedTasks(TaskListView &list, SearchController &search, const TaskDetailController &detail);
 
-    /// From top to bottom.
+    /// Of tasks and checklist items, from top to bottom.
     QStringList ids() const;
+    /// Of the tasks among them, and whether there is one.
+    QStringList taskIDs() const;
+    bool haveTask() const;
     /// The one that the detail shows, empty for none.
     QString current() const;
     /// On the screen, below the row of that one: where what asks about it opens.

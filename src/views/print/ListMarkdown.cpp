@@ -1,6 +1,5 @@
 #include "views/print/ListMarkdown.h"
 
-#include "model/text/DisplayTitle.h"
 #include "views/print/PrintedSections.h"
 #include "views/tasklist/TaskListModel.h"
 
@@ -25,7 +24,7 @@ QString itemOf(const TaskListRow &row, const TaskListModel &list)
     QString item(row.depth * 2, u' ');
     item += u"- "_s;
     if (task.taskKind != KWTaskKindNote) item += task.isClosed() ? u"[x] "_s : u"[ ] "_s;
-    const QString title = escaped(displayTitle(task.title));
+    const QString title = escaped(printedName(task));
     item += task.status == KWTaskStatusAbandoned ? u"~~"_s + title + u"~~"_s : title;
     if (const QString date = list.dateTextOf(task).text; !date.isEmpty()) item += u" · "_s + escaped(date);
     for (const QString &tag : task.tags)

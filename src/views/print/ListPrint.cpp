@@ -1,6 +1,5 @@
 #include "views/print/ListPrint.h"
 
-#include "model/text/DisplayTitle.h"
 #include "views/print/PrintedSections.h"
 #include "views/tasklist/TaskListModel.h"
 
@@ -50,7 +49,7 @@ void insertTask(const TaskListRow &row, const TaskListModel &list, QTextCursor &
     QTextCharFormat text;
     text.setFontPointSize(printedTextSize);
     cursor.insertBlock(line, text);
-    cursor.insertText(boxOf(row.task) + displayTitle(row.task.title), text);
+    cursor.insertText(boxOf(row.task) + printedName(row.task), text);
     if (const QString date = list.dateTextOf(row.task).text; !date.isEmpty())
         cursor.insertText(u"  ·  "_s + date, text);
 }

@@ -1,6 +1,7 @@
 #include "views/print/PrintedSections.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/DisplayTitle.h"
 #include "views/tasklist/TaskListModel.h"
 
 QSet<QString> collapsedSectionNames(const TaskListModel &list)
@@ -15,4 +16,11 @@ QString printedTitle(const TaskListRow &section, const QSet<QString> &collapsedS
 {
     if (!collapsedSectionNames.contains(section.id)) return section.title;
     return KWLocalizedString("%1 (%2)").arg(section.title).arg(section.count);
+}
+
+QString printedName(const KWTaskListItemModel &row)
+{
+    const QString title = displayTitle(row.title);
+    if (!row.isChecklistItem()) return title;
+    return KWLocalizedString("%1 (%2)").arg(title, displayTitle(row.ownerTitle));
 }

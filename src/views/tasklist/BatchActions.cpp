@@ -2,6 +2,7 @@
 
 #include "app/KWDelayDeleteManager.h"
 #include "app/OrvaneLink.h"
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWTask.h"
 #include "model/records/PriorityNames.h"
 #include "model/store/FindAll.h"
@@ -21,42 +22,51 @@ BatchActions::BatchActions(const Rooms &rooms)
 {
 }
 
-void BatchActions::report(const Result<UndoToken> &done, const QStringList &taskIDs, const QString &message)
+void BatchActions::report(const Result<UndoToken> &done, const QStringList &ids, const QString &message)
 {
     if (!done) return Q_EMIT failed(done.error().sentence);
     if (done->isEmpty()) return; // it was so before
-    const QString words = taskIDs.size() > 1 ? tr("%1 tasks · %2").arg(taskIDs.size()).arg(message) : message;
-    Q_EMIT changed(words, [this, undo = *done] {
-        if (const Result<void> undone = undo.undo(m_rooms.manager); !undone)
-            Q_EMIT failed(undone.error().sentence);
-    });
+    const QString several = haveItems(ids) ? tr("%1 items · %2") : tr("%1 tasks · %2");
+    const QString words = ids.size() > 1 ? several.arg(ids.size()).arg(message) : message;
+    Q_EMIT changed(words, [this, undo = *done] { takeBack(undo); });
 }
 
-void BatchActions::reportTick(const Result<KWTaskTicker::Ticked> &done, const QStringList &taskIDs)
+void BatchActions::takeBack(const UndoToken &done)
 {
-    if (!done) return report(done.error(), taskIDs, {});
-    report(done->undo, taskIDs,
+    if (const Result<void> undone = done.undo(m_rooms.manager); !undone)
+        Q_EMIT failed(undone.error().sentence);
+}
+
+bool BatchActions::haveItems(const QStringList &ids) const
+{
+    return !findStored<KWChecklistItem>(ids, m_rooms.manager.MR_defaultContext()).isEmpty();
+}
+
+void BatchActions::reportTick(const Result<KWTaskTicker::Ticked> &done, const QStringList &ids)
+{
+    if (!done) return report(done.error(), ids, {});
+    report(done->undo, ids,
            done->status == KWTaskStatusOpen        ? tr("Reopened")
            : done->status == KWTaskStatusAbandoned ? tr("Abandoned")
                                                    : tr("Completed"));
 }
 
-void BatchActions::tick(const QStringList &taskIDs) { reportTick(m_ticker.tick(taskIDs), taskIDs); }
+void BatchActions::tick(const QStringList &ids) { reportTick(m_ticker.tick(ids), ids); }
 
 void BatchActions::abandon(const QStringList &taskIDs)
 {
     reportTick(m_ticker.updateStatus(KWTaskStatusAbandoned, taskIDs), taskIDs);
 }
 
-void BatchActions::setDay(const QStringList &taskIDs, Day day)
+void BatchActions::setDay(const QStringList &ids, Day day)
 {
     const QString words = DateWording::relativeDay(day, m_rooms.clock.today(), QLocale{});
-    report(m_batch.setDay(taskIDs, day), taskIDs, tr("Date: %1").arg(words));
+    report(m_batch.setDay(ids, day), ids, tr("Date: %1").arg(words));
 }
 
-void BatchActions::clearDate(const QStringList &taskIDs)
+void BatchActions::clearDate(const QStringList &ids)
 {
-    report(m_batch.clearDate(taskIDs), taskIDs, tr("Date removed"));
+    report(m_batch.clearDate(ids), ids, tr("Date removed"));
 }
 
 void BatchActions::setPriority(const QStringList &taskIDs, KWTaskPriority priority)
@@ -102,7 +112,14 @@ void BatchActions::duplicate(const QStringList &taskIDs)
     Q_EMIT duplicated(copied->taskIDs);
 }
 
-void BatchActions::remove(const QStringList &taskIDs) { m_rooms.deletes.deleteTasks(taskIDs); }
+void BatchActions::remove(const QStringList &ids)
+{
+    if (!haveItems(ids)) return m_rooms.deletes.deleteTasks(ids);
+    const Result<UndoToken> removed = m_batch.remove(ids);
+    if (!removed) return Q_EMIT failed(removed.error().sentence);
+    m_rooms.deletes.deleteChecklistItemsWithCount(
+        int(ids.size()), m_rooms.toasts, [] {}, [this, undo = *removed] { takeBack(undo); }, [] {});
+}
 
 void BatchActions::copyLinks(const QStringList &taskIDs) const
 {
@@ -112,10 +129,14 @@ void BatchActions::copyLinks(const QStringList &taskIDs) const
     QGuiApplication::clipboard()->setText(links.join(u'\n'));
 }
 
-void BatchActions::copyTitles(const QStringList &taskIDs) const
+void BatchActions::copyTitles(const QStringList &ids) const
 {
+    ObjectContext &context = m_rooms.manager.MR_defaultContext();
     QStringList titles;
-    for (const KWTask *each : findAll<KWTask>(taskIDs, m_rooms.manager.MR_defaultContext()))
-        titles.append(displayTitle((*each)->title));
+    for (const QString &each : ids)
+        if (const KWTask *task = context.find<KWTask>(each))
+            titles.append(displayTitle((*task)->title));
+        else if (const KWChecklistItem *item = context.find<KWChecklistItem>(each))
+            titles.append(displayTitle((*item)->title));
     QGuiApplication::clipboard()->setText(titles.join(u'\n'));
 }

@@ -14,6 +14,12 @@ bool isTaskOf(const Rows &rows, int row, int category)
            rows.at(row).category == category;
 }
 
+// Items of checklists stand where their dates say, and nothing is put below or behind them.
+bool isAnchor(const TaskListRow &row, const QSet<QString> &moving)
+{
+    return !row.task.isChecklistItem() && !moving.contains(row.id);
+}
+
 // The nearest row above with less depth: the task that it is below. -1 for none.
 int parentOf(const Rows &rows, int row)
 {
@@ -28,7 +34,7 @@ int siblingAbove(const Rows &rows, int row, const QSet<QString> &moving)
 {
     const TaskListRow &at = rows.at(row);
     for (int above = row - 1; isTaskOf(rows, above, at.category) && rows.at(above).depth >= at.depth; --above)
-        if (rows.at(above).depth == at.depth && !moving.contains(rows.at(above).id)) return above;
+        if (rows.at(above).depth == at.depth && isAnchor(rows.at(above), moving)) return above;
     return -1;
 }
 
@@ -36,7 +42,7 @@ int siblingBelow(const Rows &rows, int row, const QSet<QString> &moving)
 {
     const TaskListRow &at = rows.at(row);
     for (int below = row + 1; isTaskOf(rows, below, at.category) && rows.at(below).depth >= at.depth; ++below)
-        if (rows.at(below).depth == at.depth && !moving.contains(rows.at(below).id)) return below;
+        if (rows.at(below).depth == at.depth && isAnchor(rows.at(below), moving)) return below;
     return -1;
 }
 
@@ -50,7 +56,7 @@ TaskDropPlace placeBefore(const Rows &rows, int row, const QSet<QString> &moving
 
 TaskDropPlace placeBehind(const Rows &rows, int row, const QSet<QString> &moving)
 {
-    const int anchor = moving.contains(rows.at(row).id) ? siblingAbove(rows, row, moving) : row;
+    const int anchor = isAnchor(rows.at(row), moving) ? row : siblingAbove(rows, row, moving);
     return {rows.at(row).category, idAt(rows, anchor), idAt(rows, parentOf(rows, row))};
 }
 
@@ -59,7 +65,7 @@ int lastTopTask(const Rows &rows, int category)
 {
     int found = -1;
     for (int i = 0; i < rows.size(); ++i)
-        if (isTaskOf(rows, i, category) && rows.at(i).depth == 0) found = i;
+        if (isTaskOf(rows, i, category) && rows.at(i).depth == 0 && isAnchor(rows.at(i), {})) found = i;
     return found;
 }
 
@@ -94,9 +100,11 @@ std::optional<DropTarget> dropTargetAt(const QList<TaskListRow> &rows, int row, 
     if (row < 0 || row >= rows.size() || rows.at(row).kind == Kind::LoadMore) return std::nullopt;
     const TaskListRow &at = rows.at(row);
     if (at.kind == Kind::Section) return DropTarget{{at.category, {}, {}}, DropTarget::Mark::Onto, row};
-    if (share < edge)
+    const bool takesTasks = isAnchor(at, {});
+    if (share < (takesTasks ? edge : 0.5))
         return DropTarget{placeBefore(rows, row, moving), DropTarget::Mark::Above, row, at.depth};
-    if (share <= 1 - edge) return DropTarget{{at.category, {}, at.id}, DropTarget::Mark::Onto, row, at.depth};
+    if (takesTasks && share <= 1 - edge)
+        return DropTarget{{at.category, {}, at.id}, DropTarget::Mark::Onto, row, at.depth};
     if (at.hasChildren && !at.isFolded)
         return DropTarget{{at.category, {}, at.id}, DropTarget::Mark::Below, row, at.depth + 1};
     return DropTarget{placeBehind(rows, row, moving), DropTarget::Mark::Below, row, at.depth};
@@ -113,7 +121,10 @@ std::optional<TaskDropPlace> placeByKey(const QList<TaskListRow> &rows, const QS
     if (move == KeyMove::Up) {
         if (const int above = siblingAbove(rows, first, set); above >= 0)
             return placeBefore(rows, above, set);
-        return isBelowATask ? std::nullopt : placeInSectionAbove(rows, rows.at(first).category);
+        if (isBelowATask) return std::nullopt;
+        const int category = rows.at(first).category;
+        if (isTaskOf(rows, first - 1, category)) return TaskDropPlace{category, {}, {}}; // before the items
+        return placeInSectionAbove(rows, category);
     }
     if (const int below = siblingBelow(rows, last, set); below >= 0) return placeBehind(rows, below, set);
     return isBelowATask ? std::nullopt : placeInSectionBelow(rows, rows.at(last).category);

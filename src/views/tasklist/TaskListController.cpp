@@ -34,6 +34,11 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
                 if (const Result<void> saved = m_editor.setTitle(taskID, title); !saved)
                     Q_EMIT failed(saved.error().sentence);
             });
+    connect(&m_pane.list(), &TaskListView::itemTitleEdited, this,
+            [this](const QString &itemID, const QString &title) {
+                if (const Result<void> saved = m_editor.setItemTitle(itemID, title); !saved)
+                    Q_EMIT failed(saved.error().sentence);
+            });
     connect(&m_pane.list(), &TaskListView::currentTaskChanged, this, [this] { m_wantedTask.clear(); });
     for (const QString &name : {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification})
         m_observations.push_back(

@@ -26,11 +26,11 @@ QList<KWTaskListItemModel> TaskListModel::tasks() const
 {
     QList<KWTaskListItemModel> tasks;
     for (const TaskListRow &each : m_rows)
-        if (each.kind == TaskListRow::Kind::Task) tasks.append(each.task);
+        if (each.isTask()) tasks.append(each.task);
     return tasks;
 }
 
-bool TaskListModel::isTask(const QModelIndex &index) const
+bool TaskListModel::isEntry(const QModelIndex &index) const
 {
     return index.isValid() && rowAt(index).kind == TaskListRow::Kind::Task;
 }
@@ -167,8 +167,9 @@ Qt::ItemFlags TaskListModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid()) return Qt::ItemIsDropEnabled;
     const Qt::ItemFlags any = Qt::ItemIsEnabled | Qt::ItemNeverHasChildren | Qt::ItemIsDropEnabled;
-    if (!isTask(index)) return any;
-    return any | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
+    if (!isEntry(index)) return any;
+    const Qt::ItemFlags entry = any | Qt::ItemIsSelectable | Qt::ItemIsEditable;
+    return rowAt(index).isTask() ? entry | Qt::ItemIsDragEnabled : entry;
 }
 
 QStringList TaskListModel::mimeTypes() const { return {TaskMimeData::type}; }
@@ -177,7 +178,7 @@ QMimeData *TaskListModel::mimeData(const QModelIndexList &indexes) const
 {
     QStringList ids, titles;
     for (const QModelIndex &each : indexes)
-        if (isTask(each)) {
+        if (rowAt(each).isTask()) {
             ids.append(rowAt(each).id);
             titles.append(displayTitle(rowAt(each).task.title));
         }
@@ -206,8 +207,10 @@ QString TaskListModel::spokenText(const TaskListRow &row) const
 QString TaskListModel::spokenTask(const KWTaskListItemModel &task) const
 {
     QStringList parts{displayTitle(task.title)};
+    if (task.isChecklistItem())
+        parts.append(KWLocalizedString("Checklist item of %1").arg(displayTitle(task.ownerTitle)));
     if (task.isClosed()) parts.append(statusName(task.status));
-    if (task.priority != KWTaskPriorityNone)
+    if (task.priority != KWTaskPriorityNone && !task.isChecklistItem())
         parts.append(KWLocalizedString("Priority: %1").arg(displayName(task.priority)));
     if (const TaskDateText date = dateTextOf(task); !date.text.isEmpty()) {
         if (date.tone == TaskDateText::Tone::Overdue) parts.append(KWLocalizedString("Overdue"));

@@ -21,10 +21,11 @@ public:
     explicit TaskListModel(CXClock &clock, QObject *parent = nullptr);
 
     const QList<TaskListRow> &rows() const { return m_rows; }
-    /// Those rows that are tasks.
+    /// Those rows that are tasks, not items of a checklist.
     QList<KWTaskListItemModel> tasks() const;
     const TaskListRow &rowAt(const QModelIndex &index) const { return m_rows.at(index.row()); }
-    bool isTask(const QModelIndex &index) const;
+    /// A row that can be selected: a task or an item of a checklist.
+    bool isEntry(const QModelIndex &index) const;
     /// The index of that row, or an invalid one.
     QModelIndex indexOf(const QString &id) const;
 

@@ -38,7 +38,7 @@ TaskListView::TaskListView(TaskListModel &model, QWidget *parent)
     setItemDelegate(m_delegate);
     setModel(&m_model);
 
-    connect(m_delegate, &TaskRowDelegate::titleEdited, this, &TaskListView::titleEdited);
+    connect(m_delegate, &TaskRowDelegate::titleEdited, this, &TaskListView::handOver);
     connect(&m_model, &TaskListModel::rowsAboutToChange, this, &TaskListView::rememberPlace);
     connect(&m_model, &TaskListModel::rowsDidChange, this, &TaskListView::returnToPlace);
     connect(&m_animations, &CheckAnimations::moved, this,
@@ -68,18 +68,48 @@ void TaskListView::setEmptyText(const QString &text, const QString &hint)
 
 QString TaskListView::currentTask() const
 {
-    return m_model.isTask(currentIndex()) ? m_model.rowAt(currentIndex()).id : QString{};
+    return m_model.isEntry(currentIndex()) ? m_model.rowAt(currentIndex()).task.taskID() : QString{};
+}
+
+QString TaskListView::currentID() const
+{
+    return m_model.isEntry(currentIndex()) ? m_model.rowAt(currentIndex()).id : QString{};
+}
+
+QModelIndexList TaskListView::selectedEntries() const
+{
+    QModelIndexList selected = selectionModel()->selectedIndexes();
+    std::sort(selected.begin(), selected.end());
+    if (selected.isEmpty() && m_model.isEntry(currentIndex())) selected.append(currentIndex());
+    return selected;
+}
+
+QStringList TaskListView::selectedIDs() const
+{
+    QStringList ids;
+    for (const QModelIndex &each : selectedEntries())
+        ids.append(m_model.rowAt(each).id);
+    return ids;
 }
 
 QStringList TaskListView::selectedTasks() const
 {
-    QModelIndexList selected = selectionModel()->selectedIndexes();
-    std::sort(selected.begin(), selected.end());
     QStringList sids;
-    for (const QModelIndex &each : std::as_const(selected))
-        sids.append(m_model.rowAt(each).id);
-    if (sids.isEmpty() && m_model.isTask(currentIndex())) sids.append(currentTask());
+    for (const QModelIndex &each : selectedEntries())
+        if (m_model.rowAt(each).isTask()) sids.append(m_model.rowAt(each).id);
     return sids;
+}
+
+bool TaskListView::hasSelectedTask() const
+{
+    const auto isTask = [this](const QModelIndex &each) {
+        return m_model.isEntry(each) && m_model.rowAt(each).isTask();
+    };
+    if (!selectionModel()->hasSelection()) return isTask(currentIndex());
+    for (const QItemSelectionRange &each : selectionModel()->selection())
+        for (int row = each.top(); row <= each.bottom(); ++row)
+            if (isTask(m_model.index(row))) return true;
+    return false;
 }
 
 void TaskListView::selectTask(const QString &sid) { selectTasks({sid}); }
@@ -124,9 +154,9 @@ void TaskListView::currentChanged(const QModelIndex &current, const QModelIndex 
 QModelIndex TaskListView::taskNear(int row) const
 {
     for (int below = row; below < m_model.rowCount(); ++below)
-        if (m_model.isTask(m_model.index(below))) return m_model.index(below);
+        if (m_model.isEntry(m_model.index(below))) return m_model.index(below);
     for (int above = std::min(row, m_model.rowCount()) - 1; above >= 0; --above)
-        if (m_model.isTask(m_model.index(above))) return m_model.index(above);
+        if (m_model.isEntry(m_model.index(above))) return m_model.index(above);
     return {};
 }
 
@@ -134,7 +164,7 @@ QModelIndex TaskListView::taskNear(int row) const
 QModelIndex TaskListView::openTaskNear(int row) const
 {
     const auto isOpen = [this](const QModelIndex &each) {
-        return m_model.isTask(each) && !m_model.rowAt(each).task.isClosed();
+        return m_model.isEntry(each) && !m_model.rowAt(each).task.isClosed();
     };
     if (const QModelIndex there = taskNear(row); there.isValid() && isOpen(there)) return there;
     for (int above = std::min(row, m_model.rowCount()) - 1; above >= 0; --above)
@@ -193,12 +223,13 @@ void TaskListView::rememberPlace()
     const QModelIndex current = currentIndex();
     const QModelIndex top = indexAt(QPoint{width() / 2, 0});
     m_place = Place{.currentID = current.isValid() ? m_model.rowAt(current).id : QString{},
-                    .currentRow = m_model.isTask(current) ? current.row() : -1,
-                    .around = m_model.isTask(current) ? rowsAround(current) : QList<TaskListRow>{},
-                    .selectedTasks = selectedTasks(),
+                    .currentRow = m_model.isEntry(current) ? current.row() : -1,
+                    .around = m_model.isEntry(current) ? rowsAround(current) : QList<TaskListRow>{},
+                    .selectedIDs = selectedIDs(),
                     .topID = {}};
     const auto *editor = state() == EditingState ? qobject_cast<QLineEdit *>(indexWidget(current)) : nullptr;
     if (editor && editor->isModified()) m_place->typedTitle = editor->text();
+    m_place->isItem = m_model.isEntry(current) && m_model.rowAt(current).task.isChecklistItem();
     // A list that shows its beginning goes on showing it.
     if (top.isValid() && verticalScrollBar()->value() > 0) {
         m_place->topID = m_model.rowAt(top).id;
@@ -217,7 +248,7 @@ void TaskListView::returnToPlace()
         makeCurrent(next); // so that one task after the other is completed
     } else if (current.isValid() && current != currentIndex()) {
         makeCurrent(current);
-        for (const QString &each : place.selectedTasks)
+        for (const QString &each : place.selectedIDs)
             selectionModel()->select(m_model.indexOf(each), QItemSelectionModel::Select);
     } else if (const QModelIndex folded = current.isValid() ? QModelIndex{} : foldedAround(place);
                folded.isValid()) {
@@ -237,10 +268,18 @@ void TaskListView::returnToPlace()
     setDropTarget({});                               // it names rows by their place
     if (place.typedTitle && state() != EditingState) // the row went, and its editor with it
         QMetaObject::invokeMethod(
-            this, [this, place] { Q_EMIT titleEdited(place.currentID, *place.typedTitle); },
+            this, [this, place] { handOver(place.currentID, place.isItem, *place.typedTitle); },
             Qt::QueuedConnection);
     const QString before = place.currentRow >= 0 ? place.currentID : QString{};
-    if (currentTask() != before) Q_EMIT currentTaskChanged(currentTask());
+    if (currentID() != before) Q_EMIT currentTaskChanged(currentTask());
+}
+
+void TaskListView::handOver(const QString &id, bool isItem, const QString &title)
+{
+    if (isItem)
+        Q_EMIT itemTitleEdited(id, title);
+    else
+        Q_EMIT titleEdited(id, title);
 }
 
 void TaskListView::toggle(const QStringList &sids)
@@ -253,7 +292,7 @@ void TaskListView::toggle(const QStringList &sids)
         if (isClosed(each) == reopens)
             m_animations.start(each, reopens ? CheckAnimations::Direction::Unchecking
                                              : CheckAnimations::Direction::Checking);
-    if (!reopens && sids == QStringList{currentTask()}) m_closing.insert(currentTask());
+    if (!reopens && sids == QStringList{currentID()}) m_closing.insert(currentID());
     Q_EMIT completionToggled(sids);
 }
 
@@ -281,7 +320,7 @@ void TaskListView::openMenu(const QModelIndex &index, const QPoint &globalPositi
         Q_EMIT sectionMenuAboutToShow(*menu, row);
     } else {
         if (!selectionModel()->isSelected(index)) makeCurrent(index);
-        Q_EMIT menuAboutToShow(*menu, selectedTasks());
+        Q_EMIT menuAboutToShow(*menu, selectedIDs());
     }
     menu->popup(globalPosition);
 }

@@ -14,10 +14,11 @@
 class QMenu;
 class TaskRowDelegate;
 
-/// The list of tasks in the middle of the window, in sections. Several tasks can be selected, with Ctrl,
-/// Shift and Ctrl+A. Arrows move, Left and Right fold sections and subtasks, Space completes, Enter opens
-/// the detail, F2 edits the title, Delete and Backspace delete, Alt+Up and Alt+Down move tasks, Ctrl+] and
-/// Ctrl+[ put them below the one above and take them out. A click on a checkbox completes without selecting.
+/// The list of tasks in the middle of the window, in sections; items of checklists stand among them where
+/// they have a date. Several can be selected, with Ctrl, Shift and Ctrl+A. Arrows move, Left and Right fold
+/// sections and subtasks, Space completes, Enter opens the detail, F2 edits the title, Delete and Backspace
+/// delete, Alt+Up and Alt+Down move tasks, Ctrl+] and Ctrl+[ put them below the one above and take them out.
+/// A click on a checkbox completes without selecting.
 class TaskListView : public QListView {
     Q_OBJECT
 
@@ -37,10 +38,13 @@ public:
 
     /// Gives it the keyboard. Where no row is current the first task becomes so, also when it comes later.
     void takeKeyboard();
-    /// The task that the detail shows, empty for none.
+    /// The task that the detail shows, of an item its task; empty for none.
     QString currentTask() const;
-    /// All selected ones from top to bottom; the current one where none is.
+    /// All selected tasks and items from top to bottom; the current one where none is.
+    QStringList selectedIDs() const;
+    /// The tasks among them, and whether there is one.
     QStringList selectedTasks() const;
+    bool hasSelectedTask() const;
     /// Selects the task and scrolls to it; nothing happens when it is not in the list.
     void selectTask(const QString &sid);
     /// Selects those that are in the list; the first becomes the current one.
@@ -49,14 +53,15 @@ public:
     void selectSection(int category);
 
 Q_SIGNALS:
-    void completionToggled(const QStringList &sids);
+    void completionToggled(const QStringList &ids);
     void currentTaskChanged(const QString &sid);
     /// Enter or a double click: show the task's detail and go there.
     void opened(const QString &sid);
     void titleEdited(const QString &sid, const QString &title);
-    void deletionRequested(const QStringList &sids);
-    /// A row's menu comes: whoever knows what can be done with the selected tasks adds to it.
-    void menuAboutToShow(QMenu &menu, const QStringList &sids);
+    void itemTitleEdited(const QString &itemID, const QString &title);
+    void deletionRequested(const QStringList &ids);
+    /// A row's menu comes: whoever knows what can be done with what is selected adds to it.
+    void menuAboutToShow(QMenu &menu, const QStringList &ids);
 
     /// Of a section or of a task with others below it: fold it, or unfold it.
     void foldToggled(const TaskListRow &row);
@@ -95,10 +100,11 @@ private:
         QString currentID;
         int currentRow = -1;         ///< of a task
         QList<TaskListRow> around{}; ///< that hide the current task when folded, from the nearest
-        QStringList selectedTasks;
+        QStringList selectedIDs;
         QString topID;
         int topOffset = 0;
-        std::optional<QString> typedTitle{}; ///< of the current task, not handed over yet
+        std::optional<QString> typedTitle{}; ///< of the current row, not handed over yet
+        bool isItem = false;                 ///< the current row
     };
     void rememberPlace();
     void returnToPlace();
@@ -113,7 +119,10 @@ private:
     bool moveByKey(const QKeyEvent &event);
     void step(const QStringList &moving, KeyMove move);
     void activate(const QModelIndex &index);
-    void toggle(const QStringList &sids);
+    void toggle(const QStringList &ids);
+    void handOver(const QString &id, bool isItem, const QString &title);
+    QString currentID() const;
+    QModelIndexList selectedEntries() const;
     struct Spot {
         QPersistentModelIndex row;
         RowPart part = RowPart::None;

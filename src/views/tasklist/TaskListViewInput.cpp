@@ -55,8 +55,8 @@ bool TaskListView::handleKey(const QKeyEvent &event)
     case Qt::Key_Right:
         return foldByKey(Qt::Key(event.key()), current);
     case Qt::Key_Space:
-        if (m_model.isTask(current))
-            toggle(selectedTasks());
+        if (m_model.isEntry(current))
+            toggle(selectedIDs());
         else
             activate(current);
         return true;
@@ -66,7 +66,7 @@ bool TaskListView::handleKey(const QKeyEvent &event)
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        if (m_model.isTask(current)) Q_EMIT deletionRequested(selectedTasks());
+        if (m_model.isEntry(current)) Q_EMIT deletionRequested(selectedIDs());
         return true;
     default:
         return false;
@@ -180,7 +180,7 @@ void TaskListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (spotAt(event->position().toPoint()).row.isValid()) return mousePressEvent(event);
     QListView::mouseDoubleClickEvent(event);
-    if (m_model.isTask(indexAt(event->position().toPoint()))) Q_EMIT opened(currentTask());
+    if (m_model.isEntry(indexAt(event->position().toPoint()))) Q_EMIT opened(currentTask());
 }
 
 void TaskListView::mouseMoveEvent(QMouseEvent *event)

@@ -34,23 +34,31 @@ QPoint TaskMenu::place() const
     return m_parts.list.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()});
 }
 
-void TaskMenu::fill(QMenu &menu, const QStringList &taskIDs)
+void TaskMenu::fill(QMenu &menu, const QStringList &ids)
 {
+    QStringList taskIDs;
+    for (const KWTaskModel &each : read(ids))
+        taskIDs.append(each.sid);
     const auto addKnown = [this](QMenu &to, std::initializer_list<MenuCommand> commands) {
         for (const MenuCommand each : commands)
             to.addAction(&m_parts.mainMenu.action(each));
     };
     addKnown(menu, {CompleteTask});
-    menu.addAction(tr("Abandon"), &m_parts.actions, [this, taskIDs] { m_parts.actions.abandon(taskIDs); });
+    if (!taskIDs.isEmpty())
+        menu.addAction(tr("Abandon"), &m_parts.actions,
+                       [this, taskIDs] { m_parts.actions.abandon(taskIDs); });
     menu.addSeparator();
     addKnown(*menu.addMenu(tr("Date")), {SetToday, SetTomorrow, SetNextWeek, SetDate, ClearDate});
     addKnown(*menu.addMenu(tr("Priority")), {PriorityHigh, PriorityMedium, PriorityLow, PriorityNone});
-    addPlaces(menu, taskIDs);
-    addPinning(menu, taskIDs);
+    if (!taskIDs.isEmpty()) {
+        addPlaces(menu, taskIDs);
+        addPinning(menu, taskIDs);
+        menu.addSeparator();
+        addCopies(menu, taskIDs);
+    }
+    menu.addAction(tr("Copy Title"), &m_parts.actions, [this, ids] { m_parts.actions.copyTitles(ids); });
     menu.addSeparator();
-    addCopies(menu, taskIDs);
-    menu.addSeparator();
-    menu.addAction(tr("Delete"), &m_parts.actions, [this, taskIDs] { m_parts.actions.remove(taskIDs); });
+    menu.addAction(tr("Delete"), &m_parts.actions, [this, ids] { m_parts.actions.remove(ids); });
 }
 
 void TaskMenu::addPlaces(QMenu &menu, const QStringList &taskIDs)
@@ -83,7 +91,6 @@ void TaskMenu::addCopies(QMenu &menu, const QStringList &taskIDs)
                        actions.convert(taskIDs, kind);
                    });
     menu.addAction(tr("Copy Link"), &actions, [&actions, taskIDs] { actions.copyLinks(taskIDs); });
-    menu.addAction(tr("Copy Title"), &actions, [&actions, taskIDs] { actions.copyTitles(taskIDs); });
 }
 
 void TaskMenu::chooseList(const QStringList &taskIDs)

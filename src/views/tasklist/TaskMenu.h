@@ -11,8 +11,8 @@ class QListView;
 class QMenu;
 class BatchActions;
 
-/// The menu of the selected tasks. What the main menu has for them stands here with the same keys. Main
-/// thread.
+/// The menu of the selected tasks. What the main menu has for them stands here with the same keys. Where
+/// checklist items are selected, too, they take part in what can be done to items. Main thread.
 class TaskMenu : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ public:
     };
     explicit TaskMenu(const Parts &parts) : m_parts(parts) {}
 
-    void fill(QMenu &menu, const QStringList &taskIDs);
+    void fill(QMenu &menu, const QStringList &ids);
     /// Ask for a list, or for a tag, by typing.
     void chooseList(const QStringList &taskIDs);
     void chooseTag(const QStringList &taskIDs);

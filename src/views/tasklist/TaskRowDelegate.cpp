@@ -180,7 +180,7 @@ void TaskRowDelegate::paintTask(QPainter &painter, const QStyleOptionViewItem &o
     const double settled = task.isClosed() ? 1 : 0;
     Painting::checkbox(painter, layout.checkbox,
                        {.checked = m_checkProgress(task.sid).value_or(settled),
-                        .priority = task.priority,
+                        .priority = task.isChecklistItem() ? KWTaskPriorityNone : task.priority,
                         .isAbandoned = task.status == KWTaskStatusAbandoned,
                         .isHovered = m_hovered == index && m_hoveredPart == RowPart::Checkbox});
 
@@ -254,5 +254,5 @@ void TaskRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const 
     const KWTaskListItemModel &task = m_model.rowAt(index).task;
     if (!line) return;
     const QString title = mergedText(line->property(titleBefore).toString(), line->text(), task.title, u' ');
-    if (title != task.title) Q_EMIT titleEdited(task.sid, title);
+    if (title != task.title) Q_EMIT titleEdited(task.sid, task.isChecklistItem(), title);
 }

@@ -37,7 +37,7 @@ public:
     void setHovered(const QModelIndex &index, RowPart part);
 
 Q_SIGNALS:
-    void titleEdited(const QString &sid, const QString &title) const;
+    void titleEdited(const QString &id, bool isItem, const QString &title) const;
 
 private:
     void paintTask(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;

@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskRowLayout.h"
 
+#include "model/text/DisplayTitle.h"
 #include "views/tasklist/TaskListModel.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
@@ -16,6 +17,8 @@ using Piece = TaskRowLayout::Piece;
 using PieceKind = TaskRowLayout::PieceKind;
 
 constexpr int mostTags = 3;
+constexpr int longestTaskName = 100; // in characters
+constexpr int itemInset = 2;         // of the checkbox of a checklist item
 
 int widthOf(const Piece &piece)
 {
@@ -28,6 +31,7 @@ int widthOf(const Piece &piece)
     case PieceKind::Tag:
         return std::min(Painting::pillWidth(piece.text), Metrics::scaled(140));
     case PieceKind::ListName:
+    case PieceKind::TaskName:
         return std::min(Fonts::width(Fonts::Role::Secondary, piece.text), Metrics::scaled(140));
     default:
         return Fonts::width(Fonts::Role::Secondary, piece.text);
@@ -38,6 +42,12 @@ QList<Piece> piecesOf(const TaskListModel &model, const KWTaskListItemModel &tas
 {
     QList<Piece> pieces;
     const auto add = [&pieces](PieceKind kind, const QString &text) { pieces.append({kind, text, {}}); };
+    const QString date = model.dateTextOf(task).text;
+    if (task.isChecklistItem()) {
+        add(PieceKind::TaskName, displayTitle(task.ownerTitle.left(longestTaskName)));
+        add(PieceKind::Date, date);
+        return pieces;
+    }
     if (task.isPinned()) add(PieceKind::Pin, {});
     if (task.checklistCount > 0)
         add(PieceKind::Progress, u"%1/%2"_s.arg(task.checklistDoneCount).arg(task.checklistCount));
@@ -47,7 +57,7 @@ QList<Piece> piecesOf(const TaskListModel &model, const KWTaskListItemModel &tas
     if (task.focusDuration > 0) add(PieceKind::Focus, {});
     if (task.repeats) add(PieceKind::Repeat, {});
     if (const QString list = model.listName(task); !list.isEmpty()) add(PieceKind::ListName, list);
-    if (const QString date = model.dateTextOf(task).text; !date.isEmpty()) add(PieceKind::Date, date);
+    if (!date.isEmpty()) add(PieceKind::Date, date);
     return pieces;
 }
 
@@ -61,8 +71,9 @@ int totalWidth(const QList<Piece> &pieces)
 
 void leaveOutWhatDoesNotFit(QList<Piece> &pieces, int space)
 {
-    for (const PieceKind kind : {PieceKind::ListName, PieceKind::Tag, PieceKind::Focus, PieceKind::Attachment,
-                                 PieceKind::Progress, PieceKind::Pin, PieceKind::Repeat}) {
+    for (const PieceKind kind :
+         {PieceKind::ListName, PieceKind::Tag, PieceKind::Focus, PieceKind::Attachment, PieceKind::Progress,
+          PieceKind::Pin, PieceKind::Repeat, PieceKind::TaskName}) {
         if (totalWidth(pieces) <= space) return;
         pieces.removeIf([kind](const Piece &piece) { return piece.kind == kind; });
     }
@@ -108,6 +119,10 @@ TaskRowLayout layOutTaskRow(const QRect &bounds, Qt::LayoutDirection direction, 
     TaskRowLayout layout;
     layout.background = bounds;
     layout.checkbox = checkboxIn(bounds, row.depth);
+    if (row.task.isChecklistItem()) {
+        const int inset = Metrics::scaled(itemInset);
+        layout.checkbox.adjust(inset, inset, -inset, -inset);
+    }
     if (row.hasChildren) layout.triangle = triangleIn(bounds, row.depth);
     layout.hairline = {titleLeft, bounds.bottom(), right - titleLeft, 1};
     layout.pieces = piecesOf(model, row.task);

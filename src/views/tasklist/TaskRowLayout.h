@@ -10,7 +10,7 @@ struct TaskListRow;
 
 /// Where the pieces of a task row stand. Rectangles are already mirrored for right-to-left.
 struct TaskRowLayout {
-    enum class PieceKind { Pin, Progress, Tag, Attachment, Focus, ListName, Repeat, Date };
+    enum class PieceKind { Pin, Progress, Tag, Attachment, Focus, ListName, Repeat, TaskName, Date };
     struct Piece {
         PieceKind kind;
         QString text; ///< empty for a mark
@@ -26,7 +26,8 @@ struct TaskRowLayout {
 };
 
 /// A task stands further in for each level that it is below others. The title keeps at least half of the
-/// row; pieces that would take more are left out, the name of the list first, then tags, then marks.
+/// row; pieces that would take more are left out, the name of the list first, then tags, then marks. An item
+/// of a checklist has a smaller checkbox, the name of its task and its date.
 TaskRowLayout layOutTaskRow(const QRect &bounds, Qt::LayoutDirection direction, const TaskListModel &model,
                             const TaskListRow &row);
 
