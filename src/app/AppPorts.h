@@ -49,6 +49,7 @@ struct AppPorts {
     MainWindowPort &mainWindowController = absent<MainWindowPort>();
     WelcomeWindowPort &welcomeWindowController = absent<WelcomeWindowPort>();
     PreferencesWindowPort &preferencesWindowController = absent<PreferencesWindowPort>();
+    QuickAddPort &quickAddWindow = absent<QuickAddPort>();
     WindowsPort &windows = absent<WindowsPort>();
     StatusItemPort &statusBarItem = absent<StatusItemPort>();
     DockPort &dock = absent<DockPort>();

@@ -15,6 +15,8 @@ QString nameOf(LaunchCause cause)
         return u"login item"_s;
     case LaunchCause::Diagnostics:
         return u"diagnostics"_s;
+    case LaunchCause::AddTask:
+        return u"add task"_s;
     }
     return {};
 }

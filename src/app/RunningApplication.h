@@ -11,7 +11,8 @@ public:
 
     /// Starts, and does what the launch asks for.
     void handleFinishLaunching(const LaunchRequest &launch);
-    /// A later start of the program handed its request over: shows the window and does what it asks for.
+    /// A later start of the program handed its request over: shows the window that it needs and does what it
+    /// asks for.
     void open(const LaunchRequest &request);
 
     Session &session() { return m_session; }
@@ -21,6 +22,7 @@ private:
 
     LinksPort &m_links;
     MainMenuPort &m_mainMenu;
+    QuickAddPort &m_quickAddWindow;
     Session m_session;
     StartupSequence m_startup;
 };

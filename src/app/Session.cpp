@@ -108,7 +108,7 @@ void Session::systemTimeZoneDidChange() { m_dayClock.minuteLevelTimerAction(); }
 void Session::showWindow(const QString &activationToken)
 {
     m_isInBackground = false;
-    if (m_ports.account.currentUser())
+    if (isSignedIn())
         m_ports.mainWindowController.show();
     else
         m_ports.welcomeWindowController.showCentred();

@@ -26,6 +26,7 @@ public:
     /// The wall shows another hour, maybe another day.
     void systemTimeZoneDidChange();
 
+    bool isSignedIn() const { return m_ports.account.currentUser().has_value(); }
     /// Shows the window that belongs to the state of the session and brings the program to the front.
     void showWindow(const QString &activationToken);
 
@@ -37,14 +38,15 @@ public:
     void refreshBadge();
     void refreshStatusItem() { m_ports.statusBarItem.refresh(); }
 
-    /// The desktop started the program with its session: signing in opens no window.
+    /// The desktop started the program with its session, or it was started to add a task: signing in opens no
+    /// window.
     bool isLaunchedAsLoginItem() const { return m_isLaunchedAsLoginItem; }
     void setLaunchedAsLoginItem(bool isLaunchedAsLoginItem)
     {
         m_isLaunchedAsLoginItem = isLaunchedAsLoginItem;
     }
 
-    /// Started with the session of the desktop, and no window has been asked for since.
+    /// Started that way, and no window but that for a task has been asked for since.
     bool isInBackground() const { return m_isInBackground; }
 
     const DayClock &dayClock() const { return m_dayClock; }

@@ -57,9 +57,9 @@ void StartupSequence::startSoftwareUpdate()
 
 void StartupSequence::handleLaunchHelperIfNeeded(const LaunchRequest &launch)
 {
-    if (launch.cause != LaunchCause::LoginItem) return;
-    m_session.setLaunchedAsLoginItem(true);
-    m_ports.loginItemHelper.quitIfRunning();
+    const bool isLoginItem = launch.cause == LaunchCause::LoginItem;
+    m_session.setLaunchedAsLoginItem(isLoginItem || launch.cause == LaunchCause::AddTask);
+    if (isLoginItem) m_ports.loginItemHelper.quitIfRunning();
 }
 
 void StartupSequence::enterSession(const LaunchRequest &launch)

@@ -93,7 +93,8 @@ constexpr const char *programUsage =
     "       [--text-size PERCENT] [--right-to-left]\n"
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
     "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, filter:NAME, edit-filter:NAME,\n"
-    "    search:TEXT, palette:TEXT, detail, schedule, preferences or preferences:PAGE.\n"
+    "    search:TEXT, palette:TEXT, quick-add, quick-add:TEXT, detail, schedule, preferences or\n"
+    "    preferences:PAGE.\n"
     "orvane --version | --help | -h\n";
 
 const Option *optionNamed(QStringView name)

@@ -34,6 +34,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
     , m_statusItem({kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea})
+    , m_quickAdd(kit, m_newTasks)
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {
@@ -66,6 +67,7 @@ AppPorts DesktopRooms::ports()
             .mainWindowController = m_mainWindow,
             .welcomeWindowController = m_welcomeWindow,
             .preferencesWindowController = m_preferences,
+            .quickAddWindow = m_quickAdd,
             .windows = m_windows,
             .statusBarItem = m_statusItem,
             .dock = m_dock,
@@ -79,6 +81,8 @@ void DesktopRooms::connectStatusItem()
                      &MainWindowController::showMessage);
     QObject::connect(&m_statusItem, &StatusItem::windowRequested, &m_mainWindow,
                      [this] { m_application.session().showWindow({}); });
+    QObject::connect(&m_statusItem, &StatusItem::addRequested, &m_mainWindow,
+                     [this] { m_application.open({.cause = LaunchCause::AddTask}); });
     QObject::connect(&m_statusItem, &StatusItem::taskRequested, &m_mainWindow, [this](const QString &taskID) {
         m_application.session().showWindow({});
         m_mainWindow.showTask(taskID, KWListIdentifier::todayProject());

@@ -16,6 +16,7 @@
 #include "views/main/MainWindowController.h"
 #include "views/menu/MainMenu.h"
 #include "views/preferences/PreferencesWindowController.h"
+#include "views/quickadd/QuickAddController.h"
 #include "views/statusitem/StatusItem.h"
 #include "views/welcome/WelcomeWindowController.h"
 
@@ -46,6 +47,7 @@ public:
     KWDelayDeleteManager &deletes() { return m_deletes; }
     MainWindowController &mainWindow() { return m_mainWindow; }
     PreferencesWindowController &preferences() { return m_preferences; }
+    QuickAddController &quickAdd() { return m_quickAdd; }
     StatusItem &statusItem() { return m_statusItem; }
     WelcomeWindowController &welcomeWindow() { return m_welcomeWindow; }
     RunningApplication &application() { return m_application; }
@@ -102,6 +104,7 @@ private:
     DockPort &m_dock;
     ApplicationCommands m_commands;
     StatusItem m_statusItem;
+    QuickAddController m_quickAdd;
     LinkOpener m_links;
     RunningApplication m_application;
     QObject m_lastWindow; // what hears of it goes first

@@ -9,6 +9,7 @@
 #include "views/alerts/StoreProblemAlert.h"
 #include "views/main/FirstPaint.h"
 #include "views/main/MainWindow.h"
+#include "views/quickadd/QuickAddWindow.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
 #include "views/theme/FontWarmUp.h"
@@ -77,6 +78,7 @@ StatusNotifierArea::OlderKind olderStatusArea()
 QWidget *firstWidgetOf(DesktopRooms &rooms)
 {
     if (MainWindow *window = rooms.mainWindow().window()) return window->sidebar().tree().viewport();
+    if (rooms.quickAdd().window()) return rooms.quickAdd().window();
     return rooms.welcomeWindow().window();
 }
 

@@ -8,6 +8,7 @@
 #include "views/preferences/PreferencesWindow.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/welcome/WelcomeWindow.h"
 
 #include <QAction>
 #include <QCursor>
@@ -58,6 +59,8 @@ void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
         return typeInto(window, u"paletteField"_s, page.text);
     case PicturePage::Kind::Schedule:
         return rooms.menu().action(MenuCommand::SetDate).trigger();
+    case PicturePage::Kind::QuickAdd:
+        return rooms.quickAdd().show(page.text, {});
     case PicturePage::Kind::FilterEditor:
         return rooms.mainWindow().editFilter(page.text);
     default:

@@ -95,6 +95,29 @@ private Q_SLOTS:
         QCOMPARE(scene.calls.last(), u"mainWindowController.show"_s);
     }
 
+    void opensNoMainWindowForATask()
+    {
+        const LaunchRequest task{
+            .cause = LaunchCause::AddTask, .title = u"Pay rent"_s, .activationToken = u"token"_s};
+        const QString quickAdd = u"quickAddWindow.show Pay rent token"_s;
+        DelegateScene scene;
+        LogRecorder log;
+        scene.signIn();
+        scene.delegate.applicationDidFinishLaunching(task);
+        QVERIFY(!scene.calls.contains(u"mainWindowController.show"_s));
+        QVERIFY(!scene.calls.contains(u"loginItemHelper.quitIfRunning"_s));
+        QCOMPARE(scene.take().last(), quickAdd);
+        QCOMPARE(log.lines(u"startup"_s).first(), u"cause = add task"_s);
+        scene.delegate.open(task);
+        QCOMPARE(scene.take(), QStringList{quickAdd});
+        QVERIFY(scene.application.session().isInBackground());
+
+        scene.user.reset(); // signed out there is nothing to add to
+        scene.delegate.open(task);
+        QCOMPARE(scene.take(), QStringList({u"welcomeWindowController.showCentred"_s,
+                                            u"windows.bringToFront token"_s, quickAdd}));
+    }
+
     void guardsOneLaunch_data() { addCaseRows("app/launch-guard.txt", 6); }
 
     void guardsOneLaunch()

@@ -69,6 +69,13 @@ struct NotedPorts {
     NOTED_PORT(WelcomeWindowPort, welcomeWindowController,
                NOTES(showCentred) NOTES(switchToLastPage) NOTES(close));
     NOTED_PORT(PreferencesWindowPort, preferencesWindowController, NOTES(close));
+    struct QuickAdd final : Noting<QuickAddPort> {
+        using Noting::Noting;
+        void show(const QString &title, const QString &activationToken) override
+        {
+            note("show", title + QLatin1Char{' '} + activationToken);
+        }
+    } quickAddWindow{"quickAddWindow", calls};
     NOTED_PORT(WindowsPort, windows, NOTES(closeAllOthers) NOTES_TEXT(bringToFront));
     NOTED_PORT(StatusItemPort, statusBarItem, NOTES(create) NOTES(remove) NOTES(refresh) NOTES(resetPopover));
     struct Dock final : Noting<DockPort> {
@@ -85,12 +92,12 @@ struct NotedPorts {
     NOTED_PORT(WidgetTimelinesPort, widgetTimelines, NOTES(reloadAll));
 
     // In the order of AppPorts.
-    AppPorts ports =
-        AppPorts(account, sync, habitSync, taskTemplateSync, appManager, usageTimer, shortcuts, mainMenu,
-                 themeFiles, focusCoordinator, theme, searchIndex, links, softwareUpdate, loginItemHelper,
-                 userNotifications, significantTimeChange, analytics, teamLoader, accountDetails, attachments,
-                 dailyCheck, holidays, remotePush, mainWindowController, welcomeWindowController,
-                 preferencesWindowController, windows, statusBarItem, dock, listCounts, widgetTimelines);
+    AppPorts ports = AppPorts(
+        account, sync, habitSync, taskTemplateSync, appManager, usageTimer, shortcuts, mainMenu, themeFiles,
+        focusCoordinator, theme, searchIndex, links, softwareUpdate, loginItemHelper, userNotifications,
+        significantTimeChange, analytics, teamLoader, accountDetails, attachments, dailyCheck, holidays,
+        remotePush, mainWindowController, welcomeWindowController, preferencesWindowController,
+        quickAddWindow, windows, statusBarItem, dock, listCounts, widgetTimelines);
 
     void signIn() { user.emplace().sid = QStringLiteral("user1"); }
     QStringList take() { return std::exchange(calls, {}); }

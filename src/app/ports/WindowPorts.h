@@ -31,6 +31,14 @@ public:
     virtual void close() {}
 };
 
+/// The small window in which a task is typed without the main one.
+class QuickAddPort {
+public:
+    virtual ~QuickAddPort() = default;
+    /// `title` is put into its field. As long as nobody is signed in a title waits, and nothing is shown.
+    virtual void show(const QString & /*title*/, const QString & /*activationToken*/) {}
+};
+
 /// The windows besides those, and the program's place on the screen.
 class WindowsPort {
 public:

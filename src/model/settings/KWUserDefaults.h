@@ -36,6 +36,9 @@ inline const Setting<QStringList> foldedNodes{"folded_nodes_of_", DefaultsScope:
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};
 
+/// Of a user: what was typed into the window for a new task and is not saved yet, the latest last.
+inline const Setting<QStringList> quickAddDrafts{"quick_add_drafts_of_", DefaultsScope::Standard, {}};
+
 inline constexpr Setting<bool> recognitionEnablesDate{"smart_recognition_date_enabled_of_",
                                                       DefaultsScope::Standard, true};
 inline constexpr Setting<bool> recognitionRemovesDate{"smart_recognition_removes_date_of_",

@@ -109,6 +109,7 @@ Result<PicturePage> PicturePage::read(const QString &page, OrvaneKit &kit)
     if (page == u"schedule") return PicturePage{.kind = Kind::Schedule};
     if (name == u"search") return PicturePage{.kind = Kind::Search, .text = text};
     if (name == u"palette") return PicturePage{.kind = Kind::Palette, .text = text};
+    if (name == u"quick-add") return PicturePage{.kind = Kind::QuickAdd, .text = text};
     if (name == u"preferences" && PreferencesWindowController::hasPage(text))
         return PicturePage{.kind = Kind::Preferences, .text = text};
     if (const auto list = listOfPage(name, text, kit)) return PicturePage{.list = *list};
@@ -128,7 +129,7 @@ Result<void> savePicture(QWidget &window, const QString &file)
         if (each == &window || !each->isVisible()) continue;
         const QRect place{window.mapFromGlobal(each->mapToGlobal(QPoint{})), each->size()};
         each->render(&painter, place.topLeft(), {}, QWidget::DrawWindowBackground | QWidget::DrawChildren);
-        if (each->windowType() == Qt::Popup) continue;
+        if (each->windowType() == Qt::Popup || each->windowFlags() & Qt::FramelessWindowHint) continue;
         // The desktop would put its frame around a window.
         painter.setPen(Theme::current().popupEdge);
         painter.drawRect(place.adjusted(-1, -1, 0, 0));

@@ -31,12 +31,12 @@ struct PictureRequest {
 
 /// A page that a picture shows.
 struct PicturePage {
-    enum class Kind { Welcome, List, Detail, Search, Palette, Schedule, FilterEditor, Preferences };
+    enum class Kind { Welcome, List, Detail, Search, Palette, Schedule, FilterEditor, QuickAdd, Preferences };
 
     Kind kind = Kind::List;
     KWListIdentifier list =
         KWListIdentifier::todayProject(); ///< in the middle, also behind what stands over it
-    QString text{}; ///< what is searched for, the id of the filter, the page of the preferences
+    QString text{}; ///< what is typed, the id of the filter, the page of the preferences
 
     /// Reads "today", "list:NAME", "search:TEXT", …; an error says that there is no such page.
     static Result<PicturePage> read(const QString &page, OrvaneKit &kit);

@@ -133,6 +133,7 @@ QMenu *StatusItem::makeMenu()
     auto *menu = new QMenu;
     menu->addAction(KWLocalizedString("Show Orvane"), this, &StatusItem::windowRequested);
     menu->addAction(KWLocalizedString("Quick View of Today"), this, [this] { togglePopover(); });
+    menu->addAction(KWLocalizedString("Add Task…"), this, &StatusItem::addRequested);
     menu->addSeparator();
     menu->addAction(&m_rooms.menu.action(MenuCommand::Preferences));
     menu->addAction(&m_rooms.menu.action(MenuCommand::SendDiagnostics));

@@ -50,6 +50,8 @@ public:
 Q_SIGNALS:
     /// The person wants the main window.
     void windowRequested();
+    /// The person wants to type a task.
+    void addRequested();
     /// The person wants to see more of a task.
     void taskRequested(const QString &taskID);
 

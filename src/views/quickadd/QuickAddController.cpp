@@ -1,0 +1,118 @@
+#include "views/quickadd/QuickAddController.h"
+
+#include "capture/NewTaskService.h"
+#include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWTask.h"
+#include "model/settings/KWLocalizedString.h"
+#include "views/addfield/AddFieldController.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/quickadd/QuickAddWindow.h"
+#include "views/quickadd/TaskPlace.h"
+
+#include <utility>
+
+// The window of one user with what fills it.
+struct QuickAddController::Content {
+    Content(OrvaneKit &openKit, NewTaskService &service)
+        : kit(openKit)
+        , newTasks(service)
+        , user(kit.account().currentUserID())
+        , earlier(kit.defaults().value(Settings::quickAddDrafts, user))
+        , addField(window.field(), newTasks)
+        , newMinute(kit.center().addObserver(KWNewMinuteComesNotification,
+                                             [this](const KWNotification &) { explainIfShown(); }))
+    {
+        QObject::connect(&window, &QuickAddWindow::left, &window, [this] { keepDrafts(); });
+        QObject::connect(&window.field(), &KWNewTaskTextField::textEdited, &window, [this] { explain(); });
+        QObject::connect(&window.field(), &KWNewTaskTextField::pieceClicked, &window, [this] { explain(); });
+        QObject::connect(&addField, &AddFieldController::failed, &window, &QuickAddWindow::showProblem);
+        QObject::connect(&addField, &AddFieldController::added, &window,
+                         [this](const QString &taskID) { goOn(taskID); });
+    }
+    ~Content() { keepDrafts(); }
+
+    void show(const QString &title)
+    {
+        KWNewTaskTextField &field = window.field();
+        const QString text = field.text();
+        if (!title.isEmpty() && title != text) {
+            if (!text.isEmpty()) earlier.append(text);
+            field.setText(title);
+        } else if (text.isEmpty() && !earlier.isEmpty()) {
+            field.setText(earlier.takeLast());
+        }
+        explain();
+        window.popUp();
+    }
+
+    void explain()
+    {
+        const NewTaskDraft draft = newTasks.compose(window.field().text(), addField.context());
+        window.setSummary(placeOf(draft, kit));
+    }
+
+    void explainIfShown()
+    {
+        if (window.isVisible()) explain();
+    }
+
+    void goOn(const QString &taskID)
+    {
+        if (!window.isHeldOpen()) {
+            window.close();
+            return;
+        }
+        if (const KWTask *task = kit.context().find<KWTask>(taskID))
+            window.setSummary(KWLocalizedString("Added: %1").arg(placeOf(task->model(), kit)));
+    }
+
+    void keepDrafts()
+    {
+        QStringList drafts = earlier;
+        if (const QString text = window.field().text(); !text.isEmpty()) drafts.append(text);
+        if (drafts != kit.defaults().value(Settings::quickAddDrafts, user))
+            kit.defaults().set(Settings::quickAddDrafts, drafts, user);
+    }
+
+    OrvaneKit &kit;
+    NewTaskService &newTasks;
+    const QString user;
+    QStringList earlier; // what was typed before what stands in the field now
+    QuickAddWindow window;
+    AddFieldController addField;
+    KWNotificationCenter::Observation newMinute;
+};
+
+QuickAddController::QuickAddController(OrvaneKit &kit, NewTaskService &newTasks)
+    : m_kit(kit)
+    , m_newTasks(newTasks)
+    , m_signIn(kit.center().addObserver(KWUserDidSignInNotification,
+                                        [this](const KWNotification &) { showWaiting(); }))
+    , m_signOut(kit.center().addObserver(KWUserDidSignOutNotification,
+                                         [this](const KWNotification &) { m_content.reset(); }))
+{
+}
+
+QuickAddController::~QuickAddController() = default;
+
+QuickAddWindow *QuickAddController::window() const { return m_content ? &m_content->window : nullptr; }
+
+void QuickAddController::show(const QString &title, const QString &activationToken)
+{
+    if (!m_kit.account().isSignedIn()) {
+        if (!title.isEmpty()) m_waiting.append(title);
+        return;
+    }
+    if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    if (!m_content) m_content = std::make_unique<Content>(m_kit, m_newTasks);
+    m_content->show(title);
+}
+
+// From the event loop: the main window, which signing in opens, is not to come over it.
+void QuickAddController::showWaiting()
+{
+    for (const QString &title : std::exchange(m_waiting, {}))
+        QMetaObject::invokeMethod(
+            this, [this, title] { show(title, {}); }, Qt::QueuedConnection);
+}
