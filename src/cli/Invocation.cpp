@@ -43,6 +43,7 @@ constexpr Option options[] = {
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
     {.name = "--stdin"_L1, .flag = &Invocation::readsStandardInput, .commands = "add"},
     {.name = "--json"_L1, .flag = &Invocation::answersJson, .commands = "add list"},
+    {.name = "--window"_L1, .flag = &Invocation::opensWindow, .commands = "add"},
 };
 
 struct Command {
@@ -59,6 +60,9 @@ constexpr Command commands[] = {
                "                 a day alone is its beginning\n"
                "    --dry-run    shows what is understood, as JSON, and changes nothing\n"
                "    --json       answers the saved task as JSON\n"
+               "orvane add --window [TITLE…]\n"
+               "    Opens a small window for the task, with TITLE in its field: bind it to a key of the\n"
+               "    desktop. Where Orvane is not open yet it starts without its main window.\n"
                "orvane add --dry-run --stdin\n"
                "    Reads lines LOCAL-ISO <TAB> TITLE, answers one JSON object a line.\n"},
     {"list"_L1,
@@ -183,7 +187,7 @@ private:
         if (const auto error = contradiction()) return *error;
         if (!m_invocation.pictureFile.isEmpty()) {
             m_invocation.action = Action::Picture;
-        } else if (!command.isEmpty()) {
+        } else if (!command.isEmpty() && !m_invocation.opensWindow) {
             m_invocation.action = Action::Command;
         }
         return m_invocation;
@@ -192,12 +196,16 @@ private:
     std::optional<Error> contradiction() const
     {
         const Invocation &all = m_invocation;
+        // Of the options of a command, no other says anything about a window.
+        for (const Option *each : m_used)
+            if (all.opensWindow && *each->commands && each->flag != &Invocation::opensWindow)
+                return Error{commandText("“%1” does not go with “--window”.").arg(QString{each->name})};
         if (all.readsStandardInput && !all.isDryRun)
             return Error{commandText("“--stdin” goes with “--dry-run”.")};
         if (all.readsStandardInput && !all.arguments.isEmpty())
             return Error{
                 commandText("With “--stdin” the titles come from there, not from the command line.")};
-        const bool needsTitle = all.command == u"add" && !all.readsStandardInput;
+        const bool needsTitle = all.command == u"add" && !all.readsStandardInput && !all.opensWindow;
         if (needsTitle && all.arguments.isEmpty())
             return Error{commandText("What is to be added? Give its title.")};
         for (const Option *each : m_used)

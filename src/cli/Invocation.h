@@ -34,6 +34,7 @@ struct Invocation {
     bool isDryRun = false;
     bool readsStandardInput = false;
     bool answersJson = false;
+    bool opensWindow = false; ///< `add --window`: a window for the task, no command
 
     /// `words` as main() has them, without the program's name: bytes, refused where they are not UTF-8.
     static Result<Invocation> parse(std::span<const char *const> words);

@@ -85,14 +85,17 @@ private:
 
 LaunchCause causeOf(const Invocation &invocation)
 {
+    if (invocation.opensWindow) return LaunchCause::AddTask;
     if (invocation.sendsDiagnostics) return LaunchCause::Diagnostics;
     return invocation.isLoginItem ? LaunchCause::LoginItem : LaunchCause::Person;
 }
 
 LaunchRequest launchRequestOf(const Invocation &invocation)
 {
+    const bool addsTask = invocation.opensWindow;
     return {.cause = causeOf(invocation),
-            .links = invocation.arguments,
+            .links = addsTask ? QStringList{} : invocation.arguments,
+            .title = addsTask ? invocation.arguments.join(u' ') : QString{},
             .activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN")};
 }
 

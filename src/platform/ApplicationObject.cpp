@@ -38,13 +38,26 @@ void ApplicationObject::Open(const QStringList &uris, const QVariantMap &platfor
     pass(request);
 }
 
-void ApplicationObject::ActivateAction(const QString &name, const QVariantList &,
+void ApplicationObject::ActivateAction(const QString &name, const QVariantList &parameter,
                                        const QVariantMap &platformData)
 {
+    if (name == addTaskAction) return addTask(parameter, platformData);
     if (name == loginItemAction) return pass({.cause = LaunchCause::LoginItem});
     if (name == diagnosticsAction)
         return pass({.cause = LaunchCause::Diagnostics, .activationToken = tokenOf(platformData)});
     if (calledFromDBus()) sendErrorReply(QDBusError::InvalidArgs, u"There is no action “%1”."_s.arg(name));
+}
+
+void ApplicationObject::addTask(const QVariantList &parameter, const QVariantMap &platformData)
+{
+    const QVariant title = parameter.value(0, QString{});
+    if (title.userType() == QMetaType::QString && parameter.size() <= 1)
+        return pass({.cause = LaunchCause::AddTask,
+                     .title = title.toString(),
+                     .activationToken = tokenOf(platformData)});
+    if (calledFromDBus())
+        sendErrorReply(QDBusError::InvalidArgs,
+                       u"The parameter of “%1” is one text, the title, or nothing."_s.arg(addTaskAction));
 }
 
 void ApplicationObject::pass(const LaunchRequest &request)

@@ -19,6 +19,8 @@ public:
     static constexpr QLatin1StringView loginItemAction{"login-item"};
     /// What the menu of the icon asks for.
     static constexpr QLatin1StringView diagnosticsAction{"clear_data"};
+    /// To type a task; its parameter may be one text, the title to begin with.
+    static constexpr QLatin1StringView addTaskAction{"add-task"};
 
     /// `handler` is called from the event loop, when the caller has its answer.
     void setHandler(std::function<void(const LaunchRequest &)> handler) { m_handler = std::move(handler); }
@@ -32,8 +34,11 @@ public Q_SLOTS: // named on the bus
     Q_SCRIPTABLE void ActivateAction(const QString &name, const QVariantList &parameter,
                                      const QVariantMap &platformData);
 
-private:
+    /// What the interface org.orvane.QuickAdd1 passes on, too.
     void pass(const LaunchRequest &request);
+
+private:
+    void addTask(const QVariantList &parameter, const QVariantMap &platformData);
 
     std::function<void(const LaunchRequest &)> m_handler;
 };

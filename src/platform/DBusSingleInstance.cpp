@@ -71,7 +71,8 @@ void DBusSingleInstance::listen(Handler handler)
 
     m_object.setHandler(std::move(handler));
     // The object first, so that nobody who finds the name finds nothing behind it.
-    bus.registerObject(m_path, &m_object, QDBusConnection::ExportScriptableSlots);
+    bus.registerObject(m_path, &m_object,
+                       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportAdaptors);
     m_isListening = bus.registerService(m_name);
     if (!m_isListening) instanceLog.warning(u"Later starts are not heard: "_s + bus.lastError().message());
 }
@@ -119,10 +120,12 @@ QDBusMessage DBusSingleInstance::callFor(const LaunchRequest &request) const
     };
     const QVariantMap platformData = ApplicationObject::platformDataOf(request);
     if (!request.links.isEmpty()) return call(u"Open"_s, {request.links, platformData});
-    const auto callAction = [&](QLatin1StringView name) {
-        return call(u"ActivateAction"_s, {QString{name}, QVariantList{}, platformData});
+    const auto callAction = [&](QLatin1StringView name, const QVariantList &parameter = {}) {
+        return call(u"ActivateAction"_s, {QString{name}, parameter, platformData});
     };
     if (request.cause == LaunchCause::LoginItem) return callAction(ApplicationObject::loginItemAction);
     if (request.cause == LaunchCause::Diagnostics) return callAction(ApplicationObject::diagnosticsAction);
+    if (request.cause == LaunchCause::AddTask)
+        return callAction(ApplicationObject::addTaskAction, {request.title});
     return call(u"Activate"_s, {platformData});
 }

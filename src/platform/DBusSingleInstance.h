@@ -4,12 +4,13 @@
 #include "corvexkit/time/CXClock.h"
 #include "platform/ApplicationObject.h"
 #include "platform/Bus.h"
+#include "platform/QuickAddInterface.h"
 
 #include <QDBusMessage>
 
 /// Processes of one data folder reach each other on the session bus, by the interface
 /// org.freedesktop.Application (freedesktop.org, Desktop Entry 1.5, section D-Bus Activation). The name on
-/// the bus tells the folder. Main thread.
+/// the bus tells the folder. The object has QuickAddInterface as well. Main thread.
 class DBusSingleInstance final : public InstanceChannel {
 public:
     /// How long a later start waits for a first one that is not on the bus yet.
@@ -40,5 +41,6 @@ private:
     CXClock &m_clock;
     BusConnector m_connector;
     ApplicationObject m_object;
+    QuickAddInterface *m_quickAdd = new QuickAddInterface{m_object};
     bool m_isListening = false;
 };

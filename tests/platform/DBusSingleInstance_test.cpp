@@ -1,5 +1,6 @@
 #include "platform/DBusSingleInstance.h"
 
+#include "support/Answers.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 
@@ -14,6 +15,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString applicationInterface = u"org.freedesktop.Application"_s;
 
 // A connection of its own, as another process would have.
 QDBusConnection connectionOf(const QString &party)
@@ -38,6 +41,16 @@ class DBusSingleInstance_test : public QObject {
     DBusSingleInstance channelOf(const char *party)
     {
         return {folders(), m_clock, [party] { return connectionOf(QLatin1String{party}); }};
+    }
+
+    // As any program may.
+    QDBusPendingCall call(const QString &interface, const QString &method, const QVariantList &arguments)
+    {
+        const QString name = DBusSingleInstance::busName(folders());
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(name, DBusSingleInstance::objectPath(name), interface, method);
+        message.setArguments(arguments);
+        return connectionOf(u"second"_s).asyncCall(message);
     }
 
 private Q_SLOTS:
@@ -69,7 +82,12 @@ private Q_SLOTS:
         const LaunchRequest links{.links = {u"orvane://task/1"_s, u"ORVANE://list/ü?x=1"_s},
                                   .activationToken = u"token"_s};
         const QList<LaunchRequest> requests{
-            {}, links, {.cause = LaunchCause::LoginItem}, {.cause = LaunchCause::Diagnostics}};
+            {},
+            links,
+            {.cause = LaunchCause::LoginItem},
+            {.cause = LaunchCause::Diagnostics},
+            {.cause = LaunchCause::AddTask},
+            {.cause = LaunchCause::AddTask, .title = u"Füße hochlegen"_s, .activationToken = u"token"_s}};
         DBusSingleInstance first = channelOf("first"), second = channelOf("second");
         first.listen(receiver());
         for (const LaunchRequest &request : requests)
@@ -106,18 +124,32 @@ private Q_SLOTS:
         DBusSingleInstance first = channelOf("first");
         first.listen(receiver());
         const QStringList links{u"file:///etc/passwd"_s, u"orvane://task/1"_s, u"orvanex://y"_s};
-        const QString name = DBusSingleInstance::busName(folders());
-        const auto call = [&](const QString &method, const QVariantList &arguments) {
-            QDBusMessage message = QDBusMessage::createMethodCall(name, DBusSingleInstance::objectPath(name),
-                                                                  u"org.freedesktop.Application"_s, method);
-            message.setArguments(arguments);
-            return connectionOf(u"second"_s).asyncCall(message);
-        };
-        call(u"Open"_s, {links, QVariantMap{}});
-        const auto answer = call(u"ActivateAction"_s, {u"erase"_s, QVariantList{}, QVariantMap{}});
+        call(applicationInterface, u"Open"_s, {links, QVariantMap{}});
+        const auto answer =
+            call(applicationInterface, u"ActivateAction"_s, {u"erase"_s, QVariantList{}, QVariantMap{}});
         QTRY_COMPARE(answer.error().message(), u"There is no action “erase”."_s);
         QTRY_COMPARE(m_received.size(), 1);
         QCOMPARE(m_received.first().links, QStringList{u"orvane://task/1"_s});
+    }
+
+    void takesATitleFromAnyProgram()
+    {
+        DBusSingleInstance first = channelOf("first");
+        first.listen(receiver());
+        const auto act = [this](const QVariantList &parameter) {
+            return call(applicationInterface, u"ActivateAction"_s, {u"add-task"_s, parameter, QVariantMap{}});
+        };
+        act({});
+        act({u"Pay rent"_s});
+        const auto shown = call(u"org.orvane.QuickAdd1"_s, u"Show"_s, {u"Wash up"_s});
+        for (const QVariantList &wrong : {QVariantList{7}, QVariantList{u"Pay"_s, u"rent"_s}}) {
+            const auto refused = act(wrong);
+            QTRY_VERIFY(refused.error().message().contains(u"one text"_s));
+        }
+        QVERIFY(!shown.isError());
+        QTRY_COMPARE(joined(m_received, &LaunchRequest::title), u" Pay rent Wash up"_s);
+        for (const LaunchRequest &each : m_received)
+            QCOMPARE(each.cause, LaunchCause::AddTask);
     }
 };
 
