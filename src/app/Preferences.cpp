@@ -32,6 +32,22 @@ void Preferences::didSetDefault(const char *key)
     m_center.post(KWUserSettingsDidChangeNotification);
 }
 
+KWSmartRecognitionConfiguration Preferences::recognition() const
+{
+    return KWSmartRecognitionConfiguration::ofUser(m_account.currentUserID(), m_defaults);
+}
+
+Result<void> Preferences::set(bool KWSmartRecognitionConfiguration::*field, bool isOn)
+{
+    const KWSmartRecognitionConfiguration before = recognition();
+    KWSmartRecognitionConfiguration changed = before;
+    changed.*field = isOn;
+    changed.save(m_account.currentUserID(), m_defaults, m_center);
+    const Result<void> saved = m_defaults.save();
+    if (!saved) before.save(m_account.currentUserID(), m_defaults, m_center);
+    return saved;
+}
+
 KWSmartProjectVisibility Preferences::visibilityOf(const KWSmartProject &smart) const
 {
     return smart.visibilityOfUser(m_account.currentUserID(), m_manager.MR_defaultContext());

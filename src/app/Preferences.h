@@ -4,6 +4,7 @@
 #include "corvexkit/time/Instant.h"
 #include "model/records/KWConstants.h"
 #include "model/records/KWUserSettingsModel.h"
+#include "model/settings/KWSmartRecognitionConfiguration.h"
 #include "model/settings/KWUserDefaults.h"
 
 #include <QList>
@@ -50,6 +51,9 @@ public:
     {
         return editSettings([&](KWUserSettingsModel &settings) { settings.*field = value; });
     }
+    /// What is recognised in typed titles, and what of it is cut.
+    KWSmartRecognitionConfiguration recognition() const;
+    Result<void> set(bool KWSmartRecognitionConfiguration::*field, bool isOn);
     KWSmartProjectVisibility visibilityOf(const KWSmartProject &smart) const;
     Result<void> setVisibility(KWSmartProjectVisibility visibility, const KWSmartProject &smart);
 

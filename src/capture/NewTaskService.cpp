@@ -106,6 +106,12 @@ TitleRecognition NewTaskService::recognize(const QString &text, const NewTaskCon
     return recognizer().recognize(text, options);
 }
 
+KWNotificationCenter::Observation NewTaskService::observeSettings(std::function<void()> changed) const
+{
+    return m_kit.center().addObserver(KWSmartRecognitionConfigurationDidChangeNotification,
+                                      [changed = std::move(changed)](const KWNotification &) { changed(); });
+}
+
 NewTaskContext NewTaskService::contextOf(const KWListIdentifier &list) const
 {
     return newTaskContextOf(list, m_kit.account().currentUserID(), m_kit.context());

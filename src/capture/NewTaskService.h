@@ -23,6 +23,9 @@ public:
     /// What the text says, for showing it while it is typed, in a field that stands where the context says.
     TitleRecognition recognize(const QString &text, const NewTaskContext &context = {});
 
+    /// Calls `changed` when the settings of recognition are others: recognize() may find something else then.
+    KWNotificationCenter::Observation observeSettings(std::function<void()> changed) const;
+
     /// What a list implies for tasks made in it, see newTaskContextOf().
     NewTaskContext contextOf(const KWListIdentifier &list) const;
 

@@ -7,8 +7,10 @@
 #include "model/store/StoreBackups.h"
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
+#include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/MainWindow.h"
 #include "views/preferences/PreferencesWindow.h"
+#include "views/tasklist/TaskListPane.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/wording/DateWording.h"
 
@@ -116,6 +118,42 @@ private Q_SLOTS:
         QCOMPARE(settings().allDayReminders, QStringList{u"TRIGGER:-P0DT15H0M0S"_s});
         QCOMPARE(added(u"Repot the fig tomorrow"_s).reminders, settings().allDayReminders);
         QVERIFY(task.sortOrder > before);
+    }
+
+    void recognitionFollowsInAFieldWithText()
+    {
+        const QString text = u"Call the bank tomorrow #money"_s;
+        KWNewTaskTextField &field = m_client->window()->listPane().addField();
+        field.setText(text);
+        const auto marked = [&field] {
+            QStringList texts;
+            for (const RecognizedPiece &each : field.pieces())
+                texts.append(each.text);
+            return texts;
+        };
+        window().showPage(u"newTasksPage"_s);
+        const auto press = [this](const char *name) {
+            QTest::keyClick(&find<QAbstractButton>(name), Qt::Key_Space);
+        };
+        const QStringList both{u"tomorrow"_s, u"#money"_s};
+        QCOMPARE(marked(), both);
+        press("recognisesDates");
+        QCOMPARE(marked(), QStringList{u"#money"_s});
+        QVERIFY(!added(text).startDate);
+        press("recognisesDates");
+        QCOMPARE(marked(), both);
+
+        QCOMPARE(added(text).title, u"Call the bank"_s);
+        press("removesDate");
+        QCOMPARE(added(text).title, u"Call the bank tomorrow"_s);
+        press("removesTag");
+        const KWTaskModel task = added(text);
+        QCOMPARE(task.title, text);
+        QCOMPARE(task.tags, QStringList{u"money"_s});
+        QCOMPARE(*task.startDate, at("2026-11-22 00:00"));
+
+        m_client->restart();
+        QCOMPARE(added(text).title, text);
     }
 
     void typedTimesAndWeeksFollow()

@@ -9,6 +9,7 @@ AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService
     : m_field(field), m_service(service)
 {
     m_field.installEventFilter(this);
+    m_settingsChanged = m_service.observeSettings([this] { recognize(m_field.text()); });
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
     connect(&m_field, &KWNewTaskTextField::pieceClicked, this, &AddFieldController::undo);
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);

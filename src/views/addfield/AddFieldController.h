@@ -2,6 +2,7 @@
 
 #include "capture/NewTaskContext.h"
 #include "capture/RecognizedPiece.h"
+#include "model/events/KWNotificationCenter.h"
 #include "model/records/KWListIdentifier.h"
 
 #include <QObject>
@@ -46,4 +47,5 @@ private:
     KWListIdentifier m_list;
     std::optional<NewTaskContext> m_preset;
     RecognitionOptions m_options; // until the field is empty again
+    KWNotificationCenter::Observation m_settingsChanged;
 };

@@ -199,7 +199,25 @@ NewTasksPage::NewTasksPage(Preferences &preferences)
     addChoice<QString>(
         "newTaskPosition", preferenceText("Place in the list"), Settings::newTaskPosition,
         {{preferenceText("At the top"), u"top"_s}, {preferenceText("At the end"), u"bottom"_s}});
+
+    addHeading(preferenceText("Smart recognition"));
+    addRecognition("recognisesDates", "Recognise dates in titles",
+                   &KWSmartRecognitionConfiguration::dateEnabled,
+                   "Without it, a date counts only after “*”.");
+    addRecognition("removesDate", "Remove the date from the title",
+                   &KWSmartRecognitionConfiguration::removesDate,
+                   "“Call the bank tomorrow” is saved as “Call the bank”.");
+    addRecognition("removesTag", "Remove tags from the title", &KWSmartRecognitionConfiguration::removesTag,
+                   "The task has its tags either way.");
     endRows();
+}
+
+void NewTasksPage::addRecognition(const char *name, const char *label,
+                                  bool KWSmartRecognitionConfiguration::*field, const char *hint)
+{
+    addSwitch(
+        name, preferenceText(label), [this, field] { return preferences().recognition().*field; },
+        [this, field](bool isOn) { return preferences().set(field, isOn); }, preferenceText(hint));
 }
 
 SmartListsPage::SmartListsPage(Preferences &preferences)

@@ -44,6 +44,10 @@ class NewTasksPage : public PreferencesPage {
 
 public:
     explicit NewTasksPage(Preferences &preferences);
+
+private:
+    void addRecognition(const char *name, const char *label, bool KWSmartRecognitionConfiguration::*field,
+                        const char *hint);
 };
 
 /// Which smart lists the sidebar shows.
