@@ -428,7 +428,7 @@ bool dayToDayOfMonth(const Match &match, Fragment &fragment)
 {
     const Fragment &first = match.fragment(Symbol::Day);
     if (first.day.kind != Kind::Date && first.day.kind != Kind::DayOfMonth) return false;
-    const int last = match.value(Symbol::Number);
+    const int last = dayNumber(match);
     if (last <= first.day.day || !setDayOfMonth(fragment, last, -1)) return false;
     fragment.endDay = fragment.day;
     fragment.day = first.day;

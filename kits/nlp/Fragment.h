@@ -84,8 +84,9 @@ enum Slot : unsigned {
     UntilSlot = 1 << 8,
     ReminderSlot = 1 << 9,
     BygoneSlot = 1 << 10,
-    UnclearSlot = 1 << 11,                                  ///< no single date is meant
-    UnclearDaySlot = 1 << 12,                               ///< nor is it known on which day a time is
+    UnclearSlot = 1 << 11,    ///< no single date is meant
+    UnclearDaySlot = 1 << 12, ///< nor is it known on which day a time is
+    MovedSlot = 1 << 13,      ///< the days of the text are those of another thing
     DurationSlots = LengthSlot | EndDaySlot | EndClockSlot, ///< a length leaves no other end
 };
 

@@ -135,6 +135,12 @@ bool unclear(const Match &, Fragment &fragment)
     return true;
 }
 
+bool movedDay(const Match &, Fragment &fragment)
+{
+    fragment.slots = UnclearSlot | MovedSlot;
+    return true;
+}
+
 bool unclearDay(const Match &, Fragment &fragment)
 {
     fragment.slots = UnclearSlot | UnclearDaySlot;

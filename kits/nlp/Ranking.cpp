@@ -98,7 +98,8 @@ void Ranking::choose(std::span<const Phrase> phrases, std::vector<Candidate> &ch
     dropClarified(chosen);
     silencePurposes(chosen);
     const unsigned filled = fillSlots(chosen);
-    const bool hasNoDay = (filled & UnclearDaySlot) != 0 && (filled & (DaySlot | RepeatSlot)) == 0;
+    const bool hasNoDay = (filled & MovedSlot) != 0 ||
+                          ((filled & UnclearDaySlot) != 0 && (filled & (DaySlot | RepeatSlot)) == 0);
     std::erase_if(chosen, [&](const auto &candidate) {
         return hasNoDay || !isAtHome(candidate.phrase->fragment, filled);
     });

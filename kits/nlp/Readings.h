@@ -13,6 +13,8 @@ namespace readings {
 bool inner(const Match &match, Fragment &fragment);
 bool bygone(const Match &match, Fragment &fragment);
 bool unclear(const Match &match, Fragment &fragment);
+bool movedDay(const Match &match,
+              Fragment &fragment); ///< "the call to friday": nothing here is the task's own
 bool unclearDay(const Match &match, Fragment &fragment); ///< nor does a time beside it have a day
 
 // Amounts: a number or "a", halves included, and a unit.
@@ -43,6 +45,7 @@ bool dayWithPart(const Match &match, Fragment &fragment);
 bool thisPart(const Match &match, Fragment &fragment);
 bool eveningOfDay(const Match &match, Fragment &fragment); ///< "周五晚"
 bool dayAndHour(const Match &match, Fragment &fragment);   ///< "tonight 9"
+bool timeAndDay(const Match &match, Fragment &fragment);   ///< "6:15 tomorrow morning"
 bool dayAndHours(const Match &match, Fragment &fragment);  ///< "friday 3-5"
 
 // Days.

@@ -105,6 +105,7 @@ enum class Symbol : std::uint8_t {
     Street,       ///< the end of a street's name: the number before it is that of a house
     Zone,         ///< a time zone: the time before it is another place's
     Possessive,   ///< whose it is: a day behind it says which
+    MoveTo,       ///< to what day another thing is moved
     Copula,       ///< "is": a day on either side is a statement
     Lunar,        ///< of the lunar calendar
     Vague,        ///< a span of a year that begins on no known day ("春天")

@@ -182,6 +182,12 @@ bool dayAndHour(const Match &match, Fragment &fragment)
     return true;
 }
 
+bool timeAndDay(const Match &match, Fragment &fragment)
+{
+    inner(match, fragment);
+    return (match.fragment(Symbol::Combined).slots & ClockSlot) == 0;
+}
+
 bool dayAndHours(const Match &match, Fragment &fragment)
 {
     const auto isHour = [&](int nth) { return match.value(Symbol::Number, nth) <= 12; };

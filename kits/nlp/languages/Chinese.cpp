@@ -81,7 +81,7 @@ constexpr Word words[] = {
     {L"前|之前|以前", Before},
     {L"前|之前|以前", Ago},
     {L"提前", Advance},
-    {L"每", Every},
+    {L"每|每逢", Every},
     {L"每隔", EverySkipping},
     {L"每晚|每夜|每天晚上", EveryPart, value(nlp::DayPart::Night)},
     {L"每早|每天早上", EveryPart, value(nlp::DayPart::Morning)},
@@ -93,6 +93,7 @@ constexpr Word words[] = {
     {L"和|与|及|跟|與", And},
     {L"或|或者|或是|还是|還是", Or},
     {L"是", Copula},
+    {L"改到|改至|改成|推迟到|推遲到|推到|延期到|提前到|挪到|移到|调到|調到", MoveTo},
     {L"底|末", EndOf},
     {L"初", StartOf},
     {L"上旬", MonthPart, 1},
@@ -112,7 +113,8 @@ constexpr Word words[] = {
     {L"连续|連續|持续|持續|为期|為期|历时|歷時|共|一共|总共|總共", For},
     {L"次|遍", CountMark},
     {L"直到|截止到|截至", Until},
-    {L"平方米|平米|米|厘米|毫米|公里|千米|公斤|斤|克|升|毫升|吨|噸|倍|元|块钱|塊錢|万|萬|亿|億|度|折|寸|英寸|"
+    {L"杯|碗|勺|匙|瓶|份|平方米|平米|米|厘米|毫米|公里|千米|公斤|斤|克|升|毫升|吨|噸|倍|元|块钱|塊錢|万|萬|"
+     L"亿|億|度|折|寸|英寸|"
      L"岁|歲|人|名|页|頁",
      Measure},
     {L"农历|農曆|農歷|阴历|陰曆|陰歷|旧历|舊曆|正月|腊月|臘月|冬月|闰月|閏月|初一|初二|初三|初四|初五|初六|"
@@ -166,6 +168,7 @@ constexpr Word words[] = {
     {L"明天会更好|明天會更好|周日报|週日報|周月报|週月報|日周报|日週報|今日所|今天所|今日份|后天失|後天失|"
      L"初一学生|初一年级|初一年級|初一数学|初一語文|初一语文|初一英语",
      Plain},
+    {L"点一线|點一線|点水|點水|点钟方向|點鐘方向|个人|個人|个别|個別|次日|次要", Plain},
     {L"点不同|點不同|点区别|點區別|点差异|點差異|点好处|點好處|点坏处|點壞處", Plain},
     {L"一点点|一點點|有点|有點|点儿|点赞|點讚|点餐|點餐|点击|點擊|点评|點評|点名|点菜|重点|重點|特点|特點|"
      L"优点|缺点|地点|地點|观点|要点|要點|焦点|景点|热点|点建议|点意见|点要求|点原因|点注意|点理由|点经验|"
@@ -327,6 +330,7 @@ constexpr Rule rules[] = {
     {Combined, {Repeat, maybe(Of), ClockRange}, inner},
     {Combined, {Day, maybe(Of), Clock, Before}, inner},
     {Combined, {Day, Before}, inner},
+    {Combined, {Day, Later}, inner},
     {Combined, {Clock, Before}, inner},
 
     // What lies in the past.
@@ -345,6 +349,8 @@ constexpr Rule rules[] = {
     {Unclear, {EveryUnit, maybe(Of), Vague}, unclearDay},
     {Unclear, {RelativeYear, maybe(Of), Number, MonthMark}, unclearDay, Guard::Longest},
     {Unclear, {EveryUnit, maybe(Of), Ordinal, Workday}, unclearDay},
+    {Unclear, {Weekday, CountMark}, unclearDay},
+    {Unclear, {Weekday, Counter}, unclearDay},
     {Unclear, {EveryUnit, Number, CountMark}, timesARound},
     {Unclear, {EveryUnit, Number, To, Number, CountMark}, timesARound},
     {Unclear, {Frequency, EndOf}, unclearDay},

@@ -124,6 +124,7 @@ constexpr Word words[] = {
     {L"of", Of},
     {L"and", And},
     {L"or", Or},
+    {L"to", MoveTo},
     {L"is", Copula},
     {L"my|our|your|their|his", Possessive},
     {L"times", Times},
@@ -156,15 +157,17 @@ constexpr Word words[] = {
      Street},
     {L"gmt|utc|est|edt|et|cst|cdt|mst|mdt|pst|pdt|pt|bst|cet|cest|eet|ist|jst|kst|hkt|sgt|aest|aedt", Zone},
 
-    {L"with|without|about|re|but|then|near|sharp|also|as|if|so|regarding", FunctionWord},
+    {L"vs|vs.|with|without|about|re|but|then|near|sharp|also|as|if|so|regarding", FunctionWord},
     {L"km|mile|miles|meter|meters|m|kg|g|lb|lbs|people|persons|guests|participants|items|pages|page|apples|"
      L"eggs|yard|yards|foot|feet|ft|ounces|oz|liters|litres|degrees|copies|pieces|bottles|boxes|cups|cup|"
      L"stars|dollars|euros|bucks|percent|points|point|chapters|reps|sets|times|players|tickets|seconds|sec|"
-     L"secs|inch|inches|cm|mm|tsp|tbsp|steps|questions|tests|bugs|users|rooms|time|scale|ratio",
+     L"secs|inch|inches|cm|mm|tsp|tbsp|steps|exercises|problems|sections|lessons|verses|slides|rows|lines|"
+     L"questions|tests|bugs|users|rooms|time|scale|ratio",
      Measure},
     {L"ratio|ratio of|score|score of|scored|scale|scale of|aspect|odds|odds "
      L"of|verse|psalm|chapter|version|episode|count|rate|rated|rank|level|levels|numbers|number|grade|grades|"
-     L"won|lost|beat|part|slide|step|page|pages|pp|pp.|chapters|task|item|lesson|section|figure|genesis|"
+     L"won|lost|beat|part|slide|step|page|pages|exercises|problems|sections|lessons|verses|slides|rows|lines|"
+     L"steps|items|tasks|parts|pp|pp.|chapters|task|item|lesson|section|figure|genesis|"
      L"exodus|leviticus|psalms|proverbs|isaiah|romans|corinthians|revelation",
      ScoreWord},
 
@@ -331,6 +334,7 @@ constexpr Rule rules[] = {
     {Day, {In, Quantity}, daysAhead},
     {Day, {Quantity, Later}, daysAhead},
     {Day, {Quantity, From, Day}, quantityBesideDay},
+    {Day, {In, Quantity, From, Day}, quantityBesideDay},
     {Day, {Quantity, After, Day}, quantityBesideDay},
     {Day, {Quantity, Before, Day}, quantityBesideDay},
     {Day, {The, Unit, Before, Day}, quantityBesideDay},
@@ -348,6 +352,7 @@ constexpr Rule rules[] = {
     {Day, {For, Day}, inner},
     {Day, {From, Day}, inner},
     {DayRange, {Day, To, Day}, dayRange},
+    {DayRange, {Day, To, maybe(The), Ordinal}, dayToDayOfMonth},
     {DayRange, {Day, And, Day}, neighbouringDays},
     {DayRange, {AnyWeekday, To, AnyWeekday, Next, Unit}, weekdaysOfWeek},
     {DayRange, {WeekdayList}, neighbouringWeekdays},
@@ -411,6 +416,7 @@ constexpr Rule rules[] = {
     {Repeat, {Every, Last, AnyWeekday, Of, maybe(The), Unit}, everyNthWeekdayOfMonth},
     {Repeat, {Last, AnyWeekday, Of, Every, Unit}, everyNthWeekdayOfMonth},
     {Repeat, {Ordinal, AnyWeekday, Of, Every, Unit}, everyNthWeekdayOfMonth},
+    {Repeat, {Ordinal, AnyWeekday, EveryUnit}, everyNthWeekdayOfMonth},
     {Repeat, {Ordinal, Of, Every, Unit}, everyDayOfMonth},
     {Repeat, {Last, Unit, Of, Every, Unit}, everyLastDayOfMonth},
     {Repeat, {The, Repeat}, inner},
@@ -463,6 +469,9 @@ constexpr Rule rules[] = {
     {Combined, {Day, maybe(Comma), Clock, Quantity}, durationAfterTime, Guard::Ends},
     {Combined, {AnyWeekday, maybe(Comma), Clock, Quantity}, durationAfterTime, Guard::Ends},
     {Combined, {Clock, maybe(Comma), Day}, inner},
+    {Combined, {Clock, maybe(Comma), Combined}, timeAndDay},
+    {Combined, {DayRange, maybe(Comma), Number, To, Number}, dayAndHours, Guard::Closes},
+    {Combined, {Number, To, Number, DayRange}, dayAndHours},
     {Combined, {ClockRange, maybe(Comma), Day}, inner},
     {Combined, {Repeat, maybe(Comma), ClockRange}, inner},
     {Combined, {AnyWeekday, DayPart}, dayPart},
@@ -486,6 +495,12 @@ constexpr Rule rules[] = {
 
     // What is no single date.
     {Unclear, {Day, Or, Day}, unclearDay},
+    {Unclear, {Day, Or, Next}, unclearDay},
+    {Unclear, {Day, And, maybe(The), Ordinal}, unclearDay},
+    {Unclear, {Repeat, And, maybe(The), Ordinal}, unclearDay},
+    {Unclear, {Repeat, And, Day}, unclearDay},
+    {Unclear, {Ordinal, And, Repeat}, unclearDay},
+    {Unclear, {Day, And, Repeat}, unclearDay},
     {Unclear, {Day, Or, Combined}, unclearDay},
     {Unclear, {Day, And, Day}, partedDays, Guard::Longest},
     {Unclear, {Day, And, Combined}, unclearDay},
@@ -511,6 +526,10 @@ constexpr Rule rules[] = {
     {Unclear, {The, Weekday}, unclear},
     {Unclear, {The, Clock}, unclear},
     {Unclear, {The, Number, Slash, Number}, unclear},
+    {Unclear, {MoveTo, AnyWeekday}, movedDay},
+    {Unclear, {MoveTo, Day}, movedDay},
+    {Unclear, {MoveTo, Combined}, movedDay},
+    {Unclear, {MoveTo, Clock}, unclear},
     {Unclear, {Possessive, Weekday}, unclear},
     {Unclear, {Possessive, Clock}, unclear},
 };
