@@ -369,6 +369,12 @@ bool partedDaysOfMonth(const Match &match, Fragment &fragment)
     return !neighbouringDaysOfMonth(match, range) && unclearDay(match, fragment);
 }
 
+// "Friday the 13th movie".
+bool unclosedDay(const Match &match, Fragment &fragment)
+{
+    return !match.isClosed() && unclearDay(match, fragment);
+}
+
 // "周一三五" are weekdays.
 bool weekdayBeforeNumber(const Match &match, Fragment &fragment)
 {

@@ -86,6 +86,7 @@ bool neighbouringDays(const Match &match, Fragment &fragment); ///< "today and t
 bool neighbouringDaysOfMonth(const Match &match, Fragment &fragment);
 bool partedDays(const Match &match, Fragment &fragment); ///< no neighbours: no single date
 bool partedDaysOfMonth(const Match &match, Fragment &fragment);
+bool unclosedDay(const Match &match, Fragment &fragment);         ///< something else follows
 bool weekdayBeforeNumber(const Match &match, Fragment &fragment); ///< "friday 8"
 bool neighbouringWeekdays(const Match &match, Fragment &fragment);
 bool weekdaysOfWeek(const Match &match, Fragment &fragment); ///< "mon-wed next week"

@@ -203,7 +203,8 @@ constexpr Word words[] = {
      Plain},
     {L"24/7|9/11|50/50|in a minute|in a moment|in an hour or so|in an hour or two|in a day or so|in a day or "
      L"two|in a week or so|in a week or two|in a month or two|one day|some day|day to day|good morning|good "
-     L"afternoon|good evening|good night|sunday roast|friday night lights|sun cream|sun screen|sun hat|sun "
+     L"afternoon|good evening|good night|sunday roast|sunday best|sunday school|casual friday|fat "
+     L"tuesday|friday night lights|sun cream|sun screen|sun hat|sun "
      L"block|sun lamp|sun lotion|the sun|in the sun|may day|day off|next to|at first|at last|at least|at "
      L"most|at once|at all",
      Plain},
@@ -516,6 +517,7 @@ constexpr Rule rules[] = {
     {Unclear, {Clock, Zone}, unclear},
     {Unclear, {ClockRange, Zone}, unclear},
     {Unclear, {AnyWeekday, Number}, weekdayBeforeNumber, Guard::Ends},
+    {Unclear, {AnyWeekday, The, Ordinal}, unclosedDay},
     {Unclear, {AnyWeekday, Before, Day}, unclearDay},
     {Unclear, {AnyWeekday, After, Day}, unclearDay},
     {Unclear, {Weekend, Before, Day}, unclearDay},
