@@ -1,5 +1,6 @@
 #include "model/store/KWTaskEditor.h"
 
+#include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "support/Answers.h"
@@ -88,6 +89,28 @@ private Q_SLOTS:
         QCOMPARE(items(id), u"first "_s + titles.replace(u"last"_s, u"the last"_s));
     }
 
+    void datesAnItem()
+    {
+        const QString id = aTask("Pay rent").savedIn(m_store);
+        const QString itemID = *m_editor.addItem(id, {}, u"first"_s);
+        const auto item = [&] { return m_editor.read(id)->items.first(); };
+        const Instant evening = at("2030-05-02 18:00", berlin);
+        QVERIFY(m_editor.setItemDate(itemID, KWDateTime{evening, true}));
+        QCOMPARE(item().remindTime, evening);
+        setSaved<KWChecklistItem>(m_store, itemID, &KWChecklistItemModel::snoozedRemindDate, evening);
+
+        const auto moved = m_editor.setItemDate(itemID, KWDateTime{at("2030-05-03 00:00", berlin), false});
+        QVERIFY(moved && item().isAllDay && !item().snoozedRemindDate && !item().remindTime);
+        QVERIFY(m_editor.setItemTitle(itemID, u"other"_s));
+        QVERIFY(moved->undo(m_store.kit().manager()));
+        QVERIFY(!item().isAllDay);
+        QCOMPARE(item().startDate, evening);
+        QCOMPARE(item().snoozedRemindDate, evening);
+        QCOMPARE(item().title, u"other"_s);
+        QVERIFY(!m_editor.setItemDate(itemID, std::nullopt)->isEmpty() && !item().startDate);
+        QVERIFY(m_editor.setItemDate(itemID, std::nullopt)->isEmpty());
+    }
+
     void refusesWhatATaskCannotTake()
     {
         const QString deleted = aTask("Seedlings").inState(u"deleted"_s, {}).savedIn(m_store);
@@ -111,7 +134,8 @@ private Q_SLOTS:
 
         QVERIFY(isRefused(m_editor.setTitle(id, u"other"_s), u"Office"));
         QVERIFY(!m_editor.setDay(id, m_store.clock.today()) && !m_editor.addItem(id, {}, u"other"_s));
-        QVERIFY(!m_editor.tickItem(item) && !m_editor.removeItem(item) && !m_editor.restoreItem(removed));
+        QVERIFY(!m_editor.tickItem(item) && !m_editor.setItemDate(item, {}) && !m_editor.removeItem(item) &&
+                !m_editor.restoreItem(removed));
         QCOMPARE(taskWith(id), before);
         QCOMPARE(m_editor.read(id)->items.size(), 1);
     }

@@ -60,6 +60,8 @@ public:
     /// A new item behind `afterItemID`; before the first when that is empty, at the end when it is gone.
     /// Answers the new id. A text task becomes a checklist task and keeps its description; a note takes none.
     Result<QString> addItem(const QString &taskID, const QString &afterItemID, const QString &title);
+    /// All day without a time; no date takes it away. A snoozed reminder is dropped with the old one.
+    Result<UndoToken> setItemDate(const QString &itemID, const std::optional<KWDateTime> &date);
     Result<void> removeItem(const QString &itemID);
     /// Takes removeItem() back.
     Result<void> restoreItem(const QString &itemID);

@@ -79,6 +79,19 @@ Result<QString> KWTaskEditor::addItem(const QString &taskID, const QString &afte
     return itemID;
 }
 
+Result<UndoToken> KWTaskEditor::setItemDate(const QString &itemID, const std::optional<KWDateTime> &date)
+{
+    UndoToken undo;
+    const Result<void> edited = editItem(itemID, [&](KWChecklistItem &item) {
+        item.set(&KWChecklistItemModel::startDate, date ? std::optional{date->date} : std::nullopt);
+        item.set(&KWChecklistItemModel::isAllDay, date && !date->hasTime);
+        item.set(&KWChecklistItemModel::snoozedRemindDate, std::nullopt);
+        undo = UndoToken::of(item.context());
+    });
+    if (!edited) return edited.error();
+    return undo;
+}
+
 Result<void> KWTaskEditor::removeItem(const QString &itemID)
 {
     return editItem(itemID, [](KWChecklistItem &item) { item.markDelete(); });
