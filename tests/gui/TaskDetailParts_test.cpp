@@ -135,13 +135,14 @@ private Q_SLOTS:
         QApplication::sendPostedEvents(); // shows the rows
         QStringList names;
         QWidget *control = &find<QWidget>("detailCheckbox");
-        for (; names.size() < 13; control = control->nextInFocusChain())
+        for (; names.size() < 14; control = control->nextInFocusChain())
             if (control->focusPolicy() & Qt::TabFocus && control->isVisible())
                 names.append(control->objectName());
-        QCOMPARE(names.join(u' '),
-                 u"detailCheckbox detailDate detailPriority taskTitle taskContent checklistItemCheckbox "
-                 "checklistItemTitle addChecklistItem subtaskCheckbox subtaskTitle addSubtask detailList "
-                 "tagPill"_s);
+        QCOMPARE(
+            names.join(u' '),
+            u"detailCheckbox detailDate detailPriority taskTitle taskContent checklistItemCheckbox "
+            "checklistItemTitle checklistItemDate addChecklistItem subtaskCheckbox subtaskTitle addSubtask "
+            "detailList tagPill"_s);
     }
 
     void attachesFilesThatAreDroppedOnIt()

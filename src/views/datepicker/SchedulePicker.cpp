@@ -57,6 +57,8 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
     rows->addRow(KWLocalizedString("Repeat"), m_repeat);
     if (surroundings.choosesZones) makeZones(*rows);
     alignLabels(*rows);
+    for (int row = 1; surroundings.asksDayAndTimeAlone && row < rows->rowCount(); ++row)
+        rows->setRowVisible(row, false);
     rows->addRow(m_occurrences);
 
     auto *inner = new QWidget;
@@ -218,7 +220,7 @@ void SchedulePicker::showDraft()
     const bool hasTime = m_draft.time().has_value();
     m_start->setTime(m_draft.time());
     m_end->setTime(m_draft.endTime());
-    m_end->setVisible(hasTime);
+    m_end->setVisible(hasTime && !m_surroundings.asksDayAndTimeAlone);
     m_end->setFirstStep(m_draft.time().value_or(std::chrono::hours{9}) + std::chrono::hours{1});
     // Days that it takes, or by how many the end is behind the start.
     m_daysLater->setMinimum(hasTime ? 0 : 1);

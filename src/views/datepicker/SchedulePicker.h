@@ -11,9 +11,9 @@ class QSpinBox;
 class ReminderField;
 class TimeField;
 
-/// A small frame over the window in which a task is scheduled: day, time and end, reminders, repeat with
-/// the dates it leads to, and where the person chooses zones the zone. Enter keeps all of it, Escape none. It
-/// is gone when it has answered.
+/// A small frame over the window in which a task or a checklist item is scheduled: day, time and end,
+/// reminders, repeat with the dates it leads to, and where the person chooses zones the zone. Enter keeps all
+/// of it, Escape none. It is gone when it has answered.
 class SchedulePicker : public PopupFrame {
     Q_OBJECT
 
@@ -26,6 +26,7 @@ public:
         std::set<CXAlarmTrigger> reminders;       ///< of a task that gets a time
         std::set<CXAlarmTrigger> allDayReminders; ///< of one that gets a day
         RepeatRows::ReadRule readRule;
+        bool asksDayAndTimeAlone = false; ///< no end, reminders nor repeat; these are not touched then
     };
     SchedulePicker(const TaskSchedule &schedule, const Surroundings &surroundings, QWidget *parent);
 

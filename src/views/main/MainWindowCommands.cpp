@@ -12,7 +12,9 @@
 #include "views/print/ListPrint.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
+#include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/TaskDetailController.h"
+#include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -64,12 +66,12 @@ void MainWindowCommands::connectTaskCommands()
     on(MenuCommand::AddTask, [this] { addTask(); });
     on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(m_parts.selected.ids()); });
     on(MenuCommand::SetDate, [this] { pickDate(); });
-    on(MenuCommand::ClearDate, [this] { m_parts.tasks.clearDate(m_parts.selected.ids()); });
-    on(MenuCommand::SetToday, [this, today] { m_parts.tasks.setDay(m_parts.selected.ids(), today()); });
+    on(MenuCommand::ClearDate, [this] { m_parts.tasks.clearDate(datedIDs()); });
+    on(MenuCommand::SetToday, [this, today] { m_parts.tasks.setDay(datedIDs(), today()); });
     on(MenuCommand::SetTomorrow,
-       [this, today] { m_parts.tasks.setDay(m_parts.selected.ids(), today() + std::chrono::days{1}); });
+       [this, today] { m_parts.tasks.setDay(datedIDs(), today() + std::chrono::days{1}); });
     on(MenuCommand::SetNextWeek, [this, today] {
-        m_parts.tasks.setDay(m_parts.selected.ids(),
+        m_parts.tasks.setDay(datedIDs(),
                              mondayOfNextWeek(today(), m_parts.account.userSettings().firstWeekday));
     });
     for (const auto &[command, priority] : {std::pair{MenuCommand::PriorityNone, KWTaskPriorityNone},
@@ -165,8 +167,15 @@ void MainWindowCommands::addTask()
     field.setFocus(Qt::ShortcutFocusReason);
 }
 
+QStringList MainWindowCommands::datedIDs() const
+{
+    const QString item = m_parts.window.detail().checklist().itemWithKeyboard();
+    return item.isEmpty() ? m_parts.selected.ids() : QStringList{item};
+}
+
 void MainWindowCommands::pickDate()
 {
+    if (m_parts.window.detail().checklist().requestDate()) return;
     const QStringList ids = m_parts.selected.ids();
     if (ids.isEmpty()) return;
     const QPoint position = m_parts.selected.place();

@@ -43,6 +43,9 @@ private:
     void connectLists();
 
     void addTask();
+    /// What the commands for dates act on: the checklist item in the detail that has the keyboard, else what
+    /// is selected.
+    QStringList datedIDs() const;
     void pickDate();
     void print();
     void exportList();

@@ -40,7 +40,7 @@ void ChecklistView::setReadOnly(bool isReadOnly)
 {
     m_addButton->setVisible(!isReadOnly);
     for (ChecklistItemRow *each : std::as_const(m_rows))
-        each->editor().setReadOnly(isReadOnly);
+        each->setReadOnly(isReadOnly);
 }
 
 void ChecklistView::setItems(const QList<KWChecklistItemModel> &items)
@@ -94,6 +94,8 @@ ChecklistItemRow *ChecklistView::makeRow()
     connect(row, &ChecklistItemRow::toggled, this, [this, row] {
         if (!row->isDraft()) Q_EMIT itemToggled(row->sid());
     });
+    connect(row, &ChecklistItemRow::dateRequested, this, [this, row] { requestDateOf(*row); });
+    connect(row, &ChecklistItemRow::dateCleared, this, [this, row] { Q_EMIT itemDateCleared(row->sid()); });
     connect(&editor, &CommittingTextEdit::committed, this,
             [this, row](const QString &title) { handOver(*row, title); });
     connect(&editor, &CommittingTextEdit::editingFinished, this, [this, row] {
@@ -186,6 +188,33 @@ void ChecklistView::moveFocus(const ChecklistItemRow &from, int by)
         m_rows.at(place)->editor().setFocus();
     else if (place == m_rows.size())
         m_addButton->setFocus();
+}
+
+void ChecklistView::requestDateOf(ChecklistItemRow &row)
+{
+    if (row.isDraft()) row.editor().commit(); // becomes an item
+    if (!row.isDraft()) Q_EMIT itemDateRequested(row.sid(), row.datePlace());
+}
+
+ChecklistItemRow *ChecklistView::rowWithKeyboard() const
+{
+    const auto row =
+        std::ranges::find_if(m_rows, [](const ChecklistItemRow *each) { return each->hasKeyboard(); });
+    return row == m_rows.end() ? nullptr : *row;
+}
+
+QString ChecklistView::itemWithKeyboard()
+{
+    ChecklistItemRow *row = rowWithKeyboard();
+    if (row && row->isDraft()) row->editor().commit();
+    return row ? row->sid() : QString{};
+}
+
+bool ChecklistView::requestDate()
+{
+    if (itemWithKeyboard().isEmpty()) return false;
+    requestDateOf(*rowWithKeyboard());
+    return true;
 }
 
 void ChecklistView::commit()

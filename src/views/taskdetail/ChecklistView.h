@@ -27,6 +27,10 @@ public:
     void setReadOnly(bool isReadOnly);
     /// Hands over what is typed and not handed over yet.
     void commit();
+    /// The item in whose row the keyboard is, empty for none. One that is just being typed is handed over.
+    QString itemWithKeyboard();
+    /// Asks for the date of that item; false where there is none.
+    bool requestDate();
     void dress();
 
 Q_SIGNALS:
@@ -35,6 +39,9 @@ Q_SIGNALS:
     /// A new item behind that one; an empty id is the place before the first.
     void itemAdded(const QString &afterSid, const QString &title);
     void itemRemoved(const QString &sid);
+    /// Another date is to be chosen, in a frame whose corner is there.
+    void itemDateRequested(const QString &sid, const QPoint &position);
+    void itemDateCleared(const QString &sid);
 
 private:
     ChecklistItemRow *makeRow();
@@ -46,6 +53,8 @@ private:
     void remove(ChecklistItemRow &row);
     void moveFocus(const ChecklistItemRow &from, int by);
     QString sidBefore(const ChecklistItemRow &row) const;
+    void requestDateOf(ChecklistItemRow &row);
+    ChecklistItemRow *rowWithKeyboard() const;
 
     CXClock &m_clock;
     QList<ChecklistItemRow *> m_rows;

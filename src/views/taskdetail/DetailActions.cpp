@@ -6,8 +6,10 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
+#include "model/store/TaskPermissions.h"
 #include "views/controls/ChoicePopup.h"
 #include "views/datepicker/SchedulePicker.h"
+#include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/DetailFooter.h"
 #include "views/taskdetail/DetailHeader.h"
 #include "views/taskdetail/TaskDetailView.h"
@@ -23,6 +25,7 @@ DetailActions::DetailActions(TaskDetailView &view, OrvaneKit &kit, BatchActions 
 {
     connectHeader();
     connectFooter();
+    connectChecklist();
 }
 
 void DetailActions::connectHeader()
@@ -91,12 +94,51 @@ void DetailActions::pickDate(const QPoint &position)
 
 void DetailActions::schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown)
 {
-    QString message = tr("Date removed");
-    if (chosen.dates.startDateTime) {
-        const Day day = m_kit.clock().zone().dayOf(chosen.dates.startDateTime->date);
-        message = tr("Date: %1").arg(DateWording::relativeDay(day, m_kit.clock().today(), QLocale{}));
-    }
-    report(m_editor.setSchedule(taskID, chosen, shown), message);
+    report(m_editor.setSchedule(taskID, chosen, shown), messageOf(chosen.dates.startDateTime));
+}
+
+QString DetailActions::messageOf(const std::optional<KWDateTime> &date) const
+{
+    if (!date) return tr("Date removed");
+    const Day day = m_kit.clock().zone().dayOf(date->date);
+    return tr("Date: %1").arg(DateWording::relativeDay(day, m_kit.clock().today(), QLocale{}));
+}
+
+void DetailActions::connectChecklist()
+{
+    ChecklistView &checklist = m_view.checklist();
+    connect(&checklist, &ChecklistView::itemDateRequested, this, &DetailActions::pickItemDate);
+    connect(&checklist, &ChecklistView::itemDateCleared, this,
+            [this](const QString &itemID) { scheduleItem(itemID, std::nullopt); });
+}
+
+void DetailActions::pickItemDate(const QString &itemID, const QPoint &position)
+{
+    const KWChecklistItem *item = m_kit.context().find<KWChecklistItem>(itemID);
+    if (const Result<void> allowed = mayChangeItem(item); !allowed)
+        return Q_EMIT failed(allowed.error().sentence);
+    TaskSchedule shown;
+    if (const auto start = (*item)->startDate)
+        shown.dates.startDateTime = KWDateTime::dateTimeWithDate(*start, !(*item)->isAllDay);
+    const SchedulePicker::Surroundings surroundings{.today = m_kit.clock().today(),
+                                                    .zone = m_kit.clock().zone(),
+                                                    .firstWeekday =
+                                                        m_kit.account().userSettings().firstWeekday,
+                                                    .reminders = {},
+                                                    .allDayReminders = {},
+                                                    .readRule = {},
+                                                    .asksDayAndTimeAlone = true};
+    auto *picker = new SchedulePicker{shown, surroundings, m_view.window()};
+    connect(picker, &SchedulePicker::kept, this, [this, itemID, shown](const TaskSchedule &chosen) {
+        // What was changed elsewhere meanwhile stays where nothing else was chosen.
+        if (chosen != shown) scheduleItem(itemID, chosen.dates.startDateTime);
+    });
+    picker->popUp(position);
+}
+
+void DetailActions::scheduleItem(const QString &itemID, const std::optional<KWDateTime> &date)
+{
+    report(m_editor.setItemDate(itemID, date), messageOf(date));
 }
 
 void DetailActions::chooseList(const QPoint &position)

@@ -34,6 +34,10 @@ Q_SIGNALS:
 private:
     void connectHeader();
     void connectFooter();
+    void connectChecklist();
+    void pickItemDate(const QString &itemID, const QPoint &position);
+    void scheduleItem(const QString &itemID, const std::optional<KWDateTime> &date);
+    QString messageOf(const std::optional<KWDateTime> &date) const;
     void schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown);
     void chooseList(const QPoint &position);
     void fillMenu(QMenu &menu);

@@ -33,6 +33,7 @@ public:
     void commitEdits();
 
     DetailHeader &header() { return *m_header; }
+    ChecklistView &checklist() { return *m_checklist; }
     SubtaskList &subtasks() { return *m_subtasks; }
     AttachmentList &attachments() { return *m_attachments; }
     DetailFooter &footer() { return *m_footer; }
