@@ -359,7 +359,7 @@ bool partedDays(const Match &match, Fragment &fragment)
         return match.fragment(Symbol::Day, nth).day.kind == Kind::Weekday;
     };
     Fragment range;
-    const bool areWeekdays = isWeekday(0) && isWeekday(1); // they make a WeekdayList
+    const bool areWeekdays = isWeekday(0) && isWeekday(1); // they are listed as such
     return !areWeekdays && !neighbouringDays(match, range) && unclearDay(match, fragment);
 }
 

@@ -69,6 +69,7 @@ struct RepeatReference {
     std::int8_t monthDay = 0;  ///< 0 = that of the start, -1 = the last
     std::uint8_t month = 0;    ///< 0 = that of the start
     bool needsCompany = false; ///< said with a word that may be an adjective
+    bool isList = false;       ///< weekdays named one by one
 };
 
 /// The parts that make up a task's date. A phrase fills some of them.

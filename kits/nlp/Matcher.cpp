@@ -7,7 +7,7 @@ namespace nlp {
 void Matcher::match(std::span<const Token> tokens, std::vector<Place> &places, std::vector<Phrase> &phrases)
 {
     phrases.clear();
-    phrases.reserve(tokens.size() * 3 / 2); // more are rare; growing would cost a long text half its time
+    phrases.reserve(tokens.size() * 5); // more are rare; growing would cost a long text half its time
     places.assign(tokens.size() + 1, Place{});
     m_tokens = tokens;
     m_places = &places;

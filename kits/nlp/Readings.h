@@ -96,8 +96,6 @@ bool weekendDays(const Match &match, Fragment &fragment);
 bool weekdays(const Match &match, Fragment &fragment);
 bool weekdaySpan(const Match &match, Fragment &fragment);
 bool weekdayNumbers(const Match &match, Fragment &fragment);
-bool weekdayList(const Match &match, Fragment &fragment);
-bool weekdayNumberList(const Match &match, Fragment &fragment);    ///< "周一三五"
 bool listedWeekdays(const Match &match, Fragment &fragment);       ///< three or more
 bool listedWeekdayNumbers(const Match &match, Fragment &fragment); ///< no neighbours
 bool partedWeekdays(const Match &match, Fragment &fragment);       ///< two that are no neighbours

@@ -31,6 +31,16 @@ bool setRepeat(Fragment &fragment, int interval, Unit unit)
     return true;
 }
 
+// "周一三五": one is named, those after it are numbered.
+bool weekdayNumberList(const Match &match, Fragment &fragment)
+{
+    fragment.day = match.fragment(Symbol::AnyWeekday).day;
+    const int first = fragment.day.weekday;
+    const std::uint8_t further = match.fragment(Symbol::WeekdayTail).repeat.weekdays;
+    fragment.repeat.weekdays = weekdayBit(first) | further;
+    return first != 0 && further > weekdayBit(first) && (further & (weekdayBit(first + 1) - 1)) == 0;
+}
+
 // The weekday named first and the one after it.
 bool areNeighbours(const Fragment &weekdays)
 {
@@ -64,9 +74,13 @@ bool setEveryDate(const Match &match, Fragment &fragment, const DayReference &da
 
 bool weekdays(const Match &match, Fragment &fragment)
 {
-    fragment.repeat.weekdays = weekdayBit(match.fragment(Symbol::AnyWeekday).day.weekday) |
-                               match.fragment(Symbol::Weekdays).repeat.weekdays |
-                               match.fragment(Symbol::WeekdayTail).repeat.weekdays;
+    const RepeatReference &further = match.fragment(Symbol::Weekdays).repeat;
+    const bool isRising = weekdayNumberList(match, fragment);
+    fragment.repeat.weekdays |= further.weekdays;
+    // Two of them, one numbered ("周二四"), have rules of their own.
+    const bool isPlain =
+        !match.has(Symbol::WeekdayTail) || (isRising && std::popcount(fragment.repeat.weekdays) >= 3);
+    fragment.repeat.isList = isPlain && (!match.has(Symbol::Weekdays) || further.isList);
     return true;
 }
 
@@ -91,29 +105,10 @@ bool weekdayNumbers(const Match &match, Fragment &fragment)
     return true;
 }
 
-bool weekdayList(const Match &match, Fragment &fragment)
-{
-    fragment.day = match.fragment(Symbol::AnyWeekday).day;
-    fragment.repeat.weekdays =
-        weekdayBit(fragment.day.weekday) | match.fragment(Symbol::WeekdayList).repeat.weekdays;
-    if (match.has(Symbol::AnyWeekday, 1))
-        fragment.repeat.weekdays |= weekdayBit(match.fragment(Symbol::AnyWeekday, 1).day.weekday);
-    return true;
-}
-
-bool weekdayNumberList(const Match &match, Fragment &fragment)
-{
-    fragment.day = match.fragment(Symbol::AnyWeekday).day;
-    const int first = fragment.day.weekday;
-    const std::uint8_t further = match.fragment(Symbol::WeekdayTail).repeat.weekdays;
-    fragment.repeat.weekdays = weekdayBit(first) | further;
-    return first != 0 && further > weekdayBit(first) && (further & (weekdayBit(first + 1) - 1)) == 0;
-}
-
 bool listedWeekdays(const Match &match, Fragment &fragment)
 {
-    const Fragment &list = match.fragment(Symbol::WeekdayList);
-    return std::popcount(list.repeat.weekdays) >= 3 && setWeekly(fragment, list);
+    const Fragment &list = match.fragment(Symbol::Weekdays);
+    return list.repeat.isList && std::popcount(list.repeat.weekdays) >= 3 && setWeekly(fragment, list);
 }
 
 bool listedWeekdayNumbers(const Match &match, Fragment &fragment)
@@ -124,9 +119,9 @@ bool listedWeekdayNumbers(const Match &match, Fragment &fragment)
 
 bool neighbouringWeekdays(const Match &match, Fragment &fragment)
 {
-    Fragment list = match.fragment(Symbol::WeekdayList);
+    Fragment list = match.fragment(Symbol::Weekdays);
     if (match.has(Symbol::WeekdayTail) && !weekdayNumberList(match, list)) return false;
-    if (!areNeighbours(list)) return false;
+    if (!(list.repeat.isList || match.has(Symbol::WeekdayTail)) || !areNeighbours(list)) return false;
     fragment.slots = DaySlot | EndDaySlot;
     fragment.day = list.day;
     fragment.endDay = list.day;
@@ -136,9 +131,9 @@ bool neighbouringWeekdays(const Match &match, Fragment &fragment)
 
 bool partedWeekdays(const Match &match, Fragment &fragment)
 {
-    const Fragment &list = match.fragment(Symbol::WeekdayList);
+    const Fragment &list = match.fragment(Symbol::Weekdays);
     fragment.slots = UnclearSlot | UnclearDaySlot;
-    return std::popcount(list.repeat.weekdays) == 2 && !areNeighbours(list);
+    return list.repeat.isList && std::popcount(list.repeat.weekdays) == 2 && !areNeighbours(list);
 }
 
 bool everyUnit(const Match &match, Fragment &fragment)

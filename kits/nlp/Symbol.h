@@ -121,7 +121,6 @@ enum class Symbol : std::uint8_t {
     Day,
     WeekdayTail,
     Weekdays,
-    WeekdayList, ///< weekdays side by side, with nothing that says how often
     DayRange,
     EveryUnit,
     Leads,
