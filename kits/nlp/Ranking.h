@@ -13,7 +13,8 @@ namespace nlp {
 ///
 /// A phrase counts when it stands free: not inside a word, an address, a price or a longer number, and not
 /// within a longer phrase. Of those that fill the same part of the date the more specific wins, then the
-/// earlier. A duration, an end of a repeat or a reminder counts only beside something it can belong to.
+/// earlier. A duration, an end of a repeat or a reminder counts only beside something it can belong to. What
+/// is unclear keeps its words from being read, unless a longer phrase makes it clear.
 class Ranking {
 public:
     struct Candidate {

@@ -12,10 +12,11 @@ namespace readings {
 // Any product.
 bool inner(const Match &match, Fragment &fragment);
 bool bygone(const Match &match, Fragment &fragment);
+
+// What is no single date: it keeps its words and says nothing.
 bool unclear(const Match &match, Fragment &fragment);
-bool movedDay(const Match &match,
-              Fragment &fragment); ///< "the call to friday": nothing here is the task's own
-bool unclearDay(const Match &match, Fragment &fragment); ///< nor does a time beside it have a day
+bool unclearDay(const Match &match, Fragment &fragment); ///< nor does a time have a day then
+bool movedDay(const Match &match, Fragment &fragment);   ///< "the call to friday": nor is any day the task's
 
 // Amounts: a number or "a", halves included, and a unit.
 bool quantity(const Match &match, Fragment &fragment);
