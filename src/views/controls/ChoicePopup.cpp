@@ -1,19 +1,14 @@
 #include "views/controls/ChoicePopup.h"
 
-#include "views/theme/Fonts.h"
-#include "views/theme/Icons.h"
+#include "views/controls/ChoiceDelegate.h"
 #include "views/theme/Metrics.h"
-#include "views/theme/Painting.h"
-#include "views/theme/Theme.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
-#include <QPainter>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -22,46 +17,16 @@ namespace {
 
 constexpr int choicesWidth = 260;
 constexpr int highestChoices = 240;
-enum ChoiceRole { IdRole = Qt::UserRole, ColorRole, CheckedRole };
-
-class ChoiceDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        const Theme &theme = Theme::current();
-        if (option.state & QStyle::State_Selected)
-            Painting::roundedBox(*painter, option.rect, Metrics::rowRadius, theme.selection);
-        const int icon = Metrics::scaled(Metrics::icon);
-        const auto visual = [&option](const QRect &bounds) {
-            return QStyle::visualRect(option.direction, option.rect, bounds);
-        };
-        const QRect row = option.rect.adjusted(Metrics::gap, 0, -Metrics::gap, 0);
-        Painting::dot(*painter, visual({row.left(), row.top(), icon, row.height()}).center(),
-                      index.data(ColorRole).toString());
-        if (index.data(CheckedRole).toBool())
-            Icons::paint(*painter, visual({row.right() - icon, row.top(), icon, row.height()}), Icon::Check,
-                         icon, theme.accentText);
-        painter->setPen(theme.text);
-        Fonts::drawLine(*painter, Fonts::Role::Body,
-                        visual(row.adjusted(icon + Metrics::grid, 0, -icon - Metrics::grid, 0)),
-                        QStyle::visualAlignment(option.direction, Qt::AlignLeft), index.data().toString());
-    }
-    QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override
-    {
-        return {Metrics::scaled(120), Metrics::scaled(Metrics::sidebarRow)};
-    }
-};
+constexpr int idRole = Qt::UserRole;
 
 QStandardItemModel *modelOf(const QList<ChoicePopup::Choice> &choices, QObject *parent)
 {
     auto *model = new QStandardItemModel{parent};
     for (const ChoicePopup::Choice &each : choices) {
         auto *item = new QStandardItem{each.title};
-        item->setData(each.id, IdRole);
-        item->setData(each.color, ColorRole);
-        item->setData(each.isChecked, CheckedRole);
+        item->setData(each.id, idRole);
+        item->setData(each.color, ChoiceDelegate::ColorRole);
+        item->setData(each.isChecked, ChoiceDelegate::CheckedRole);
         model->appendRow(item);
     }
     return model;
@@ -123,7 +88,7 @@ void ChoicePopup::takeCurrent()
 {
     const QModelIndex current = m_list->currentIndex();
     if (!current.isValid()) return;
-    Q_EMIT chosen(current.data(IdRole).toString());
+    Q_EMIT chosen(current.data(idRole).toString());
     close();
 }
 
