@@ -79,7 +79,7 @@ Error onlyPiecesRefusal(const QList<RecognizedPiece> &pieces)
 
 } // namespace
 
-NewTaskService::NewTaskService(OrvaneKit &kit) : m_kit(kit)
+NewTaskService::NewTaskService(OrvaneKit &kit) : m_kit(kit), m_candidates(kit)
 {
     m_recordsChanged = kit.bus().registerEventBus([this](const StoreChange &change) {
         if (mattersToRecognition(change)) m_recognizer.reset();

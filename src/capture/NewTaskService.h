@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/KWNewTaskDateReferee.h"
+#include "capture/NewTaskCandidates.h"
 #include "capture/NewTaskContext.h"
 #include "capture/NewTaskDraft.h"
 #include "capture/TitleRecognizer.h"
@@ -25,6 +26,9 @@ public:
 
     /// Calls `changed` when the settings of recognition are others: recognize() may find something else then.
     KWNotificationCenter::Observation observeSettings(std::function<void()> changed) const;
+
+    /// What can complete the tokens of the text.
+    NewTaskCandidates &candidates() { return m_candidates; }
 
     /// What a list implies for tasks made in it, see newTaskContextOf().
     NewTaskContext contextOf(const KWListIdentifier &list) const;
@@ -67,6 +71,7 @@ private:
     Result<MadeTasks> save(const QList<NewTaskDraft> &drafts);
 
     OrvaneKit &m_kit;
+    NewTaskCandidates m_candidates;
     std::optional<TitleRecognizer> m_recognizer; // dropped when what it knows has changed
     KWEventBus::Registration m_recordsChanged;
     QList<KWNotificationCenter::Observation> m_settingsChanged;

@@ -3,6 +3,7 @@
 #include "capture/CaseText.h"
 #include "capture/KWTagTextEntity.h"
 #include "capture/TwitterText.h"
+#include "capture/TypedToken.h"
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 
@@ -39,6 +40,21 @@ private Q_SLOTS:
         for (const KWCandidateEntity &each : tokens)
             QCOMPARE(each.string, text.mid(each.range.location, each.range.length));
         if (!tokens.isEmpty()) QVERIFY(TokenScanner::kindsIn(text).testFlag(kind));
+    }
+
+    void findsTheTypedToken_data() { addCaseRows("tokens/typed.txt", 4); }
+    void findsTheTypedToken()
+    {
+        QFETCH(QStringList, cells);
+        QString text = quotedText(cells[0]);
+        const qsizetype caret = text.indexOf(u'¦');
+        text.remove(caret, 1);
+        const auto token = TypedToken::find(text, caret, TokenKinds{31});
+        QCOMPARE(token.has_value(), cells[1] != u"-");
+        if (!token) return;
+        QCOMPARE(token->kind, TokenKind{1 << kinds.indexOf(cells[1])});
+        QCOMPARE(textOf(QList{token->range}), cells[2]);
+        QCOMPARE(token->keyword, cells[3]);
     }
 
     void findsHashtags_data() { addCaseRows("tokens/hashtags.txt", 3); }
