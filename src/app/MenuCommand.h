@@ -45,6 +45,7 @@ enum class MenuCommand {
     Minimise,
     ShowPopover,
     ShowShortcuts,
+    ShowTitleHelp,
     SendDiagnostics,
     ExportList,
     NewFilter,

@@ -65,6 +65,7 @@ constexpr MenuEntry entries[] = {
     {ShowMenuBar, Window, "showMenuBar", "Menu Bar", "F10"},
 
     {ShowShortcuts, Help, "showShortcuts", "Keyboard Shortcuts", "F1"},
+    {ShowTitleHelp, Help, "showTitleHelp", "What You Can Type", "Shift+F1"},
     {SendDiagnostics, Help, "clear_data", "Send Diagnostic Data…", "", Nothing},
 };
 

@@ -20,7 +20,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
                      [this] { m_application.session().refreshBadge(); }})
     , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<KWSyncManager>(), m_mainWindow})
-    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes})
+    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts})
     , m_welcomeWindow(kit.account())
     , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
                      absent<KWSyncManager>(), m_alerts, services.relaunch})
@@ -33,8 +33,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
                    [this] { return m_timeChanges.isAdapting(); }})
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
-    , m_statusItem({kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea})
-    , m_quickAdd(kit, m_newTasks)
+    , m_statusItem({kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea, m_alerts})
+    , m_quickAdd(kit, {m_newTasks, clock, kit.defaults(), m_alerts})
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {

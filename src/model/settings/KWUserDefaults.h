@@ -51,6 +51,10 @@ inline constexpr Setting<bool> olderDateParsingType{"KWSmartDateParsingTypeKey",
                                                     true};
 inline constexpr Setting<bool> olderTagParsingType{"KWTagParsingTypeKey", DefaultsScope::Standard, true};
 
+/// Whether it was shown once how a recognised date is taken back.
+inline constexpr Setting<bool> didShowDateParsingTips{"didShowDateParsingTips", DefaultsScope::Standard,
+                                                      false};
+
 inline constexpr Setting<int> newTaskPriority{"new_task_priority", DefaultsScope::Standard, 0};
 /// Days from today; below zero: no date.
 inline constexpr Setting<int> newTaskDateOffset{"new_task_date_offset", DefaultsScope::Standard, -1};

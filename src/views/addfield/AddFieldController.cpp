@@ -1,18 +1,32 @@
 #include "views/addfield/AddFieldController.h"
 
+#include "app/ports/AlertPort.h"
 #include "capture/NewTaskService.h"
+#include "views/addfield/FieldHelp.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/addfield/TitleLessons.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 
-AddFieldController::AddFieldController(KWNewTaskTextField &field, NewTaskService &service)
-    : m_field(field), m_service(service)
+#include <algorithm>
+
+AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
+    : m_field(field)
+    , m_service(rooms.service)
+    , m_alerts(rooms.alerts)
+    , m_completion(field, rooms.service.candidates())
+    , m_dateTip(field, rooms.clock, rooms.defaults)
 {
+    teachNext();
     m_field.installEventFilter(this);
     m_settingsChanged = m_service.observeSettings([this] { recognize(m_field.text()); });
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
     connect(&m_field, &KWNewTaskTextField::pieceClicked, this, &AddFieldController::undo);
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
+    connect(&m_completion, &TokenCompletion::committed, this, &AddFieldController::take);
+    m_field.shouldCreateMultiTasks = [this](const QString &pasted) { return shouldCreateMultiTasks(pasted); };
+    connect(&m_field, &KWNewTaskTextField::helpRequested, this, [this] { FieldHelp::showBelow(m_field); });
 }
 
 void AddFieldController::setList(const KWListIdentifier &list)
@@ -47,6 +61,11 @@ NewTaskContext AddFieldController::context() const
 
 bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isBackspace = key->key() == Qt::Key_Backspace && key->modifiers() == Qt::NoModifier;
+        if (isBackspace && undoBeforeCaret()) return true;
+    }
     if (event->type() == QEvent::FocusOut && m_field.text().isEmpty()) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) endPreset();
@@ -56,12 +75,75 @@ bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
 
 void AddFieldController::recognize(const QString &text)
 {
-    if (text.isEmpty()) m_options = {};
-    m_field.setPieces(text.isEmpty() ? QList<RecognizedPiece>{}
-                                     : m_service.recognize(text, context()).pieces);
+    if (text.isEmpty()) {
+        m_options = {};
+        m_undoneByKey.reset();
+    }
+    resumeAfterEdit(text);
+    const NewTaskContext context = this->context();
+    const TitleRecognition found = text.isEmpty() ? TitleRecognition{} : m_service.recognize(text, context);
+    m_parsedProjectResult = found.list ? found.list->id : QString{};
+    m_field.setPieces(found.pieces);
+    keepOnePriority();
+    const QString ofView = context.presetList.value_or(QString{});
+    m_completion.update(m_options, m_parsedProjectResult.isEmpty() ? ofView : m_parsedProjectResult);
+    showDateTip();
 }
 
-void AddFieldController::undo(const RecognizedPiece &piece)
+// Several lists and people may have one name.
+void AddFieldController::take(TokenKind kind, const KWCandidateModel &row)
+{
+    if (kind == TokenKind::List) m_options.chosenProject = row.object;
+    if (kind == TokenKind::Assignee) m_options.chosenTeamworker = row.object;
+}
+
+void AddFieldController::showDateTip()
+{
+    const QList<RecognizedPiece> &pieces = m_field.pieces();
+    const auto date = std::ranges::find(pieces, RecognizedPieceType::Date, &RecognizedPiece::type);
+    if (date == pieces.end()) return m_dateTip.dismissDateParsingTips();
+    if (m_dateTip.isDue() && m_field.hasFocus() && !m_completion.isShown())
+        m_dateTip.show(m_field.globalBoundsOf(*date));
+}
+
+// One thing at a time, the next one when a task was added.
+void AddFieldController::teachNext()
+{
+    QList<TitleLesson> hints = titleLessons();
+    hints.removeIf([](const TitleLesson &each) { return !each.isHint; });
+    m_field.setLesson(hints.at(m_lesson++ % hints.size()).example);
+}
+
+// A title has one priority. Where another one is typed, that is meant, and the token that stood before goes:
+// not now, in the middle of the change that brought the new one.
+void AddFieldController::keepOnePriority()
+{
+    QList<RecognizedPiece> priorities = m_field.pieces();
+    priorities.removeIf([](const auto &piece) { return piece.type != RecognizedPieceType::Priority; });
+    const auto valueOf = [](const RecognizedPiece &piece) { return KWTaskPriority(piece.value.toInt()); };
+    const auto isOther = [&](const auto &piece) { return valueOf(piece) != m_parsedPriorityResult; };
+    const auto newest = std::ranges::find_if(priorities.rbegin(), priorities.rend(), isOther);
+    if (priorities.isEmpty()) return m_parsedPriorityResult.reset();
+    if (newest == priorities.rend()) return;
+    m_parsedPriorityResult = valueOf(*newest);
+    for (const RecognizedPiece &each : std::as_const(priorities))
+        if (valueOf(each) != m_parsedPriorityResult)
+            QMetaObject::invokeMethod(
+                this, [this, each] { remove(each); }, Qt::QueuedConnection);
+}
+
+// With the space that ended it.
+void AddFieldController::remove(const RecognizedPiece &piece)
+{
+    const auto standing = std::ranges::find_if(m_field.pieces(), [&piece](const RecognizedPiece &each) {
+        return each.type == piece.type && each.text == piece.text && each.value == piece.value;
+    });
+    if (standing == m_field.pieces().end()) return;
+    const TextRange range = TextRange{standing->location, standing->length + 1}.within(m_field.text().size());
+    m_field.remove(range, m_field.text().mid(range.location, range.length));
+}
+
+bool AddFieldController::undo(const RecognizedPiece &piece)
 {
     switch (piece.type) {
     case RecognizedPieceType::Date:
@@ -77,9 +159,36 @@ void AddFieldController::undo(const RecognizedPiece &piece)
         m_options.blockedPriorities.insert(KWTaskPriority(piece.value.toInt()));
         break;
     case RecognizedPieceType::Tag:
-        return;
+        return false;
     }
     recognize(m_field.text());
+    return true;
+}
+
+bool AddFieldController::undoBeforeCaret()
+{
+    const QTextCursor cursor = m_field.textCursor();
+    if (cursor.hasSelection()) return false;
+    const auto before = std::ranges::find_if(m_field.pieces(), [&cursor](const RecognizedPiece &piece) {
+        return piece.location + piece.length == cursor.position();
+    });
+    if (before == m_field.pieces().end()) return false;
+    const RecognizedPiece piece = *before;
+    if (!undo(piece)) return false;
+    m_undoneByKey = piece;
+    return true;
+}
+
+// Backspace was a correction after all where the words it was pressed behind are changed next.
+void AddFieldController::resumeAfterEdit(const QString &text)
+{
+    if (!m_undoneByKey || text.contains(m_undoneByKey->text)) return;
+    const RecognizedPiece piece = *std::exchange(m_undoneByKey, std::nullopt);
+    if (piece.type == RecognizedPieceType::Date) m_options.donotParseDate = false;
+    if (piece.type == RecognizedPieceType::Assignee) m_options.donotParseAssignee = false;
+    if (piece.type == RecognizedPieceType::List) m_options.blockedProjects.remove(piece.value);
+    if (piece.type == RecognizedPieceType::Priority)
+        m_options.blockedPriorities.remove(KWTaskPriority(piece.value.toInt()));
 }
 
 void AddFieldController::submit(const QString &text)
@@ -90,5 +199,32 @@ void AddFieldController::submit(const QString &text)
         return;
     }
     m_field.setText({});
+    teachNext();
     Q_EMIT added(task->sid);
+}
+
+bool AddFieldController::shouldCreateMultiTasks(const QString &pasted)
+{
+    if (!m_service.shouldCreateMutilTask(pasted)) return false;
+    m_alerts.show({KWLocalizedString("Batch Add Tasks"),
+                   KWLocalizedString("Need to add multiple tasks at the same time?"),
+                   {KWLocalizedString("Add"), KWLocalizedString("Cancel")}},
+                  [field = QPointer{&m_field}, self = QPointer{this}, pasted](int button) {
+                      if (!field || !self) return;
+                      button == 0 ? self->createMultiTasks(pasted) : field->appendLines(pasted);
+                  });
+    return true;
+}
+
+// What was typed before becomes a task too, and stays.
+void AddFieldController::createMultiTasks(const QString &pasted)
+{
+    const bool holdsOwnText = m_field.text() != m_field.presetContent();
+    const auto made =
+        m_service.createMutilTask(holdsOwnText ? pasted + u'\n' + m_field.text() : pasted, context());
+    if (!made) return Q_EMIT failed(made.error().sentence);
+    QStringList ids;
+    for (const KWTaskModel &each : made->tasks)
+        ids.append(each.sid);
+    Q_EMIT addedSeveral(ids, made->undo);
 }

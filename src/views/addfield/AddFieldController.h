@@ -4,20 +4,31 @@
 #include "capture/RecognizedPiece.h"
 #include "model/events/KWNotificationCenter.h"
 #include "model/records/KWListIdentifier.h"
+#include "model/store/UndoToken.h"
+#include "views/addfield/DateTip.h"
+#include "views/addfield/TokenCompletion.h"
 
 #include <QObject>
 
+class AlertPort;
 class KWNewTaskTextField;
 class NewTaskService;
 
-/// Joins an add field with recognition and saving: marks the pieces while one types, takes a recognition
-/// back when its mark is clicked, and saves on Enter. The text leaves the field only once it is saved.
-/// Main thread.
+/// Joins an add field with recognition and saving: marks the pieces while one types, completes tokens, takes
+/// a recognition back when its mark is clicked or Backspace is pressed right behind it, and saves on Enter.
+/// The text leaves the field only once it is saved. Main thread.
 class AddFieldController : public QObject {
     Q_OBJECT
 
 public:
-    AddFieldController(KWNewTaskTextField &field, NewTaskService &service);
+    /// All outlive it.
+    struct Rooms {
+        NewTaskService &service;
+        CXClock &clock;
+        KWUserDefaults &defaults;
+        AlertPort &alerts;
+    };
+    AddFieldController(KWNewTaskTextField &field, Rooms rooms);
 
     /// The list in which the field stands.
     void setList(const KWListIdentifier &list);
@@ -31,6 +42,8 @@ public:
 
 Q_SIGNALS:
     void added(const QString &taskID);
+    /// Pasted lines have become tasks.
+    void addedSeveral(const QStringList &taskIDs, const UndoToken &undo);
     void failed(const QString &sentence);
 
 protected:
@@ -39,13 +52,30 @@ protected:
 private:
     void endPreset();
     void recognize(const QString &text);
-    void undo(const RecognizedPiece &piece);
+    void take(TokenKind kind, const KWCandidateModel &row);
+    void keepOnePriority();
+    void showDateTip();
+    void teachNext();
+    void remove(const RecognizedPiece &piece);
+    /// Whether there was anything to undo.
+    bool undo(const RecognizedPiece &piece);
+    bool undoBeforeCaret();
+    void resumeAfterEdit(const QString &text);
     void submit(const QString &text);
+    bool shouldCreateMultiTasks(const QString &pasted);
+    void createMultiTasks(const QString &pasted);
 
     KWNewTaskTextField &m_field;
     NewTaskService &m_service;
+    AlertPort &m_alerts;
+    TokenCompletion m_completion;
+    DateTip m_dateTip;
+    qsizetype m_lesson = 0;
     KWListIdentifier m_list;
     std::optional<NewTaskContext> m_preset;
     RecognitionOptions m_options; // until the field is empty again
     KWNotificationCenter::Observation m_settingsChanged;
+    std::optional<RecognizedPiece> m_undoneByKey;
+    std::optional<KWTaskPriority> m_parsedPriorityResult;
+    QString m_parsedProjectResult; // id
 };

@@ -7,14 +7,15 @@
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
-#include "views/theme/ThemeConfigurator.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QStyle>
 #include <QTextBlock>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -22,28 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int documentMargin = 4; // room for a pill at either end of the text
-constexpr int padding = 12;       // from the outline to the text
-constexpr double wordSpacing = 3; // what a pill stands out by comes from the spaces between words
-constexpr double pillOutset = 2.5;
+constexpr int padding = 12; // from the outline to the text
 
 bool hasLineBreak(const QString &text) { return lineBreaksAsSpaces(text) != text; }
-
-QColor pieceSoftColor(const RecognizedPiece &piece)
-{
-    const Theme &theme = Theme::current();
-    return piece.type == RecognizedPieceType::Priority
-               ? theme.priority(KWTaskPriority(piece.value.toInt())).soft
-               : theme.softAccent;
-}
-
-QColor pieceTextColor(const RecognizedPiece &piece)
-{
-    const Theme &theme = Theme::current();
-    return piece.type == RecognizedPieceType::Priority
-               ? theme.priority(KWTaskPriority(piece.value.toInt())).text
-               : theme.accentText;
-}
 
 int hintWidth()
 {
@@ -53,58 +35,28 @@ int hintWidth()
 
 } // namespace
 
-KWNewTaskTextField::KWNewTaskTextField(QWidget *parent) : QTextEdit(parent)
+KWNewTaskTextField::KWNewTaskTextField(QWidget *parent) : KWTagCandidateTextField(parent)
 {
     setObjectName(u"addField"_s);
     setAccessibleName(KWLocalizedString("Add a task"));
-    setAcceptRichText(false);
-    setLineWrapMode(NoWrap);
-    setTabChangesFocus(true);
     setFrameShape(NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     viewport()->setAutoFillBackground(false);
-    viewport()->setMouseTracking(true);
-    document()->setDocumentMargin(documentMargin);
-    connect(document(), &QTextDocument::contentsChange, this, &KWNewTaskTextField::moveMarks);
-    connect(this, &QTextEdit::textChanged, this, &KWNewTaskTextField::announceText);
-    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &KWNewTaskTextField::dress);
+    connect(this, &KWTagCandidateTextField::textEdited, this, [this] { update(); }); // the hint
     dress();
 }
 
 void KWNewTaskTextField::dress()
 {
-    QFont font = Fonts::font(Fonts::Role::Body);
-    font.setWordSpacing(wordSpacing);
-    setFont(font);
+    KWTagCandidateTextField::dress();
     updateGeometry();
     placeViewport();
-    showPieceColors();
 }
 
-QString KWNewTaskTextField::text() const
+void KWNewTaskTextField::setPresetContent(const QString &content)
 {
-    // Not toPlainText(), which turns non-breaking spaces into plain ones.
-    return lineBreaksAsSpaces(document()->toRawText());
-}
-
-void KWNewTaskTextField::setText(const QString &text)
-{
-    m_pieces.clear();
-    setPlainText(lineBreaksAsSpaces(text));
-    moveCursor(QTextCursor::End);
-}
-
-void KWNewTaskTextField::setPieces(QList<RecognizedPiece> pieces)
-{
-    const qsizetype length = text().size();
-    pieces.removeIf([length](const RecognizedPiece &piece) {
-        return piece.location < 0 || piece.length <= 0 || piece.location + piece.length > length;
-    });
-    if (pieces == m_pieces) return;
-    m_pieces = std::move(pieces);
-    showPieceColors();
+    m_presetContent = lineBreaksAsSpaces(content);
+    setText(m_presetContent);
 }
 
 void KWNewTaskTextField::setPlaceholder(const QString &placeholder)
@@ -117,6 +69,18 @@ void KWNewTaskTextField::setPassingPlaceholder(const QString &placeholder)
 {
     m_passingPlaceholder = placeholder;
     showPlaceholder();
+}
+
+void KWNewTaskTextField::setDetailedPlaceholder(bool isDetailed)
+{
+    m_isDetailedPlaceholder = isDetailed;
+    viewport()->update();
+}
+
+void KWNewTaskTextField::setLesson(const QString &example)
+{
+    m_lesson = example;
+    viewport()->update();
 }
 
 void KWNewTaskTextField::showPlaceholder()
@@ -132,68 +96,35 @@ QSize KWNewTaskTextField::minimumSizeHint() const
 
 QSize KWNewTaskTextField::sizeHint() const { return minimumSizeHint() + QSize{240, 0}; }
 
-void KWNewTaskTextField::moveMarks(int position, int removed, int added)
-{
-    const auto isTouched = [=](const RecognizedPiece &piece) {
-        return piece.location < position + removed && piece.location + piece.length > position;
-    };
-    m_pieces.removeIf(isTouched);
-    for (RecognizedPiece &piece : m_pieces)
-        if (piece.location >= position + removed) piece.location += added - removed;
-}
-
-void KWNewTaskTextField::announceText()
-{
-    QString now = text();
-    if (now == m_announcedText) return;
-    m_announcedText = now;
-    showPieceColors();
-    Q_EMIT textEdited(now);
-}
-
-void KWNewTaskTextField::showPieceColors()
-{
-    QList<ExtraSelection> selections;
-    for (const RecognizedPiece &piece : std::as_const(m_pieces)) {
-        ExtraSelection selection;
-        selection.cursor = QTextCursor{document()};
-        selection.cursor.setPosition(int(piece.location));
-        selection.cursor.setPosition(int(piece.location + piece.length), QTextCursor::KeepAnchor);
-        selection.format.setForeground(pieceTextColor(piece));
-        selections.append(selection);
-    }
-    setExtraSelections(selections);
-    viewport()->update();
-}
-
 bool KWNewTaskTextField::canInsertFromMimeData(const QMimeData *source) const { return source->hasText(); }
 
 void KWNewTaskTextField::insertFromMimeData(const QMimeData *source)
 {
     const QString pasted = source->text();
-    if (hasLineBreak(pasted))
+    if (hasLineBreak(pasted)) {
+        const bool isOfClipboard = pasted == QApplication::clipboard()->text();
+        if (isOfClipboard && shouldCreateMultiTasks && shouldCreateMultiTasks(pasted)) return;
         appendLines(pasted);
-    else
-        textCursor().insertText(pasted);
+    } else {
+        insertAsOneStep(pasted);
+    }
     ensureCursorVisible();
 }
 
 void KWNewTaskTextField::appendLines(const QString &lines)
 {
-    QTextCursor cursor{document()};
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText(lineBreaksAsSpaces(lines));
-    setTextCursor(cursor);
+    moveCursor(QTextCursor::End);
+    insertAsOneStep(lineBreaksAsSpaces(lines));
 }
 
 void KWNewTaskTextField::inputMethodEvent(QInputMethodEvent *event)
 {
     if (!hasLineBreak(event->commitString())) {
-        QTextEdit::inputMethodEvent(event);
+        KWTagCandidateTextField::inputMethodEvent(event);
         return;
     }
     QInputMethodEvent withoutText;
-    QTextEdit::inputMethodEvent(&withoutText);
+    KWTagCandidateTextField::inputMethodEvent(&withoutText);
     appendLines(event->commitString());
 }
 
@@ -218,51 +149,8 @@ void KWNewTaskTextField::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     default:
-        QTextEdit::keyPressEvent(event);
+        KWTagCandidateTextField::keyPressEvent(event);
     }
-}
-
-QRectF KWNewTaskTextField::pieceBounds(const RecognizedPiece &piece) const
-{
-    QTextCursor cursor{document()};
-    cursor.setPosition(int(piece.location));
-    const QRect start = cursorRect(cursor);
-    cursor.setPosition(int(piece.location + piece.length));
-    const QRect end = cursorRect(cursor);
-    const int left = std::min(start.left(), end.left());
-    const int right = std::max(start.left(), end.left());
-    return QRectF(left, start.top(), right - left, start.height()).adjusted(-pillOutset, -1, pillOutset, 1);
-}
-
-std::optional<RecognizedPiece> KWNewTaskTextField::pieceAt(const QPoint &position) const
-{
-    for (const RecognizedPiece &piece : m_pieces)
-        if (pieceBounds(piece).contains(position)) return piece;
-    return std::nullopt;
-}
-
-void KWNewTaskTextField::mousePressEvent(QMouseEvent *event)
-{
-    m_pressPosition = event->position().toPoint();
-    m_pressedPiece = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier
-                         ? pieceAt(m_pressPosition)
-                         : std::nullopt;
-    QTextEdit::mousePressEvent(event);
-}
-
-void KWNewTaskTextField::mouseMoveEvent(QMouseEvent *event)
-{
-    const QPoint position = event->position().toPoint();
-    if ((position - m_pressPosition).manhattanLength() >= QApplication::startDragDistance())
-        m_pressedPiece.reset();
-    QTextEdit::mouseMoveEvent(event);
-    viewport()->setCursor(pieceAt(position) ? Qt::PointingHandCursor : Qt::IBeamCursor);
-}
-
-void KWNewTaskTextField::mouseReleaseEvent(QMouseEvent *event)
-{
-    QTextEdit::mouseReleaseEvent(event);
-    if (const auto piece = std::exchange(m_pressedPiece, std::nullopt)) Q_EMIT pieceClicked(*piece);
 }
 
 // One line has nothing to scroll; the list below may have.
@@ -274,9 +162,33 @@ bool KWNewTaskTextField::event(QEvent *event)
         paintFrame();
         return true;
     }
-    const bool handled = QTextEdit::event(event);
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ToolTip) {
+        if (isOnHelp(*event)) return true;
+    }
+    const bool handled = KWTagCandidateTextField::event(event);
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
     return handled;
+}
+
+// Whether the event is the question mark's, which stands in the frame; the keyboard has it in the main menu.
+bool KWNewTaskTextField::isOnHelp(const QEvent &event)
+{
+    if (event.type() == QEvent::ToolTip) {
+        const auto &help = static_cast<const QHelpEvent &>(event);
+        if (!document()->isEmpty() || !helpBounds().contains(help.pos())) return false;
+        QToolTip::showText(help.globalPos(), KWLocalizedString("What you can type"), this);
+    } else {
+        const QPoint position = static_cast<const QMouseEvent &>(event).position().toPoint();
+        if (!document()->isEmpty() || !helpBounds().contains(position)) return false;
+        Q_EMIT helpRequested();
+    }
+    return true;
+}
+
+QRect KWNewTaskTextField::helpBounds() const
+{
+    const int side = height();
+    return QStyle::visualRect(layoutDirection(), rect(), {width() - side, 0, side, side});
 }
 
 void KWNewTaskTextField::paintFrame()
@@ -287,7 +199,9 @@ void KWNewTaskTextField::paintFrame()
     const QRect box = rect().adjusted(ring, ring, -ring, -ring);
     Painting::roundedBox(painter, box, Metrics::fieldRadius, theme.window,
                          hasFocus() ? theme.accent : theme.control);
-    if (document()->isEmpty()) return;
+    if (document()->isEmpty())
+        return Icons::paint(painter, helpBounds(), Icon::Help, Metrics::scaled(Metrics::icon),
+                            theme.faintText);
 
     const int icon = Metrics::scaled(Metrics::icon) - 2;
     const int start = box.right() + 1 - padding - hintWidth();
@@ -303,33 +217,38 @@ void KWNewTaskTextField::paintFrame()
 
 void KWNewTaskTextField::paintEvent(QPaintEvent *event)
 {
-    QPainter painter{viewport()};
-    for (const RecognizedPiece &piece : std::as_const(m_pieces)) {
-        const QRectF bounds = pieceBounds(piece);
-        if (bounds.intersects(event->rect()))
-            Painting::roundedBox(painter, bounds, Metrics::pillRadius, pieceSoftColor(piece));
-    }
     if (document()->isEmpty() && document()->firstBlock().layout()->preeditAreaText().isEmpty())
-        paintPlaceholder(painter);
-    painter.end();
-    QTextEdit::paintEvent(event);
+        paintPlaceholder();
+    KWTagCandidateTextField::paintEvent(event);
 }
 
 // Not the one of QTextEdit, which would break into lines and space its words as the text does.
-void KWNewTaskTextField::paintPlaceholder(QPainter &painter) const
+void KWNewTaskTextField::paintPlaceholder() const
 {
+    QPainter painter{viewport()};
     QFont plain = font();
     plain.setWordSpacing(0);
     painter.setFont(plain);
     painter.setPen(Theme::current().faintText);
     const QRect bounds = viewport()->rect().adjusted(documentMargin, 0, -documentMargin, 0);
-    const QString shown = painter.fontMetrics().elidedText(placeholder(), Qt::ElideRight, bounds.width());
-    painter.drawText(bounds, int(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine), shown);
+    painter.drawText(bounds, int(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine),
+                     shownPlaceholder(bounds.width()));
+}
+
+QString KWNewTaskTextField::shownPlaceholder(int width) const
+{
+    QFont plain = font();
+    plain.setWordSpacing(0);
+    const QFontMetrics metrics{plain};
+    const QString detailed = KWLocalizedString("%1 – try “%2”").arg(placeholder(), m_lesson);
+    const bool teaches = m_isDetailedPlaceholder && m_passingPlaceholder.isEmpty() && !m_lesson.isEmpty();
+    if (teaches && metrics.horizontalAdvance(detailed) <= width) return detailed;
+    return metrics.elidedText(placeholder(), Qt::ElideRight, width);
 }
 
 void KWNewTaskTextField::resizeEvent(QResizeEvent *event)
 {
-    QTextEdit::resizeEvent(event);
+    KWTagCandidateTextField::resizeEvent(event);
     placeViewport();
 }
 
@@ -344,4 +263,10 @@ void KWNewTaskTextField::placeViewport()
     const QMargins margins{isMirrored ? behind : before, above, isMirrored ? before : behind,
                            std::max(0, height() - line - above)};
     if (margins != viewportMargins()) setViewportMargins(margins);
+
+    // Also while it is empty, and whatever the direction of what is typed.
+    QTextOption option = document()->defaultTextOption();
+    option.setAlignment(isMirrored ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
+    if (option.alignment() != document()->defaultTextOption().alignment())
+        document()->setDefaultTextOption(option);
 }

@@ -1,15 +1,11 @@
 #pragma once
 
-#include "capture/RecognizedPiece.h"
+#include "views/addfield/KWTagCandidateTextField.h"
 
-#include <QList>
-#include <QTextEdit>
+#include <functional>
 
-#include <optional>
-
-/// The one-line field in which a task is typed. Recognised pieces are shown as soft pills behind the
-/// text; a click on one asks to undo the recognition. Enter submits, Escape gives the focus away.
-class KWNewTaskTextField : public QTextEdit {
+/// The field in which a task is typed. Enter submits, Escape gives the focus away.
+class KWNewTaskTextField : public KWTagCandidateTextField {
     Q_OBJECT
 
 public:
@@ -18,15 +14,9 @@ public:
 
     explicit KWNewTaskTextField(QWidget *parent = nullptr);
 
-    /// What was typed, character for character.
-    QString text() const;
-    /// Replaces the text and forgets what undo knew. Line breaks become spaces.
-    void setText(const QString &text);
-
-    /// Marks these pieces of the current text; those that reach beyond it are left out. A change of the
-    /// text moves the marks behind it along and drops those it touches, until the next call.
-    void setPieces(QList<RecognizedPiece> pieces);
-    const QList<RecognizedPiece> &pieces() const { return m_pieces; }
+    /// What the field was opened with.
+    const QString &presetContent() const { return m_presetContent; }
+    void setPresetContent(const QString &content);
 
     void setPlaceholder(const QString &placeholder);
     /// Shown instead for a while; empty: the other one again.
@@ -35,20 +25,29 @@ public:
     {
         return m_passingPlaceholder.isEmpty() ? m_placeholder : m_passingPlaceholder;
     }
+    /// Whether the placeholder teaches, where there is room: shows an example of what can be typed.
+    bool isDetailedPlaceholder() const { return m_isDetailedPlaceholder; }
+    void setDetailedPlaceholder(bool isDetailed);
+    void setLesson(const QString &example);
+
+    /// Asked for pasted text that has line breaks, when that is what the clipboard holds: whether somebody
+    /// else takes care of it. Else its lines are joined at the end of the text.
+    std::function<bool(const QString &pasted)> shouldCreateMultiTasks;
+    /// Adds the text, its line breaks as spaces, behind what is there.
+    void appendLines(const QString &lines);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// The text became another one, by typing, pasting, undo or a call.
-    void textEdited(const QString &text);
     /// Enter. The text stays until whoever saved it clears it.
     void submitted(const QString &text);
-    void pieceClicked(const RecognizedPiece &piece);
     /// Escape: the person is done here.
     void left();
     /// Down: on to what stands below.
     void steppedDown();
+    /// The question mark of the empty field.
+    void helpRequested();
 
 protected:
     bool event(QEvent *event) override;
@@ -56,31 +55,23 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void dress() override;
 
 private:
-    void dress();
-    void moveMarks(int position, int removed, int added);
-    void announceText();
-    void showPieceColors();
-    /// Adds the text, its line breaks as spaces, behind what is there.
-    void appendLines(const QString &lines);
-    QRectF pieceBounds(const RecognizedPiece &piece) const;
-    std::optional<RecognizedPiece> pieceAt(const QPoint &position) const;
     void paintFrame();
     void showPlaceholder();
-    void paintPlaceholder(QPainter &painter) const;
+    void paintPlaceholder() const;
+    QString shownPlaceholder(int width) const;
     void placeViewport();
+    bool isOnHelp(const QEvent &event);
+    QRect helpBounds() const;
 
-    QList<RecognizedPiece> m_pieces;
-    QString m_announcedText;
+    QString m_presetContent;
     QString m_placeholder;
     QString m_passingPlaceholder;
-    std::optional<RecognizedPiece> m_pressedPiece;
-    QPoint m_pressPosition;
+    QString m_lesson;
+    bool m_isDetailedPlaceholder = true;
 };

@@ -22,12 +22,14 @@ constexpr int placeNameWidth = 260;
 ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
                        KWTaskEditor &editor)
     : m_window(window)
+    , m_manager(rooms.kit.manager())
     , m_service(rooms.tasks)
     , m_actions(actions)
     , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
     , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
     , m_sortMenu{window.listPane().header(), rooms.tasks, rooms.kit.manager()}
-    , m_addField{window.listPane().addField(), rooms.newTasks}
+    , m_addField{window.listPane().addField(),
+                 {rooms.newTasks, rooms.clock, rooms.kit.defaults(), rooms.alerts}}
     , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
     , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
     , m_trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
@@ -72,6 +74,7 @@ void ListColumn::connectActions()
 void ListColumn::connectMessages()
 {
     m_window.sayFailuresOf(m_addField, &AddFieldController::failed, &AddFieldController::added);
+    connect(&m_addField, &AddFieldController::addedSeveral, this, &ListColumn::showAddedSeveral);
     connect(&m_tasks, &TaskListController::failed, &m_window, &MainWindow::showMessage);
     connect(&m_sortMenu, &SortMenu::changed, &m_window, &MainWindow::showUndo);
     connect(&m_sortMenu, &SortMenu::failed, &m_window, &MainWindow::showMessage);
@@ -106,5 +109,14 @@ void ListColumn::showAdded(const QString &taskID)
     m_window.showAction(tr("Added to %1").arg(name), tr("Open"), [this, list, taskID] {
         showTask(taskID, *list);
         takeKeyboard();
+    });
+}
+
+void ListColumn::showAddedSeveral(const QStringList &taskIDs, const UndoToken &undo)
+{
+    m_window.listPane().list().selectTasks(taskIDs);
+    m_window.showUndo(tr("%1 tasks added").arg(taskIDs.size()), [this, undo] {
+        if (const Result<void> undone = undo.undo(m_manager); !undone)
+            m_window.showMessage(undone.error().sentence);
     });
 }

@@ -38,8 +38,10 @@ private:
     void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
     void remove(const QStringList &taskIDs);
     void showAdded(const QString &taskID);
+    void showAddedSeveral(const QStringList &taskIDs, const UndoToken &undo);
 
     MainWindow &m_window;
+    KWCoreDataManager &m_manager;
     KWTaskListService &m_service;
     BatchActions &m_actions;
     TaskListController m_tasks;

@@ -4,6 +4,7 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWLocalizedString.h"
+#include "views/addfield/FieldHelp.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/datepicker/DatePicker.h"
 #include "views/main/MainWindow.h"
@@ -64,6 +65,10 @@ void MainWindowCommands::connectTaskCommands()
 {
     const auto today = [this] { return m_parts.clock.today(); };
     on(MenuCommand::AddTask, [this] { addTask(); });
+    on(MenuCommand::ShowTitleHelp, [this] {
+        addTask();
+        FieldHelp::showBelow(m_parts.window.listPane().addField());
+    });
     on(MenuCommand::CompleteTask, [this] { m_parts.tasks.tick(m_parts.selected.ids()); });
     on(MenuCommand::SetDate, [this] { pickDate(); });
     on(MenuCommand::ClearDate, [this] { m_parts.tasks.clearDate(datedIDs()); });

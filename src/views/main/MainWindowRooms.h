@@ -1,5 +1,6 @@
 #pragma once
 
+class AlertPort;
 class CXClock;
 class KWDelayDeleteManager;
 class KWProjectListPresenter;
@@ -17,4 +18,5 @@ struct MainWindowRooms {
     NewTaskService &newTasks;
     MainMenu &menu;
     KWDelayDeleteManager &deletes;
+    AlertPort &alerts;
 };

@@ -5,7 +5,6 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWLocalizedString.h"
-#include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/quickadd/QuickAddWindow.h"
 #include "views/quickadd/TaskPlace.h"
@@ -14,12 +13,12 @@
 
 // The window of one user with what fills it.
 struct QuickAddController::Content {
-    Content(OrvaneKit &openKit, NewTaskService &service)
+    Content(OrvaneKit &openKit, AddFieldController::Rooms rooms)
         : kit(openKit)
-        , newTasks(service)
+        , newTasks(rooms.service)
         , user(kit.account().currentUserID())
         , earlier(kit.defaults().value(Settings::quickAddDrafts, user))
-        , addField(window.field(), newTasks)
+        , addField(window.field(), rooms)
         , newMinute(kit.center().addObserver(KWNewMinuteComesNotification,
                                              [this](const KWNotification &) { explainIfShown(); }))
     {
@@ -27,6 +26,10 @@ struct QuickAddController::Content {
         QObject::connect(&window.field(), &KWNewTaskTextField::textEdited, &window, [this] { explain(); });
         QObject::connect(&window.field(), &KWNewTaskTextField::pieceClicked, &window, [this] { explain(); });
         QObject::connect(&addField, &AddFieldController::failed, &window, &QuickAddWindow::showProblem);
+        QObject::connect(&addField, &AddFieldController::addedSeveral, &window,
+                         [this](const QStringList &taskIDs) {
+                             window.setSummary(KWLocalizedString("%1 tasks added").arg(taskIDs.size()));
+                         });
         QObject::connect(&addField, &AddFieldController::added, &window,
                          [this](const QString &taskID) { goOn(taskID); });
     }
@@ -84,9 +87,9 @@ struct QuickAddController::Content {
     KWNotificationCenter::Observation newMinute;
 };
 
-QuickAddController::QuickAddController(OrvaneKit &kit, NewTaskService &newTasks)
+QuickAddController::QuickAddController(OrvaneKit &kit, AddFieldController::Rooms rooms)
     : m_kit(kit)
-    , m_newTasks(newTasks)
+    , m_rooms(rooms)
     , m_signIn(kit.center().addObserver(KWUserDidSignInNotification,
                                         [this](const KWNotification &) { showWaiting(); }))
     , m_signOut(kit.center().addObserver(KWUserDidSignOutNotification,
@@ -105,7 +108,7 @@ void QuickAddController::show(const QString &title, const QString &activationTok
         return;
     }
     if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    if (!m_content) m_content = std::make_unique<Content>(m_kit, m_newTasks);
+    if (!m_content) m_content = std::make_unique<Content>(m_kit, m_rooms);
     m_content->show(title);
 }
 

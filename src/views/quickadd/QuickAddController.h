@@ -2,13 +2,13 @@
 
 #include "app/ports/WindowPorts.h"
 #include "model/events/KWNotificationCenter.h"
+#include "views/addfield/AddFieldController.h"
 
 #include <QObject>
 #include <QStringList>
 
 #include <memory>
 
-class NewTaskService;
 class OrvaneKit;
 class QuickAddWindow;
 
@@ -19,8 +19,8 @@ class QuickAddController : public QObject, public QuickAddPort {
     Q_OBJECT
 
 public:
-    /// Both outlive it.
-    QuickAddController(OrvaneKit &kit, NewTaskService &newTasks);
+    /// All outlive it.
+    QuickAddController(OrvaneKit &kit, AddFieldController::Rooms rooms);
     ~QuickAddController() override;
 
     /// A title does not replace what was typed: that comes back once the title is saved.
@@ -35,7 +35,7 @@ private:
     void showWaiting();
 
     OrvaneKit &m_kit;
-    NewTaskService &m_newTasks;
+    AddFieldController::Rooms m_rooms;
     std::unique_ptr<Content> m_content;
     QStringList m_waiting; // titles, until somebody signs in
     KWNotificationCenter::Observation m_signIn;

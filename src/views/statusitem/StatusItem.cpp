@@ -5,11 +5,13 @@
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
+#include "model/records/KWTask.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/store/KWTaskTicker.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/menu/MainMenu.h"
+#include "views/quickadd/TaskPlace.h"
 #include "views/statusitem/PopoverWindow.h"
 #include "views/tasklist/PageHeader.h"
 #include "views/tasklist/ShownRows.h"
@@ -37,24 +39,31 @@ QRect placeOf(const QSystemTrayIcon &icon)
 // The quick view with what fills it.
 struct StatusItem::Popover {
     explicit Popover(const Rooms &rooms)
-        : clock(rooms.clock)
+        : kit(rooms.kit)
+        , clock(rooms.clock)
         , window(rooms.clock)
         , service(rooms.kit.manager(), rooms.kit.account(), rooms.kit.center(), rooms.kit.bus())
         , rows(window, service, rooms.clock)
         , ticker(rooms.kit.manager())
-        , addField(window.addField(), rooms.newTasks)
+        , addField(window.addField(), {rooms.newTasks, rooms.clock, rooms.kit.defaults(), rooms.alerts})
         , newMinute(rooms.kit.center().addObserver(KWNewMinuteComesNotification,
                                                    [this](const KWNotification &) { showHead(); }))
     {
         service.onRowsChanged = [this] { rows.show(); };
-        service.onFailure = [this](const QString &sentence) { showProblem(sentence); };
+        service.onFailure = [this](const QString &sentence) { showMessage(sentence); };
         QObject::connect(&window.list(), &TaskListView::completionToggled, &window,
                          [this](const QStringList &taskIDs) {
                              if (const auto done = ticker.tick(taskIDs); !done)
-                                 showProblem(done.error().sentence);
+                                 showMessage(done.error().sentence);
                          });
         QObject::connect(&addField, &AddFieldController::failed, &window,
-                         [this](const QString &sentence) { showProblem(sentence); });
+                         [this](const QString &sentence) { showMessage(sentence); });
+        QObject::connect(&addField, &AddFieldController::added, &window,
+                         [this](const QString &taskID) { showPlaceOf(taskID); });
+        QObject::connect(&addField, &AddFieldController::addedSeveral, &window,
+                         [this](const QStringList &taskIDs) {
+                             showMessage(KWLocalizedString("%1 tasks added").arg(taskIDs.size()));
+                         });
         const QString today = KWSmartProject::today().displayName();
         window.header().setTitle(today);
         window.addField().setPlaceholder(KWLocalizedString("Add a task to “%1”").arg(today));
@@ -72,9 +81,17 @@ struct StatusItem::Popover {
         window.header().setNote(DateWording::weekdayAndDay(today, today, QLocale{}));
         window.model().refreshDates();
     }
+    // Of a task that is not of today.
+    void showPlaceOf(const QString &taskID)
+    {
+        const KWTask *task = kit.context().find<KWTask>(taskID);
+        if (task && !window.model().indexOf(taskID).isValid())
+            showMessage(KWLocalizedString("Added: %1").arg(placeOf(task->model(), kit)));
+    }
     // Where the date stands, until the next minute.
-    void showProblem(const QString &sentence) { window.header().setNote(sentence); }
+    void showMessage(const QString &sentence) { window.header().setNote(sentence); }
 
+    OrvaneKit &kit;
     CXClock &clock;
     PopoverWindow window;
     KWTaskListService service;

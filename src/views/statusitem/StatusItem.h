@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class AlertPort;
 class MainMenu;
 class OrvaneKit;
 class PopoverWindow;
@@ -32,6 +33,7 @@ public:
         MainMenu &menu;
         const KWDelayDeleteManager &deletes;
         StatusAreaPort &area;
+        AlertPort &alerts;
     };
     explicit StatusItem(Rooms rooms);
     ~StatusItem() override;

@@ -40,6 +40,7 @@ enum class Icon {
     Focus,
     Note,
     Shared,
+    Help,
 };
 
 namespace Icons {

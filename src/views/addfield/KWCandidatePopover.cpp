@@ -1,0 +1,111 @@
+#include "views/addfield/KWCandidatePopover.h"
+
+#include "views/addfield/KWCandidateViewController.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace {
+
+// A keyword has no white space, so titles are compared without theirs.
+QString folded(const QString &text, const QLocale &locale)
+{
+    QString lower = locale.toLower(text);
+    lower.removeIf([](QChar unit) { return unit.isSpace(); });
+    return lower;
+}
+
+} // namespace
+
+bool KWCandidatePopover::matchCandidatesWith(const QString &keyword)
+{
+    const QLocale locale;
+    const QString wanted = folded(keyword, locale);
+    m_shown = m_original;
+    m_defaultSelectedIndex = 0;
+    if (wanted.isEmpty()) return false;
+    m_shown.removeIf(
+        [&](const KWCandidateModel &each) { return !folded(each.title, locale).contains(wanted); });
+    const auto equal = std::ranges::find(m_shown, locale.toLower(keyword), &KWCandidateModel::title);
+    if (equal != m_shown.end()) {
+        std::rotate(m_shown.begin(), equal, equal + 1);
+        return true;
+    }
+    m_defaultSelectedIndex = rowBeginningWith(wanted);
+    return false;
+}
+
+int KWCandidatePopover::rowBeginningWith(const QString &wanted) const
+{
+    const QLocale locale;
+    const auto found = std::ranges::find_if(
+        m_shown, [&](const KWCandidateModel &each) { return folded(each.title, locale).startsWith(wanted); });
+    if (found != m_shown.end()) return int(found - m_shown.begin());
+    return mayBeNew() ? -1 : 0;
+}
+
+void KWCandidatePopover::showIn(KWCandidateViewController &candidateVC, QWidget &inputControl,
+                                TextRange replacementRange, const QPoint &position)
+{
+    m_candidateVC = &candidateVC;
+    m_inputControl = &inputControl;
+    m_replacementRange = replacementRange;
+    candidateVC.selectedHandler = [this](int row) { commit(row); };
+    candidateVC.show(m_shown, m_defaultSelectedIndex, position);
+}
+
+bool KWCandidatePopover::isShown() const
+{
+    return m_replacementRange && m_candidateVC && m_candidateVC->isVisible();
+}
+
+bool KWCandidatePopover::doCommandBy(Command command)
+{
+    if (!isShown()) return false;
+    const int selected = m_candidateVC->selectedIndex();
+    const int last = int(m_shown.size()) - 1;
+    switch (command) {
+    case Command::MoveUp:
+        m_candidateVC->setSelectedIndex(std::max(selected - 1, 0));
+        return true;
+    case Command::MoveDown:
+        m_candidateVC->setSelectedIndex(std::min(selected + 1, last));
+        return true;
+    case Command::MoveToBeginningOfDocument:
+        m_candidateVC->setSelectedIndex(0);
+        return true;
+    case Command::MoveToEndOfDocument:
+        m_candidateVC->setSelectedIndex(last);
+        return true;
+    case Command::InsertNewline:
+        if (selected < 0) return false;
+        commit(selected);
+        return true;
+    case Command::CancelOperation:
+        dismiss();
+        return true;
+    case Command::Other:
+        break;
+    }
+    return false;
+}
+
+void KWCandidatePopover::commit(int row)
+{
+    if (!m_replacementRange || row < 0 || row >= m_shown.size()) return;
+    const TextRange replaced = *m_replacementRange;
+    const KWCandidateModel candidate = m_shown.at(row);
+    dismiss();
+    if (onCommit) onCommit(replaced, candidate);
+}
+
+void KWCandidatePopover::dismiss()
+{
+    if (m_candidateVC && m_replacementRange) {
+        m_candidateVC->hide();
+        m_candidateVC->selectedHandler = nullptr;
+    }
+    m_replacementRange.reset();
+    m_inputControl.clear();
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "capture/RecognizedPiece.h"
+#include "capture/TextRange.h"
+
+#include <QList>
+#include <QTextEdit>
+
+#include <optional>
+
+/// One line of text in which recognised pieces are shown as soft pills behind the words. A click on one asks
+/// to undo the recognition. What is typed is undone word by word.
+class KWTagCandidateTextField : public QTextEdit {
+    Q_OBJECT
+
+public:
+    explicit KWTagCandidateTextField(QWidget *parent = nullptr);
+
+    /// What was typed, character for character.
+    QString text() const;
+    /// Replaces the text and forgets what undo knew. Line breaks become spaces.
+    void setText(const QString &text);
+    /// Puts `with` in the place of a range of the text and the caret behind it, as one step of undo.
+    void replace(TextRange range, const QString &with);
+    /// Cuts a range out, as one step of undo, if it still reads `expected`.
+    void remove(TextRange range, const QString &expected);
+
+    /// Marks these pieces of the current text; those that reach beyond it are left out. A change of the
+    /// text moves the marks behind it along and drops those it touches, until the next call.
+    void setPieces(QList<RecognizedPiece> pieces);
+    const QList<RecognizedPiece> &pieces() const { return m_pieces; }
+    /// Where a piece stands on the screen.
+    QRect globalBoundsOf(const RecognizedPiece &piece) const;
+
+Q_SIGNALS:
+    /// The text became another one, by typing, pasting, undo or a call.
+    void textEdited(const QString &text);
+    void pieceClicked(const RecognizedPiece &piece);
+
+protected:
+    static constexpr int documentMargin = 4; ///< room for a pill at either end of the text
+
+    virtual void dress();
+    void insertAsOneStep(const QString &text);
+
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void moveMarks(int position, int removed, int added);
+    void announceText();
+    void showPieceColors();
+    QRectF pieceBounds(const RecognizedPiece &piece) const;
+    std::optional<RecognizedPiece> pieceAt(const QPoint &position) const;
+
+    QList<RecognizedPiece> m_pieces;
+    QString m_announcedText;
+    std::optional<RecognizedPiece> m_pressedPiece;
+    QPoint m_pressPosition;
+};
