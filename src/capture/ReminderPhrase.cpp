@@ -50,8 +50,9 @@ std::set<CXAlarmTrigger> remindersIn(const QString &typed, bool isAllDay)
     // A lead counts only beside a date and what asks for a reminder; words that say "before" may be left out.
     QJsonArray found;
     const QString words = withUnitsAsWords(typed.simplified());
-    for (const QString &title : {u"tomorrow 12:00 remind me %1"_s, u"tomorrow 12:00 remind me %1 before"_s,
-                                 u"明天12:00提醒我%1"_s, u"明天12:00提前%1提醒我"_s})
+    // Alone they could be a duration.
+    for (const QString &title : {u"tomorrow 12:00 remind me %1 before"_s, u"tomorrow 12:00 remind me %1"_s,
+                                 u"明天12:00提前%1提醒我"_s, u"明天12:00提醒我%1"_s})
         if (found.isEmpty()) found = remindersOfTitle(title.arg(words));
     std::set<CXAlarmTrigger> triggers;
     for (const QJsonValue &each : found) {
