@@ -94,6 +94,13 @@ private Q_SLOTS:
         QCOMPARE(offered(), u"-"_s);
         m_client->type(u" !"_s);
         QCOMPARE(offered(), u"[High], Medium, Low, None"_s);
+        // Fewer rows need less room; a window that moves leaves them behind.
+        const int height = candidates()->height();
+        m_client->type(u"l"_s);
+        QCOMPARE(offered(), u"[Low]"_s);
+        QVERIFY(candidates()->height() < height / 2);
+        m_client->window()->move(m_client->window()->pos() + QPoint{20, 20});
+        QTRY_COMPARE(offered(), u"-"_s);
     }
 
     void aClickTakesTheRowAndUndoTakesItBack()

@@ -88,6 +88,7 @@ void AddFieldController::recognize(const QString &text)
     const QString ofView = context.presetList.value_or(QString{});
     m_completion.update(m_options, m_parsedProjectResult.isEmpty() ? ofView : m_parsedProjectResult);
     showDateTip();
+    Q_EMIT recognized();
 }
 
 // Several lists and people may have one name.
@@ -101,9 +102,8 @@ void AddFieldController::showDateTip()
 {
     const QList<RecognizedPiece> &pieces = m_field.pieces();
     const auto date = std::ranges::find(pieces, RecognizedPieceType::Date, &RecognizedPiece::type);
-    if (date == pieces.end()) return m_dateTip.dismissDateParsingTips();
-    if (m_dateTip.isDue() && m_field.hasFocus() && !m_completion.isShown())
-        m_dateTip.show(m_field.globalBoundsOf(*date));
+    if (date == pieces.end() || m_completion.isShown()) return m_dateTip.dismissDateParsingTips();
+    if (m_dateTip.isDue() && m_field.hasFocus()) m_dateTip.show(m_field.globalBoundsOf(*date));
 }
 
 // One thing at a time, the next one when a task was added.

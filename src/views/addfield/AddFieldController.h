@@ -41,6 +41,8 @@ public:
     NewTaskContext context() const;
 
 Q_SIGNALS:
+    /// What the text means may be something else now: it was edited, or a recognition was taken back.
+    void recognized();
     void added(const QString &taskID);
     /// Pasted lines have become tasks.
     void addedSeveral(const QStringList &taskIDs, const UndoToken &undo);

@@ -50,6 +50,8 @@ void KWCandidateViewController::show(const QList<KWCandidateModel> &dataSource, 
     if (dataSource.isEmpty()) return hide();
     const int height = heightOfRows(*m_tableView, Metrics::scaled(highestCandidates));
     m_tableView->setFixedHeight(height);
+    m_tableView->scrollToTop();
+    layout()->activate(); // else it keeps the height of the rows before
     place(position, {Metrics::scaled(candidatesWidth), height + 2 * Metrics::grid});
     setVisible(true);
     setSelectedIndex(selected);

@@ -73,6 +73,7 @@ void TokenCompletion::update(const RecognitionOptions &options, const QString &p
     popover->updateData({projectID, options.blockedProjects, options.blockedPriorities});
     popover->matchCandidatesWith(m_token->keyword);
     if (!m_candidateVC) m_candidateVC = new KWCandidateViewController{&m_field};
+    m_field.window()->installEventFilter(this); // the rows do not move with it
     popover->showIn(*m_candidateVC, m_field, m_token->range, positionBelow(m_token->range.location));
 }
 
@@ -139,7 +140,21 @@ void TokenCompletion::followCaret()
 
 bool TokenCompletion::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress && obey(commandOf(*static_cast<QKeyEvent *>(event)))) return true;
-    if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) dismiss();
+    const bool isOfField = watched == &m_field;
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (isOfField && obey(commandOf(*static_cast<QKeyEvent *>(event)))) return true;
+        break;
+    case QEvent::FocusOut:
+        if (isOfField) dismiss();
+        break;
+    case QEvent::Hide:
+    case QEvent::Move:
+    case QEvent::Resize:
+        dismiss();
+        break;
+    default:
+        break;
+    }
     return QObject::eventFilter(watched, event);
 }

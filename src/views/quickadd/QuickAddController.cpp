@@ -23,8 +23,7 @@ struct QuickAddController::Content {
                                              [this](const KWNotification &) { explainIfShown(); }))
     {
         QObject::connect(&window, &QuickAddWindow::left, &window, [this] { keepDrafts(); });
-        QObject::connect(&window.field(), &KWNewTaskTextField::textEdited, &window, [this] { explain(); });
-        QObject::connect(&window.field(), &KWNewTaskTextField::pieceClicked, &window, [this] { explain(); });
+        QObject::connect(&addField, &AddFieldController::recognized, &window, [this] { explain(); });
         QObject::connect(&addField, &AddFieldController::failed, &window, &QuickAddWindow::showProblem);
         QObject::connect(&addField, &AddFieldController::addedSeveral, &window,
                          [this](const QStringList &taskIDs) {
