@@ -1,15 +1,13 @@
 #include "views/addfield/AddFieldController.h"
 
-#include "gui/ClientFixture.h"
+#include "gui/AddFieldFixture.h"
 #include "gui/WindowHelp.h"
-#include "model/records/KWTask.h"
 #include "support/Answers.h"
 #include "support/TestMain.h"
 #include "views/addfield/DateTip.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/addfield/TitleLessons.h"
 #include "views/main/MainWindow.h"
-#include "views/tasklist/TaskListPane.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -20,19 +18,12 @@ using namespace Qt::StringLiterals;
 class AddFieldController_test : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<ClientFixture> m_client;
+    std::unique_ptr<AddFieldFixture> m_client;
 
-    KWNewTaskTextField &field() { return m_client->window()->listPane().addField(); }
+    KWNewTaskTextField &field() { return m_client->field(); }
     QString pieces()
     {
         return joined(field().pieces(), [](const RecognizedPiece &each) { return each.text; });
-    }
-    QStringList titles()
-    {
-        QStringList titles;
-        for (const KWTaskModel &each : m_client->kit().context().models<KWTask>({.orderBy = "sortOrder"}))
-            titles.append(each.title);
-        return titles;
     }
     void paste(const QString &text)
     {
@@ -41,13 +32,7 @@ class AddFieldController_test : public QObject {
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_client = std::make_unique<ClientFixture>();
-        m_client->useOnThisComputer();
-        m_client->openList(u"Inbox"_s);
-        m_client->press(Qt::Key_N, Qt::ControlModifier);
-    }
+    void init() { m_client = std::make_unique<AddFieldFixture>(); }
     void cleanup() { m_client.reset(); }
 
     void aTitleHasOnePriority()
@@ -72,7 +57,7 @@ private Q_SLOTS:
         m_client->type(u" and friday"_s);
         QCOMPARE(pieces(), QString{});
         m_client->press(Qt::Key_Return);
-        QCOMPARE(titles(), QStringList{u"Read tomorrow and friday"_s});
+        QCOMPARE(m_client->savedTitles(), QStringList{u"Read tomorrow and friday"_s});
 
         // Somebody who goes on correcting wanted another date.
         m_client->type(u"Read at 5pm"_s);
@@ -103,7 +88,7 @@ private Q_SLOTS:
         m_client->type(u"Pay rent"_s);
         paste(lines);
         answerNextAlert(Qt::Key_Return);
-        QTRY_COMPARE(titles(), (QStringList{u"Milk"_s, u"Bread"_s, u"Eggs"_s, u"Pay rent"_s}));
+        QTRY_COMPARE(m_client->savedTitles(), (QStringList{u"Milk"_s, u"Bread"_s, u"Eggs"_s, u"Pay rent"_s}));
         QCOMPARE(field().text(), u"Pay rent"_s);
         QTest::mouseClick(&m_client->find<QWidget>("toastAction"), Qt::LeftButton);
         QTRY_COMPARE(m_client->shownTitles(), QStringList{});

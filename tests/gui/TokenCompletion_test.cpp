@@ -1,13 +1,11 @@
 #include "views/addfield/TokenCompletion.h"
 
-#include "gui/ClientFixture.h"
-#include "model/records/KWTask.h"
+#include "gui/AddFieldFixture.h"
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWCandidateViewController.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/MainWindow.h"
-#include "views/tasklist/TaskListPane.h"
 
 #include <QListView>
 
@@ -17,9 +15,9 @@ using namespace Qt::StringLiterals;
 class TokenCompletion_test : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<ClientFixture> m_client;
+    std::unique_ptr<AddFieldFixture> m_client;
 
-    KWNewTaskTextField &field() { return m_client->window()->listPane().addField(); }
+    KWNewTaskTextField &field() { return m_client->field(); }
     KWCandidateViewController *candidates() { return field().findChild<KWCandidateViewController *>(); }
     QString offered()
     {
@@ -37,21 +35,9 @@ class TokenCompletion_test : public QObject {
             m_client->press(key.key(), key.keyboardModifiers());
         }
     }
-    void add(const QString &text)
-    {
-        m_client->type(text);
-        m_client->press(Qt::Key_Return);
-    }
-    QList<KWTaskModel> tasks() { return m_client->kit().context().models<KWTask>({.orderBy = "id"}); }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_client = std::make_unique<ClientFixture>();
-        m_client->useOnThisComputer();
-        m_client->openList(u"Inbox"_s);
-        m_client->press(Qt::Key_N, Qt::ControlModifier);
-    }
+    void init() { m_client = std::make_unique<AddFieldFixture>(); }
     void cleanup() { m_client.reset(); }
 
     void completes_data() { addCaseRows("gui/completions.txt", 4); }
@@ -60,8 +46,8 @@ private Q_SLOTS:
         QFETCH(QStringList, cells);
         for (const QString &each :
              {u"x ~Groceries #errand"_s, u"x ~Garden #garden-work"_s, u"x ~Home Office"_s})
-            add(each);
-        const qsizetype before = tasks().size();
+            m_client->add(each);
+        const qsizetype before = m_client->savedTitles().size();
         m_client->type(cells[0]);
         QCOMPARE(offered(), cells[1]);
         QVERIFY(field().hasFocus());
@@ -69,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(offered(), u"-"_s);
         const bool isAdded = cells[3] == u"added";
         QCOMPARE(field().text(), isAdded ? QString{} : cells[3].sliced(1).chopped(1));
-        QCOMPARE(tasks().size(), before + (isAdded ? 1 : 0));
+        QCOMPARE(m_client->savedTitles().size(), before + (isAdded ? 1 : 0));
     }
 
     void followsTheCaretAndTheFocus()
