@@ -1,21 +1,17 @@
+#include "Account.h"
 #include "capture/KWNativeParser.h"
 #include "capture/KWTextEntity.h"
 #include "capture/NewTaskCandidates.h"
 #include "capture/NewTaskService.h"
 #include "capture/TitleRecognizer.h"
 #include "capture/TokenScanner.h"
-#include "corvexkit/time/SystemClock.h"
-#include "model/OrvaneKit.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
-#include "model/records/KWTag.h"
 #include "nlp/NLPNativeTitleParser.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QFile>
 #include <QLocale>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <chrono>
@@ -183,52 +179,28 @@ void recognizeLongTitle(benchmark::State &state)
 }
 BENCHMARK(recognizeLongTitle)->Unit(benchmark::kMillisecond);
 
-/// An account with 1,000 lists in 20 folders and 2,000 tags.
-struct Account {
-    QTemporaryDir folder;
-    std::unique_ptr<OrvaneKit> kit;
-
-    Account()
+/// 1,000 lists in 20 folders, and 2,000 tags.
+struct LargeAccount : Account {
+    LargeAccount()
     {
-        kit = OrvaneKit::open(DataFolders::locate(folder.path()), systemClock()).kit;
-        if (!kit || !kit->account().openLocalAccount(QLocale::c())) std::abort();
-        const auto filled = KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) {
-            fill(context);
-            return Result<void>{};
+        fill([this](ObjectContext &context) {
+            insertTags(2000, context);
+            const QStringList lists = insertLists(1000, context);
+            for (int i = 0; i < 20; ++i) {
+                KWProjectGroupModel group;
+                group.sid = u"folder%1"_s.arg(i);
+                group.userID = userID();
+                context.insert<KWProjectGroup>(std::move(group));
+            }
+            for (int i = 0; i < lists.size(); ++i)
+                context.find<KWProject>(lists[i])->set(&KWProjectModel::groupID, u"folder%1"_s.arg(i % 20));
         });
-        if (!filled) std::abort();
-    }
-
-    void fill(ObjectContext &context) const
-    {
-        const QString user = kit->account().currentUserID();
-        for (int i = 0; i < 20; ++i) {
-            KWProjectGroupModel group;
-            group.sid = u"folder%1"_s.arg(i);
-            group.userID = user;
-            context.insert<KWProjectGroup>(std::move(group));
-        }
-        for (int i = 0; i < 1000; ++i) {
-            KWProjectModel list;
-            list.userID = user;
-            list.name = u"List %1"_s.arg(i);
-            list.groupID = u"folder%1"_s.arg(i % 20);
-            list.sortOrder = i;
-            context.insert<KWProject>(std::move(list));
-        }
-        for (int i = 0; i < 2000; ++i) {
-            KWTagModel tag;
-            tag.userID = user;
-            tag.name = tag.label = u"tag%1"_s.arg(i);
-            tag.sortOrder = i;
-            context.insert<KWTag>(std::move(tag));
-        }
     }
 };
 
 void candidatesAtHand(benchmark::State &state)
 {
-    const Account account;
+    const LargeAccount account;
     NewTaskCandidates candidates{*account.kit};
     for (auto _ : state) {
         benchmark::DoNotOptimize(candidates.tags());
@@ -239,7 +211,7 @@ BENCHMARK(candidatesAtHand)->Unit(benchmark::kMicrosecond);
 
 void candidatesReadAgain(benchmark::State &state)
 {
-    const Account account;
+    const LargeAccount account;
     for (auto _ : state) {
         NewTaskCandidates candidates{*account.kit};
         benchmark::DoNotOptimize(candidates.tags());
@@ -251,7 +223,7 @@ BENCHMARK(candidatesReadAgain)->Unit(benchmark::kMillisecond);
 // Saved, and read by the main context.
 void addThousandLines(benchmark::State &state)
 {
-    const Account account;
+    const LargeAccount account;
     NewTaskService service{*account.kit};
     const QString lines = titles.join(u"\n"_s).append(u'\n').repeated(1000 / int(titles.size()));
     for (auto _ : state)

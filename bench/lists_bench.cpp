@@ -1,17 +1,13 @@
 // The shown list with 10,000 open tasks of 100,000: until its first rows are there, until all of it is read
 // and cut into sections, after one task was changed elsewhere, and after a list as long was deleted.
 
-#include "corvexkit/time/SystemClock.h"
+#include "Account.h"
 #include "lists/KWTaskListService.h"
-#include "model/OrvaneKit.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWProjectListCountFetcher.h"
 #include "model/store/ListEditor.h"
 
 #include <QCoreApplication>
-#include <QLocale>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -24,31 +20,23 @@ namespace {
 constexpr int storedTasks = 100'000;
 constexpr int longList = 10'000;
 
-struct Home {
-    QTemporaryDir folder;
-    SystemClock clock{CXTimeZone::utc()};
-    std::unique_ptr<OrvaneKit> kit;
+struct LargeAccount : Account {
     std::unique_ptr<ObjectContext> elsewhere; // what it saves is told to nobody
     KWListIdentifier list;
     QString task;
 
-    Home()
+    LargeAccount()
     {
-        kit = OrvaneKit::open(DataFolders::locate(folder.path()), clock).kit;
-        if (!kit || !kit->account().openLocalAccount(QLocale::c())) std::abort();
         kit->account().refreshCurrentUser();
-        const auto filled = KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) {
-            fill(context);
-            return Result<void>{};
-        });
+        fill([this](ObjectContext &context) { insertTasks(context); });
         auto context = kit->store().makeContext();
-        if (!filled || !context || !kit->account().isSignedIn()) std::abort();
+        if (!context || !kit->account().isSignedIn()) std::abort();
         elsewhere = std::move(*context);
     }
 
-    void fill(ObjectContext &context)
+    void insertTasks(ObjectContext &context)
     {
-        const QString user = kit->account().currentUserID();
+        const QString user = userID();
         list = KWListIdentifier::project(KWProject::createProjectNamed(u"Long"_s, user, context).sid());
         const QString other = KWProject::createProjectNamed(u"Other"_s, user, context).sid();
         for (int i = 0; i < storedTasks; ++i) {
@@ -69,17 +57,17 @@ struct Home {
     }
 };
 
-Home &home()
+LargeAccount &account()
 {
     static int arguments = 0;
     static QCoreApplication application{arguments, nullptr};
-    static Home home;
-    return home;
+    static LargeAccount account;
+    return account;
 }
 
 std::unique_ptr<KWTaskListService> makeService()
 {
-    OrvaneKit &kit = *home().kit;
+    OrvaneKit &kit = *account().kit;
     return std::make_unique<KWTaskListService>(kit.manager(), kit.account(), kit.center(), kit.bus());
 }
 
@@ -92,7 +80,7 @@ void waitForAll(const KWTaskListService &service)
 void sortBy(KWTaskSortType sortType)
 {
     auto service = makeService();
-    service->select(home().list);
+    service->select(account().list);
     if (!service->setSortType(sortType)) std::abort();
 }
 
@@ -109,7 +97,7 @@ void selectALongList(benchmark::State &state)
     sortBy(KWTaskSortType(state.range()));
     for (auto _ : state) {
         auto service = makeService();
-        service->select(home().list);
+        service->select(account().list);
         benchmark::DoNotOptimize(service->categories());
         state.PauseTiming();
         waitForAll(*service);
@@ -123,7 +111,7 @@ void readAllOfALongList(benchmark::State &state)
     sortBy(KWTaskSortType(state.range()));
     for (auto _ : state) {
         auto service = makeService();
-        service->select(home().list);
+        service->select(account().list);
         waitForAll(*service);
     }
 }
@@ -133,17 +121,19 @@ void takeOneTaskChangedElsewhere(benchmark::State &state)
 {
     sortBy(KWTaskSortType(state.range()));
     auto service = makeService();
-    service->select(home().list);
+    service->select(account().list);
     waitForAll(*service);
     StoreChange change;
-    change.of(RecordKind::Task).updated = {home().task};
+    change.of(RecordKind::Task).updated = {account().task};
     int number = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        home().elsewhere->find<KWTask>(home().task)->set(&KWTaskModel::title, QString::number(++number));
-        if (!home().elsewhere->save()) state.SkipWithError("not saved");
+        account()
+            .elsewhere->find<KWTask>(account().task)
+            ->set(&KWTaskModel::title, QString::number(++number));
+        if (!account().elsewhere->save()) state.SkipWithError("not saved");
         state.ResumeTiming();
-        home().kit->bus().post(change);
+        account().kit->bus().post(change);
     }
 }
 BENCHMARK(takeOneTaskChangedElsewhere)->Apply(everySortType)->Unit(benchmark::kMillisecond);
@@ -151,8 +141,8 @@ BENCHMARK(takeOneTaskChangedElsewhere)->Apply(everySortType)->Unit(benchmark::kM
 QString makeLongList()
 {
     QString list;
-    const auto made = KWCoreDataService{home().kit->manager()}.sync_save([&list](ObjectContext &context) {
-        const QString user = home().kit->account().currentUserID();
+    const auto made = KWCoreDataService{account().kit->manager()}.sync_save([&list](ObjectContext &context) {
+        const QString user = account().kit->account().currentUserID();
         list = KWProject::createProjectNamed(u"Old"_s, user, context).sid();
         for (int i = 0; i < longList; ++i) {
             KWTaskModel model;
@@ -168,7 +158,7 @@ QString makeLongList()
 
 void endBackgroundWork()
 {
-    home().kit->manager().threadPool().waitForDone();
+    account().kit->manager().threadPool().waitForDone();
     QCoreApplication::processEvents();
 }
 
@@ -177,7 +167,7 @@ void deleteALongList(benchmark::State &state)
 {
     using Clock = std::chrono::steady_clock;
     const auto seconds = [](Clock::duration time) { return std::chrono::duration<double>(time).count(); };
-    OrvaneKit &kit = *home().kit;
+    OrvaneKit &kit = *account().kit;
     ListEditor editor{kit.manager(), kit.account().currentUserID()};
     KWProjectListCountFetcher counts{kit.manager(), kit.center()};
     counts.updateCountCache(kit.account().currentUserID());

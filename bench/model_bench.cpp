@@ -1,9 +1,7 @@
 // What the store costs beside bare SQLite: one task saved durably, and what the window reads first from
 // a store of 100,000 tasks.
 
-#include "corvexkit/time/SystemClock.h"
-#include "model/OrvaneKit.h"
-#include "model/records/KWProject.h"
+#include "Account.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWListDataFetcher.h"
@@ -12,14 +10,10 @@
 #include "model/store/SidebarCounts.h"
 #include "model/store/TaskSearch.h"
 
-#include <QLocale>
-#include <QTemporaryDir>
-
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <random>
 #include <string>
 
@@ -29,7 +23,6 @@ namespace {
 
 constexpr int storedTasks = 100'000;
 constexpr int openTasks = 20'000;
-constexpr int lists = 200;
 constexpr int tags = 300;
 
 /// Words as texts have them: few are frequent, most are rare; one title in ten is of ideographs.
@@ -64,21 +57,11 @@ private:
     std::uniform_real_distribution<double> m_share{0, 1};
 };
 
-struct Home {
-    QTemporaryDir folder;
-    SystemClock clock{CXTimeZone::utc()};
-    std::unique_ptr<OrvaneKit> kit;
-
-    Home()
-    {
-        kit = OrvaneKit::open(DataFolders::locate(folder.path()), clock).kit;
-        if (!kit || !kit->account().openLocalAccount(QLocale::c())) std::abort();
-    }
-
+struct TaskAccount : Account {
     KWTaskModel task(int number) const
     {
         KWTaskModel model;
-        model.userID = kit->account().currentUserID();
+        model.userID = userID();
         model.projectID = KWProject::inboxIDOfUser(model.userID);
         model.title = u"Call the venue about chair number %1"_s.arg(number);
         model.startDate = clock.now() + std::chrono::hours{24};
@@ -90,50 +73,44 @@ struct Home {
 };
 
 // As a large account is: most tasks done, the open ones spread over lists and two months.
-struct LargeHome : Home {
-    LargeHome()
+struct LargeAccount : TaskAccount {
+    LargeAccount()
     {
-        const auto filled =
-            KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) -> Result<void> {
-                const QString user = kit->account().currentUserID();
-                Writer writer;
-                QStringList projects;
-                for (int i = 0; i < lists; ++i)
-                    projects.append(KWProject::createProjectNamed(u"List %1"_s.arg(i), user, context).sid());
-                for (int i = 0; i < storedTasks; ++i) {
-                    KWTaskModel model = task(i);
-                    model.title = writer.title(i);
-                    if (i % 2) model.content = writer.words(40);
-                    if (i % 3) model.tags = {u"tag%1"_s.arg(i % tags), u"tag%1"_s.arg(i * 7 % tags)};
-                    model.priority = KWTaskPriorities[std::size_t(i) % KWTaskPriorities.size()];
-                    model.projectID = projects.at(i % lists);
-                    model.startDate = clock.now() + std::chrono::hours{i % 60 * 24};
-                    if (i >= openTasks) {
-                        model.status = KWTaskStatusCompleted;
-                        model.completionDate = model.startDate;
-                    }
-                    context.insert<KWTask>(std::move(model));
+        fill([this](ObjectContext &context) {
+            Writer writer;
+            const QStringList projects = insertLists(200, context);
+            for (int i = 0; i < storedTasks; ++i) {
+                KWTaskModel model = task(i);
+                model.title = writer.title(i);
+                if (i % 2) model.content = writer.words(40);
+                if (i % 3) model.tags = {u"tag%1"_s.arg(i % tags), u"tag%1"_s.arg(i * 7 % tags)};
+                model.priority = KWTaskPriorities[std::size_t(i) % KWTaskPriorities.size()];
+                model.projectID = projects.at(i % projects.size());
+                model.startDate = clock.now() + std::chrono::hours{i % 60 * 24};
+                if (i >= openTasks) {
+                    model.status = KWTaskStatusCompleted;
+                    model.completionDate = model.startDate;
                 }
-                return {};
-            });
-        if (!filled) std::abort();
+                context.insert<KWTask>(std::move(model));
+            }
+        });
     }
 };
 
-LargeHome &largeHome()
+LargeAccount &largeAccount()
 {
-    static LargeHome home;
-    return home;
+    static LargeAccount account;
+    return account;
 }
 
 void saveOneTask(benchmark::State &state)
 {
-    Home home;
+    TaskAccount account;
     int number = 0;
     for (auto _ : state) {
         const auto saved =
-            KWCoreDataService{home.kit->manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
-                context.insert<KWTask>(home.task(++number));
+            KWCoreDataService{account.kit->manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
+                context.insert<KWTask>(account.task(++number));
                 return {};
             });
         if (!saved) state.SkipWithError("not saved");
@@ -144,12 +121,12 @@ BENCHMARK(saveOneTask)->Unit(benchmark::kMicrosecond);
 // The same row through the bare C interface: BEGIN, one INSERT, COMMIT, with the same settings.
 void rawTransaction(benchmark::State &state)
 {
-    Home home;
+    TaskAccount account;
     sqlite3 *database = nullptr;
-    sqlite3_open(home.kit->store().path().toUtf8().constData(), &database);
+    sqlite3_open(account.kit->store().path().toUtf8().constData(), &database);
     sqlite3_exec(database, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
     registerSearchTokenizer(database); // the triggers need it
-    const std::string inbox = KWProject::inboxIDOfUser(home.kit->account().currentUserID()).toStdString();
+    const std::string inbox = KWProject::inboxIDOfUser(account.kit->account().currentUserID()).toStdString();
     const std::string sql = "INSERT INTO tasks (sid, userID, etag, sortOrder, createdTime, modifiedTime, "
                             "syncStatus, pendingChanges, isDeleted,"
                             " title, content, \"desc\", kind, status, priority, progress, projectID, "
@@ -182,9 +159,9 @@ BENCHMARK(rawTransaction)->Unit(benchmark::kMicrosecond);
 
 void openLargeStore(benchmark::State &state)
 {
-    LargeHome &home = largeHome();
+    LargeAccount &account = largeAccount();
     for (auto _ : state) {
-        auto opening = OrvaneKit::open(home.kit->folders(), home.clock);
+        auto opening = OrvaneKit::open(account.kit->folders(), account.clock);
         if (!opening.kit) state.SkipWithError("not opened");
     }
 }
@@ -192,10 +169,11 @@ BENCHMARK(openLargeStore)->Unit(benchmark::kMicrosecond);
 
 void readRows(benchmark::State &state, const KWListIdentifier &list, std::int64_t limit)
 {
-    LargeHome &home = largeHome();
-    const ListDataRequest request{home.kit->account().currentUserID(), list, limit};
+    LargeAccount &account = largeAccount();
+    const ListDataRequest request{account.kit->account().currentUserID(), list, limit};
     for (auto _ : state) {
-        auto rows = KWListDataFetcher{home.clock}.reloadDataModel(request, home.kit->context().connection());
+        auto rows =
+            KWListDataFetcher{account.clock}.reloadDataModel(request, account.kit->context().connection());
         benchmark::DoNotOptimize(rows);
     }
 }
@@ -207,10 +185,11 @@ const KWListIdentifier allTasks = KWListIdentifier::smartProject(KWSmartProject:
 
 void readNarrowed(benchmark::State &state, const ListCondition &condition)
 {
-    LargeHome &home = largeHome();
-    const ListDataRequest request{home.kit->account().currentUserID(), allTasks, 25, condition};
+    LargeAccount &account = largeAccount();
+    const ListDataRequest request{account.kit->account().currentUserID(), allTasks, 25, condition};
     for (auto _ : state) {
-        auto rows = KWListDataFetcher{home.clock}.reloadDataModel(request, home.kit->context().connection());
+        auto rows =
+            KWListDataFetcher{account.clock}.reloadDataModel(request, account.kit->context().connection());
         if (!rows || rows->isEmpty()) state.SkipWithError("no rows");
         benchmark::DoNotOptimize(rows);
     }
@@ -221,10 +200,10 @@ BENCHMARK_CAPTURE(readNarrowed, word, {.text = Writer{}.words(1)})->Unit(benchma
 
 void countSidebarCold(benchmark::State &state)
 {
-    LargeHome &home = largeHome();
-    const QString user = home.kit->account().currentUserID();
+    LargeAccount &account = largeAccount();
+    const QString user = account.userID();
     for (auto _ : state) {
-        auto counts = SidebarCounts::read(user, home.clock, home.kit->context().connection());
+        auto counts = SidebarCounts::read(user, account.clock, account.kit->context().connection());
         if (!counts) state.SkipWithError("not counted");
         benchmark::DoNotOptimize(counts);
     }
@@ -233,12 +212,12 @@ BENCHMARK(countSidebarCold)->Unit(benchmark::kMicrosecond);
 
 void countSidebarAfterAChange(benchmark::State &state)
 {
-    LargeHome &home = largeHome();
-    KWTaskModel task = home.task(1);
+    LargeAccount &account = largeAccount();
+    KWTaskModel task = account.task(1);
     task.tags = {u"tag1"_s, u"tag2"_s};
     const TaskMove leaves{TaskPlace::of(task), std::nullopt};
     const TaskMove returns{std::nullopt, TaskPlace::of(task)};
-    auto counts = SidebarCounts::read(task.userID, home.clock, home.kit->context().connection());
+    auto counts = SidebarCounts::read(task.userID, account.clock, account.kit->context().connection());
     for (auto _ : state) {
         counts->apply({leaves});
         counts->apply({returns});
@@ -248,10 +227,10 @@ BENCHMARK(countSidebarAfterAChange)->Unit(benchmark::kMicrosecond);
 
 void search(benchmark::State &state, SearchScope scope, const QString &typed)
 {
-    LargeHome &home = largeHome();
-    const TaskSearchRequest request{home.kit->account().currentUserID(), typed, scope};
+    LargeAccount &account = largeAccount();
+    const TaskSearchRequest request{account.kit->account().currentUserID(), typed, scope};
     for (auto _ : state) {
-        auto hits = TaskSearch::find(request, home.clock, home.kit->context().connection());
+        auto hits = TaskSearch::find(request, account.clock, account.kit->context().connection());
         if (!hits || hits->isEmpty()) state.SkipWithError("nothing found");
         benchmark::DoNotOptimize(hits);
     }
@@ -271,10 +250,10 @@ SEARCHES(ideographs, (QString{QChar(0x4e01)} + QChar(0x4e02)));
 
 void completeAndReopen(benchmark::State &state)
 {
-    LargeHome &home = largeHome();
-    const auto rows = KWListDataFetcher{home.clock}.reloadDataModel(
-        {home.kit->account().currentUserID(), allTasks, 1}, home.kit->context().connection());
-    KWTaskTicker ticker{home.kit->manager()};
+    LargeAccount &account = largeAccount();
+    const auto rows = KWListDataFetcher{account.clock}.reloadDataModel(
+        {account.kit->account().currentUserID(), allTasks, 1}, account.kit->context().connection());
+    KWTaskTicker ticker{account.kit->manager()};
     for (auto _ : state)
         if (!ticker.tick({rows->first().sid})) state.SkipWithError("not saved");
 }

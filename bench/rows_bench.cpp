@@ -3,7 +3,6 @@
 #include "lists/TaskListRows.h"
 #include "views/tasklist/TaskListModel.h"
 #include "views/tasklist/TaskListView.h"
-#include "views/theme/ThemeConfigurator.h"
 
 #include <benchmark/benchmark.h>
 
@@ -123,11 +122,3 @@ void foldSection(benchmark::State &state)
 BENCHMARK(foldSection)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    QApplication application{argc, argv};
-    ThemeConfigurator::shared().apply();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

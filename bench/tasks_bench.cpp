@@ -1,10 +1,8 @@
 // What is done to tasks in a store of 100,000: ticking and taking it back, moving, deleting and emptying the
 // trash, reading a tree of subtasks. Each is one durable save, but for the reading.
 
-#include "corvexkit/time/SystemClock.h"
-#include "model/OrvaneKit.h"
+#include "Account.h"
 #include "model/records/KWChecklistItem.h"
-#include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/records/KWTaskItemTree.h"
 #include "model/store/FindAll.h"
@@ -12,12 +10,7 @@
 #include "model/store/KWTaskTicker.h"
 #include "model/store/KWTrashDataService.h"
 
-#include <QLocale>
-#include <QTemporaryDir>
-
 #include <benchmark/benchmark.h>
-
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -25,32 +18,22 @@ namespace {
 
 constexpr int storedTasks = 100'000;
 constexpr int openTasks = 20'000;
-constexpr int lists = 200;
 constexpr int moved = 1'000;
 
-struct Home {
-    QTemporaryDir folder;
-    SystemClock clock{CXTimeZone::utc()};
-    std::unique_ptr<OrvaneKit> kit;
+struct LargeAccount : Account {
     QStringList projects;
     QStringList plain;
     QString repeating;
 
-    Home()
+    LargeAccount()
     {
-        kit = OrvaneKit::open(DataFolders::locate(folder.path()), clock).kit;
-        if (!kit || !kit->account().openLocalAccount(QLocale::c())) std::abort();
-        const auto filled = KWCoreDataService{kit->manager()}.sync_save([this](ObjectContext &context) {
-            fill(context);
-            return Result<void>{};
-        });
-        if (!filled) std::abort();
+        fill([this](ObjectContext &context) { insertTasks(context); });
     }
 
     KWTaskModel task(int number) const
     {
         KWTaskModel model;
-        model.userID = kit->account().currentUserID();
+        model.userID = userID();
         model.title = u"Call the venue about chair number %1"_s.arg(number);
         model.startDate = clock.now() + std::chrono::hours{24 + number % 60 * 24};
         model.timeZone = u"UTC"_s;
@@ -59,15 +42,12 @@ struct Home {
         return model;
     }
 
-    void fill(ObjectContext &context)
+    void insertTasks(ObjectContext &context)
     {
-        for (int i = 0; i < lists; ++i)
-            projects.append(
-                KWProject::createProjectNamed(u"List %1"_s.arg(i), kit->account().currentUserID(), context)
-                    .sid());
+        projects = insertLists(200, context);
         for (int i = 0; i < storedTasks; ++i) {
             KWTaskModel model = task(i);
-            model.projectID = projects.at(i % lists);
+            model.projectID = projects.at(i % projects.size());
             if (i >= openTasks) {
                 model.status = KWTaskStatusCompleted;
                 model.completionDate = model.startDate;
@@ -88,25 +68,25 @@ struct Home {
     }
 };
 
-Home &home()
+LargeAccount &account()
 {
-    static Home home;
-    return home;
+    static LargeAccount account;
+    return account;
 }
 
 void tickOneTask(benchmark::State &state)
 {
-    KWTaskTicker ticker{home().kit->manager()};
+    KWTaskTicker ticker{account().kit->manager()};
     for (auto _ : state)
-        if (!ticker.tick({home().plain.first()})) state.SkipWithError("not ticked");
+        if (!ticker.tick({account().plain.first()})) state.SkipWithError("not ticked");
 }
 BENCHMARK(tickOneTask)->Unit(benchmark::kMicrosecond);
 
 void tickARepeatingTaskAndUndo(benchmark::State &state)
 {
-    KWTaskTicker ticker{home().kit->manager()};
+    KWTaskTicker ticker{account().kit->manager()};
     for (auto _ : state) {
-        const auto ticked = ticker.tick({home().repeating});
+        const auto ticked = ticker.tick({account().repeating});
         if (!ticked || !ticker.undo(ticked->undo)) state.SkipWithError("not ticked");
     }
 }
@@ -114,25 +94,26 @@ BENCHMARK(tickARepeatingTaskAndUndo)->Unit(benchmark::kMicrosecond);
 
 void moveAThousandTasks(benchmark::State &state)
 {
-    KWTaskMover mover{home().kit->manager()};
+    KWTaskMover mover{account().kit->manager()};
     int list = 0;
     for (auto _ : state)
-        if (!mover.move(home().plain, home().projects.at(++list % lists), KWTaskMover::From::Lists))
+        if (!mover.move(account().plain, account().projects.at(++list % account().projects.size()),
+                        KWTaskMover::From::Lists))
             state.SkipWithError("not moved");
 }
 BENCHMARK(moveAThousandTasks)->Unit(benchmark::kMillisecond);
 
 void trashAThousandTasksAndEmptyTheTrash(benchmark::State &state)
 {
-    KWCoreDataManager &manager = home().kit->manager();
-    KWTrashDataService trash{manager, home().kit->account()};
+    KWCoreDataManager &manager = account().kit->manager();
+    KWTrashDataService trash{manager, account().kit->account()};
     for (auto _ : state) {
         state.PauseTiming();
         QStringList ids;
         const auto made = KWCoreDataService{manager}.sync_save([&ids](ObjectContext &context) {
             for (int i = 0; i < moved; ++i) {
-                KWTaskModel model = home().task(i);
-                model.projectID = home().projects.first();
+                KWTaskModel model = account().task(i);
+                model.projectID = account().projects.first();
                 ids.append(context.insert<KWTask>(std::move(model)).sid());
             }
             return Result<void>{};
@@ -149,8 +130,8 @@ BENCHMARK(trashAThousandTasksAndEmptyTheTrash)->Unit(benchmark::kMillisecond);
 
 void plantATree(benchmark::State &state)
 {
-    ObjectContext &context = home().kit->context();
-    KWTask *task = context.find<KWTask>(home().plain.first());
+    ObjectContext &context = account().kit->context();
+    KWTask *task = context.find<KWTask>(account().plain.first());
     for (auto _ : state)
         benchmark::DoNotOptimize(KWTaskItemTree::plant(*task, context));
 }
