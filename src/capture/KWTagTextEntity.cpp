@@ -1,6 +1,6 @@
 #include "capture/KWTagTextEntity.h"
 
-#include "capture/TwitterText.h"
+#include "model/text/TwitterText.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "capture/KWTagTextEntity.h"
-#include "capture/OpaqueText.h"
 #include "capture/PriorityLabels.h"
 #include "capture/RecognitionOptions.h"
 #include "capture/RecognitionSettings.h"
 #include "capture/TitleRecognition.h"
 #include "capture/TokenScanner.h"
+#include "model/text/OpaqueText.h"
 
 class CXClock;
 

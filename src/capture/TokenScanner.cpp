@@ -1,6 +1,6 @@
 #include "capture/TokenScanner.h"
 
-#include "capture/TwitterText.h"
+#include "model/store/KWTagService.h"
 
 #include <QRegularExpression>
 
@@ -55,8 +55,12 @@ QString keywordOf(QStringView token, QStringView marks)
 
 QList<TextRange> rangesOf(TokenKind kind, const QString &text)
 {
-    if (kind == TokenKind::Tag) return TwitterText::cx_possibleHashtagsInText(text);
     QList<TextRange> ranges;
+    if (kind == TokenKind::Tag) {
+        for (const KWTagEntity &each : KWTagService::possibleEntitiesInText(text))
+            ranges.append(each.range);
+        return ranges;
+    }
     for (auto matches = patternOf(kind).globalMatch(text); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();
         ranges.append({match.capturedStart(), match.capturedLength()});

@@ -1,7 +1,7 @@
 #include "capture/TypedToken.h"
 
-#include "capture/OpaqueText.h"
-#include "capture/TwitterText.h"
+#include "capture/KWTagTextEntity.h"
+#include "model/text/OpaqueText.h"
 
 #include <array>
 
@@ -24,7 +24,7 @@ bool isEnded(const KWCandidateEntity &token, TokenKind kind)
 bool mayBegin(const KWCandidateEntity &token, TokenKind kind, const QString &text)
 {
     if (kind == TokenKind::Tag) return true; // the scanner has looked
-    return TwitterText::cx_isValidPrefixForHashTag(QStringView{text}.first(token.range.location));
+    return KWTagTextEntity::isValidPrefix(QStringView{text}.first(token.range.location));
 }
 
 bool isOfWord(QChar unit)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "capture/TextRange.h"
 #include "capture/TokenScanner.h"
+#include "model/text/TextRange.h"
 
 #include <optional>
 

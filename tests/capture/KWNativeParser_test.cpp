@@ -1,7 +1,7 @@
 #include "capture/KWNativeParser.h"
 
-#include "capture/CaseText.h"
 #include "capture/LocaleDateFormat.h"
+#include "capture/TagCases.h"
 #include "model/settings/KWTaskDefaultConfiguration.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"

@@ -1,7 +1,7 @@
 #include "capture/KWDateTextEntity.h"
 #include "capture/KWTagTextEntity.h"
 
-#include "capture/CaseText.h"
+#include "capture/TagCases.h"
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 

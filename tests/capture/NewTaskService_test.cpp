@@ -1,6 +1,5 @@
 #include "capture/NewTaskService.h"
 
-#include "capture/CaseText.h"
 #include "capture/TaskLines.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
@@ -8,6 +7,7 @@
 #include "model/records/KWTeamworker.h"
 #include "support/Answers.h"
 #include "support/CaseTable.h"
+#include "support/CaseText.h"
 #include "support/FailingWrites.h"
 #include "support/StoreFixture.h"
 #include "support/TaskBuilder.h"

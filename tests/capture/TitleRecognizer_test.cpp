@@ -1,9 +1,9 @@
 #include "capture/TitleRecognizer.h"
 
-#include "capture/CaseText.h"
 #include "corvexkit/time/TimeText.h"
 #include "model/text/UnicodeText.h"
 #include "support/CaseTable.h"
+#include "support/CaseText.h"
 #include "support/ManualClock.h"
 #include "support/TestMain.h"
 

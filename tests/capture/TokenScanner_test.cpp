@@ -1,10 +1,8 @@
 #include "capture/TokenScanner.h"
 
-#include "capture/CaseText.h"
-#include "capture/KWTagTextEntity.h"
-#include "capture/TwitterText.h"
 #include "capture/TypedToken.h"
 #include "support/CaseTable.h"
+#include "support/CaseText.h"
 #include "support/TestMain.h"
 
 using namespace Qt::StringLiterals;
@@ -55,21 +53,6 @@ private Q_SLOTS:
         QCOMPARE(token->kind, TokenKind{1 << kinds.indexOf(cells[1])});
         QCOMPARE(textOf(QList{token->range}), cells[2]);
         QCOMPARE(token->keyword, cells[3]);
-    }
-
-    void findsHashtags_data() { addCaseRows("tokens/hashtags.txt", 3); }
-    void findsHashtags()
-    {
-        QFETCH(QStringList, cells);
-        const QString text = quotedText(cells[0]);
-        QCOMPARE(textOf(TwitterText::cx_validHashtagsInText(text)), cells[1]);
-        QCOMPARE(textOf(TwitterText::cx_possibleHashtagsInText(text)), cells[2]);
-        for (const auto &each : KWTagTextEntity::validEntitiesInText(text)) {
-            QCOMPARE(each->text(), text.mid(each->range().location, each->range().length));
-            QCOMPARE(each->tagName(),
-                     text.mid(each->rangeOfTagName().location, each->rangeOfTagName().length));
-            QVERIFY(each->isTag() && !isContainsSpecialCharactersForTag(each->tagName()));
-        }
     }
 };
 

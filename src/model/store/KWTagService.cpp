@@ -12,6 +12,7 @@
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
 #include "model/text/TagName.h"
+#include "model/text/TwitterText.h"
 
 #include <algorithm>
 
@@ -172,6 +173,14 @@ Result<QString> KWTagService::checkedLabel(const QString &typed)
     if (isContainsSpecialCharactersForTag(label))
         return Error{storeText("The name of a tag has letters, digits, “_” and “-” only, and no space.")};
     return label;
+}
+
+QList<KWTagEntity> KWTagService::possibleEntitiesInText(QStringView text)
+{
+    QList<KWTagEntity> entities;
+    for (const TextRange &each : TwitterText::cx_possibleHashtagsInText(text))
+        entities.append({each});
+    return entities;
 }
 
 Result<QString> KWTagService::create(const NewTag &tag)

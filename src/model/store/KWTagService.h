@@ -2,7 +2,9 @@
 
 #include "corvexkit/Result.h"
 #include "model/store/UndoToken.h"
+#include "model/text/KWTagEntity.h"
 
+#include <QList>
 #include <QString>
 
 class KWCoreDataManager;
@@ -18,6 +20,9 @@ public:
 
     /// The label that was typed, on one line; an error where no tag can have it.
     static Result<QString> checkedLabel(const QString &typed);
+    /// The tags in a text that is being typed, in text order: also one that is not finished yet at its end.
+    /// Any thread.
+    static QList<KWTagEntity> possibleEntitiesInText(QStringView text);
 
     struct NewTag {
         QString label;

@@ -2,8 +2,8 @@
 
 #include "capture/KWCandidateModel.h"
 #include "capture/RecognitionOptions.h"
-#include "capture/TextRange.h"
 #include "capture/TokenScanner.h"
+#include "model/text/TextRange.h"
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "capture/RecognizedPiece.h"
-#include "capture/TextRange.h"
+#include "model/text/TextRange.h"
 
 #include <QList>
 #include <QTextEdit>

@@ -1,4 +1,4 @@
-#include "capture/OpaqueText.h"
+#include "model/text/OpaqueText.h"
 
 #include "model/text/UnicodeText.h"
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "capture/TextRange.h"
-#include "model/text/TagName.h"
+#include "model/text/TextRange.h"
 
 #include <QList>
 #include <QString>

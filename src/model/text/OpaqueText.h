@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/TextRange.h"
+#include "model/text/TextRange.h"
 
 #include <QList>
 #include <QStringView>

@@ -1,4 +1,4 @@
-#include "capture/CaseText.h"
+#include "support/CaseText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -29,12 +29,4 @@ QString textOf(const QList<TextRange> &ranges)
     for (const TextRange &each : ranges)
         texts.append(QStringLiteral("%1+%2").arg(each.location).arg(each.length));
     return texts.isEmpty() ? QStringLiteral("-") : texts.join(u' ');
-}
-
-TagTextEntities tagsAt(const QString &cell, const QString &text)
-{
-    TagTextEntities tags;
-    for (const TextRange &each : rangesOf(cell))
-        tags.append(std::make_shared<KWTagTextEntity>(each, text.mid(each.location, each.length)));
-    return tags;
 }

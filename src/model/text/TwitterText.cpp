@@ -1,6 +1,6 @@
-#include "capture/TwitterText.h"
+#include "model/text/TwitterText.h"
 
-#include "capture/OpaqueText.h"
+#include "model/text/OpaqueText.h"
 #include "model/text/TagName.h"
 #include "model/text/UnicodeText.h"
 
