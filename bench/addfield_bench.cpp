@@ -33,7 +33,7 @@ void press(benchmark::State &state, const QString &text)
     NewTaskService service{*account.kit};
     AlertPort alerts;
     KWNewTaskTextField field;
-    AddFieldController controller{field, {service, account.clock, account.kit->defaults(), alerts}};
+    AddFieldController controller{field, {*account.kit, account.clock, service, alerts}};
     field.resize(640, field.sizeHint().height());
     field.show();
     field.activateWindow();

@@ -25,6 +25,8 @@ public:
     void setNlp(std::optional<KWTaskPriority> priority) { m_nlp = priority; }
     void setPreset(std::optional<KWTaskPriority> priority) { m_preset = priority; }
 
+    const std::optional<KWTaskPriority> &manual() const { return m_manual; }
+
     KWTaskPriority priority(NewTaskPlace place) const;
 
 private:

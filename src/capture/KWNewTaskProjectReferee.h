@@ -12,6 +12,8 @@ public:
     void setNlp(std::optional<QString> projectID) { m_nlp = std::move(projectID); }
     void setPreset(std::optional<QString> projectID) { m_preset = std::move(projectID); }
 
+    const std::optional<QString> &manual() const { return m_manual; }
+
     std::optional<QString> projectID() const
     {
         for (const auto *each : {&m_manual, &m_nlp, &m_preset})

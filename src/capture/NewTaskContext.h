@@ -2,13 +2,12 @@
 
 #include "capture/RecognitionOptions.h"
 #include "corvexkit/time/Instant.h"
-#include "model/records/KWTaskDateTimeReminderModel.h"
 
 #include <QStringList>
 
 #include <optional>
 
-/// What decides about a new task besides its typed text.
+/// What decides about a new task besides its typed text and the hand.
 struct NewTaskContext {
     // What the view implies.
     std::optional<QString> presetList; ///< id
@@ -19,11 +18,6 @@ struct NewTaskContext {
     std::optional<QString> presetColumn; ///< id; of `presetList`
     std::optional<std::int64_t> presetAssignee;
     bool isNotedFilter = false; ///< the view shows notes only
-
-    // What was chosen by hand.
-    std::optional<QString> manualList; ///< id
-    std::optional<KWTaskPriority> manualPriority;
-    std::optional<KWTaskDateTimeReminderModel> manualDate;
 
     RecognitionOptions recognition;
 };

@@ -1,7 +1,5 @@
 #include "capture/NewTaskService.h"
 
-#include "capture/KWNewTaskPriorityReferee.h"
-#include "capture/KWNewTaskProjectReferee.h"
 #include "capture/NewTaskContextOfList.h"
 #include "capture/NewTaskWriter.h"
 #include "capture/RecognitionJson.h"
@@ -100,16 +98,33 @@ const TitleRecognizer &NewTaskService::recognizer()
 
 TitleRecognition NewTaskService::recognize(const QString &text, const NewTaskContext &context)
 {
-    RecognitionOptions options = context.recognition;
-    options.projectID = projectIDFor(context);
-    options.isProjectManual = context.manualList.has_value();
-    return recognizer().recognize(text, options);
+    NewTaskReferees referees{m_kit};
+    return recognize(text, context, referees);
 }
 
-KWNotificationCenter::Observation NewTaskService::observeSettings(std::function<void()> changed) const
+TitleRecognition NewTaskService::recognize(const QString &text, const NewTaskContext &context,
+                                           NewTaskReferees &referees)
 {
-    return m_kit.center().addObserver(KWSmartRecognitionConfigurationDidChangeNotification,
-                                      [changed = std::move(changed)](const KWNotification &) { changed(); });
+    referees.setPreset(context);
+    referees.project.setNlp(std::nullopt);
+    RecognitionOptions options = context.recognition;
+    options.projectID = referees.projectID();
+    options.isProjectManual = referees.project.manual().has_value();
+    TitleRecognition found = recognizer().recognize(text, options);
+    referees.setNlp(found, text);
+    return found;
+}
+
+QList<KWNotificationCenter::Observation>
+NewTaskService::observeMeaning(const std::function<void()> &changed) const
+{
+    QList<KWNotificationCenter::Observation> observations;
+    for (const QString &name :
+         {KWSmartRecognitionConfigurationDidChangeNotification, KWTaskDefaultConfigurationChangedNotification,
+          KWNewMinuteComesNotification, KWNewDayComesNotification})
+        observations.append(
+            m_kit.center().addObserver(name, [changed](const KWNotification &) { changed(); }));
+    return observations;
 }
 
 NewTaskContext NewTaskService::contextOf(const KWListIdentifier &list) const
@@ -119,8 +134,15 @@ NewTaskContext NewTaskService::contextOf(const KWListIdentifier &list) const
 
 NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &context)
 {
+    NewTaskReferees referees{m_kit};
+    return compose(text, context, referees);
+}
+
+NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &context,
+                                     NewTaskReferees &referees)
+{
     NewTaskDraft draft;
-    draft.recognition = recognize(text, context);
+    draft.recognition = recognize(text, context, referees);
     draft.task.title = draft.recognition.title;
     draft.task.userID = m_kit.account().currentUserID();
 
@@ -132,76 +154,48 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
     }
 
     const std::optional<RecognizedList> &list = draft.recognition.list;
-    if (list && list->isNew() && !context.manualList) draft.newListName = list->name;
-    draft.task.projectID = projectIDFor(context, list);
+    if (list && list->isNew() && !referees.project.manual()) draft.newListName = list->name;
+    draft.task.projectID = referees.projectID();
     if (!context.presetList || draft.task.projectID == *context.presetList) {
         draft.task.columnID = context.presetColumn.value_or(QString{});
         draft.task.assignee = context.presetAssignee.value_or(KWTaskAssignedToNobody);
     }
     if (const auto &assignee = draft.recognition.assignee) draft.task.assignee = assignee->userServerID;
-    decideKindAndPriority(draft, context);
-
-    KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
-    present(draft.recognition, text, context, dates);
-    dates.finalWithUsesDefault(true).applyTo(draft.task, m_kit.clock().zone().identifier());
+    decideKindAndPriority(draft.task, context, referees);
+    referees.date.finalWithUsesDefault(true).applyTo(draft.task, m_kit.clock().zone().identifier());
     return draft;
 }
 
-QString NewTaskService::projectIDFor(const NewTaskContext &context,
-                                     const std::optional<RecognizedList> &named) const
+void NewTaskService::decideKindAndPriority(KWTaskModel &task, const NewTaskContext &context,
+                                           const NewTaskReferees &referees) const
 {
-    KWNewTaskProjectReferee referee;
-    referee.setManual(context.manualList);
-    if (named) referee.setNlp(named->id);
-    referee.setPreset(context.presetList);
-    return referee.projectID().value_or(m_kit.account().defaultAddtoList());
-}
-
-void NewTaskService::decideKindAndPriority(NewTaskDraft &draft, const NewTaskContext &context) const
-{
-    const KWProject *project = m_kit.context().find<KWProject>(draft.task.projectID);
+    const KWProject *project = m_kit.context().find<KWProject>(task.projectID);
     const bool isNotesList = project && project->isNoteKind();
-    if (isNotesList || context.isNotedFilter) draft.task.kind = KWTaskKindNote;
-
-    KWNewTaskPriorityReferee referee{m_kit.center(),
-                                     [defaults = currentDefaults()] { return defaults().priority; }};
-    referee.setManual(context.manualPriority);
-    referee.setNlp(draft.recognition.priority);
-    referee.setPreset(context.presetPriority);
-    draft.task.priority = referee.priority(isNotesList             ? NewTaskPlace::NotesList
-                                           : context.isNotedFilter ? NewTaskPlace::NotesFilter
-                                                                   : NewTaskPlace::TaskList);
-}
-
-void NewTaskService::present(const TitleRecognition &recognition, const QString &text,
-                             const NewTaskContext &context, KWNewTaskDateReferee &referee) const
-{
-    referee.setWithNlp(recognition.date.dateTimeReminderModel, text);
-    referee.setManual(context.manualDate);
-    if (context.presetDay) referee.setPresetDay(*context.presetDay);
-    if (context.presetsNoDate) referee.setPreset(KWTaskDateTimeReminderModel{});
-}
-
-KWNewTaskDateReferee::CurrentDefaults NewTaskService::currentDefaults() const
-{
-    return [this] { return m_kit.account().taskDefaultConfiguration(); };
+    if (isNotesList || context.isNotedFilter) task.kind = KWTaskKindNote;
+    task.priority = referees.priority.priority(isNotesList             ? NewTaskPlace::NotesList
+                                               : context.isNotedFilter ? NewTaskPlace::NotesFilter
+                                                                       : NewTaskPlace::TaskList);
 }
 
 Result<KWTaskModel> NewTaskService::add(const QString &text, const NewTaskContext &context)
 {
-    if (!m_kit.account().isSignedIn()) return nobodyIsSignedIn();
-    if (onOneLine(text).isEmpty()) return blankRefusal();
-    const NewTaskDraft draft = compose(text, context);
-    if (draft.task.title.isEmpty()) return onlyPiecesRefusal(draft.recognition.pieces);
-    const Result<MadeTasks> made = save({draft});
+    const Result<MadeTasks> made = save(compose(text, context));
     if (!made) return made.error();
     return made->tasks.first();
 }
 
+Result<NewTaskService::MadeTasks> NewTaskService::save(const NewTaskDraft &draft)
+{
+    if (!m_kit.account().isSignedIn()) return nobodyIsSignedIn();
+    if (!draft.task.title.isEmpty()) return saveAll({draft});
+    const QList<RecognizedPiece> &pieces = draft.recognition.pieces;
+    return pieces.isEmpty() ? blankRefusal() : onlyPiecesRefusal(pieces);
+}
+
 bool NewTaskService::shouldCreateMutilTask(const QString &text) const { return holdsSeveralLines(text); }
 
-Result<NewTaskService::MadeTasks> NewTaskService::createMutilTask(const QString &text,
-                                                                  const NewTaskContext &context)
+Result<NewTaskService::MadeTasks>
+NewTaskService::createMutilTask(const QString &text, const NewTaskContext &context, NewTaskReferees &referees)
 {
     if (!m_kit.account().isSignedIn()) return nobodyIsSignedIn();
     const QStringList lines = taskLines(text);
@@ -211,15 +205,15 @@ Result<NewTaskService::MadeTasks> NewTaskService::createMutilTask(const QString 
                          .arg(QLocale{}.toString(mostTasksAtOnce), QLocale{}.toString(lines.size()))};
     QList<NewTaskDraft> drafts;
     for (const QString &each : lines)
-        if (NewTaskDraft draft = compose(each, context); !draft.task.title.isEmpty())
+        if (NewTaskDraft draft = compose(each, context, referees); !draft.task.title.isEmpty())
             drafts.append(std::move(draft));
     if (drafts.isEmpty())
         return Error{
             KWLocalizedString("Type titles for the tasks: nothing in these lines is left to be one.")};
-    return save(drafts);
+    return saveAll(drafts);
 }
 
-Result<NewTaskService::MadeTasks> NewTaskService::save(const QList<NewTaskDraft> &drafts)
+Result<NewTaskService::MadeTasks> NewTaskService::saveAll(const QList<NewTaskDraft> &drafts)
 {
     const bool goesLast = m_kit.defaults().value(Settings::newTaskPosition) == u"bottom";
     MadeTasks made;
@@ -238,9 +232,8 @@ Result<NewTaskService::MadeTasks> NewTaskService::save(const QList<NewTaskDraft>
 
 QJsonObject NewTaskService::dryRun(const QString &text, const NewTaskContext &context)
 {
-    TitleRecognition recognition = recognize(text, context);
-    KWNewTaskDateReferee dates{m_kit.clock(), m_kit.center(), currentDefaults()};
-    present(recognition, text, context, dates);
-    recognition.date.dateTimeReminderModel = dates.nlp();
+    NewTaskReferees referees{m_kit};
+    TitleRecognition recognition = recognize(text, context, referees);
+    recognition.date.dateTimeReminderModel = referees.date.nlp();
     return dryRunObject(recognition, m_kit.clock().zone());
 }

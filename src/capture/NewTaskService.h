@@ -1,9 +1,9 @@
 #pragma once
 
-#include "capture/KWNewTaskDateReferee.h"
 #include "capture/NewTaskCandidates.h"
 #include "capture/NewTaskContext.h"
 #include "capture/NewTaskDraft.h"
+#include "capture/NewTaskReferees.h"
 #include "capture/TitleRecognizer.h"
 #include "corvexkit/Result.h"
 #include "model/events/KWEventBus.h"
@@ -24,8 +24,9 @@ public:
     /// What the text says, for showing it while it is typed, in a field that stands where the context says.
     TitleRecognition recognize(const QString &text, const NewTaskContext &context = {});
 
-    /// Calls `changed` when the settings of recognition are others: recognize() may find something else then.
-    KWNotificationCenter::Observation observeSettings(std::function<void()> changed) const;
+    /// Calls `changed` when a text may mean another task than before: the settings of recognition or the
+    /// defaults are others, or time has gone on.
+    QList<KWNotificationCenter::Observation> observeMeaning(const std::function<void()> &changed) const;
 
     /// What can complete the tokens of the text.
     NewTaskCandidates &candidates() { return m_candidates; }
@@ -35,40 +36,41 @@ public:
 
     /// The task that the text means there. Every field comes from the hand's choice, else from the text,
     /// else from the view, else from the user's defaults. A task in a list or filter of notes is a note. The
-    /// column and the assignee of the view are taken where the list is that of the view.
+    /// column and the assignee of the view are taken where the list is that of the view. The referees are
+    /// told what the text and the view say; only they know what the hand chose.
+    NewTaskDraft compose(const QString &text, const NewTaskContext &context, NewTaskReferees &referees);
+    /// The same for a text that stands in no field.
     NewTaskDraft compose(const QString &text, const NewTaskContext &context = {});
-
-    /// Saves that task on top of its list, or at its end where the preference says so, with the tags and the
-    /// list that are missing, all or nothing. A text that leaves no title is refused; so is any without a
-    /// signed-in user. Where the list is gone meanwhile, archived or may only be read, the task goes to the
-    /// inbox.
-    Result<KWTaskModel> add(const QString &text, const NewTaskContext &context = {});
 
     struct MadeTasks {
         QList<KWTaskModel> tasks; ///< in the order of the lines
         UndoToken undo;
     };
+    /// Saves that task on top of its list, or at its end where the preference says so, with the tags and the
+    /// list that are missing, all or nothing. One without a title is refused; so is any without a signed-in
+    /// user. Where the list is gone meanwhile, archived or may only be read, the task goes to the inbox.
+    Result<MadeTasks> save(const NewTaskDraft &draft);
+    /// Composes and saves a text that stands in no field.
+    Result<KWTaskModel> add(const QString &text, const NewTaskContext &context = {});
+
     /// Whether the text is to become several tasks: more than one of its lines is not blank.
     bool shouldCreateMutilTask(const QString &text) const;
-    /// Saves a task for every line as add() would, without the marks of list items, in one save, all or
+    /// Saves a task for every line as save() would, without the marks of list items, in one save, all or
     /// nothing: in the order of the lines, on top of their lists or at their ends. Lines that leave no title
     /// are left out; where none does, or where there are more than 10,000, the text is refused.
-    Result<MadeTasks> createMutilTask(const QString &text, const NewTaskContext &context = {});
+    Result<MadeTasks> createMutilTask(const QString &text, const NewTaskContext &context,
+                                      NewTaskReferees &referees);
 
     /// What add() would recognise, as JSON; see dryRunObject().
     QJsonObject dryRun(const QString &text, const NewTaskContext &context = {});
 
 private:
     const TitleRecognizer &recognizer();
-    /// Puts the candidates for the date before a referee.
-    void present(const TitleRecognition &recognition, const QString &text, const NewTaskContext &context,
-                 KWNewTaskDateReferee &referee) const;
-    KWNewTaskDateReferee::CurrentDefaults currentDefaults() const;
-    /// Where the task goes when the text names that list, or none; empty for a new one.
-    QString projectIDFor(const NewTaskContext &context,
-                         const std::optional<RecognizedList> &named = std::nullopt) const;
-    void decideKindAndPriority(NewTaskDraft &draft, const NewTaskContext &context) const;
-    Result<MadeTasks> save(const QList<NewTaskDraft> &drafts);
+    /// Tells the referees what was found, too.
+    TitleRecognition recognize(const QString &text, const NewTaskContext &context, NewTaskReferees &referees);
+    void decideKindAndPriority(KWTaskModel &task, const NewTaskContext &context,
+                               const NewTaskReferees &referees) const;
+    Result<MadeTasks> saveAll(const QList<NewTaskDraft> &drafts);
 
     OrvaneKit &m_kit;
     NewTaskCandidates m_candidates;

@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 
 /// Puts tasks, with the tags and lists that are missing, into a context that is saved afterwards.
 class NewTaskWriter {

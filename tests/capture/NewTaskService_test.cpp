@@ -122,17 +122,27 @@ private Q_SLOTS:
                  "column and member belong to the list of the view");
     }
 
-    void letsTheHandDecide()
+    void letsTheHandDecideUntilItGivesUp()
     {
-        NewTaskContext context;
-        context.manualList = m_store->makeList(u"Work"_s);
-        context.manualPriority = KWTaskPriorityNone;
-        context.manualDate.emplace();
-        const KWTaskModel task = added(venue, context);
-        QCOMPARE(listOf(task), u"Work"_s);
-        QCOMPARE(task.priority, KWTaskPriorityNone);
-        QVERIFY(!task.startDate && task.timeZone.isEmpty());
+        NewTaskReferees referees{m_store->kit()};
+        referees.project.setManual(m_store->makeList(u"Work"_s));
+        referees.priority.setManual(KWTaskPriorityNone);
+        referees.date.setManual(KWTaskDateTimeReminderModel{});
+        const auto saved = [&] {
+            const auto made = m_service->save(m_service->compose(venue, {}, referees));
+            return made ? made->tasks.first() : KWTaskModel{};
+        };
+        const KWTaskModel byHand = saved();
+        QCOMPARE(listOf(byHand), u"Work"_s);
+        QCOMPARE(byHand.priority, KWTaskPriorityNone);
+        QVERIFY(!byHand.startDate && byHand.timeZone.isEmpty());
         QCOMPARE(countOf("projects"), 2);
+
+        referees.restoreToPreset();
+        const KWTaskModel asTyped = saved();
+        QCOMPARE(listOf(asTyped), u"Client launch"_s);
+        QCOMPARE(asTyped.priority, KWTaskPriorityHigh);
+        QCOMPARE(asTyped.startDate, at("2030-05-02 17:00", "Europe/Berlin"));
     }
 
     void makesNotesInNotesLists()
@@ -223,9 +233,10 @@ private Q_SLOTS:
         int saves = 0;
         const auto counting =
             m_store->kit().bus().registerEventBus([&saves](const StoreChange &) { ++saves; });
+        NewTaskReferees referees{m_store->kit()};
         const auto made = m_service->createMutilTask(
             u"- milk #New ~Weekend\n- [ ] milk\n\n2. bread tomorrow #new\n!high\neggs\nrice ~weekend"_s,
-            context);
+            context, referees);
         QVERIFY(made);
         QCOMPARE(saves, 1);
         QCOMPARE(countOf("tags"), 1);
@@ -249,17 +260,22 @@ private Q_SLOTS:
     void addsAllLinesOrNone()
     {
         const QString line = u"one\n"_s;
-        QVERIFY(isRefused(m_service->createMutilTask(line.repeated(10'001)), u"10"_s));
-        QVERIFY(isRefused(m_service->createMutilTask(u"#a\n!high"_s), u"titles"_s));
-        QVERIFY(isRefused(m_service->createMutilTask(u" \n"_s), u"white space"_s));
+        const auto isRefusedFor = [this](const QString &lines, const QString &reason) {
+            NewTaskReferees referees{m_store->kit()};
+            return isRefused(m_service->createMutilTask(lines, {}, referees), reason);
+        };
+        QVERIFY(isRefusedFor(line.repeated(10'001), u"10"_s));
+        QVERIFY(isRefusedFor(u"#a\n!high"_s, u"titles"_s));
+        QVERIFY(isRefusedFor(u" \n"_s, u"white space"_s));
         bool failed = true;
         int write = 1;
         for (; failed; ++write) {
             FailingWrites writes;
             StoreFixture store;
             NewTaskService service{store.kit()};
+            NewTaskReferees referees{store.kit()};
             writes.failAt(write);
-            const auto made = service.createMutilTask(u"one #a\ntwo ~Weekend"_s);
+            const auto made = service.createMutilTask(u"one #a\ntwo ~Weekend"_s, {}, referees);
             failed = writes.hasFailed();
             QCOMPARE(bool(made), !failed);
             for (const char *counted : {"SELECT count(*) FROM tasks", "SELECT 2 * count(*) FROM tags",

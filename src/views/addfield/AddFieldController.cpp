@@ -2,6 +2,7 @@
 
 #include "app/ports/AlertPort.h"
 #include "capture/NewTaskService.h"
+#include "model/OrvaneKit.h"
 #include "views/addfield/FieldHelp.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/addfield/TitleLessons.h"
@@ -14,35 +15,39 @@
 AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
     : m_field(field)
     , m_service(rooms.service)
+    , m_referees(rooms.kit)
     , m_alerts(rooms.alerts)
     , m_completion(field, rooms.service.candidates())
-    , m_dateTip(field, rooms.clock, rooms.defaults)
+    , m_dateTip(field, rooms.clock, rooms.kit.defaults())
 {
     teachNext();
     m_field.installEventFilter(this);
-    m_settingsChanged = m_service.observeSettings([this] { recognize(m_field.text()); });
+    m_meaningChanged = m_service.observeMeaning([this] { refresh(); });
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
     connect(&m_field, &KWNewTaskTextField::pieceClicked, this, &AddFieldController::undo);
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
     connect(&m_completion, &TokenCompletion::committed, this, &AddFieldController::take);
     m_field.shouldCreateMultiTasks = [this](const QString &pasted) { return shouldCreateMultiTasks(pasted); };
     connect(&m_field, &KWNewTaskTextField::helpRequested, this, [this] { FieldHelp::showBelow(m_field); });
+    refresh();
 }
 
 void AddFieldController::setList(const KWListIdentifier &list)
 {
     if (list == m_list) return; // told again when the sidebar has changed
-    endPreset();
     m_list = list;
+    m_preset.reset();
+    m_field.setPassingPlaceholder({});
+    refresh();
 }
 
 NewTaskContext AddFieldController::contextOfList() const { return m_service.contextOf(m_list); }
 
 void AddFieldController::setPreset(const NewTaskContext &preset, const QString &placeholder)
 {
-    endPreset();
     m_preset = preset;
     m_field.setPassingPlaceholder(placeholder);
+    refresh();
 }
 
 void AddFieldController::endPreset()
@@ -50,6 +55,7 @@ void AddFieldController::endPreset()
     if (!m_preset) return;
     m_preset.reset();
     m_field.setPassingPlaceholder({});
+    refresh();
 }
 
 NewTaskContext AddFieldController::context() const
@@ -80,14 +86,16 @@ void AddFieldController::recognize(const QString &text)
         m_undoneByKey.reset();
     }
     resumeAfterEdit(text);
-    const NewTaskContext context = this->context();
-    const TitleRecognition found = text.isEmpty() ? TitleRecognition{} : m_service.recognize(text, context);
-    m_parsedProjectResult = found.list ? found.list->id : QString{};
-    m_field.setPieces(found.pieces);
+    refresh();
     keepOnePriority();
-    const QString ofView = context.presetList.value_or(QString{});
-    m_completion.update(m_options, m_parsedProjectResult.isEmpty() ? ofView : m_parsedProjectResult);
+    m_completion.update(m_options, m_draft.task.projectID);
     showDateTip();
+}
+
+void AddFieldController::refresh()
+{
+    m_draft = m_service.compose(m_field.text(), context(), m_referees);
+    m_field.setPieces(m_draft.recognition.pieces);
     Q_EMIT recognized();
 }
 
@@ -193,14 +201,12 @@ void AddFieldController::resumeAfterEdit(const QString &text)
 
 void AddFieldController::submit(const QString &text)
 {
-    const Result<KWTaskModel> task = m_service.add(text, context());
-    if (!task) {
-        Q_EMIT failed(task.error().sentence);
-        return;
-    }
+    const auto made = m_service.save(m_service.compose(text, context(), m_referees));
+    if (!made) return Q_EMIT failed(made.error().sentence);
+    m_referees.restoreToPreset();
     m_field.setText({});
     teachNext();
-    Q_EMIT added(task->sid);
+    Q_EMIT added(made->tasks.first().sid, made->undo);
 }
 
 bool AddFieldController::shouldCreateMultiTasks(const QString &pasted)
@@ -220,8 +226,9 @@ bool AddFieldController::shouldCreateMultiTasks(const QString &pasted)
 void AddFieldController::createMultiTasks(const QString &pasted)
 {
     const bool holdsOwnText = m_field.text() != m_field.presetContent();
-    const auto made =
-        m_service.createMutilTask(holdsOwnText ? pasted + u'\n' + m_field.text() : pasted, context());
+    const auto made = m_service.createMutilTask(holdsOwnText ? pasted + u'\n' + m_field.text() : pasted,
+                                                context(), m_referees);
+    refresh();
     if (!made) return Q_EMIT failed(made.error().sentence);
     QStringList ids;
     for (const KWTaskModel &each : made->tasks)

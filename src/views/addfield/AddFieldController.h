@@ -1,6 +1,8 @@
 #pragma once
 
 #include "capture/NewTaskContext.h"
+#include "capture/NewTaskDraft.h"
+#include "capture/NewTaskReferees.h"
 #include "capture/RecognizedPiece.h"
 #include "model/events/KWNotificationCenter.h"
 #include "model/records/KWListIdentifier.h"
@@ -23,9 +25,9 @@ class AddFieldController : public QObject {
 public:
     /// All outlive it.
     struct Rooms {
-        NewTaskService &service;
+        OrvaneKit &kit;
         CXClock &clock;
-        KWUserDefaults &defaults;
+        NewTaskService &service;
         AlertPort &alerts;
     };
     AddFieldController(KWNewTaskTextField &field, Rooms rooms);
@@ -37,13 +39,15 @@ public:
     /// What tasks are given instead of what the list implies, until the list is another one or the field is
     /// left empty. The field says so with `placeholder` meanwhile.
     void setPreset(const NewTaskContext &preset, const QString &placeholder);
-    /// What a task typed now would be made with.
-    NewTaskContext context() const;
+    /// Understands the text once more, as it stands.
+    void refresh();
+    /// The task that the text and the hand mean now.
+    const NewTaskDraft &draft() const { return m_draft; }
 
 Q_SIGNALS:
-    /// What the text means may be something else now: it was edited, or a recognition was taken back.
+    /// The draft may be another one: the text was edited, a recognition was taken back, the day is another.
     void recognized();
-    void added(const QString &taskID);
+    void added(const QString &taskID, const UndoToken &undo);
     /// Pasted lines have become tasks.
     void addedSeveral(const QStringList &taskIDs, const UndoToken &undo);
     void failed(const QString &sentence);
@@ -52,6 +56,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    NewTaskContext context() const;
     void endPreset();
     void recognize(const QString &text);
     void take(TokenKind kind, const KWCandidateModel &row);
@@ -69,6 +74,8 @@ private:
 
     KWNewTaskTextField &m_field;
     NewTaskService &m_service;
+    NewTaskReferees m_referees;
+    NewTaskDraft m_draft;
     AlertPort &m_alerts;
     TokenCompletion m_completion;
     DateTip m_dateTip;
@@ -76,8 +83,7 @@ private:
     KWListIdentifier m_list;
     std::optional<NewTaskContext> m_preset;
     RecognitionOptions m_options; // until the field is empty again
-    KWNotificationCenter::Observation m_settingsChanged;
+    QList<KWNotificationCenter::Observation> m_meaningChanged;
     std::optional<RecognizedPiece> m_undoneByKey;
     std::optional<KWTaskPriority> m_parsedPriorityResult;
-    QString m_parsedProjectResult; // id
 };

@@ -3,7 +3,9 @@
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
 #include "model/OrvaneKit.h"
+#include "model/records/KWTask.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/addfield/TaskPlace.h"
 #include "views/main/MainWindow.h"
 #include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListPane.h"
@@ -15,7 +17,14 @@
 
 namespace {
 
-constexpr int placeNameWidth = 260;
+constexpr int nameWidth = 260;
+
+// As far as a message has room for it.
+QString shortened(const QString &name)
+{
+    return QFontMetrics{Fonts::font(Fonts::Role::Body)}.elidedText(name, Qt::ElideRight,
+                                                                   Metrics::scaled(nameWidth));
+}
 
 } // namespace
 
@@ -28,8 +37,7 @@ ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchAc
     , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
     , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
     , m_sortMenu{window.listPane().header(), rooms.tasks, rooms.kit.manager()}
-    , m_addField{window.listPane().addField(),
-                 {rooms.newTasks, rooms.clock, rooms.kit.defaults(), rooms.alerts}}
+    , m_addField{window.listPane().addField(), {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts}}
     , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
     , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
     , m_trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}
@@ -98,15 +106,23 @@ void ListColumn::remove(const QStringList &taskIDs)
         m_actions.remove(taskIDs);
 }
 
-void ListColumn::showAdded(const QString &taskID)
+std::function<void()> ListColumn::takingBack(const UndoToken &done)
 {
+    return [this, done] {
+        if (const Result<void> undone = done.undo(m_manager); !undone)
+            m_window.showMessage(undone.error().sentence);
+    };
+}
+
+void ListColumn::showAdded(const QString &taskID, const UndoToken &undo)
+{
+    if (const KWTask *task = m_manager.MR_defaultContext().find<KWTask>(taskID))
+        m_window.addUndo(tr("%1 added").arg(shortened((*task)->title)), takingBack(undo));
     const KWProjectListNode *place = m_whereabouts.nodeElsewhere(taskID);
     const auto list = place ? place->listIdentifier() : std::nullopt;
     if (!list) return m_window.listPane().list().selectTask(taskID);
 
-    const QFontMetrics metrics{Fonts::font(Fonts::Role::Body)};
-    const QString name = metrics.elidedText(place->title(), Qt::ElideRight, Metrics::scaled(placeNameWidth));
-    m_window.showAction(tr("Added to %1").arg(name), tr("Open"), [this, list, taskID] {
+    m_window.showAction(tr("Added to %1").arg(shortened(place->title())), tr("Open"), [this, list, taskID] {
         showTask(taskID, *list);
         takeKeyboard();
     });
@@ -115,8 +131,5 @@ void ListColumn::showAdded(const QString &taskID)
 void ListColumn::showAddedSeveral(const QStringList &taskIDs, const UndoToken &undo)
 {
     m_window.listPane().list().selectTasks(taskIDs);
-    m_window.showUndo(tr("%1 tasks added").arg(taskIDs.size()), [this, undo] {
-        if (const Result<void> undone = undo.undo(m_manager); !undone)
-            m_window.showMessage(undone.error().sentence);
-    });
+    m_window.showUndo(tasksAddedText(taskIDs.size()), takingBack(undo));
 }

@@ -37,7 +37,8 @@ private:
     void connectMessages();
     void fillRowMenu(QMenu &menu, const QStringList &taskIDs);
     void remove(const QStringList &taskIDs);
-    void showAdded(const QString &taskID);
+    std::function<void()> takingBack(const UndoToken &done);
+    void showAdded(const QString &taskID, const UndoToken &undo);
     void showAddedSeveral(const QStringList &taskIDs, const UndoToken &undo);
 
     MainWindow &m_window;

@@ -224,11 +224,16 @@ void MainWindow::showAction(const QString &message, const QString &action,
     showToast(message, action);
 }
 
+void MainWindow::addUndo(const QString &message, const std::function<void()> &undo)
+{
+    m_undoSteps.append({++m_lastOffer, message, undo});
+    if (m_undoSteps.size() > mostUndoSteps) m_undoSteps.removeFirst();
+}
+
 ToastPort::Offer MainWindow::showUndo(const QString &message, const std::function<void()> &undo)
 {
-    const ToastPort::Offer offer = ++m_lastOffer;
-    m_undoSteps.append({offer, message, undo});
-    if (m_undoSteps.size() > mostUndoSteps) m_undoSteps.removeFirst();
+    addUndo(message, undo);
+    const ToastPort::Offer offer = m_lastOffer;
     showAction(message, KWLocalizedString("Undo"), [this, offer] {
         if (const auto step = takeStep(offer)) step->undo();
     });
@@ -294,8 +299,8 @@ bool MainWindow::takeBackShown()
 
 bool MainWindow::takeBack()
 {
-    if (takeBackShown()) return true;
     if (m_undoSteps.isEmpty()) return false;
+    if (m_undoSteps.last().offer == m_undoOffer) return takeBackShown();
     const UndoStep last = m_undoSteps.takeLast();
     showMessage(KWLocalizedString("Undone: %1").arg(last.message));
     last.undo(); // which says so when it cannot

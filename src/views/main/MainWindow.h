@@ -43,6 +43,8 @@ public:
     void showAction(const QString &message, const QString &action, const std::function<void()> &perform);
     /// The same, with an action that takes something back.
     ToastPort::Offer showUndo(const QString &message, const std::function<void()> &undo);
+    /// Lets Ctrl+Z take something back that the person sees anyway; nothing is said about it before.
+    void addUndo(const QString &message, const std::function<void()> &undo);
     /// Takes the message away, if it is still there; `later` goes on taking back what it was about.
     void endUndo(ToastPort::Offer offer, std::function<void()> later);
     bool isUndoHeld(ToastPort::Offer offer) const;

@@ -1,34 +1,29 @@
 #include "views/quickadd/QuickAddController.h"
 
-#include "capture/NewTaskService.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/addfield/TaskPlace.h"
 #include "views/quickadd/QuickAddWindow.h"
-#include "views/quickadd/TaskPlace.h"
 
 #include <utility>
 
 // The window of one user with what fills it.
 struct QuickAddController::Content {
-    Content(OrvaneKit &openKit, AddFieldController::Rooms rooms)
-        : kit(openKit)
-        , newTasks(rooms.service)
+    explicit Content(AddFieldController::Rooms rooms)
+        : kit(rooms.kit)
         , user(kit.account().currentUserID())
         , earlier(kit.defaults().value(Settings::quickAddDrafts, user))
         , addField(window.field(), rooms)
-        , newMinute(kit.center().addObserver(KWNewMinuteComesNotification,
-                                             [this](const KWNotification &) { explainIfShown(); }))
     {
         QObject::connect(&window, &QuickAddWindow::left, &window, [this] { keepDrafts(); });
         QObject::connect(&addField, &AddFieldController::recognized, &window, [this] { explain(); });
         QObject::connect(&addField, &AddFieldController::failed, &window, &QuickAddWindow::showProblem);
-        QObject::connect(&addField, &AddFieldController::addedSeveral, &window,
-                         [this](const QStringList &taskIDs) {
-                             window.setSummary(KWLocalizedString("%1 tasks added").arg(taskIDs.size()));
-                         });
+        QObject::connect(
+            &addField, &AddFieldController::addedSeveral, &window,
+            [this](const QStringList &taskIDs) { window.setSummary(tasksAddedText(taskIDs.size())); });
         QObject::connect(&addField, &AddFieldController::added, &window,
                          [this](const QString &taskID) { goOn(taskID); });
     }
@@ -44,20 +39,11 @@ struct QuickAddController::Content {
         } else if (text.isEmpty() && !earlier.isEmpty()) {
             field.setText(earlier.takeLast());
         }
-        explain();
+        addField.refresh();
         window.popUp();
     }
 
-    void explain()
-    {
-        const NewTaskDraft draft = newTasks.compose(window.field().text(), addField.context());
-        window.setSummary(placeOf(draft, kit));
-    }
-
-    void explainIfShown()
-    {
-        if (window.isVisible()) explain();
-    }
+    void explain() { window.setSummary(placeOf(addField.draft(), kit)); }
 
     void goOn(const QString &taskID)
     {
@@ -78,21 +64,18 @@ struct QuickAddController::Content {
     }
 
     OrvaneKit &kit;
-    NewTaskService &newTasks;
     const QString user;
     QStringList earlier; // what was typed before what stands in the field now
     QuickAddWindow window;
     AddFieldController addField;
-    KWNotificationCenter::Observation newMinute;
 };
 
-QuickAddController::QuickAddController(OrvaneKit &kit, AddFieldController::Rooms rooms)
-    : m_kit(kit)
-    , m_rooms(rooms)
-    , m_signIn(kit.center().addObserver(KWUserDidSignInNotification,
-                                        [this](const KWNotification &) { showWaiting(); }))
-    , m_signOut(kit.center().addObserver(KWUserDidSignOutNotification,
-                                         [this](const KWNotification &) { m_content.reset(); }))
+QuickAddController::QuickAddController(AddFieldController::Rooms rooms)
+    : m_rooms(rooms)
+    , m_signIn(rooms.kit.center().addObserver(KWUserDidSignInNotification,
+                                              [this](const KWNotification &) { showWaiting(); }))
+    , m_signOut(rooms.kit.center().addObserver(KWUserDidSignOutNotification,
+                                               [this](const KWNotification &) { m_content.reset(); }))
 {
 }
 
@@ -102,12 +85,12 @@ QuickAddWindow *QuickAddController::window() const { return m_content ? &m_conte
 
 void QuickAddController::show(const QString &title, const QString &activationToken)
 {
-    if (!m_kit.account().isSignedIn()) {
+    if (!m_rooms.kit.account().isSignedIn()) {
         if (!title.isEmpty()) m_waiting.append(title);
         return;
     }
     if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    if (!m_content) m_content = std::make_unique<Content>(m_kit, m_rooms);
+    if (!m_content) m_content = std::make_unique<Content>(m_rooms);
     m_content->show(title);
 }
 

@@ -9,7 +9,6 @@
 
 #include <memory>
 
-class OrvaneKit;
 class QuickAddWindow;
 
 /// The window in which a task is typed without the main one. Its tasks go to the list for new tasks, unless
@@ -20,7 +19,7 @@ class QuickAddController : public QObject, public QuickAddPort {
 
 public:
     /// All outlive it.
-    QuickAddController(OrvaneKit &kit, AddFieldController::Rooms rooms);
+    explicit QuickAddController(AddFieldController::Rooms rooms);
     ~QuickAddController() override;
 
     /// A title does not replace what was typed: that comes back once the title is saved.
@@ -34,7 +33,6 @@ private:
 
     void showWaiting();
 
-    OrvaneKit &m_kit;
     AddFieldController::Rooms m_rooms;
     std::unique_ptr<Content> m_content;
     QStringList m_waiting; // titles, until somebody signs in

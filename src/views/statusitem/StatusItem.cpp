@@ -10,8 +10,8 @@
 #include "model/store/KWTaskTicker.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/addfield/TaskPlace.h"
 #include "views/menu/MainMenu.h"
-#include "views/quickadd/TaskPlace.h"
 #include "views/statusitem/PopoverWindow.h"
 #include "views/tasklist/PageHeader.h"
 #include "views/tasklist/ShownRows.h"
@@ -45,7 +45,7 @@ struct StatusItem::Popover {
         , service(rooms.kit.manager(), rooms.kit.account(), rooms.kit.center(), rooms.kit.bus())
         , rows(window, service, rooms.clock)
         , ticker(rooms.kit.manager())
-        , addField(window.addField(), {rooms.newTasks, rooms.clock, rooms.kit.defaults(), rooms.alerts})
+        , addField(window.addField(), {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts})
         , newMinute(rooms.kit.center().addObserver(KWNewMinuteComesNotification,
                                                    [this](const KWNotification &) { showHead(); }))
     {
@@ -61,9 +61,7 @@ struct StatusItem::Popover {
         QObject::connect(&addField, &AddFieldController::added, &window,
                          [this](const QString &taskID) { showPlaceOf(taskID); });
         QObject::connect(&addField, &AddFieldController::addedSeveral, &window,
-                         [this](const QStringList &taskIDs) {
-                             showMessage(KWLocalizedString("%1 tasks added").arg(taskIDs.size()));
-                         });
+                         [this](const QStringList &taskIDs) { showMessage(tasksAddedText(taskIDs.size())); });
         const QString today = KWSmartProject::today().displayName();
         window.header().setTitle(today);
         window.addField().setPlaceholder(KWLocalizedString("Add a task to “%1”").arg(today));

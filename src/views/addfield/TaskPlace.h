@@ -12,3 +12,6 @@ QString placeOf(const KWTaskModel &task, OrvaneKit &kit);
 
 /// The same of a task that is not saved yet: where it would go.
 QString placeOf(const NewTaskDraft &draft, OrvaneKit &kit);
+
+/// "3 tasks added".
+QString tasksAddedText(qsizetype count);

@@ -1,4 +1,4 @@
-#include "views/quickadd/TaskPlace.h"
+#include "views/addfield/TaskPlace.h"
 
 #include "capture/NewTaskDraft.h"
 #include "model/OrvaneKit.h"
@@ -42,4 +42,9 @@ QString placeOf(const NewTaskDraft &draft, OrvaneKit &kit)
     if (!mayTakeTasks(kit.context().find<KWProject>(task.projectID)))
         task.projectID = KWProject::inboxIDOfUser(task.userID);
     return placeOf(task, kit);
+}
+
+QString tasksAddedText(qsizetype count)
+{
+    return count == 1 ? KWLocalizedString("1 task added") : KWLocalizedString("%1 tasks added").arg(count);
 }
