@@ -123,8 +123,7 @@ void TitleReading::readTags()
 {
     if (!m_kinds.testFlag(TokenKind::Tag)) return;
     QSet<QString> names;
-    for (const auto &each : KWTagTextEntity::validEntitiesInText(m_text)) {
-        if (!isFree(each->range())) continue;
+    for (const auto &each : KWTagTextEntity::validEntitiesInText(textForTags())) {
         occupy(each->range());
         m_tagEntities.append(each);
         const QString name = KWTag::nameForLabel(each->tagName());
@@ -132,6 +131,17 @@ void TitleReading::readTags()
         names.insert(name);
         m_result.tags.append(each->tagName());
     }
+}
+
+// A list is no word that a tag could stand in: "~garden#errand" names both.
+QString TitleReading::textForTags() const
+{
+    if (!m_newList) return m_free;
+    const QStringView list = QStringView{m_free}.sliced(m_newList->location);
+    const auto isHashMark = [](QChar unit) { return unit == u'#' || unit == u'＃'; };
+    const auto mark = std::ranges::find_if(list, isHashMark);
+    if (mark == list.end()) return m_free;
+    return masked(m_free, {{m_newList->location, mark - list.begin()}});
 }
 
 void TitleReading::readPriorities()

@@ -36,6 +36,7 @@ private:
     void occupy(TextRange range);
     void addPiece(RecognizedPieceType type, TextRange range, const QString &value);
     bool mayNameNewList(const KWCandidateEntity &token) const;
+    QString textForTags() const;
     void endNewListAt(qsizetype position);
     bool addNewList();
     void parseDate(const CXClock &clock, const QList<KWCandidateEntity> &dateTokens);
