@@ -419,6 +419,22 @@ bool daysOfMonthRange(const Match &match, Fragment &fragment)
     return true;
 }
 
+bool numberedDayRange(const Match &match, Fragment &fragment)
+{
+    const auto number = [&](int nth) {
+        return match.digits(nth) <= 2 ? match.value(Symbol::Number, nth) : 0;
+    };
+    const int first = number(0) * 100 + number(1);
+    const int last = number(2) * 100 + number(3);
+    const bool isOverNewYear = number(0) == 12 && number(2) == 1;
+    if (last <= first && !isOverNewYear) return false;
+    if (!setDate(fragment, 0, number(2), number(3))) return false;
+    fragment.endDay = fragment.day;
+    if (!setDate(fragment, 0, number(0), number(1))) return false;
+    setRange(fragment);
+    return true;
+}
+
 bool daysOfComingMonthRange(const Match &match, Fragment &fragment)
 {
     const int first = match.value(Symbol::Number, 0);

@@ -40,6 +40,7 @@ enum class Guard {
     Closes,     ///< no unknown word, loose number or counted thing: "at 5" but not "at 5 Main Street"
     NotCounted, ///< no counted thing: "may 3" but not "may 3 people"
     Ends,       ///< no word or number: the end or a sign
+    NotTimed,   ///< no time: "after 5, friday" but not "after midnight, friday 7am"
     Longest,    ///< nothing that makes it longer: "last friday" but not "last friday of may"
 };
 

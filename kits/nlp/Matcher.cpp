@@ -56,6 +56,7 @@ void Matcher::tryRule(const Rule &rule, std::uint32_t index, SymbolSet &pending)
     if (rule.guard == Guard::Closes && !isClosed) return;
     if (rule.guard == Guard::NotCounted && isCountedAt(m_end)) return;
     if (rule.guard == Guard::Ends && !isLastBefore(m_end)) return;
+    if (rule.guard == Guard::NotTimed && (*m_places)[m_end].symbols.contains(Symbol::Clock)) return;
     if (rule.guard == Guard::Longest && isBeginningOfLonger(index, m_end)) return;
     match.setClosed(isClosed);
     Phrase phrase{rule.product, index, m_end, {}};

@@ -50,6 +50,28 @@ std::uint32_t endWithTo(const std::vector<nlp::Token> &tokens, std::uint32_t end
     return isFollowed ? end + 1 : end;
 }
 
+bool isCopula(const nlp::Token &token)
+{
+    return token.kind == nlp::TokenKind::Word && token.means(nlp::Symbol::Copula);
+}
+
+bool isSign(const nlp::Token &token) { return token.kind == nlp::TokenKind::Sign; }
+
+// "The party is friday": without its day nothing is said of the party.
+std::uint32_t beginWithCopula(const std::vector<nlp::Token> &tokens, std::uint32_t begin, std::uint32_t end)
+{
+    const bool isLast = end == tokens.size() || isSign(tokens[end]);
+    const bool isSaid = begin >= 2 && isCopula(tokens[begin - 1]) && !isSign(tokens[begin - 2]);
+    return isLast && isSaid ? begin - 1 : begin;
+}
+
+// "Tomorrow is trash day".
+std::uint32_t endWithCopula(const std::vector<nlp::Token> &tokens, std::uint32_t begin, std::uint32_t end)
+{
+    const bool isSaid = end + 1 < tokens.size() && isCopula(tokens[end]) && !isSign(tokens[end + 1]);
+    return begin == 0 && isSaid ? end + 1 : end;
+}
+
 void addStrings(std::wstring_view text, const Workspace &work, nlp::Answer &answer)
 {
     for (std::size_t i = 0; i < work.chosen.size();) {
@@ -60,7 +82,9 @@ void addStrings(std::wstring_view text, const Workspace &work, nlp::Answer &answ
         const nlp::Phrase &first = *work.chosen[i].phrase;
         std::uint32_t endToken = work.chosen[last].phrase->end;
         if (first.symbol == nlp::Symbol::Reminder) endToken = endWithTo(work.tokens, endToken);
-        const auto begin = work.tokens[first.begin].begin;
+        const std::uint32_t beginToken = beginWithCopula(work.tokens, first.begin, endToken);
+        endToken = endWithCopula(work.tokens, beginToken, endToken);
+        const auto begin = work.tokens[beginToken].begin;
         const auto end = work.tokens[endToken - 1].end;
         answer.recognized.push_back(text.substr(begin, end - begin));
         i = last + 1;

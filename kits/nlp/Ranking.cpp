@@ -92,14 +92,20 @@ bool isAtHome(const Fragment &fragment, unsigned filled)
 void Ranking::choose(std::span<const Phrase> phrases, std::vector<Candidate> &chosen)
 {
     chosen.clear();
+    const auto movesThing = [](const Token &token) { return token.means(Symbol::Mover); };
+    m_mover = std::size_t(std::ranges::find_if(m_tokens, movesThing) - m_tokens.begin());
+    constexpr int aboveAll = 32;
     for (const Phrase &phrase : phrases)
         if (isPiece(phrase.symbol) && standsFree(phrase))
-            chosen.push_back({&phrase, saysWhich(phrase), rankOf(phrase)});
+            chosen.push_back(
+                {&phrase, saysWhich(phrase), rankOf(phrase) + (isMarked(phrase) ? aboveAll : 0)});
     dropClarified(chosen);
     silencePurposes(chosen);
     const unsigned filled = fillSlots(chosen);
-    const bool hasNoDay = (filled & MovedSlot) != 0 ||
-                          ((filled & UnclearDaySlot) != 0 && (filled & (DaySlot | RepeatSlot)) == 0);
+    const bool isMeant = std::ranges::any_of(
+        chosen, [this](const Candidate &candidate) { return isMarked(*candidate.phrase); });
+    const bool hasNoDay = !isMeant && ((filled & MovedSlot) != 0 || ((filled & UnclearDaySlot) != 0 &&
+                                                                     (filled & (DaySlot | RepeatSlot)) == 0));
     std::erase_if(chosen, [&](const auto &candidate) {
         return hasNoDay || !isAtHome(candidate.phrase->fragment, filled);
     });
@@ -181,11 +187,28 @@ bool Ranking::standsFree(const Phrase &phrase) const
     return isFreeBefore(m_tokens[phrase.begin]) && isFreeAfter(m_tokens[phrase.end - 1]) && !isCount(phrase);
 }
 
-// "明天的会议" says which meeting, as "tomorrow's meeting" does.
+bool Ranking::isMarked(const Phrase &phrase) const
+{
+    const std::size_t begin = m_tokens[phrase.begin].begin;
+    return begin > 0 && at(begin - 1) == L'*' && (begin == 1 || isSpace(at(begin - 2)));
+}
+
+// "Postpone the call from monday to thursday": the days are those of the call.
+bool Ranking::isMoved(const Phrase &phrase) const
+{
+    return m_mover < phrase.begin && m_tokens[phrase.begin].means(Symbol::From) &&
+           (phrase.fragment.slots & EndDaySlot) != 0;
+}
+
+// "明天的会议" says which meeting, as "tomorrow's meeting" does, and "noon rush" which rush.
 bool Ranking::saysWhich(const Phrase &phrase) const
 {
+    if (isMarked(phrase)) return false;
+    if (isMoved(phrase)) return true;
     if (phrase.end == m_tokens.size()) return false;
     const Token &next = m_tokens[phrase.end];
+    const bool isBare = phrase.end - phrase.begin == 1;
+    if (isBare && m_tokens[phrase.begin].means(Symbol::NamedTime)) return next.isUnknownWord();
     return next.kind == TokenKind::Ideograph && next.means(Symbol::Of);
 }
 
@@ -269,8 +292,12 @@ bool Ranking::isCount(const Phrase &phrase) const
     if (!hasNumber || phrase.begin == 0) return false;
     // A day whose month is none is no day either.
     const Token &previous = m_tokens[phrase.begin - 1];
-    const bool isFraction = phrase.end - phrase.begin == 3 && m_tokens[phrase.begin + 1].means(Symbol::Slash);
+    const auto isJoinedBy = [&](Symbol sign) {
+        return phrase.end - phrase.begin > 1 && m_tokens[phrase.begin + 1].means(sign);
+    };
+    const bool isFraction = phrase.end - phrase.begin == 3 && isJoinedBy(Symbol::Slash);
     if (isFraction && previous.kind == TokenKind::Number) return true; // "3 1/2"
+    if (previous.means(Symbol::Gauge) && isJoinedBy(Symbol::Dot)) return true;
     return previous.means(Symbol::ScoreWord) || (previous.means(Symbol::MonthMark) && first.touchesPrevious);
 }
 

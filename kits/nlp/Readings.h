@@ -82,6 +82,7 @@ bool partOfPeriod(const Match &match, Fragment &fragment);      ///< "middle of 
 bool dayRange(const Match &match, Fragment &fragment);
 bool daysOfMonthRange(const Match &match, Fragment &fragment);
 bool daysOfComingMonthRange(const Match &match, Fragment &fragment);
+bool numberedDayRange(const Match &match, Fragment &fragment); ///< "10.1-10.7"
 bool dayToDayOfMonth(const Match &match, Fragment &fragment);
 bool neighbouringDays(const Match &match, Fragment &fragment); ///< "today and tomorrow"
 bool neighbouringDaysOfMonth(const Match &match, Fragment &fragment);

@@ -101,11 +101,13 @@ enum class Symbol : std::uint8_t {
     CountMark,
     FunctionWord, ///< a word that may follow a date without belonging to it ("with")
     Measure,      ///< a thing that is counted ("pages"): a number before it is no date
+    Gauge,        ///< what is told in decimals ("温度"): "4.9-5.1" behind it are no days
     ScoreWord,    ///< a word after which numbers are no times ("ratio")
     Street,       ///< the end of a street's name: the number before it is that of a house
     Zone,         ///< a time zone: the time before it is another place's
     Possessive,   ///< whose it is: a day behind it says which
     MoveTo,       ///< to what day another thing is moved
+    Mover,        ///< "postpone": days from one to another are those of another thing
     Copula,       ///< "is": a day on either side is a statement
     Lunar,        ///< of the lunar calendar
     Vague,        ///< a span of a year that begins on no known day ("春天")

@@ -223,13 +223,14 @@ void Tokenizer::readWord()
     append(end, TokenKind::Word);
 }
 
-// "2:45p".
+// "2:45p", "thu 8p".
 bool Tokenizer::isShortMeridiem() const
 {
-    if (m_tokens->size() < 3 || (at(m_position) != L'a' && at(m_position) != L'p')) return false;
-    const bool endsTime =
-        isDigit(at(m_position - 1)) && (*m_tokens)[m_tokens->size() - 2].means(Symbol::Colon);
-    return endsTime && !isAlphanumericAt(m_position + 1);
+    if (m_tokens->size() < 2 || (at(m_position) != L'a' && at(m_position) != L'p')) return false;
+    if (!isDigit(at(m_position - 1)) || isAlphanumericAt(m_position + 1)) return false;
+    const Token &beforeNumber = (*m_tokens)[m_tokens->size() - 2];
+    return beforeNumber.means(Symbol::Colon) || beforeNumber.means(Symbol::Weekday) ||
+           beforeNumber.means(Symbol::AmbiguousWeekday) || beforeNumber.means(Symbol::RelativeDay);
 }
 
 void Tokenizer::readSign()

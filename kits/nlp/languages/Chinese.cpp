@@ -123,6 +123,9 @@ constexpr Word words[] = {
     {L"春天|夏天|秋天|冬天|春季|夏季|秋季|冬季|上半年|下半年|春节|春節|除夕|中秋|中秋节|中秋節|端午|端午节|"
      L"端午節|清明|清明节|清明節|元宵|元宵节|元宵節|七夕|重阳|重陽|重阳节|重陽節|暑假|寒假",
      Vague},
+    {L"视力|視力|体温|體溫|温度|溫度|气温|氣溫|涨幅|漲幅|跌幅|汇率|匯率|利率|单价|單價|价格|價格|房价|房價|"
+     L"均价|均價|股价|股價|血糖|酸碱度|酸鹼度|区间|區間|范围|範圍",
+     Gauge},
     {L"第|共|有|以下|如下|注意|版本|比分|比例|得分|评分|評分|第几", ScoreWord},
 
     // Those of the lunar calendar and Qingming are left out.
@@ -146,7 +149,8 @@ constexpr Word words[] = {
     {L"复活节|復活節", Holiday, easter(0)},
 
     // Words whose parts would be read.
-    {L"一下|上下|以上|以后再|以後再|天后宫|天天向上|后天性|後天性|天气|天氣|天空|天然|天线|天線|日本|日记|"
+    {L"一日三餐|天天特价|天天特價|一下|上下|以上|以后再|以後再|天后宫|天天向上|后天性|後天性|天气|天氣|天空|"
+     L"天然|天线|天線|日本|日记|"
      L"日記|日报|日報|日程|日常|日志|日誌|周末愉快|周末快乐|周年|週年|周期|週期|周报|週報|周到|周围|周边|"
      L"周刊|月饼|月餅|月亮|月票|月报|月報|月球|年轻|年輕|年级|年級|年报|年報|年会|年會|年货|年貨|时间|時間|"
      L"时候|時候|时代|時代|时尚|分享|分析|分类|分類|分数|分數|分之|刻度|半夜鸡叫|半价|半價|今天新闻|生日|"
@@ -269,6 +273,10 @@ constexpr Rule rules[] = {
     {DayRange, {Day, To, Number, DayMark}, dayToDayOfMonth},
     {DayRange, {Number, To, Number, DayMark}, daysOfComingMonthRange},
     {DayRange, {Number, MonthMark, Number, To, Number, DayMark}, daysOfMonthRange},
+    {DayRange,
+     {Number, Dot, Number, To, Number, Dot, Number, maybe(DayMark)},
+     numberedDayRange,
+     Guard::NotCounted},
     {DayRange, {From, DayRange}, inner},
 
     // Repeats.

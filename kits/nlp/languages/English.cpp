@@ -125,7 +125,8 @@ constexpr Word words[] = {
     {L"and", And},
     {L"or", Or},
     {L"to", MoveTo},
-    {L"is", Copula},
+    {L"is|will be", Copula},
+    {L"postpone|postponed|reschedule|rescheduled|move|moved", Mover},
     {L"my|our|your|their|his", Possessive},
     {L"times", Times},
     {L"end of|the end of|at the end of|by the end of|by end of|at end of", EndOf},
@@ -134,7 +135,8 @@ constexpr Word words[] = {
      StartOf},
     {L"mid|by mid|in mid|middle of|the middle of|in the middle of|by the middle of", MonthPart, 15},
     {L"eod|end of day|end of the day|by end of day|by the end of day|by end of the day|by the end of the "
-     L"day|at the end of the day|at end of day|the end of the day|end of today|close of business",
+     L"day|at the end of the day|at end of day|the end of the day|end of today|by end of today|by the end of "
+     L"today|at the end of today|close of business",
      PeriodEnd, value(nlp::Unit::Day)},
     {L"eow", PeriodEnd, value(nlp::Unit::Week)},
     {L"eom", PeriodEnd, value(nlp::Unit::Month)},
@@ -203,7 +205,9 @@ constexpr Word words[] = {
      Plain},
     {L"24/7|9/11|50/50|in a minute|in a moment|in an hour or so|in an hour or two|in a day or so|in a day or "
      L"two|in a week or so|in a week or two|in a month or two|one day|some day|day to day|good morning|good "
-     L"afternoon|good evening|good night|sunday roast|sunday best|sunday school|casual friday|fat "
+     L"afternoon|good evening|good night|sunday roast|sunday best|sunday school|sunday paper|sunday papers|5 "
+     L"o'clock shadow|five o'clock shadow|3pm slump|high noon|4/4 "
+     L"time|4/4 beat|4/4 drum|4/4 groove|3/4 beat|6/8 time|6/8 beat|6/8 groove|casual friday|fat "
      L"tuesday|friday night lights|sun cream|sun screen|sun hat|sun "
      L"block|sun lamp|sun lotion|the sun|in the sun|may day|day off|next to|at first|at last|at least|at "
      L"most|at once|at all",
@@ -251,6 +255,7 @@ constexpr Rule rules[] = {
     {ClockRange, {Number, To, Clock}, clockRange},
     {ClockRange, {Clock, To, Number}, clockRange, Guard::Closes},
     {ClockRange, {From, Number, To, Number}, clockRange, Guard::Closes},
+    {ClockRange, {From, Number, Until, Number}, clockRange, Guard::NotCounted},
     {ClockRange, {From, ClockRange}, inner},
     {ClockRange, {Between, Clock, And, Clock}, clockRange},
     {ClockRange, {Between, Number, And, Clock}, clockRange},
@@ -408,6 +413,8 @@ constexpr Rule rules[] = {
     {Repeat, {Every, Ordinal}, everyDayOfMonth, Guard::Closes},
     {Repeat, {Every, Ordinal, Of, The, Unit}, everyDayOfMonth},
     {Repeat, {Every, Date}, everyDate},
+    {Repeat, {The, Ordinal, Every, Unit}, everyDayOfMonth},
+    {Repeat, {On, maybe(The), Ordinal, Every, Unit}, everyDayOfMonth},
     {Repeat, {Every, Holiday}, everyHoliday, Guard::Closes},
     {Repeat, {EveryUnit, maybe(On), Holiday}, everyHoliday, Guard::Closes},
     {Repeat, {Every, Last, AnyWeekday, Of, maybe(The), Unit}, everyNthWeekdayOfMonth},
@@ -451,6 +458,8 @@ constexpr Rule rules[] = {
     {Combined, {Day, maybe(Comma), At, Number}, dayAndHour, Guard::NotCounted},
     {Combined, {Day, maybe(Comma), Number, To, Number}, dayAndHours, Guard::Closes},
     {Combined, {Number, To, Number, AnyWeekday}, dayAndHours, Guard::Closes},
+    {Combined, {Between, Number, And, Number, Day}, dayAndHours},
+    {Combined, {Day, maybe(Comma), Between, Number, And, Number}, dayAndHours, Guard::NotCounted},
     {Combined, {Number, Dot, Number, FullStop, Clock}, dayAndMonth},
     {Combined, {Day, In, The, DayPart}, dayPart},
     {Combined, {Repeat, DayPart}, dayPart},
@@ -465,7 +474,7 @@ constexpr Rule rules[] = {
     {Combined, {Clock, Quantity}, durationAfterTime, Guard::Ends},
     {Combined, {Day, maybe(Comma), Clock, Quantity}, durationAfterTime, Guard::Ends},
     {Combined, {AnyWeekday, maybe(Comma), Clock, Quantity}, durationAfterTime, Guard::Ends},
-    {Combined, {Clock, maybe(Comma), Day}, inner},
+    {Combined, {Clock, maybe(Comma), Day}, inner, Guard::NotTimed},
     {Combined, {Clock, maybe(Comma), Combined}, timeAndDay},
     {Combined, {DayRange, maybe(Comma), Number, To, Number}, dayAndHours, Guard::Closes},
     {Combined, {Number, To, Number, DayRange}, dayAndHours},
@@ -476,6 +485,7 @@ constexpr Rule rules[] = {
     {Combined, {AnyWeekday, By, Number}, dayAndHour, Guard::Closes},
     {Combined, {AnyWeekday, At, Number}, dayAndHour, Guard::NotCounted},
     {Combined, {AnyWeekday, maybe(Comma), Number, To, Number}, dayAndHours, Guard::Closes},
+    {Combined, {AnyWeekday, maybe(Comma), Between, Number, And, Number}, dayAndHours, Guard::NotCounted},
     {Combined, {AnyWeekday, maybe(Comma), Clock}, inner},
     {Combined, {AnyWeekday, maybe(Comma), ClockRange}, inner},
     {Combined, {Clock, AnyWeekday}, inner, Guard::Closes},
