@@ -1,11 +1,18 @@
 #include "gui/AddFieldFixture.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
+#include "support/Answers.h"
+#include "support/CaseTable.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/MainWindow.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QLabel>
+#include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +22,15 @@ class OpenField_test : public QObject {
 
     std::unique_ptr<AddFieldFixture> m_client;
 
+    KWNewTaskTextField &field() { return m_client->field(); }
+    QString marks() { return joined(field().pieces(), &RecognizedPiece::text); }
+    // Of the mark with that text, in the viewport.
+    QPoint centreOf(const QString &mark)
+    {
+        const auto piece = std::ranges::find(field().pieces(), mark, &RecognizedPiece::text);
+        if (piece == field().pieces().end()) qFatal("no mark %s", qUtf8Printable(mark));
+        return field().viewport()->mapFromGlobal(field().globalBoundsOf(*piece).center());
+    }
     KWTaskModel saved()
     {
         m_client->press(Qt::Key_Return);
@@ -48,13 +64,46 @@ private Q_SLOTS:
         QCOMPARE(plants.priority, KWTaskPriorityMedium);
     }
 
+    void saysWhatMarksMeanAndLetsThemBeTakenBack_data() { addCaseRows("gui/marks.txt", 5); }
+    void saysWhatMarksMeanAndLetsThemBeTakenBack()
+    {
+        QFETCH(QStringList, cells);
+        m_client->add(u"Desk ~Home Office"_s);
+        QCOMPARE(field().accessibleDescription(), field().placeholder());
+        m_client->type(cells[0]);
+        m_client->press(Qt::Key_Escape); // the rows that complete it
+        field().setFocus();
+        QCOMPARE(field().accessibleDescription(), cells[3]);
+        const QPoint mark = centreOf(cells[1]);
+        QHelpEvent pointing{QEvent::ToolTip, mark, field().viewport()->mapToGlobal(mark)};
+        QApplication::sendEvent(field().viewport(), &pointing);
+        QCOMPARE(QToolTip::text(), cells[2]);
+
+        const QString before = marks();
+        QTest::mouseClick(field().viewport(), Qt::LeftButton, {}, mark);
+        QCOMPARE(marks(), cells[4] == u"-" ? QString{} : cells[4]);
+        if (marks() == before) return;
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(marks(), before);
+        QCOMPARE(field().text(), cells[0]);
+        // Once something else was typed, Ctrl+Z is about that.
+        QTest::mouseClick(field().viewport(), Qt::LeftButton, {}, centreOf(cells[1]));
+        m_client->type(u" x"_s);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(marks() != before && field().text() != cells[0] + u" x"_s);
+        field().selectAll();
+        m_client->press(Qt::Key_Delete);
+        m_client->type(cells[0]);
+        QCOMPARE(marks(), before);
+    }
+
     void oneAddIsUndoneBeforeWhatWasDoneEarlier()
     {
         const auto undo = [this] { m_client->press(Qt::Key_Z, Qt::ControlModifier); };
         m_client->add(u"Pay rent"_s);
         m_client->find<QWidget>("taskList").setFocus();
         m_client->press(Qt::Key_Delete);
-        m_client->field().setFocus();
+        field().setFocus();
         m_client->add(u"Water the plants #balcony"_s);
         QCOMPARE(m_client->shownTitles(), QStringList{u"Water the plants"_s});
         undo();

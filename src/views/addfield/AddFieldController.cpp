@@ -5,6 +5,8 @@
 #include "model/OrvaneKit.h"
 #include "views/addfield/FieldHelp.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/addfield/MarkMeaning.h"
+#include "views/addfield/TaskPlace.h"
 #include "views/addfield/TitleLessons.h"
 
 #include <QFocusEvent>
@@ -14,6 +16,7 @@
 
 AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
     : m_field(field)
+    , m_kit(rooms.kit)
     , m_service(rooms.service)
     , m_referees(rooms.kit)
     , m_alerts(rooms.alerts)
@@ -24,7 +27,9 @@ AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
     m_field.installEventFilter(this);
     m_meaningChanged = m_service.observeMeaning([this] { refresh(); });
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
-    connect(&m_field, &KWNewTaskTextField::pieceClicked, this, &AddFieldController::undo);
+    connect(&m_field, &KWNewTaskTextField::pieceClicked, this,
+            [this](const RecognizedPiece &piece) { takeBack(piece, TakenBackMarks::By::Click); });
+    m_field.explainPiece = [this](const RecognizedPiece &piece) { return meaningOf(piece, m_draft, m_kit); };
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
     connect(&m_completion, &TokenCompletion::committed, this, &AddFieldController::take);
     m_field.shouldCreateMultiTasks = [this](const QString &pasted) { return shouldCreateMultiTasks(pasted); };
@@ -67,11 +72,7 @@ NewTaskContext AddFieldController::context() const
 
 bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress) {
-        const auto *key = static_cast<QKeyEvent *>(event);
-        const bool isBackspace = key->key() == Qt::Key_Backspace && key->modifiers() == Qt::NoModifier;
-        if (isBackspace && undoBeforeCaret()) return true;
-    }
+    if (event->type() == QEvent::KeyPress && obey(*static_cast<QKeyEvent *>(event))) return true;
     if (event->type() == QEvent::FocusOut && m_field.text().isEmpty()) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) endPreset();
@@ -79,13 +80,18 @@ bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
+bool AddFieldController::obey(const QKeyEvent &key)
+{
+    const bool isBackspace = key.key() == Qt::Key_Backspace && key.modifiers() == Qt::NoModifier;
+    if (isBackspace) return takeBackBeforeCaret();
+    if (!key.matches(QKeySequence::Undo) || !m_takenBack.restoreLast(m_field.text())) return false;
+    recognize(m_field.text());
+    return true;
+}
+
 void AddFieldController::recognize(const QString &text)
 {
-    if (text.isEmpty()) {
-        m_options = {};
-        m_undoneByKey.reset();
-    }
-    resumeAfterEdit(text);
+    m_takenBack.follow(text);
     refresh();
     keepOnePriority();
     m_completion.update(m_options, m_draft.task.projectID);
@@ -96,6 +102,7 @@ void AddFieldController::refresh()
 {
     m_draft = m_service.compose(m_field.text(), context(), m_referees);
     m_field.setPieces(m_draft.recognition.pieces);
+    m_field.setUnderstood(m_field.text().isEmpty() ? QString{} : placeOf(m_draft, m_kit));
     Q_EMIT recognized();
 }
 
@@ -151,29 +158,14 @@ void AddFieldController::remove(const RecognizedPiece &piece)
     m_field.remove(range, m_field.text().mid(range.location, range.length));
 }
 
-bool AddFieldController::undo(const RecognizedPiece &piece)
+bool AddFieldController::takeBack(const RecognizedPiece &piece, TakenBackMarks::By by)
 {
-    switch (piece.type) {
-    case RecognizedPieceType::Date:
-        m_options.donotParseDate = true;
-        break;
-    case RecognizedPieceType::Assignee:
-        m_options.donotParseAssignee = true;
-        break;
-    case RecognizedPieceType::List:
-        m_options.blockedProjects.insert(piece.value);
-        break;
-    case RecognizedPieceType::Priority:
-        m_options.blockedPriorities.insert(KWTaskPriority(piece.value.toInt()));
-        break;
-    case RecognizedPieceType::Tag:
-        return false;
-    }
+    if (!m_takenBack.takeBack(piece, by, m_field.text())) return false;
     recognize(m_field.text());
     return true;
 }
 
-bool AddFieldController::undoBeforeCaret()
+bool AddFieldController::takeBackBeforeCaret()
 {
     const QTextCursor cursor = m_field.textCursor();
     if (cursor.hasSelection()) return false;
@@ -181,22 +173,7 @@ bool AddFieldController::undoBeforeCaret()
         return piece.location + piece.length == cursor.position();
     });
     if (before == m_field.pieces().end()) return false;
-    const RecognizedPiece piece = *before;
-    if (!undo(piece)) return false;
-    m_undoneByKey = piece;
-    return true;
-}
-
-// Backspace was a correction after all where the words it was pressed behind are changed next.
-void AddFieldController::resumeAfterEdit(const QString &text)
-{
-    if (!m_undoneByKey || text.contains(m_undoneByKey->text)) return;
-    const RecognizedPiece piece = *std::exchange(m_undoneByKey, std::nullopt);
-    if (piece.type == RecognizedPieceType::Date) m_options.donotParseDate = false;
-    if (piece.type == RecognizedPieceType::Assignee) m_options.donotParseAssignee = false;
-    if (piece.type == RecognizedPieceType::List) m_options.blockedProjects.remove(piece.value);
-    if (piece.type == RecognizedPieceType::Priority)
-        m_options.blockedPriorities.remove(KWTaskPriority(piece.value.toInt()));
+    return takeBack(RecognizedPiece{*before}, TakenBackMarks::By::Backspace);
 }
 
 void AddFieldController::submit(const QString &text)
@@ -204,7 +181,7 @@ void AddFieldController::submit(const QString &text)
     const auto made = m_service.save(m_service.compose(text, context(), m_referees));
     if (!made) return Q_EMIT failed(made.error().sentence);
     m_referees.restoreToPreset();
-    m_field.setText({});
+    m_field.setPresetContent({});
     teachNext();
     Q_EMIT added(made->tasks.first().sid, made->undo);
 }

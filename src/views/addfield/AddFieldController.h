@@ -8,6 +8,7 @@
 #include "model/records/KWListIdentifier.h"
 #include "model/store/UndoToken.h"
 #include "views/addfield/DateTip.h"
+#include "views/addfield/TakenBackMarks.h"
 #include "views/addfield/TokenCompletion.h"
 
 #include <QObject>
@@ -15,10 +16,12 @@
 class AlertPort;
 class KWNewTaskTextField;
 class NewTaskService;
+class QKeyEvent;
 
-/// Joins an add field with recognition and saving: marks the pieces while one types, completes tokens, takes
-/// a recognition back when its mark is clicked or Backspace is pressed right behind it, and saves on Enter.
-/// The text leaves the field only once it is saved. Main thread.
+/// Joins an add field with recognition and saving: marks the pieces while one types and says what they mean,
+/// completes tokens, takes a recognition back when its mark is clicked or Backspace is pressed right behind
+/// it, brings it back by Ctrl+Z, and saves on Enter. The text leaves the field only once it is saved. Main
+/// thread.
 class AddFieldController : public QObject {
     Q_OBJECT
 
@@ -64,15 +67,16 @@ private:
     void showDateTip();
     void teachNext();
     void remove(const RecognizedPiece &piece);
-    /// Whether there was anything to undo.
-    bool undo(const RecognizedPiece &piece);
-    bool undoBeforeCaret();
-    void resumeAfterEdit(const QString &text);
+    /// Whether there was anything to take back.
+    bool takeBack(const RecognizedPiece &piece, TakenBackMarks::By by);
+    bool takeBackBeforeCaret();
+    bool obey(const QKeyEvent &key);
     void submit(const QString &text);
     bool shouldCreateMultiTasks(const QString &pasted);
     void createMultiTasks(const QString &pasted);
 
     KWNewTaskTextField &m_field;
+    OrvaneKit &m_kit;
     NewTaskService &m_service;
     NewTaskReferees m_referees;
     NewTaskDraft m_draft;
@@ -83,7 +87,7 @@ private:
     KWListIdentifier m_list;
     std::optional<NewTaskContext> m_preset;
     RecognitionOptions m_options; // until the field is empty again
+    TakenBackMarks m_takenBack{m_options};
     QList<KWNotificationCenter::Observation> m_meaningChanged;
-    std::optional<RecognizedPiece> m_undoneByKey;
     std::optional<KWTaskPriority> m_parsedPriorityResult;
 };

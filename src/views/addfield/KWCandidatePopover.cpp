@@ -22,14 +22,15 @@ bool KWCandidatePopover::matchCandidatesWith(const QString &keyword)
 {
     const QLocale locale;
     const QString wanted = folded(keyword, locale);
-    m_shown = m_original;
+    m_dataSourceArray = m_originalDataSourceArray;
     m_defaultSelectedIndex = 0;
     if (wanted.isEmpty()) return false;
-    m_shown.removeIf(
+    m_dataSourceArray.removeIf(
         [&](const KWCandidateModel &each) { return !folded(each.title, locale).contains(wanted); });
-    const auto equal = std::ranges::find(m_shown, locale.toLower(keyword), &KWCandidateModel::title);
-    if (equal != m_shown.end()) {
-        std::rotate(m_shown.begin(), equal, equal + 1);
+    const auto equal =
+        std::ranges::find(m_dataSourceArray, locale.toLower(keyword), &KWCandidateModel::title);
+    if (equal != m_dataSourceArray.end()) {
+        std::rotate(m_dataSourceArray.begin(), equal, equal + 1);
         return true;
     }
     m_defaultSelectedIndex = rowBeginningWith(wanted);
@@ -39,9 +40,10 @@ bool KWCandidatePopover::matchCandidatesWith(const QString &keyword)
 int KWCandidatePopover::rowBeginningWith(const QString &wanted) const
 {
     const QLocale locale;
-    const auto found = std::ranges::find_if(
-        m_shown, [&](const KWCandidateModel &each) { return folded(each.title, locale).startsWith(wanted); });
-    if (found != m_shown.end()) return int(found - m_shown.begin());
+    const auto found = std::ranges::find_if(m_dataSourceArray, [&](const KWCandidateModel &each) {
+        return folded(each.title, locale).startsWith(wanted);
+    });
+    if (found != m_dataSourceArray.end()) return int(found - m_dataSourceArray.begin());
     return mayBeNew() ? -1 : 0;
 }
 
@@ -52,19 +54,19 @@ void KWCandidatePopover::showIn(KWCandidateViewController &candidateVC, QWidget 
     m_inputControl = &inputControl;
     m_replacementRange = replacementRange;
     candidateVC.selectedHandler = [this](int row) { commit(row); };
-    candidateVC.show(m_shown, m_defaultSelectedIndex, position);
+    candidateVC.show(m_dataSourceArray, m_defaultSelectedIndex, position);
 }
 
 bool KWCandidatePopover::isShown() const
 {
-    return m_replacementRange && m_candidateVC && m_candidateVC->isVisible();
+    return m_inputControl && m_candidateVC && m_candidateVC->isVisible();
 }
 
 bool KWCandidatePopover::doCommandBy(Command command)
 {
     if (!isShown()) return false;
     const int selected = m_candidateVC->selectedIndex();
-    const int last = int(m_shown.size()) - 1;
+    const int last = int(m_dataSourceArray.size()) - 1;
     switch (command) {
     case Command::MoveUp:
         m_candidateVC->setSelectedIndex(std::max(selected - 1, 0));
@@ -93,9 +95,9 @@ bool KWCandidatePopover::doCommandBy(Command command)
 
 void KWCandidatePopover::commit(int row)
 {
-    if (!m_replacementRange || row < 0 || row >= m_shown.size()) return;
+    if (!m_replacementRange || row < 0 || row >= m_dataSourceArray.size()) return;
     const TextRange replaced = *m_replacementRange;
-    const KWCandidateModel candidate = m_shown.at(row);
+    const KWCandidateModel candidate = m_dataSourceArray.at(row);
     dismiss();
     if (onCommit) onCommit(replaced, candidate);
 }

@@ -44,11 +44,7 @@ public:
     /// Takes the candidates as they are now.
     virtual void updateData(const Context &context) = 0;
 
-    const QList<KWCandidateModel> &originalDataSourceArray() const { return m_original; }
-    const QList<KWCandidateModel> &dataSourceArray() const { return m_shown; }
-    /// The row that is selected at first; -1 where what is typed means something by itself.
-    int defaultSelectedIndex() const { return m_defaultSelectedIndex; }
-
+    const QList<KWCandidateModel> &dataSourceArray() const { return m_dataSourceArray; }
     /// Keeps the candidates whose title contains the keyword, all of them for an empty one; white space and
     /// case do not count. One whose title is the keyword in lower case comes to the top; whether there is
     /// one.
@@ -63,16 +59,16 @@ public:
     bool doCommandBy(Command command);
     void dismiss();
 
-    const std::optional<TextRange> &replacementRange() const { return m_replacementRange; }
-    QWidget *inputControl() const { return m_inputControl; }
-
     /// Called with the row that takes the place of the token; the popover is closed then.
     std::function<void(TextRange replaced, const KWCandidateModel &row)> onCommit;
 
 protected:
     /// Whether a token that no row stands for may be meant all the same: a new tag, a new list.
     virtual bool mayBeNew() const { return false; }
-    void setOriginalDataSourceArray(const QList<KWCandidateModel> &candidates) { m_original = candidates; }
+    void setOriginalDataSourceArray(const QList<KWCandidateModel> &candidates)
+    {
+        m_originalDataSourceArray = candidates;
+    }
 
     NewTaskCandidates &m_candidates;
 
@@ -80,9 +76,9 @@ private:
     int rowBeginningWith(const QString &folded) const;
     void commit(int row);
 
-    QList<KWCandidateModel> m_original;
-    QList<KWCandidateModel> m_shown;
-    int m_defaultSelectedIndex = 0;
+    QList<KWCandidateModel> m_originalDataSourceArray;
+    QList<KWCandidateModel> m_dataSourceArray;
+    int m_defaultSelectedIndex = 0; // -1 where what is typed means something by itself
     QPointer<KWCandidateViewController> m_candidateVC;
     QPointer<QWidget> m_inputControl;
     std::optional<TextRange> m_replacementRange;

@@ -62,13 +62,13 @@ void KWNewTaskTextField::setPresetContent(const QString &content)
 void KWNewTaskTextField::setPlaceholder(const QString &placeholder)
 {
     m_placeholder = placeholder;
-    showPlaceholder();
+    describe();
 }
 
 void KWNewTaskTextField::setPassingPlaceholder(const QString &placeholder)
 {
     m_passingPlaceholder = placeholder;
-    showPlaceholder();
+    describe();
 }
 
 void KWNewTaskTextField::setDetailedPlaceholder(bool isDetailed)
@@ -83,9 +83,15 @@ void KWNewTaskTextField::setLesson(const QString &example)
     viewport()->update();
 }
 
-void KWNewTaskTextField::showPlaceholder()
+void KWNewTaskTextField::setUnderstood(const QString &words)
 {
-    setAccessibleDescription(placeholder());
+    m_understood = words;
+    describe();
+}
+
+void KWNewTaskTextField::describe()
+{
+    setAccessibleDescription(m_understood.isEmpty() ? placeholder() : m_understood);
     viewport()->update();
 }
 

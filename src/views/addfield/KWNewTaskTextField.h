@@ -25,6 +25,8 @@ public:
     {
         return m_passingPlaceholder.isEmpty() ? m_placeholder : m_passingPlaceholder;
     }
+    /// What becomes of the text, for screen readers; empty while there is none.
+    void setUnderstood(const QString &words);
     /// Whether the placeholder teaches, where there is room: shows an example of what can be typed.
     bool isDetailedPlaceholder() const { return m_isDetailedPlaceholder; }
     void setDetailedPlaceholder(bool isDetailed);
@@ -62,7 +64,7 @@ protected:
 
 private:
     void paintFrame();
-    void showPlaceholder();
+    void describe();
     void paintPlaceholder() const;
     QString shownPlaceholder(int width) const;
     void placeViewport();
@@ -73,5 +75,6 @@ private:
     QString m_placeholder;
     QString m_passingPlaceholder;
     QString m_lesson;
+    QString m_understood;
     bool m_isDetailedPlaceholder = true;
 };

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -208,6 +209,18 @@ void KWTagCandidateTextField::mouseReleaseEvent(QMouseEvent *event)
 {
     QTextEdit::mouseReleaseEvent(event);
     if (const auto piece = std::exchange(m_pressedPiece, std::nullopt)) Q_EMIT pieceClicked(*piece);
+}
+
+bool KWTagCandidateTextField::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !explainPiece) return QTextEdit::viewportEvent(event);
+    const auto &help = static_cast<const QHelpEvent &>(*event);
+    if (const auto piece = pieceAt(help.pos()))
+        QToolTip::showText(help.globalPos(), explainPiece(*piece), viewport(),
+                           pieceBounds(*piece).toAlignedRect());
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 void KWTagCandidateTextField::paintEvent(QPaintEvent *event)

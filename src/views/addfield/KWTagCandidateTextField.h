@@ -6,6 +6,7 @@
 #include <QList>
 #include <QTextEdit>
 
+#include <functional>
 #include <optional>
 
 /// One line of text in which recognised pieces are shown as soft pills behind the words. A click on one asks
@@ -29,6 +30,8 @@ public:
     /// text moves the marks behind it along and drops those it touches, until the next call.
     void setPieces(QList<RecognizedPiece> pieces);
     const QList<RecognizedPiece> &pieces() const { return m_pieces; }
+    /// Asked for what the tool tip of a mark says.
+    std::function<QString(const RecognizedPiece &)> explainPiece;
     /// Where a piece stands on the screen.
     QRect globalBoundsOf(const RecognizedPiece &piece) const;
 
@@ -48,6 +51,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
 private:
     void moveMarks(int position, int removed, int added);

@@ -11,17 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString dateOf(const KWTaskModel &task, const CXClock &clock)
-{
-    const QString date =
-        detailDateText({task.startDate, task.endDate, task.isAllDay}, clock.now(), clock.zone(), QLocale{})
-            .text;
-    return date.isEmpty() || task.repeatRule.isEmpty() ? date : KWLocalizedString("%1, repeats").arg(date);
-}
-
 QString placeIn(const QString &list, const KWTaskModel &task, OrvaneKit &kit)
 {
-    const QString date = dateOf(task, kit.clock());
+    const QString date = dateTextOf(task, kit.clock());
     return date.isEmpty() ? list : list + u" · "_s + date;
 }
 
@@ -47,4 +39,12 @@ QString placeOf(const NewTaskDraft &draft, OrvaneKit &kit)
 QString tasksAddedText(qsizetype count)
 {
     return count == 1 ? KWLocalizedString("1 task added") : KWLocalizedString("%1 tasks added").arg(count);
+}
+
+QString dateTextOf(const KWTaskModel &task, const CXClock &clock)
+{
+    const QString date =
+        detailDateText({task.startDate, task.endDate, task.isAllDay}, clock.now(), clock.zone(), QLocale{})
+            .text;
+    return date.isEmpty() || task.repeatRule.isEmpty() ? date : KWLocalizedString("%1, repeats").arg(date);
 }

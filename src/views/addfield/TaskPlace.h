@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class CXClock;
 class OrvaneKit;
 struct KWTaskModel;
 struct NewTaskDraft;
@@ -12,6 +13,9 @@ QString placeOf(const KWTaskModel &task, OrvaneKit &kit);
 
 /// The same of a task that is not saved yet: where it would go.
 QString placeOf(const NewTaskDraft &draft, OrvaneKit &kit);
+
+/// "Tomorrow, 17:00, repeats"; empty without a date.
+QString dateTextOf(const KWTaskModel &task, const CXClock &clock);
 
 /// "3 tasks added".
 QString tasksAddedText(qsizetype count);

@@ -104,7 +104,7 @@ void TokenCompletion::commit(TextRange replaced, const KWCandidateModel &row)
 {
     const TokenKind kind = m_token->kind;
     Q_EMIT committed(kind, row);
-    m_field.replace(replaced, TokenScanner::prefixSymbal(kind) + row.title + u' ');
+    m_field.replace(replaced, popoverOf(kind)->prefixSymbal() + row.title + u' ');
 }
 
 void TokenCompletion::dismiss()

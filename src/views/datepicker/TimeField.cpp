@@ -3,7 +3,9 @@
 #include "model/settings/ClockFormat.h"
 
 #include <QKeyEvent>
+#include <QLocale>
 #include <QRegularExpression>
+#include <QTime>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;

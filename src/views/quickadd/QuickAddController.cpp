@@ -35,7 +35,7 @@ struct QuickAddController::Content {
         const QString text = field.text();
         if (!title.isEmpty() && title != text) {
             if (!text.isEmpty()) earlier.append(text);
-            field.setText(title);
+            field.setPresetContent(title);
         } else if (text.isEmpty() && !earlier.isEmpty()) {
             field.setText(earlier.takeLast());
         }

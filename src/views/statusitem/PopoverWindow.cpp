@@ -25,6 +25,7 @@ PopoverWindow::PopoverWindow(CXClock &clock) : TaskListPane(clock)
     setObjectName(u"popover"_s);
     setAccessibleName(KWLocalizedString("Quick view of today"));
     setWindowTitle(KWLocalizedString("Today"));
+    addField().setDetailedPlaceholder(false); // too narrow
     connect(&addField(), &KWNewTaskTextField::left, this, &QWidget::hide);
     resize(Metrics::scaled(popoverSize.width()), Metrics::scaled(popoverSize.height()));
 }
