@@ -56,5 +56,8 @@ BENCHMARK_CAPTURE(press, everyTag, u"Call the venue tomorrow 5pm #"_s)->Unit(ben
 BENCHMARK_CAPTURE(press, manyTags, u"Call the venue tomorrow 5pm #tag1"_s)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(press, everyList, u"Call the venue tomorrow 5pm ~"_s)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(press, manyLists, u"Call the venue tomorrow 5pm ~List 9"_s)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(press, hundredThousandCharacters,
+                  u"Call the venue tomorrow 5pm, then "_s.repeated(100'000 / 34) + u"go"_s)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
