@@ -59,5 +59,7 @@ BENCHMARK_CAPTURE(press, manyLists, u"Call the venue tomorrow 5pm ~List 9"_s)->U
 BENCHMARK_CAPTURE(press, hundredThousandCharacters,
                   u"Call the venue tomorrow 5pm, then "_s.repeated(100'000 / 34) + u"go"_s)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(press, sixThousandMarks, u"call #errand or "_s.repeated(100'000 / 16) + u"go"_s)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -134,6 +134,31 @@ private Q_SLOTS:
         QCOMPARE(locationsAfter(19, Qt::Key_X), u"5 14"_s);
     }
 
+    void marksWhatIsInViewOfAVeryLongText()
+    {
+        constexpr int tagCount = 2000;
+        QList<RecognizedPiece> pieces{piece(RecognizedPieceType::Assignee, 0, 2)};
+        for (int i = 1; i < tagCount; ++i)
+            pieces.append(piece(RecognizedPieceType::Tag, i * 3, 2));
+        pieces.append(piece(RecognizedPieceType::Date, tagCount * 3, 8));
+        m_field->setText(u"#a "_s.repeated(tagCount) + u"tomorrow"_s);
+        m_field->setPieces(pieces);
+        QVERIFY(m_field->extraSelections().size() < tagCount / 2);
+
+        QSignalSpy clicked{m_field.get(), &KWNewTaskTextField::linkClicked};
+        const auto click = [this](const RecognizedPiece &piece) {
+            const QPoint centre = m_field->globalBoundsOf(piece).center();
+            QTest::mouseClick(m_field->viewport(), Qt::LeftButton, {},
+                              m_field->viewport()->mapFromGlobal(centre));
+        };
+        click(pieces.last());
+        putCaret(*m_field, 0);
+        click(pieces.first());
+        click(pieces.at(1)); // has no link
+        QCOMPARE(joined(clicked, [](const auto &each) { return each.first().toString(); }),
+                 uR"({"type":"date","value":""} {"type":"assignee","value":""})"_s);
+    }
+
 private:
     std::unique_ptr<KWNewTaskTextField> m_field;
 };

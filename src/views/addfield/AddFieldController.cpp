@@ -2,6 +2,7 @@
 
 #include "app/ports/AlertPort.h"
 #include "capture/NewTaskService.h"
+#include "capture/RecognitionLink.h"
 #include "model/OrvaneKit.h"
 #include "views/addfield/FieldHelp.h"
 #include "views/addfield/KWNewTaskTextField.h"
@@ -27,8 +28,8 @@ AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
     m_field.installEventFilter(this);
     m_meaningChanged = m_service.observeMeaning([this] { refresh(); });
     connect(&m_field, &KWNewTaskTextField::textEdited, this, &AddFieldController::recognize);
-    connect(&m_field, &KWNewTaskTextField::pieceClicked, this,
-            [this](const RecognizedPiece &piece) { takeBack(piece, TakenBackMarks::By::Click); });
+    connect(&m_field, &KWNewTaskTextField::linkClicked, this,
+            [this](const QString &link) { takeBack(link); });
     m_field.explainPiece = [this](const RecognizedPiece &piece) { return meaningOf(piece, m_draft, m_kit); };
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
     connect(&m_completion, &TokenCompletion::committed, this, &AddFieldController::take);
@@ -158,9 +159,9 @@ void AddFieldController::remove(const RecognizedPiece &piece)
     m_field.remove(range, m_field.text().mid(range.location, range.length));
 }
 
-bool AddFieldController::takeBack(const RecognizedPiece &piece, TakenBackMarks::By by)
+bool AddFieldController::takeBack(const QString &link, const QString &words)
 {
-    if (!m_takenBack.takeBack(piece, by, m_field.text())) return false;
+    if (!m_takenBack.takeBack(link, m_field.text(), words)) return false;
     recognize(m_field.text());
     return true;
 }
@@ -173,7 +174,7 @@ bool AddFieldController::takeBackBeforeCaret()
         return piece.location + piece.length == cursor.position();
     });
     if (before == m_field.pieces().end()) return false;
-    return takeBack(RecognizedPiece{*before}, TakenBackMarks::By::Backspace);
+    return takeBack(recognitionLink(*before), QString{before->text});
 }
 
 void AddFieldController::submit(const QString &text)

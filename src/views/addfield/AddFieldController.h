@@ -68,7 +68,7 @@ private:
     void teachNext();
     void remove(const RecognizedPiece &piece);
     /// Whether there was anything to take back.
-    bool takeBack(const RecognizedPiece &piece, TakenBackMarks::By by);
+    bool takeBack(const QString &link, const QString &words = {});
     bool takeBackBeforeCaret();
     bool obey(const QKeyEvent &key);
     void submit(const QString &text);

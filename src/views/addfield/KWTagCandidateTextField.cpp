@@ -1,5 +1,6 @@
 #include "views/addfield/KWTagCandidateTextField.h"
 
+#include "capture/RecognitionLink.h"
 #include "model/records/OneLine.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <algorithm>
@@ -20,6 +22,7 @@ namespace {
 
 constexpr double wordSpacing = 3; // what a pill stands out by comes from the spaces between words
 constexpr double pillOutset = 2.5;
+constexpr qsizetype fewPieces = 64; // all are shown, wherever they stand
 
 QColor pieceSoftColor(const RecognizedPiece &piece)
 {
@@ -50,6 +53,9 @@ KWTagCandidateTextField::KWTagCandidateTextField(QWidget *parent) : QTextEdit(pa
     document()->setDocumentMargin(documentMargin);
     connect(document(), &QTextDocument::contentsChange, this, &KWTagCandidateTextField::moveMarks);
     connect(this, &QTextEdit::textChanged, this, &KWTagCandidateTextField::announceText);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        if (m_pieces.size() > fewPieces) showPieceColors();
+    });
     connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this,
             &KWTagCandidateTextField::dress);
     dress();
@@ -137,12 +143,13 @@ void KWTagCandidateTextField::announceText()
 void KWTagCandidateTextField::showPieceColors()
 {
     QList<ExtraSelection> selections;
-    for (const RecognizedPiece &piece : std::as_const(m_pieces)) {
+    for (const RecognizedPiece &piece : piecesInView()) {
         ExtraSelection selection;
         selection.cursor = QTextCursor{document()};
         selection.cursor.setPosition(int(piece.location));
         selection.cursor.setPosition(int(piece.location + piece.length), QTextCursor::KeepAnchor);
         selection.format.setForeground(pieceTextColor(piece));
+        selection.format.setAnchorHref(recognitionLink(piece));
         selections.append(selection);
     }
     setExtraSelections(selections);
@@ -168,31 +175,57 @@ void KWTagCandidateTextField::keyPressEvent(QKeyEvent *event)
         QTextEdit::keyPressEvent(event);
 }
 
+std::span<const RecognizedPiece> KWTagCandidateTextField::piecesInView() const
+{
+    if (m_pieces.size() <= fewPieces) return m_pieces;
+    // As far again to either side, for text of both directions.
+    const QRect view = viewport()->rect();
+    const auto positionAt = [&](int x) { return cursorForPosition({x, view.center().y()}).position(); };
+    const auto [first, last] = std::minmax({positionAt(view.left()), positionAt(view.right())});
+    const auto begin =
+        std::ranges::lower_bound(m_pieces, first - view.width(), {}, &RecognizedPiece::location);
+    const auto end = std::ranges::upper_bound(m_pieces, last + view.width(), {}, &RecognizedPiece::location);
+    return {begin, end};
+}
+
 QRectF KWTagCandidateTextField::pieceBounds(const RecognizedPiece &piece) const
 {
+    return boundsBetween(int(piece.location), int(piece.location + piece.length));
+}
+
+QRectF KWTagCandidateTextField::boundsBetween(int begin, int end) const
+{
     QTextCursor cursor{document()};
-    cursor.setPosition(int(piece.location));
-    const QRect start = cursorRect(cursor);
-    cursor.setPosition(int(piece.location + piece.length));
-    const QRect end = cursorRect(cursor);
-    const int left = std::min(start.left(), end.left());
-    const int right = std::max(start.left(), end.left());
-    return QRectF(left, start.top(), right - left, start.height()).adjusted(-pillOutset, -1, pillOutset, 1);
+    cursor.setPosition(begin);
+    const QRect first = cursorRect(cursor);
+    cursor.setPosition(end);
+    const QRect last = cursorRect(cursor);
+    const int left = std::min(first.left(), last.left());
+    const int right = std::max(first.left(), last.left());
+    return QRectF(left, first.top(), right - left, first.height()).adjusted(-pillOutset, -1, pillOutset, 1);
 }
 
 std::optional<RecognizedPiece> KWTagCandidateTextField::pieceAt(const QPoint &position) const
 {
-    for (const RecognizedPiece &piece : m_pieces)
+    for (const RecognizedPiece &piece : piecesInView())
         if (pieceBounds(piece).contains(position)) return piece;
     return std::nullopt;
+}
+
+QString KWTagCandidateTextField::linkAt(const QPoint &position) const
+{
+    for (const ExtraSelection &mark : extraSelections())
+        if (boundsBetween(mark.cursor.selectionStart(), mark.cursor.selectionEnd()).contains(position))
+            return mark.format.anchorHref();
+    return {};
 }
 
 void KWTagCandidateTextField::mousePressEvent(QMouseEvent *event)
 {
     m_pressPosition = event->position().toPoint();
-    m_pressedPiece = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier
-                         ? pieceAt(m_pressPosition)
-                         : std::nullopt;
+    m_pressedLink = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier
+                        ? linkAt(m_pressPosition)
+                        : QString{};
     QTextEdit::mousePressEvent(event);
 }
 
@@ -200,15 +233,15 @@ void KWTagCandidateTextField::mouseMoveEvent(QMouseEvent *event)
 {
     const QPoint position = event->position().toPoint();
     if ((position - m_pressPosition).manhattanLength() >= QApplication::startDragDistance())
-        m_pressedPiece.reset();
+        m_pressedLink.clear();
     QTextEdit::mouseMoveEvent(event);
-    viewport()->setCursor(pieceAt(position) ? Qt::PointingHandCursor : Qt::IBeamCursor);
+    viewport()->setCursor(linkAt(position).isEmpty() ? Qt::IBeamCursor : Qt::PointingHandCursor);
 }
 
 void KWTagCandidateTextField::mouseReleaseEvent(QMouseEvent *event)
 {
     QTextEdit::mouseReleaseEvent(event);
-    if (const auto piece = std::exchange(m_pressedPiece, std::nullopt)) Q_EMIT pieceClicked(*piece);
+    if (const QString link = std::exchange(m_pressedLink, {}); !link.isEmpty()) Q_EMIT linkClicked(link);
 }
 
 bool KWTagCandidateTextField::viewportEvent(QEvent *event)
@@ -226,7 +259,7 @@ bool KWTagCandidateTextField::viewportEvent(QEvent *event)
 void KWTagCandidateTextField::paintEvent(QPaintEvent *event)
 {
     QPainter painter{viewport()};
-    for (const RecognizedPiece &piece : std::as_const(m_pieces)) {
+    for (const RecognizedPiece &piece : piecesInView()) {
         const QRectF bounds = pieceBounds(piece);
         if (bounds.intersects(event->rect()))
             Painting::roundedBox(painter, bounds, Metrics::pillRadius, pieceSoftColor(piece));

@@ -8,9 +8,10 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 
-/// One line of text in which recognised pieces are shown as soft pills behind the words. A click on one asks
-/// to undo the recognition. What is typed is undone word by word.
+/// One line of text in which recognised pieces are shown as soft pills behind the words. Each carries its
+/// recognitionLink(). What is typed is undone word by word.
 class KWTagCandidateTextField : public QTextEdit {
     Q_OBJECT
 
@@ -38,7 +39,8 @@ public:
 Q_SIGNALS:
     /// The text became another one, by typing, pasting, undo or a call.
     void textEdited(const QString &text);
-    void pieceClicked(const RecognizedPiece &piece);
+    /// A mark was clicked that carries this link.
+    void linkClicked(const QString &link);
 
 protected:
     static constexpr int documentMargin = 4; ///< room for a pill at either end of the text
@@ -57,11 +59,16 @@ private:
     void moveMarks(int position, int removed, int added);
     void announceText();
     void showPieceColors();
+    /// Those that may be seen: a very long text can have thousands, and Qt draws each of them.
+    std::span<const RecognizedPiece> piecesInView() const;
     QRectF pieceBounds(const RecognizedPiece &piece) const;
+    QRectF boundsBetween(int begin, int end) const;
     std::optional<RecognizedPiece> pieceAt(const QPoint &position) const;
+    /// Empty where no mark with a link stands.
+    QString linkAt(const QPoint &position) const;
 
     QList<RecognizedPiece> m_pieces;
     QString m_announcedText;
-    std::optional<RecognizedPiece> m_pressedPiece;
+    QString m_pressedLink;
     QPoint m_pressPosition;
 };

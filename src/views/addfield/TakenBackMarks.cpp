@@ -1,37 +1,19 @@
 #include "views/addfield/TakenBackMarks.h"
 
+#include "capture/RecognitionLink.h"
+
 #include <utility>
 
-bool TakenBackMarks::takeBack(const RecognizedPiece &piece, By by, const QString &text)
+bool TakenBackMarks::takeBack(const QString &link, const QString &text, const QString &words)
 {
-    switch (piece.type) {
-    case RecognizedPieceType::Date:
-        m_options.donotParseDate = true;
-        break;
-    case RecognizedPieceType::Assignee:
-        m_options.donotParseAssignee = true;
-        break;
-    case RecognizedPieceType::List:
-        m_options.blockedProjects.insert(piece.value);
-        break;
-    case RecognizedPieceType::Priority:
-        m_options.blockedPriorities.insert(KWTaskPriority(piece.value.toInt()));
-        break;
-    case RecognizedPieceType::Tag:
-        return false;
-    }
-    m_last = {piece, by, text};
+    if (!setRecognition(link, Recognition::Blocked, m_options)) return false;
+    m_last = {link, text, words};
     return true;
 }
 
 void TakenBackMarks::allowLast()
 {
-    const RecognizedPiece piece = std::exchange(m_last, std::nullopt)->piece;
-    if (piece.type == RecognizedPieceType::Date) m_options.donotParseDate = false;
-    if (piece.type == RecognizedPieceType::Assignee) m_options.donotParseAssignee = false;
-    if (piece.type == RecognizedPieceType::List) m_options.blockedProjects.remove(piece.value);
-    if (piece.type == RecognizedPieceType::Priority)
-        m_options.blockedPriorities.remove(KWTaskPriority(piece.value.toInt()));
+    setRecognition(std::exchange(m_last, std::nullopt)->link, Recognition::Allowed, m_options);
 }
 
 bool TakenBackMarks::restoreLast(const QString &text)
@@ -48,5 +30,5 @@ void TakenBackMarks::follow(const QString &text)
         m_last.reset();
     }
     // Backspace was a correction after all where the words it was pressed behind are changed next.
-    if (m_last && m_last->by == By::Backspace && !text.contains(m_last->piece.text)) allowLast();
+    if (m_last && !m_last->words.isEmpty() && !text.contains(m_last->words)) allowLast();
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "capture/RecognitionOptions.h"
-#include "capture/RecognizedPiece.h"
+
+#include <QString>
 
 #include <optional>
 
@@ -9,13 +10,12 @@
 /// in use. Main thread.
 class TakenBackMarks {
 public:
-    enum class By { Click, Backspace };
-
     /// Keeps it in the options, which outlive this.
     explicit TakenBackMarks(RecognitionOptions &options) : m_options(options) {}
 
-    /// Whether there was anything to take back: a tag is a word like others.
-    bool takeBack(const RecognizedPiece &piece, By by, const QString &text);
+    /// Takes back what a mark's link names, in a field with this text. `words` are those that Backspace was
+    /// pressed behind; none for a click. Whether there was anything to take back.
+    bool takeBack(const QString &link, const QString &text, const QString &words = {});
     /// Lets what was taken back last be recognised again; whether nothing was typed since.
     bool restoreLast(const QString &text);
     /// To be told of each change of the text. An empty one begins anew.
@@ -23,9 +23,9 @@ public:
 
 private:
     struct Last {
-        RecognizedPiece piece;
-        By by;
-        QString text; ///< of the field at the time
+        QString link;
+        QString text;
+        QString words;
     };
     void allowLast();
 
