@@ -208,7 +208,8 @@ bool Ranking::saysWhich(const Phrase &phrase) const
     if (phrase.end == m_tokens.size()) return false;
     const Token &next = m_tokens[phrase.end];
     const bool isBare = phrase.end - phrase.begin == 1;
-    if (isBare && m_tokens[phrase.begin].means(Symbol::NamedTime)) return next.isUnknownWord();
+    if (isBare && m_tokens[phrase.begin].means(Symbol::NamedTime))
+        return next.isUnknownWord() || next.means(Symbol::To);
     return next.kind == TokenKind::Ideograph && next.means(Symbol::Of);
 }
 

@@ -41,6 +41,7 @@ bool minutesLacking(const Match &match, Fragment &fragment); ///< "差五分十�
 bool spelledTime(const Match &match, Fragment &fragment);    ///< "at five thirty"
 bool namedTime(const Match &match, Fragment &fragment);
 bool clockRange(const Match &match, Fragment &fragment);
+bool namedTimeToHour(const Match &match, Fragment &fragment); ///< "noon to 2"
 bool dayPart(const Match &match, Fragment &fragment);
 bool dayWithPart(const Match &match, Fragment &fragment);
 bool thisPart(const Match &match, Fragment &fragment);

@@ -150,6 +150,13 @@ bool clockRange(const Match &match, Fragment &fragment)
     return rangeEnd(match, true, fragment.clock) && rangeEnd(match, false, fragment.endClock);
 }
 
+bool namedTimeToHour(const Match &match, Fragment &fragment)
+{
+    fragment.slots = ClockSlot | EndClockSlot;
+    return setClock(fragment.clock, match.value(Symbol::NamedTime), 0, Certainty::Certain) &&
+           setClock(fragment.endClock, match.value(Symbol::Number), 0, Certainty::Spoken);
+}
+
 bool dayPart(const Match &match, Fragment &fragment)
 {
     inner(match, fragment);

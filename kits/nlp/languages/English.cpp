@@ -253,6 +253,7 @@ constexpr Rule rules[] = {
     {Clock, {From, Clock}, inner},
     {ClockRange, {Clock, To, Clock}, clockRange},
     {ClockRange, {Number, To, Clock}, clockRange},
+    {ClockRange, {NamedTime, To, Number}, namedTimeToHour, Guard::NotCounted},
     {ClockRange, {Clock, To, Number}, clockRange, Guard::Closes},
     {ClockRange, {From, Number, To, Number}, clockRange, Guard::Closes},
     {ClockRange, {From, Number, Until, Number}, clockRange, Guard::NotCounted},
