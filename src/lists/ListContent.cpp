@@ -21,12 +21,11 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
     Connection &connection = context.connection();
     Result<void> read;
     if (content.shown.partsClosedTasks()) {
-        ListDataRequest open{userID, list, extent.openTasks, {}, content.shown.sortType()};
-        open.includeChecklist = true;
-        read = content.readOpenTasks(fetcher, open, connection);
-        if (read && content.shown.showsCompleted)
-            read = content.readCompletedTasks(fetcher, {userID, list, extent.countToShowOfCompleted},
-                                              connection);
+        ListDataRequest request{userID, list, extent.openTasks, {}, content.shown.sortType()};
+        request.includeChecklist = true;
+        request.includeCompleted = content.shown.showsCompleted;
+        request.completionLimit = extent.countToShowOfCompleted;
+        read = content.readTasks(fetcher, request, connection);
     } else {
         read = content.readDays(fetcher, {userID, list, extent.countToShowOfCompleted}, connection);
     }
@@ -34,15 +33,16 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
     return content;
 }
 
-Result<void> ListContent::readOpenTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
-                                        Connection &connection)
+Result<void> ListContent::readTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                                    Connection &connection)
 {
-    auto open = fetcher.reloadDataModel(request, connection);
-    if (!open) return open.error();
-    rows = std::move(*open);
-    isWhole = request.limit < 0 || rows.size() < request.limit;
+    auto read = fetcher.reloadDataModel(request, connection);
+    if (!read) return read.error();
+    rows = std::move(*read);
+    isWhole = request.limit < 0 || rows.size() - closedRows() < request.limit;
     hasTop = isWhole || ListDataRequest::isTopFound(shown.sortType());
-    return isWhole ? Result<void>{} : readPinnedTasks(fetcher, request, connection);
+    const Result<void> pinned = isWhole ? Result<void>{} : readPinnedTasks(fetcher, request, connection);
+    return pinned && request.includeCompleted ? countCompleted(fetcher, request, connection) : pinned;
 }
 
 Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, const QString &userID,
@@ -77,9 +77,11 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
     const int countBefore = completedCount;
     Result<void> read = shown.readPositions(context.connection());
     const qsizetype openRows = rows.size();
-    if (read && shown.showsCompleted)
-        read = readCompletedTasks(fetcher, {userID, shown.list, extent.countToShowOfCompleted},
-                                  context.connection());
+    if (read && shown.showsCompleted) {
+        ListDataRequest request{.userID = userID, .selection = shown.list};
+        request.completionLimit = extent.countToShowOfCompleted;
+        read = readCompletedTasks(fetcher, request, context.connection());
+    }
     if (!read) return read.error();
     changes.areInClosedTasks = closedBefore != rows.sliced(openRows) || countBefore != completedCount ||
                                positionsBefore != std::pair{shown.positions, shown.pinnedPositions};
@@ -93,26 +95,34 @@ Result<void> ListContent::readPinnedTasks(const KWListDataFetcher &fetcher, List
 {
     request.condition.isPinned = true;
     request.includeChecklist = false;
+    request.includeCompleted = false;
     const auto pinned = fetcher.reloadDataModel(request, connection);
     if (!pinned) return pinned.error();
-    rows.removeIf([](const auto &each) { return each.isPinned(); });
+    rows.removeIf([](const auto &each) { return each.isPinned() && !each.isClosed(); });
     rows = *pinned + rows;
     return {};
 }
 
-Result<void> ListContent::readCompletedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
+Result<void> ListContent::readCompletedTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
                                              Connection &connection)
 {
-    request.onlyClosed = true;
-    const auto closed = fetcher.reloadDataModel(request, connection);
+    const auto closed = fetcher.reloadDataModel(request.ofClosedTasks(), connection);
     if (!closed) return closed.error();
-    const Result<int> count = fetcher.count(request, connection);
-    if (!count) return count.error();
     rows += *closed;
+    return countCompleted(fetcher, request, connection);
+}
+
+Result<void> ListContent::countCompleted(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                                         Connection &connection)
+{
+    const Result<int> count = fetcher.count(request.ofClosedTasks(), connection);
+    if (!count) return count.error();
     completedCount = *count;
-    isAllCompletedModelsLoadded = closed->size() >= *count;
+    isAllCompletedModelsLoadded = closedRows() >= *count;
     return {};
 }
+
+qsizetype ListContent::closedRows() const { return std::ranges::count_if(rows, &Row::isClosed); }
 
 Result<void> ListContent::readDays(const KWListDataFetcher &fetcher, ListDataRequest request,
                                    Connection &connection)
@@ -159,8 +169,7 @@ void ListContent::noteUnloaded(QList<KWTaskCategory> &categories) const
     if (isAllCompletedModelsLoadded || categories.isEmpty()) return;
     if (shown.partsClosedTasks()) {
         if (!categories.last().isCompleted()) return;
-        const auto loaded = std::ranges::count_if(rows, &KWTaskListItemModel::isClosed);
-        categories.last().setUnloadedCount(completedCount - int(loaded));
+        categories.last().setUnloadedCount(completedCount - int(closedRows()));
     }
     categories.append(KWTaskCategory::loadMore());
 }

@@ -49,12 +49,15 @@ struct ListContent {
     Sections sections(const QSet<QString> &hiddenTasks) const;
 
 private:
-    Result<void> readOpenTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
-                               Connection &connection);
+    Result<void> readTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                           Connection &connection);
     Result<void> readPinnedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
                                  Connection &connection);
-    Result<void> readCompletedTasks(const KWListDataFetcher &fetcher, ListDataRequest request,
+    Result<void> readCompletedTasks(const KWListDataFetcher &fetcher, const ListDataRequest &request,
                                     Connection &connection);
+    Result<void> countCompleted(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                                Connection &connection);
+    qsizetype closedRows() const;
     Result<void> readDays(const KWListDataFetcher &fetcher, ListDataRequest request, Connection &connection);
     Day dayOf(const KWTaskListItemModel &row) const;
     void noteUnloaded(QList<KWTaskCategory> &categories) const;

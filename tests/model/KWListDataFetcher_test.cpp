@@ -287,6 +287,35 @@ private Q_SLOTS:
         QCOMPARE(titles(*fetcher.generateModels({last, u"gone"_s, first}, connection)), u"d a"_s);
     }
 
+    void putsClosedTasksBehindTheOpenOnes()
+    {
+        const QString home = m_lists.value(u"Home"_s);
+        for (const char *each : {"x", "y", "z"})
+            add(each, u"-"_s, KWTaskPriorityNone, 0, u"Home"_s);
+        saved(m_store, [&](ObjectContext &context) {
+            for (const auto &[title, moment] : {std::pair{"early", "2030-04-29 12:00"},
+                                                {"late", "2030-05-01 08:00"},
+                                                {"middle", "2030-04-30 12:00"}}) {
+                KWTaskModel task = aTask(title).in(home).completedAt(moment).model();
+                task.userID = m_store.userID();
+                context.insert<KWTask>(task);
+            }
+        });
+        const auto shown = [&](std::int64_t limit, bool includeCompleted, std::int64_t completionLimit) {
+            ListDataRequest request{m_store.userID(), KWListIdentifier::project(home), limit};
+            request.includeCompleted = includeCompleted;
+            request.completionLimit = completionLimit;
+            const KWListDataFetcher fetcher{m_store.clock};
+            Connection &connection = m_store.context().connection();
+            return titles(*fetcher.reloadDataModel(request, connection)) + u'/' +
+                   QString::number(*fetcher.count(request, connection));
+        };
+        QCOMPARE(shown(-1, false, -1), u"x y z/3"_s);
+        QCOMPARE(shown(-1, true, -1), u"x y z late middle early/3"_s);
+        QCOMPARE(shown(1, true, 2), u"x late middle/3"_s);
+        QCOMPARE(shown(-1, true, 0), u"x y z/3"_s);
+    }
+
     void pagesOfCompletedTasksFollowEachOther()
     {
         const QString inbox = m_lists.value(u"Inbox"_s);

@@ -116,7 +116,10 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
             rowsOf(**query, request.disableTree ? noPlace : placeInTree, request.limit, connection);
         if (const auto items = ListQuery::ofChecklistItems(request, m_clock))
             rows += itemsOf(*items, request.limit, connection);
-        return rows;
+        if (!request.includeCompleted) return rows;
+        const auto closed = reloadDataModel(request.ofClosedTasks(), connection);
+        if (!closed) return closed.error();
+        return rows + *closed;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

@@ -29,8 +29,11 @@ struct ListDataRequest {
     /// By what the rows are chosen from the top; by nothing: as the list comes. Only for types of which
     /// isTopFound(): the others leave it as it comes.
     std::optional<KWTaskSortType> sortType{};
-    /// The closed tasks instead of the open ones, the latest first. Of a smart list and of a filter those
-    /// that were closed today.
+    /// Also the closed tasks, behind the open ones and the latest first, at most `completionLimit` of them.
+    /// Of a smart list and of a filter those that were closed today.
+    bool includeCompleted = false;
+    std::int64_t completionLimit = -1; ///< negative: all
+    /// These closed tasks instead of the open ones.
     bool onlyClosed = false;
     /// Of Today, Tomorrow and Next 7 Days also the open checklist items with a date that fits.
     bool includeChecklist = false;
@@ -38,6 +41,8 @@ struct ListDataRequest {
     bool disableTree = false;
 
     static bool isTopFound(KWTaskSortType sortType);
+    /// What asks for its closed tasks alone, as many as `completionLimit`.
+    ListDataRequest ofClosedTasks() const;
 };
 
 /// Where a page of completed tasks ended.

@@ -118,6 +118,15 @@ std::optional<ListQuery> ofSmartProject(const ListDataRequest &request, const CX
 
 bool ListDataRequest::isTopFound(KWTaskSortType sortType) { return orderOf(sortType).has_value(); }
 
+ListDataRequest ListDataRequest::ofClosedTasks() const
+{
+    ListDataRequest closed = *this;
+    closed.onlyClosed = true;
+    closed.includeCompleted = false;
+    closed.limit = completionLimit;
+    return closed;
+}
+
 ListQuery &ListQuery::also(const std::string &condition, const SqlValues &more)
 {
     where += " AND " + condition;
