@@ -131,8 +131,13 @@ Result<void> KWTaskListService::setShowsCompleted(bool showsCompleted)
 
 void KWTaskListService::loadMoreCompleted()
 {
-    m_countToShowOfCompleted += pagesOf(m_list).next;
-    reload();
+    if (!m_completionLoader) return;
+    m_completionLoader->loadCompletedTasks(m_list.userDefaultEncode(), shown().projectIDs,
+                                           [this](const Result<CompletedPage> &page) {
+                                               if (!page) return tell(page.error());
+                                               m_countToShowOfCompleted += pagesOf(m_list).next;
+                                               reload();
+                                           });
 }
 
 void KWTaskListService::setSectionsFolded(const QStringList &names, bool isFolded)
@@ -187,6 +192,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
     m_list = list;
     m_showsOtherList = true;
     m_countToShowOfCompleted = pagesOf(list).first;
+    m_completionLoader.emplace(m_manager, m_account.currentUserID());
     readFolding();
     reload();
 }
@@ -194,6 +200,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
 void KWTaskListService::clear()
 {
     m_request.reset();
+    m_completionLoader.reset();
     m_list = {};
     m_folded = {};
     m_showsOtherList = true;

@@ -5,6 +5,7 @@
 #include "model/account/KWAccountManager.h"
 #include "model/events/KWEventBus.h"
 #include "model/events/PendingDeletes.h"
+#include "model/store/KWCompletionLoader.h"
 #include "model/store/UndoToken.h"
 
 #include <functional>
@@ -38,7 +39,7 @@ public:
     /// Whether completed and abandoned tasks stand at the end. Remembered for the list.
     bool showsCompleted() const { return shown().showsCompleted; }
     Result<void> setShowsCompleted(bool showsCompleted);
-    /// Some more of those that are shown at most.
+    /// Some more of those that are shown at most, when the service that keeps them has handed them over.
     void loadMoreCompleted();
 
     /// Remembered for the list; onRowsChanged is called.
@@ -80,6 +81,7 @@ private:
     ListContent::Sections m_sections; // of m_content
     FoldedRows m_folded;
     int m_countToShowOfCompleted = 0;
+    std::optional<KWCompletionLoader> m_completionLoader; // of m_list
     PendingDeletes m_pendingDeletes;
     bool m_showsOtherList = false;      // the sections are still those of the list selected before
     bool m_isReading = false;           // the whole list, in the background

@@ -47,8 +47,7 @@ public:
             }
             break;
         case KWListIdentifierType::Group: {
-            QList<KWProject *> lists = KWProject::orderedOpenProjects(m_userID, m_context);
-            lists.removeIf([&id](const KWProject *each) { return (*each)->groupID != id; });
+            const QList<KWProject *> lists = listsOfFolder();
             menu.isGroup = true;
             menu.isAllTaskKindInGroup = allAre(KWProjectKindTask, lists);
             menu.isAllNoteKindInGroup = !menu.isAllTaskKindInGroup && allAre(KWProjectKindNote, lists);
@@ -78,6 +77,16 @@ public:
         return menu;
     }
 
+    QStringList projectIDs() const
+    {
+        if (m_list.type == KWListIdentifierType::Project) return {m_list.entityID};
+        QStringList ids;
+        if (m_list.type == KWListIdentifierType::Group)
+            for (const KWProject *each : listsOfFolder())
+                ids.append((*each)->sid);
+        return ids;
+    }
+
     Groups groups(KWTaskSortType sortType) const
     {
         const bool isProject = m_list.type == KWListIdentifierType::Project;
@@ -103,6 +112,13 @@ public:
     }
 
 private:
+    QList<KWProject *> listsOfFolder() const
+    {
+        QList<KWProject *> lists = KWProject::orderedOpenProjects(m_userID, m_context);
+        lists.removeIf([this](const KWProject *each) { return (*each)->groupID != m_list.entityID; });
+        return lists;
+    }
+
     // Folders stand among the lists by their own place, those of a folder together.
     Groups lists() const
     {
@@ -218,6 +234,7 @@ Result<ShownList> ShownList::read(const KWListIdentifier &list, const QString &u
     const ListRecords records{list, userID, context};
     ShownList shown;
     shown.list = list;
+    shown.projectIDs = records.projectIDs();
     shown.zone = context.clock().zone();
     shown.today = context.clock().today();
     shown.clientID = context.number("SELECT userServerID FROM users WHERE sid = ?", {userID});

@@ -20,6 +20,7 @@ struct ShownList {
     };
 
     KWListIdentifier list{};
+    QStringList projectIDs{};    ///< of the list itself, of those in a folder; none for what gathers from all
     KWTaskSortTypeMenu menu{};   ///< what it can be sorted by; `selectedType` is in force
     bool isSortable = false;     ///< the menu is offered: not for Completed, Abandoned and the trash
     bool showsCompleted = false; ///< completed and abandoned tasks, too
