@@ -125,6 +125,14 @@ QMenu &MainWindowHands::openSortMenu() const
     return openMenu(*m_client->window(), u"sortMenu"_s);
 }
 
+void MainWindowHands::chooseOfPage(const QString &entry) const
+{
+    QTest::mouseClick(&m_client->find<QAbstractButton>("pageMenuButton"), Qt::LeftButton);
+    QMenu &menu = openMenu(*m_client->window(), u"pageMenu"_s);
+    menu.close();
+    choose(menu, entry);
+}
+
 void MainWindowHands::sortBy(const QString &title) const
 {
     QMenu &menu = openSortMenu();

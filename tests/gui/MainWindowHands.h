@@ -32,6 +32,8 @@ public:
     /// In the menu of what is selected.
     void chooseInMenu(const QString &entry) const;
     QMenu &openSortMenu() const;
+    /// In the menu of the page.
+    void chooseOfPage(const QString &entry) const;
     void sortBy(const QString &title) const;
     /// Over that share of the row's height.
     void drop(const QStringList &titles, const QModelIndex &onto, double share) const;

@@ -2,12 +2,14 @@
 
 #include "support/TestMain.h"
 #include "views/controls/ChoicePopup.h"
+#include "views/controls/MenuPlace.h"
 #include "views/datepicker/DatePicker.h"
 #include "views/datepicker/SchedulePicker.h"
 #include "views/palette/CommandPalette.h"
 #include "views/palette/FoundRowsView.h"
 
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QScreen>
 #include <QSignalSpy>
@@ -100,6 +102,46 @@ private Q_SLOTS:
         QCOMPARE(PopupFrame::within(bounds, {450, 300, 200, 200}), QRect(300, 150, 200, 200));
         QCOMPARE(PopupFrame::within(bounds, {0, 0, 200, 200}), QRect(100, 50, 200, 200));
         QCOMPARE(PopupFrame::within(bounds, {0, 0, 900, 900}), bounds);
+    }
+
+    void aMenuStandsAtItsButton_data()
+    {
+        QTest::addColumn<Qt::Edge>("preferred");
+        QTest::addColumn<double>("place"); // of the button, down the screen
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::addColumn<bool>("isAbove");
+        QTest::newRow("below") << Qt::BottomEdge << 0.5 << Qt::LeftToRight << false;
+        QTest::newRow("below, mirrored") << Qt::BottomEdge << 0.5 << Qt::RightToLeft << false;
+        QTest::newRow("above") << Qt::TopEdge << 0.5 << Qt::LeftToRight << true;
+        QTest::newRow("no room below") << Qt::BottomEdge << 0.98 << Qt::LeftToRight << true;
+        QTest::newRow("no room above") << Qt::TopEdge << 0.0 << Qt::RightToLeft << false;
+    }
+    void aMenuStandsAtItsButton()
+    {
+        QFETCH(const Qt::Edge, preferred);
+        QFETCH(const double, place);
+        QFETCH(const Qt::LayoutDirection, direction);
+        QFETCH(const bool, isAbove);
+        const QRect screen = m_window.screen()->availableGeometry();
+        m_window.setLayoutDirection(direction);
+        m_window.move(screen.topLeft() + QPoint{0, int(place * screen.height())});
+        const QRect button{300, 5, 28, 28};
+        auto *menu = new QMenu{&m_window};
+        for (int i = 0; i < 4; ++i)
+            menu->addAction(u"By Time"_s);
+        popUpAt(button, m_window, preferred, *menu);
+
+        const QRect target = button.translated(m_window.mapToGlobal(QPoint{}));
+        const QRect shown = menu->geometry();
+        QVERIFY(isAbove ? shown.bottom() < target.top() : shown.top() > target.bottom());
+        if (direction == Qt::RightToLeft)
+            QCOMPARE(shown.left(), target.left());
+        else
+            QCOMPARE(shown.right(), target.right());
+        const QPointer gone{menu};
+        menu->close();
+        QTRY_VERIFY(!gone);
+        m_window.setLayoutDirection(Qt::LeftToRight);
     }
 
     void isAsHighAsItsChoices()

@@ -36,11 +36,12 @@ void TextButton::paintContent(QPainter &painter)
 {
     const Theme &theme = Theme::current();
     paintBackground(painter);
-    painter.setPen(theme.accentText);
+    const QColor color = m_opens == Opens::Menu ? theme.secondaryText : theme.accentText;
+    painter.setPen(color);
     painter.drawText(visual(rect().adjusted(0, 0, -markWidth(), 0)), Qt::AlignCenter, text());
     if (m_opens == Opens::Menu) {
         const int right = width() - buttonTextPadding - markWidth() + Metrics::grid;
         Icons::paint(painter, visual({right, 0, markWidth() - Metrics::grid, height()}), Icon::ChevronDown,
-                     Metrics::scaled(menuMark), theme.accentText);
+                     Metrics::scaled(menuMark), color);
     }
 }

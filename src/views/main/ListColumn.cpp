@@ -37,6 +37,7 @@ ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchAc
     , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
     , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
     , m_sortMenu{window.listPane().header(), rooms.tasks, rooms.kit.manager()}
+    , m_pageMenu{window.listPane().header(), rooms.tasks, rooms.menu}
     , m_addField{window.listPane().addField(), {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts}}
     , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
     , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
@@ -86,6 +87,7 @@ void ListColumn::connectMessages()
     connect(&m_tasks, &TaskListController::failed, &m_window, &MainWindow::showMessage);
     connect(&m_sortMenu, &SortMenu::changed, &m_window, &MainWindow::showUndo);
     connect(&m_sortMenu, &SortMenu::failed, &m_window, &MainWindow::showMessage);
+    connect(&m_pageMenu, &PageMenu::failed, &m_window, &MainWindow::showMessage);
     connect(&m_trash, &TrashController::failed, &m_window, &MainWindow::showMessage);
     connect(&m_trash, &TrashController::restored, &m_window, &MainWindow::showUndo);
 }

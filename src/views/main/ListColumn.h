@@ -4,6 +4,7 @@
 #include "views/addfield/AddFieldController.h"
 #include "views/main/MainWindowRooms.h"
 #include "views/tasklist/ArrangeController.h"
+#include "views/tasklist/PageMenu.h"
 #include "views/tasklist/SectionController.h"
 #include "views/tasklist/SortMenu.h"
 #include "views/tasklist/TaskListController.h"
@@ -48,6 +49,7 @@ private:
     TaskListController m_tasks;
     TaskMenu m_taskMenu;
     SortMenu m_sortMenu;
+    PageMenu m_pageMenu;
     AddFieldController m_addField;
     ArrangeController m_arrange;
     SectionController m_sections;

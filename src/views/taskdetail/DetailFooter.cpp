@@ -3,6 +3,7 @@
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/FlowLayout.h"
 #include "views/controls/IconButton.h"
+#include "views/controls/MenuPlace.h"
 #include "views/controls/TextButton.h"
 #include "views/taskdetail/ListButton.h"
 #include "views/taskdetail/TagField.h"
@@ -123,11 +124,8 @@ void DetailFooter::openMenu()
 {
     auto *menu = new QMenu{this};
     menu->setObjectName(u"detailMenu"_s);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     Q_EMIT menuAboutToShow(*menu);
-    const QSize size = menu->sizeHint();
-    menu->popup(
-        m_more->mapToGlobal(QPoint{isRightToLeft() ? 0 : m_more->width() - size.width(), -size.height()}));
+    popUpAt(m_more->rect(), *m_more, Qt::TopEdge, *menu);
 }
 
 void DetailFooter::fitHeight()

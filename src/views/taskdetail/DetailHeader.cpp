@@ -4,6 +4,7 @@
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/CheckBox.h"
 #include "views/controls/IconButton.h"
+#include "views/controls/MenuPlace.h"
 #include "views/taskdetail/DateButton.h"
 #include "views/tasklist/TaskDateText.h"
 #include "views/theme/Icons.h"
@@ -86,15 +87,13 @@ QSize DetailHeader::sizeHint() const { return {Metrics::scaled(200), Metrics::sc
 void DetailHeader::openPriorities()
 {
     auto *menu = new QMenu{this};
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const KWTaskPriority each : KWTaskPriorities) {
         QAction *action = menu->addAction(displayName(each));
         action->setCheckable(true);
         action->setChecked(each == m_task.priority);
         connect(action, &QAction::triggered, this, [this, each] { Q_EMIT priorityChosen(each); });
     }
-    menu->popup(m_priority->mapToGlobal(
-        QPoint{isRightToLeft() ? 0 : m_priority->width() - menu->sizeHint().width(), m_priority->height()}));
+    popUpAt(m_priority->rect(), *m_priority, Qt::BottomEdge, *menu);
 }
 
 void DetailHeader::paintEvent(QPaintEvent *)

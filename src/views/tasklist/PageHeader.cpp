@@ -1,5 +1,6 @@
 #include "views/tasklist/PageHeader.h"
 
+#include "views/controls/IconButton.h"
 #include "views/controls/TextButton.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
@@ -12,6 +13,7 @@ PageHeader::PageHeader(QWidget *parent)
     : QWidget(parent)
     , m_sort(new TextButton{{}, TextButton::Opens::Menu, this})
     , m_action(new TextButton{{}, TextButton::Opens::Nothing, this})
+    , m_menu(new IconButton{Icon::More, tr("More"), this})
 {
     setObjectName(QStringLiteral("pageHeader"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -20,7 +22,9 @@ PageHeader::PageHeader(QWidget *parent)
     m_action->setObjectName(QStringLiteral("pageAction"));
     m_action->hide();
     connect(m_sort, &TextButton::clicked, this, &PageHeader::sortMenuRequested);
+    m_menu->setObjectName(QStringLiteral("pageMenuButton"));
     connect(m_action, &TextButton::clicked, this, &PageHeader::actionTriggered);
+    connect(m_menu, &IconButton::clicked, this, &PageHeader::menuRequested);
 }
 
 void PageHeader::setText(TextButton &button, const QString &text)
@@ -45,25 +49,29 @@ void PageHeader::setSorting(const QString &text)
 
 QWidget &PageHeader::sortButton() const { return *m_sort; }
 
+QWidget &PageHeader::menuButton() const { return *m_menu; }
+
 void PageHeader::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     placeButtons();
 }
 
+// From the end of the line on.
+QList<QAbstractButton *> PageHeader::buttons() const { return {m_menu, m_action, m_sort}; }
+
 int PageHeader::buttonsWidth() const
 {
     int taken = 0;
-    for (const TextButton *each : {m_action, m_sort})
+    for (const QAbstractButton *each : buttons())
         if (each->isVisibleTo(this)) taken += each->width() + Metrics::grid;
     return taken;
 }
 
-// From the end of the line on.
 void PageHeader::placeButtons()
 {
     int right = width();
-    for (TextButton *each : {m_action, m_sort}) {
+    for (QAbstractButton *each : buttons()) {
         if (!each->isVisibleTo(this)) continue;
         const QSize size = each->sizeHint().boundedTo(this->size());
         right -= size.width();

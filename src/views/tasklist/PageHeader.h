@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class IconButton;
+class QAbstractButton;
 class TextButton;
 
 /// The head of a page: its title, a quiet note beside it, and at the other end what can be done with the
@@ -19,12 +21,15 @@ public:
     /// The same of the button that opens the menu of sort types.
     void setSorting(const QString &text);
     QWidget &sortButton() const;
+    /// The button that opens the menu of the page.
+    QWidget &menuButton() const;
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
     void actionTriggered();
     void sortMenuRequested();
+    void menuRequested();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -33,10 +38,12 @@ protected:
 private:
     static void setText(TextButton &button, const QString &text);
     void placeButtons();
+    QList<QAbstractButton *> buttons() const;
     int buttonsWidth() const;
 
     TextButton *m_sort;
     TextButton *m_action;
+    IconButton *m_menu;
     QString m_title;
     QString m_note;
 };

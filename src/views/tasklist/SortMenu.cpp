@@ -1,5 +1,6 @@
 #include "views/tasklist/SortMenu.h"
 
+#include "views/controls/MenuPlace.h"
 #include "views/tasklist/PageHeader.h"
 
 #include <QMenu>
@@ -9,7 +10,7 @@ using namespace Qt::StringLiterals;
 SortMenu::SortMenu(PageHeader &header, KWTaskListService &service, KWCoreDataManager &manager)
     : m_header(header), m_service(service), m_manager(manager)
 {
-    connect(&m_header, &PageHeader::sortMenuRequested, this, [this] { popup(m_header.sortButton()); });
+    connect(&m_header, &PageHeader::sortMenuRequested, this, &SortMenu::open);
 }
 
 void SortMenu::show()
@@ -18,34 +19,32 @@ void SortMenu::show()
                                                : QString{});
 }
 
-void SortMenu::popup(const QWidget &relativeTo)
+void SortMenu::popup(const KWTaskSortTypeMenu &menu, const QRect &relativeTo, QWidget &in,
+                     Qt::Edge preferredEdge, const SelectHandler &selectHandler,
+                     const ResumeHandler &resumeHandler)
 {
-    auto *menu = new QMenu{&m_header};
-    menu->setObjectName(u"sortMenu"_s);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    addSortTypes(*menu);
-    menu->addSeparator();
-    addCompleted(*menu);
-    const bool isMirrored = relativeTo.layoutDirection() == Qt::RightToLeft;
-    const int x = isMirrored ? 0 : relativeTo.width() - menu->sizeHint().width();
-    menu->popup(relativeTo.mapToGlobal(QPoint{x, relativeTo.height() + 2}));
+    auto *shown = new QMenu{&in};
+    shown->setObjectName(u"sortMenu"_s);
+    for (const KWTaskSortType each : menu.sortTypes()) {
+        QAction *action = shown->addAction(KWTaskSortTypeMenu::titleOf(each), &in,
+                                           [each, selectHandler] { selectHandler(each); });
+        action->setCheckable(true);
+        action->setChecked(each == menu.selectedType);
+    }
+    if (const auto reset = menu.resetTitle()) {
+        shown->addSeparator();
+        shown->addAction(*reset, &in, resumeHandler);
+    }
+    popUpAt(relativeTo, in, preferredEdge, *shown);
 }
 
-void SortMenu::addSortTypes(QMenu &menu)
+void SortMenu::open()
 {
-    const auto selectHandler = [this](KWTaskSortType sortType) { report(m_service.setSortType(sortType)); };
-    const auto resumeHandler = [this] { resetManualOrder(); };
-    const KWTaskSortTypeMenu offered = m_service.sortMenu();
-    for (const KWTaskSortType each : offered.sortTypes()) {
-        QAction *action = menu.addAction(KWTaskSortTypeMenu::titleOf(each), this,
-                                         [each, selectHandler] { selectHandler(each); });
-        action->setCheckable(true);
-        action->setChecked(each == offered.selectedType);
-    }
-    if (const auto reset = offered.resetTitle()) {
-        menu.addSeparator();
-        menu.addAction(*reset, this, resumeHandler);
-    }
+    QWidget &button = m_header.sortButton();
+    popup(
+        m_service.sortMenu(), button.rect(), button, Qt::BottomEdge,
+        [this](KWTaskSortType sortType) { report(m_service.setSortType(sortType)); },
+        [this] { resetManualOrder(); });
 }
 
 void SortMenu::resetManualOrder()
@@ -53,15 +52,6 @@ void SortMenu::resetManualOrder()
     const Result<UndoToken> reset = m_service.resetManualOrder();
     if (!reset) return Q_EMIT failed(reset.error().sentence);
     Q_EMIT changed(tr("Order reset"), [this, reset] { report(reset->undo(m_manager)); });
-}
-
-void SortMenu::addCompleted(QMenu &menu)
-{
-    QAction *action = menu.addAction(tr("Show Completed"));
-    action->setCheckable(true);
-    action->setChecked(m_service.showsCompleted());
-    connect(action, &QAction::triggered, this,
-            [this](bool shows) { report(m_service.setShowsCompleted(shows)); });
 }
 
 void SortMenu::report(const Result<void> &done)
