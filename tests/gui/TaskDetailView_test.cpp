@@ -142,6 +142,32 @@ private Q_SLOTS:
         QCOMPARE(rows().at(1)->textCursor().position(), 0);
     }
 
+    void enterAtTheBeginningMakesRoomAbove()
+    {
+        addItems({u"Milk"_s});
+        putCaret(0, 0);
+        m_client->press(Qt::Key_Return);
+        QVERIFY(rows().at(0)->hasFocus());
+        m_client->type(u"Bread"_s);
+        m_client->clock.advance(1s);
+        QCOMPARE(stored(), u"Bread Milk"_s);
+        QCOMPARE(shown(), stored());
+    }
+
+    void anEmptiedItemIsFilledAgain()
+    {
+        addItems({u"Milk"_s});
+        for (const bool pressesEnter : {false, true}) {
+            putCaret(0, 0);
+            rows().at(0)->selectAll();
+            m_client->press(Qt::Key_Delete);
+            if (pressesEnter) m_client->press(Qt::Key_Return);
+            title().setFocus();
+            QCOMPARE(stored(), u"Milk"_s);
+            QCOMPARE(shown(), stored());
+        }
+    }
+
     void newItemIsKeptAndTypedOn()
     {
         QTest::mouseClick(&m_client->find<QWidget>("addChecklistItem"), Qt::LeftButton);

@@ -47,9 +47,9 @@ Result<void> KWTaskEditor::editItem(const QString &itemID, const std::function<v
 
 Result<void> KWTaskEditor::setItemTitle(const QString &itemID, const QString &title)
 {
-    return editItem(itemID, [&title](KWChecklistItem &item) {
-        item.set(&KWChecklistItemModel::title, onOneLine(title));
-    });
+    const QString line = onOneLine(title);
+    if (line.isEmpty()) return Error{storeText("A checklist item needs a text.")};
+    return editItem(itemID, [&line](KWChecklistItem &item) { item.set(&KWChecklistItemModel::title, line); });
 }
 
 Result<void> KWTaskEditor::tickItem(const QString &itemID)

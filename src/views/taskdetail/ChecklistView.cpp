@@ -152,14 +152,19 @@ QString ChecklistView::sidBefore(const ChecklistItemRow &row) const
 void ChecklistView::enterNext(ChecklistItemRow &row)
 {
     CommittingTextEdit &editor = row.editor();
-    if (row.isDraft() && editor.text().isEmpty()) {
-        m_addButton->setFocus(); // leaving it empty drops it
+    const int place = int(m_rows.indexOf(&row));
+    if (onOneLine(editor.text()).isEmpty()) {
+        m_addButton->setFocus(); // leaving it empty drops it, or brings back what stood there
         return;
     }
     QTextCursor behind = editor.textCursor();
+    if (onOneLine(editor.text().left(behind.selectionStart())).isEmpty()) {
+        addDraft(place, {}).editor().setFocus();
+        return;
+    }
     behind.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     const QString rest = behind.selectedText();
-    ChecklistItemRow &next = addDraft(int(m_rows.indexOf(&row)) + 1, rest);
+    ChecklistItemRow &next = addDraft(place + 1, rest);
     // The new item is kept before the old one is cut short.
     next.editor().commit();
     behind.removeSelectedText();
