@@ -60,7 +60,9 @@ bool isSign(const nlp::Token &token) { return token.kind == nlp::TokenKind::Sign
 // "The party is friday": without its day nothing is said of the party.
 std::uint32_t beginWithCopula(const std::vector<nlp::Token> &tokens, std::uint32_t begin, std::uint32_t end)
 {
-    const bool isLast = end == tokens.size() || isSign(tokens[end]);
+    // Marks of other kinds are opaque.
+    const bool isLast =
+        end == tokens.size() || isSign(tokens[end]) || tokens[end].kind == nlp::TokenKind::Opaque;
     const bool isSaid = begin >= 2 && isCopula(tokens[begin - 1]) && !isSign(tokens[begin - 2]);
     return isLast && isSaid ? begin - 1 : begin;
 }
