@@ -2,6 +2,7 @@
 // is marked and what can complete the token stands on the screen.
 
 #include "Account.h"
+#include "app/ShortcutConfiguration.h"
 #include "app/ports/AlertPort.h"
 #include "capture/NewTaskService.h"
 #include "views/addfield/AddFieldController.h"
@@ -32,8 +33,9 @@ void press(benchmark::State &state, const QString &text)
     static LargeAccount account;
     NewTaskService service{*account.kit};
     AlertPort alerts;
+    const ShortcutConfiguration shortcuts{account.kit->defaults()};
     KWNewTaskTextField field;
-    AddFieldController controller{field, {*account.kit, account.clock, service, alerts}};
+    AddFieldController controller{field, {*account.kit, account.clock, service, alerts, shortcuts}};
     field.resize(640, field.sizeHint().height());
     field.show();
     field.activateWindow();

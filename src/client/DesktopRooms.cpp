@@ -34,7 +34,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
     , m_statusItem({kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea, m_alerts})
-    , m_quickAdd({kit, clock, m_newTasks, m_alerts})
+    , m_quickAdd({kit, clock, m_newTasks, m_alerts, m_menu.shortcuts()})
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {

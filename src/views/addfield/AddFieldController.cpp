@@ -10,7 +10,7 @@
 #include "views/addfield/TaskPlace.h"
 #include "views/addfield/TitleLessons.h"
 
-#include <QFocusEvent>
+#include <QApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -21,6 +21,7 @@ AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
     , m_service(rooms.service)
     , m_referees(rooms.kit)
     , m_alerts(rooms.alerts)
+    , m_hand({field, rooms.kit, rooms.service.candidates(), rooms.shortcuts, m_referees})
     , m_completion(field, rooms.service.candidates())
     , m_dateTip(field, rooms.clock, rooms.kit.defaults())
 {
@@ -32,6 +33,8 @@ AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
             [this](const QString &link) { takeBack(link); });
     m_field.explainPiece = [this](const RecognizedPiece &piece) { return meaningOf(piece, m_draft, m_kit); };
     connect(&m_field, &KWNewTaskTextField::submitted, this, &AddFieldController::submit);
+    connect(&m_hand, &HandChoices::changed, this, &AddFieldController::refresh);
+    connect(qApp, &QApplication::focusChanged, this, &AddFieldController::followFocus);
     connect(&m_completion, &TokenCompletion::committed, this, &AddFieldController::take);
     m_field.shouldCreateMultiTasks = [this](const QString &pasted) { return shouldCreateMultiTasks(pasted); };
     connect(&m_field, &KWNewTaskTextField::helpRequested, this, [this] { FieldHelp::showBelow(m_field); });
@@ -42,8 +45,7 @@ void AddFieldController::setList(const KWListIdentifier &list)
 {
     if (list == m_list) return; // told again when the sidebar has changed
     m_list = list;
-    m_preset.reset();
-    m_field.setPassingPlaceholder({});
+    endPreset();
     refresh();
 }
 
@@ -61,7 +63,6 @@ void AddFieldController::endPreset()
     if (!m_preset) return;
     m_preset.reset();
     m_field.setPassingPlaceholder({});
-    refresh();
 }
 
 NewTaskContext AddFieldController::context() const
@@ -71,13 +72,27 @@ NewTaskContext AddFieldController::context() const
     return context;
 }
 
+void AddFieldController::followFocus(const QWidget *before, const QWidget *now)
+{
+    const auto isInside = [this](const QWidget *each) {
+        return each == &m_field || m_field.isAncestorOf(each);
+    };
+    if (now && now->window() == m_field.window() && isInside(before) && !isInside(now)) leave();
+}
+
+// Left without a text, the field begins anew.
+void AddFieldController::leave()
+{
+    if (!m_field.text().isEmpty()) return;
+    m_referees.restoreToPreset();
+    endPreset();
+    refresh();
+}
+
 bool AddFieldController::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress && obey(*static_cast<QKeyEvent *>(event))) return true;
-    if (event->type() == QEvent::FocusOut && m_field.text().isEmpty()) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) endPreset();
-    }
+    if (event->type() == QEvent::Hide && !event->spontaneous()) leave();
     return QObject::eventFilter(watched, event);
 }
 
@@ -104,6 +119,7 @@ void AddFieldController::refresh()
     m_draft = m_service.compose(m_field.text(), context(), m_referees);
     m_field.setPieces(m_draft.recognition.pieces);
     m_field.setUnderstood(m_field.text().isEmpty() ? QString{} : placeOf(m_draft, m_kit));
+    m_hand.show(m_draft);
     Q_EMIT recognized();
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "capture/NewTaskContext.h"
-#include "capture/NewTaskDraft.h"
-#include "capture/NewTaskReferees.h"
 #include "capture/RecognizedPiece.h"
 #include "model/events/KWNotificationCenter.h"
 #include "model/records/KWListIdentifier.h"
 #include "model/store/UndoToken.h"
 #include "views/addfield/DateTip.h"
+#include "views/addfield/HandChoices.h"
 #include "views/addfield/TakenBackMarks.h"
 #include "views/addfield/TokenCompletion.h"
 
@@ -20,8 +19,8 @@ class QKeyEvent;
 
 /// Joins an add field with recognition and saving: marks the pieces while one types and says what they mean,
 /// completes tokens, takes a recognition back when its mark is clicked or Backspace is pressed right behind
-/// it, brings it back by Ctrl+Z, and saves on Enter. The text leaves the field only once it is saved. Main
-/// thread.
+/// it, brings it back by Ctrl+Z, and saves on Enter. The text leaves the field only once it is saved. What
+/// was chosen by hand goes with it, and when the field is left empty. Main thread.
 class AddFieldController : public QObject {
     Q_OBJECT
 
@@ -32,6 +31,7 @@ public:
         CXClock &clock;
         NewTaskService &service;
         AlertPort &alerts;
+        const ShortcutConfiguration &shortcuts;
     };
     AddFieldController(KWNewTaskTextField &field, Rooms rooms);
 
@@ -61,6 +61,8 @@ protected:
 private:
     NewTaskContext context() const;
     void endPreset();
+    void leave();
+    void followFocus(const QWidget *before, const QWidget *now);
     void recognize(const QString &text);
     void take(TokenKind kind, const KWCandidateModel &row);
     void keepOnePriority();
@@ -81,6 +83,7 @@ private:
     NewTaskReferees m_referees;
     NewTaskDraft m_draft;
     AlertPort &m_alerts;
+    HandChoices m_hand;
     TokenCompletion m_completion;
     DateTip m_dateTip;
     qsizetype m_lesson = 0;

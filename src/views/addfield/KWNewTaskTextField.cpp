@@ -2,6 +2,7 @@
 
 #include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
+#include "views/addfield/FieldPickers.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
@@ -24,6 +25,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int padding = 12; // from the outline to the text
+constexpr int shortestText = 160;
+constexpr int narrowField = 320; // has no room for the hint
 
 bool hasLineBreak(const QString &text) { return lineBreaksAsSpaces(text) != text; }
 
@@ -35,22 +38,28 @@ int hintWidth()
 
 } // namespace
 
-KWNewTaskTextField::KWNewTaskTextField(QWidget *parent) : KWTagCandidateTextField(parent)
+KWNewTaskTextField::KWNewTaskTextField(QWidget *parent)
+    : KWTagCandidateTextField(parent), m_pickers(new FieldPickers{this})
 {
     setObjectName(u"addField"_s);
     setAccessibleName(KWLocalizedString("Add a task"));
     setFrameShape(NoFrame);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     viewport()->setAutoFillBackground(false);
-    connect(this, &KWTagCandidateTextField::textEdited, this, [this] { update(); }); // the hint
+    connect(this, &KWTagCandidateTextField::textEdited, this, &KWNewTaskTextField::arrange);
+    connect(m_pickers, &FieldPickers::widthChanged, this, &KWNewTaskTextField::arrange);
+    connect(qApp, &QApplication::focusChanged, this, &KWNewTaskTextField::arrange);
     dress();
 }
+
+// The focus leaves when it is no field any more.
+KWNewTaskTextField::~KWNewTaskTextField() { disconnect(qApp, nullptr, this, nullptr); }
 
 void KWNewTaskTextField::dress()
 {
     KWTagCandidateTextField::dress();
     updateGeometry();
-    placeViewport();
+    arrange();
 }
 
 void KWNewTaskTextField::setPresetContent(const QString &content)
@@ -172,7 +181,6 @@ bool KWNewTaskTextField::event(QEvent *event)
         if (isOnHelp(*event)) return true;
     }
     const bool handled = KWTagCandidateTextField::event(event);
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
     return handled;
 }
 
@@ -208,6 +216,7 @@ void KWNewTaskTextField::paintFrame()
     if (document()->isEmpty())
         return Icons::paint(painter, helpBounds(), Icon::Help, Metrics::scaled(Metrics::icon),
                             theme.faintText);
+    if (!showsHint()) return;
 
     const int icon = Metrics::scaled(Metrics::icon) - 2;
     const int start = box.right() + 1 - padding - hintWidth();
@@ -217,8 +226,10 @@ void KWNewTaskTextField::paintFrame()
     Icons::paint(painter, visual({start, box.top(), icon, box.height()}), Icon::Enter, icon, theme.faintText);
     painter.setFont(Fonts::font(Fonts::Role::Secondary));
     painter.setPen(theme.faintText);
-    painter.drawText(visual({start + icon + Metrics::grid, box.top(), hintWidth(), box.height()}),
-                     int(Qt::AlignLeft | Qt::AlignVCenter), KWLocalizedString("add"));
+    const int words = start + icon + Metrics::grid;
+    painter.drawText(visual({words, box.top(), box.right() + 1 - words, box.height()}),
+                     int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter),
+                     KWLocalizedString("add"));
 }
 
 void KWNewTaskTextField::paintEvent(QPaintEvent *event)
@@ -255,17 +266,40 @@ QString KWNewTaskTextField::shownPlaceholder(int width) const
 void KWNewTaskTextField::resizeEvent(QResizeEvent *event)
 {
     KWTagCandidateTextField::resizeEvent(event);
-    placeViewport();
+    arrange();
 }
 
-// The line stands in the middle of the field, the hint behind it.
-void KWNewTaskTextField::placeViewport()
+bool KWNewTaskTextField::isInUse() const
+{
+    const QWidget *focused = window()->focusWidget();
+    const bool hasKeyboard = focused == this || isAncestorOf(focused);
+    const bool isActive = isActiveWindow() || QApplication::activePopupWidget();
+    return !document()->isEmpty() || m_pickers->haveChoice() || (hasKeyboard && isActive);
+}
+
+// In its place the empty field has its question mark.
+bool KWNewTaskTextField::showsHint() const
+{
+    return document()->isEmpty() || width() >= Metrics::scaled(narrowField);
+}
+
+// The line stands in the middle of the field, behind it the buttons and the hint.
+void KWNewTaskTextField::arrange()
 {
     const int line = fontMetrics().height() + 2 * documentMargin;
     const int above = std::max(0, (height() - line) / 2);
     const int before = ring + padding - documentMargin;
-    const int behind = before + hintWidth() + padding;
+    int behind = showsHint() ? before + hintWidth() + padding : before;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+
+    m_pickers->setVisible(isInUse());
+    if (!m_pickers->isHidden()) {
+        const int room = width() - before - behind - Metrics::scaled(shortestText);
+        const int taken = m_pickers->fitInto(room);
+        m_pickers->setGeometry(QStyle::visualRect(
+            layoutDirection(), rect(), {width() - behind - taken, ring, taken, height() - 2 * ring}));
+        behind += taken;
+    }
     const QMargins margins{isMirrored ? behind : before, above, isMirrored ? before : behind,
                            std::max(0, height() - line - above)};
     if (margins != viewportMargins()) setViewportMargins(margins);
@@ -275,4 +309,5 @@ void KWNewTaskTextField::placeViewport()
     option.setAlignment(isMirrored ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
     if (option.alignment() != document()->defaultTextOption().alignment())
         document()->setDefaultTextOption(option);
+    update();
 }

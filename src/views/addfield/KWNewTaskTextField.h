@@ -4,6 +4,8 @@
 
 #include <functional>
 
+class FieldPickers;
+
 /// The field in which a task is typed. Enter submits, Escape gives the focus away.
 class KWNewTaskTextField : public KWTagCandidateTextField {
     Q_OBJECT
@@ -13,6 +15,7 @@ public:
     static constexpr int ring = 3;
 
     explicit KWNewTaskTextField(QWidget *parent = nullptr);
+    ~KWNewTaskTextField() override;
 
     /// What the field was opened with.
     const QString &presetContent() const { return m_presetContent; }
@@ -37,6 +40,9 @@ public:
     std::function<bool(const QString &pasted)> shouldCreateMultiTasks;
     /// Adds the text, its line breaks as spaces, behind what is there.
     void appendLines(const QString &lines);
+
+    /// The buttons at its end; there while it has a text or the keyboard, or something was chosen.
+    FieldPickers &pickers() { return *m_pickers; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -67,10 +73,13 @@ private:
     void describe();
     void paintPlaceholder() const;
     QString shownPlaceholder(int width) const;
-    void placeViewport();
+    void arrange();
+    bool isInUse() const;
+    bool showsHint() const;
     bool isOnHelp(const QEvent &event);
     QRect helpBounds() const;
 
+    FieldPickers *m_pickers;
     QString m_presetContent;
     QString m_placeholder;
     QString m_passingPlaceholder;

@@ -3,6 +3,7 @@
 #include "capture/NewTaskDraft.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/store/TaskPermissions.h"
 #include "views/tasklist/TaskDateText.h"
@@ -10,6 +11,12 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString nameOf(const KWProject *list)
+{
+    if (!list) return {};
+    return list->isInbox() ? KWSmartProject::inbox().displayName() : (*list)->name;
+}
 
 QString placeIn(const QString &list, const KWTaskModel &task, OrvaneKit &kit)
 {
@@ -21,19 +28,21 @@ QString placeIn(const QString &list, const KWTaskModel &task, OrvaneKit &kit)
 
 QString placeOf(const KWTaskModel &task, OrvaneKit &kit)
 {
-    const KWProject *project = kit.context().find<KWProject>(task.projectID);
-    return placeIn(project ? (*project)->name : QString{}, task, kit);
+    return placeIn(nameOf(kit.context().find<KWProject>(task.projectID)), task, kit);
 }
 
 QString placeOf(const NewTaskDraft &draft, OrvaneKit &kit)
 {
-    if (draft.newListName)
-        return placeIn(KWLocalizedString("New list “%1”").arg(*draft.newListName), draft.task, kit);
-    KWTaskModel task = draft.task;
+    return placeIn(listNameOf(draft, kit), draft.task, kit);
+}
+
+QString listNameOf(const NewTaskDraft &draft, OrvaneKit &kit)
+{
+    if (draft.newListName) return KWLocalizedString("New list “%1”").arg(*draft.newListName);
+    const KWProject *list = kit.context().find<KWProject>(draft.task.projectID);
     // A list that is gone, archived or may only be read takes none.
-    if (!mayTakeTasks(kit.context().find<KWProject>(task.projectID)))
-        task.projectID = KWProject::inboxIDOfUser(task.userID);
-    return placeOf(task, kit);
+    if (!mayTakeTasks(list)) list = KWProject::findInboxOfUser(draft.task.userID, kit.context());
+    return nameOf(list);
 }
 
 QString tasksAddedText(qsizetype count)

@@ -14,6 +14,9 @@ QString placeOf(const KWTaskModel &task, OrvaneKit &kit);
 /// The same of a task that is not saved yet: where it would go.
 QString placeOf(const NewTaskDraft &draft, OrvaneKit &kit);
 
+/// The list that it would go to: "Inbox", "New list “Garden”".
+QString listNameOf(const NewTaskDraft &draft, OrvaneKit &kit);
+
 /// "Tomorrow, 17:00, repeats"; empty without a date.
 QString dateTextOf(const KWTaskModel &task, const CXClock &clock);
 

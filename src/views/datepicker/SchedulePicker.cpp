@@ -156,7 +156,6 @@ void SchedulePicker::makeZones(QFormLayout &rows)
 QLayout *SchedulePicker::makeButtons()
 {
     auto *row = new QHBoxLayout;
-    row->addStretch(1);
     const auto add = [row](const char *name, const QString &text) {
         auto *button = new QPushButton{text};
         button->setObjectName(QLatin1StringView{name});
@@ -165,6 +164,12 @@ QLayout *SchedulePicker::makeButtons()
         row->addWidget(button);
         return button;
     };
+    if (!m_surroundings.restores.isEmpty())
+        connect(add("restoreSchedule", m_surroundings.restores), &QPushButton::clicked, this, [this] {
+            Q_EMIT restored();
+            close();
+        });
+    row->addStretch(1);
     connect(add("cancelSchedule", KWLocalizedString("Cancel")), &QPushButton::clicked, this, &QWidget::close);
     QPushButton *save = add("keepSchedule", KWLocalizedString("Save"));
     save->setDefault(true);

@@ -27,6 +27,7 @@ public:
         std::set<CXAlarmTrigger> allDayReminders; ///< of one that gets a day
         RepeatRows::ReadRule readRule;
         bool asksDayAndTimeAlone = false; ///< no end, reminders nor repeat; these are not touched then
+        QString restores{};               ///< what a further button says that gives the choice up; no button
     };
     SchedulePicker(const TaskSchedule &schedule, const Surroundings &surroundings, QWidget *parent);
 
@@ -35,6 +36,8 @@ public:
 
 Q_SIGNALS:
     void kept(const TaskSchedule &chosen);
+    /// What was chosen before is given up.
+    void restored();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -7,6 +7,7 @@
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/addfield/TaskPlace.h"
 #include "views/main/MainWindow.h"
+#include "views/menu/MainMenu.h"
 #include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -38,7 +39,8 @@ ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchAc
     , m_taskMenu{{window.listPane().list(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
     , m_sortMenu{window.listPane().header(), rooms.tasks, rooms.kit.manager()}
     , m_pageMenu{window.listPane().header(), rooms.tasks, rooms.menu}
-    , m_addField{window.listPane().addField(), {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts}}
+    , m_addField{window.listPane().addField(),
+                 {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts, rooms.menu.shortcuts()}}
     , m_arrange{{window.listPane().list(), rooms.tasks, actions, rooms.kit.manager()}}
     , m_sections{{window.listPane(), rooms.tasks, m_addField, actions, rooms.clock}}
     , m_trash{{window.listPane(), rooms.tasks, rooms.kit.manager(), rooms.kit.account()}}

@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
+#include "views/addfield/FieldPickers.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/SheetShadow.h"
 #include "views/menu/HiddenMenuBar.h"
@@ -68,7 +69,8 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
         beside->installEventFilter(this);
     connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
     setTabOrder(&m_listPane->addField(), &m_toast->actionButton());
-    setTabOrder(&m_toast->actionButton(), &m_listPane->list());
+    setTabOrder(&m_toast->actionButton(), &m_listPane->addField().pickers());
+    setTabOrder(&m_listPane->addField().pickers(), &m_listPane->list());
     restoreState();
 }
 

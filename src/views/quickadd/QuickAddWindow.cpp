@@ -132,8 +132,9 @@ void QuickAddWindow::changeEvent(QEvent *event)
     PopupFrame::changeEvent(event);
     if (event->type() != QEvent::ActivationChange || isActiveWindow()) return;
     Q_EMIT left();
-    // A question about what was pasted is part of it.
-    if (m_field->text().isEmpty() && !QApplication::activeModalWidget()) close();
+    // A question about what was pasted is part of it, and so is a popup in which something is chosen.
+    const bool isAsked = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    if (m_field->text().isEmpty() && !isAsked) close();
 }
 
 void QuickAddWindow::hideEvent(QHideEvent *event)

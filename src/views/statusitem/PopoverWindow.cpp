@@ -6,7 +6,7 @@
 #include "views/theme/Metrics.h"
 #include "views/theme/PopupEdge.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
@@ -49,7 +49,8 @@ void PopoverWindow::popUp(const QRect &anchor)
 void PopoverWindow::changeEvent(QEvent *event)
 {
     TaskListPane::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) hide();
+    const bool isLeft = event->type() == QEvent::ActivationChange && !isActiveWindow();
+    if (isLeft && !QApplication::activePopupWidget()) hide(); // a popup is part of it
 }
 
 void PopoverWindow::keyPressEvent(QKeyEvent *event)

@@ -45,7 +45,8 @@ struct StatusItem::Popover {
         , service(rooms.kit.manager(), rooms.kit.account(), rooms.kit.center(), rooms.kit.bus())
         , rows(window, service, rooms.clock)
         , ticker(rooms.kit.manager())
-        , addField(window.addField(), {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts})
+        , addField(window.addField(),
+                   {rooms.kit, rooms.clock, rooms.newTasks, rooms.alerts, rooms.menu.shortcuts()})
         , newMinute(rooms.kit.center().addObserver(KWNewMinuteComesNotification,
                                                    [this](const KWNotification &) { showHead(); }))
     {

@@ -1,14 +1,12 @@
 #include "views/taskdetail/DetailActions.h"
 
-#include "capture/KWSmartTimeModel.h"
-#include "capture/RepeatPhrase.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/store/TaskPermissions.h"
 #include "views/controls/ChoicePopup.h"
-#include "views/datepicker/SchedulePicker.h"
+#include "views/datepicker/ScheduleSurroundings.h"
 #include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/DetailFooter.h"
 #include "views/taskdetail/DetailHeader.h"
@@ -72,21 +70,8 @@ void DetailActions::report(const Result<UndoToken> &done, const QString &message
 void DetailActions::pickDate(const QPoint &position)
 {
     if (m_task.sid.isEmpty()) return;
-    const KWUserSettingsModel &settings = m_kit.account().userSettings();
-    const KWTaskDefaultConfiguration defaults = m_kit.account().taskDefaultConfiguration();
-    const SchedulePicker::Surroundings surroundings{
-        .today = m_kit.clock().today(),
-        .zone = m_kit.clock().zone(),
-        .firstWeekday = settings.firstWeekday,
-        .choosesZones = settings.isTimeZoneOptionEnabled,
-        .reminders = defaults.reminders,
-        .allDayReminders = defaults.allDayReminders,
-        .readRule = [&clock = m_kit.clock(), times = KWSmartTimeModel::ofSettings(settings),
-                     defaults](const QString &typed) {
-            return repeatRuleIn(typed, clock.now(), times, {clock.zone(), defaults});
-        }};
     const TaskSchedule shown = TaskSchedule::ofTask(m_task);
-    auto *picker = new SchedulePicker{shown, surroundings, m_view.window()};
+    auto *picker = new SchedulePicker{shown, scheduleSurroundings(m_kit), m_view.window()};
     connect(picker, &SchedulePicker::kept, this,
             [this, shown, id = m_task.sid](const TaskSchedule &chosen) { schedule(id, chosen, shown); });
     picker->popUp(position);
