@@ -13,6 +13,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QScreen>
 
@@ -152,6 +153,32 @@ private Q_SLOTS:
         open();
         QCOMPARE(field().text(), QString{});
         QCOMPARE(savedTitles(), u"Wash up Pay rent"_s);
+    }
+
+    // What the window was opened with is no task of its own; what was typed is one.
+    void pastedLinesBecomeTasks_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("lines");
+        QTest::addColumn<QString>("titles");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("given") << QString{} << u"Milk\nBread"_s << u"Milk Bread"_s << u"2 tasks added"_s;
+        QTest::newRow("typed") << u" x"_s << u"Milk\nBread"_s << u"Milk Bread Rent x"_s << u"3 tasks added"_s;
+        QTest::newRow("one") << QString{} << u"Milk\n!high"_s << u"Milk"_s << u"1 task added"_s;
+    }
+    void pastedLinesBecomeTasks()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, lines);
+        open(u"Rent"_s);
+        type(typed);
+        QApplication::clipboard()->setText(lines);
+        press(Qt::Key_V, Qt::ControlModifier);
+        answerNextAlert(Qt::Key_Return);
+        QTRY_VERIFY(line().contains(u"added"_s));
+        QTEST(line(), "said");
+        QTEST(savedTitles(), "titles");
+        QCOMPARE(field().text(), u"Rent"_s + typed);
     }
 
     void givesWayToAnotherWindowWhenNothingIsTyped()

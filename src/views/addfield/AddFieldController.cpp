@@ -101,7 +101,7 @@ bool AddFieldController::obey(const QKeyEvent &key)
     const bool isBackspace = key.key() == Qt::Key_Backspace && key.modifiers() == Qt::NoModifier;
     if (isBackspace) return takeBackBeforeCaret();
     if (!key.matches(QKeySequence::Undo) || !m_takenBack.restoreLast(m_field.text())) return false;
-    recognize(m_field.text());
+    recognizeAgain();
     return true;
 }
 
@@ -111,6 +111,15 @@ void AddFieldController::recognize(const QString &text)
     refresh();
     keepOnePriority();
     m_completion.update(m_options, m_draft.task.projectID);
+    showDateTip();
+}
+
+// The text is the same: nothing is being typed that could be completed.
+void AddFieldController::recognizeAgain()
+{
+    refresh();
+    keepOnePriority();
+    m_completion.dismiss();
     showDateTip();
 }
 
@@ -178,7 +187,7 @@ void AddFieldController::remove(const RecognizedPiece &piece)
 bool AddFieldController::takeBack(const QString &link, const QString &words)
 {
     if (!m_takenBack.takeBack(link, m_field.text(), words)) return false;
-    recognize(m_field.text());
+    recognizeAgain();
     return true;
 }
 

@@ -64,6 +64,7 @@ private:
     void leave();
     void followFocus(const QWidget *before, const QWidget *now);
     void recognize(const QString &text);
+    void recognizeAgain();
     void take(TokenKind kind, const KWCandidateModel &row);
     void keepOnePriority();
     void showDateTip();
