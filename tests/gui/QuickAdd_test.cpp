@@ -113,6 +113,26 @@ private Q_SLOTS:
         QCOMPARE(savedTitles(), u"Pay rent Pay rent Wash up"_s);
     }
 
+    void takesTheLastTaskBack()
+    {
+        const auto undo = [this] { press(Qt::Key_Z, Qt::ControlModifier); };
+        open();
+        type(u"Pay rent tomorrow"_s);
+        press(Qt::Key_Return);
+        open();
+        undo();
+        QCOMPARE(savedTitles(), QString{});
+        QCOMPARE(field().text(), u"Pay rent tomorrow"_s);
+        QCOMPARE(line(), u"Inbox · Tomorrow"_s);
+        press(Qt::Key_Return, Qt::ControlModifier);
+        ObjectContext &context = m_client->kit().context();
+        context.fetch<KWTask>({}).first()->set(&KWTaskModel::title, u"Pay less"_s);
+        QVERIFY(context.save());
+        undo(); // what was changed since is not lost
+        QVERIFY(!problem().isEmpty());
+        QCOMPARE(savedTitles(), u"Pay less"_s);
+    }
+
     void keepsTheTextThatCannotBeSaved()
     {
         open(u"tomorrow"_s);

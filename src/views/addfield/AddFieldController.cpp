@@ -100,8 +100,21 @@ bool AddFieldController::obey(const QKeyEvent &key)
 {
     const bool isBackspace = key.key() == Qt::Key_Backspace && key.modifiers() == Qt::NoModifier;
     if (isBackspace) return takeBackBeforeCaret();
-    if (!key.matches(QKeySequence::Undo) || !m_takenBack.restoreLast(m_field.text())) return false;
+    if (!key.matches(QKeySequence::Undo)) return false;
+    if (!m_takenBack.restoreLast(m_field.text())) return takeBackAdded();
     recognizeAgain();
+    return true;
+}
+
+// Its text stands in the field again.
+bool AddFieldController::takeBackAdded()
+{
+    if (!m_lastAdded || !m_field.text().isEmpty()) return false;
+    const Added added = *std::exchange(m_lastAdded, std::nullopt);
+    if (const Result<void> undone = added.undo.undo(m_kit.manager()); !undone)
+        Q_EMIT failed(undone.error().sentence);
+    else
+        m_field.setText(added.text);
     return true;
 }
 
@@ -206,6 +219,7 @@ void AddFieldController::submit(const QString &text)
 {
     const auto made = m_service.save(m_service.compose(text, context(), m_referees));
     if (!made) return Q_EMIT failed(made.error().sentence);
+    m_lastAdded = {text, made->undo};
     m_referees.restoreToPreset();
     m_field.setPresetContent({});
     teachNext();

@@ -20,7 +20,8 @@ class QKeyEvent;
 /// Joins an add field with recognition and saving: marks the pieces while one types and says what they mean,
 /// completes tokens, takes a recognition back when its mark is clicked or Backspace is pressed right behind
 /// it, brings it back by Ctrl+Z, and saves on Enter. The text leaves the field only once it is saved. What
-/// was chosen by hand goes with it, and when the field is left empty. Main thread.
+/// was chosen by hand goes with it, and when the field is left empty. In the empty field Ctrl+Z takes the
+/// task back that was added last, where no menu does so. Main thread.
 class AddFieldController : public QObject {
     Q_OBJECT
 
@@ -73,6 +74,7 @@ private:
     /// Whether there was anything to take back.
     bool takeBack(const QString &link, const QString &words = {});
     bool takeBackBeforeCaret();
+    bool takeBackAdded();
     bool obey(const QKeyEvent &key);
     void submit(const QString &text);
     bool shouldCreateMultiTasks(const QString &pasted);
@@ -94,4 +96,9 @@ private:
     TakenBackMarks m_takenBack{m_options};
     QList<KWNotificationCenter::Observation> m_meaningChanged;
     std::optional<KWTaskPriority> m_parsedPriorityResult;
+    struct Added {
+        QString text;
+        UndoToken undo;
+    };
+    std::optional<Added> m_lastAdded;
 };
