@@ -39,6 +39,32 @@ private Q_SLOTS:
         m_milk = aTask("Buy milk").savedIn(*m_store);
     }
 
+    void writesManyRowsWithItsSave()
+    {
+        const auto rename = [](ObjectContext &context) {
+            context.bulkWriting().execute("UPDATE tasks SET title = 'X'");
+        };
+        const auto here = context();
+        QStringList saves;
+        here->onSaved = [&saves](const StoreChange &change) {
+            saves << QString::number(change.of(RecordKind::Task).updated.size());
+        };
+        rename(*here);
+        QVERIFY(here->hasChanges());
+        QCOMPARE(stored(m_rent)->title, u"Pay rent"_s);
+        here->rollback();
+        QVERIFY(here->save() && !here->hasChanges());
+        QCOMPARE(stored(m_rent)->title, u"Pay rent"_s);
+
+        rename(*here);
+        here->find<KWTask>(m_milk)->set(&KWTaskModel::priority, KWTaskPriorityHigh);
+        QVERIFY(here->save());
+        QCOMPARE(stored(m_rent)->title + stored(m_milk)->title, u"XX"_s);
+        rename(*here);
+        QVERIFY(here->save());
+        QCOMPARE(saves, QStringList{u"1"_s}); // rows alone are no records
+    }
+
     void stampsWhatIsNewAndWhatChanged()
     {
         const auto here = context();

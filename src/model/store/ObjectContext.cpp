@@ -20,7 +20,12 @@ QString newRecordIdentifier(Instant now)
 {
     const quint64 time = quint64(now.time_since_epoch().count()) & 0xffff'ffff'ffff;
     const quint64 random = QRandomGenerator::global()->generate64() & 0xffff'ffff'ffff;
-    return u"%1%2"_s.arg(time, 12, 16, QChar(u'0')).arg(random, 12, 16, QChar(u'0'));
+    QString identifier{24, Qt::Uninitialized};
+    for (int digit = 0; digit < 12; ++digit) {
+        identifier[digit] = QLatin1Char{"0123456789abcdef"[time >> (44 - 4 * digit) & 0xf]};
+        identifier[12 + digit] = QLatin1Char{"0123456789abcdef"[random >> (44 - 4 * digit) & 0xf]};
+    }
+    return identifier;
 }
 
 ObjectContext::ObjectContext(std::unique_ptr<Connection> connection, const CXClock &clock)
@@ -186,10 +191,17 @@ void ObjectContext::forget(KWBaseEntity &record)
     mapOf(record.recordKind()).remove(record.sid());
 }
 
+Connection &ObjectContext::bulkWriting()
+{
+    if (!m_transaction) m_transaction = std::make_unique<WriteTransaction>(*m_connection);
+    m_hasBulkWrites = true;
+    return *m_connection;
+}
+
 bool ObjectContext::hasChanges() const
 {
-    return std::any_of(m_changed.begin(), m_changed.end(),
-                       [](const KWBaseEntity *each) { return each->hasChanges(); });
+    return m_hasBulkWrites || std::any_of(m_changed.begin(), m_changed.end(),
+                                          [](const KWBaseEntity *each) { return each->hasChanges(); });
 }
 
 void ObjectContext::stampModification()
@@ -248,10 +260,11 @@ Result<StoreChange> ObjectContext::save()
         return isUnchanged;
     });
     StoreChange change;
-    if (m_changed.empty()) {
+    if (m_changed.empty() && !m_hasBulkWrites) {
         m_transaction.reset();
         return change;
     }
+    m_hasBulkWrites = false; // written now or never
 
     stampModification();
     try {
@@ -267,12 +280,13 @@ Result<StoreChange> ObjectContext::save()
         else
             each->didSave();
     }
-    if (onSaved) onSaved(change);
+    if (onSaved && !change.isEmpty()) onSaved(change);
     return change;
 }
 
 void ObjectContext::rollback()
 {
+    if (std::exchange(m_hasBulkWrites, false)) m_transaction.reset();
     for (KWBaseEntity *each : std::exchange(m_changed, {})) {
         each->m_isNoted = false;
         if (each->isInserted())

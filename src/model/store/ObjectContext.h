@@ -56,6 +56,11 @@ public:
     /// Removes the record's row for good at the next save.
     void remove(KWBaseEntity &record);
 
+    /// For statements that write many rows at once, past the records: what they do is part of the next save,
+    /// or is taken back with it, and is in no StoreChange. Takes the write lock as beginWriting() does.
+    /// Throws SQLite::Exception.
+    Connection &bulkWriting();
+
     bool hasChanges() const;
     /// Takes the store's write lock now and keeps it until the next save, or until the context ends: what
     /// is read meanwhile stays true until it is written. Waits a few seconds for another writer.
@@ -75,7 +80,7 @@ public:
     std::unique_ptr<Connection> releaseConnection();
     const CXClock &clock() const { return m_clock; }
 
-    /// Called after every successful save that changed something.
+    /// Called after every successful save that changed records.
     std::function<void(const StoreChange &)> onSaved;
 
     void noteChanged(KWBaseEntity &record);
@@ -97,6 +102,7 @@ private:
 
     std::unique_ptr<Connection> m_connection;
     std::unique_ptr<WriteTransaction> m_transaction; // begun before the save; goes before the connection
+    bool m_hasBulkWrites = false;                    // in the transaction
     const CXClock &m_clock;
     std::array<IdentityMap, recordKindCount> m_records;
     std::vector<KWBaseEntity *> m_changed; // each once, in the order of their first change
