@@ -2,7 +2,10 @@
 
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/store/ColumnCodec.h"
 #include "model/store/CompletionOrder.h"
+#include "model/store/Connection.h"
+#include "model/store/StoreFailure.h"
 
 #include <string>
 
@@ -60,6 +63,17 @@ struct TaskCondition {
         return int(context.number(("SELECT count(*) FROM " + from + " WHERE " + where).c_str(), values));
     }
 };
+
+// Of the list, or of all open ones.
+TaskCondition willRepeat(const TaskOwner &owner, const QString &projectID)
+{
+    TaskCondition condition{std::string{isOpenTask} + " AND repeatRule <> '' AND startDate IS NOT NULL"};
+    if (projectID.isEmpty())
+        condition.inListsOf(owner.userID, TaskInclusion::HiddenProjects);
+    else
+        condition.also("projectID = ?", {projectID});
+    return condition.forOwner(owner);
+}
 
 TaskCondition openBefore(Instant end, const TaskOwner &owner)
 {
@@ -147,12 +161,33 @@ QList<KWTask *> KWTaskFinder::fetchCompletedAndNoDateBetween(Instant from, Insta
 QList<KWTask *> KWTaskFinder::findAllTasksWillRepeatOfUser(const TaskOwner &owner, const QString &projectID,
                                                            ObjectContext &context)
 {
-    TaskCondition condition{std::string{isOpenTask} + " AND repeatRule <> '' AND startDate IS NOT NULL"};
-    if (projectID.isEmpty())
-        condition.inListsOf(owner.userID, TaskInclusion::HiddenProjects);
-    else
-        condition.also("projectID = ?", {projectID});
-    return condition.forOwner(owner).fetch(context, "id", "repeatingTasks");
+    return willRepeat(owner, projectID).fetch(context, "id", "repeatingTasks");
+}
+
+Result<std::vector<RepeatingTask>> KWTaskFinder::findAllTasksWillRepeatOfUser(const TaskOwner &owner,
+                                                                              ObjectContext &context)
+{
+    const TaskCondition condition = willRepeat(owner, {});
+    try {
+        auto statement = context.connection().prepare(
+            "SELECT sid, startDate, endDate, completionDate, isAllDay, isFloating, repeatRule, repeatFrom, "
+            "exDates, timeZone FROM tasks INDEXED BY repeatingTasks WHERE " +
+            condition.where + " ORDER BY id");
+        statement.bind(condition.values);
+        std::vector<RepeatingTask> tasks;
+        while (statement->executeStep()) {
+            RepeatingTask &task = tasks.emplace_back();
+            int column = 0;
+            const auto read = [&](auto &...values) {
+                (columns::read(statement->getColumn(column++), values), ...);
+            };
+            read(task.sid, task.startDate, task.endDate, task.completionDate, task.isAllDay, task.isFloating,
+                 task.repeatRule, task.repeatFrom, task.exDates, task.timeZone);
+        }
+        return tasks;
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
 }
 
 KWTask *KWTaskFinder::findLatestCompletedTaskRepeatedByTask(const KWTask &task)

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "corvexkit/time/Instant.h"
+#include "corvexkit/Result.h"
+#include "model/store/RepeatingTask.h"
 
 #include <QFlags>
 #include <QList>
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 class KWTask;
 class ObjectContext;
@@ -53,6 +55,9 @@ public:
     /// list, or of all open ones when `projectID` is empty.
     static QList<KWTask *> findAllTasksWillRepeatOfUser(const TaskOwner &owner, const QString &projectID,
                                                         ObjectContext &context);
+    /// When those of all open lists occur, read at one go and without their records.
+    static Result<std::vector<RepeatingTask>> findAllTasksWillRepeatOfUser(const TaskOwner &owner,
+                                                                           ObjectContext &context);
     /// The occurrence of a repeating task that was completed last; none when there is none.
     static KWTask *findLatestCompletedTaskRepeatedByTask(const KWTask &task);
 

@@ -1,0 +1,96 @@
+#include "calendar/SourceModel.h"
+
+#include "corvexkit/recurrence/CXRecurrenceAssistant.h"
+#include "model/store/RepeatingTask.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A polynomial over 64 bits that wraps.
+class Fingerprint {
+public:
+    void add(std::int64_t value) { m_hash = 31 * m_hash + std::uint64_t(value); }
+    void add(Instant moment) { add(std::int64_t{moment.time_since_epoch().count() / 1000}); } // whole seconds
+    /// By its 32-bit hash, over UTF-16 units.
+    void add(QStringView text)
+    {
+        std::uint32_t hash = 0;
+        for (const QChar unit : text)
+            hash = 31 * hash + unit.unicode();
+        add(std::int64_t{std::int32_t(hash)});
+    }
+
+    std::int64_t value() const { return std::int64_t(m_hash); }
+
+private:
+    std::uint64_t m_hash = 1;
+};
+
+} // namespace
+
+SourceModel SourceModel::ofTask(RepeatingTask task, const QString &userID)
+{
+    const bool hasZone = !task.isAllDay && !task.isFloating;
+    return {.userID = userID,
+            .entityID = std::move(task.sid),
+            .startDate = task.startDate,
+            .endDate = task.endDate,
+            .completedDate = task.completionDate,
+            .isAllDay = task.isAllDay,
+            .recurrenceRule = std::move(task.repeatRule),
+            .recurrenceFrom = task.repeatFrom,
+            .exDate = std::move(task.exDates),
+            .timeZone = hasZone ? CXTimeZone::named(task.timeZone) : std::nullopt,
+            .instanceType = KWRepeatInstanceTypeTask};
+}
+
+std::int64_t SourceModel::hashTag() const
+{
+    Fingerprint fingerprint;
+    if (startDate) fingerprint.add(*startDate);
+    if (endDate) fingerprint.add(*endDate);
+    fingerprint.add(std::int64_t{isAllDay});
+    if (!recurrenceRule.isEmpty()) {
+        fingerprint.add(recurrenceRule);
+        fingerprint.add(QString{textOf(recurrenceFrom)});
+    }
+    QList<Instant> excluded = exDate;
+    std::ranges::sort(excluded);
+    for (const Instant each : std::as_const(excluded))
+        fingerprint.add(each);
+    return fingerprint.value();
+}
+
+CXTimeZone SourceModel::timeZoneAsRecurringObject(const CXTimeZone &local) const
+{
+    return isAllDay ? local : timeZone.value_or(local);
+}
+
+std::set<Instant> SourceModel::excludedOccurrenceDatesAsRecurringObject() const
+{
+    return {exDate.begin(), exDate.end()};
+}
+
+std::chrono::milliseconds SourceModel::duration() const
+{
+    return startDate && endDate ? *endDate - *startDate : std::chrono::milliseconds{0};
+}
+
+std::vector<Instant> SourceModel::laterOccurrences(Instant from, Instant to, const CXTimeZone &local,
+                                                   std::chrono::weekday firstWeekday) const
+{
+    if (!startDate || recurrenceFrom == CXRecurrenceFromCompletionDate) return {};
+    const CXRecurringObject object{.startDate = startDate,
+                                   .isAllDay = isAllDay,
+                                   .recurrenceRuleString = recurrenceRule,
+                                   .excludedOccurrenceDates = excludedOccurrenceDatesAsRecurringObject(),
+                                   .timeZone = timeZoneAsRecurringObject(local),
+                                   .firstWeekday = firstWeekday};
+    std::vector<Instant> dates =
+        CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(object, from, to, true);
+    std::erase_if(dates, [&](Instant date) {
+        return date == *startDate || object.excludedOccurrenceDates.contains(date);
+    });
+    return dates;
+}
