@@ -1,46 +1,15 @@
+#include "RuleMaker.h"
 #include "corvexkit/recurrence/CXRecurrenceAssistant.h"
 #include "corvexkit/recurrence/CXRecurrenceRule.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QStringList>
-
-#include <random>
+#include <QString>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
 
 namespace {
-
-class RuleMaker {
-public:
-    QString mixed()
-    {
-        const int share = below(100);
-        if (share < 40) return daily();
-        if (share < 70) return weekly();
-        if (share < 85) return u"FREQ=MONTHLY;BYMONTHDAY=%1"_s.arg(below(31) + 1);
-        if (share < 95) return u"FREQ=MONTHLY;BYDAY=%1%2"_s.arg(nth(), weekdays(1));
-        return u"FREQ=YEARLY"_s;
-    }
-    QString daily() { return u"FREQ=DAILY;INTERVAL=%1"_s.arg(below(5) + 1); }
-    QString weekly() { return u"FREQ=WEEKLY;BYDAY=%1"_s.arg(weekdays(2 + below(2))); }
-
-    /// A quarter of an hour within three years.
-    LocalTime start() { return LocalTime{Day{2028y / 1 / 1}} + days{below(3 * 365)} + 15min * below(96); }
-
-private:
-    int below(int end) { return std::uniform_int_distribution{0, end - 1}(m_random); }
-    QString nth() { return QString::number(below(5) == 0 ? -1 : below(4) + 1); }
-    QString weekdays(int count)
-    {
-        QStringList names{u"MO"_s, u"TU"_s, u"WE"_s, u"TH"_s, u"FR"_s, u"SA"_s, u"SU"_s};
-        std::shuffle(names.begin(), names.end(), m_random);
-        return names.mid(0, count).join(u',');
-    }
-
-    std::mt19937 m_random{1};
-};
 
 using MakeRule = QString (RuleMaker::*)();
 
