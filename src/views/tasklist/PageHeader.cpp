@@ -106,8 +106,11 @@ void PageHeader::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
     const int textWidth = width() - buttonsWidth();
-    const int noteWidth = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
-    const int titleWidth = std::min(Fonts::width(Fonts::Role::PageTitle, m_title), textWidth - noteWidth);
+    const int wantedTitle = Fonts::width(Fonts::Role::PageTitle, m_title);
+    const int wantedNote = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
+    const bool hasNote = wantedTitle + wantedNote <= textWidth; // the title is what counts
+    const int noteWidth = hasNote ? wantedNote : 0;
+    const int titleWidth = std::min(wantedTitle, textWidth - noteWidth);
 
     const auto mirrored = [this](const QRect &bounds) {
         return QStyle::visualRect(layoutDirection(), rect(), bounds);
@@ -115,6 +118,7 @@ void PageHeader::paintEvent(QPaintEvent *)
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
     painter.setPen(Theme::current().text);
     Fonts::drawLine(painter, Fonts::Role::PageTitle, mirrored({0, 0, titleWidth, height()}), side, m_title);
+    if (!hasNote) return;
     painter.setPen(Theme::current().secondaryText);
     // A hair below the title's middle, on its baseline.
     Fonts::drawLine(painter, Fonts::Role::Body, mirrored({titleWidth + Metrics::gap, 2, noteWidth, height()}),
