@@ -137,11 +137,13 @@ private Q_SLOTS:
         QTRY_COMPARE(server.messages.size(), 3);
         QCOMPARE(server.messages.last().replaced, server.messages.at(1).id);
         scene.desktop.withdraw(u"Write"_s);
-        QTRY_COMPARE(server.closed, QList{server.messages.at(1).id});
+        // Twice where the answer to the second one was on its way.
+        QTRY_VERIFY(server.closed.contains(server.messages.at(1).id));
 
         scene.show(u"Late"_s);
         scene.desktop.withdraw(u"Late"_s); // on its way
-        QTRY_COMPARE(server.closed.size(), 2);
+        QTRY_COMPARE(server.messages.size(), 4);
+        QTRY_VERIFY(server.closed.contains(server.messages.last().id));
         QCOMPARE(scene.panel.titles, QStringList{});
     }
 
