@@ -108,10 +108,14 @@ void DesktopNotifications::send(const UserNotification &notification)
 
 void DesktopNotifications::didSend(const UserNotification &notification, uint id)
 {
-    if (m_ids.contains(notification.identifier))
-        m_ids.insert(notification.identifier, id);
-    else // taken back on its way
+    const auto shown = m_ids.find(notification.identifier);
+    if (shown == m_ids.end()) { // taken back on its way
         m_server->asyncCall(u"CloseNotification"_s, id);
+        return;
+    }
+    // Shown a second time before the id was known that it would have replaced.
+    if (*shown != 0 && *shown != id) m_server->asyncCall(u"CloseNotification"_s, *shown);
+    *shown = id;
 }
 
 void DesktopNotifications::showInPanel(const QList<UserNotification> &notifications)
