@@ -3,6 +3,7 @@
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 #include "model/store/FindAll.h"
+#include "model/store/RowsOfSources.h"
 #include "model/store/StoreFailure.h"
 
 Result<std::vector<KWRepeatInstance::Start>>
@@ -69,14 +70,5 @@ Result<void> KWRepeatInstance::insertAll(const std::vector<Made> &made, const QS
 Result<void> KWRepeatInstance::deleteAllWithRefreenceIDs(const QStringList &ids, const QString &of,
                                                          ObjectContext &in)
 {
-    if (ids.isEmpty()) return {};
-    try {
-        auto statement = in.bulkWriting().prepare("DELETE FROM repeatInstances WHERE referenceID IN (SELECT "
-                                                  "value FROM json_each(?)) AND userID = ?");
-        statement.bind({idList(ids), of});
-        statement->exec();
-        return {};
-    } catch (const SQLite::Exception &exception) {
-        return storeFailure(exception);
-    }
+    return deleteRowsOfSources("repeatInstances INDEXED BY repeatInstancesBySource", ids, of, in);
 }

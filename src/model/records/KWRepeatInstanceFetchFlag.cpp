@@ -2,7 +2,7 @@
 
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
-#include "model/store/FindAll.h"
+#include "model/store/RowsOfSources.h"
 #include "model/store/StoreFailure.h"
 
 Result<std::vector<KWRepeatInstanceFetchFlag::Range>>
@@ -77,15 +77,6 @@ Result<void> KWRepeatInstanceFetchFlag::updateAll(const std::vector<Range> &wide
 Result<void> KWRepeatInstanceFetchFlag::deleteAllWithRefreenceIDs(const QStringList &ids, const QString &of,
                                                                   ObjectContext &in)
 {
-    if (ids.isEmpty()) return {};
-    try {
-        auto statement = in.bulkWriting().prepare(
-            "DELETE FROM repeatInstanceFetchFlags WHERE userID = ? AND referenceID IN "
-            "(SELECT value FROM json_each(?))");
-        statement.bind({of, idList(ids)});
-        statement->exec();
-        return {};
-    } catch (const SQLite::Exception &exception) {
-        return storeFailure(exception);
-    }
+    return deleteRowsOfSources("repeatInstanceFetchFlags INDEXED BY repeatInstanceFetchFlagsBySource", ids,
+                               of, in);
 }
