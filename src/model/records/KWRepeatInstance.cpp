@@ -40,6 +40,7 @@ Result<void> KWRepeatInstance::insertAll(const std::vector<Made> &made, const QS
             "sortOrder, createdTime, modifiedTime, syncStatus, pendingChanges, isDeleted) "
             "VALUES (?, ?, ?, ?, ?, ?, '', 0, ?, ?, ?, 0, 0)");
         const Instant now = in.clock().now();
+        RecordIdentifiers identifiers{now};
         const auto bindShared = [&](int column, const auto &...values) {
             (columns::bind(*statement, column++, values), ...);
         };
@@ -48,7 +49,7 @@ Result<void> KWRepeatInstance::insertAll(const std::vector<Made> &made, const QS
         std::string referenceID;
         const QString *bound = nullptr;
         for (const Made &each : made) {
-            sid = newRecordIdentifier(now).toStdString();
+            sid = identifiers.next().toStdString();
             statement->bindNoCopy(1, sid);
             if (!bound || *bound != each.referenceID) {
                 bound = &each.referenceID;

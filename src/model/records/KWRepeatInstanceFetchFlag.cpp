@@ -37,13 +37,14 @@ Result<void> KWRepeatInstanceFetchFlag::insertAll(const std::vector<Range> &made
             "userID, etag, sortOrder, createdTime, modifiedTime, syncStatus, pendingChanges, isDeleted) "
             "VALUES (?, ?, ?, ?, ?, ?, '', 0, ?, ?, ?, 0, 0)");
         const Instant now = in.clock().now();
+        RecordIdentifiers identifiers{now};
         for (const Range &each : made) {
             int column = 1;
             const auto bind = [&](const auto &...values) {
                 (columns::bind(*statement, column++, values), ...);
             };
-            bind(newRecordIdentifier(now), each.referenceID, each.fetchBeginDate, each.fetchEndDate,
-                 each.hashTag, of, now, now, KWSyncStatusCreated);
+            bind(identifiers.next(), each.referenceID, each.fetchBeginDate, each.fetchEndDate, each.hashTag,
+                 of, now, now, KWSyncStatusCreated);
             statement->exec();
             statement->reset();
         }

@@ -14,16 +14,24 @@ namespace {
 
 constexpr CXLogger storeLog{u"store"};
 
+QChar hexDigit(quint64 value) { return QLatin1Char{"0123456789abcdef"[value & 0xf]}; }
+
 } // namespace
 
-QString newRecordIdentifier(Instant now)
+QString newRecordIdentifier(Instant now) { return RecordIdentifiers{now}.next(); }
+
+RecordIdentifiers::RecordIdentifiers(Instant now)
+    : m_time(quint64(now.time_since_epoch().count())), m_number(QRandomGenerator::global()->generate64())
 {
-    const quint64 time = quint64(now.time_since_epoch().count()) & 0xffff'ffff'ffff;
-    const quint64 random = QRandomGenerator::global()->generate64() & 0xffff'ffff'ffff;
+}
+
+QString RecordIdentifiers::next()
+{
+    const quint64 number = m_number++;
     QString identifier{24, Qt::Uninitialized};
     for (int digit = 0; digit < 12; ++digit) {
-        identifier[digit] = QLatin1Char{"0123456789abcdef"[time >> (44 - 4 * digit) & 0xf]};
-        identifier[12 + digit] = QLatin1Char{"0123456789abcdef"[random >> (44 - 4 * digit) & 0xf]};
+        identifier[digit] = hexDigit(m_time >> (44 - 4 * digit));
+        identifier[12 + digit] = hexDigit(number >> (44 - 4 * digit));
     }
     return identifier;
 }

@@ -112,3 +112,15 @@ private:
 /// A new identifier: 24 hexadecimal digits, the time of `now` in front, so that ids made later sort
 /// later, then 48 random bits.
 QString newRecordIdentifier(Instant now);
+
+/// New identifiers, each sorting behind the one before: many rows at once are stored side by side.
+class RecordIdentifiers {
+public:
+    explicit RecordIdentifiers(Instant now);
+
+    QString next();
+
+private:
+    const quint64 m_time;
+    quint64 m_number; // random at first
+};
