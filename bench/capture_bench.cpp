@@ -225,9 +225,10 @@ void addThousandLines(benchmark::State &state)
 {
     const LargeAccount account;
     NewTaskService service{*account.kit};
+    NewTaskReferees referees{*account.kit};
     const QString lines = titles.join(u"\n"_s).append(u'\n').repeated(1000 / int(titles.size()));
     for (auto _ : state)
-        if (!service.createMutilTask(lines)) std::abort();
+        if (!service.createMutilTask(lines, {}, referees)) std::abort();
 }
 BENCHMARK(addThousandLines)->Unit(benchmark::kMillisecond);
 
