@@ -292,9 +292,10 @@ bool untilMonth(const Match &match, Fragment &fragment)
 {
     fragment.slots = UntilSlot;
     fragment.untilDay.kind = DayReference::Kind::Date;
-    fragment.untilDay.month = std::uint8_t(match.value(Symbol::Month));
+    const int month = match.value(match.has(Symbol::Month) ? Symbol::Month : Symbol::Number);
+    fragment.untilDay.month = std::uint8_t(month);
     fragment.untilDay.day = 1;
-    return true;
+    return month >= 1 && month <= 12;
 }
 
 bool countOfTimes(const Match &match, Fragment &fragment)

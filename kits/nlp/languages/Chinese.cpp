@@ -312,6 +312,7 @@ constexpr Rule rules[] = {
     {Repeat, {Every, maybe(Counter), FreeDayPart}, everyPart},
     {Repeat, {EveryPart}, everyPart},
     {Limit, {Until, Day}, untilDay},
+    {Limit, {Until, Number, MonthMark}, untilMonth},
     {Limit, {For, Number, CountMark}, countOfTimes},
 
     // Spans and reminders.
@@ -359,6 +360,10 @@ constexpr Rule rules[] = {
     {Unclear, {EveryUnit, maybe(Of), Vague}, unclearDay},
     {Unclear, {RelativeYear, maybe(Of), Number, MonthMark}, unclearDay, Guard::Longest},
     {Unclear, {EveryUnit, maybe(Of), Ordinal, Workday}, unclearDay},
+    {Unclear,
+     {RelativeDay, maybe(Comma), RelativeDay, maybe(Comma), maybe(RelativeDay), maybe(Comma),
+      maybe(RelativeDay)},
+     unclearDay},
     {Unclear, {Weekday, CountMark}, unclearDay},
     {Unclear, {Weekday, Counter}, unclearDay},
     {Unclear, {EveryUnit, Number, CountMark}, timesARound},
