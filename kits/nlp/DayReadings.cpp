@@ -375,9 +375,11 @@ bool unclosedDay(const Match &match, Fragment &fragment)
     return !match.isClosed() && unclearDay(match, fragment);
 }
 
-// "周一三五" are weekdays.
+// "周一三五" are weekdays, and "friday 50 pushups" and "friday two calls" say how many.
 bool weekdayBeforeNumber(const Match &match, Fragment &fragment)
 {
+    const bool mayBeDay = !match.isSpelled(Symbol::Number) && match.value(Symbol::Number) <= longestMonth[1];
+    if (!mayBeDay && !match.isClosed()) return false;
     return !match.isIdeographic() && unclearDay(match, fragment);
 }
 

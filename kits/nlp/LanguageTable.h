@@ -37,11 +37,13 @@ using Reading = bool (*)(const Match &match, Fragment &fragment);
 /// What must follow a phrase for it to count.
 enum class Guard {
     None,
-    Closes,     ///< no unknown word, loose number or counted thing: "at 5" but not "at 5 Main Street"
-    NotCounted, ///< no counted thing: "may 3" but not "may 3 people"
-    Ends,       ///< no word or number: the end or a sign
-    NotTimed,   ///< no time: "after 5, friday" but not "after midnight, friday 7am"
-    Longest,    ///< nothing that makes it longer: "last friday" but not "last friday of may"
+    Closes,      ///< no unknown word, loose number or counted thing: "at 5" but not "at 5 Main Street"
+    NotCounted,  ///< no counted thing: "may 3" but not "may 3 people"
+    NotNumbered, ///< no loose number: "friday week" but not "friday week 12"
+    Alone,       ///< no counted thing, and nothing that makes it longer: "friday 8" but not "friday 8pm"
+    Ends,        ///< no word or number: the end or a sign
+    NotTimed,    ///< no time: "after 5, friday" but not "after midnight, friday 7am"
+    Longest,     ///< nothing that makes it longer: "last friday" but not "last friday of may"
 };
 
 /// A row of a language's grammar: a sequence of symbols, and what it makes.

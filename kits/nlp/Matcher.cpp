@@ -55,6 +55,8 @@ void Matcher::tryRule(const Rule &rule, std::uint32_t index, SymbolSet &pending)
     const bool isClosed = isClosedBefore(m_end);
     if (rule.guard == Guard::Closes && !isClosed) return;
     if (rule.guard == Guard::NotCounted && isCountedAt(m_end)) return;
+    if (rule.guard == Guard::NotNumbered && isNumberAt(m_end) && !isClosed) return;
+    if (rule.guard == Guard::Alone && (isCountedAt(m_end) || isBeginningOfLonger(index, m_end))) return;
     if (rule.guard == Guard::Ends && !isLastBefore(m_end)) return;
     if (rule.guard == Guard::NotTimed && (*m_places)[m_end].symbols.contains(Symbol::Clock)) return;
     if (rule.guard == Guard::Longest && isBeginningOfLonger(index, m_end)) return;

@@ -64,6 +64,7 @@ enum class Symbol : std::uint8_t {
     On,
     In,
     Later,
+    Time, ///< "time" behind an amount: "in 2 days time"
     Every,
     EverySkipping,
     Except,

@@ -72,12 +72,12 @@ constexpr Word words[] = {
     {L"fifth", Ordinal, 5},
     {L"a|an", Article, 1},
 
-    {L"minute|minutes|min|mins", Unit, value(nlp::Unit::Minute)},
-    {L"hour|hours|hr|hrs|h", Unit, value(nlp::Unit::Hour)},
-    {L"day|days", Unit, value(nlp::Unit::Day)},
-    {L"week|weeks|wk|wks", Unit, value(nlp::Unit::Week)},
-    {L"month|months", Unit, value(nlp::Unit::Month)},
-    {L"year|years|yr|yrs", Unit, value(nlp::Unit::Year)},
+    {L"minute|minutes|min|mins|minutes'", Unit, value(nlp::Unit::Minute)},
+    {L"hour|hours|hr|hrs|h|hours'|hour's time", Unit, value(nlp::Unit::Hour)},
+    {L"day|days|days'|day's time", Unit, value(nlp::Unit::Day)},
+    {L"week|weeks|wk|wks|weeks'|week's time", Unit, value(nlp::Unit::Week)},
+    {L"month|months|months'|month's time", Unit, value(nlp::Unit::Month)},
+    {L"year|years|yr|yrs|years'|year's time", Unit, value(nlp::Unit::Year)},
 
     {L"today|later today", RelativeDay, 0},
     {L"tomorrow|tmr|tmrw|tmw|tomorow|tommorow|tommorrow|tomorrrow", RelativeDay, 1},
@@ -94,7 +94,7 @@ constexpr Word words[] = {
     {L"noon|midday", NamedTime, 12},
     {L"midnight", NamedTime, 0 | AmbiguousWord},
     {L"o'clock|oclock", OClock},
-    {L"fortnight|a fortnight", Fortnight},
+    {L"fortnight|a fortnight|a fortnight's time", Fortnight},
     {L"half", Half},
     {L"quarter", Quarter},
     {L"past", Past},
@@ -112,6 +112,7 @@ constexpr Word words[] = {
     {L"in|within", In},
     {L"for", For},
     {L"later|from now", Later},
+    {L"time", Time},
     {L"ago", Ago},
     {L"before|beforehand|early|earlier|ahead|prior|in advance", Before},
     {L"every|each|once every|once a", Every},
@@ -209,7 +210,8 @@ constexpr Word words[] = {
      L"o'clock shadow|five o'clock shadow|3pm slump|high noon|4/4 "
      L"time|4/4 beat|4/4 drum|4/4 groove|3/4 beat|6/8 time|6/8 beat|6/8 groove|casual friday|fat "
      L"tuesday|friday night lights|sun cream|sun screen|sun hat|sun "
-     L"block|sun lamp|sun lotion|the sun|in the sun|may day|day off|next to|at first|at last|at least|at "
+     L"block|sun lamp|sun lotion|the sun|in the sun|time off|time out|time sheet|time slot|time zone|may "
+     L"day|day off|next to|at first|at last|at least|at "
      L"most|at once|at all",
      Plain},
 };
@@ -235,11 +237,11 @@ constexpr Rule rules[] = {
     {Clock, {Number, OClock, maybe(Meridiem)}, spokenTime},
     {Clock, {Number, In, The, DayPart}, spokenTime},
     {Clock, {Number, At, DayPart}, spokenTime},
-    {Clock, {Half, Past, Number, maybe(Meridiem)}, halfPast, Guard::Closes},
-    {Clock, {Quarter, Past, Number, maybe(Meridiem)}, quarterPast, Guard::Closes},
-    {Clock, {Quarter, To, Number, maybe(Meridiem)}, quarterTo, Guard::Closes},
-    {Clock, {Article, Quarter, Past, Number, maybe(Meridiem)}, quarterPast, Guard::Closes},
-    {Clock, {Article, Quarter, To, Number, maybe(Meridiem)}, quarterTo, Guard::Closes},
+    {Clock, {Half, Past, Number, maybe(Meridiem)}, halfPast, Guard::NotCounted},
+    {Clock, {Quarter, Past, Number, maybe(Meridiem)}, quarterPast, Guard::NotCounted},
+    {Clock, {Quarter, To, Number, maybe(Meridiem)}, quarterTo, Guard::NotCounted},
+    {Clock, {Article, Quarter, Past, Number, maybe(Meridiem)}, quarterPast, Guard::NotCounted},
+    {Clock, {Article, Quarter, To, Number, maybe(Meridiem)}, quarterTo, Guard::NotCounted},
     {Clock, {Number, Past, Number, maybe(Meridiem)}, minutesPast, Guard::Closes},
     {Clock, {At, Number}, spokenTime, Guard::Closes},
     {Clock, {At, Number, To, Number}, minutesTo, Guard::Closes},
@@ -331,14 +333,14 @@ constexpr Rule rules[] = {
     {Day, {MonthPart, maybe(Hyphen), Month, maybe(Number)}, edgeOfMonth},
     {Day, {PeriodEnd}, endOfPeriod, Guard::Closes},
     {Day, {PeriodEnd, maybe(On), Day}, inner},
-    {Day, {Weekday, Unit}, weekAfterWeekday, Guard::Closes},
+    {Day, {Weekday, Unit}, weekAfterWeekday, Guard::NotNumbered},
     {Day, {Holiday}, holiday, Guard::Closes},
     {Day, {Holiday, Number}, holiday},
     {Day, {On, HolidayDate}, holiday},
     {Day, {At, Holiday}, holiday, Guard::Closes},
     {Day, {This, Holiday}, holiday, Guard::Closes},
     {Day, {Next, Holiday}, holiday, Guard::Closes},
-    {Day, {In, Quantity}, daysAhead},
+    {Day, {In, Quantity, maybe(Time)}, daysAhead},
     {Day, {Quantity, Later}, daysAhead},
     {Day, {Quantity, From, Day}, quantityBesideDay},
     {Day, {In, Quantity, From, Day}, quantityBesideDay},
@@ -432,7 +434,7 @@ constexpr Rule rules[] = {
     {Limit, {Number, Times}, countOfTimes},
 
     // Spans and reminders.
-    {Moment, {In, Quantity}, minutesAhead},
+    {Moment, {In, Quantity, maybe(Time)}, minutesAhead},
     {Moment, {Quantity, Later}, minutesAhead},
     {Duration, {For, Quantity}, duration},
     {Leads, {Quantity, Before}, lead},
@@ -523,7 +525,7 @@ constexpr Rule rules[] = {
     {Unclear, {Clock, And, Clock}, unclear},
     {Unclear, {Clock, Zone}, unclear},
     {Unclear, {ClockRange, Zone}, unclear},
-    {Unclear, {AnyWeekday, Number}, weekdayBeforeNumber, Guard::Ends},
+    {Unclear, {AnyWeekday, Number}, weekdayBeforeNumber, Guard::Alone},
     {Unclear, {AnyWeekday, The, Ordinal}, unclosedDay},
     {Unclear, {AnyWeekday, Before, Day}, unclearDay},
     {Unclear, {AnyWeekday, After, Day}, unclearDay},
