@@ -42,6 +42,16 @@ qsizetype endOfWord(QStringView text, qsizetype position)
 
 } // namespace
 
+TextRange TypedToken::rangeReplacedBy(const QString &title) const
+{
+    QString compact = title;
+    compact.removeIf([](QChar unit) { return unit.isSpace(); });
+    const QString word = rest.trimmed();
+    const bool isOfTitle =
+        word.isEmpty() || (!keyword.isEmpty() && compact.contains(keyword + word, Qt::CaseInsensitive));
+    return {range.location, range.length + (isOfTitle ? rest.size() : 0)};
+}
+
 std::optional<TypedToken> TypedToken::find(const QString &text, qsizetype caret, TokenKinds kinds)
 {
     const QString typed = text.first(caret);
@@ -55,8 +65,8 @@ std::optional<TypedToken> TypedToken::find(const QString &text, qsizetype caret,
         const bool isNearer = !found || last.range.location > found->range.location;
         if (last.range.end() != caret || !isNearer || isEnded(last, kind) || !mayBegin(last, kind, text))
             continue;
-        const qsizetype start = last.range.location;
-        found = TypedToken{kind, {start, endOfWord(text, caret) - start}, last.absString};
+        found =
+            TypedToken{kind, last.range, last.absString, text.sliced(caret, endOfWord(text, caret) - caret)};
     }
     if (found && holdsLinkMark(text) && isInside(linkRanges(text), found->range.location))
         return std::nullopt;

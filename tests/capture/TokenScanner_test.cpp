@@ -54,6 +54,17 @@ private Q_SLOTS:
         QCOMPARE(textOf(QList{token->range}), cells[2]);
         QCOMPARE(token->keyword, cells[3]);
     }
+
+    void completesWhatIsTyped_data() { addCaseRows("tokens/completed.txt", 3); }
+    void completesWhatIsTyped()
+    {
+        QFETCH(QStringList, cells);
+        QString text = quotedText(cells[0]);
+        const qsizetype caret = text.indexOf(u'¦');
+        text.remove(caret, 1);
+        const TextRange replaced = TypedToken::find(text, caret, TokenKinds{31})->rangeReplacedBy(cells[1]);
+        QCOMPARE(text.replace(replaced.location, replaced.length, u"@ "_s), quotedText(cells[2]));
+    }
 };
 
 ORVANE_TEST(TokenScanner_test)

@@ -96,10 +96,9 @@ bool KWCandidatePopover::doCommandBy(Command command)
 void KWCandidatePopover::commit(int row)
 {
     if (!m_replacementRange || row < 0 || row >= m_dataSourceArray.size()) return;
-    const TextRange replaced = *m_replacementRange;
     const KWCandidateModel candidate = m_dataSourceArray.at(row);
     dismiss();
-    if (onCommit) onCommit(replaced, candidate);
+    if (onCommit) onCommit(candidate);
 }
 
 void KWCandidatePopover::dismiss()

@@ -60,7 +60,7 @@ public:
     void dismiss();
 
     /// Called with the row that takes the place of the token; the popover is closed then.
-    std::function<void(TextRange replaced, const KWCandidateModel &row)> onCommit;
+    std::function<void(const KWCandidateModel &row)> onCommit;
 
 protected:
     /// Whether a token that no row stands for may be meant all the same: a new tag, a new list.

@@ -45,7 +45,7 @@ TokenCompletion::TokenCompletion(KWNewTaskTextField &field, NewTaskCandidates &c
                  std::make_unique<KWDateCandidatePopover>(candidates)}
 {
     for (const auto &each : m_popovers)
-        each->onCommit = [this](TextRange replaced, const KWCandidateModel &row) { commit(replaced, row); };
+        each->onCommit = [this](const KWCandidateModel &row) { commit(row); };
     m_field.installEventFilter(this);
     connect(&m_field, &QTextEdit::cursorPositionChanged, this, &TokenCompletion::followCaret);
 }
@@ -100,9 +100,10 @@ QPoint TokenCompletion::positionBelow(qsizetype location) const
     return m_field.viewport()->mapToGlobal(QPoint{mark.left(), m_field.viewport()->height() + 4});
 }
 
-void TokenCompletion::commit(TextRange replaced, const KWCandidateModel &row)
+void TokenCompletion::commit(const KWCandidateModel &row)
 {
     const TokenKind kind = m_token->kind;
+    const TextRange replaced = m_token->rangeReplacedBy(row.title);
     Q_EMIT committed(kind, row);
     m_field.replace(replaced, popoverOf(kind)->prefixSymbal() + row.title + u' ');
 }
@@ -135,7 +136,7 @@ void TokenCompletion::followCaret()
 {
     if (!m_shown || m_field.text() != m_text) return; // what was typed is told in a moment
     const qsizetype caret = m_field.textCursor().position();
-    if (caret <= m_token->range.location || caret > m_token->range.end()) dismiss();
+    if (caret <= m_token->range.location || caret > m_token->range.end() + m_token->rest.size()) dismiss();
 }
 
 bool TokenCompletion::eventFilter(QObject *watched, QEvent *event)

@@ -35,7 +35,7 @@ protected:
 private:
     std::optional<TypedToken> tokenToComplete(const RecognitionOptions &options) const;
     KWCandidatePopover *popoverOf(TokenKind kind) const;
-    void commit(TextRange replaced, const KWCandidateModel &row);
+    void commit(const KWCandidateModel &row);
     bool obey(KWCandidatePopover::Command command);
     bool isTypedWhole() const;
     void followCaret();
