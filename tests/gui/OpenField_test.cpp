@@ -113,6 +113,17 @@ private Q_SLOTS:
         undo();
         QTRY_COMPARE(m_client->shownTitles(), QStringList{u"Pay rent"_s});
     }
+
+    void whatWasDeletedInTheFieldComesBackFirst()
+    {
+        m_client->add(u"Pay rent"_s);
+        m_client->type(u"Water"_s);
+        field().selectAll();
+        m_client->press(Qt::Key_Delete);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(field().text(), u"Water"_s);
+        QCOMPARE(m_client->shownTitles(), QStringList{u"Pay rent"_s});
+    }
 };
 
 ORVANE_TEST(OpenField_test)

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -106,10 +107,10 @@ bool AddFieldController::obey(const QKeyEvent &key)
     return true;
 }
 
-// Its text stands in the field again.
+// Its text stands in the field again. What was typed and deleted since comes back first.
 bool AddFieldController::takeBackAdded()
 {
-    if (!m_lastAdded || !m_field.text().isEmpty()) return false;
+    if (!m_lastAdded || !m_field.text().isEmpty() || m_field.document()->isUndoAvailable()) return false;
     const Added added = *std::exchange(m_lastAdded, std::nullopt);
     if (const Result<void> undone = added.undo.undo(m_kit.manager()); !undone)
         Q_EMIT failed(undone.error().sentence);
@@ -247,6 +248,7 @@ void AddFieldController::createMultiTasks(const QString &pasted)
                                                 context(), m_referees);
     refresh();
     if (!made) return Q_EMIT failed(made.error().sentence);
+    m_lastAdded.reset();
     QStringList ids;
     for (const KWTaskModel &each : made->tasks)
         ids.append(each.sid);
