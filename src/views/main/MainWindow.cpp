@@ -68,9 +68,10 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     for (QWidget *beside : {m_sidebar->tree().viewport(), m_listPane->list().viewport()})
         beside->installEventFilter(this);
     connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
-    setTabOrder(&m_listPane->addField(), &m_toast->actionButton());
-    setTabOrder(&m_toast->actionButton(), &m_listPane->addField().pickers());
-    setTabOrder(&m_listPane->addField().pickers(), &m_listPane->list());
+    FieldPickers &pickers = m_listPane->addField().pickers();
+    setTabOrder(&m_listPane->addField(), &pickers);
+    setTabOrder(&pickers.list(), &m_toast->actionButton());
+    setTabOrder(&m_toast->actionButton(), &m_listPane->list());
     restoreState();
 }
 
