@@ -1,13 +1,17 @@
 #include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
 #include "model/records/KWTask.h"
 #include "support/Answers.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/main/MainWindow.h"
 #include "views/statusitem/PopoverWindow.h"
+#include "views/tasklist/PageHeader.h"
 #include "views/tasklist/TaskListView.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +79,19 @@ private Q_SLOTS:
         QVERIFY(!popover().isVisible());
         open();
         QVERIFY(popover().isVisible());
+    }
+
+    void aQuestionIsAPartOfIt()
+    {
+        const QString day = popover().header().accessibleDescription();
+        QApplication::clipboard()->setText(u"Milk\nBread"_s);
+        QTest::keyClick(&popover().addField(), Qt::Key_V, Qt::ControlModifier);
+        answerNextAlert(Qt::Key_Return);
+        QTRY_COMPARE(popover().model().tasks().size(), 3);
+        QTRY_VERIFY(popover().isActiveWindow());
+        QCOMPARE(popover().header().accessibleDescription(), u"2 tasks added"_s);
+        QTest::keyClicks(&popover().addField(), u"x"_s);
+        QCOMPARE(popover().header().accessibleDescription(), day);
     }
 
     void leadsToTheTaskInTheWindow()

@@ -196,6 +196,7 @@ private Q_SLOTS:
         press(Qt::Key_V, Qt::ControlModifier);
         answerNextAlert(Qt::Key_Return);
         QTRY_VERIFY(line().contains(u"added"_s));
+        QTRY_VERIFY(window().isActiveWindow()); // typing goes on here
         QTEST(line(), "said");
         QTEST(savedTitles(), "titles");
         QCOMPARE(field().text(), u"Rent"_s + typed);

@@ -10,7 +10,7 @@ void answerNextAlert(Qt::Key key, const QString &button)
 {
     QTimer::singleShot(0, qApp, [key, button] {
         QWidget *alert = QApplication::activeModalWidget();
-        QVERIFY(alert);
+        QVERIFY(alert && QTest::qWaitForWindowActive(alert));
         QTest::keyClick(button.isEmpty() ? alert : alert->findChild<QPushButton *>(button), key);
     });
 }

@@ -2,8 +2,18 @@
 
 #include "views/alerts/Alert.h"
 
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
+
+// The keyboard goes back to the window that had it.
 void AlertPresenter::show(const AlertText &alert, std::function<void(int)> answered)
 {
-    QMetaObject::invokeMethod(
-        this, [alert, answered = std::move(answered)] { answered(Alert::run(alert)); }, Qt::QueuedConnection);
+    const auto ask = [alert, answered = std::move(answered)] {
+        const QPointer<QWidget> before = QApplication::activeWindow();
+        const int button = Alert::run(alert);
+        if (before && before->isVisible()) before->activateWindow();
+        answered(button);
+    };
+    QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
 }

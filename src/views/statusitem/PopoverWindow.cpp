@@ -50,7 +50,8 @@ void PopoverWindow::changeEvent(QEvent *event)
 {
     TaskListPane::changeEvent(event);
     const bool isLeft = event->type() == QEvent::ActivationChange && !isActiveWindow();
-    if (isLeft && !QApplication::activePopupWidget()) hide(); // a popup is part of it
+    // A popup is part of it, and so is a question.
+    if (isLeft && !QApplication::activePopupWidget() && !QApplication::activeModalWidget()) hide();
 }
 
 void PopoverWindow::keyPressEvent(QKeyEvent *event)

@@ -59,6 +59,7 @@ struct StatusItem::Popover {
                          });
         QObject::connect(&addField, &AddFieldController::failed, &window,
                          [this](const QString &sentence) { showMessage(sentence); });
+        QObject::connect(&addField, &AddFieldController::recognized, &window, [this] { showDay(); });
         QObject::connect(&addField, &AddFieldController::added, &window,
                          [this](const QString &taskID) { showPlaceOf(taskID); });
         QObject::connect(&addField, &AddFieldController::addedSeveral, &window,
@@ -76,9 +77,13 @@ struct StatusItem::Popover {
 
     void showHead()
     {
+        showDay();
+        window.model().refreshDates();
+    }
+    void showDay()
+    {
         const Day today = clock.today();
         window.header().setNote(DateWording::weekdayAndDay(today, today, QLocale{}));
-        window.model().refreshDates();
     }
     // Of a task that is not of today.
     void showPlaceOf(const QString &taskID)
@@ -87,7 +92,7 @@ struct StatusItem::Popover {
         if (task && !window.model().indexOf(taskID).isValid())
             showMessage(KWLocalizedString("Added: %1").arg(placeOf(task->model(), kit)));
     }
-    // Where the date stands, until the next minute.
+    // Where the date stands, until the next minute or something is typed.
     void showMessage(const QString &sentence) { window.header().setNote(sentence); }
 
     OrvaneKit &kit;
