@@ -104,8 +104,11 @@ TextEntities KWTextEntity::splicedTextEntitis(const TextEntities &entities, cons
         }
         const qsizetype start = last->range().location;
         last->setRange({start, each->range().end() - start});
-        last->setText(text.mid(start, last->range().length));
     }
+    // Once for all: thousands may have become one.
+    for (const auto &each : std::as_const(spliced))
+        if (each->text().size() != each->range().length)
+            each->setText(text.mid(each->range().location, each->range().length));
     return spliced;
 }
 
