@@ -179,6 +179,21 @@ void recognizeLongTitle(benchmark::State &state)
 }
 BENCHMARK(recognizeLongTitle)->Unit(benchmark::kMillisecond);
 
+// 100,000 characters of one thing again and again.
+void recognizeRepeated(benchmark::State &state, const char16_t *text)
+{
+    const TitleRecognizer recognizer{systemClock(), settings()};
+    const QString piece = QString::fromUtf16(text);
+    const QString title = piece.repeated(100'000 / piece.size());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(recognizer.recognize(title));
+}
+BENCHMARK_CAPTURE(recognizeRepeated, tags, u"#a ")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(recognizeRepeated, tagsThatTouch, u"#a")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(recognizeRepeated, priorities, u"!high ")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(recognizeRepeated, lists, u"~a  ")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(recognizeRepeated, dates, u"tomorrow 5pm ")->Unit(benchmark::kMillisecond);
+
 /// 1,000 lists in 20 folders, and 2,000 tags.
 struct LargeAccount : Account {
     LargeAccount()
