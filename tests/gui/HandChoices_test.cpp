@@ -18,6 +18,7 @@
 #include "views/tasklist/TaskListPane.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -103,6 +104,8 @@ private Q_SLOTS:
         QTest::mouseClick(dates->findChild<QAbstractButton *>(u"pickTomorrow"_s), Qt::LeftButton);
         QCOMPARE(shown(), u"Tomorrow, Medium, Home Office"_s);
         QCOMPARE(field().accessibleDescription(), u"Home Office · Tomorrow"_s);
+        choose(field().pickers().priority(), {}); // the one that holds
+        QCOMPARE(shown(), u"Tomorrow, Medium, Home Office"_s);
 
         choose(field().pickers().priority(), u"as typed"_s);
         choose(field().pickers().list(), u"as typed"_s);
@@ -135,6 +138,19 @@ private Q_SLOTS:
         QTRY_VERIFY(!field().pickers().priority().isVisible());
         m_client->press(Qt::Key_3, Qt::AltModifier);
         QCOMPARE(added(), u"Notes, None"_s);
+    }
+
+    void aChoiceGoesWithTheTasksThatArePasted()
+    {
+        m_client->press(Qt::Key_3, Qt::AltModifier);
+        QApplication::clipboard()->setText(u"Milk\nBread"_s);
+        m_client->press(Qt::Key_V, Qt::ControlModifier);
+        answerNextAlert(Qt::Key_Return);
+        const auto high = [this] {
+            return m_client->kit().context().number("SELECT count(*) FROM tasks WHERE priority = 5");
+        };
+        QTRY_COMPARE(high(), 2);
+        QCOMPARE(shown(), u"-, -, -"_s);
     }
 
     void theFieldBeginsAnewWhenItIsLeftEmpty()

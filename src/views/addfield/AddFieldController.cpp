@@ -246,6 +246,7 @@ void AddFieldController::createMultiTasks(const QString &pasted)
     const bool holdsOwnText = m_field.text() != m_field.presetContent();
     const auto made = m_service.createMutilTask(holdsOwnText ? pasted + u'\n' + m_field.text() : pasted,
                                                 context(), m_referees);
+    if (made && m_field.text().isEmpty()) m_referees.restoreToPreset(); // it went with them
     refresh();
     if (!made) return Q_EMIT failed(made.error().sentence);
     m_lastAdded.reset();

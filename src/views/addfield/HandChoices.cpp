@@ -186,6 +186,7 @@ void HandChoices::pickPriority()
     connect(popup, &ChoicePopup::chosen, this, [this](const QString &id) {
         setPriority(id.isEmpty() ? std::nullopt : std::optional{KWTaskPriority(id.toInt())});
     });
+    popup->setCurrent(QString::number(m_draft.task.priority));
     popup->popUp(placeOf(pickers().priority()));
 }
 
@@ -197,6 +198,7 @@ void HandChoices::pickList()
                                   m_parts.field.window()};
     connect(popup, &ChoicePopup::chosen, this,
             [this](const QString &id) { setList(id.isEmpty() ? std::nullopt : std::optional{id}); });
+    popup->setCurrent(m_draft.task.projectID);
     popup->popUp(placeOf(pickers().list()));
 }
 

@@ -75,6 +75,12 @@ void ChoicePopup::narrow(const QString &typed)
     fitRows();
 }
 
+void ChoicePopup::setCurrent(const QString &id)
+{
+    const QModelIndexList rows = m_found->match(m_found->index(0, 0), idRole, id, 1, Qt::MatchExactly);
+    if (!rows.isEmpty()) m_list->setCurrentIndex(rows.first());
+}
+
 void ChoicePopup::fitRows()
 {
     const int height = heightOfRows(*m_list, Metrics::scaled(highestChoices));

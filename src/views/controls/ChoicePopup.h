@@ -21,6 +21,8 @@ public:
     /// `question` is what the field asks for, and its accessible name.
     ChoicePopup(const QString &question, const QList<Choice> &choices, QWidget *parent);
 
+    /// Enter takes that one as long as nothing is typed; the first one if this is not said.
+    void setCurrent(const QString &id);
     /// Shows it with its corner at `position`, or as near as the screen allows.
     void popUp(const QPoint &position);
 
