@@ -6,6 +6,7 @@
 #include "model/store/KWCoreDataManager.h"
 
 #include <QDateTime>
+#include <QPointer>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
@@ -51,7 +52,8 @@ void KWRepeatInstanceService::enqueue(Instant start, Instant end, const Completi
     }
     m_generateRepeatInstances.addOperation(std::make_shared<KWGenerateInstanceOperation>(
         m_manager, m_account.currentUserID(), start, end,
-        [this, completion](bool generated, Instant from, Instant to) {
+        [this, alive = QPointer{&m_mainThread}, completion](bool generated, Instant from, Instant to) {
+            if (!alive) return; // the service has gone meanwhile
             if (completion) completion(generated, from, to);
             if (generated) announce(from, to);
         }));
