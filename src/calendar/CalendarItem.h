@@ -1,0 +1,34 @@
+#pragma once
+
+#include "corvexkit/time/Instant.h"
+#include "model/records/KWConstants.h"
+
+#include <QString>
+
+#include <optional>
+
+/// Something with a date, as the calendar shows it: by the wall clock of the zone in force. A plain value.
+struct CalendarItem {
+    enum class Kind { Task, ChecklistItem, Event };
+
+    Kind kind = Kind::Task;
+    QString entityID; ///< of the task, the checklist item or the event
+    QString taskID{}; ///< the task itself, or the one that the checklist item is in; empty for an event
+    /// Which later occurrence it is of something that repeats: its start. Nothing for the first one, which is
+    /// the task or event itself.
+    std::optional<Instant> occurrence{};
+    QString listID{}; ///< of the list, or of the subscribed calendar
+    QString title{};
+    QString color{}; ///< "#rrggbb" of the list or calendar; empty for none
+    KWTaskPriority priority = KWTaskPriorityNone;
+    bool isAllDay = false;
+    bool repeats = false;
+    bool isClosed = false; ///< completed or abandoned
+    bool isReadOnly = false;
+    /// Of an all-day item the midnights before its first day and behind its last one. One that has no length
+    /// ends where it starts.
+    LocalTime start{};
+    LocalTime end{};
+
+    bool operator==(const CalendarItem &) const = default;
+};
