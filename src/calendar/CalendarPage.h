@@ -5,7 +5,7 @@
 
 /// The days that the calendar shows at once. A plain value.
 struct CalendarPage {
-    enum class Kind { Day, Week, Month };
+    enum class Kind { SingleDay, Week, Month };
 
     Kind kind = Kind::Week;
     Day begin{};    ///< the day, the first of the week, the first of the month
