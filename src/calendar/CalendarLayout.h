@@ -34,8 +34,8 @@ struct LaneBar {
 };
 
 /// The timed items of a day or week, side by side where they overlap: no two boxes cover one another, and
-/// each is as wide as those beside it allow. An item that is shorter than `shortestMinutes` takes as many on
-/// the page, so that it can be read.
+/// each is as wide as those beside it allow; day by day, from the earliest on. One that is shorter than
+/// `shortestMinutes`, which is at least 1, takes as many on the page, so that it can be read.
 std::vector<TimedBox> timedBoxes(const std::vector<CalendarItem> &items, const CalendarPage &page,
                                  int shortestMinutes);
 
