@@ -50,6 +50,16 @@ std::vector<LocalTime> occurrencesOf(const CXRecurringObject &object, const Occu
     return times;
 }
 
+// Written as OccurrenceText has it; "-" for none.
+std::set<Instant> instantsOf(const QString &text, const CXRecurringObject &object)
+{
+    std::set<Instant> instants;
+    if (text == u"-") return instants;
+    for (const LocalTime time : OccurrenceText{text, object.timeZone.toLocal(*object.startDate)}.times)
+        instants.insert(object.timeZone.toInstant(time));
+    return instants;
+}
+
 Instant at(const char *text) { return TimeText::toInstant(QString::fromLatin1(text)).value(); }
 
 } // namespace
@@ -70,9 +80,7 @@ private Q_SLOTS:
         QFETCH(QStringList, cells);
         CXRecurringObject object = objectOf(cells[0], cells[1]);
         const LocalTime start = object.timeZone.toLocal(*object.startDate);
-        if (cells[2] != u"-")
-            for (const LocalTime excluded : OccurrenceText{cells[2], start}.times)
-                object.excludedOccurrenceDates.insert(object.timeZone.toInstant(excluded));
+        object.excludedOccurrenceDates = instantsOf(cells[2], object);
         const OccurrenceText expected{cells[3], start};
         QCOMPARE(joined(occurrencesOf(object, expected, object.timeZone)), joined(expected.times));
     }
@@ -139,6 +147,34 @@ private Q_SLOTS:
         QCOMPARE(second(), at("2030-05-19T13:00:00Z"));
         object.recurrenceRuleString += u";WKST=MO";
         QCOMPARE(second(), at("2030-05-12T13:00:00Z"));
+    }
+
+    void takesAdditionalDates_data() { addCaseRows("recurrence/additional.txt", 5); }
+    void takesAdditionalDates()
+    {
+        QFETCH(QStringList, cells);
+        CXRecurringObject object = objectOf(cells[0], cells[1]);
+        const LocalTime start = object.timeZone.toLocal(*object.startDate);
+        object.additionalOccurrenceDates = instantsOf(cells[2], object);
+        object.excludedOccurrenceDates = instantsOf(cells[3], object);
+        const OccurrenceText expected{cells[4], start};
+        QCOMPARE(joined(occurrencesOf(object, expected, object.timeZone)), joined(expected.times));
+        for (std::size_t i = 1; i < expected.times.size(); ++i) // one after the other
+            QCOMPARE(Assistant::nextOccurrence(object, object.timeZone.toInstant(expected.times[i - 1])),
+                     object.timeZone.toInstant(expected.times[i]));
+    }
+
+    void keepsAdditionalDatesToTheRange()
+    {
+        CXRecurringObject object = objectOf(u"FREQ=DAILY;COUNT=2"_s, u"2030-05-01T09:00"_s, u"UTC"_s);
+        for (const char *date : {"2030-05-03T08:00:00Z", "2030-05-04T08:00:00Z", "2030-05-05T08:00:00Z"})
+            object.additionalOccurrenceDates.insert(at(date));
+        QCOMPARE(occurrencesOf(object, at("2030-05-03T08:00:00.001Z"), at("2030-05-05T08:00:00Z")),
+                 (std::vector{at("2030-05-04T08:00:00Z"), at("2030-05-05T08:00:00Z")}));
+        object.additionalOccurrenceDates.insert(*object.startDate);
+        QCOMPARE(Assistant::calendar_occurrenceDatesForRecurringObject(object, beginning,
+                                                                       at("2030-05-03T07:00:00Z"), false),
+                 std::vector{at("2030-05-02T09:00:00Z")});
     }
 
     void yieldsNothingWithoutRuleOrStart()

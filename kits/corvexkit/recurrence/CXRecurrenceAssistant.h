@@ -5,8 +5,8 @@
 #include <vector>
 
 /// The dates on which recurring objects occur: RFC 5545 section 3.3.10, with the SKIP of RFC 7529. A rule
-/// text that cannot be read yields nothing, nor does a start outside the years 1 to 9999; nothing occurs
-/// after 9999. Any thread.
+/// text that cannot be read yields nothing, nor does an object without rule and additional dates, or a
+/// start outside the years 1 to 9999; nothing occurs after 9999. Any thread.
 ///
 /// Occurrences keep their wall-clock time in the object's zone: in a gap it moves forward by the gap, in
 /// a fold the first of the two counts, and readings that fall on one instant are one occurrence. All-day

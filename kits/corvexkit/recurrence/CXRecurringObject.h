@@ -9,8 +9,11 @@ struct CXRecurringObject {
     /// The first occurrence. Without it nothing occurs.
     std::optional<Instant> startDate;
     bool isAllDay = false;
-    /// As CXRecurrenceRule::parse() reads it.
+    /// As CXRecurrenceRule::parse() reads it. Empty: there are only the start and the additional dates.
     QString recurrenceRuleString;
+    /// Occurrences beside the rule, which neither COUNT nor UNTIL ends. Of an all-day object each stands for
+    /// its day. Those before the start are none.
+    std::set<Instant> additionalOccurrenceDates{};
     /// Occurrences left out; they still count towards COUNT. Of an all-day object every instant of the day
     /// leaves the day out.
     std::set<Instant> excludedOccurrenceDates;
@@ -18,4 +21,12 @@ struct CXRecurringObject {
     CXTimeZone timeZone;
     /// The start of weeks for a rule without WKST.
     std::chrono::weekday firstWeekday = std::chrono::Monday;
+
+    bool excludes(Instant occurrence) const
+    {
+        return !excludedOccurrenceDates.empty() && isAmongExcluded(occurrence);
+    }
+
+private:
+    bool isAmongExcluded(Instant occurrence) const;
 };

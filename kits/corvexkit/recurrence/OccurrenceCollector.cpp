@@ -51,7 +51,7 @@ void OccurrenceCollector::boundLocally()
 bool OccurrenceCollector::takeStart()
 {
     const Instant start = *m_object.startDate;
-    if (!isExcluded(start)) m_instants.push_back(start);
+    if (!m_object.excludes(start)) m_instants.push_back(start);
     return m_instants.size() < m_range.limit;
 }
 
@@ -85,7 +85,7 @@ bool OccurrenceCollector::keepUnsettled(local_seconds local)
 
 bool OccurrenceCollector::add(Instant instant)
 {
-    if (instant >= m_range.from && instant <= m_range.to && !isExcluded(instant)) {
+    if (instant >= m_range.from && instant <= m_range.to && !m_object.excludes(instant)) {
         if (m_instants.empty() || m_instants.back() < instant) {
             m_instants.push_back(instant);
         } else {
@@ -94,15 +94,4 @@ bool OccurrenceCollector::add(Instant instant)
         }
     }
     return !isEnough(instant);
-}
-
-bool OccurrenceCollector::isExcluded(Instant instant) const
-{
-    const std::set<Instant> &excluded = m_object.excludedOccurrenceDates;
-    if (excluded.empty()) return false;
-    if (!m_object.isAllDay) return excluded.contains(instant);
-    const CXTimeZone &zone = m_object.timeZone;
-    const Day day = zone.dayOf(instant);
-    const auto first = excluded.lower_bound(zone.startOfDay(day));
-    return first != excluded.end() && *first < zone.startOfDay(day + days{1});
 }

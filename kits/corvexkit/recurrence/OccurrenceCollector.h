@@ -59,7 +59,6 @@ private:
         // What a gap moved forward may stand behind readings still to come.
         return m_instants.size() >= m_range.limit && last >= m_instants.back();
     }
-    bool isExcluded(Instant instant) const;
 
     const CXRecurringObject &m_object;
     Range m_range;
