@@ -5,11 +5,12 @@
 #include "cli/DemoAccount.h"
 #include "cli/FixedClock.h"
 #include "cli/ListCommand.h"
+#include "cli/OccurrencesCommand.h"
 #include "cli/RunSettings.h"
 #include "cli/StatusCommand.h"
 #include "cli/StoreCommands.h"
+#include "cli/TimeArgument.h"
 #include "corvexkit/time/SystemClock.h"
-#include "corvexkit/time/TimeText.h"
 #include "model/OrvaneKit.h"
 #include "model/store/OutsideChange.h"
 
@@ -75,13 +76,9 @@ ExitStatus run(const Invocation &invocation, OrvaneKit &kit, CommandStreams stre
 Result<std::optional<Instant>> nowOf(const Invocation &invocation, const CXTimeZone &zone)
 {
     if (invocation.now.isEmpty()) return std::optional<Instant>{};
-    if (const auto local = TimeText::toLocalTime(invocation.now))
-        return std::optional{zone.toInstant(*local)};
-    if (const auto instant = TimeText::toInstant(invocation.now)) return std::optional{*instant};
-    if (const auto day = TimeText::toDay(invocation.now)) return std::optional{zone.startOfDay(*day)};
-    return Error{commandText("“%1” is no time such as 2030-05-01, 2030-05-01T09:00 or "
-                             "2030-05-01T09:00:00+02:00.")
-                     .arg(invocation.now)};
+    const Result<Instant> now = readTime(invocation.now, zone);
+    if (!now) return now.error();
+    return std::optional{*now};
 }
 
 // Commands work for somebody who has signed out as well, and leave it at that. Whoever adds the first task
@@ -105,6 +102,8 @@ ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
     if (!now) return failWith(now.error().sentence, ExitStatus::WrongUsage, streams.err);
     if (const Result<void> locale = applyLocale(invocation); !locale)
         return failWith(locale.error().sentence, ExitStatus::WrongUsage, streams.err);
+
+    if (invocation.command == u"occurrences") return runOccurrences(invocation, systemClock.zone(), streams);
 
     FixedClock fixedClock{now->value_or(systemClock.now()), systemClock.zone()};
     const bool bringsTimes = invocation.readsStandardInput || *now;

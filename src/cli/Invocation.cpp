@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +16,8 @@ struct Option {
     QLatin1StringView name;
     bool Invocation::*flag = nullptr;
     QString Invocation::*value = nullptr;
-    const char *commands = ""; // those it belongs to; "" for any run
+    QStringList Invocation::*values = nullptr; // the option may be given again and again
+    const char *commands = "";                 // those it belongs to; "" for any run
     bool needsPicture = false;
 };
 
@@ -41,7 +43,14 @@ constexpr Option options[] = {
     {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
     {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list"},
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
-    {.name = "--stdin"_L1, .flag = &Invocation::readsStandardInput, .commands = "add"},
+    {.name = "--start"_L1, .value = &Invocation::start, .commands = "occurrences"},
+    {.name = "--rule"_L1, .value = &Invocation::rule, .commands = "occurrences"},
+    {.name = "--all-day"_L1, .flag = &Invocation::isAllDay, .commands = "occurrences"},
+    {.name = "--exdate"_L1, .values = &Invocation::exdates, .commands = "occurrences"},
+    {.name = "--from"_L1, .value = &Invocation::from, .commands = "occurrences"},
+    {.name = "--to"_L1, .value = &Invocation::to, .commands = "occurrences"},
+    {.name = "--limit"_L1, .value = &Invocation::limit, .commands = "occurrences"},
+    {.name = "--stdin"_L1, .flag = &Invocation::readsStandardInput, .commands = "add occurrences"},
     {.name = "--json"_L1, .flag = &Invocation::answersJson, .commands = "add list"},
     {.name = "--window"_L1, .flag = &Invocation::opensWindow, .commands = "add"},
 };
@@ -69,6 +78,19 @@ constexpr Command commands[] = {
      "orvane list [--json] [NAME]\n"
      "    Shows the open tasks of a list, of Today, Tomorrow, \"Next 7 Days\" or All, or of a #tag;\n"
      "    without NAME, all of them. Each line: id, date, title.\n"},
+    {"occurrences"_L1,
+     "orvane occurrences --start ISO --rule RULE [--zone TZID] [--all-day] [--exdate ISO]…\n"
+     "                   --from ISO --to ISO [--limit N]\n"
+     "    Shows when something that repeats by an RFC 5545 rule occurs, from a time to a time, both\n"
+     "    included, local, one a line. Times are local unless they end in an offset; a day alone is its\n"
+     "    beginning.\n"
+     "    --all-day     occurs on days, whatever the hour\n"
+     "    --exdate ISO  an occurrence that is left out; may be given again\n"
+     "    --limit N     the first N of them\n"
+     "orvane occurrences --stdin\n"
+     "    Reads JSON objects, one a line: {\"start\", \"zone\", \"allDay\", \"rule\", \"exdates\": [], "
+     "\"from\",\n"
+     "    \"to\", \"limit\"}; answers one JSON array a line, or {\"error\"}.\n"},
     {"done"_L1, "orvane done ID…\n"
                 "    Completes tasks. ID is what `orvane list` shows, or any longer ending of the id.\n"},
     {"undo"_L1, "orvane undo ID…\n"
@@ -91,7 +113,7 @@ constexpr const char *programUsage =
     "       [--send-diagnostics] [orvane://…]\n"
     "    Opens the client. --demo opens a throw-away folder with a small account; together with --home\n"
     "    it fills that folder. --send-diagnostics packs what helps to find a fault.\n"
-    "orvane add|list|done|undo|backup|restore|export|import …\n"
+    "orvane add|list|occurrences|done|undo|backup|restore|export|import …\n"
     "    See `orvane COMMAND --help`.\n"
     "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
     "       [--text-size PERCENT] [--right-to-left]\n"
@@ -168,9 +190,12 @@ private:
         }
         if (equals < 0 && m_next == m_words.size())
             return Error{commandText("“%1” needs a value.").arg(name)};
-        m_invocation.*option->value = equals >= 0 ? word.mid(equals + 1) : m_words.at(m_next++);
-        if ((m_invocation.*option->value).isEmpty())
-            return Error{commandText("“%1” needs a value.").arg(name)};
+        const QString value = equals >= 0 ? word.mid(equals + 1) : m_words.at(m_next++);
+        if (value.isEmpty()) return Error{commandText("“%1” needs a value.").arg(name)};
+        if (option->values)
+            (m_invocation.*option->values).append(value);
+        else
+            m_invocation.*option->value = value;
         return std::nullopt;
     }
 
@@ -200,6 +225,7 @@ private:
         for (const Option *each : m_used)
             if (all.opensWindow && *each->commands && each->flag != &Invocation::opensWindow)
                 return Error{commandText("“%1” does not go with “--window”.").arg(QString{each->name})};
+        if (all.command == u"occurrences") return contradictionOfOccurrences();
         if (all.readsStandardInput && !all.isDryRun)
             return Error{commandText("“--stdin” goes with “--dry-run”.")};
         if (all.readsStandardInput && !all.arguments.isEmpty())
@@ -215,6 +241,21 @@ private:
             for (const QString &each : all.arguments)
                 if (!LaunchRequest::isLink(each))
                     return Error{commandText("“%1” is no command and no link.").arg(each)};
+        return std::nullopt;
+    }
+
+    std::optional<Error> contradictionOfOccurrences() const
+    {
+        const Invocation &all = m_invocation;
+        if (!all.arguments.isEmpty())
+            return Error{commandText("“%1” does not belong to this command.").arg(all.arguments.first())};
+        for (const Option *each : m_used)
+            if (all.readsStandardInput && std::string_view{each->commands} == "occurrences")
+                return Error{commandText("“%1” does not go with “--stdin”.").arg(QString{each->name})};
+        for (const auto &[name, value] : {std::pair{"--start", all.start}, std::pair{"--rule", all.rule},
+                                          std::pair{"--from", all.from}, std::pair{"--to", all.to}})
+            if (value.isEmpty() && !all.readsStandardInput)
+                return Error{commandText("“%1” is missing.").arg(QLatin1StringView{name})};
         return std::nullopt;
     }
 

@@ -21,6 +21,12 @@ struct Invocation {
     QString zone;
     QString now;
     QString list;
+    QString start;
+    QString rule;
+    QString from;
+    QString to;
+    QString limit;
+    QStringList exdates; ///< as often as given
     QString page;
     QString theme;
     QString size;
@@ -31,6 +37,7 @@ struct Invocation {
     bool isRightToLeft = false;
     bool isLoginItem = false;
     bool sendsDiagnostics = false;
+    bool isAllDay = false;
     bool isDryRun = false;
     bool readsStandardInput = false;
     bool answersJson = false;

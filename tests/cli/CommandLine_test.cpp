@@ -87,8 +87,8 @@ private Q_SLOTS:
 
     void everyCommandHasAUsage()
     {
-        for (const QString &command :
-             {u"add"_s, u"list"_s, u"done"_s, u"undo"_s, u"backup"_s, u"restore"_s, u"export"_s, u"import"_s})
+        for (const QString &command : {u"add"_s, u"list"_s, u"occurrences"_s, u"done"_s, u"undo"_s,
+                                       u"backup"_s, u"restore"_s, u"export"_s, u"import"_s})
             QVERIFY2(usageOf(command).contains(u"orvane "_s + command), qUtf8Printable(command));
         QVERIFY(usageOf({}).contains(u"--picture"_s));
     }
