@@ -1,3 +1,4 @@
+#include "model/records/KWCalSubscriptionEvent.h"
 #include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTag.h"
@@ -75,6 +76,17 @@ private Q_SLOTS:
             [](auto &store, auto &context) {
                 for (const QString &list : {QString{}, u"list"_s})
                     KWTaskFinder::findAllTasksWillRepeatOfUser({store.userID()}, list, context);
+            });
+        row("events of a page",
+            {u"calSubscriptionEventsByStart (userID=? AND startDate>? AND startDate<?)"_s,
+             u"longCalSubscriptionEvents (userID=? AND endDate>?)"_s},
+            [](auto &store, auto &context) {
+                KWCalSubscriptionEvent::eventsOfUser(store.userID(), Instant{}, store.clock.now(), {},
+                                                     context);
+            });
+        row("repeating events", {u"repeatingCalSubscriptionEvents (userID=?)"_s},
+            [](auto &store, auto &context) {
+                QVERIFY(KWCalSubscriptionEvent::eventsWillRepeatOfUser(store.userID(), context));
             });
         row("completed without a date", {u"closedTasksInOrder (<expr>>? AND <expr><?)"_s},
             [](auto &store, auto &context) {

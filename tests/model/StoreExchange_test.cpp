@@ -65,6 +65,8 @@ void makeOneOfEach(StoreFixture &store)
             if constexpr (requires { model.taskID; }) model.taskID = ids.value("tasks");
             if constexpr (requires { model.habitID; }) model.habitID = ids.value("habits");
             if constexpr (requires { model.pomodoroID; }) model.pomodoroID = ids.value("pomodoros");
+            if constexpr (requires { model.subscriptionID; })
+                model.subscriptionID = ids.value("calSubscriptions");
             if constexpr (requires { model.isTrashed; }) model.isTrashed = true;
             ids[Record::Model::tableName] = context.insert<Record>(std::move(model)).sid();
         };

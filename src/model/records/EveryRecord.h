@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/records/KWAttachment.h"
+#include "model/records/KWCalSubscription.h"
+#include "model/records/KWCalSubscriptionEvent.h"
 #include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWColumn.h"
@@ -64,6 +66,8 @@
     X(KWPomoSettings)                                                                                        \
     X(KWPomodoro)                                                                                            \
     X(KWFocusSlice)                                                                                          \
+    X(KWCalSubscription)                                                                                     \
+    X(KWCalSubscriptionEvent)                                                                                \
     X(KWRepeatInstance)                                                                                      \
     X(KWRepeatInstanceFetchFlag)                                                                             \
     X(KWTeam)                                                                                                \

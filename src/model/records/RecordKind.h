@@ -35,6 +35,8 @@ enum class RecordKind : std::uint8_t {
     PomoSettings,
     Pomodoro,
     FocusSlice,
+    CalSubscription,
+    CalSubscriptionEvent,
     RepeatInstance,
     RepeatInstanceFetchFlag,
     Team,

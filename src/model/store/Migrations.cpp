@@ -24,6 +24,7 @@ std::span<const std::string> migrations()
         schemas::habitDays(),
         schemas::listParts(),
         schemas::calendarDisplay(),
+        schemas::calendarSubscriptions(),
     };
     return inOrder;
 }

@@ -27,5 +27,7 @@ std::string habitDays();
 std::string listParts();
 /// What the calendar shows.
 std::string calendarDisplay();
+/// Subscribed calendars and their events.
+std::string calendarSubscriptions();
 
 } // namespace schemas

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "model/records/KWCalSubscriptionEventModel.h"
+#include "model/records/ManagedRecord.h"
+
+#include <vector>
+
+/// An event of a subscribed calendar, in a context. There are many of them: mostly they are read as values.
+class KWCalSubscriptionEvent : public ManagedRecord<KWCalSubscriptionEventModel> {
+public:
+    /// What of a repeating event says when it occurs, without its record.
+    struct Repeating {
+        QString entityID;
+        std::optional<Instant> startDate;
+        std::optional<Instant> endDate;
+        bool isAllDay = false;
+        QString timeZone; ///< empty where the zone in force counts
+        QString repeatRule;
+        QList<Instant> exDates;
+    };
+    /// In the order in which they were stored.
+    static Result<std::vector<Repeating>> eventsWillRepeatOfUser(const QString &userID,
+                                                                 ObjectContext &context);
+
+    /// Those that take place between the two moments, repeating ones by their first occurrence alone, in the
+    /// order of their starts. `hiddenCalendars` are ids of calendars whose events are left out.
+    static QList<KWCalSubscriptionEventModel> eventsOfUser(const QString &userID, Instant betweenStartDate,
+                                                           Instant andEndDate,
+                                                           const QStringList &hiddenCalendars,
+                                                           ObjectContext &context);
+};
