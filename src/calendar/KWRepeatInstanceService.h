@@ -8,9 +8,10 @@
 class KWAccountManager;
 class KWNotificationCenter;
 
-/// Turns repeating tasks into stored occurrences of a range, so that views of days can show them as they show
-/// everything else. What was generated of a range is kept and not generated again until its task is another
-/// one. KWKWRepeatInstanceGeneratedNotification tells when there are others now.
+/// Turns repeating tasks, and events of subscribed calendars, into stored occurrences of a range, so that
+/// views of days can show them as they show everything else. What was generated of a range is kept and not
+/// generated again until its task is another one. KWKWRepeatInstanceGeneratedNotification tells when there
+/// are others now.
 class KWRepeatInstanceService {
 public:
     /// All outlive it.

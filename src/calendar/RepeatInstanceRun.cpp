@@ -40,10 +40,14 @@ Result<std::vector<SourceModel>> RepeatInstanceRun::sources() const
         m_context.number("SELECT userServerID FROM users WHERE sid = ?", {m_request.userID});
     auto tasks = KWTaskFinder::findAllTasksWillRepeatOfUser({m_request.userID, serverID}, m_context);
     if (!tasks) return tasks.error();
+    auto events = KWCalSubscriptionEvent::eventsWillRepeatOfUser(m_request.userID, m_context);
+    if (!events) return events.error();
     std::vector<SourceModel> sources;
-    sources.reserve(tasks->size());
+    sources.reserve(tasks->size() + events->size());
     for (RepeatingTask &each : *tasks)
         sources.push_back(SourceModel::ofTask(std::move(each), m_request.userID));
+    for (KWCalSubscriptionEvent::Repeating &each : *events)
+        sources.push_back(SourceModel::ofEvent(std::move(each), m_request.userID));
     return sources;
 }
 

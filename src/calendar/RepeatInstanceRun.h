@@ -9,8 +9,9 @@
 
 #include <functional>
 
-/// One run over the repeating tasks of a user: what of a range is not generated yet is, and what was
-/// generated from something that is another one now, or gone, is deleted. On the thread of its context.
+/// One run over the repeating tasks and events of a user, tasks first: what of a range is not generated yet
+/// is, and what was generated from something that is another one now, or gone, is deleted. On the thread of
+/// its context.
 class RepeatInstanceRun {
 public:
     struct Request {

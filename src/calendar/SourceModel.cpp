@@ -45,6 +45,21 @@ SourceModel SourceModel::ofTask(RepeatingTask task, const QString &userID)
             .instanceType = KWRepeatInstanceTypeTask};
 }
 
+SourceModel SourceModel::ofEvent(KWCalSubscriptionEvent::Repeating event, const QString &userID)
+{
+    return {.userID = userID,
+            .entityID = std::move(event.entityID),
+            .startDate = event.startDate,
+            .endDate = event.endDate,
+            .completedDate = std::nullopt,
+            .isAllDay = event.isAllDay,
+            .recurrenceRule = std::move(event.repeatRule),
+            .recurrenceFrom = CXRecurrenceFromDefault,
+            .exDate = std::move(event.exDates),
+            .timeZone = event.timeZone.isEmpty() ? std::nullopt : CXTimeZone::named(event.timeZone),
+            .instanceType = KWRepeatInstanceTypeEvent};
+}
+
 std::int64_t SourceModel::hashTag() const
 {
     Fingerprint fingerprint;

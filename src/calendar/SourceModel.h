@@ -1,7 +1,7 @@
 #pragma once
 
 #include "corvexkit/recurrence/CXRecurringObject.h"
-#include "model/records/KWConstants.h"
+#include "model/records/KWCalSubscriptionEvent.h"
 
 #include <QList>
 
@@ -25,6 +25,7 @@ struct SourceModel {
     KWRepeatInstanceType instanceType = KWRepeatInstanceTypeTask;
 
     static SourceModel ofTask(RepeatingTask task, const QString &userID);
+    static SourceModel ofEvent(KWCalSubscriptionEvent::Repeating event, const QString &userID);
 
     /// What decides about the occurrences in one number: another one means that they are to be made anew. The
     /// zone is not in it, so that a journey alone makes nothing anew.

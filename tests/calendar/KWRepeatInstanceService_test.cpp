@@ -2,6 +2,7 @@
 
 #include "calendar/RepeatInstanceRun.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWTask.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -196,6 +197,39 @@ private Q_SLOTS:
         QCOMPARE(stored(task) + stored(broken), QString{});
         QCOMPARE(number("SELECT count(*) FROM repeatInstanceFetchFlags"), 2);
         QVERIFY(m_announced.isEmpty());
+    }
+
+    void generatesEventsOfSubscribedCalendars()
+    {
+        KWCalSubscriptionEventModel event;
+        event.userID = m_store->userID();
+        event.startDate = at("2030-05-01") + 20h;
+        event.endDate = at("2030-05-01") + 22h;
+        event.timeZone = u"UTC"_s;
+        event.repeatRule = u"RRULE:FREQ=DAILY"_s;
+        event.exDates = {at("2030-05-03") + 20h};
+        QString match;
+        saved(*m_store, [&](ObjectContext &context) {
+            KWCalSubscriptionModel calendar;
+            calendar.userID = m_store->userID();
+            event.subscriptionID = context.insert<KWCalSubscription>(calendar).sid();
+            match = context.insert<KWCalSubscriptionEvent>(event).sid();
+        });
+        const QString task = add("Water", "2030-05-01 08:00", "RRULE:FREQ=DAILY");
+        QVERIFY(generate("2030-05-01", "2030-05-05"));
+        QCOMPARE(stored(match), u"05-02 20:00, 05-04 20:00"_s);
+        QCOMPARE(number("SELECT count(*) FROM repeatInstances WHERE instanceType = 1 AND endDate - startDate "
+                        "= 7200000"),
+                 2);
+        // Tasks come first.
+        QCOMPARE(number(("SELECT min(id) FROM repeatInstances WHERE instanceType = 1")),
+                 1 + number("SELECT max(id) FROM repeatInstances WHERE instanceType = 0"));
+        saved(*m_store,
+              [&](ObjectContext &context) { context.remove(*context.find<KWCalSubscriptionEvent>(match)); });
+        const QString taskStored = stored(task);
+        QVERIFY(generate("2030-05-01", "2030-05-05"));
+        QCOMPARE(stored(match), QString{});
+        QCOMPARE(stored(task), taskStored);
     }
 
     void keepsTheWallClock()
