@@ -11,4 +11,6 @@ struct CalendarPageContent {
     std::vector<CalendarItem> items{};
     std::vector<TimedBox> timed{}; ///< of a day or week
     std::vector<LaneBar> bars{};   ///< the all-day lane of a day or week; the rows of a month
+
+    bool operator==(const CalendarPageContent &) const = default;
 };

@@ -4,6 +4,7 @@
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
+#include "model/store/DatedThings.h"
 #include "model/store/KWFilterService.h"
 #include "model/store/KWListDataFetcher.h"
 #include "model/store/KWTagService.h"
@@ -106,6 +107,21 @@ private Q_SLOTS:
                  .condition = {.taskIDs = {u"task"_s}}},
                 context.connection()));
         });
+        row("the days of the calendar",
+            {u"openTasksInOrder (startDate>? AND startDate<?)"_s,
+             u"closedTasksByDate (startDate>? AND startDate<?)"_s,
+             u"repeatInstancesByStart (userID=? AND startDate>? AND startDate<?)"_s,
+             u"longRepeatInstances (userID=? AND endDate>?)"_s, u"sqlite_autoindex_tasks_1 (sid=?)"_s,
+             u"openChecklistItemsByDate (startDate>? AND startDate<?)"_s},
+            [](auto &store, auto &context) {
+                QVERIFY(readDatedThings({.userID = store.userID(),
+                                         .from = Instant{},
+                                         .to = store.clock.now(),
+                                         .includeCompleted = true,
+                                         .includeChecklist = true,
+                                         .includeRepeat = true},
+                                        context));
+            });
         row("checklist items by date", {u"openChecklistItemsByDate (startDate>? AND startDate<?)"_s},
             [](auto &store, auto &context) {
                 QVERIFY(KWListDataFetcher{store.clock}.reloadDataModel(

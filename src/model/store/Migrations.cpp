@@ -25,6 +25,7 @@ std::span<const std::string> migrations()
         schemas::listParts(),
         schemas::calendarDisplay(),
         schemas::calendarSubscriptions(),
+        schemas::longOccurrences(),
     };
     return inOrder;
 }

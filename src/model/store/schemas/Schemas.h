@@ -29,5 +29,7 @@ std::string listParts();
 std::string calendarDisplay();
 /// Subscribed calendars and their events.
 std::string calendarSubscriptions();
+/// What finds the occurrences that have gone on for days.
+std::string longOccurrences();
 
 } // namespace schemas

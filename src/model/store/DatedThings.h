@@ -1,0 +1,48 @@
+#pragma once
+
+#include "corvexkit/Result.h"
+#include "corvexkit/time/Instant.h"
+#include "model/records/KWConstants.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+class ObjectContext;
+
+/// Something with a date, as it is stored: a task, a later occurrence of one, an item of a checklist. A plain
+/// value, read in bulk.
+struct DatedThing {
+    enum class Kind : std::uint8_t { Task, ChecklistItem };
+
+    Kind kind = Kind::Task;
+    QString sid;                       ///< of the task, also where it is an occurrence of it
+    QString taskID;                    ///< the task, or the one that the item is in
+    std::optional<Instant> occurrence; ///< the start of a later one
+    QString listID;
+    QString title;
+    QString color; ///< "#rrggbb" of the list; empty for none
+    KWTaskPriority priority = KWTaskPriorityNone;
+    bool isAllDay = false;
+    bool repeats = false;
+    bool isClosed = false;
+    bool isReadOnly = false;
+    Instant startDate;
+    std::optional<Instant> endDate; ///< exclusive
+};
+
+/// Which of them are wanted: those of the lists that the smart list All shows that take place in [from, to),
+/// which is what starts in it or has begun before and ends later than `from`.
+struct DatedThingsRequest {
+    QString userID;
+    Instant from;
+    Instant to;
+    bool includeCompleted = false; ///< and abandoned tasks
+    bool includeChecklist = false; ///< open items with a date of their own
+    bool includeRepeat = false;    ///< later occurrences, as far as they are stored
+};
+
+/// Tasks, occurrences and items, each by their start, then priority, then manual order.
+Result<std::vector<DatedThing>> readDatedThings(const DatedThingsRequest &request, ObjectContext &context);
