@@ -3,6 +3,7 @@
 #include "model/records/KWFilter.h"
 #include "model/records/OneLine.h"
 #include "model/records/SortOrder.h"
+#include "model/store/Connection.h"
 #include "model/store/FilterCondition.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/ListQuery.h"
