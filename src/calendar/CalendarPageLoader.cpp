@@ -51,19 +51,21 @@ CalendarPageLoader::State::State(CalendarPageLoader &itsLoader, OrvaneKit &itsKi
         observations.push_back(
             kit.center().addObserver(name, [this, action](const KWNotification &) { (this->*action)(); }));
     };
-    for (const QString &each : {KWKWRepeatInstanceGeneratedNotification, KWNewDayComesNotification,
-                                KWCalendarDisplayConfigurationDidChangeNotification})
+    for (const QString &each :
+         {KWKWRepeatInstanceGeneratedNotification, KWNewDayComesNotification,
+          KWCalendarDisplayConfigurationDidChangeNotification, KWCalSubDisplayStatusDidChangeNotification})
         on(each, &State::forgetAll);
     for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
-                                KWUserSettingsDidChangeNotification, SystemTimeZoneDidChangeNotification})
+                                KWUserSettingsDidChangeNotification, SystemTimeZoneDidChangeNotification,
+                                KWCalSubDidPullEventsNotification})
         on(each, &State::refresh);
     observations.push_back(kit.center().addObserver(KWUserDidSignOutNotification,
                                                     [this](const KWNotification &) { loader.stop(); }));
     registration = kit.bus().registerEventBus([this](const StoreChange &change) {
         using enum RecordKind;
-        if (change.touches(Task))
+        if (change.touches(Task) || change.touches(CalSubscriptionEvent))
             refresh();
-        else if (change.touches(ChecklistItem) || change.touches(Project))
+        else if (change.touches(ChecklistItem) || change.touches(Project) || change.touches(CalSubscription))
             forgetAll();
     });
 }

@@ -22,11 +22,23 @@ KWCalendarDisplayConfigurationModel configurationOf(const QString &userID, Objec
 // A day that is an hour longer or shorter ends at midnight all the same.
 Day nearestDay(LocalTime time) { return floor<days>(time + 12h); }
 
+CalendarItem::Kind kindOf(DatedThing::Kind kind)
+{
+    switch (kind) {
+    case DatedThing::Kind::Task:
+        return CalendarItem::Kind::Task;
+    case DatedThing::Kind::ChecklistItem:
+        return CalendarItem::Kind::ChecklistItem;
+    case DatedThing::Kind::Event:
+        break;
+    }
+    return CalendarItem::Kind::Event;
+}
+
 CalendarItem itemOf(DatedThing thing, const CXTimeZone &zone)
 {
-    using Kind = CalendarItem::Kind;
     CalendarItem item{
-        .kind = thing.kind == DatedThing::Kind::Task ? Kind::Task : Kind::ChecklistItem,
+        .kind = kindOf(thing.kind),
         .entityID = std::move(thing.sid),
         .taskID = std::move(thing.taskID),
         .occurrence = thing.occurrence,
@@ -61,7 +73,8 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
                                    .to = zone.startOfDay(page.endDay()),
                                    .includeCompleted = configuration.showsCompleted,
                                    .includeChecklist = configuration.showsChecklistItems,
-                                   .includeRepeat = configuration.showsRepeats},
+                                   .includeRepeat = configuration.showsRepeats,
+                                   .hiddenCalendars = configuration.hiddenCalendars},
                                   context);
     if (!things) return things.error();
 

@@ -1,5 +1,7 @@
 #include "model/store/DatedThings.h"
 
+#include "model/records/KWCalSubscription.h"
+#include "model/records/KWCalSubscriptionEvent.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWRepeatInstance.h"
@@ -24,14 +26,15 @@ class DatedThings_test : public QObject {
     std::unique_ptr<StoreFixture> m_store;
     QHash<QString, QString> m_lists;
 
-    std::vector<DatedThing> read(bool withClosed = false)
+    std::vector<DatedThing> read(bool withClosed = false, const QStringList &hiddenCalendars = {})
     {
         const auto things = readDatedThings({.userID = m_store->userID(),
                                              .from = at("2030-05-06 00:00", berlin),
                                              .to = at("2030-05-13 00:00", berlin),
                                              .includeCompleted = withClosed,
                                              .includeChecklist = true,
-                                             .includeRepeat = true},
+                                             .includeRepeat = true,
+                                             .hiddenCalendars = hiddenCalendars},
                                             m_store->context());
         return things.value();
     }
@@ -40,12 +43,12 @@ class DatedThings_test : public QObject {
     {
         return aTask("Water", berlin).startingAt(start).inState(u"repeating"_s, start).savedIn(*m_store);
     }
-    void store(const QString &taskID, const char *start, const char *end)
+    void store(const QString &sourceID, const char *start, const char *end,
+               KWRepeatInstanceType type = KWRepeatInstanceTypeTask)
     {
         saved(*m_store, [&](ObjectContext &context) {
             const auto stored = KWRepeatInstance::insertAll(
-                {{taskID, KWRepeatInstanceTypeTask, at(start, berlin), at(end, berlin)}}, m_store->userID(),
-                context);
+                {{sourceID, type, at(start, berlin), at(end, berlin)}}, m_store->userID(), context);
             QVERIFY(stored);
         });
     }
@@ -152,6 +155,45 @@ private Q_SLOTS:
         });
         for (const DatedThing &each : read())
             QVERIFY(!each.occurrence);
+    }
+
+    void findsEventsOfCalendars()
+    {
+        QString calendar;
+        QString event;
+        saved(*m_store, [&](ObjectContext &context) {
+            KWCalSubscriptionModel itsModel;
+            itsModel.userID = m_store->userID();
+            itsModel.color = u"#112233"_s;
+            calendar = context.insert<KWCalSubscription>(itsModel).sid();
+            KWCalSubscriptionEventModel model;
+            model.userID = m_store->userID();
+            model.subscriptionID = calendar;
+            model.title = u"Match"_s;
+            model.startDate = at("2030-05-06 18:00", berlin);
+            model.endDate = at("2030-05-06 20:00", berlin);
+            model.repeatRule = u"FREQ=DAILY"_s;
+            event = context.insert<KWCalSubscriptionEvent>(model).sid();
+        });
+        for (const char *each : {"2030-05-07 18:00", "2030-05-08 18:00"})
+            store(event, each, each, KWRepeatInstanceTypeEvent);
+        const auto textOf = [this](const QStringList &hidden = {}) {
+            QStringList texts;
+            for (const DatedThing &each : read(false, hidden))
+                texts << each.title + each.color + (each.occurrence ? u"*"_s : QString{});
+            return texts.join(u' ');
+        };
+        QCOMPARE(textOf(), u"Match#112233 Match#112233* Match#112233*"_s);
+        QVERIFY(read().front().kind == DatedThing::Kind::Event &&
+                read().back().kind == DatedThing::Kind::Event);
+        QVERIFY(read().back().isReadOnly && read().back().listID == calendar);
+        QCOMPARE(textOf({calendar}), QString{});
+        // Moved ones are events of their own, the first one as well.
+        setSaved<KWCalSubscriptionEvent>(*m_store, event, &KWCalSubscriptionEventModel::exDates,
+                                         {at("2030-05-06 18:00", berlin), at("2030-05-08 18:00", berlin)});
+        QCOMPARE(textOf(), u"Match#112233*"_s);
+        setSaved<KWCalSubscription>(*m_store, calendar, &KWCalSubscriptionModel::isDeleted, true);
+        QCOMPARE(textOf(), QString{});
     }
 
     void findsItemsOfChecklists()

@@ -1,14 +1,18 @@
 #include "model/store/DatedThings.h"
 
+#include "model/records/KWCalSubscription.h"
+#include "model/records/KWCalSubscriptionEvent.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 #include "model/store/DatedItems.h"
+#include "model/store/FindAll.h"
 #include "model/store/ObjectContext.h"
 #include "model/store/StoreFailure.h"
 
 #include <string>
 
-// In all of these ?1 is the user, ?2 where the range begins and ?3 where it ends.
+// In all of these ?1 is the user, ?2 where the range begins and ?3 where it ends; of occurrences ?4 is the
+// type.
 
 namespace {
 
@@ -43,19 +47,30 @@ std::string ofTasks(bool withClosed)
 }
 
 // Of what has been changed since, only those are left that may still be right.
-constexpr const char *ofOccurrences =
+#define OCCURRENCES_OF(sources)                                                                              \
+    "(SELECT id FROM repeatInstances INDEXED BY repeatInstancesByStart WHERE userID = ?1 AND startDate >= "  \
+    "?2 - 86400000 AND startDate < ?3 AND (startDate >= ?2 OR endDate > ?2) AND instanceType = ?4 AND "      \
+    "isDeleted = 0 UNION ALL "                                                                               \
+    "SELECT id FROM repeatInstances INDEXED BY longRepeatInstances WHERE userID = ?1 AND endDate > ?2 AND "  \
+    "startDate < ?2 - 86400000 AND endDate - startDate > 86400000 AND instanceType = ?4 AND isDeleted = 0"   \
+    ") c CROSS JOIN repeatInstances r ON r.id = c.id CROSS JOIN " sources " t ON t.sid = r.referenceID AND " \
+    "t.isDeleted = 0 AND t.repeatRule <> '' AND t.startDate < r.startDate AND NOT EXISTS (SELECT 1 FROM "    \
+    "json_each(t.exDates) WHERE value = r.startDate)"
+
+constexpr const char *ofTaskOccurrences =
     "SELECT t.sid, t.sid, r.startDate, t.projectID, t.title, p.color, t.priority, t.isAllDay, 1, 0, "
-    "p.permission <> 'WRITE', r.startDate, r.endDate FROM ("
-    "SELECT id FROM repeatInstances INDEXED BY repeatInstancesByStart WHERE userID = ?1 AND instanceType = 0 "
-    "AND isDeleted = 0 AND startDate >= ?2 - 86400000 AND startDate < ?3 AND (startDate >= ?2 OR endDate > "
-    "?2) UNION ALL "
-    "SELECT id FROM repeatInstances INDEXED BY longRepeatInstances WHERE userID = ?1 AND instanceType = 0 "
-    "AND "
-    "isDeleted = 0 AND endDate - startDate > 86400000 AND endDate > ?2 AND startDate < ?2 - 86400000"
-    ") c CROSS JOIN repeatInstances r ON r.id = c.id CROSS JOIN tasks t ON t.sid = r.referenceID "
-    "AND t.status = 0 AND " IS_THERE " AND t.repeatRule <> '' AND t.startDate < r.startDate "
-    "AND NOT EXISTS (SELECT 1 FROM json_each(t.exDates) WHERE value = r.startDate)" IN_LISTS_SHOWN
-    " ORDER BY r.startDate, t.priority DESC, t.sortOrder, t.id";
+    "p.permission <> 'WRITE', r.startDate, r.endDate FROM " OCCURRENCES_OF(
+        "tasks") " AND t.status = 0 AND "
+                 "t.isTrashed = 0" IN_LISTS_SHOWN " ORDER BY r.startDate, t.priority DESC, t.sortOrder, t.id";
+constexpr const char *ofEventOccurrences =
+    "SELECT t.sid, '', r.startDate, t.subscriptionID, t.title, s.color, 0, t.isAllDay, 1, 0, 1, r.startDate, "
+    "r.endDate FROM " OCCURRENCES_OF(
+        "calSubscriptionEvents") " CROSS JOIN calSubscriptions s ON s.sid = "
+                                 "t.subscriptionID AND s.isDeleted = 0 WHERE t.subscriptionID NOT IN (SELECT "
+                                 "value FROM json_each(?5)) "
+                                 "ORDER BY r.startDate, t.id";
+
+#undef OCCURRENCES_OF
 
 std::string ofItems()
 {
@@ -72,20 +87,45 @@ std::string ofItems()
 
 // Throws SQLite::Exception.
 void readInto(std::vector<DatedThing> &things, const std::string &sql, DatedThing::Kind kind,
-              const DatedThingsRequest &request, Connection &connection)
+              const SqlValues &values, Connection &connection)
 {
     auto statement = connection.prepare(sql);
-    statement.bind({request.userID, storedInstant(request.from), storedInstant(request.to)});
+    statement.bind(values);
     while (statement->executeStep()) {
         DatedThing &thing = things.emplace_back();
         thing.kind = kind;
         int column = 0;
-        const auto read = [&](auto &...values) {
-            (columns::read(statement->getColumn(column++), values), ...);
+        const auto read = [&](auto &...fields) {
+            (columns::read(statement->getColumn(column++), fields), ...);
         };
         read(thing.sid, thing.taskID, thing.occurrence, thing.listID, thing.title, thing.color,
              thing.priority, thing.isAllDay, thing.repeats, thing.isClosed, thing.isReadOnly, thing.startDate,
              thing.endDate);
+    }
+}
+
+void readEvents(std::vector<DatedThing> &things, const DatedThingsRequest &request, ObjectContext &context)
+{
+    QHash<QString, QString> colors;
+    for (const KWCalSubscription *each : KWCalSubscription::findSubscriptionsOfUser(request.userID, context))
+        colors.insert(each->sid(), (*each)->color);
+    for (KWCalSubscriptionEventModel &each : KWCalSubscriptionEvent::eventsOfUser(
+             request.userID, request.from, request.to, request.hiddenCalendars, context)) {
+        const auto color = colors.constFind(each.subscriptionID);
+        // The first occurrence, too, may have become an event of its own.
+        if (color == colors.cend() || each.exDates.contains(*each.startDate)) continue;
+        things.push_back({.kind = DatedThing::Kind::Event,
+                          .sid = std::move(each.sid),
+                          .taskID = {},
+                          .occurrence = {},
+                          .listID = std::move(each.subscriptionID),
+                          .title = std::move(each.title),
+                          .color = *color,
+                          .isAllDay = each.isAllDay,
+                          .repeats = !each.repeatRule.isEmpty(),
+                          .isReadOnly = true,
+                          .startDate = *each.startDate,
+                          .endDate = each.endDate});
     }
 }
 
@@ -94,12 +134,25 @@ void readInto(std::vector<DatedThing> &things, const std::string &sql, DatedThin
 Result<std::vector<DatedThing>> readDatedThings(const DatedThingsRequest &request, ObjectContext &context)
 {
     using enum DatedThing::Kind;
+    const SqlValues range{request.userID, storedInstant(request.from), storedInstant(request.to)};
+    const auto with = [range](SqlValues values) {
+        values.insert(values.begin(), range.begin(), range.end());
+        return values;
+    };
     Connection &connection = context.connection();
     try {
         std::vector<DatedThing> things;
-        readInto(things, ofTasks(request.includeCompleted), Task, request, connection);
-        if (request.includeRepeat) readInto(things, ofOccurrences, Task, request, connection);
-        if (request.includeChecklist) readInto(things, ofItems(), ChecklistItem, request, connection);
+        readInto(things, ofTasks(request.includeCompleted), Task, range, connection);
+        if (request.includeRepeat)
+            readInto(things, ofTaskOccurrences, Task, with({std::int64_t{KWRepeatInstanceTypeTask}}),
+                     connection);
+        if (request.includeChecklist) readInto(things, ofItems(), ChecklistItem, range, connection);
+        readEvents(things, request, context);
+        if (request.includeRepeat)
+            readInto(things, ofEventOccurrences, Event,
+                     with({std::int64_t{KWRepeatInstanceTypeEvent}, idList(request.hiddenCalendars)}),
+                     connection);
+        if (const Result<void> read = context.readResult(); !read) return read.error();
         return things;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);

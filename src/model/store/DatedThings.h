@@ -12,18 +12,18 @@
 
 class ObjectContext;
 
-/// Something with a date, as it is stored: a task, a later occurrence of one, an item of a checklist. A plain
-/// value, read in bulk.
+/// Something with a date, as it is stored: a task or an event of a subscribed calendar, a later occurrence of
+/// one, an item of a checklist. A plain value, read in bulk.
 struct DatedThing {
-    enum class Kind : std::uint8_t { Task, ChecklistItem };
+    enum class Kind : std::uint8_t { Task, ChecklistItem, Event };
 
     Kind kind = Kind::Task;
-    QString sid;                       ///< of the task, also where it is an occurrence of it
-    QString taskID;                    ///< the task, or the one that the item is in
+    QString sid;                       ///< of the task or event, also where it is an occurrence of it
+    QString taskID;                    ///< the task, or the one that the item is in; empty for an event
     std::optional<Instant> occurrence; ///< the start of a later one
-    QString listID;
+    QString listID;                    ///< of the list or calendar
     QString title;
-    QString color; ///< "#rrggbb" of the list; empty for none
+    QString color; ///< "#rrggbb" of the list or calendar; empty for none
     KWTaskPriority priority = KWTaskPriorityNone;
     bool isAllDay = false;
     bool repeats = false;
@@ -33,8 +33,8 @@ struct DatedThing {
     std::optional<Instant> endDate; ///< exclusive
 };
 
-/// Which of them are wanted: those of the lists that the smart list All shows that take place in [from, to),
-/// which is what starts in it or has begun before and ends later than `from`.
+/// Which of them are wanted: those of subscribed calendars and of the lists that the smart list All shows
+/// that take place in [from, to), which is what starts in it or has begun before and ends later than `from`.
 struct DatedThingsRequest {
     QString userID;
     Instant from;
@@ -42,7 +42,9 @@ struct DatedThingsRequest {
     bool includeCompleted = false; ///< and abandoned tasks
     bool includeChecklist = false; ///< open items with a date of their own
     bool includeRepeat = false;    ///< later occurrences, as far as they are stored
+    QStringList hiddenCalendars{}; ///< ids; their events are left out
 };
 
-/// Tasks, occurrences and items, each by their start, then priority, then manual order.
+/// Tasks, their occurrences, items, events and their occurrences, each by their start, then priority, then
+/// manual order.
 Result<std::vector<DatedThing>> readDatedThings(const DatedThingsRequest &request, ObjectContext &context);
