@@ -9,7 +9,9 @@
 #include <QWidget>
 
 DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices services)
-    : m_countFetcher(kit.manager(), kit.center())
+    : m_repeats(kit.manager(), kit.account(), kit.center(), clock)
+    , m_occurrencesAhead(m_repeats, kit.center(), clock)
+    , m_countFetcher(kit.manager(), kit.center())
     , m_sidebar(kit.manager(), kit.account(), m_countFetcher, kit.defaults(), kit.center(), kit.bus())
     , m_tasks(kit.manager(), kit.account(), kit.center(), kit.bus())
     , m_newTasks(kit)

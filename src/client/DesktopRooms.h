@@ -7,6 +7,8 @@
 #include "app/LinkOpener.h"
 #include "app/RunningApplication.h"
 #include "app/ports/LoginItemPort.h"
+#include "calendar/KWRepeatInstanceService.h"
+#include "calendar/OccurrencesAhead.h"
 #include "capture/NewTaskService.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
@@ -83,6 +85,8 @@ private:
     void connectStatusItem();
     void decideAtTheLastWindow();
 
+    KWRepeatInstanceService m_repeats;
+    OccurrencesAhead m_occurrencesAhead;
     KWProjectListCountFetcher m_countFetcher;
     KWProjectListPresenter m_sidebar;
     KWTaskListService m_tasks;

@@ -1,5 +1,6 @@
 #include "calendar/KWRepeatInstanceService.h"
 
+#include "calendar/OccurrencesAhead.h"
 #include "calendar/RepeatInstanceRun.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWCalSubscription.h"
@@ -299,6 +300,19 @@ private Q_SLOTS:
         m_service->generateInstancesWithInSixMonthes();
         QTRY_COMPARE(m_announced, QStringList{u"08-31..02-28"_s});
         QCOMPARE(stored(task), u"09-28 08:00, 10-28 08:00, 11-28 08:00, 12-28 08:00, 01-28 08:00"_s);
+    }
+
+    void looksAheadAfterSigningInAndEveryDay()
+    {
+        const QString task = add("Rent", "2030-04-28 08:00", "RRULE:FREQ=MONTHLY");
+        const OccurrencesAhead ahead{*m_service, m_store->kit().center(), m_store->clock};
+        m_store->kit().center().post(KWUserDidSignInNotification);
+        m_store->clock.advance(10s);
+        QTRY_COMPARE(m_announced, QStringList{u"05-01..11-01"_s});
+        QVERIFY(stored(task).endsWith(u"10-28 08:00"_s));
+        m_store->clock.setNow(::at("2030-05-29 00:00"));
+        m_store->kit().center().post(KWNewDayComesNotification);
+        QTRY_VERIFY(stored(task).endsWith(u"11-28 08:00"_s));
     }
 
     void answersNothingWhileNobodyIsSignedIn()
