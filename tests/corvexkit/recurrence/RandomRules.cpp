@@ -1,5 +1,7 @@
 #include "RandomRules.h"
 
+#include "corvexkit/time/TimeText.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -32,6 +34,42 @@ QString RandomRules::rule()
     if (parts.size() > before && chance(25)) add("BYSETPOS", list(3, [this] { return signedNumber(8); }));
     std::shuffle(parts.begin(), parts.end(), m_random);
     return parts.join(u';');
+}
+
+QString RandomRules::usualRule()
+{
+    const QString interval = chance(25) ? u";INTERVAL=%1"_s.arg(number(2, 6)) : QString{};
+    switch (number(0, 9)) {
+    case 0:
+        return u"FREQ=DAILY"_s + interval;
+    case 1:
+        return u"FREQ=DAILY;BYDAY=MO,TU,WE,TH,FR"_s;
+    case 2:
+        return u"FREQ=YEARLY"_s + interval;
+    case 3:
+        return u"FREQ=YEARLY;BYMONTH=%1;BYDAY=%2%3"_s.arg(number(1, 12))
+            .arg(signedNumber(4))
+            .arg(weekdays(0).first(2));
+    case 4:
+        return u"FREQ=MONTHLY;BYMONTHDAY=%1"_s.arg(list(2, [this] { return signedNumber(31); })) + interval;
+    case 5:
+        return u"FREQ=MONTHLY;BYDAY="_s + weekdays(5) + interval;
+    case 6:
+        return u"FREQ=MONTHLY;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=%1"_s.arg(signedNumber(5)) + interval;
+    case 7:
+        return u"FREQ=WEEKLY"_s + interval;
+    default:
+        return u"FREQ=WEEKLY;BYDAY="_s + weekdays(0) + interval + (chance(50) ? u";WKST=SU"_s : QString{});
+    }
+}
+
+QString RandomRules::end(LocalTime start)
+{
+    if (chance(50)) return {};
+    if (chance(40)) return u";COUNT=%1"_s.arg(number(1, 60));
+    const LocalTime last = start + days{number(0, 1500)} + minutes{15 * number(0, 95)};
+    const QString text = TimeText::fromLocalTime(last).remove(u'-').remove(u':');
+    return u";UNTIL="_s + (chance(40) ? text.first(8) : text);
 }
 
 LocalTime RandomRules::start()
