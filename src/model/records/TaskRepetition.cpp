@@ -75,6 +75,30 @@ std::optional<Instant> movedEnd(const KWTaskModel &task, Instant next, const CXT
     return zone.startOfDay(zone.dayOf(next) + (zone.dayOf(*task.endDate) - zone.dayOf(*task.startDate)));
 }
 
+CXRecurringObject recurringObject(const KWTaskModel &task, const TaskRepetition::Now &now)
+{
+    const bool isLocal = task.isAllDay || task.isFloating;
+    return {.startDate = task.startDate,
+            .isAllDay = task.isAllDay,
+            .recurrenceRuleString = task.repeatRule,
+            .excludedOccurrenceDates = {task.exDates.begin(), task.exDates.end()},
+            .timeZone = isLocal ? now.zone : CXTimeZone::named(task.timeZone).value_or(now.zone),
+            .firstWeekday = now.firstWeekday};
+}
+
+// The task at the occurrence of `object` that starts there.
+TaskRepetition repetitionAt(Instant start, const KWTaskModel &task, const CXRecurrenceRule &rule,
+                            const CXRecurringObject &object, const TaskRepetition::Now &now)
+{
+    const CXTimeZone &zone = object.timeZone;
+    return {.startDate = start,
+            .endDate = movedEnd(task, start, zone),
+            .repeatRule = ruleFrom(start, rule, object),
+            .zone = zone,
+            .step = zone.toLocal(start) - zone.toLocal(*task.startDate),
+            .localZone = now.zone};
+}
+
 } // namespace
 
 std::optional<TaskRepetition> TaskRepetition::next(const KWTaskModel &task, const Now &now)
@@ -83,24 +107,48 @@ std::optional<TaskRepetition> TaskRepetition::next(const KWTaskModel &task, cons
     const Result<CXRecurrenceRule> rule = CXRecurrenceRule::parse(task.repeatRule);
     if (!rule) return std::nullopt;
 
-    const bool isLocal = task.isAllDay || task.isFloating;
-    const CXTimeZone zone = isLocal ? now.zone : CXTimeZone::named(task.timeZone).value_or(now.zone);
-    CXRecurringObject object{.startDate = task.startDate,
-                             .isAllDay = task.isAllDay,
-                             .recurrenceRuleString = task.repeatRule,
-                             .excludedOccurrenceDates = {task.exDates.begin(), task.exDates.end()},
-                             .timeZone = zone,
-                             .firstWeekday = now.firstWeekday};
+    CXRecurringObject object = recurringObject(task, now);
     if (task.repeatFrom == CXRecurrenceFromCompletionDate)
         object.startDate = startAtCompletion(object, *rule, now.instant);
     const auto next = CXRecurrenceAssistant::nextOccurrence(object, std::max(*object.startDate, now.instant));
     if (!next) return std::nullopt;
-    return TaskRepetition{.startDate = *next,
-                          .endDate = movedEnd(task, *next, zone),
-                          .repeatRule = ruleFrom(*next, *rule, object),
-                          .zone = zone,
-                          .step = zone.toLocal(*next) - zone.toLocal(*task.startDate),
-                          .localZone = now.zone};
+    return repetitionAt(*next, task, *rule, object, now);
+}
+
+std::optional<TaskRepetition> TaskRepetition::at(const KWTaskModel &task, Instant occurrence, const Now &now)
+{
+    if (!task.startDate || occurrence <= *task.startDate) return std::nullopt;
+    if (task.repeatFrom == CXRecurrenceFromCompletionDate) return std::nullopt;
+    const Result<CXRecurrenceRule> rule = CXRecurrenceRule::parse(task.repeatRule);
+    if (!rule) return std::nullopt;
+
+    const CXRecurringObject object = recurringObject(task, now);
+    const bool isThere = !CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(
+                              object, occurrence, occurrence, false)
+                              .empty();
+    if (!isThere) return std::nullopt;
+    return repetitionAt(occurrence, task, *rule, object, now);
+}
+
+QString TaskRepetition::ruleEndingAt(const KWTaskModel &task, Instant occurrence, LastOne last,
+                                     const Now &now)
+{
+    Result<CXRecurrenceRule> rule = CXRecurrenceRule::parse(task.repeatRule);
+    if (!rule || !task.startDate) return {};
+    const CXRecurringObject object = recurringObject(task, now);
+    const Instant end = last == LastOne::This ? occurrence : occurrence - milliseconds{1};
+    const bool areMore = !CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(
+                              object, *task.startDate, end, false, 1)
+                              .empty();
+    if (!areMore) return {};
+    rule->count.reset();
+    if (task.isAllDay)
+        rule->until = object.timeZone.dayOf(end);
+    else if (task.isFloating)
+        rule->until = object.timeZone.toLocal(std::chrono::floor<std::chrono::seconds>(end));
+    else
+        rule->until = std::chrono::floor<std::chrono::seconds>(end);
+    return rule->toIcal();
 }
 
 Instant TaskRepetition::movedAlong(Instant date, bool isAllDay) const

@@ -3,8 +3,7 @@
 #include "corvexkit/time/CXTimeZone.h"
 #include "model/records/KWTaskModel.h"
 
-/// Where a repeating task goes when its occurrence is completed or abandoned; docs/repeating.md has the
-/// rules with examples.
+/// A repeating task at another one of its occurrences; docs/repeating.md has the rules with examples.
 struct TaskRepetition {
     Instant startDate;
     std::optional<Instant> endDate;
@@ -21,8 +20,15 @@ struct TaskRepetition {
         CXTimeZone zone;
         std::chrono::weekday firstWeekday;
     };
-    /// Nothing when the task does not repeat, has no date, or this was the last time.
+    /// Where the task goes when its occurrence is completed or abandoned. Nothing when it does not repeat,
+    /// has no date, or this was the last time.
     static std::optional<TaskRepetition> next(const KWTaskModel &task, const Now &now);
+    /// A later occurrence, by its start. Nothing when the task has none there.
+    static std::optional<TaskRepetition> at(const KWTaskModel &task, Instant occurrence, const Now &now);
+    /// The rule of the task when it ends with that occurrence, or with the one before it; empty when the
+    /// first one alone is left.
+    enum class LastOne { This, TheOneBefore };
+    static QString ruleEndingAt(const KWTaskModel &task, Instant occurrence, LastOne last, const Now &now);
 
     /// The date of something that goes along with the task: as far by the wall clock, or as many days when
     /// it is all-day.

@@ -9,8 +9,6 @@
 #include "model/store/TaskCopies.h"
 #include "model/store/TaskPermissions.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <numeric>
 
@@ -56,24 +54,11 @@ void placeBehind(KWTask &task, KWTask &copy)
     resetSortOrderIfNeeded(QList<KWTask *>{&task, &copy} + followers(task, behind));
 }
 
-void copyDescendants(KWTask &task, KWTask &copy)
-{
-    QHash<QString, KWTask *> copies{{task.sid(), &copy}};
-    for (const KWTask *each : KWTask::descendantTasks(task, KWTask::Closed::LeaveOut, task.context())) {
-        KWTask *parent = copies.value((*each)->parentId);
-        if (!parent) continue;
-        KWTask &child = openCopy(*each);
-        child.set(&KWTaskModel::parentId, parent->sid());
-        parent->set(&KWTaskModel::childIds, (*parent)->childIds + QStringList{child.sid()});
-        copies.insert(each->sid(), &child);
-    }
-}
-
 KWTask &copyTree(KWTask &task)
 {
     KWTask &copy = openCopy(task);
     placeBehind(task, copy);
-    copyDescendants(task, copy);
+    copyBelow(task, copy, KWTask::descendantTasks(task, KWTask::Closed::LeaveOut, task.context()), openCopy);
     copy.attachBehind(task);
     return copy;
 }

@@ -27,3 +27,17 @@ void copyAttachments(const KWTask &task, const QString &toTaskID)
     for (const KWAttachment *each : task.attachments())
         copyToTask(*each, toTaskID);
 }
+
+void copyBelow(const KWTask &task, KWTask &copy, const QList<KWTask *> &below,
+               const std::function<KWTask &(const KWTask &)> &makeCopy)
+{
+    QHash<QString, KWTask *> copies{{task.sid(), &copy}};
+    for (const KWTask *each : below) {
+        KWTask *parent = copies.value((*each)->parentId);
+        if (!parent) continue;
+        KWTask &child = makeCopy(*each);
+        child.set(&KWTaskModel::parentId, parent->sid());
+        parent->set(&KWTaskModel::childIds, (*parent)->childIds + QStringList{child.sid()});
+        copies.insert(each->sid(), &child);
+    }
+}

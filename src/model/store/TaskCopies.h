@@ -27,3 +27,7 @@ Twin freshCopy(Twin original)
 void copyChecklist(const KWTask &task, const QString &toTaskID);
 /// Copies what tells of the attached files; both tasks show the same files.
 void copyAttachments(const KWTask &task, const QString &toTaskID);
+/// Copies of those of `below` under the copy of their task, as they stand under it, each made by `makeCopy`;
+/// parents come before their children.
+void copyBelow(const KWTask &task, KWTask &copy, const QList<KWTask *> &below,
+               const std::function<KWTask &(const KWTask &)> &makeCopy);

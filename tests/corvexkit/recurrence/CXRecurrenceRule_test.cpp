@@ -1,6 +1,8 @@
 #include "corvexkit/recurrence/CXRecurrenceRule.h"
 
+#include "corvexkit/recurrence/RuleMove.h"
 #include "support/CaseTable.h"
+#include "support/ManualClock.h"
 #include "support/TestMain.h"
 
 using namespace Qt::StringLiterals;
@@ -27,6 +29,16 @@ private Q_SLOTS:
         QVERIFY(!rule);
         QCOMPARE(rule.error().sentence,
                  u"The recurrence rule cannot be read at character %1: %2."_s.arg(cells[1], cells[2]));
+    }
+
+    void movesAlong_data() { addCaseRows("recurrence/moves.txt", 4); }
+    void movesAlong()
+    {
+        QFETCH(QStringList, cells);
+        const CXTimeZone utc;
+        const auto moved = movedRule(*CXRecurrenceRule::parse(cells[0]), utc.toLocal(at(cells[1].toLatin1())),
+                                     utc.toLocal(at(cells[2].toLatin1())));
+        QCOMPARE(moved ? moved->toIcal() : u"-"_s, cells[3] == u"-" ? cells[3] : u"RRULE:"_s + cells[3]);
     }
 
     void tellsRulesApart()
