@@ -20,7 +20,8 @@ QString daysOf(const KWTaskModel &task)
     const CXRecurringObject object{.startDate = task.startDate,
                                    .isAllDay = task.isAllDay,
                                    .recurrenceRuleString = task.repeatRule,
-                                   .excludedOccurrenceDates = {task.exDates.begin(), task.exDates.end()}};
+                                   .excludedOccurrenceDates = {task.exDates.begin(), task.exDates.end()},
+                                   .timeZone = {}};
     std::vector<Instant> dates{*task.startDate};
     if (!task.repeatRule.isEmpty())
         dates = CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(

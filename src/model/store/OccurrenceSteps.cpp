@@ -25,18 +25,55 @@ QList<KWTask *> subtasksGoingAlong(KWTask &task)
     return along;
 }
 
-KWTaskModel singleCopy(const KWTask &task)
+template <class Twin>
+Twin openAgain(Twin model)
 {
-    KWTaskModel copy = freshCopy(task.model());
-    copy.repeatRule.clear();
-    copy.exDates.clear();
-    return copy;
+    model.status = KWTaskStatusOpen;
+    model.completionDate.reset();
+    model.remindTime.reset();
+    model.snoozedRemindDate.reset();
+    return model;
+}
+
+// As it stands at that occurrence: a subtask, an item of a checklist, the task itself.
+KWTaskModel subtaskAt(const TaskRepetition &occurrence, const KWTaskModel &subtask)
+{
+    KWTaskModel moved = openAgain(subtask);
+    moved.progress = 0;
+    for (const auto date : {&KWTaskModel::startDate, &KWTaskModel::endDate})
+        if (moved.*date) moved.*date = occurrence.movedAlong(*(moved.*date), moved.isAllDay);
+    return moved;
+}
+
+KWChecklistItemModel itemAt(const TaskRepetition &occurrence, const KWChecklistItemModel &item)
+{
+    KWChecklistItemModel moved = openAgain(item);
+    if (moved.startDate) moved.startDate = occurrence.movedAlong(*moved.startDate, moved.isAllDay);
+    return moved;
+}
+
+KWTaskModel taskAt(const TaskRepetition &occurrence, const KWTaskModel &task)
+{
+    KWTaskModel moved = subtaskAt(occurrence, task);
+    moved.startDate = occurrence.startDate;
+    moved.endDate = occurrence.endDate;
+    moved.repeatRule = occurrence.repeatRule;
+    return moved;
+}
+
+void assignWithChecklist(KWTask &task, const KWTaskModel &moved, const TaskRepetition &occurrence)
+{
+    task.assign(moved);
+    for (KWChecklistItem *each : task.orderedChecklistItems())
+        each->assign(itemAt(occurrence, each->model()));
 }
 
 KWTask &closedCopy(const KWTask &task, KWTaskStatus status)
 {
-    KWTaskModel model = singleCopy(task);
+    KWTaskModel model = freshCopy(task.model());
     model.repeatTaskID = task.sid();
+    model.repeatRule.clear();
+    model.exDates.clear();
     model.reminders.clear();
     KWTask &copy = task.context().insert<KWTask>(std::move(model));
     if (copy->status == KWTaskStatusOpen) copy.updateStatus(status);
@@ -44,34 +81,15 @@ KWTask &closedCopy(const KWTask &task, KWTaskStatus status)
     return copy;
 }
 
-KWTask &openCopy(const KWTask &task)
+// With its checklist as it is, or as it stands at the occurrence.
+KWTask &openCopy(const KWTask &task, KWTaskModel model, const TaskRepetition *occurrence)
 {
-    KWTask &copy = task.context().insert<KWTask>(singleCopy(task));
-    copyChecklist(task, copy.sid());
+    KWTask &copy = task.context().insert<KWTask>(freshCopy(std::move(model)));
+    copyChecklist(task, copy.sid(), [occurrence](const KWChecklistItemModel &item) {
+        return occurrence ? itemAt(*occurrence, item) : item;
+    });
     copyAttachments(task, copy.sid());
     return copy;
-}
-
-void beginAgain(KWTask &task, const TaskRepetition &next)
-{
-    if (task->status != KWTaskStatusOpen) task.updateStatus(KWTaskStatusOpen);
-    task.set(&KWTaskModel::progress, 0);
-    task.set(&KWTaskModel::remindTime, std::nullopt);
-    task.set(&KWTaskModel::snoozedRemindDate, std::nullopt);
-    for (KWChecklistItem *each : task.orderedChecklistItems()) {
-        if (each->isCompleted()) each->updateStatus(KWTaskStatusOpen);
-        each->set(&KWChecklistItemModel::snoozedRemindDate, std::nullopt);
-        if (const auto date = (*each)->startDate)
-            each->set(&KWChecklistItemModel::startDate, next.movedAlong(*date, (*each)->isAllDay));
-    }
-}
-
-void moveAlong(KWTask &subtask, const TaskRepetition &next)
-{
-    for (const auto member : {&KWTaskModel::startDate, &KWTaskModel::endDate})
-        if (const auto &date = subtask.model().*member)
-            subtask.set(member, next.movedAlong(*date, subtask->isAllDay));
-    beginAgain(subtask, next);
 }
 
 } // namespace
@@ -96,10 +114,13 @@ KWTask &leaveClosedCopy(KWTask &task, KWTaskStatus status)
     return copy;
 }
 
-KWTask &leaveOpenCopy(KWTask &task)
+KWTask &leaveOpenCopy(KWTask &task, const TaskRepetition *occurrence)
 {
-    KWTask &copy = openCopy(task);
-    copyBelow(task, copy, subtasksGoingAlong(task), openCopy);
+    const auto subtask = [occurrence](const KWTask &each) -> KWTask & {
+        return openCopy(each, occurrence ? subtaskAt(*occurrence, each.model()) : each.model(), occurrence);
+    };
+    KWTask &copy = openCopy(task, occurrence ? taskAt(*occurrence, task.model()) : task.model(), occurrence);
+    copyBelow(task, copy, subtasksGoingAlong(task), subtask);
     copy.attachBehind(task);
     return copy;
 }
@@ -107,11 +128,8 @@ KWTask &leaveOpenCopy(KWTask &task)
 void goOnTo(KWTask &task, const TaskRepetition &occurrence)
 {
     for (KWTask *each : subtasksGoingAlong(task))
-        moveAlong(*each, occurrence);
-    beginAgain(task, occurrence);
-    task.set(&KWTaskModel::startDate, occurrence.startDate);
-    task.set(&KWTaskModel::endDate, occurrence.endDate);
-    task.set(&KWTaskModel::repeatRule, occurrence.repeatRule);
+        assignWithChecklist(*each, subtaskAt(occurrence, each->model()), occurrence);
+    assignWithChecklist(task, taskAt(occurrence, task.model()), occurrence);
 }
 
 void closeWithSubtasks(KWTask &task, KWTaskStatus status)

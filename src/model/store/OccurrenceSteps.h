@@ -13,8 +13,9 @@ std::optional<TaskRepetition> nextRepetition(const KWTask &task);
 /// A closed copy of the task as it stands, with copies of the subtasks that go along: it says what was done,
 /// repeats no more and reminds of nothing.
 KWTask &leaveClosedCopy(KWTask &task, KWTaskStatus status);
-/// An open copy that does not repeat, with attachments, reminders and copies of the subtasks that go along.
-KWTask &leaveOpenCopy(KWTask &task);
+/// A copy of the task, repeating like it, with attachments and copies of the subtasks that go along: as it
+/// stands, or begun again at that occurrence.
+KWTask &leaveOpenCopy(KWTask &task, const TaskRepetition *occurrence = nullptr);
 
 /// Takes the task, with what goes along, to that occurrence: open, its checklist unticked.
 void goOnTo(KWTask &task, const TaskRepetition &occurrence);

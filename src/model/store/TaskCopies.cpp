@@ -6,26 +6,32 @@
 namespace {
 
 template <class Record>
-void copyToTask(const Record &record, const QString &taskID)
+void copyToTask(typename Record::Model original, const QString &taskID, ObjectContext &context)
 {
-    auto copy = freshCopy(record.model());
+    auto copy = freshCopy(std::move(original));
     copy.taskID = taskID;
     if constexpr (std::same_as<Record, KWChecklistItem>) copy.remindTime = copy.snoozedRemindDate = {};
-    record.context().template insert<Record>(std::move(copy));
+    context.insert<Record>(std::move(copy));
 }
 
 } // namespace
 
 void copyChecklist(const KWTask &task, const QString &toTaskID)
 {
+    copyChecklist(task, toTaskID, [](const KWChecklistItemModel &item) { return item; });
+}
+
+void copyChecklist(const KWTask &task, const QString &toTaskID,
+                   const std::function<KWChecklistItemModel(const KWChecklistItemModel &)> &changed)
+{
     for (const KWChecklistItem *each : task.orderedChecklistItems())
-        copyToTask(*each, toTaskID);
+        copyToTask<KWChecklistItem>(changed(each->model()), toTaskID, task.context());
 }
 
 void copyAttachments(const KWTask &task, const QString &toTaskID)
 {
     for (const KWAttachment *each : task.attachments())
-        copyToTask(*each, toTaskID);
+        copyToTask<KWAttachment>(each->model(), toTaskID, task.context());
 }
 
 void copyBelow(const KWTask &task, KWTask &copy, const QList<KWTask *> &below,

@@ -56,14 +56,14 @@ KWTask &partFirst(KWTask &task)
         return task;
     }
     KWTask &single = leaveOpenCopy(task);
+    repeatNoMore(single);
     goOnTo(task, *next);
     return single;
 }
 
 KWTask &partLater(KWTask &task, const TaskRepetition &occurrence, OccurrenceScope scope)
 {
-    KWTask &parted = leaveOpenCopy(task);
-    goOnTo(parted, occurrence);
+    KWTask &parted = leaveOpenCopy(task, &occurrence);
     if (scope == OccurrenceScope::OnlyThis) {
         repeatNoMore(parted);
         leaveOut(occurrence.startDate, task);
