@@ -195,6 +195,14 @@ Result<TaskOccurrences::Changed> TaskOccurrences::move(const TaskOccurrence &occ
     });
 }
 
+bool TaskOccurrences::mayBeForThisOnly(const TaskSchedule &chosen, const TaskSchedule &shown)
+{
+    return !shown.dates.repeatRule.isEmpty() && chosen.dates.repeatRule == shown.dates.repeatRule &&
+           chosen.dates.startDateTime && shown.dates.startDateTime &&
+           (chosen.dates.startDateTime != shown.dates.startDateTime ||
+            chosen.dates.endDateTime != shown.dates.endDateTime);
+}
+
 Result<TaskOccurrences::Changed> TaskOccurrences::schedule(const QString &taskID, OccurrenceScope scope,
                                                            const TaskSchedule &chosen,
                                                            const TaskSchedule &shown)
@@ -202,9 +210,7 @@ Result<TaskOccurrences::Changed> TaskOccurrences::schedule(const QString &taskID
     if (const Result<void> checked = chosen.check(); !checked) return checked.error();
     const std::optional<KWDateTime> &start = chosen.dates.startDateTime;
     const std::optional<KWDateTime> &end = chosen.dates.endDateTime;
-    const bool isAlone = chosen.dates.repeatRule == shown.dates.repeatRule && start &&
-                         shown.dates.startDateTime && start != shown.dates.startDateTime;
-    if (!isAlone) {
+    if (!mayBeForThisOnly(chosen, shown)) {
         const auto done = KWTaskEditor{m_manager}.setSchedule(taskID, chosen, shown);
         if (!done) return done.error();
         return Changed{taskID, *done};

@@ -46,8 +46,11 @@ public:
     };
     /// Moves it there, and the others of `scope` as far by the wall clock; the rule goes along.
     Result<Changed> move(const TaskOccurrence &occurrence, OccurrenceScope scope, const Dates &to);
+    /// Whether what is chosen moves the date of a task that goes on repeating as before, so that it may be
+    /// meant for this one only.
+    static bool mayBeForThisOnly(const TaskSchedule &chosen, const TaskSchedule &shown);
     /// Gives the task's own date, or all of them, what is chosen and was not `shown`, see TaskSchedule. With
-    /// another rule it is for all.
+    /// another rule, or none, it is for all.
     Result<Changed> schedule(const QString &taskID, OccurrenceScope scope, const TaskSchedule &chosen,
                              const TaskSchedule &shown);
 

@@ -19,7 +19,11 @@
 using namespace Qt::StringLiterals;
 
 DetailActions::DetailActions(TaskDetailView &view, OrvaneKit &kit, BatchActions &common)
-    : m_view(view), m_kit(kit), m_common(common), m_editor(kit.manager())
+    : m_view(view)
+    , m_kit(kit)
+    , m_common(common)
+    , m_occurrences(kit.manager(), common)
+    , m_editor(kit.manager())
 {
     connectHeader();
     connectFooter();
@@ -73,13 +77,23 @@ void DetailActions::pickDate(const QPoint &position)
     const TaskSchedule shown = TaskSchedule::ofTask(m_task);
     auto *picker = new SchedulePicker{shown, scheduleSurroundings(m_kit), m_view.window()};
     connect(picker, &SchedulePicker::kept, this,
-            [this, shown, id = m_task.sid](const TaskSchedule &chosen) { schedule(id, chosen, shown); });
+            [this, shown, position, id = m_task.sid](const TaskSchedule &chosen) {
+                if (!TaskOccurrences::mayBeForThisOnly(chosen, shown))
+                    return schedule(id, chosen, shown, OccurrenceScope::All);
+                m_occurrences.askScope(
+                    {id, shown.dates.startDateTime->date}, position,
+                    [=, this](OccurrenceScope scope) { schedule(id, chosen, shown, scope); });
+            });
     picker->popUp(position);
 }
 
-void DetailActions::schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown)
+void DetailActions::schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown,
+                             OccurrenceScope scope)
 {
-    report(m_editor.setSchedule(taskID, chosen, shown), messageOf(chosen.dates.startDateTime));
+    const auto done = TaskOccurrences{m_kit.manager()}.schedule(taskID, scope, chosen, shown);
+    const QString message = messageOf(chosen.dates.startDateTime);
+    if (!done) return report(done.error(), message);
+    report(done->undo, message);
 }
 
 QString DetailActions::messageOf(const std::optional<KWDateTime> &date) const
@@ -152,6 +166,7 @@ void DetailActions::fillMenu(QMenu &menu)
     const QStringList task{m_task.sid};
     addKinds(menu);
     menu.addSeparator();
+    if (OccurrenceActions::haveSome(m_task)) m_occurrences.addTo(menu, {m_task.sid, *m_task.startDate});
     if (!m_task.isTrashed) {
         const bool isPinned = m_task.pinnedDate.has_value();
         const auto pinning = isPinned ? TaskBatch::Pinning::Unpin : TaskBatch::Pinning::Pin;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/store/KWTaskEditor.h"
+#include "views/tasklist/OccurrenceActions.h"
 
 #include <QObject>
 
@@ -38,7 +39,8 @@ private:
     void pickItemDate(const QString &itemID, const QPoint &position);
     void scheduleItem(const QString &itemID, const std::optional<KWDateTime> &date);
     QString messageOf(const std::optional<KWDateTime> &date) const;
-    void schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown);
+    void schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown,
+                  OccurrenceScope scope);
     void chooseList(const QPoint &position);
     void fillMenu(QMenu &menu);
     void addKinds(QMenu &menu);
@@ -50,6 +52,7 @@ private:
     TaskDetailView &m_view;
     OrvaneKit &m_kit;
     BatchActions &m_common;
+    OccurrenceActions m_occurrences;
     KWTaskEditor m_editor;
     KWTaskModel m_task;
 };

@@ -51,6 +51,7 @@ void TaskMenu::fill(QMenu &menu, const QStringList &ids)
     addKnown(*menu.addMenu(tr("Date")), {SetToday, SetTomorrow, SetNextWeek, SetDate, ClearDate});
     addKnown(*menu.addMenu(tr("Priority")), {PriorityHigh, PriorityMedium, PriorityLow, PriorityNone});
     if (!taskIDs.isEmpty()) {
+        addOccurrence(menu, taskIDs);
         addPlaces(menu, taskIDs);
         addPinning(menu, taskIDs);
         menu.addSeparator();
@@ -59,6 +60,13 @@ void TaskMenu::fill(QMenu &menu, const QStringList &ids)
     menu.addAction(tr("Copy Title"), &m_parts.actions, [this, ids] { m_parts.actions.copyTitles(ids); });
     menu.addSeparator();
     menu.addAction(tr("Delete"), &m_parts.actions, [this, ids] { m_parts.actions.remove(ids); });
+}
+
+void TaskMenu::addOccurrence(QMenu &menu, const QStringList &taskIDs)
+{
+    const QList<KWTaskModel> tasks = read(taskIDs);
+    if (tasks.size() == 1 && OccurrenceActions::haveSome(tasks.first()))
+        m_occurrences.addTo(menu, {tasks.first().sid, *tasks.first().startDate});
 }
 
 void TaskMenu::addPlaces(QMenu &menu, const QStringList &taskIDs)

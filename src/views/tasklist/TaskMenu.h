@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/records/KWTaskModel.h"
+#include "views/tasklist/OccurrenceActions.h"
 
 #include <QObject>
 
@@ -25,7 +26,7 @@ public:
         KWProjectListPresenter &sidebar;
         KWCoreDataManager &manager;
     };
-    explicit TaskMenu(const Parts &parts) : m_parts(parts) {}
+    explicit TaskMenu(const Parts &parts) : m_parts(parts), m_occurrences(parts.manager, parts.actions) {}
 
     void fill(QMenu &menu, const QStringList &ids);
     /// Ask for a list, or for a tag, by typing.
@@ -33,6 +34,7 @@ public:
     void chooseTag(const QStringList &taskIDs);
 
 private:
+    void addOccurrence(QMenu &menu, const QStringList &taskIDs);
     void addPlaces(QMenu &menu, const QStringList &taskIDs);
     void addPinning(QMenu &menu, const QStringList &taskIDs);
     void addCopies(QMenu &menu, const QStringList &taskIDs);
@@ -40,4 +42,5 @@ private:
     QPoint place() const;
 
     Parts m_parts;
+    OccurrenceActions m_occurrences;
 };
