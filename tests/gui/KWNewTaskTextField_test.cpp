@@ -57,12 +57,20 @@ private Q_SLOTS:
         QCOMPARE(submitted.last().first().toString(), u"Call"_s);
         QTest::keyClick(m_field.get(), Qt::Key_Enter, Qt::ShiftModifier);
         QCOMPARE(submitted.count(), 2);
+        m_field->setText({});
+        QTest::keyClick(m_field.get(), Qt::Key_Return);
+        QCOMPARE(submitted.count(), 2);
+        m_field->canBeEmpty = true;
+        QTest::keyClick(m_field.get(), Qt::Key_Return);
+        QCOMPARE(submitted.count(), 3);
+        m_field->setText(u"Call"_s);
         QSignalSpy left{m_field.get(), &KWNewTaskTextField::left};
         QTest::keyClick(m_field.get(), Qt::Key_Escape);
         QCOMPARE(left.count(), 1);
+        const auto edits = edited.count();
         QTest::keyClick(m_field.get(), Qt::Key_Tab);
         QCOMPARE(m_field->text(), u"Call"_s);
-        QCOMPARE(edited.count(), 4);
+        QCOMPARE(edited.count(), edits);
     }
 
     void takesLinesToItsEnd()

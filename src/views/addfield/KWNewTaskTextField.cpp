@@ -148,7 +148,7 @@ void KWNewTaskTextField::keyPressEvent(QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        Q_EMIT submitted(text());
+        if (canBeEmpty || !text().isEmpty()) Q_EMIT submitted(text());
         return;
     case Qt::Key_Escape:
         Q_EMIT left();

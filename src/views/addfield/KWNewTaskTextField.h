@@ -35,6 +35,8 @@ public:
     void setDetailedPlaceholder(bool isDetailed);
     void setLesson(const QString &example);
 
+    /// Enter in the field submits nothing typed, too.
+    bool canBeEmpty = false;
     /// Asked for pasted text that has line breaks, when that is what the clipboard holds: whether somebody
     /// else takes care of it. Else its lines are joined at the end of the text.
     std::function<bool(const QString &pasted)> shouldCreateMultiTasks;
