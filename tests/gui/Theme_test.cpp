@@ -3,6 +3,8 @@
 #include "support/TestMain.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
+#include "views/theme/ItemColors.h"
+#include "views/theme/ListColors.h"
 #include "views/theme/ThemeConfigurator.h"
 
 #include <QAbstractItemView>
@@ -86,6 +88,22 @@ private Q_SLOTS:
                 const QString pair = u"%1 on %2: "_s.arg(text.colour.name(), background.name());
                 QVERIFY2(ratio >= 4.5, qPrintable(pair + QString::number(ratio)));
             }
+    }
+
+    void itemsCanBeReadInAnyColor()
+    {
+        ThemeConfigurator::shared().apply();
+        QStringList colors{u"#ffffff"_s, u"#000000"_s, u"#ffff00"_s, u"#00ff00"_s, u"none"_s};
+        for (const ListColor &each : listColors)
+            colors += QString::fromLatin1(each.value);
+        for (const auto mode : {ThemeConfigurator::Mode::Light, ThemeConfigurator::Mode::Dark}) {
+            ThemeConfigurator::shared().setMode(mode);
+            for (const QString &each : colors)
+                for (const ItemColors &item : {ItemColors::of(each), ItemColors::ofClosed(each)})
+                    for (const QColor &text : {item.text, item.note})
+                        QVERIFY2(contrast(text, item.fill) >= 4.5, qPrintable(each));
+        }
+        QVERIFY(ItemColors::of(u"#3e8ef7"_s).fill != ItemColors::of(u"#e79a0c"_s).fill);
     }
 
     void followsTheDesktopUnlessSet()

@@ -1,6 +1,7 @@
 #include "views/controls/IconButton.h"
 
 #include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>
@@ -31,6 +32,7 @@ QSize IconButton::sizeHint() const
 
 void IconButton::paintContent(QPainter &painter)
 {
+    if (isChecked()) Painting::roundedBox(painter, rect(), ring().radius, Theme::current().selection);
     paintBackground(painter);
     if (m_isMirrored != isRightToLeft()) {
         painter.translate(width(), 0);

@@ -4,6 +4,7 @@
 #include "views/theme/Icons.h"
 
 /// A small quiet button that is its icon alone; what it does is said to screen readers and in its tool tip.
+/// One that is checked stays marked.
 class IconButton : public PaintedButton {
     Q_OBJECT
 

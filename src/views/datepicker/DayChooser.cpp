@@ -24,7 +24,7 @@ DayChooser::DayChooser(const Days &days, QWidget *parent)
     addChoice(*choices, "pickTomorrow", KWLocalizedString("Tomorrow"), days.today + std::chrono::days{1});
     addChoice(*choices, "pickNextWeek", KWLocalizedString("Next Week"),
               mondayOfNextWeek(days.today, days.firstWeekday));
-    addChoice(*choices, "pickNoDate", KWLocalizedString("No Date"), std::nullopt);
+    if (days.offersNone) addChoice(*choices, "pickNoDate", KWLocalizedString("No Date"), std::nullopt);
 
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins({});

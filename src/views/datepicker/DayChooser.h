@@ -18,6 +18,7 @@ public:
         Day today;
         std::optional<Day> selected; ///< today without one
         int firstWeekday = 1;        ///< 1 Sunday … 7 Saturday
+        bool offersNone = true;      ///< that there is to be no day
     };
     explicit DayChooser(const Days &days, QWidget *parent = nullptr);
 

@@ -16,13 +16,14 @@ static void registerIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace {
 
-constexpr std::array<const char *, 31> fileNames{
-    "inbox", "today",  "tomorrow",     "next7days",     "all",   "assigned", "folder",  "archive",
-    "tag",   "filter", "completed",    "abandoned",     "trash", "summary",  "add",     "repeat",
-    "flag",  "check",  "chevron-down", "chevron-right", "enter", "close",    "restore", "menu",
-    "more",  "pin",    "attachment",   "focus",         "note",  "shared",   "help",
+constexpr std::array<const char *, 33> fileNames{
+    "inbox",   "today",   "tomorrow", "next7days", "all",          "assigned",      "folder",
+    "archive", "tag",     "filter",   "completed", "abandoned",    "trash",         "summary",
+    "add",     "repeat",  "flag",     "check",     "chevron-down", "chevron-right", "enter",
+    "close",   "restore", "menu",     "more",      "pin",          "attachment",    "focus",
+    "note",    "shared",  "help",     "calendar",  "tray",
 };
-static_assert(fileNames.size() == std::size_t(Icon::Help) + 1);
+static_assert(fileNames.size() == std::size_t(Icon::Tray) + 1);
 
 quint64 keyOf(Icon icon, int side, const QColor &color)
 {

@@ -41,6 +41,8 @@ enum class Icon {
     Note,
     Shared,
     Help,
+    Calendar,
+    Tray,
 };
 
 namespace Icons {

@@ -41,9 +41,9 @@ QList<PatternPiece> piecesOf(const QString &pattern)
     return pieces;
 }
 
-// The part of the locale's long date that spans the given fields, with the month shortened and with a
+// The part of the locale's long date that spans the given fields, with the month in `month` and with a
 // unit such as "日" that is written right behind the last field.
-QString pattern(const QLocale &locale, QStringView fields)
+QString pattern(const QLocale &locale, QStringView fields, const QString &month = u"MMM"_s)
 {
     const QList<PatternPiece> pieces = piecesOf(locale.dateFormat(QLocale::LongFormat));
     const auto wanted = [fields](const PatternPiece &piece) { return piece.isOneOf(fields); };
@@ -52,7 +52,7 @@ QString pattern(const QLocale &locale, QStringView fields)
 
     QString result;
     for (auto piece = first; piece != last; ++piece)
-        result += piece->text == u"MMMM" ? u"MMM"_s : piece->text;
+        result += piece->text == u"MMMM" ? month : piece->text;
     if (last != pieces.end() && !last->isField)
         for (const QChar character : last->text) {
             if (!character.isLetter()) break;
@@ -83,6 +83,12 @@ QString DateWording::weekdayAndDay(Day day, Day today, const QLocale &locale)
     const bool sameYear = dateOf(day).year() == dateOf(today).year();
     const QString weekday = locale.dayName(dateOf(day).dayOfWeek(), QLocale::ShortFormat);
     return weekday + u' ' + (sameYear ? dayAndMonth(day, locale) : dayMonthAndYear(day, locale));
+}
+
+QString DateWording::fullDay(Day day, const QLocale &locale)
+{
+    const QString date = locale.toString(dateOf(day), pattern(locale, u"dM", u"MMMM"_s));
+    return locale.dayName(dateOf(day).dayOfWeek(), QLocale::LongFormat) + u' ' + date;
 }
 
 QString DateWording::relativeDay(Day day, Day today, const QLocale &locale, PastWeekdays pastWeekdays)

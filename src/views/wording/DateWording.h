@@ -18,6 +18,9 @@ QString dayMonthAndYear(Day day, const QLocale &locale);
 /// "Sat 21 Nov"; with the year when it is not that of `today`.
 QString weekdayAndDay(Day day, Day today, const QLocale &locale);
 
+/// "Saturday 21 November".
+QString fullDay(Day day, const QLocale &locale);
+
 /// Whether a day of the past week may be called by its weekday alone; a day of the coming week always is.
 enum class PastWeekdays { Named, Dated };
 

@@ -1,0 +1,158 @@
+#include "views/calendar/CalendarController.h"
+
+#include "capture/NewTaskService.h"
+#include "model/OrvaneKit.h"
+#include "model/records/KWTask.h"
+#include "model/settings/KWLocalizedString.h"
+#include "views/calendar/CalendarDrag.h"
+#include "views/calendar/CalendarPane.h"
+#include "views/calendar/CalendarWording.h"
+#include "views/calendar/EventPopover.h"
+#include "views/calendar/ItemDays.h"
+#include "views/tasklist/BatchActions.h"
+#include "views/wording/DateWording.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A day alone ends by itself.
+bool hasLength(const CalendarItem &item)
+{
+    const auto least =
+        item.isAllDay ? std::chrono::milliseconds{std::chrono::days{1}} : std::chrono::milliseconds{0};
+    return item.end - item.start > least;
+}
+
+} // namespace
+
+CalendarController::CalendarController(CalendarPane &pane, const Rooms &rooms)
+    : m_pane(pane), m_rooms(rooms), m_editor(rooms.kit.manager())
+{
+    const CalendarEdits &edits = m_pane.edits();
+    connect(&edits, &CalendarEdits::moveRequested, this, &CalendarController::move);
+    connect(&edits, &CalendarEdits::createRequested, this, &CalendarController::create);
+    connect(&edits, &CalendarEdits::completeRequested, this, &CalendarController::complete);
+    connect(&edits, &CalendarEdits::deleteRequested, this, &CalendarController::remove);
+    connect(&edits, &CalendarEdits::openRequested, this, &CalendarController::open);
+    connect(&edits, &CalendarEdits::scheduleRequested, this, &CalendarController::schedule);
+}
+
+bool CalendarController::refuses(const CalendarItem &item, const char *sentence)
+{
+    if (item.kind == CalendarItem::Kind::Event || item.isReadOnly)
+        Q_EMIT failed(KWLocalizedString("This can only be read."));
+    else if (sentence)
+        Q_EMIT failed(KWLocalizedString(sentence));
+    else
+        return false;
+    return true;
+}
+
+void CalendarController::move(const CalendarItem &item, const CalendarItem &there)
+{
+    if (refuses(item, item.repeats
+                          ? "The dates of a repeating task are changed in its detail: Enter opens it."
+                          : nullptr))
+        return;
+    const Result<UndoToken> done = item.kind == CalendarItem::Kind::ChecklistItem
+                                       ? m_editor.setItemDate(item.entityID, dateOf(there.start, there))
+                                       : setDates(item.entityID, there);
+    if (!done) return Q_EMIT failed(done.error().sentence);
+    report({*done}, there);
+}
+
+Result<UndoToken> CalendarController::setDates(const QString &taskID, const CalendarItem &there)
+{
+    const auto task = m_editor.read(taskID);
+    if (!task) return Error{KWLocalizedString("The task is no longer there.")};
+    const TaskSchedule shown = TaskSchedule::ofTask(task->task);
+    TaskSchedule chosen = shown;
+    chosen.dates.startDateTime = dateOf(there.start, there);
+    chosen.dates.endDateTime.reset();
+    if (hasLength(there)) chosen.dates.endDateTime = dateOf(there.end, there);
+    if (chosen.timeZone.isEmpty() || there.isAllDay) chosen.timeZone = m_rooms.clock.zone().identifier();
+    return m_editor.setSchedule(taskID, chosen, shown);
+}
+
+KWDateTime CalendarController::dateOf(LocalTime time, const CalendarItem &item) const
+{
+    const CXTimeZone zone = m_rooms.clock.zone();
+    const Day day = std::chrono::floor<std::chrono::days>(time);
+    return {item.isAllDay ? zone.startOfDay(day) : zone.toInstant(time), !item.isAllDay};
+}
+
+void CalendarController::report(const QList<UndoToken> &done, const CalendarItem &there)
+{
+    const ItemDays days = ItemDays::of(there);
+    const QLocale locale;
+    const QString day = DateWording::weekdayAndDay(days.first, m_rooms.clock.today(), locale);
+    const QString when = !days.isOne()    ? CalendarWording::time(there, locale)
+                         : there.isAllDay ? day
+                                          : day + u", "_s + CalendarWording::time(there, locale);
+    Q_EMIT changed(KWLocalizedString("Date: %1").arg(when), [this, done] {
+        for (const UndoToken &each : done)
+            if (const Result<void> undone = each.undo(m_rooms.kit.manager()); !undone)
+                return Q_EMIT failed(undone.error().sentence);
+    });
+}
+
+void CalendarController::create(const QString &title, const CalendarItem &there)
+{
+    // The place says when: a date in the words is part of the title.
+    NewTaskContext context;
+    context.presetDay = ItemDays::of(there).first;
+    context.recognition.donotParseDate = true;
+    NewTaskDraft draft = m_rooms.newTasks.compose(title, context);
+    KWTaskDateTimeReminderModel dates;
+    dates.startDateTime = dateOf(there.start, there);
+    if (hasLength(there)) dates.endDateTime = dateOf(there.end, there);
+    dates.presetDefaultRemindersIfNeeded(m_rooms.kit.account().taskDefaultConfiguration());
+    dates.applyTo(draft.task, m_rooms.clock.zone().identifier());
+    const auto made = m_rooms.newTasks.save(draft);
+    if (!made) return Q_EMIT failed(made.error().sentence);
+    Q_EMIT changed(KWLocalizedString("Task added"), [this, undo = made->undo] {
+        if (const Result<void> undone = undo.undo(m_rooms.kit.manager()); !undone)
+            Q_EMIT failed(undone.error().sentence);
+    });
+}
+
+void CalendarController::complete(const CalendarItem &item)
+{
+    if (refuses(item,
+                item.occurrence ? "This date comes later: the ones before it are completed first." : nullptr))
+        return;
+    m_rooms.actions.tick({item.entityID});
+}
+
+void CalendarController::remove(const CalendarItem &item)
+{
+    if (refuses(item, item.occurrence ? "This is a later date of a repeating task: Enter opens the task."
+                                      : nullptr))
+        return;
+    m_rooms.actions.remove({item.entityID});
+}
+
+void CalendarController::open(const CalendarItem &item, const QRect &place)
+{
+    if (item.kind != CalendarItem::Kind::Event) return Q_EMIT opened(item.taskID);
+    (new EventPopover{item, &m_pane})->popUp(place);
+}
+
+void CalendarController::schedule(const QStringList &taskIDs, const CalendarSpot &spot)
+{
+    CalendarItem there = CalendarDrag::newAt(spot);
+    there.end = there.start;
+    QList<UndoToken> done;
+    for (const QString &each : taskIDs) {
+        const Result<UndoToken> set = setDates(each, there);
+        if (!set) {
+            Q_EMIT failed(set.error().sentence);
+            break;
+        }
+        done.append(*set);
+    }
+    if (!done.isEmpty()) report(done, there);
+}

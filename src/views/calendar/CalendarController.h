@@ -1,0 +1,56 @@
+#pragma once
+
+#include "calendar/CalendarItem.h"
+#include "model/store/KWTaskEditor.h"
+#include "views/calendar/CalendarSpot.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+
+class BatchActions;
+class CalendarPane;
+class CXClock;
+class NewTaskService;
+class OrvaneKit;
+
+/// Carries out what is asked for in the calendar, each in one save that can be taken back. What cannot be
+/// done says so. Main thread.
+class CalendarController : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    struct Rooms {
+        OrvaneKit &kit;
+        CXClock &clock;
+        NewTaskService &newTasks;
+        BatchActions &actions;
+    };
+    CalendarController(CalendarPane &pane, const Rooms &rooms);
+
+Q_SIGNALS:
+    void changed(const QString &message, const std::function<void()> &undo);
+    void failed(const QString &sentence);
+    /// The task is to be shown, with its item if it is one of a checklist.
+    void opened(const QString &taskID);
+
+private:
+    void move(const CalendarItem &item, const CalendarItem &there);
+    void create(const QString &title, const CalendarItem &there);
+    void complete(const CalendarItem &item);
+    void remove(const CalendarItem &item);
+    void open(const CalendarItem &item, const QRect &place);
+    void schedule(const QStringList &taskIDs, const CalendarSpot &spot);
+
+    /// Tells why it cannot be changed here, if so.
+    bool refuses(const CalendarItem &item, const char *sentence);
+    Result<UndoToken> setDates(const QString &taskID, const CalendarItem &there);
+    void report(const QList<UndoToken> &done, const CalendarItem &there);
+    KWDateTime dateOf(LocalTime time, const CalendarItem &item) const;
+
+    CalendarPane &m_pane;
+    Rooms m_rooms;
+    KWTaskEditor m_editor;
+};

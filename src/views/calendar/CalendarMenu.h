@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/records/KWCalendarDisplayConfigurationModel.h"
+
+#include <QObject>
+
+class QMenu;
+
+/// What the calendar shows, as a menu of things that are on or off. Main thread.
+class CalendarMenu : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// Adds what can be chosen to the menu, as it is now.
+    void fill(QMenu &menu, const KWCalendarDisplayConfigurationModel &now, bool isTrayShown);
+
+Q_SIGNALS:
+    void chosen(const KWCalendarDisplayConfigurationModel &configuration);
+    void trayToggled(bool isShown);
+    void dateAsked();
+};

@@ -1,0 +1,154 @@
+#include "views/calendar/CalendarNavigator.h"
+
+#include "model/OrvaneKit.h"
+#include "views/calendar/CalendarHeader.h"
+#include "views/calendar/CalendarPane.h"
+#include "views/controls/MenuPlace.h"
+#include "views/datepicker/DatePicker.h"
+
+#include <QMenu>
+
+using namespace std::chrono;
+
+namespace {
+
+constexpr std::pair<CalendarPage::Kind, KWCalendarViewMode> modes[] = {
+    {CalendarPage::Kind::SingleDay, KWCalendarViewModeDay},
+    {CalendarPage::Kind::Week, KWCalendarViewModeWeek},
+    {CalendarPage::Kind::Month, KWCalendarViewModeMonth},
+};
+
+CalendarView::Look lookOf(const KWCalendarDisplayConfigurationModel &configuration)
+{
+    using enum DayColumns::Weekends;
+    return {.weekends = configuration.showsWeekends ? Shown : Hidden,
+            .hasWeekNumbers = configuration.showsWeekNumbers};
+}
+
+} // namespace
+
+CalendarNavigator::CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepeatInstanceService &repeats,
+                                     CXClock &clock)
+    : m_pane(pane), m_kit(kit), m_loader(kit, repeats, clock)
+{
+    connect(&m_loader, &CalendarPageLoader::loaded, this, &CalendarNavigator::take);
+    connect(&m_loader, &CalendarPageLoader::failed, this, &CalendarNavigator::failed);
+    connect(&m_loader, &CalendarPageLoader::succeeded, this, &CalendarNavigator::succeeded);
+    connect(&m_pane, &CalendarPane::pagesTurned, this, &CalendarNavigator::turn);
+    connect(&m_pane, &CalendarPane::dayRequested, this, &CalendarNavigator::goTo);
+    connect(&m_pane, &CalendarPane::todayRequested, this, [this] { goTo(m_loader.today()); });
+    connect(&m_pane, &CalendarPane::kindRequested, this, &CalendarNavigator::setKind);
+    connect(&m_pane, &CalendarPane::dayOpened, this, [this](Day day) {
+        m_day = day;
+        m_pane.view().setSpot({.day = day, .time = {}});
+        setKind(CalendarPage::Kind::SingleDay);
+    });
+    connect(&m_pane, &CalendarPane::dateAsked, this, &CalendarNavigator::askForDate);
+    connect(&m_pane.header(), &CalendarHeader::menuRequested, this, &CalendarNavigator::openMenu);
+    connect(&m_menu, &CalendarMenu::chosen, this, &CalendarNavigator::save);
+    connect(&m_menu, &CalendarMenu::trayToggled, &m_pane, &CalendarPane::setTrayShown);
+    connect(&m_menu, &CalendarMenu::dateAsked, this, &CalendarNavigator::askForDate);
+}
+
+KWCalendarDisplayConfigurationManager CalendarNavigator::configurations() const
+{
+    return {m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()};
+}
+
+void CalendarNavigator::open()
+{
+    const KWCalendarViewMode mode = configurations().configuration().viewMode;
+    for (const auto &[kind, value] : modes)
+        if (value == mode) m_kind = kind;
+    if (!m_day) m_day = m_loader.today();
+    load();
+}
+
+void CalendarNavigator::close() { m_loader.stop(); }
+
+void CalendarNavigator::setKind(CalendarPage::Kind kind)
+{
+    if (!m_isGoing && m_pane.view().content().page.dayCount > 0) m_day = m_pane.view().spot().day;
+    m_kind = kind;
+    KWCalendarDisplayConfigurationModel configuration = configurations().configuration();
+    for (const auto &[each, mode] : modes)
+        if (each == kind) configuration.viewMode = mode;
+    save(configuration);
+    load();
+}
+
+void CalendarNavigator::goTo(Day day)
+{
+    m_day = day;
+    load();
+}
+
+void CalendarNavigator::turn(int pages)
+{
+    const Day from = m_isGoing ? *m_day : m_pane.view().spot().day;
+    switch (m_kind) {
+    case CalendarPage::Kind::SingleDay:
+        return goTo(from + days{pages});
+    case CalendarPage::Kind::Week:
+        return goTo(from + days{7 * pages});
+    case CalendarPage::Kind::Month:
+        const weekday first = m_loader.firstWeekday();
+        return goTo(CalendarPage::around(m_pane.view().content().page.begin, m_kind, first)
+                        .moved(pages, first)
+                        .begin);
+    }
+}
+
+void CalendarNavigator::load()
+{
+    const CalendarPage page = CalendarPage::around(*m_day, m_kind, m_loader.firstWeekday());
+    m_isGoing = true;
+    // What is shown already is not told again.
+    if (m_pane.view().content().page == page) goToCurrent();
+    m_loader.load(page);
+}
+
+void CalendarNavigator::take(const CalendarPageContent &content)
+{
+    m_pane.setLook(lookOf(configurations().configuration()));
+    m_pane.showPage(content);
+    if (m_isGoing) goToCurrent();
+}
+
+void CalendarNavigator::goToCurrent()
+{
+    m_isGoing = false;
+    CalendarView &view = m_pane.view();
+    if (view.spot().day != *m_day) view.setSpot({.day = *m_day, .time = view.spot().time});
+}
+
+void CalendarNavigator::openMenu()
+{
+    QWidget &button = m_pane.header().menuButton();
+    auto *menu = new QMenu{&button};
+    menu->setObjectName(QStringLiteral("calendarMenu"));
+    m_menu.fill(*menu, configurations().configuration(), m_pane.isTrayShown());
+    popUpAt(button.rect(), button, Qt::BottomEdge, *menu);
+}
+
+void CalendarNavigator::save(const KWCalendarDisplayConfigurationModel &configuration)
+{
+    if (const Result<void> saved = configurations().save(configuration); !saved)
+        return Q_EMIT failed(saved.error().sentence);
+    m_pane.setLook(lookOf(configuration));
+}
+
+void CalendarNavigator::askForDate()
+{
+    const int firstWeekday = int(m_loader.firstWeekday().c_encoding()) + 1;
+    auto *picker = new DatePicker{{.today = m_loader.today(),
+                                   .selected = m_pane.view().spot().day,
+                                   .firstWeekday = firstWeekday,
+                                   .offersNone = false},
+                                  &m_pane};
+    connect(picker, &DatePicker::picked, this, [this](std::optional<Day> day) {
+        if (day) goTo(*day);
+    });
+    QWidget &title = m_pane.header().titlePlace();
+    picker->popUp(title.mapToGlobal(QPoint{0, title.height()}));
+}

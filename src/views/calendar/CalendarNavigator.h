@@ -1,0 +1,47 @@
+#pragma once
+
+#include "calendar/CalendarPageLoader.h"
+#include "model/settings/KWCalendarDisplayConfigurationManager.h"
+#include "views/calendar/CalendarMenu.h"
+
+class CalendarPane;
+class KWNotificationCenter;
+
+/// Which page of the calendar is shown, and what of it. Main thread.
+class CalendarNavigator : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepeatInstanceService &repeats, CXClock &clock);
+
+    /// Shows the page that was shown last, at first the one with today.
+    void open();
+    /// Reads nothing while the calendar is not shown.
+    void close();
+    /// The page of that kind with the day that is current; it is remembered.
+    void setKind(CalendarPage::Kind kind);
+
+Q_SIGNALS:
+    void failed(const QString &sentence);
+    void succeeded();
+
+private:
+    void goTo(Day day);
+    void turn(int pages);
+    void load();
+    void take(const CalendarPageContent &content);
+    void goToCurrent();
+    void openMenu();
+    void askForDate();
+    KWCalendarDisplayConfigurationManager configurations() const;
+    void save(const KWCalendarDisplayConfigurationModel &configuration);
+
+    CalendarPane &m_pane;
+    OrvaneKit &m_kit;
+    CalendarPageLoader m_loader;
+    CalendarMenu m_menu;
+    CalendarPage::Kind m_kind = CalendarPage::Kind::Week;
+    std::optional<Day> m_day; // none before it is first shown
+    bool m_isGoing = false;   // to that day, on a page that is not read yet
+};

@@ -1,0 +1,65 @@
+#include "views/calendar/CalendarTray.h"
+
+#include "model/settings/KWLocalizedString.h"
+#include "views/controls/PlainLabel.h"
+#include "views/tasklist/TaskListView.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Theme.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int trayWidth = 240;
+
+}
+
+CalendarTray::CalendarTray(CXClock &clock, QWidget *parent)
+    : QWidget(parent), m_model(clock), m_list(new TaskListView{m_model})
+{
+    setObjectName(QStringLiteral("calendarTray"));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    m_list->setObjectName(QStringLiteral("calendarTrayList"));
+    m_list->setAccessibleName(KWLocalizedString("Tasks Without a Date"));
+    m_list->setEmptyText(KWLocalizedString("Every task has a date"),
+                         KWLocalizedString("Tasks without one stand here, to be dragged onto a day."));
+    auto *column = new QVBoxLayout{this};
+    column->setContentsMargins(Metrics::gap, 0, Metrics::grid, 0);
+    column->setSpacing(Metrics::grid);
+    auto *title = makePlainLabel(KWLocalizedString("Without a Date"), Fonts::Role::BodyStrong);
+    column->addWidget(title);
+    column->addWidget(m_list, 1);
+    setFocusProxy(m_list);
+}
+
+void CalendarTray::setTasks(const QList<KWTaskListItemModel> &tasks)
+{
+    QList<TaskListRow> rows;
+    for (const KWTaskListItemModel &each : tasks)
+        rows.append({.kind = TaskListRow::Kind::Task, .id = each.sid, .task = each});
+    m_list->setRows(rows);
+}
+
+QSize CalendarTray::sizeHint() const { return {Metrics::scaled(trayWidth), Metrics::scaled(trayWidth)}; }
+
+void CalendarTray::paintEvent(QPaintEvent *)
+{
+    QPainter painter{this};
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), {0, 0, 1, height()}),
+                     Theme::current().hairline);
+}
+
+void CalendarTray::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    Q_EMIT visibilityChanged();
+}
+
+void CalendarTray::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    Q_EMIT visibilityChanged();
+}

@@ -1,0 +1,237 @@
+#include "views/calendar/CalendarView.h"
+
+#include "views/calendar/CalendarAccessible.h"
+#include "views/calendar/CalendarDrag.h"
+#include "views/calendar/CalendarWording.h"
+#include "views/calendar/ItemDays.h"
+#include "views/calendar/ItemPainter.h"
+#include "views/calendar/TitleField.h"
+#include "views/theme/Metrics.h"
+#include "views/theme/Theme.h"
+#include "views/theme/ThemeConfigurator.h"
+
+#include <QHelpEvent>
+#include <QLocale>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyle>
+#include <QToolTip>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isSameItem(const CalendarItem &one, const CalendarItem &other)
+{
+    return one.kind == other.kind && one.entityID == other.entityID && one.occurrence == other.occurrence;
+}
+
+} // namespace
+
+CalendarView::CalendarView(CalendarEdits &edits, QWidget *parent)
+    : QAbstractScrollArea(parent), m_edits(edits)
+{
+    CalendarAccessible::install();
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    viewport()->setAcceptDrops(true);
+    viewport()->setMouseTracking(true);
+    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &CalendarView::arrange);
+}
+
+void CalendarView::setContent(const CalendarPageContent &content)
+{
+    const auto selected = selectedItem() ? std::optional{*selectedItem()} : std::nullopt;
+    m_content = content;
+    m_columns = DayColumns{content.page, m_look.weekends, locale()};
+    if (!content.page.holds(m_spot.day))
+        m_spot.day = content.page.holds(content.today) ? content.today : content.page.begin;
+    m_selected = selected ? indexOf(*selected) : std::nullopt;
+    CalendarAccessible::forgetItems(*this);
+    arrange();
+    if (selected && (!m_selected || *selected != *selectedItem())) Q_EMIT selectionChanged();
+}
+
+void CalendarView::setLook(const Look &look)
+{
+    if (std::exchange(m_look, look) == look) return;
+    m_columns = DayColumns{m_content.page, m_look.weekends, locale()};
+    arrange();
+}
+
+void CalendarView::arrange()
+{
+    if (m_columns.count() == 0) return; // no page yet
+    m_places = layOut();
+    if (m_title && m_made) m_title->setGeometry(titlePlace(*m_made));
+    viewport()->update();
+}
+
+std::optional<std::size_t> CalendarView::indexOf(const CalendarItem &item) const
+{
+    const auto found = std::ranges::find_if(
+        m_content.items, [&item](const CalendarItem &each) { return isSameItem(each, item); });
+    if (found == m_content.items.end()) return std::nullopt;
+    return std::size_t(found - m_content.items.begin());
+}
+
+// In the order in which the keyboard goes through them: from top to bottom.
+std::vector<std::size_t> CalendarView::itemsOn(Day day) const
+{
+    std::vector<std::size_t> found;
+    for (const ItemPlace &each : m_places.items)
+        if (ItemDays::of(m_content.items[each.item]).hold(day) &&
+            std::ranges::find(found, each.item) == found.end())
+            found.push_back(each.item);
+    std::ranges::stable_sort(found, {}, [this](std::size_t index) {
+        const CalendarItem &item = m_content.items[index];
+        const bool isTimed = !item.isAllDay && !standsInAllDayLane(item);
+        return std::pair{isTimed, isTimed ? item.start : LocalTime{}};
+    });
+    return found;
+}
+
+const CalendarItem *CalendarView::selectedItem() const
+{
+    return m_selected ? &m_content.items[*m_selected] : nullptr;
+}
+
+void CalendarView::setSelected(std::optional<std::size_t> item)
+{
+    if (std::exchange(m_selected, item) == item) return;
+    viewport()->update();
+    Q_EMIT selectionChanged();
+}
+
+void CalendarView::select(std::size_t item)
+{
+    const CalendarItem &selected = m_content.items[item];
+    const ItemDays days = ItemDays::of(selected);
+    if (!days.hold(m_spot.day))
+        m_spot.day = std::clamp(days.first, m_content.page.firstDay, m_content.page.endDay());
+    setSelected(item);
+    reveal();
+    tellCurrent();
+}
+
+void CalendarView::setSpot(const CalendarSpot &spot)
+{
+    m_spot = spot;
+    setSelected(std::nullopt);
+    viewport()->update();
+    reveal();
+    tellCurrent();
+}
+
+void CalendarView::tellCurrent()
+{
+    if (hasFocus()) CalendarAccessible::tellCurrent(*this);
+}
+
+QRect CalendarView::visual(const QRect &bounds) const
+{
+    return QStyle::visualRect(layoutDirection(), viewport()->rect(), bounds);
+}
+
+QPoint CalendarView::visual(const QPoint &point) const
+{
+    return QStyle::visualPos(layoutDirection(), viewport()->rect(), point);
+}
+
+QRect CalendarView::boundsOf(std::size_t item) const
+{
+    for (const ItemPlace &each : m_places.items)
+        if (each.item == item) return visual(each.bounds & areaOf(each.shape));
+    return {};
+}
+
+void CalendarView::resizeEvent(QResizeEvent *event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    arrange();
+}
+
+void CalendarView::focusInEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+    tellCurrent();
+}
+
+void CalendarView::focusOutEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
+}
+
+bool CalendarView::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        QToolTip::showText(help->globalPos(), toolTipAt(visual(help->pos())), viewport());
+        return true;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+// What is cut on its place is whole in the tip.
+QString CalendarView::toolTipAt(const QPoint &point) const
+{
+    const ItemPlace *place = m_places.itemAt(point);
+    if (!place || m_drag) return {};
+    const CalendarItem &item = m_content.items[place->item];
+    return u"<p style='white-space:pre-wrap'>"_s + item.title.toHtmlEscaped() + u"<br>"_s +
+           CalendarWording::time(item, locale()).toHtmlEscaped() + u"</p>"_s;
+}
+
+void CalendarView::paintEvent(QPaintEvent *)
+{
+    QPainter painter{viewport()};
+    painter.fillRect(viewport()->rect(), Theme::current().window);
+    if (m_columns.count() == 0) return;
+    paintBehind(painter);
+    const bool isDragging = m_drag && m_drag->there && m_drag->item;
+    for (const ItemPlace &each : m_places.items) {
+        const CalendarItem &item = m_content.items[each.item];
+        paintItem(painter, each, item, isDragging && isSameItem(item, *m_drag->item));
+    }
+    for (const MorePlace &each : m_places.more) {
+        painter.save();
+        const bool isInHours = each.bounds.top() >= areaOf(ItemPlace::Shape::Box).top();
+        painter.setClipRect(areaOf(isInHours ? ItemPlace::Shape::Box : ItemPlace::Shape::Bar));
+        ItemPainter::paintMore(painter, {visual(each.bounds), each.count, each.day}, layoutDirection());
+        painter.restore();
+    }
+    paintAbove(painter);
+    if (m_drag && m_drag->there) paintGhost(painter, *m_drag->there);
+    if (m_made) paintGhost(painter, *m_made);
+    if (m_dropSpot) paintGhost(painter, CalendarDrag::newAt(*m_dropSpot));
+}
+
+void CalendarView::paintItem(QPainter &painter, const ItemPlace &place, const CalendarItem &item,
+                             bool isDragged) const
+{
+    painter.save();
+    painter.setClipRect(areaOf(place.shape));
+    ItemPlace mirrored = place;
+    mirrored.bounds = visual(place.bounds);
+    const bool isSelected = m_selected == place.item && m_content.items[place.item] == item;
+    ItemPainter::paint(painter, mirrored, item, {.isSelected = isSelected, .isDragged = isDragged},
+                       layoutDirection());
+    painter.restore();
+}
+
+void CalendarView::paintGhost(QPainter &painter, const CalendarItem &item) const
+{
+    for (ItemPlace place : placesOf(item).items) {
+        painter.save();
+        painter.setClipRect(areaOf(place.shape));
+        place.bounds = visual(place.bounds);
+        ItemPainter::paint(painter, place, item, {.isSelected = true, .isDragged = true}, layoutDirection());
+        painter.restore();
+    }
+}

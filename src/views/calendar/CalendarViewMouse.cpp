@@ -1,0 +1,130 @@
+#include "views/calendar/CalendarDrag.h"
+#include "views/calendar/CalendarView.h"
+#include "views/tasklist/TaskMimeData.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMouseEvent>
+
+namespace {
+
+constexpr int lowerEdge = 6;
+
+}
+
+void CalendarView::mousePressEvent(QMouseEvent *event)
+{
+    const QPoint point = visual(event->pos());
+    if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
+    m_drag.reset();
+    if (const MorePlace *more = m_places.moreAt(point)) return Q_EMIT dayOpened(more->day);
+    const auto spot = spotAt(point);
+    if (!spot) return;
+    m_drag = Drag{.kind = Drag::Kind::Create, .pressedAt = event->pos(), .from = *spot};
+    if (const ItemPlace *place = m_places.itemAt(point)) {
+        const CalendarItem item = m_content.items[place->item];
+        m_drag->kind = isOverLowerEdge(*place, point) ? Drag::Kind::Resize : Drag::Kind::Move;
+        m_drag->item = item;
+        m_spot.day = spot->day;
+        select(place->item);
+        if (item.isReadOnly) m_drag.reset();
+    } else {
+        setSpot({.day = spot->day, .time = spot->time});
+    }
+}
+
+bool CalendarView::isOverLowerEdge(const ItemPlace &place, const QPoint &point) const
+{
+    const bool canGrow = place.shape == ItemPlace::Shape::Box && !place.goesOn &&
+                         !m_content.items[place.item].isReadOnly &&
+                         m_content.items[place.item].kind != CalendarItem::Kind::ChecklistItem;
+    return canGrow && point.y() > place.bounds.bottom() - lowerEdge && place.bounds.height() > 2 * lowerEdge;
+}
+
+void CalendarView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!(event->buttons() & Qt::LeftButton)) return showCursor(visual(event->pos()));
+    if (!m_drag) return;
+    const bool begins =
+        (event->pos() - m_drag->pressedAt).manhattanLength() >= QApplication::startDragDistance();
+    if (m_drag->there || begins) drag(event->pos());
+}
+
+void CalendarView::showCursor(const QPoint &point)
+{
+    const ItemPlace *place = m_places.itemAt(point);
+    viewport()->setCursor(place && isOverLowerEdge(*place, point) ? Qt::SizeVerCursor : Qt::ArrowCursor);
+}
+
+void CalendarView::drag(const QPoint &point)
+{
+    scrollFor(point);
+    const auto spot = spotAt(visual(point));
+    if (!spot) return;
+    switch (m_drag->kind) {
+    case Drag::Kind::Move:
+        m_drag->there = CalendarDrag::moved(*m_drag->item, m_drag->from, *spot);
+        break;
+    case Drag::Kind::Resize:
+        if (spot->time) m_drag->there = CalendarDrag::resized(*m_drag->item, *spot);
+        break;
+    case Drag::Kind::Create:
+        m_drag->there = CalendarDrag::spanned(m_drag->from, *spot);
+    }
+    viewport()->update();
+}
+
+void CalendarView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && m_drag) endDrag();
+}
+
+void CalendarView::endDrag()
+{
+    const Drag ended = *m_drag;
+    m_drag.reset();
+    viewport()->update();
+    if (!ended.there) return;
+    if (ended.kind == Drag::Kind::Create) return openTitle(*ended.there);
+    if (*ended.there != *ended.item) Q_EMIT m_edits.moveRequested(*ended.item, *ended.there);
+}
+
+void CalendarView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPoint point = visual(event->pos());
+    m_drag.reset();
+    if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
+    if (const ItemPlace *place = m_places.itemAt(point)) {
+        const QRect bounds = boundsOf(place->item);
+        Q_EMIT m_edits.openRequested(m_content.items[place->item],
+                                     {viewport()->mapToGlobal(bounds.topLeft()), bounds.size()});
+    } else if (const auto spot = spotAt(point)) {
+        setSpot(*spot);
+        createHere();
+    }
+}
+
+void CalendarView::dragEnterEvent(QDragEnterEvent *event) { dragMoveEvent(event); }
+
+void CalendarView::dragMoveEvent(QDragMoveEvent *event)
+{
+    m_dropSpot = TaskMimeData::idsIn(*event->mimeData()).isEmpty() || m_columns.count() == 0
+                     ? std::nullopt
+                     : spotAt(visual(event->position().toPoint()));
+    viewport()->update();
+    event->setAccepted(m_dropSpot.has_value());
+}
+
+void CalendarView::dragLeaveEvent(QDragLeaveEvent *)
+{
+    m_dropSpot.reset();
+    viewport()->update();
+}
+
+void CalendarView::dropEvent(QDropEvent *event)
+{
+    const auto spot = std::exchange(m_dropSpot, std::nullopt);
+    viewport()->update();
+    event->setAccepted(spot.has_value());
+    if (spot) Q_EMIT m_edits.scheduleRequested(TaskMimeData::idsIn(*event->mimeData()), *spot);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "views/controls/PopupFrame.h"
+
+struct CalendarItem;
+
+/// What there is to say of an event that can only be read. It goes by Escape, Enter and a click beside it.
+class EventPopover : public PopupFrame {
+    Q_OBJECT
+
+public:
+    EventPopover(const CalendarItem &event, QWidget *parent);
+
+    /// Beside `item`, a place on the screen.
+    void popUp(const QRect &item);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+};
