@@ -22,7 +22,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
                      [this] { m_application.session().refreshBadge(); }})
     , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<KWSyncManager>(), m_mainWindow})
-    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts})
+    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats})
     , m_welcomeWindow(kit.account())
     , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
                      absent<KWSyncManager>(), m_alerts, services.relaunch})

@@ -86,8 +86,12 @@ Result<void> drawPage(const PicturePage &page, const PictureRequest &request, Or
     } else {
         rooms.mainWindow().show();
         window = rooms.mainWindow().window();
-        rooms.mainWindow().select(page.list);
-        selectTaskToShow(*rooms.mainWindow().window());
+        if (page.kind == PicturePage::Kind::Calendar) {
+            rooms.mainWindow().showCalendar(page.days);
+        } else {
+            rooms.mainWindow().select(page.list);
+            selectTaskToShow(*rooms.mainWindow().window());
+        }
     }
     window->move(0, 0);
     window->resize(request.size);

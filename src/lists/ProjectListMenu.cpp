@@ -12,7 +12,9 @@ Commands ofSmartList(const QString &identifier)
     if (identifier == KWSmartProject::project().identifier()) return {NewList, NewNoteList, NewFolder};
     if (identifier == KWSmartProject::tag().identifier()) return {NewTag, ShowOnlyIfNotEmpty, Hide};
     if (identifier == KWSmartProject::filter().identifier()) return {NewFilter, ShowOnlyIfNotEmpty, Hide};
-    if (identifier == KWSmartProject::subcal().identifier()) return {};
+    if (identifier == KWSmartProject::subcal().identifier() ||
+        identifier == KWSmartProject::calendar().identifier())
+        return {};
     return {ShowOnlyIfNotEmpty, Hide};
 }
 

@@ -90,8 +90,10 @@ Nodes ProjectListNodes::top(const ProjectListContents &contents)
     for (const KWProjectModel &each : contents.projects)
         if (each.isInbox) nodes.push_back(projectNode(each, contents));
     addShown({&KWSmartProject::all(), &KWSmartProject::today(), &KWSmartProject::tomorrow(),
-              &KWSmartProject::next7days(), &KWSmartProject::assignedToMe()},
+              &KWSmartProject::next7days()},
              contents, nodes);
+    nodes.push_back(smartNode(KWSmartProject::calendar()));
+    addShown({&KWSmartProject::assignedToMe()}, contents, nodes);
     return nodes;
 }
 

@@ -64,8 +64,8 @@ private Q_SLOTS:
     void whatCannotBeChosenSaysWhy()
     {
         list().setCurrentIndex({});
-        for (const MenuCommand each : {MenuCommand::SetToday, MenuCommand::OpenCalendar,
-                                       MenuCommand::OpenHabit, MenuCommand::OpenSummary}) {
+        for (const MenuCommand each :
+             {MenuCommand::SetToday, MenuCommand::OpenHabit, MenuCommand::OpenSummary}) {
             QVERIFY(!menu().action(each).isEnabled());
             QVERIFY(!menu().action(each).toolTip().isEmpty());
         }

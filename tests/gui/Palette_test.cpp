@@ -112,10 +112,10 @@ private Q_SLOTS:
         QCOMPARE(paletteFor(u"tags"_s), QStringList{u"Search all for “tags”"_s}); // a heading is no list
         answer(Qt::Key_Escape);
 
-        paletteFor(u"calendar"_s);
+        paletteFor(u"habits"_s);
         QTest::keyClick(palette()->findChild<QWidget *>(u"paletteField"_s), Qt::Key_Return);
         QVERIFY(palette()); // this version has none, and the row says so
-        QCOMPARE(palette()->rows().current()->note, u"This version has no calendar yet."_s);
+        QCOMPARE(palette()->rows().current()->note, u"This version has no habits yet."_s);
         answer(Qt::Key_Escape);
     }
 

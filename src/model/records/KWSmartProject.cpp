@@ -79,6 +79,7 @@ SMART_PROJECT(filter, u"smart.filter"_s, "Filters")
 SMART_PROJECT(inbox, u"smart.inbox"_s, "Inbox")
 SMART_PROJECT(project, u"smart.project"_s, "Lists")
 SMART_PROJECT(subcal, u"smart.subcal"_s, "Subscriptions")
+SMART_PROJECT(calendar, u"smart.calendar"_s, "Calendar")
 #undef SMART_PROJECT
 
 std::span<const KWSmartProject *const> KWSmartProject::configurable()
@@ -93,7 +94,7 @@ const KWSmartProject *KWSmartProject::withIdentifier(const QString &identifier)
 {
     for (const KWSmartProject *each : configurable())
         if (each->identifier() == identifier) return each;
-    for (const KWSmartProject *each : {&inbox(), &project(), &subcal()})
+    for (const KWSmartProject *each : {&inbox(), &project(), &subcal(), &calendar()})
         if (each->identifier() == identifier) return each;
     return nullptr;
 }

@@ -29,6 +29,8 @@ public:
     /// Headers of sidebar sections.
     static const KWSmartProject &project();
     static const KWSmartProject &subcal();
+    /// Days with all that has a date: no list of tasks, and always in the sidebar.
+    static const KWSmartProject &calendar();
 
     /// Every instance that has a visibility setting, in the order of the settings.
     static std::span<const KWSmartProject *const> configurable();

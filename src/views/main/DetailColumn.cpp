@@ -1,6 +1,7 @@
 #include "views/main/DetailColumn.h"
 
 #include "app/KWDelayDeleteManager.h"
+#include "views/calendar/CalendarPane.h"
 #include "views/main/MainWindow.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListPane.h"
@@ -31,6 +32,8 @@ void DetailColumn::showOther(const QString &taskID)
 
 void DetailColumn::giveKeyboardBack()
 {
-    if (m_window.detail().isAncestorOf(m_window.focusWidget()))
-        m_window.listPane().setFocus(Qt::OtherFocusReason);
+    if (!m_window.detail().isAncestorOf(m_window.focusWidget())) return;
+    QWidget &middle =
+        m_window.isCalendarShown() ? static_cast<QWidget &>(m_window.calendarPane()) : m_window.listPane();
+    middle.setFocus(Qt::OtherFocusReason);
 }

@@ -4,6 +4,7 @@
 #include "model/settings/KWUserDefaults.h"
 #include "views/addfield/FieldPickers.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/calendar/CalendarPane.h"
 #include "views/main/SheetShadow.h"
 #include "views/menu/HiddenMenuBar.h"
 #include "views/menu/MainMenu.h"
@@ -23,6 +24,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -43,6 +45,8 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     , m_splitter(new QSplitter{this})
     , m_sidebar(new SidebarView)
     , m_listPane(new TaskListPane{clock})
+    , m_calendarPane(new CalendarPane{clock})
+    , m_pages(new QStackedWidget)
     , m_detail(new TaskDetailView{clock})
     , m_sheetShadow(new SheetShadow{*this})
     , m_toast(new Toast{*this})
@@ -51,9 +55,11 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     setWindowTitle(QCoreApplication::applicationName());
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
 
+    m_pages->addWidget(m_listPane);
+    m_pages->addWidget(m_calendarPane);
     m_splitter->setObjectName(u"columns"_s);
     m_splitter->setChildrenCollapsible(false);
-    for (QWidget *column : {static_cast<QWidget *>(m_sidebar), static_cast<QWidget *>(m_listPane),
+    for (QWidget *column : {static_cast<QWidget *>(m_sidebar), static_cast<QWidget *>(m_pages),
                             static_cast<QWidget *>(m_detail)})
         m_splitter->addWidget(column);
     m_splitter->setStretchFactor(1, 1);
@@ -67,6 +73,8 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     connect(&m_detail->header(), &DetailHeader::closeRequested, this, &MainWindow::closeDetailSheet);
     for (QWidget *beside : {m_sidebar->tree().viewport(), m_listPane->list().viewport()})
         beside->installEventFilter(this);
+    for (const CalendarView *each : m_calendarPane->views())
+        each->viewport()->installEventFilter(this);
     connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
     FieldPickers &pickers = m_listPane->addField().pickers();
     setTabOrder(&m_listPane->addField(), &pickers);
@@ -99,8 +107,8 @@ void MainWindow::restoreState()
 void MainWindow::saveState()
 {
     m_defaults.set(Settings::mainWindowGeometry, saveGeometry());
-    // The columns of a narrow window are not what the person chose.
-    if (!m_isNarrow) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
+    // Without the detail beside the list the columns are not what the person chose.
+    if (!m_hasSheet) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)
@@ -112,11 +120,11 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 void MainWindow::arrange()
 {
     limitColumns();
-    const bool isNarrow = width() < Metrics::scaled(Metrics::narrowWindowWidth);
-    if (isNarrow != m_isNarrow) {
-        if (isNarrow) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
-        m_isNarrow = isNarrow;
-        if (isNarrow) {
+    const bool hasSheet = isCalendarShown() || width() < Metrics::scaled(Metrics::narrowWindowWidth);
+    if (hasSheet != m_hasSheet) {
+        if (hasSheet) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
+        m_hasSheet = hasSheet;
+        if (hasSheet) {
             m_detail->setParent(this);
             setSheetShown(false);
         } else {
@@ -125,10 +133,10 @@ void MainWindow::arrange()
             m_detail->show();
             m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter));
         }
-        m_detail->setAutoFillBackground(isNarrow);
-        m_detail->header().setHasClose(isNarrow);
+        m_detail->setAutoFillBackground(hasSheet);
+        m_detail->header().setHasClose(hasSheet);
     }
-    if (m_isNarrow) placeSheet();
+    if (m_hasSheet) placeSheet();
 }
 
 // Large text needs wider columns, as far as the list has room beside them.
@@ -157,9 +165,20 @@ void MainWindow::setSheetShown(bool isShown)
     m_sheetShadow->setVisible(isShown);
 }
 
+void MainWindow::setCalendarShown(bool isShown)
+{
+    if (isShown == isCalendarShown()) return;
+    const bool hadKeyboard = m_pages->isAncestorOf(focusWidget()) || m_detail->isAncestorOf(focusWidget());
+    m_pages->setCurrentWidget(isShown ? static_cast<QWidget *>(m_calendarPane) : m_listPane);
+    arrange();
+    if (hadKeyboard) m_pages->currentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+bool MainWindow::isCalendarShown() const { return m_pages->currentWidget() == m_calendarPane; }
+
 void MainWindow::openDetail()
 {
-    if (m_isNarrow) {
+    if (m_hasSheet) {
         setSheetShown(true);
         placeSheet();
     }
@@ -168,13 +187,13 @@ void MainWindow::openDetail()
 
 void MainWindow::closeDetailSheet()
 {
-    if (m_isNarrow) setSheetShown(false);
-    m_listPane->setFocus(Qt::OtherFocusReason);
+    if (m_hasSheet) setSheetShown(false);
+    m_pages->currentWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    const bool isSheetShown = m_isNarrow && m_detail->isVisible();
+    const bool isSheetShown = m_hasSheet && m_detail->isVisible();
     if (event->key() == Qt::Key_Escape && (isSheetShown || m_detail->isAncestorOf(focusWidget())))
         closeDetailSheet();
     else
@@ -184,7 +203,7 @@ void MainWindow::keyPressEvent(QKeyEvent *event)
 // A press beside the sheet.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_isNarrow && event->type() == QEvent::MouseButtonPress) setSheetShown(false);
+    if (m_hasSheet && event->type() == QEvent::MouseButtonPress) setSheetShown(false);
     return QWidget::eventFilter(watched, event);
 }
 

@@ -8,18 +8,20 @@
 #include <functional>
 #include <optional>
 
+class CalendarPane;
 class KWUserDefaults;
 class MainMenu;
 class QSplitter;
+class QStackedWidget;
 class SheetShadow;
 class SidebarView;
 class TaskDetailView;
 class TaskListPane;
 class Toast;
 
-/// The window: sidebar, list and detail side by side; in a narrow one the detail is a sheet over the
-/// list that Escape, its button or a click beside it closes. Size and columns are remembered. It arranges;
-/// the controllers of its columns fill them.
+/// The window: sidebar, list and detail side by side; in a narrow one, and while the calendar stands in place
+/// of the list, the detail is a sheet that Escape, its button or a click beside it closes. Size and columns
+/// are remembered. It arranges; the controllers of its columns fill them.
 class MainWindow : public QWidget {
     Q_OBJECT
 
@@ -32,8 +34,13 @@ public:
 
     SidebarView &sidebar() { return *m_sidebar; }
     TaskListPane &listPane() { return *m_listPane; }
+    CalendarPane &calendarPane() { return *m_calendarPane; }
     TaskDetailView &detail() { return *m_detail; }
     Toast &toast() { return *m_toast; }
+
+    /// In place of the list and the detail beside it.
+    void setCalendarShown(bool isShown);
+    bool isCalendarShown() const;
 
     /// Brings the detail into view, and the keyboard into it.
     void openDetail();
@@ -92,10 +99,12 @@ private:
     QSplitter *m_splitter;
     SidebarView *m_sidebar;
     TaskListPane *m_listPane;
+    CalendarPane *m_calendarPane;
+    QStackedWidget *m_pages; // the middle column: one of these two
     TaskDetailView *m_detail;
     SheetShadow *m_sheetShadow;
     Toast *m_toast;
-    bool m_isNarrow = false;
+    bool m_hasSheet = false;          // the detail is one
     ToastPort::Offer m_undoOffer = 0; // of the message on show
     ToastPort::Offer m_lastOffer = 0;
     std::function<void()> m_toastAction;

@@ -6,6 +6,7 @@
 #include "model/settings/KWLocalizedString.h"
 #include "views/addfield/FieldHelp.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/calendar/CalendarPane.h"
 #include "views/datepicker/DatePicker.h"
 #include "views/main/MainWindow.h"
 #include "views/main/SelectedTasks.h"
@@ -66,6 +67,7 @@ void MainWindowCommands::connectTaskCommands()
     const auto today = [this] { return m_parts.clock.today(); };
     on(MenuCommand::AddTask, [this] { addTask(); });
     on(MenuCommand::ShowTitleHelp, [this] {
+        if (m_parts.window.isCalendarShown()) m_parts.sidebar.select(KWListIdentifier::todayProject());
         addTask();
         FieldHelp::showBelow(m_parts.window.listPane().addField());
     });
@@ -93,6 +95,12 @@ void MainWindowCommands::connectTaskCommands()
     }
     on(MenuCommand::Print, [this] { print(); });
     on(MenuCommand::ExportList, [this] { exportList(); });
+    for (const MenuCommand each : {MenuCommand::Print, MenuCommand::ExportList})
+        m_parts.menu.setHindrance(each, [this] {
+            return m_parts.window.isCalendarShown()
+                       ? KWLocalizedString("This is for lists, and the calendar is shown.")
+                       : QString{};
+        });
 }
 
 void MainWindowCommands::connectEditing()
@@ -144,6 +152,7 @@ void MainWindowCommands::connectLists()
     opens(MenuCommand::OpenToday, KWSmartProject::today());
     opens(MenuCommand::OpenTomorrow, KWSmartProject::tomorrow());
     opens(MenuCommand::OpenNext7Days, KWSmartProject::next7days());
+    opens(MenuCommand::OpenCalendar, KWSmartProject::calendar());
     opens(MenuCommand::OpenAll, KWSmartProject::all());
     opens(MenuCommand::OpenAssignedToMe, KWSmartProject::assignedToMe());
     opens(MenuCommand::OpenCompleted, KWSmartProject::completed());
@@ -158,13 +167,13 @@ void MainWindowCommands::connectLists()
         on(command, [] {});
         m_parts.menu.setHindrance(command, [reason] { return KWLocalizedString(reason); });
     };
-    missing(MenuCommand::OpenCalendar, "This version has no calendar yet.");
     missing(MenuCommand::OpenHabit, "This version has no habits yet.");
     missing(MenuCommand::OpenSummary, "This version has no summary yet.");
 }
 
 void MainWindowCommands::addTask()
 {
+    if (m_parts.window.isCalendarShown()) return m_parts.window.calendarPane().view().createHere();
     KWNewTaskTextField &field = m_parts.window.listPane().addField();
     // A list of closed tasks has none.
     if (field.isHidden()) m_parts.sidebar.select(KWListIdentifier::todayProject());

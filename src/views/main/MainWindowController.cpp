@@ -4,8 +4,11 @@
 #include "lists/KWProjectListPresenter.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/calendar/CalendarPane.h"
+#include "views/main/CalendarColumn.h"
 #include "views/main/DetailColumn.h"
 #include "views/main/FirstPaint.h"
 #include "views/main/ListColumn.h"
@@ -28,8 +31,9 @@ struct MainWindowController::Content {
         , sidebar{rooms, window}
         , list{rooms, window, actions, editor}
         , detail{rooms, window, actions, toasts}
+        , calendar{rooms, window, actions, detail}
         , search{rooms, window, actions, detail.task()}
-        , selected{window.listPane().list(), search.page(), detail.task()}
+        , selected{window.listPane().list(), search.page(), window.calendarPane(), detail.task()}
         , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, rooms.kit.account(),
                     rooms.clock}}
     {
@@ -41,6 +45,7 @@ struct MainWindowController::Content {
     SidebarColumn sidebar;
     ListColumn list;
     DetailColumn detail;
+    CalendarColumn calendar;
     WindowSearch search;
     SelectedTasks selected;
     MainWindowCommands commands;
@@ -93,7 +98,7 @@ void MainWindowController::showList(const KWListIdentifier &list)
 {
     show();
     select(list);
-    m_content->list.takeKeyboard();
+    takeKeyboard();
 }
 
 void MainWindowController::showTask(const QString &taskID, const KWListIdentifier &list)
@@ -117,7 +122,10 @@ void MainWindowController::make()
     connectColumns();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
-    m_content->window.listPane().addField().setFocus();
+    if (m_content->window.isCalendarShown())
+        takeKeyboard();
+    else
+        m_content->window.listPane().addField().setFocus();
 }
 
 // What leads from one column to another; each does its own part by itself.
@@ -125,14 +133,39 @@ void MainWindowController::connectColumns()
 {
     Content &content = *m_content;
     connect(&content.sidebar, &SidebarColumn::listSelected, &content.detail, &DetailColumn::giveKeyboardBack);
-    connect(&content.sidebar, &SidebarColumn::listSelected, &content.list, &ListColumn::show);
+    connect(&content.sidebar, &SidebarColumn::listSelected, this, &MainWindowController::showSelected);
     connect(&content.sidebar, &SidebarColumn::contentsChanged, &content.list, &ListColumn::showNewNames);
     connect(&content.sidebar, &SidebarColumn::listSelected, &content.search, &WindowSearch::closePage);
-    connect(&content.sidebar, &SidebarColumn::listOpened, &content.list, &ListColumn::takeKeyboard);
+    connect(&content.sidebar, &SidebarColumn::listOpened, this, &MainWindowController::takeKeyboard);
     connect(&content.sidebar, &SidebarColumn::filterMade, this, &MainWindowController::showList);
     connect(&content.detail, &DetailColumn::linkRequested, this, &MainWindowController::linkRequested);
+    connect(&content.search, &WindowSearch::pageOpening, &content.calendar, &CalendarColumn::giveWayToSearch);
+    connect(&content.search, &WindowSearch::pageClosed, &content.calendar,
+            &CalendarColumn::comeBackFromSearch);
     connect(&content.search, &WindowSearch::listChosen, this, &MainWindowController::showList);
     connect(&content.search, &WindowSearch::taskChosen, this, &MainWindowController::openTask);
+}
+
+void MainWindowController::showSelected(const KWListIdentifier &list)
+{
+    if (list == KWListIdentifier::smartProject(KWSmartProject::calendar().identifier()))
+        return m_content->calendar.show();
+    m_content->calendar.hide();
+    m_content->list.show(list);
+}
+
+void MainWindowController::takeKeyboard()
+{
+    if (m_content->window.isCalendarShown())
+        m_content->window.calendarPane().setFocus(Qt::OtherFocusReason);
+    else
+        m_content->list.takeKeyboard();
+}
+
+void MainWindowController::showCalendar(CalendarPage::Kind kind)
+{
+    select(KWListIdentifier::smartProject(KWSmartProject::calendar().identifier()));
+    m_content->calendar.setKind(kind);
 }
 
 void MainWindowController::openTask(const QString &taskID)

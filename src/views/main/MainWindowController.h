@@ -3,6 +3,7 @@
 #include "app/LinkOpener.h"
 #include "app/ports/ToastPort.h"
 #include "app/ports/WindowPorts.h"
+#include "calendar/CalendarPage.h"
 #include "views/main/MainWindowRooms.h"
 
 #include <QObject>
@@ -38,6 +39,7 @@ public:
     void editFilter(const QString &filterID);
     /// Shows the list, for pictures.
     void select(const KWListIdentifier &list);
+    void showCalendar(CalendarPage::Kind kind);
 
 Q_SIGNALS:
     /// A link of the program in a text.
@@ -49,6 +51,10 @@ private:
     void make();
     void connectColumns();
     void openTask(const QString &taskID);
+    /// What is selected in the sidebar.
+    void showSelected(const KWListIdentifier &list);
+    /// The keyboard goes to the middle column.
+    void takeKeyboard();
 
     MainWindowRooms m_rooms;
     std::unique_ptr<Content> m_content;

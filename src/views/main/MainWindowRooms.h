@@ -4,6 +4,7 @@ class AlertPort;
 class CXClock;
 class KWDelayDeleteManager;
 class KWProjectListPresenter;
+class KWRepeatInstanceService;
 class KWTaskListService;
 class MainMenu;
 class NewTaskService;
@@ -19,4 +20,5 @@ struct MainWindowRooms {
     MainMenu &menu;
     KWDelayDeleteManager &deletes;
     AlertPort &alerts;
+    KWRepeatInstanceService &repeats;
 };

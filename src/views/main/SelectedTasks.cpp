@@ -1,42 +1,52 @@
 #include "views/main/SelectedTasks.h"
 
+#include "views/calendar/CalendarPane.h"
 #include "views/search/SearchController.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/tasklist/TaskListView.h"
 
-SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search, const TaskDetailController &detail)
-    : m_list(list), m_search(search), m_detail(detail)
+SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search, CalendarPane &calendar,
+                             const TaskDetailController &detail)
+    : m_list(list), m_search(search), m_calendar(calendar), m_detail(detail)
 {
     connect(&m_list, &TaskListView::currentTaskChanged, this, &SelectedTasks::changed);
     connect(m_list.selectionModel(), &QItemSelectionModel::selectionChanged, this, &SelectedTasks::changed);
     connect(&m_search.page(), &SearchPage::currentTaskChanged, this, &SelectedTasks::changed);
     connect(&m_search, &SearchController::closed, this, &SelectedTasks::changed);
+    connect(&m_calendar, &CalendarPane::selectionChanged, this, &SelectedTasks::changed);
+}
+
+bool SelectedTasks::isInList() const
+{
+    return !m_search.isShown() && !m_calendar.isVisible() && !m_detail.heldTask();
 }
 
 QStringList SelectedTasks::ids() const
 {
-    if (!m_search.isShown() && !m_detail.heldTask()) return m_list.selectedIDs();
-    return current().isEmpty() ? QStringList{} : QStringList{current()};
+    if (isInList()) return m_list.selectedIDs();
+    const bool isInCalendar = m_calendar.isVisible() && !m_detail.heldTask();
+    const QString id = isInCalendar ? m_calendar.selectedID() : current();
+    return id.isEmpty() ? QStringList{} : QStringList{id};
 }
 
 QStringList SelectedTasks::taskIDs() const
 {
-    return !m_search.isShown() && !m_detail.heldTask() ? m_list.selectedTasks() : ids();
+    if (isInList()) return m_list.selectedTasks();
+    return ids() == QStringList{current()} ? ids() : QStringList{};
 }
 
-bool SelectedTasks::haveTask() const
-{
-    return !m_search.isShown() && !m_detail.heldTask() ? m_list.hasSelectedTask() : !current().isEmpty();
-}
+bool SelectedTasks::haveTask() const { return isInList() ? m_list.hasSelectedTask() : !taskIDs().isEmpty(); }
 
 QString SelectedTasks::current() const
 {
     if (const auto held = m_detail.heldTask()) return *held;
-    return m_search.isShown() ? m_search.page().currentTask() : m_list.currentTask();
+    if (m_search.isShown()) return m_search.page().currentTask();
+    return m_calendar.isVisible() ? m_calendar.selectedTask() : m_list.currentTask();
 }
 
 QPoint SelectedTasks::place() const
 {
+    if (m_calendar.isVisible()) return m_calendar.placeOfSelected();
     const QListView &view = m_search.isShown() ? static_cast<QListView &>(m_search.page().rows()) : m_list;
     const QRect row = view.visualRect(view.currentIndex());
     return view.viewport()->mapToGlobal(QPoint{row.center().x(), row.bottom()});
@@ -44,5 +54,6 @@ QPoint SelectedTasks::place() const
 
 bool SelectedTasks::haveFocus() const
 {
+    if (m_calendar.isVisible()) return m_calendar.view().hasFocus();
     return m_search.isShown() ? m_search.page().rows().hasFocus() : m_list.hasFocus();
 }

@@ -3,19 +3,22 @@
 #include <QObject>
 #include <QStringList>
 
+class CalendarPane;
 class QPoint;
 class SearchController;
 class TaskDetailController;
 class TaskListView;
 
 /// What the commands for tasks act on: the task with which the detail stays while one types in it, else,
-/// while the search page is shown, the hit that is selected, else what is selected in the list. Main thread.
+/// while the search page is shown, the hit that is selected, while the calendar is, what is selected there,
+/// else what is selected in the list. Main thread.
 class SelectedTasks : public QObject {
     Q_OBJECT
 
 public:
     /// All outlive it.
-    SelectedTasks(TaskListView &list, SearchController &search, const TaskDetailController &detail);
+    SelectedTasks(TaskListView &list, SearchController &search, CalendarPane &calendar,
+                  const TaskDetailController &detail);
 
     /// Of tasks and checklist items, from top to bottom.
     QStringList ids() const;
@@ -32,7 +35,10 @@ Q_SIGNALS:
     void changed();
 
 private:
+    bool isInList() const;
+
     TaskListView &m_list;
     SearchController &m_search;
+    CalendarPane &m_calendar;
     const TaskDetailController &m_detail;
 };

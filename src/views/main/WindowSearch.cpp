@@ -21,12 +21,13 @@ WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, Bat
     , m_taskMenu{{m_page.page().rows(), actions, rooms.menu, rooms.sidebar, rooms.kit.manager()}}
 {
     rooms.menu.handle(MenuCommand::OpenPalette, *this, [this] { m_palette.open(); });
-    rooms.menu.handle(MenuCommand::Find, *this, [this] { m_page.open(m_page.page().text()); });
+    rooms.menu.handle(MenuCommand::Find, *this, [this] { openPage(m_page.page().text()); });
     connect(&m_palette, &PaletteController::listChosen, this, &WindowSearch::listChosen);
     connect(&m_palette, &PaletteController::taskChosen, this, &WindowSearch::taskChosen);
-    connect(&m_palette, &PaletteController::searchChosen, &m_page, &SearchController::open);
+    connect(&m_palette, &PaletteController::searchChosen, this, &WindowSearch::openPage);
     connect(&m_page, &SearchController::closed, &detail,
             [&detail, &list = window.listPane().list()] { detail.show(list.currentTask()); });
+    connect(&m_page, &SearchController::closed, this, &WindowSearch::pageClosed);
     // A click on the list below the page selects nothing new.
     connect(&window.sidebar().tree(), &QAbstractItemView::clicked, this, [this](const QModelIndex &row) {
         if (row.flags() & Qt::ItemIsSelectable) m_page.close();
@@ -40,6 +41,12 @@ WindowSearch::WindowSearch(const MainWindowRooms &rooms, MainWindow &window, Bat
             [&actions](const QString &taskID) { actions.remove({taskID}); });
     connect(&page, &SearchPage::menuAboutToShow, this,
             [this](QMenu &menu, const QString &taskID) { m_taskMenu.fill(menu, {taskID}); });
+}
+
+void WindowSearch::openPage(const QString &text)
+{
+    Q_EMIT pageOpening();
+    m_page.open(text);
 }
 
 void WindowSearch::closePage(const KWListIdentifier &list)

@@ -27,8 +27,13 @@ public:
 Q_SIGNALS:
     void listChosen(const KWListIdentifier &list);
     void taskChosen(const QString &taskID);
+    /// The page is about to stand in place of the list; it no longer does.
+    void pageOpening();
+    void pageClosed();
 
 private:
+    void openPage(const QString &text);
+
     TaskHits m_hits;
     PaletteController m_palette;
     SearchController m_page;

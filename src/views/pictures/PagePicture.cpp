@@ -107,6 +107,10 @@ Result<PicturePage> PicturePage::read(const QString &page, OrvaneKit &kit)
     if (page == u"welcome") return PicturePage{.kind = Kind::Welcome};
     if (page == u"detail") return PicturePage{.kind = Kind::Detail};
     if (page == u"schedule") return PicturePage{.kind = Kind::Schedule};
+    using enum CalendarPage::Kind;
+    for (const auto &[calendar, days] :
+         {std::pair{u"calendar-day"_s, SingleDay}, {u"calendar-week"_s, Week}, {u"calendar-month"_s, Month}})
+        if (page == calendar) return PicturePage{.kind = Kind::Calendar, .days = days};
     if (name == u"search") return PicturePage{.kind = Kind::Search, .text = text};
     if (name == u"palette") return PicturePage{.kind = Kind::Palette, .text = text};
     if (name == u"quick-add") return PicturePage{.kind = Kind::QuickAdd, .text = text};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calendar/CalendarPage.h"
 #include "corvexkit/Result.h"
 #include "model/records/KWListIdentifier.h"
 
@@ -31,11 +32,23 @@ struct PictureRequest {
 
 /// A page that a picture shows.
 struct PicturePage {
-    enum class Kind { Welcome, List, Detail, Search, Palette, Schedule, FilterEditor, QuickAdd, Preferences };
+    enum class Kind {
+        Welcome,
+        List,
+        Detail,
+        Search,
+        Palette,
+        Schedule,
+        FilterEditor,
+        QuickAdd,
+        Preferences,
+        Calendar
+    };
 
     Kind kind = Kind::List;
     KWListIdentifier list =
-        KWListIdentifier::todayProject(); ///< in the middle, also behind what stands over it
+        KWListIdentifier::todayProject();               ///< in the middle, also behind what stands over it
+    CalendarPage::Kind days = CalendarPage::Kind::Week; ///< of the calendar
     QString text{}; ///< what is typed, the id of the filter, the page of the preferences
 
     /// Reads "today", "list:NAME", "search:TEXT", …; an error says that there is no such page.

@@ -7,11 +7,12 @@
 
 Icon iconOfSmartList(const QString &identifier)
 {
-    static const std::array<std::pair<const KWSmartProject *, Icon>, 9> icons{{
+    static const std::array<std::pair<const KWSmartProject *, Icon>, 10> icons{{
         {&KWSmartProject::all(), Icon::All},
         {&KWSmartProject::today(), Icon::Today},
         {&KWSmartProject::tomorrow(), Icon::Tomorrow},
         {&KWSmartProject::next7days(), Icon::Next7Days},
+        {&KWSmartProject::calendar(), Icon::Calendar},
         {&KWSmartProject::assignedToMe(), Icon::AssignedToMe},
         {&KWSmartProject::completed(), Icon::Completed},
         {&KWSmartProject::abandoned(), Icon::Abandoned},

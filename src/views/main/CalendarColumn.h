@@ -1,0 +1,38 @@
+#pragma once
+
+#include "views/calendar/CalendarController.h"
+#include "views/calendar/CalendarNavigator.h"
+#include "views/calendar/CalendarTrayReader.h"
+#include "views/main/MainWindowRooms.h"
+
+class DetailColumn;
+class MainWindow;
+
+/// The calendar at work, in place of list and detail; a task that is opened is a sheet over it. Main thread.
+class CalendarColumn : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive it. `detail` shows the task that is selected.
+    CalendarColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
+                   DetailColumn &detail);
+
+    void show();
+    void hide();
+    /// The search page stands in place of the list: that comes to the front for it, and goes again.
+    void giveWayToSearch();
+    void comeBackFromSearch();
+    void setKind(CalendarPage::Kind kind) { m_navigator.setKind(kind); }
+
+private:
+    void connectTray(BatchActions &actions);
+    void showSelected();
+
+    MainWindow &m_window;
+    DetailColumn &m_detail;
+    KWTaskEditor m_editor;
+    CalendarNavigator m_navigator;
+    CalendarController m_controller;
+    CalendarTrayReader m_tray;
+    bool m_isChosen = false; // in the sidebar
+};

@@ -1,0 +1,216 @@
+#include "gui/CalendarMaking.h"
+#include "gui/ClientFixture.h"
+#include "model/records/KWTask.h"
+#include "support/TestMain.h"
+#include "views/calendar/CalendarPane.h"
+#include "views/calendar/CalendarTray.h"
+#include "views/calendar/TimeGridView.h"
+#include "views/main/MainWindow.h"
+#include "views/taskdetail/TaskDetailView.h"
+#include "views/tasklist/TaskListView.h"
+
+#include <QLabel>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+/// The calendar in the client's window: what is done there is stored and can be taken back.
+class CalendarPane_test : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClientFixture> m_client;
+
+    CalendarPane &pane() const { return m_client->window()->calendarPane(); }
+    CalendarView &view() const { return pane().view(); }
+    QStringList titles() const
+    {
+        QStringList titles;
+        for (const CalendarItem &each : view().content().items)
+            titles += each.title;
+        titles.sort();
+        return titles;
+    }
+    void select(const QString &title) const
+    {
+        const auto &items = view().content().items;
+        const auto found = std::ranges::find(items, title, &CalendarItem::title);
+        if (found == items.end()) qFatal("there is no item %s", qUtf8Printable(title));
+        view().select(std::size_t(found - items.begin()));
+    }
+    KWTaskModel taskNamed(const QString &title) const
+    {
+        for (const KWTaskModel &each : m_client->kit().context().models<KWTask>({}))
+            if (each.title == title) return each;
+        qFatal("there is no task %s", qUtf8Printable(title));
+    }
+    /// Drags the selected item.
+    void dragBy(int columns, int hours) const
+    {
+        const auto &grid = static_cast<TimeGridView &>(view()).geometryOfPage();
+        const QPoint from = view().boundsOf(*view().selected()).center();
+        const QPoint to = from + QPoint{columns * grid.head(0).width(), hours * grid.hourHeight()};
+        QTest::mousePress(view().viewport(), Qt::LeftButton, {}, from);
+        for (const QPoint &point : {(from + to) / 2, to}) {
+            QMouseEvent move{
+                QEvent::MouseMove, QPointF{point}, view().viewport()->mapToGlobal(QPointF{point}),
+                Qt::NoButton,      Qt::LeftButton, {}};
+            QCoreApplication::sendEvent(view().viewport(), &move);
+        }
+        QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, to);
+    }
+    void openCalendar() const
+    {
+        m_client->press(Qt::Key_5, Qt::ControlModifier);
+        QTRY_VERIFY(view().hasFocus() || m_client->window()->isCalendarShown());
+        view().setFocus();
+    }
+    void openWeek() const
+    {
+        openCalendar();
+        m_client->press(Qt::Key_W);
+        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::Week);
+    }
+    QString message() const { return m_client->find<QLabel>("toastMessage").text(); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_client = std::make_unique<ClientFixture>("2026-11-18 09:00");
+        m_client->useOnThisComputer();
+        m_client->openList(u"Inbox"_s);
+        m_client->press(Qt::Key_N, Qt::ControlModifier);
+        for (const char *each :
+             {"Walk today 2pm", "Stand up today 10am every day", "Trip friday", "Someday"}) {
+            m_client->type(QString::fromLatin1(each));
+            m_client->press(Qt::Key_Return);
+        }
+    }
+    void cleanup() { m_client.reset(); }
+
+    void showsWhatHasADateAndFollowsIt()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().join(u' '), u"Stand up Stand up Stand up Stand up Stand up Trip Walk"_s);
+        m_client->press(Qt::Key_D);
+        QTRY_COMPARE(titles().join(u' '), u"Stand up Walk"_s);
+        m_client->press(Qt::Key_PageDown);
+        QTRY_COMPARE(titles().join(u' '), u"Stand up"_s);
+        m_client->press(Qt::Key_T);
+        QTRY_COMPARE(view().spot().day, november(18));
+        m_client->press(Qt::Key_M);
+        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::Month);
+
+        m_client->restart();
+        QVERIFY(m_client->window()->isCalendarShown());
+        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::Month);
+    }
+
+    void aDragIsStoredAndTakenBack()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        select(u"Walk"_s);
+        dragBy(1, 2);
+        QTRY_COMPARE(taskNamed(u"Walk"_s).startDate, at("2026-11-19 16:00"));
+        QVERIFY(!taskNamed(u"Walk"_s).endDate);
+        select(u"Trip"_s);
+        dragBy(-1, 0);
+        QTRY_COMPARE(taskNamed(u"Trip"_s).startDate, at("2026-11-19 00:00"));
+        QVERIFY(taskNamed(u"Trip"_s).isAllDay && !taskNamed(u"Trip"_s).endDate);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QTRY_COMPARE(taskNamed(u"Walk"_s).startDate, at("2026-11-18 14:00"));
+        QCOMPARE(taskNamed(u"Trip"_s).startDate, at("2026-11-20 00:00"));
+    }
+
+    void aTaskIsMadeInPlace()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        view().setSpot({.day = november(19), .time = 11h});
+        m_client->press(Qt::Key_N);
+        m_client->type(u"Call tomorrow !high"_s);
+        m_client->press(Qt::Key_Return);
+        const KWTaskModel made = taskNamed(u"Call tomorrow"_s);
+        QCOMPARE(made.startDate, at("2026-11-19 11:00"));
+        QCOMPARE(made.endDate, at("2026-11-19 12:00"));
+        QCOMPARE(made.priority, KWTaskPriorityHigh);
+        QTRY_VERIFY(titles().contains(u"Call tomorrow"_s));
+        QVERIFY(view().hasFocus());
+    }
+
+    void keysCompleteDeleteAndOpen()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        select(u"Trip"_s);
+        m_client->press(Qt::Key_Return);
+        TaskDetailView &detail = m_client->window()->detail();
+        QVERIFY(detail.isVisible() && detail.isAncestorOf(QApplication::focusWidget()));
+        m_client->press(Qt::Key_Escape);
+        QVERIFY(!detail.isVisible() && view().hasFocus());
+        m_client->press(Qt::Key_Space);
+        QTRY_COMPARE(taskNamed(u"Trip"_s).status, KWTaskStatusCompleted);
+        select(u"Walk"_s);
+        m_client->press(Qt::Key_Delete);
+        QTRY_VERIFY(!titles().contains(u"Walk"_s));
+        m_client->press(Qt::Key_2, Qt::ControlModifier); // Today: the detail is beside the list again
+        QVERIFY(!m_client->window()->isCalendarShown() && detail.isVisible());
+    }
+
+    void commandsActOnWhatIsSelected()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        select(u"Walk"_s);
+        m_client->press(Qt::Key_3, Qt::AltModifier);
+        QCOMPARE(taskNamed(u"Walk"_s).priority, KWTaskPriorityHigh);
+        QCOMPARE(taskNamed(u"Trip"_s).priority, KWTaskPriorityNone);
+    }
+
+    void theTrayPutsTasksOnADay()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        view().setSpot({.day = november(20), .time = 9h});
+        pane().setTrayShown(true);
+        QTRY_COMPARE(pane().tray().list().model()->rowCount(), 1);
+        pane().tray().list().setFocus();
+        pane().tray().list().setCurrentIndex(pane().tray().list().model()->index(0, 0));
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(taskNamed(u"Someday"_s).startDate, at("2026-11-20 09:00"));
+        QTRY_COMPARE(pane().tray().list().model()->rowCount(), 0);
+    }
+
+    void theMenuChangesWhatIsShown()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        const auto choose = [this](const QString &text) {
+            QTest::mouseClick(&m_client->find<QWidget>("calendarMenuButton"), Qt::LeftButton);
+            auto *menu = m_client->window()->findChildren<QMenu *>(u"calendarMenu"_s).last();
+            for (QAction *each : menu->actions())
+                if (each->text() == text) each->trigger();
+            menu->close();
+        };
+        choose(u"Show Repeats"_s);
+        QTRY_COMPARE(titles().join(u' '), u"Stand up Trip Walk"_s);
+        const int column = static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width();
+        choose(u"Show Weekends"_s);
+        QTRY_VERIFY(static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width() > column);
+    }
+
+    void theSearchComesAndGoes()
+    {
+        openWeek();
+        m_client->press(Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(!m_client->window()->isCalendarShown());
+        m_client->press(Qt::Key_Escape);
+        m_client->press(Qt::Key_Escape);
+        QTRY_VERIFY(m_client->window()->isCalendarShown());
+    }
+};
+
+ORVANE_TEST(CalendarPane_test)
+#include "CalendarPane_test.moc"
