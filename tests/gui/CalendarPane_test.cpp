@@ -9,8 +9,11 @@
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListView.h"
 
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -37,6 +40,46 @@ class CalendarPane_test : public QObject {
         const auto found = std::ranges::find(items, title, &CalendarItem::title);
         if (found == items.end()) qFatal("there is no item %s", qUtf8Printable(title));
         view().select(std::size_t(found - items.begin()));
+    }
+    /// What repeats, on that day.
+    void selectOn(Day day) const
+    {
+        const auto &items = view().content().items;
+        const auto found = std::ranges::find_if(items, [day](const CalendarItem &item) {
+            return item.repeats && floor<days>(item.start) == day;
+        });
+        if (found == items.end()) qFatal("nothing repeats there");
+        view().select(std::size_t(found - items.begin()));
+    }
+    /// "18:10 19:10": days and hours, in their order.
+    QString hoursOf(const QString &title) const
+    {
+        QStringList texts;
+        for (const CalendarItem &each : view().content().items)
+            if (each.title == title)
+                texts += u"%1:%2"_s.arg((floor<days>(each.start) - november(0)).count())
+                             .arg(floor<hours>(each.start - floor<days>(each.start)).count());
+        texts.sort();
+        return texts.join(u' ');
+    }
+    /// In the menu that has just opened.
+    void chooseInMenu(const QString &text) const
+    {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu) qFatal("no menu opened");
+        const QList<QAction *> actions = menu->actions();
+        const auto found = std::ranges::find(actions, text, &QAction::text);
+        if (found == actions.end()) qFatal("the menu has no %s", qUtf8Printable(text));
+        (*found)->trigger();
+        menu->close();
+        activate();
+    }
+    /// The keyboard is the page's again.
+    void activate() const
+    {
+        m_client->window()->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_client->window())) qFatal("the window is not active");
+        view().setFocus();
     }
     KWTaskModel taskNamed(const QString &title) const
     {
@@ -169,6 +212,57 @@ private Q_SLOTS:
         QCOMPARE(taskNamed(u"Trip"_s).priority, KWTaskPriorityNone);
     }
 
+    void oneDateOfARepeatingTaskIsMoved()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        selectOn(november(20));
+        dragBy(0, 3);
+        chooseInMenu(u"Only This One"_s);
+        QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:13 21:10 22:10"_s);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:10 21:10 22:10"_s);
+        selectOn(november(20));
+        dragBy(0, 3);
+        chooseInMenu(u"This and Later Ones"_s);
+        QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:13 21:13 22:13"_s);
+    }
+
+    void oneDateOfARepeatingTaskIsLeftOut()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        selectOn(november(21));
+        m_client->press(Qt::Key_Delete);
+        chooseInMenu(u"Only This One"_s);
+        QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:10 22:10"_s);
+        selectOn(november(20));
+        m_client->press(Qt::Key_Delete);
+        chooseInMenu(u"This and Later Ones"_s);
+        QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10"_s);
+        selectOn(november(19));
+        m_client->press(Qt::Key_Space);
+        QTRY_VERIFY(std::ranges::any_of(view().content().items, [](const CalendarItem &item) {
+            return item.isClosed && item.start == LocalTime{november(19)} + 10h;
+        }));
+        QCOMPARE(taskNamed(u"Stand up"_s).status, KWTaskStatusOpen);
+    }
+
+    void theMenuOfAnItemKnowsItsOccurrence()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        selectOn(november(20));
+        QContextMenuEvent key{QContextMenuEvent::Keyboard, {}, {}};
+        QCoreApplication::sendEvent(view().viewport(), &key);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        for (QAction *each : menu->findChild<QMenu *>()->actions())
+            if (each->text() == u"Make It the Last One"_s) each->trigger();
+        menu->close();
+        QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:10"_s);
+    }
+
     void theTrayPutsTasksOnADay()
     {
         openWeek();
@@ -189,10 +283,7 @@ private Q_SLOTS:
         QTRY_COMPARE(titles().size(), 7);
         const auto choose = [this](const QString &text) {
             QTest::mouseClick(&m_client->find<QWidget>("calendarMenuButton"), Qt::LeftButton);
-            auto *menu = m_client->window()->findChildren<QMenu *>(u"calendarMenu"_s).last();
-            for (QAction *each : menu->actions())
-                if (each->text() == text) each->trigger();
-            menu->close();
+            chooseInMenu(text);
         };
         choose(u"Show Repeats"_s);
         QTRY_COMPARE(titles().join(u' '), u"Stand up Trip Walk"_s);

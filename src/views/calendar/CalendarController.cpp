@@ -12,7 +12,9 @@
 #include "views/tasklist/BatchActions.h"
 #include "views/wording/DateWording.h"
 
+#include <QCursor>
 #include <QLocale>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +31,10 @@ bool hasLength(const CalendarItem &item)
 } // namespace
 
 CalendarController::CalendarController(CalendarPane &pane, const Rooms &rooms)
-    : m_pane(pane), m_rooms(rooms), m_editor(rooms.kit.manager())
+    : m_pane(pane)
+    , m_rooms(rooms)
+    , m_editor(rooms.kit.manager())
+    , m_occurrences(rooms.kit.manager(), rooms.actions)
 {
     const CalendarEdits &edits = m_pane.edits();
     connect(&edits, &CalendarEdits::moveRequested, this, &CalendarController::move);
@@ -37,31 +42,41 @@ CalendarController::CalendarController(CalendarPane &pane, const Rooms &rooms)
     connect(&edits, &CalendarEdits::completeRequested, this, &CalendarController::complete);
     connect(&edits, &CalendarEdits::deleteRequested, this, &CalendarController::remove);
     connect(&edits, &CalendarEdits::openRequested, this, &CalendarController::open);
+    connect(&edits, &CalendarEdits::menuRequested, this, &CalendarController::openMenu);
     connect(&edits, &CalendarEdits::scheduleRequested, this, &CalendarController::schedule);
 }
 
-bool CalendarController::refuses(const CalendarItem &item, const char *sentence)
+bool CalendarController::refuses(const CalendarItem &item)
 {
-    if (item.kind == CalendarItem::Kind::Event || item.isReadOnly)
-        Q_EMIT failed(KWLocalizedString("This can only be read."));
-    else if (sentence)
-        Q_EMIT failed(KWLocalizedString(sentence));
-    else
-        return false;
-    return true;
+    const bool isReadOnly = item.kind == CalendarItem::Kind::Event || item.isReadOnly;
+    if (isReadOnly) Q_EMIT failed(KWLocalizedString("This can only be read."));
+    return isReadOnly;
+}
+
+TaskOccurrence CalendarController::occurrenceOf(const CalendarItem &item) const
+{
+    const KWTask *task = m_rooms.kit.context().find<KWTask>(item.taskID);
+    const Instant first = task ? (*task)->startDate.value_or(Instant{}) : Instant{};
+    return {item.taskID, item.occurrence.value_or(first)};
 }
 
 void CalendarController::move(const CalendarItem &item, const CalendarItem &there)
 {
-    if (refuses(item, item.repeats
-                          ? "The dates of a repeating task are changed in its detail: Enter opens it."
-                          : nullptr))
-        return;
+    if (refuses(item)) return;
+    if (item.repeats && item.kind == CalendarItem::Kind::Task) {
+        const KWDateTime start = dateOf(there.start, there);
+        TaskOccurrences::Dates to{.startDate = start.date, .endDate = {}, .isAllDay = there.isAllDay};
+        if (hasLength(there)) to.endDate = dateOf(there.end, there).date;
+        const TaskOccurrence occurrence = occurrenceOf(item);
+        return m_occurrences.askScope(
+            occurrence, QCursor::pos(),
+            [this, occurrence, to](OccurrenceScope scope) { m_occurrences.move(occurrence, scope, to); });
+    }
     const Result<UndoToken> done = item.kind == CalendarItem::Kind::ChecklistItem
                                        ? m_editor.setItemDate(item.entityID, dateOf(there.start, there))
                                        : setDates(item.entityID, there);
     if (!done) return Q_EMIT failed(done.error().sentence);
-    report({*done}, there);
+    report({*done}, whenText(there));
 }
 
 Result<UndoToken> CalendarController::setDates(const QString &taskID, const CalendarItem &there)
@@ -84,7 +99,7 @@ KWDateTime CalendarController::dateOf(LocalTime time, const CalendarItem &item) 
     return {item.isAllDay ? zone.startOfDay(day) : zone.toInstant(time), !item.isAllDay};
 }
 
-void CalendarController::report(const QList<UndoToken> &done, const CalendarItem &there)
+QString CalendarController::whenText(const CalendarItem &there) const
 {
     const ItemDays days = ItemDays::of(there);
     const QLocale locale;
@@ -92,7 +107,12 @@ void CalendarController::report(const QList<UndoToken> &done, const CalendarItem
     const QString when = !days.isOne()    ? CalendarWording::time(there, locale)
                          : there.isAllDay ? day
                                           : day + u", "_s + CalendarWording::time(there, locale);
-    Q_EMIT changed(KWLocalizedString("Date: %1").arg(when), [this, done] {
+    return KWLocalizedString("Date: %1").arg(when);
+}
+
+void CalendarController::report(const QList<UndoToken> &done, const QString &message)
+{
+    Q_EMIT changed(message, [this, done] {
         for (const UndoToken &each : done)
             if (const Result<void> undone = each.undo(m_rooms.kit.manager()); !undone)
                 return Q_EMIT failed(undone.error().sentence);
@@ -113,32 +133,55 @@ void CalendarController::create(const QString &title, const CalendarItem &there)
     dates.applyTo(draft.task, m_rooms.clock.zone().identifier());
     const auto made = m_rooms.newTasks.save(draft);
     if (!made) return Q_EMIT failed(made.error().sentence);
-    Q_EMIT changed(KWLocalizedString("Task added"), [this, undo = made->undo] {
-        if (const Result<void> undone = undo.undo(m_rooms.kit.manager()); !undone)
-            Q_EMIT failed(undone.error().sentence);
-    });
+    report({made->undo}, KWLocalizedString("Task added"));
 }
 
 void CalendarController::complete(const CalendarItem &item)
 {
-    if (refuses(item,
-                item.occurrence ? "This date comes later: the ones before it are completed first." : nullptr))
-        return;
-    m_rooms.actions.tick({item.entityID});
+    if (refuses(item)) return;
+    if (item.occurrence)
+        m_occurrences.close(occurrenceOf(item), KWTaskStatusCompleted);
+    else
+        m_rooms.actions.tick({item.entityID});
 }
 
 void CalendarController::remove(const CalendarItem &item)
 {
-    if (refuses(item, item.occurrence ? "This is a later date of a repeating task: Enter opens the task."
-                                      : nullptr))
-        return;
-    m_rooms.actions.remove({item.entityID});
+    if (refuses(item)) return;
+    if (!item.repeats || item.kind != CalendarItem::Kind::Task)
+        return m_rooms.actions.remove({item.entityID});
+    const TaskOccurrence occurrence = occurrenceOf(item);
+    m_occurrences.askScope(occurrence, m_pane.placeOfSelected(), [this, occurrence](OccurrenceScope scope) {
+        if (scope == OccurrenceScope::OnlyThis)
+            m_occurrences.skip(occurrence);
+        else if (scope == OccurrenceScope::ThisAndLater)
+            m_occurrences.removeFrom(occurrence);
+        else
+            m_rooms.actions.remove({occurrence.taskID});
+    });
 }
 
 void CalendarController::open(const CalendarItem &item, const QRect &place)
 {
     if (item.kind != CalendarItem::Kind::Event) return Q_EMIT opened(item.taskID);
     (new EventPopover{item, &m_pane})->popUp(place);
+}
+
+void CalendarController::openMenu(const CalendarItem &item, const QPoint &place)
+{
+    if (item.kind == CalendarItem::Kind::Event) return;
+    auto *menu = new QMenu{&m_pane};
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(KWLocalizedString("Open"), this, [this, item] { Q_EMIT opened(item.taskID); });
+    if (!item.isReadOnly) {
+        menu->addAction(item.isClosed ? KWLocalizedString("Reopen") : KWLocalizedString("Complete"), this,
+                        [this, item] { complete(item); });
+        if (item.repeats && !item.isClosed && item.kind == CalendarItem::Kind::Task)
+            m_occurrences.addTo(*menu, occurrenceOf(item));
+        menu->addSeparator();
+        menu->addAction(KWLocalizedString("Delete"), this, [this, item] { remove(item); });
+    }
+    menu->popup(place);
 }
 
 void CalendarController::schedule(const QStringList &taskIDs, const CalendarSpot &spot)
@@ -154,5 +197,5 @@ void CalendarController::schedule(const QStringList &taskIDs, const CalendarSpot
         }
         done.append(*set);
     }
-    if (!done.isEmpty()) report(done, there);
+    if (!done.isEmpty()) report(done, whenText(there));
 }

@@ -3,6 +3,7 @@
 #include "calendar/CalendarItem.h"
 #include "model/store/KWTaskEditor.h"
 #include "views/calendar/CalendarSpot.h"
+#include "views/tasklist/OccurrenceActions.h"
 
 #include <QObject>
 #include <QStringList>
@@ -42,15 +43,19 @@ private:
     void complete(const CalendarItem &item);
     void remove(const CalendarItem &item);
     void open(const CalendarItem &item, const QRect &place);
+    void openMenu(const CalendarItem &item, const QPoint &place);
     void schedule(const QStringList &taskIDs, const CalendarSpot &spot);
 
     /// Tells why it cannot be changed here, if so.
-    bool refuses(const CalendarItem &item, const char *sentence);
+    bool refuses(const CalendarItem &item);
+    TaskOccurrence occurrenceOf(const CalendarItem &item) const;
     Result<UndoToken> setDates(const QString &taskID, const CalendarItem &there);
-    void report(const QList<UndoToken> &done, const CalendarItem &there);
+    QString whenText(const CalendarItem &there) const;
+    void report(const QList<UndoToken> &done, const QString &message);
     KWDateTime dateOf(LocalTime time, const CalendarItem &item) const;
 
     CalendarPane &m_pane;
     Rooms m_rooms;
     KWTaskEditor m_editor;
+    OccurrenceActions m_occurrences;
 };

@@ -22,6 +22,8 @@ Q_SIGNALS:
     void deleteRequested(const CalendarItem &item);
     /// `place` is that of the item, on the screen.
     void openRequested(const CalendarItem &item, const QRect &place);
+    /// At that place on the screen.
+    void menuRequested(const CalendarItem &item, const QPoint &place);
     /// Tasks were dropped there.
     void scheduleRequested(const QStringList &taskIDs, const CalendarSpot &spot);
 };

@@ -39,7 +39,7 @@ CalendarHeader::CalendarHeader(QWidget *parent)
     m_tray->setCheckable(true);
 
     auto *row = new QHBoxLayout{this};
-    row->setContentsMargins(Metrics::margin, 0, Metrics::margin, 0);
+    row->setContentsMargins(Metrics::margin, 0, Metrics::gap, 0);
     row->setSpacing(Metrics::grid);
     row->addWidget(m_title);
     row->addSpacing(Metrics::grid);

@@ -3,6 +3,7 @@
 #include "views/tasklist/TaskMimeData.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QMouseEvent>
 
@@ -102,6 +103,22 @@ void CalendarView::mouseDoubleClickEvent(QMouseEvent *event)
         setSpot(*spot);
         createHere();
     }
+}
+
+// By the menu key it opens below what is selected.
+void CalendarView::contextMenuEvent(QContextMenuEvent *event)
+{
+    m_drag.reset();
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        const ItemPlace *place = m_places.itemAt(visual(event->pos()));
+        if (!place) return;
+        select(place->item);
+        return Q_EMIT m_edits.menuRequested(m_content.items[place->item], event->globalPos());
+    }
+    if (!m_selected) return;
+    const QRect bounds = boundsOf(*m_selected);
+    Q_EMIT m_edits.menuRequested(*selectedItem(),
+                                 viewport()->mapToGlobal(QPoint{bounds.center().x(), bounds.bottom()}));
 }
 
 void CalendarView::dragEnterEvent(QDragEnterEvent *event) { dragMoveEvent(event); }
