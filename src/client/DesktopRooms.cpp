@@ -40,6 +40,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
 {
+    m_tasks.onOccurrencesNeeded = [this](Instant from, Instant to) { m_repeats.generateInstances(from, to); };
     m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
     connectStatusItem();
     decideAtTheLastWindow();

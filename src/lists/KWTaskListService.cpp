@@ -45,8 +45,12 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
         m_observations.push_back(m_center.addObserver(name, [this](const KWNotification &) { reload(); }));
     };
     for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
-                                KWNewDayComesNotification, KWUserSettingsDidChangeNotification})
+                                KWNewDayComesNotification, KWUserSettingsDidChangeNotification,
+                                KWKWRepeatInstanceGeneratedNotification})
         reloadOn(each);
+    for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWNewDayComesNotification})
+        m_observations.push_back(
+            m_center.addObserver(each, [this](const KWNotification &) { askForOccurrences(); }));
     m_observations.push_back(m_center.addObserver(
         KWListDisplayConfigurationDidChangeNotification, [this](const KWNotification &notification) {
             const bool isOfList = notification.userInfo.value(u"listID"_s) == m_list.userDefaultEncode();
@@ -55,9 +59,23 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
     m_registration = bus.registerEventBus([this](const StoreChange &change) { take(change); });
 }
 
+void KWTaskListService::askForOccurrences() const
+{
+    if (!onOccurrencesNeeded || !m_account.isSignedIn() || m_list.type != KWListIdentifierType::SmartProject)
+        return;
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(m_list.entityID);
+    if (!smart || !KWSmartProject::isDateSensetiveSmartProjectID(m_list.entityID)) return;
+    using std::chrono::days;
+    const CXClock &clock = m_manager.store().clock();
+    const Day first = clock.today() + days{smart->isTomorrow() ? 1 : 0};
+    const Day end = first + days{smart->isNext7Days() ? 7 : 1};
+    onOccurrencesNeeded(clock.zone().startOfDay(first), clock.zone().startOfDay(end));
+}
+
 void KWTaskListService::take(const StoreChange &change)
 {
     using enum RecordKind;
+    if (change.touches(Task)) askForOccurrences();
     const auto touches = [&change](std::initializer_list<RecordKind> kinds) {
         return std::ranges::any_of(kinds, [&change](RecordKind each) { return change.touches(each); });
     };
@@ -194,6 +212,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
     m_countToShowOfCompleted = pagesOf(list).first;
     m_completionLoader.emplace(m_manager, m_account.currentUserID());
     readFolding();
+    askForOccurrences();
     reload();
 }
 

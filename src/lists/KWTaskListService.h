@@ -57,6 +57,9 @@ public:
 
     /// The sections, their rows or what is folded are other ones now.
     std::function<void()> onRowsChanged;
+    /// Has later occurrences from one moment to another generated. It is asked for those of Today, Tomorrow
+    /// and Next 7 Days; KWKWRepeatInstanceGeneratedNotification tells when there are others.
+    std::function<void(Instant from, Instant to)> onOccurrencesNeeded;
     /// Something could not be read or saved; the sentence says why.
     std::function<void(const QString &)> onFailure;
 
@@ -65,6 +68,7 @@ private:
 
     ListExtent extent(std::int64_t openTasks) const { return {openTasks, m_countToShowOfCompleted}; }
     void take(const StoreChange &change);
+    void askForOccurrences() const;
     bool readAgain(const QStringList &taskIDs);
     bool readTop();
     void readAll();

@@ -23,6 +23,7 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
     if (content.shown.partsClosedTasks()) {
         ListDataRequest request{userID, list, extent.openTasks, {}, content.shown.sortType()};
         request.includeChecklist = true;
+        request.includeRepeat = true;
         request.includeCompleted = content.shown.showsCompleted;
         request.completionLimit = extent.countToShowOfCompleted;
         read = content.readTasks(fetcher, request, connection);
@@ -56,6 +57,7 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
         ListDataRequest request{.userID = userID, .selection = shown.list};
         request.condition.taskIDs = changes.tasks.values();
         request.includeChecklist = true;
+        request.includeRepeat = true;
         auto open = fetcher.reloadDataModel(request, context.connection());
         if (!open) return open.error();
         changes.rows = std::move(*open);
@@ -95,6 +97,7 @@ Result<void> ListContent::readPinnedTasks(const KWListDataFetcher &fetcher, List
 {
     request.condition.isPinned = true;
     request.includeChecklist = false;
+    request.includeRepeat = false;
     request.includeCompleted = false;
     const auto pinned = fetcher.reloadDataModel(request, connection);
     if (!pinned) return pinned.error();

@@ -264,7 +264,7 @@ Result<UndoToken> TaskArranger::nest(const QStringList &taskIDs, const KWTaskLis
     if (first)
         for (const Row &each : section->models()) {
             if (&each == first) break;
-            if (each.isChecklistItem()) continue;
+            if (!each.isTask()) continue;
             if (each.parentId == first->parentId ||
                 (first->parentId.isEmpty() && rootOf(each.sid, *section) == each.sid))
                 above = each.sid;

@@ -14,7 +14,11 @@ struct FoldedRows {
 
 /// A row of the middle pane.
 struct TaskListRow {
-    enum class Kind : std::uint8_t { Section, Task, LoadMore }; ///< a checklist item stands as a task does
+    enum class Kind : std::uint8_t {
+        Section,
+        Task,
+        LoadMore
+    }; ///< items and later occurrences stand as tasks do
 
     Kind kind = Kind::Task;
     QString id;       ///< unique in the list: that of `task`, "section:" and its name, or "loadMore"
@@ -22,11 +26,11 @@ struct TaskListRow {
     QString title{};  ///< of a section
     int count = 0;    ///< of a section: its tasks, folded ones included
     bool isFolded = false;
-    KWTaskListItemModel task{}; ///< of a task or a checklist item
+    KWTaskListItemModel task{}; ///< of a task, a checklist item or a later occurrence
     int depth = 0;              ///< below how many of the tasks above it
     bool hasChildren = false;   ///< among the rows of its section
 
-    bool isTask() const { return kind == Kind::Task && !task.isChecklistItem(); }
+    bool isTask() const { return kind == Kind::Task && task.isTask(); }
     bool operator==(const TaskListRow &) const = default;
 };
 

@@ -133,6 +133,26 @@ private Q_SLOTS:
         QCOMPARE(shown.view.currentTask(), u"task 4"_s);
     }
 
+    void nothingIsDoneToALaterOccurrence()
+    {
+        QList<TaskListRow> rows = rowsFrom(1, 2);
+        rows.append(taskRow(u"task 1:later"_s, u"Title 1"_s));
+        rows.last().task.ownerID = u"task 1"_s;
+        rows.last().task.occurrence = rows.last().task.startDate = at("2030-05-02 09:00");
+        Shown shown{rows};
+        QSignalSpy toggled{&shown.view, &TaskListView::completionToggled};
+        QSignalSpy deleted{&shown.view, &TaskListView::deletionRequested};
+        QTest::mouseClick(shown.view.viewport(), Qt::LeftButton, {}, shown.checkbox(rows.last().id));
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_F2, Qt::Key_Delete})
+            QTest::keyClick(&shown.view, key);
+        QCOMPARE(shown.view.currentTask(), u"task 1"_s); // that is what the detail shows
+        QVERIFY(toggled.isEmpty() && deleted.isEmpty() && !shown.view.findChild<QLineEdit *>());
+        QVERIFY(!shown.view.hasSelectedTask());
+        shown.view.selectAll();
+        QTest::keyClick(&shown.view, Qt::Key_Space);
+        QCOMPARE(lastOf(toggled), QStringList({u"task 1"_s, u"task 2"_s}));
+    }
+
     void rowsWaitForTheTick()
     {
         Shown shown{rowsFrom(1, 3)};

@@ -1,6 +1,7 @@
 #include "lists/KWTaskListService.h"
 
 #include "RowText.h"
+#include "calendar/KWRepeatInstanceService.h"
 #include "model/account/AccountSettings.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWChecklistItem.h"
@@ -102,6 +103,38 @@ private Q_SLOTS:
         AccountSettings settings{m_store->kit().manager(), m_store->kit().center(), m_store->userID()};
         QVERIFY(settings.change([](KWUserSettingsModel &each) { each.showCompleted = false; }));
         QVERIFY(!list().showsCompleted());
+    }
+
+    void showsWhatComesLaterOfRepeatingTasks()
+    {
+        KWRepeatInstanceService repeats{m_store->kit().manager(), m_store->account(), m_store->kit().center(),
+                                        m_store->clock};
+        list().onOccurrencesNeeded = [&repeats](Instant from, Instant to) {
+            repeats.generateInstances(from, to);
+        };
+        const QString task = aTask("Water")
+                                 .dueOn("2030-05-01")
+                                 .with(&KWTaskModel::repeatRule, u"FREQ=DAILY"_s)
+                                 .savedIn(*m_store);
+        aTask("Pay rent").dueOn("2030-05-02").savedIn(*m_store);
+        list().select(smart(KWSmartProject::tomorrow()));
+        QTRY_COMPARE(numbers(), u"[Tomorrow 2] 2"_s);
+        list().select(smart(KWSmartProject::next7days()));
+        QTRY_COMPARE(numbers(),
+                     u"[Today 1] 1 [Tomorrow 2] 2 [Friday 1] 1 [Saturday 1] 1 [Sunday 1] 1 [Monday 1] 1 "
+                     "[Tuesday 1] 1"_s);
+        QSet<QString> ids;
+        int tasks = 0;
+        for (const TaskListRow &each : flatRows(list().categories(), {})) {
+            ids.insert(each.id);
+            tasks += each.isTask();
+        }
+        QCOMPARE(ids.size(), 7 + 8);
+        QCOMPARE(tasks, 2);
+        setSaved<KWTask>(*m_store, task, &KWTaskModel::repeatRule, u"FREQ=DAILY;INTERVAL=4"_s);
+        QTRY_COMPARE(numbers(), u"[Today 1] 1 [Tomorrow 1] 1 [Sunday 1] 1"_s);
+        setSaved<KWTask>(*m_store, task, &KWTaskModel::status, KWTaskStatusCompleted);
+        QTRY_COMPARE(numbers(), u"[Tomorrow 1] 1"_s);
     }
 
     void readsListsOfClosedTasksInWholeDays()

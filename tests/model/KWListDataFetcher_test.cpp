@@ -4,6 +4,7 @@
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWFocusSummary.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWRepeatInstance.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/KWCompletionLoader.h"
@@ -160,6 +161,49 @@ private Q_SLOTS:
         expected.modifiedTime = item.modifiedTime;
         expected.rowID = m_store.context().number("SELECT id FROM checklistItems WHERE title = 'Key'");
         QVERIFY(today == QList{expected});
+    }
+
+    // The clock shows 1 May; what a late task has missed since is not to be done as well.
+    void addsWhatComesLaterOfRepeatingTasks()
+    {
+        const QString task = aTask("Water", zone)
+                                 .startingAt("2030-04-29 08:00")
+                                 .prioritized(KWTaskPriorityHigh)
+                                 .with(&KWTaskModel::repeatRule, u"FREQ=DAILY"_s)
+                                 .with(&KWTaskModel::exDates, {at("2030-05-03 08:00", zone)})
+                                 .savedIn(m_store);
+        saved(m_store, [&](ObjectContext &context) {
+            std::vector<KWRepeatInstance::Made> made;
+            for (const char *each : {"2030-04-30 08:00", "2030-05-01 08:00", "2030-05-02 08:00",
+                                     "2030-05-03 08:00", "2030-05-07 08:00", "2030-05-08 08:00"})
+                made.push_back({task, KWRepeatInstanceTypeTask, at(each, zone), at(each, zone)});
+            QVERIFY(KWRepeatInstance::insertAll(made, m_store.userID(), context));
+        });
+        const auto shown = [&](const char16_t *list, const QStringList &onlyTasks = {}) {
+            ListDataRequest request{m_store.userID(), smart(QString::fromUtf16(list))};
+            request.includeRepeat = true;
+            request.condition.taskIDs = onlyTasks;
+            const KWListDataFetcher fetcher{m_store.clock};
+            const auto found = fetcher.reloadDataModel(request, m_store.context().connection()).value();
+            QStringList days;
+            for (const KWTaskListItemModel &each : found) {
+                days << QString::number(unsigned(
+                            std::chrono::year_month_day{m_store.clock.zone().dayOf(*each.startDate)}.day())) +
+                            (each.isLaterOccurrence() ? u"*"_s : QString{});
+                if (each.taskID() != task || each.priority != KWTaskPriorityHigh || !each.repeats)
+                    qFatal("It is of no task");
+                if (each.isLaterOccurrence() != (each.sid != task)) qFatal("It has the id of its task");
+            }
+            return days.join(u' ');
+        };
+        QCOMPARE(shown(u"today"), u"29 1*"_s);
+        QCOMPARE(shown(u"tomorrow"), u"2*"_s);
+        QCOMPARE(shown(u"next7days"), u"29 1* 2* 7*"_s);
+        QCOMPARE(shown(u"next7days", {task}), u"29 1* 2* 7*"_s);
+        QCOMPARE(shown(u"all"), u"29"_s);
+        QCOMPARE(titles(rows(smart(u"today"_s))), u"Water"_s); // it is one thing to do
+        setSaved<KWTask>(m_store, task, &KWTaskModel::status, KWTaskStatusCompleted);
+        QCOMPARE(shown(u"next7days"), QString{});
     }
 
     void ordersEachListInItsWay()

@@ -140,6 +140,17 @@ private Q_SLOTS:
                      .includeChecklist = true},
                     context.connection()));
             });
+        row("later occurrences in a list",
+            {u"repeatInstancesByStart (userID=? AND startDate>? AND startDate<?)"_s,
+             u"repeatInstancesBySource (referenceID=? AND startDate>? AND startDate<?)"_s},
+            [](auto &store, auto &context) {
+                ListDataRequest request{store.userID(), KWListIdentifier::todayProject()};
+                request.includeRepeat = true;
+                for (const QStringList &each : {QStringList{}, {u"task"_s}}) {
+                    request.condition.taskIDs = each;
+                    QVERIFY(KWListDataFetcher{store.clock}.reloadDataModel(request, context.connection()));
+                }
+            });
         const auto filtered = [](const char16_t *rule) {
             return [filter = *CXSmartFilter::parse(QString::fromUtf16(rule))](auto &store, auto &) {
                 QVERIFY(KWFilterService(store.kit().manager(), store.userID()).countOfTasks(filter));

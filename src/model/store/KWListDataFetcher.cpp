@@ -26,7 +26,7 @@ constexpr const char *noPlace = " 0";
 
 constexpr const char *itemColumns =
     "t.itemID, t.title, t.sid, t.taskTitle, t.priority, t.isAllDay, t.sortOrder, t.item, t.projectID, t.tags,"
-    " t.assignee, t.startDate, t.createdTime, t.modifiedTime";
+    " t.assignee, t.startDate, t.endDate, t.occurrence, t.createdTime, t.modifiedTime";
 
 KWTaskListItemModel readRow(SQLite::Statement &statement)
 {
@@ -51,11 +51,13 @@ QList<KWTaskListItemModel> readRows(SQLite::Statement &statement)
 KWTaskListItemModel readItem(SQLite::Statement &statement)
 {
     KWTaskListItemModel row;
-    row.kind = KWTaskListItemModel::Kind::ChecklistItem;
     int column = 0;
     const auto read = [&](auto &...values) { (columns::read(statement.getColumn(column++), values), ...); };
     read(row.sid, row.title, row.ownerID, row.ownerTitle, row.priority, row.isAllDay, row.sortOrder,
-         row.rowID, row.projectID, row.tags, row.assignee, row.startDate, row.createdTime, row.modifiedTime);
+         row.rowID, row.projectID, row.tags, row.assignee, row.startDate, row.endDate, row.occurrence,
+         row.createdTime, row.modifiedTime);
+    row.repeats = row.isLaterOccurrence();
+    if (!row.repeats) row.kind = KWTaskListItemModel::Kind::ChecklistItem;
     return row;
 }
 
@@ -116,6 +118,8 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
             rowsOf(**query, request.disableTree ? noPlace : placeInTree, request.limit, connection);
         if (const auto items = ListQuery::ofChecklistItems(request, m_clock))
             rows += itemsOf(*items, request.limit, connection);
+        if (const auto later = ListQuery::ofOccurrences(request, m_clock))
+            rows += itemsOf(*later, request.limit, connection);
         if (!request.includeCompleted) return rows;
         const auto closed = reloadDataModel(request.ofClosedTasks(), connection);
         if (!closed) return closed.error();

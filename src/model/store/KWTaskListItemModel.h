@@ -20,7 +20,8 @@ struct KWBasicItemModel {
 };
 
 /// A row of a task list, read straight from the store: what a row shows and sorts by, and no more. A
-/// checklist item has the list, tags, priority and assignee of its task.
+/// checklist item has the list, tags, priority and assignee of its task; so has a later occurrence of a task
+/// that repeats, which has its title, too, and an id of its own.
 struct KWTaskListItemModel : KWBasicItemModel {
     KWTaskKind taskKind = KWTaskKindText;
     KWTaskStatus status = KWTaskStatusOpen;
@@ -35,22 +36,26 @@ struct KWTaskListItemModel : KWBasicItemModel {
     std::int64_t rowID = 0;         ///< of the store: the order of those that are equal otherwise
     std::int64_t focusDuration = 0; ///< seconds spent on it
     std::int64_t assignee = KWTaskAssignedToNobody;
-    QString ownerID;    ///< of a checklist item: its task
-    QString ownerTitle; ///< and what that is called
+    QString ownerID;    ///< of a checklist item or a later occurrence: its task
+    QString ownerTitle; ///< of a checklist item: what its task is called
     QString projectID;
     QString columnID;
     QString parentId;
     QStringList tags;
     std::optional<Instant> startDate;
     std::optional<Instant> endDate;
+    std::optional<Instant> occurrence; ///< of a later occurrence: when it starts
     std::optional<Instant> completionDate;
     std::optional<Instant> pinnedDate;
     std::optional<Instant> createdTime;
     std::optional<Instant> modifiedTime;
 
     bool isChecklistItem() const { return kind == Kind::ChecklistItem; }
-    /// The task that the row is, or is an item of.
-    const QString &taskID() const { return isChecklistItem() ? ownerID : sid; }
+    bool isLaterOccurrence() const { return occurrence.has_value(); }
+    /// Not only something of one.
+    bool isTask() const { return kind == Kind::Task && !isLaterOccurrence(); }
+    /// The task that the row is, or is an item or an occurrence of.
+    const QString &taskID() const { return ownerID.isEmpty() ? sid : ownerID; }
     bool isNote() const { return taskKind == KWTaskKindNote; }
     bool isPinned() const { return pinnedDate.has_value(); }
     bool isClosed() const { return status != KWTaskStatusOpen; }

@@ -37,6 +37,9 @@ struct ListDataRequest {
     bool onlyClosed = false;
     /// Of Today, Tomorrow and Next 7 Days also the open checklist items with a date that fits.
     bool includeChecklist = false;
+    /// Of Today, Tomorrow and Next 7 Days also what of repeating tasks comes later, from today on, as far as
+    /// it is stored.
+    bool includeRepeat = false;
     /// No tree is shown: rows come without their place among the children of their parent.
     bool disableTree = false;
 

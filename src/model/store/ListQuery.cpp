@@ -114,6 +114,15 @@ std::optional<ListQuery> ofSmartProject(const ListDataRequest &request, const CX
     return std::nullopt;
 }
 
+// Today, Tomorrow and Next 7 Days; nothing for other lists.
+std::optional<ListQuery> ofDatedList(const ListDataRequest &request, const CXClock &clock)
+{
+    const KWListIdentifier &list = request.selection;
+    const bool isDated = !request.onlyClosed && list.type == KWListIdentifierType::SmartProject &&
+                         KWSmartProject::isDateSensetiveSmartProjectID(list.entityID);
+    return isDated ? ofSmartProject(request, clock) : std::nullopt;
+}
+
 } // namespace
 
 bool ListDataRequest::isTopFound(KWTaskSortType sortType) { return orderOf(sortType).has_value(); }
@@ -179,13 +188,22 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
 
 std::optional<ListQuery> ListQuery::ofChecklistItems(const ListDataRequest &request, const CXClock &clock)
 {
-    const bool hasItems = request.includeChecklist && !request.onlyClosed &&
-                          request.selection.type == KWListIdentifierType::SmartProject &&
-                          KWSmartProject::isDateSensetiveSmartProjectID(request.selection.entityID);
-    auto query = hasItems ? ofSmartProject(request, clock) : std::nullopt;
+    auto query = request.includeChecklist ? ofDatedList(request, clock) : std::nullopt;
     if (!query) return std::nullopt;
     query->refine(request, clock, WordHits::Few);
     query->from = request.condition.taskIDs.isEmpty() ? datedItems : datedItemsOfTasks;
+    return query;
+}
+
+std::optional<ListQuery> ListQuery::ofOccurrences(const ListDataRequest &request, const CXClock &clock)
+{
+    auto query = request.includeRepeat ? ofDatedList(request, clock) : std::nullopt;
+    if (!query) return std::nullopt;
+    // What a task that is late has missed since is not to be done as well.
+    query->also("t.userID = ? AND t.startDate >= ?",
+                {request.userID, storedInstant(clock.zone().startOfDay(clock.today()))});
+    query->refine(request, clock, WordHits::Few);
+    query->from = request.condition.taskIDs.isEmpty() ? laterOccurrences : laterOccurrencesOfTasks;
     return query;
 }
 

@@ -26,6 +26,8 @@ struct ListQuery {
                                               WordHits wordHits = WordHits::Few);
     /// The checklist items among the rows, see DatedItems.h; nothing where there are none to be.
     static std::optional<ListQuery> ofChecklistItems(const ListDataRequest &request, const CXClock &clock);
+    /// The later occurrences among the rows, see DatedItems.h; nothing where there are none to be.
+    static std::optional<ListQuery> ofOccurrences(const ListDataRequest &request, const CXClock &clock);
     /// The open tasks of the user that the filter fits.
     static ListQuery ofFilter(const CXSmartFilter &filter, const CXSmartFilterFrame &frame,
                               const QString &userID);

@@ -14,10 +14,11 @@ bool isTaskOf(const Rows &rows, int row, int category)
            rows.at(row).category == category;
 }
 
-// Items of checklists stand where their dates say, and nothing is put below or behind them.
+// Items of checklists and later occurrences stand where their dates say, and nothing is put below or behind
+// them.
 bool isAnchor(const TaskListRow &row, const QSet<QString> &moving)
 {
-    return !row.task.isChecklistItem() && !moving.contains(row.id);
+    return row.task.isTask() && !moving.contains(row.id);
 }
 
 // The nearest row above with less depth: the task that it is below. -1 for none.

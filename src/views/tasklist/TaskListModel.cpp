@@ -168,7 +168,8 @@ Qt::ItemFlags TaskListModel::flags(const QModelIndex &index) const
     if (!index.isValid()) return Qt::ItemIsDropEnabled;
     const Qt::ItemFlags any = Qt::ItemIsEnabled | Qt::ItemNeverHasChildren | Qt::ItemIsDropEnabled;
     if (!isEntry(index)) return any;
-    const Qt::ItemFlags entry = any | Qt::ItemIsSelectable | Qt::ItemIsEditable;
+    Qt::ItemFlags entry = any | Qt::ItemIsSelectable;
+    if (!rowAt(index).task.isLaterOccurrence()) entry |= Qt::ItemIsEditable;
     return rowAt(index).isTask() ? entry | Qt::ItemIsDragEnabled : entry;
 }
 

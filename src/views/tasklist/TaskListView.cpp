@@ -88,7 +88,7 @@ QStringList TaskListView::selectedIDs() const
 {
     QStringList ids;
     for (const QModelIndex &each : selectedEntries())
-        ids.append(m_model.rowAt(each).id);
+        if (!m_model.rowAt(each).task.isLaterOccurrence()) ids.append(m_model.rowAt(each).id);
     return ids;
 }
 
@@ -284,6 +284,7 @@ void TaskListView::handOver(const QString &id, bool isItem, const QString &title
 
 void TaskListView::toggle(const QStringList &sids)
 {
+    if (sids.isEmpty()) return;
     const auto isClosed = [this](const QString &sid) {
         return m_model.rowAt(m_model.indexOf(sid)).task.isClosed();
     };
@@ -312,7 +313,7 @@ void TaskListView::activate(const QModelIndex &index)
 void TaskListView::openMenu(const QModelIndex &index, const QPoint &globalPosition)
 {
     const TaskListRow row = m_model.rowAt(index);
-    if (row.kind == TaskListRow::Kind::LoadMore) return;
+    if (row.kind == TaskListRow::Kind::LoadMore || row.task.isLaterOccurrence()) return;
     auto *menu = new QMenu{this};
     menu->setObjectName(u"taskMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);

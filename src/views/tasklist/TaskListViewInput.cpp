@@ -66,7 +66,7 @@ bool TaskListView::handleKey(const QKeyEvent &event)
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        if (m_model.isEntry(current)) Q_EMIT deletionRequested(selectedIDs());
+        if (m_model.isEntry(current) && !selectedIDs().isEmpty()) Q_EMIT deletionRequested(selectedIDs());
         return true;
     default:
         return false;

@@ -81,7 +81,7 @@ void paintTitle(QPainter &painter, const QRect &bounds, const KWTaskListItemMode
     QString title = task.title.left(mostCharactersShown).simplified();
     const bool isEmpty = title.isEmpty();
     if (isEmpty) title = displayTitle(title);
-    const bool isQuiet = isEmpty || task.isClosed();
+    const bool isQuiet = isEmpty || task.isClosed() || task.isLaterOccurrence();
 
     painter.setPen(!isQuiet ? theme.text : isSelected(option) ? theme.secondaryText : theme.doneText);
     const auto side = option.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
@@ -178,11 +178,14 @@ void TaskRowDelegate::paintTask(QPainter &painter, const QStyleOptionViewItem &o
     paintTriangle(painter, layout, row.isFolded, option);
 
     const double settled = task.isClosed() ? 1 : 0;
-    Painting::checkbox(painter, layout.checkbox,
-                       {.checked = m_checkProgress(task.sid).value_or(settled),
-                        .priority = task.isChecklistItem() ? KWTaskPriorityNone : task.priority,
-                        .isAbandoned = task.status == KWTaskStatusAbandoned,
-                        .isHovered = m_hovered == index && m_hoveredPart == RowPart::Checkbox});
+    if (task.isLaterOccurrence())
+        Icons::paint(painter, layout.checkbox, Icon::Repeat, layout.checkbox.width(), faintColor(option));
+    else
+        Painting::checkbox(painter, layout.checkbox,
+                           {.checked = m_checkProgress(task.sid).value_or(settled),
+                            .priority = task.isChecklistItem() ? KWTaskPriorityNone : task.priority,
+                            .isAbandoned = task.status == KWTaskStatusAbandoned,
+                            .isHovered = m_hovered == index && m_hoveredPart == RowPart::Checkbox});
 
     if (!(option.state & QStyle::State_Editing)) paintTitle(painter, layout.title, task, option);
     const QColor date = taskDateColor(m_model.dateTextOf(task).tone, faintColor(option));
@@ -201,6 +204,7 @@ RowPart TaskRowDelegate::partAt(const QPoint &position, const QModelIndex &index
     }
     if (row.hasChildren && taskRowTriangle(bounds, direction, row.depth).contains(position))
         return RowPart::Triangle;
+    if (row.task.isLaterOccurrence()) return RowPart::None;
     constexpr int slack = Metrics::grid + 2; // a comfortable target is larger than the box
     const QRect box = taskRowCheckbox(bounds, direction, row.depth);
     return box.adjusted(-slack, -slack, slack, slack).contains(position) ? RowPart::Checkbox : RowPart::None;

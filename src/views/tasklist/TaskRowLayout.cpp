@@ -55,7 +55,7 @@ QList<Piece> piecesOf(const TaskListModel &model, const KWTaskListItemModel &tas
         add(PieceKind::Tag, model.tagLabel(tag));
     if (task.attachmentCount > 0) add(PieceKind::Attachment, {});
     if (task.focusDuration > 0) add(PieceKind::Focus, {});
-    if (task.repeats) add(PieceKind::Repeat, {});
+    if (task.repeats && !task.isLaterOccurrence()) add(PieceKind::Repeat, {});
     if (const QString list = model.listName(task); !list.isEmpty()) add(PieceKind::ListName, list);
     if (!date.isEmpty()) add(PieceKind::Date, date);
     return pieces;
