@@ -54,8 +54,8 @@ std::string ofTasks(bool withClosed)
     "SELECT id FROM repeatInstances INDEXED BY longRepeatInstances WHERE userID = ?1 AND endDate > ?2 AND "  \
     "startDate < ?2 - 86400000 AND endDate - startDate > 86400000 AND instanceType = ?4 AND isDeleted = 0"   \
     ") c CROSS JOIN repeatInstances r ON r.id = c.id CROSS JOIN " sources " t ON t.sid = r.referenceID AND " \
-    "t.isDeleted = 0 AND t.repeatRule <> '' AND t.startDate < r.startDate AND NOT EXISTS (SELECT 1 FROM "    \
-    "json_each(t.exDates) WHERE value = r.startDate)"
+    "t.isDeleted = 0 AND t.repeatRule <> '' AND t.startDate < r.startDate AND (t.exDates = '[]' OR NOT "     \
+    "EXISTS (SELECT 1 FROM json_each(t.exDates) WHERE value = r.startDate))"
 
 constexpr const char *ofTaskOccurrences =
     "SELECT t.sid, t.sid, r.startDate, t.projectID, t.title, p.color, t.priority, t.isAllDay, 1, 0, "
