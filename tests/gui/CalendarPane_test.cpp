@@ -292,6 +292,23 @@ private Q_SLOTS:
         QTRY_VERIFY(static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width() > column);
     }
 
+    void eventsAreToldOfAndStay()
+    {
+        openWeek();
+        CalendarItem event = timed("Concert", 18, 19, 21);
+        event.kind = CalendarItem::Kind::Event;
+        event.isReadOnly = true;
+        CalendarEdits &edits = pane().edits();
+        Q_EMIT edits.openRequested(event, {100, 100, 50, 20});
+        QWidget *popover = QApplication::activePopupWidget();
+        QVERIFY(popover);
+        QCOMPARE(popover->accessibleName(), u"Concert, Wednesday 18 November, 19:00 to 21:00, read only"_s);
+        QTest::keyClick(popover, Qt::Key_Escape);
+        QVERIFY(!QApplication::activePopupWidget());
+        Q_EMIT edits.moveRequested(event, timed("Concert", 19, 19, 21));
+        QCOMPARE(message(), u"This can only be read."_s);
+    }
+
     void theSearchComesAndGoes()
     {
         openWeek();

@@ -155,6 +155,7 @@ private:
             paintTitle(line, each, &each == &words.last());
             line.translate(0, m_lineHeight);
         }
+        if (Fonts::width(Role::Caption, note) > line.width()) return;
         m_painter.setPen(m_colors.note);
         Fonts::drawLine(m_painter, Role::Caption, line, side(), note);
     }

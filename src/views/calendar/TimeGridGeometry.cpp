@@ -15,6 +15,7 @@ constexpr int lanePadding = 6;
 constexpr int oneHourHeight = 52;
 constexpr int hoursPadding = 8;   // above the first hour and below the last, for their names
 constexpr int leastBoxWidth = 14; // a box that is narrower shows nothing
+constexpr int counterWidth = 30;  // where boxes beside each other are counted
 constexpr int boxGap = 2;         // below and beside a box
 constexpr int dayPadding = 4;     // before the first box of a day and behind the last one
 constexpr minutes wholeDay = 24h;
@@ -125,7 +126,7 @@ void TimeGridGeometry::addBars(const std::vector<LaneBar> &bars, const CalendarP
                 {laneRow(column, column, shownLanes), count, page.firstDay + days{m_columns.dayOf(column)}});
 }
 
-// Where boxes would be too narrow, the columns behind those that have room become one that counts them.
+// Where boxes would be too narrow, those that have no room are counted behind the others.
 void TimeGridGeometry::addBoxes(const std::vector<TimedBox> &boxes, const CalendarPage &page,
                                 CalendarPlaces &places) const
 {
@@ -134,22 +135,23 @@ void TimeGridGeometry::addBoxes(const std::vector<TimedBox> &boxes, const Calend
         if (!column) continue;
         const int left = m_columns.left(*column) + dayPadding;
         const int width = m_columns.right(*column) - dayPadding - left;
-        const int room = std::max(2, width / leastBoxWidth);
-        const bool isCrowded = each.columns > room;
-        const int columns = isCrowded ? room : each.columns;
-        const auto xOf = [&](int index) { return left + width * index / columns; };
+        const bool isCrowded = width / each.columns < leastBoxWidth;
+        const int counter = isCrowded ? std::min(Metrics::scaled(counterWidth), width / 2) : 0;
+        const int columns = isCrowded ? std::max(1, (width - counter) / leastBoxWidth) : each.columns;
+        const auto xOf = [&](int index) { return left + (width - counter) * index / columns; };
         const int top = yOf(minutes{each.fromMinute});
         const int height = yOf(minutes{each.toMinute}) - top - boxGap;
-        const auto across = [&](int from, int to) {
-            return QRect{xOf(from), top, xOf(to) - xOf(from) - boxGap, height};
-        };
-        if (!isCrowded || each.column < room - 1) {
-            const int end = std::min(each.column + each.span, isCrowded ? room - 1 : columns);
-            places.items.push_back(
-                {each.item, across(each.column, end), ItemPlace::Shape::Box, each.beginsBefore, each.goesOn});
+        if (each.column < columns) {
+            const int x = xOf(each.column);
+            const int end = xOf(std::min(each.column + each.span, columns));
+            places.items.push_back({each.item,
+                                    {x, top, end - x - boxGap, height},
+                                    ItemPlace::Shape::Box,
+                                    each.beginsBefore,
+                                    each.goesOn});
             continue;
         }
-        const QRect place = across(room - 1, room);
+        const QRect place{left + width - counter, top, counter - boxGap, height};
         const Day day = page.firstDay + days{each.day};
         const auto beside = std::ranges::find_if(places.more, [&](const MorePlace &other) {
             return other.day == day && other.bounds.intersects(place);
