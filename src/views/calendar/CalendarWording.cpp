@@ -1,6 +1,7 @@
 #include "views/calendar/CalendarWording.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/DayText.h"
 #include "model/text/DisplayTitle.h"
 #include "views/calendar/ItemDays.h"
 #include "views/wording/CalendarDay.h"
@@ -26,7 +27,7 @@ QString CalendarWording::title(const CalendarPage &page, const QLocale &locale)
 
 QString CalendarWording::shortTitle(const CalendarPage &page, const QLocale &locale)
 {
-    if (page.kind == CalendarPage::Kind::SingleDay) return DateWording::dayMonthAndYear(page.begin, locale);
+    if (page.kind == CalendarPage::Kind::SingleDay) return DayText::dayMonthAndYear(page.begin, locale);
     const QDate first = dateOf(page.kind == CalendarPage::Kind::Week ? page.firstDay : page.begin);
     return locale.standaloneMonthName(first.month(), QLocale::ShortFormat) +
            locale.toString(first, u" yyyy"_s);
@@ -37,12 +38,12 @@ QString CalendarWording::time(const CalendarItem &item, const QLocale &locale)
     const ItemDays itemDays = ItemDays::of(item);
     const auto moment = [&](LocalTime time) {
         const QString clock = DateWording::timeOfDay(time, locale);
-        return itemDays.isOne() ? clock : DateWording::dayAndMonth(floor<days>(time), locale) + u' ' + clock;
+        return itemDays.isOne() ? clock : DayText::dayAndMonth(floor<days>(time), locale) + u' ' + clock;
     };
     if (item.isAllDay)
         return itemDays.isOne() ? KWLocalizedString("All day")
-                                : DateWording::dayAndMonth(itemDays.first, locale) + u" – "_s +
-                                      DateWording::dayAndMonth(itemDays.last, locale);
+                                : DayText::dayAndMonth(itemDays.first, locale) + u" – "_s +
+                                      DayText::dayAndMonth(itemDays.last, locale);
     return item.end > item.start ? moment(item.start) + u" – "_s + moment(item.end) : moment(item.start);
 }
 

@@ -1,8 +1,9 @@
 #include "views/datepicker/RepeatRows.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/DayText.h"
+#include "model/text/RuleWording.h"
 #include "views/wording/CalendarDay.h"
-#include "views/wording/DateWording.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -127,7 +128,7 @@ void RepeatRows::nameUsualRules(Day day)
                        KWLocalizedString("Monday to Friday"),
                        KWLocalizedString("Every week on %1").arg(locale.standaloneDayName(date.dayOfWeek())),
                        KWLocalizedString("Every month on day %1").arg(date.day()),
-                       KWLocalizedString("Every year on %1").arg(DateWording::dayAndMonth(day, locale)),
+                       KWLocalizedString("Every year on %1").arg(DayText::dayAndMonth(day, locale)),
                        KWLocalizedString("A rule of my own…")});
     m_usual->setCurrentIndex(index);
 }
@@ -144,6 +145,12 @@ void RepeatRows::setDay(Day day)
 {
     m_day = day;
     nameUsualRules(day);
+}
+
+QString RepeatRows::words(const CXTimeZone &zone) const
+{
+    return m_rule && m_usual->currentIndex() == own ? RuleWording::words(*m_rule, zone, QLocale{})
+                                                    : QString{};
 }
 
 void RepeatRows::showRule(const QString &rule)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "corvexkit/recurrence/CXRecurrenceRule.h"
+#include "corvexkit/time/CXTimeZone.h"
 #include "model/records/KWConstants.h"
 
 #include <QWidget>
@@ -26,6 +27,8 @@ public:
     void setRepeat(const QString &rule, CXRecurrenceFrom from, Day day);
     /// The names of the usual rules follow the day.
     void setDay(Day day);
+    /// A rule of one's own in words; empty for the usual ones, whose choice says it.
+    QString words(const CXTimeZone &zone) const;
     /// Why what is typed is no rule; empty when it is one.
     const QString &problem() const { return m_problem; }
 

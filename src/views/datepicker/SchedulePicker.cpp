@@ -252,7 +252,9 @@ void SchedulePicker::showOccurrences()
             days.append(
                 DateWording::weekdayAndDay(m_draft.zone().dayOf(each), m_surroundings.today, QLocale{})
                     .replace(u' ', QChar::Nbsp)); // lines break between dates
-        words = days.join(u" · "_s);
+        QStringList lines{m_repeat->words(m_draft.zone()), days.join(u" · "_s)};
+        lines.removeAll(QString{});
+        words = lines.join(u'\n');
     }
     m_occurrences->setText(words);
     m_occurrences->setVisible(!words.isEmpty());

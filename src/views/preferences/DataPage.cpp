@@ -1,11 +1,11 @@
 #include "views/preferences/DataPage.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/DayText.h"
 #include "views/alerts/Alert.h"
 #include "views/menu/MainMenu.h"
 #include "views/preferences/NameDelegate.h"
 #include "views/theme/Metrics.h"
-#include "views/wording/DateWording.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -26,7 +26,7 @@ QString exportFilter() { return KWLocalizedString("Orvane data (*.json)"); }
 QString wordsOf(const StoreBackup &backup)
 {
     const Day day = std::chrono::floor<std::chrono::days>(backup.time);
-    const QString date = DateWording::dayMonthAndYear(day, QLocale{});
+    const QString date = DayText::dayMonthAndYear(day, QLocale{});
     if (backup.origin == StoreBackup::Origin::Daily) return date;
     return KWLocalizedString("%1, set aside when another took its place").arg(date);
 }

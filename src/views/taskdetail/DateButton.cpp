@@ -24,16 +24,17 @@ DateButton::DateButton(QWidget *parent) : PaintedButton(parent)
 {
     setObjectName(u"detailDate"_s);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setDate({}, false);
+    setDate({}, {});
 }
 
-void DateButton::setDate(const TaskDateText &date, bool repeats)
+void DateButton::setDate(const TaskDateText &date, const QString &repeat)
 {
     m_date = date;
-    m_repeats = repeats;
+    m_repeats = !repeat.isEmpty();
     setText(date.text.isEmpty() ? KWLocalizedString("No date") : date.text);
     const QString name = KWLocalizedString("Date: %1").arg(text());
-    setAccessibleName(repeats ? KWLocalizedString("%1, repeats").arg(name) : name);
+    setAccessibleName(m_repeats ? KWLocalizedString("%1, repeats: %2").arg(name, repeat) : name);
+    setToolTip(repeat);
     updateGeometry();
     update();
 }

@@ -10,7 +10,8 @@ class DateButton : public PaintedButton {
 public:
     explicit DateButton(QWidget *parent = nullptr);
 
-    void setDate(const TaskDateText &date, bool repeats);
+    /// `repeat`: in words how it repeats; empty when it does not.
+    void setDate(const TaskDateText &date, const QString &repeat);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

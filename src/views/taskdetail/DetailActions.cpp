@@ -5,6 +5,7 @@
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/store/TaskPermissions.h"
+#include "model/text/DayText.h"
 #include "views/controls/ChoicePopup.h"
 #include "views/datepicker/ScheduleSurroundings.h"
 #include "views/taskdetail/ChecklistView.h"
@@ -204,7 +205,7 @@ void DetailActions::addFacts(QMenu &menu)
         if (!instant) return;
         const LocalTime time = m_kit.clock().zone().toLocal(*instant);
         const QString when =
-            DateWording::dayMonthAndYear(std::chrono::floor<std::chrono::days>(time), QLocale{}) + u", "_s +
+            DayText::dayMonthAndYear(std::chrono::floor<std::chrono::days>(time), QLocale{}) + u", "_s +
             DateWording::timeOfDay(time, QLocale{});
         menu.addAction(words.arg(when))->setEnabled(false);
     };

@@ -2,6 +2,7 @@
 
 #include "model/records/PriorityNames.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/text/RuleWording.h"
 #include "views/controls/CheckBox.h"
 #include "views/controls/IconButton.h"
 #include "views/controls/MenuPlace.h"
@@ -21,6 +22,16 @@ namespace {
 
 constexpr int detailHeaderHeight = 46;
 constexpr int dateOutset = 6; // the words stand where the title of a row does, their background around them
+
+// How it repeats; a rule that cannot be read stands as it is.
+QString repeatWords(const KWTaskModel &task, const CXTimeZone &local)
+{
+    const Result<CXRecurrenceRule> rule = CXRecurrenceRule::parse(task.repeatRule);
+    if (!rule) return task.repeatRule;
+    const bool hasZone = !task.isAllDay && !task.isFloating;
+    const auto zone = hasZone ? CXTimeZone::named(task.timeZone) : std::nullopt;
+    return RuleWording::words(*rule, zone.value_or(local), QLocale{});
+}
 
 } // namespace
 
@@ -73,7 +84,7 @@ void DetailHeader::setTask(const KWTaskModel &task)
     const bool isClosed = task.status != KWTaskStatusOpen;
     m_date->setDate(detailDateText({task.startDate, task.endDate, task.isAllDay, isClosed}, m_clock.now(),
                                    m_clock.zone(), QLocale{}),
-                    !task.repeatRule.isEmpty());
+                    repeatWords(task, m_clock.zone()));
     const QString words = KWLocalizedString("Priority: %1").arg(displayName(task.priority));
     m_priority->setAccessibleName(words);
     m_priority->setToolTip(words);

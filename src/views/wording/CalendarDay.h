@@ -1,16 +1,8 @@
 #pragma once
 
-#include "corvexkit/time/Instant.h"
+#include "model/text/DayText.h"
 
-#include <QDate>
-
-/// A day as Qt's widgets and locales take it.
-inline QDate dateOf(Day day)
-{
-    const std::chrono::year_month_day date{day};
-    return {int(date.year()), int(unsigned(date.month())), int(unsigned(date.day()))};
-}
-
+/// The other way of dateOf().
 inline Day dayOf(const QDate &date)
 {
     return Day{std::chrono::year{date.year()} / date.month() / date.day()};

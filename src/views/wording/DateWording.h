@@ -11,10 +11,6 @@ namespace DateWording {
 /// "09:30" or "9:30 AM": see ClockFormat.
 QString timeOfDay(LocalTime time, const QLocale &locale);
 
-/// "24 Nov" or "Nov 24": day and short month in the order of the locale's long date format.
-QString dayAndMonth(Day day, const QLocale &locale);
-/// "24 Nov 2031".
-QString dayMonthAndYear(Day day, const QLocale &locale);
 /// "Sat 21 Nov"; with the year when it is not that of `today`.
 QString weekdayAndDay(Day day, Day today, const QLocale &locale);
 
