@@ -174,6 +174,7 @@ void CalendarPageLoader::load(const CalendarPage &page)
     }
     m_state->reading.reset();
     if (*found != m_state->shown) m_state->show(*found);
+    Q_EMIT succeeded();
     if (m_state->page == page && !m_state->reading) m_state->readNeighbours();
 }
 

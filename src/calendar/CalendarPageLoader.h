@@ -8,7 +8,7 @@ class CXClock;
 class KWRepeatInstanceService;
 class OrvaneKit;
 
-/// Reads the pages of the calendar in the background. Main thread.
+/// Reads the pages of the calendar in the background, those beside the one on show as well. Main thread.
 class CalendarPageLoader : public QObject {
     Q_OBJECT
 
@@ -29,7 +29,8 @@ public:
     std::chrono::weekday firstWeekday() const;
 
 Q_SIGNALS:
-    /// The latest page that was asked for; not when it is as it was.
+    /// The latest page that was asked for; not when it is as it was. From inside load() where it is known
+    /// already.
     void loaded(const CalendarPageContent &content);
     void failed(const QString &sentence);
     void succeeded();

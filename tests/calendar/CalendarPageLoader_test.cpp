@@ -192,8 +192,10 @@ private Q_SLOTS:
         const QString task = aTask("Bins", berlin).dueOn("2030-05-14").savedIn(*m_store);
         loadWeek();
         settle();
+        m_successes = 0;
         m_loader->load(moved(1));
         QCOMPARE(items(), u"Bins 14-15"_s);
+        QCOMPARE(m_successes, 1);
         m_loader->load(moved(0));
         QCOMPARE(m_told.back().page, week());
         settle();
