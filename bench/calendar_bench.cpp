@@ -1,11 +1,16 @@
-// The occurrences of 10,000 repeating tasks over half a year, in the store.
+// The occurrences of 10,000 repeating tasks over half a year, in the store, and a week of them on a page.
 
 #include "Account.h"
 #include "RuleMaker.h"
+#include "calendar/CalendarPageLoader.h"
+#include "calendar/CalendarPageReader.h"
+#include "calendar/KWRepeatInstanceService.h"
 #include "calendar/RepeatInstanceRun.h"
 #include "model/records/KWTask.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+
+#include <QCoreApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -135,5 +140,83 @@ void askAgain(benchmark::State &state)
         if (account().run()) std::abort();
 }
 BENCHMARK(askAgain)->Unit(benchmark::kMillisecond);
+
+CalendarPage aWeek()
+{
+    if (account().rows() == 0 && !account().run()) std::abort();
+    return CalendarPage::around(Day{2030y / 2 / 6}, CalendarPage::Kind::Week, Monday);
+}
+
+CalendarPageContent contentOf(const CalendarPage &page)
+{
+    CalendarPageContent content;
+    const auto read = KWCoreDataService{account().kit->manager()}.sync_perform([&](ObjectContext &context) {
+        auto found = readCalendarPage(page, account().userID(), {}, context);
+        if (found) content = std::move(*found);
+        return found ? Result<void>{} : found.error();
+    });
+    if (!read) std::abort();
+    return content;
+}
+
+// What happens in the background, laying out included.
+void readAWeek(benchmark::State &state)
+{
+    const CalendarPage page = aWeek();
+    std::size_t items = 0;
+    for (auto _ : state)
+        items = contentOf(page).items.size();
+    state.counters["items"] = double(items);
+}
+BENCHMARK(readAWeek)->Unit(benchmark::kMillisecond);
+
+void layOutAWeek(benchmark::State &state)
+{
+    const CalendarPageContent content = contentOf(aWeek());
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(timedBoxes(content.items, content.page, 30));
+        benchmark::DoNotOptimize(allDayBars(content.items, content.page));
+    }
+    state.counters["items"] = double(content.items.size());
+}
+BENCHMARK(layOutAWeek)->Unit(benchmark::kMillisecond);
+
+// From asking for a page until it is told: the time that goes by, and as CPU what of it the main thread
+// works. To a page beside the one on show, or to one far from it that is read first.
+void turn(benchmark::State &state, int pages)
+{
+    static int argc = 0;
+    static QCoreApplication application{argc, nullptr};
+    Account &all = account();
+    KWRepeatInstanceService repeats{all.kit->manager(), all.kit->account(), all.kit->center(), all.clock};
+    CalendarPageLoader loader{*all.kit, repeats, all.clock};
+    CalendarPage page = aWeek();
+    bool isTold = false;
+    QObject::connect(&loader, &CalendarPageLoader::loaded, &loader, [&] { isTold = true; });
+    const auto load = [&] {
+        isTold = false;
+        loader.load(page);
+        while (!isTold)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    const auto settle = [&all] {
+        for (int i = 0; i < 5; ++i) {
+            all.kit->manager().threadPool().waitForDone();
+            QCoreApplication::processEvents();
+        }
+    };
+    load();
+    settle();
+    for (auto _ : state) {
+        page = page.moved(pages, Monday);
+        load();
+        state.PauseTiming();
+        settle();
+        pages = -pages;
+        state.ResumeTiming();
+    }
+}
+BENCHMARK_CAPTURE(turn, toTheNextWeek, 1)->Unit(benchmark::kMillisecond)->Iterations(30);
+BENCHMARK_CAPTURE(turn, toAFarWeek, 5)->Unit(benchmark::kMillisecond)->Iterations(30);
 
 } // namespace
