@@ -1,6 +1,8 @@
 #include "gui/CalendarMaking.h"
 #include "gui/ClientFixture.h"
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWTask.h"
+#include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "support/TestMain.h"
 #include "views/calendar/CalendarPane.h"
 #include "views/calendar/CalendarTray.h"
@@ -290,6 +292,30 @@ private Q_SLOTS:
         const int column = static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width();
         choose(u"Show Weekends"_s);
         QTRY_VERIFY(static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width() > column);
+    }
+
+    void aCalendarIsHiddenInTheMenu()
+    {
+        KWCalSubscriptionModel holidays;
+        holidays.userID = m_client->kit().account().currentUserID();
+        holidays.name = u"Rain & shine"_s;
+        QVERIFY(KWCoreDataService{m_client->kit().manager()}.sync_save(
+            [&](ObjectContext &context) -> Result<void> {
+                holidays = context.insert<KWCalSubscription>(holidays).model();
+                return {};
+            }));
+        openWeek();
+        QTest::mouseClick(&m_client->find<QWidget>("calendarMenuButton"), Qt::LeftButton);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu && menu->findChild<QMenu *>());
+        QAction *calendar = menu->findChild<QMenu *>()->actions().value(0);
+        QCOMPARE(calendar->text(), u"Rain && shine"_s);
+        QVERIFY(calendar->isChecked());
+        calendar->trigger();
+        menu->close();
+        const KWCalendarDisplayConfigurationManager stored{m_client->kit().manager(),
+                                                           m_client->kit().center(), holidays.userID};
+        QCOMPARE(stored.configuration().hiddenCalendars, QStringList{holidays.sid});
     }
 
     void eventsAreToldOfAndStay()

@@ -4,7 +4,7 @@
 
 #include <QMenu>
 
-void CalendarMenu::fill(QMenu &menu, const KWCalendarDisplayConfigurationModel &now, bool isTrayShown)
+void CalendarMenu::fill(QMenu &menu, const Now &now)
 {
     using Configuration = KWCalendarDisplayConfigurationModel;
     const std::pair<const char *, bool Configuration::*> switches[] = {
@@ -17,18 +17,36 @@ void CalendarMenu::fill(QMenu &menu, const KWCalendarDisplayConfigurationModel &
     for (const auto &[title, part] : switches) {
         QAction *action = menu.addAction(KWLocalizedString(title));
         action->setCheckable(true);
-        action->setChecked(now.*part);
-        connect(action, &QAction::triggered, this, [this, now, part = part](bool isOn) {
-            Configuration other = now;
-            other.*part = isOn;
-            Q_EMIT chosen(other);
-        });
+        action->setChecked(now.configuration.*part);
+        connect(action, &QAction::triggered, this,
+                [this, configuration = now.configuration, part = part](bool isOn) {
+                    Configuration other = configuration;
+                    other.*part = isOn;
+                    Q_EMIT chosen(other);
+                });
     }
+    if (!now.calendars.isEmpty()) addCalendars(*menu.addMenu(KWLocalizedString("Calendars")), now);
     menu.addSeparator();
     QAction *tray = menu.addAction(KWLocalizedString("Tasks Without a Date"));
     tray->setCheckable(true);
-    tray->setChecked(isTrayShown);
+    tray->setChecked(now.isTrayShown);
     connect(tray, &QAction::triggered, this, &CalendarMenu::trayToggled);
     connect(menu.addAction(KWLocalizedString("Go to Date…")), &QAction::triggered, this,
             &CalendarMenu::dateAsked);
+}
+
+void CalendarMenu::addCalendars(QMenu &menu, const Now &now)
+{
+    for (const Calendar &each : now.calendars) {
+        QAction *action = menu.addAction(QString{each.name}.replace(u'&', QStringLiteral("&&")));
+        action->setCheckable(true);
+        action->setChecked(!now.configuration.hiddenCalendars.contains(each.id));
+        connect(action, &QAction::triggered, this,
+                [this, configuration = now.configuration, id = each.id](bool isShown) {
+                    KWCalendarDisplayConfigurationModel other = configuration;
+                    other.hiddenCalendars.removeAll(id);
+                    if (!isShown) other.hiddenCalendars.append(id);
+                    Q_EMIT chosen(other);
+                });
+    }
 }

@@ -13,11 +13,23 @@ class CalendarMenu : public QObject {
 public:
     using QObject::QObject;
 
+    struct Calendar {
+        QString id;
+        QString name;
+    };
+    struct Now {
+        KWCalendarDisplayConfigurationModel configuration;
+        QList<Calendar> calendars; ///< that are subscribed to
+        bool isTrayShown = false;
+    };
     /// Adds what can be chosen to the menu, as it is now.
-    void fill(QMenu &menu, const KWCalendarDisplayConfigurationModel &now, bool isTrayShown);
+    void fill(QMenu &menu, const Now &now);
 
 Q_SIGNALS:
     void chosen(const KWCalendarDisplayConfigurationModel &configuration);
     void trayToggled(bool isShown);
     void dateAsked();
+
+private:
+    void addCalendars(QMenu &menu, const Now &now);
 };

@@ -1,6 +1,7 @@
 #include "views/calendar/CalendarNavigator.h"
 
 #include "model/OrvaneKit.h"
+#include "model/records/KWCalSubscription.h"
 #include "views/calendar/CalendarHeader.h"
 #include "views/calendar/CalendarPane.h"
 #include "views/controls/MenuPlace.h"
@@ -127,7 +128,11 @@ void CalendarNavigator::openMenu()
     QWidget &button = m_pane.header().menuButton();
     auto *menu = new QMenu{&button};
     menu->setObjectName(QStringLiteral("calendarMenu"));
-    m_menu.fill(*menu, configurations().configuration(), m_pane.isTrayShown());
+    CalendarMenu::Now now{configurations().configuration(), {}, m_pane.isTrayShown()};
+    for (const KWCalSubscription *each :
+         KWCalSubscription::findSubscriptionsOfUser(m_kit.account().currentUserID(), m_kit.context()))
+        now.calendars.append({each->sid(), (*each)->name});
+    m_menu.fill(*menu, now);
     popUpAt(button.rect(), button, Qt::BottomEdge, *menu);
 }
 
