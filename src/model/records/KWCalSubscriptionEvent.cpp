@@ -12,7 +12,10 @@ namespace {
 // Longer ones have an index of their own, so that those before a day need not be walked from the first on.
 constexpr std::chrono::milliseconds longestInOrder = std::chrono::days{32};
 
-#define NOT_HIDDEN " AND isDeleted = 0 AND subscriptionID NOT IN (SELECT value FROM json_each(?))"
+// Calendars that were deleted may come back, so their events are still there.
+#define OF_A_CALENDAR                                                                                        \
+    " AND isDeleted = 0 AND subscriptionID IN (SELECT sid FROM calSubscriptions WHERE isDeleted = 0)"
+#define OF_A_SHOWN_CALENDAR OF_A_CALENDAR " AND subscriptionID NOT IN (SELECT value FROM json_each(?))"
 
 } // namespace
 
@@ -24,7 +27,7 @@ KWCalSubscriptionEvent::eventsWillRepeatOfUser(const QString &userID, ObjectCont
             "SELECT sid, startDate, endDate, isAllDay, iif(isAllDay OR isFloating, '', timeZone), "
             "repeatRule, "
             "exDates FROM calSubscriptionEvents INDEXED BY repeatingCalSubscriptionEvents "
-            "WHERE userID = ? AND repeatRule <> '' AND isDeleted = 0 ORDER BY id");
+            "WHERE userID = ? AND repeatRule <> ''" OF_A_CALENDAR " ORDER BY id");
         statement.bind({userID});
         std::vector<Repeating> events;
         while (statement->executeStep()) {
@@ -52,16 +55,17 @@ KWCalSubscriptionEvent::eventsOfUser(const QString &userID, Instant betweenStart
     // What has no length takes place at its start.
     QList<KWCalSubscriptionEventModel> events = context.models<KWCalSubscriptionEvent>(
         {.where = "userID = ? AND startDate >= ? AND startDate < ? AND (endDate > ? OR startDate >= ?) AND "
-                  "endDate - startDate <= 2764800000" NOT_HIDDEN,
+                  "endDate - startDate <= 2764800000" OF_A_SHOWN_CALENDAR,
          .values = {userID, storedInstant(betweenStartDate - longestInOrder), end, start, start, hidden},
          .index = "calSubscriptionEventsByStart"});
     events += context.models<KWCalSubscriptionEvent>(
-        {.where =
-             "userID = ? AND endDate > ? AND startDate < ? AND endDate - startDate > 2764800000" NOT_HIDDEN,
+        {.where = "userID = ? AND endDate > ? AND startDate < ? AND endDate - startDate > "
+                  "2764800000" OF_A_SHOWN_CALENDAR,
          .values = {userID, start, end, hidden},
          .index = "longCalSubscriptionEvents"});
     std::ranges::stable_sort(events, {}, &KWCalSubscriptionEventModel::startDate);
     return events;
 }
 
-#undef NOT_HIDDEN
+#undef OF_A_SHOWN_CALENDAR
+#undef OF_A_CALENDAR

@@ -35,3 +35,14 @@ KWCalendarDisplayConfigurationManager::save(const KWCalendarDisplayConfiguration
     if (saved) m_center.post(KWCalendarDisplayConfigurationDidChangeNotification);
     return saved;
 }
+
+Result<void> KWCalendarDisplayConfigurationManager::setShowsCalendar(bool shows,
+                                                                     const QString &subscriptionID)
+{
+    KWCalendarDisplayConfigurationModel changed = configuration();
+    changed.hiddenCalendars.removeAll(subscriptionID);
+    if (!shows) changed.hiddenCalendars.append(subscriptionID);
+    const Result<void> saved = save(changed);
+    if (saved) m_center.post(KWCalSubDisplayStatusDidChangeNotification);
+    return saved;
+}

@@ -16,6 +16,9 @@ public:
     KWCalendarDisplayConfigurationModel configuration() const;
     /// Saves it and posts "KWCalendarDisplayConfigurationDidChangeNotification".
     Result<void> save(const KWCalendarDisplayConfigurationModel &configuration);
+    /// Whether events of that subscribed calendar are shown. Posts
+    /// "KWCalSubDisplayStatusDidChangeNotification", too.
+    Result<void> setShowsCalendar(bool shows, const QString &subscriptionID);
 
 private:
     KWCoreDataManager &m_manager;

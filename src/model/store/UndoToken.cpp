@@ -1,6 +1,7 @@
 #include "model/store/UndoToken.h"
 
 #include "model/records/KWAttachment.h"
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
@@ -26,9 +27,10 @@ void forEachKind(Visitor &&visit)
         (visit(std::type_identity<Records>{}), ...);
     };
     visitAll(
-        std::type_identity<std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder,
-                                      KWTaskPrioritySortOrder, KWTaskProjectSortOrder, KWTaskTagSortOrder,
-                                      KWTaskPinnedSortOrder, KWProject, KWProjectGroup, KWTag, KWFilter>>{});
+        std::type_identity<
+            std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder, KWTaskPrioritySortOrder,
+                       KWTaskProjectSortOrder, KWTaskTagSortOrder, KWTaskPinnedSortOrder, KWProject,
+                       KWProjectGroup, KWTag, KWFilter, KWCalSubscription>>{});
 }
 
 // The fields that say what a record is, not where it stands with the service nor what follows from them.

@@ -2,6 +2,7 @@
 
 #include "corvexkit/Result.h"
 #include "model/records/KWAttachmentModel.h"
+#include "model/records/KWCalSubscriptionModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWFilterModel.h"
 #include "model/records/KWProjectGroupModel.h"
@@ -18,9 +19,9 @@
 class KWCoreDataManager;
 class ObjectContext;
 
-/// What one save does to tasks with their items, attachments and places in lists, and to lists, folders, tags
-/// and filters, by value, so that it can be taken back.
-/// A token that is made by default takes nothing back.
+/// What one save does to tasks with their items, attachments and places in lists, and to lists, folders,
+/// tags, filters and subscribed calendars, by value, so that it can be taken back. A token that is made by
+/// default takes nothing back.
 class UndoToken {
 public:
     UndoToken() = default;
@@ -50,6 +51,7 @@ private:
     using VersionsOf = std::tuple<QList<Versions<Twins>>...>;
     VersionsOf<KWTaskModel, KWChecklistItemModel, KWAttachmentModel, KWTaskDueDateSortOrderModel,
                KWTaskPrioritySortOrderModel, KWTaskProjectSortOrderModel, KWTaskTagSortOrderModel,
-               KWTaskPinnedSortOrderModel, KWProjectModel, KWProjectGroupModel, KWTagModel, KWFilterModel>
+               KWTaskPinnedSortOrderModel, KWProjectModel, KWProjectGroupModel, KWTagModel, KWFilterModel,
+               KWCalSubscriptionModel>
         m_versions;
 };
