@@ -8,6 +8,8 @@
 #include "views/controls/TextButton.h"
 #include "views/theme/Metrics.h"
 
+#include <QAbstractButton>
+#include <QEvent>
 #include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +53,10 @@ CalendarHeader::CalendarHeader(QWidget *parent)
          {static_cast<QWidget *>(m_kinds), static_cast<QWidget *>(m_tray), static_cast<QWidget *>(m_menu)})
         row->addWidget(each);
 
+    for (auto *each : findChildren<QAbstractButton *>()) {
+        each->setFocusPolicy(Qt::TabFocus);
+        each->installEventFilter(this);
+    }
     connect(before, &IconButton::clicked, this, [this] { Q_EMIT pagesTurned(-1); });
     connect(after, &IconButton::clicked, this, [this] { Q_EMIT pagesTurned(1); });
     connect(today, &TextButton::clicked, this, &CalendarHeader::todayRequested);
@@ -64,6 +70,12 @@ void CalendarHeader::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     m_tray->setVisible(width() >= Metrics::scaled(widthWithTray));
+}
+
+bool CalendarHeader::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonPress) Q_EMIT mousePressed();
+    return QWidget::eventFilter(watched, event);
 }
 
 void CalendarHeader::setPage(const CalendarPage &page)

@@ -9,7 +9,7 @@ class SegmentedControl;
 class CalendarTitle;
 
 /// The head of the calendar: which days are shown, what turns the pages, and how many days a page has. Where
-/// it is narrow the button of the tray goes: the menu has it too.
+/// it is narrow the button of the tray goes: the menu has it too. Its buttons take the keyboard by Tab alone.
 class CalendarHeader : public QWidget {
     Q_OBJECT
 
@@ -23,6 +23,7 @@ public:
     void setTrayShown(bool isShown);
 
 Q_SIGNALS:
+    void mousePressed(); ///< on one of the buttons, before it does anything
     void pagesTurned(int pages);
     void todayRequested();
     void kindPicked(CalendarPage::Kind kind);
@@ -31,6 +32,7 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     CalendarTitle *m_title;

@@ -40,6 +40,7 @@ CalendarPane::CalendarPane(CXClock &clock, QWidget *parent)
     column->addWidget(m_header);
     column->addLayout(row, 1);
     setFocusProxy(m_timeGrid);
+    connect(m_header, &CalendarHeader::mousePressed, this, [this] { view().setFocus(Qt::MouseFocusReason); });
     connect(m_header, &CalendarHeader::pagesTurned, this, &CalendarPane::pagesTurned);
     connect(m_header, &CalendarHeader::todayRequested, this, &CalendarPane::todayRequested);
     connect(m_header, &CalendarHeader::kindPicked, this, &CalendarPane::kindRequested);
