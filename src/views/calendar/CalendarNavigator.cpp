@@ -19,11 +19,9 @@ constexpr std::pair<CalendarPage::Kind, KWCalendarViewMode> modes[] = {
     {CalendarPage::Kind::Month, KWCalendarViewModeMonth},
 };
 
-CalendarView::Look lookOf(const KWCalendarDisplayConfigurationModel &configuration)
+DayColumns::Weekends weekendsOf(const KWCalendarDisplayConfigurationModel &configuration)
 {
-    using enum DayColumns::Weekends;
-    return {.weekends = configuration.showsWeekends ? Shown : Hidden,
-            .hasWeekNumbers = configuration.showsWeekNumbers};
+    return configuration.showsWeekends ? DayColumns::Weekends::Shown : DayColumns::Weekends::Hidden;
 }
 
 } // namespace
@@ -37,7 +35,10 @@ CalendarNavigator::CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepea
     connect(&m_loader, &CalendarPageLoader::succeeded, this, &CalendarNavigator::succeeded);
     connect(&m_pane, &CalendarPane::pagesTurned, this, &CalendarNavigator::turn);
     connect(&m_pane, &CalendarPane::dayRequested, this, &CalendarNavigator::goTo);
-    connect(&m_pane, &CalendarPane::todayRequested, this, [this] { goTo(m_loader.today()); });
+    connect(&m_pane, &CalendarPane::todayRequested, this, [this] {
+        m_isGoingToNow = true;
+        goTo(m_loader.today());
+    });
     connect(&m_pane, &CalendarPane::kindRequested, this, &CalendarNavigator::setKind);
     connect(&m_pane, &CalendarPane::dayOpened, this, [this](Day day) {
         m_day = day;
@@ -54,6 +55,14 @@ CalendarNavigator::CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepea
 KWCalendarDisplayConfigurationManager CalendarNavigator::configurations() const
 {
     return {m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()};
+}
+
+CalendarView::Look CalendarNavigator::look() const
+{
+    const KWCalendarDisplayConfigurationModel configuration = configurations().configuration();
+    return {.weekends = weekendsOf(configuration),
+            .hasWeekNumbers = configuration.showsWeekNumbers,
+            .firstWeekday = m_loader.firstWeekday()};
 }
 
 void CalendarNavigator::open()
@@ -102,6 +111,8 @@ void CalendarNavigator::turn(int pages)
 
 void CalendarNavigator::load()
 {
+    m_day =
+        DayColumns::nextShown(*m_day, m_kind, weekendsOf(configurations().configuration()), m_pane.locale());
     const CalendarPage page = CalendarPage::around(*m_day, m_kind, m_loader.firstWeekday());
     m_isGoing = true;
     // What is shown already is not told again.
@@ -111,7 +122,7 @@ void CalendarNavigator::load()
 
 void CalendarNavigator::take(const CalendarPageContent &content)
 {
-    m_pane.setLook(lookOf(configurations().configuration()));
+    m_pane.setLook(look());
     m_pane.showPage(content);
     if (m_isGoing) goToCurrent();
 }
@@ -121,6 +132,7 @@ void CalendarNavigator::goToCurrent()
     m_isGoing = false;
     CalendarView &view = m_pane.view();
     if (view.spot().day != *m_day) view.setSpot({.day = *m_day, .time = view.spot().time});
+    if (std::exchange(m_isGoingToNow, false)) view.revealNow();
 }
 
 void CalendarNavigator::openMenu()
@@ -140,7 +152,7 @@ void CalendarNavigator::save(const KWCalendarDisplayConfigurationModel &configur
 {
     if (const Result<void> saved = configurations().save(configuration); !saved)
         return Q_EMIT failed(saved.error().sentence);
-    m_pane.setLook(lookOf(configuration));
+    m_pane.setLook(look());
 }
 
 void CalendarNavigator::askForDate()

@@ -3,6 +3,7 @@
 #include "calendar/CalendarPageLoader.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "views/calendar/CalendarMenu.h"
+#include "views/calendar/CalendarView.h"
 
 class CalendarPane;
 class KWNotificationCenter;
@@ -35,6 +36,7 @@ private:
     void openMenu();
     void askForDate();
     KWCalendarDisplayConfigurationManager configurations() const;
+    CalendarView::Look look() const;
     void save(const KWCalendarDisplayConfigurationModel &configuration);
 
     CalendarPane &m_pane;
@@ -44,4 +46,5 @@ private:
     CalendarPage::Kind m_kind = CalendarPage::Kind::Week;
     std::optional<Day> m_day; // none before it is first shown
     bool m_isGoing = false;   // to that day, on a page that is not read yet
+    bool m_isGoingToNow = false;
 };

@@ -50,6 +50,7 @@ void CalendarView::setContent(const CalendarPageContent &content)
     m_columns = DayColumns{content.page, m_look.weekends, locale()};
     if (!content.page.holds(m_spot.day))
         m_spot.day = content.page.holds(content.today) ? content.today : content.page.begin;
+    m_spot.day = nearestShown(m_spot.day);
     m_selected = selected ? indexOf(*selected) : std::nullopt;
     CalendarAccessible::forgetItems(*this);
     arrange();
@@ -60,7 +61,24 @@ void CalendarView::setLook(const Look &look)
 {
     if (std::exchange(m_look, look) == look) return;
     m_columns = DayColumns{m_content.page, m_look.weekends, locale()};
+    m_spot.day = nearestShown(m_spot.day);
     arrange();
+}
+
+bool CalendarView::isShown(Day day) const
+{
+    return DayColumns::show(day, m_content.page.kind, m_look.weekends, locale());
+}
+
+Day CalendarView::nearestShown(Day day) const
+{
+    if (!m_content.page.holds(day)) return day;
+    Day next = DayColumns::nextShown(day, m_content.page.kind, m_look.weekends, locale());
+    while (next > day && !m_content.page.holds(next))
+        --next;
+    while (next > m_content.page.firstDay && !isShown(next))
+        --next;
+    return next;
 }
 
 void CalendarView::arrange()
@@ -111,8 +129,7 @@ void CalendarView::select(std::size_t item)
 {
     const CalendarItem &selected = m_content.items[item];
     const ItemDays days = ItemDays::of(selected);
-    if (!days.hold(m_spot.day))
-        m_spot.day = std::clamp(days.first, m_content.page.firstDay, m_content.page.endDay());
+    if (!days.hold(m_spot.day)) m_spot.day = nearestShown(std::max(days.first, m_content.page.firstDay));
     setSelected(item);
     reveal();
     tellCurrent();
@@ -121,6 +138,7 @@ void CalendarView::select(std::size_t item)
 void CalendarView::setSpot(const CalendarSpot &spot)
 {
     m_spot = spot;
+    m_spot.day = nearestShown(spot.day);
     setSelected(std::nullopt);
     viewport()->update();
     reveal();

@@ -24,6 +24,7 @@ public:
     struct Look {
         DayColumns::Weekends weekends = DayColumns::Weekends::Shown;
         bool hasWeekNumbers = false;
+        std::chrono::weekday firstWeekday = std::chrono::Monday; // of the weeks that are numbered
 
         bool operator==(const Look &) const = default;
     };
@@ -37,7 +38,7 @@ public:
 
     /// Where something new would be made.
     const CalendarSpot &spot() const { return m_spot; }
-    /// Nothing is selected then.
+    /// Nothing is selected then. Where the day is not shown it is the next one that is.
     void setSpot(const CalendarSpot &spot);
     /// An index among the items of the page.
     std::optional<std::size_t> selected() const { return m_selected; }
@@ -47,6 +48,8 @@ public:
     const CalendarPlaces &places() const { return m_places; }
     /// Where the item is in the viewport; empty while it is out of sight.
     QRect boundsOf(std::size_t item) const;
+    /// Scrolls so that the present time can be seen, where hours are shown.
+    virtual void revealNow() {}
     /// Opens the field for a title at the current spot.
     void createHere();
 
@@ -85,6 +88,9 @@ protected:
     QRect visual(const QRect &bounds) const;
     QPoint visual(const QPoint &point) const;
     void goToDay(Day day);
+    bool isShown(Day day) const; ///< not hidden as one of a weekend; of another page too
+    /// The day itself or the next one that is shown, if the page has one, else the last one before.
+    Day nearestShown(Day day) const;
     bool isSpotShown() const { return hasFocus() && !m_selected && !m_title; }
 
     bool viewportEvent(QEvent *event) override;

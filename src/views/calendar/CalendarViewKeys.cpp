@@ -91,8 +91,7 @@ void CalendarView::stepDays(int days)
     constexpr int mostHidden = 7;
     for (int i = 0; i < mostHidden; ++i) {
         day += std::chrono::days{days};
-        const auto index = int((day - m_content.page.firstDay).count());
-        if (!m_content.page.holds(day) || m_columns.columnOf(index % 7)) break;
+        if (isShown(day)) break;
     }
     goToDay(day);
 }

@@ -65,8 +65,9 @@ QString CalendarWording::spoken(const CalendarItem &item, const QLocale &locale)
     return parts.join(u", "_s);
 }
 
-int CalendarWording::weekNumber(Day firstDay)
+int CalendarWording::weekNumber(Day day, weekday firstWeekday)
 {
+    const Day firstDay = CalendarPage::around(day, CalendarPage::Kind::Week, firstWeekday).begin;
     // A week that begins on any day has the Thursday of its ISO week in it, but for one that begins on Friday
     // or later: most of that is in the week after.
     return dateOf(firstDay + days{3}).weekNumber();

@@ -18,7 +18,8 @@ QString shortTitle(const CalendarPage &page, const QLocale &locale);
 QString time(const CalendarItem &item, const QLocale &locale);
 /// All that a screen reader says of an item: "Weekly plan, Monday 16 November, 16:00 to 17:00, repeats".
 QString spoken(const CalendarItem &item, const QLocale &locale);
-/// The number of the week that most of these days are in, as ISO 8601 counts them.
-int weekNumber(Day firstDay);
+/// The number of the week that the day is in, where weeks begin on `firstWeekday`: what ISO 8601 counts for
+/// most of its days.
+int weekNumber(Day day, std::chrono::weekday firstWeekday);
 
 } // namespace CalendarWording

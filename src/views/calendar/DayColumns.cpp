@@ -1,18 +1,28 @@
 #include "views/calendar/DayColumns.h"
 
-#include "calendar/CalendarPage.h"
 #include "views/wording/CalendarDay.h"
 
 #include <algorithm>
 
 DayColumns::DayColumns(const CalendarPage &page, Weekends weekends, const QLocale &locale)
 {
-    const QList<Qt::DayOfWeek> working = locale.weekdays();
-    for (int day = 0; day < std::min(page.dayCount, 7); ++day) {
-        const auto weekday = Qt::DayOfWeek(dateOf(page.firstDay + std::chrono::days{day}).dayOfWeek());
-        if (weekends == Weekends::Shown || page.dayCount == 1 || working.contains(weekday))
-            m_days.push_back(day);
-    }
+    for (int day = 0; day < std::min(page.dayCount, 7); ++day)
+        if (show(page.firstDay + std::chrono::days{day}, page.kind, weekends, locale)) m_days.push_back(day);
+}
+
+bool DayColumns::show(Day day, CalendarPage::Kind kind, Weekends weekends, const QLocale &locale)
+{
+    const auto weekday = Qt::DayOfWeek(dateOf(day).dayOfWeek());
+    return weekends == Weekends::Shown || kind == CalendarPage::Kind::SingleDay ||
+           locale.weekdays().contains(weekday);
+}
+
+Day DayColumns::nextShown(Day day, CalendarPage::Kind kind, Weekends weekends, const QLocale &locale)
+{
+    for (int later = 0; later < 7; ++later)
+        if (const Day other = day + std::chrono::days{later}; show(other, kind, weekends, locale))
+            return other;
+    return day;
 }
 
 void DayColumns::place(int left, int width)

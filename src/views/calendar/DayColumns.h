@@ -1,12 +1,12 @@
 #pragma once
 
+#include "calendar/CalendarPage.h"
+
 #include <QLocale>
 #include <QRect>
 
 #include <optional>
 #include <vector>
-
-struct CalendarPage;
 
 /// Which days of a row stand beside each other, and where. Days are counted from the first of the row; places
 /// run from left to right, whatever the direction of the text.
@@ -17,6 +17,10 @@ public:
     DayColumns() = default;
     /// The days of a week, or a day alone, which is there even on a weekend.
     DayColumns(const CalendarPage &page, Weekends weekends, const QLocale &locale);
+    /// Whether such a row has a column for the day, which may be of another page.
+    static bool show(Day day, CalendarPage::Kind kind, Weekends weekends, const QLocale &locale);
+    /// The day itself, or the next one that is shown.
+    static Day nextShown(Day day, CalendarPage::Kind kind, Weekends weekends, const QLocale &locale);
 
     /// From `left` on, that many pixels.
     void place(int left, int width);

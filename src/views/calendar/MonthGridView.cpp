@@ -55,7 +55,8 @@ void MonthGridView::paintBehind(QPainter &painter) const
         const QRect first = m_geometry.cell(week, 0);
         painter.fillRect(QRect{0, first.top(), viewport()->width(), 1}, theme.hairline);
         if (look().hasWeekNumbers) {
-            const int number = CalendarWording::weekNumber(content().page.firstDay + days{weekDays * week});
+            const Day firstDay = content().page.firstDay + days{weekDays * week};
+            const int number = CalendarWording::weekNumber(firstDay, look().firstWeekday);
             const QRect line = m_geometry.dayNumber(week, 0);
             painter.setPen(theme.faintText);
             Fonts::drawLine(painter, Fonts::Role::Caption,

@@ -34,7 +34,7 @@ void TimeGridView::paintBehind(QPainter &painter) const
                     QStyle::visualAlignment(layoutDirection(), Qt::AlignRight), KWLocalizedString("all day"));
     if (look().hasWeekNumbers) {
         const QRect head{0, 0, m_geometry.gutter() - hourNameGap, m_geometry.head(0).height()};
-        const int week = CalendarWording::weekNumber(content().page.firstDay);
+        const int week = CalendarWording::weekNumber(content().page.firstDay, look().firstWeekday);
         Fonts::drawLine(painter, Fonts::Role::Caption, visual(head),
                         QStyle::visualAlignment(layoutDirection(), Qt::AlignRight),
                         KWLocalizedString("W %1").arg(locale().toString(week)));

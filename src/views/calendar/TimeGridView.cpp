@@ -97,6 +97,17 @@ void TimeGridView::reveal()
                                       hours.bottom());
 }
 
+// With an hour before it, and as much behind it as there is room for.
+void TimeGridView::revealNow()
+{
+    if (shownDays().count() == 0) return;
+    const LocalTime now = m_clock.localNow();
+    const minutes time = floor<minutes>(now - floor<days>(now));
+    const QRect hours = m_geometry.hours();
+    if (m_geometry.yOf(time) < hours.top() || m_geometry.yOf(time) > hours.bottom())
+        verticalScrollBar()->setValue(m_geometry.offsetOf(std::max(time - 1h, 0min)));
+}
+
 void TimeGridView::scrollFor(const QPoint &point)
 {
     const QRect hours = m_geometry.hours();

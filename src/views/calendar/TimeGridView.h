@@ -14,6 +14,7 @@ public:
     /// Both outlive it.
     TimeGridView(CalendarEdits &edits, CXClock &clock, QWidget *parent = nullptr);
 
+    void revealNow() override;
     const TimeGridGeometry &geometryOfPage() const { return m_geometry; }
 
 protected:
