@@ -14,6 +14,7 @@
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -149,6 +150,48 @@ private Q_SLOTS:
         m_client->restart();
         QVERIFY(m_client->window()->isCalendarShown());
         QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::Month);
+    }
+
+    void keysGoOnAfterAPressInTheHead()
+    {
+        openWeek();
+        for (const char *each : {"calendarAfter", "calendarToday", "calendarTrayButton"}) {
+            auto &button = m_client->find<QWidget>(each);
+            button.setFocus(Qt::TabFocusReason);
+            QVERIFY(button.hasFocus());
+            QTest::mouseClick(&button, Qt::LeftButton);
+            QVERIFY2(view().hasFocus(), each);
+        }
+        auto &grid = static_cast<TimeGridView &>(view());
+        grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
+        m_client->press(Qt::Key_T);
+        const TimeGridGeometry &now = grid.geometryOfPage();
+        QTRY_VERIFY(now.hours().contains(QPoint{0, now.yOf(9h)}));
+    }
+
+    void hiddenDaysAreNeverCurrent()
+    {
+        KWCalendarDisplayConfigurationManager stored{m_client->kit().manager(), m_client->kit().center(),
+                                                     m_client->kit().account().currentUserID()};
+        auto configuration = stored.configuration();
+        configuration.showsWeekends = false;
+        QVERIFY(stored.save(configuration));
+        m_client->clock.advance(72h); // to a Saturday
+        openWeek();
+        m_client->press(Qt::Key_T);
+        QTRY_COMPARE(view().spot().day, november(23));
+        m_client->press(Qt::Key_Left);
+        QTRY_COMPARE(view().spot().day, november(20));
+        view().setSpot({.day = november(21), .time = 11h});
+        QCOMPARE(view().spot().day, november(20)); // the page ends with it
+        m_client->press(Qt::Key_N);
+        m_client->type(u"Call"_s);
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(taskNamed(u"Call"_s).startDate, at("2026-11-20 11:00"));
+        m_client->press(Qt::Key_D);
+        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::SingleDay);
+        m_client->press(Qt::Key_Right);
+        QTRY_COMPARE(view().spot().day, november(21)); // alone it is shown
     }
 
     void aDragIsStoredAndTakenBack()
