@@ -65,6 +65,15 @@ class CalendarPane_test : public QObject {
         texts.sort();
         return texts.join(u' ');
     }
+    /// "Walk 18:14".
+    QString selectedText() const
+    {
+        const CalendarItem *item = view().selectedItem();
+        if (!item) return {};
+        const Day day = floor<days>(item->start);
+        return item->title +
+               u" %1:%2"_s.arg((day - november(0)).count()).arg(floor<hours>(item->start - day).count());
+    }
     /// In the menu that has just opened.
     void chooseInMenu(const QString &text) const
     {
@@ -224,7 +233,7 @@ private Q_SLOTS:
         QCOMPARE(made.startDate, at("2026-11-19 11:00"));
         QCOMPARE(made.endDate, at("2026-11-19 12:00"));
         QCOMPARE(made.priority, KWTaskPriorityHigh);
-        QTRY_VERIFY(titles().contains(u"Call tomorrow"_s));
+        QTRY_COMPARE(selectedText(), u"Call tomorrow 19:11"_s);
         QVERIFY(view().hasFocus());
     }
 
@@ -265,12 +274,15 @@ private Q_SLOTS:
         dragBy(0, 3);
         chooseInMenu(u"Only This One"_s);
         QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:13 21:10 22:10"_s);
+        QCOMPARE(selectedText(), u"Stand up 20:13"_s);
+        QVERIFY2(message().startsWith(u"Date: "_s), qPrintable(message()));
         m_client->press(Qt::Key_Z, Qt::ControlModifier);
         QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:10 21:10 22:10"_s);
         selectOn(november(20));
         dragBy(0, 3);
         chooseInMenu(u"This and Later Ones"_s);
         QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:13 21:13 22:13"_s);
+        QTRY_COMPARE(selectedText(), u"Stand up 20:13"_s);
     }
 
     void oneDateOfARepeatingTaskIsLeftOut()
@@ -291,6 +303,7 @@ private Q_SLOTS:
             return item.isClosed && item.start == LocalTime{november(19)} + 10h;
         }));
         QCOMPARE(taskNamed(u"Stand up"_s).status, KWTaskStatusOpen);
+        QCOMPARE(selectedText(), u"Stand up 19:10"_s);
     }
 
     void theMenuOfAnItemKnowsItsOccurrence()

@@ -207,6 +207,10 @@ private Q_SLOTS:
             QDragMoveEvent over{place, Qt::MoveAction, data.get(), Qt::LeftButton, {}};
             QCoreApplication::sendEvent(m_view->viewport(), &over);
             QVERIFY(over.isAccepted());
+            const QImage ghost = m_view->grab().toImage();
+            data->setText(u"Another"_s);
+            QCoreApplication::sendEvent(m_view->viewport(), &over);
+            QVERIFY(m_view->grab().toImage() != ghost); // it bears the title
             QDropEvent drop{QPointF{place}, Qt::MoveAction, data.get(), Qt::LeftButton, {}};
             QCoreApplication::sendEvent(m_view->viewport(), &drop);
             QCOMPARE(drops.count(), 1);

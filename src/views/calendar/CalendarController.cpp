@@ -69,8 +69,10 @@ void CalendarController::move(const CalendarItem &item, const CalendarItem &ther
         if (hasLength(there)) to.endDate = dateOf(there.end, there).date;
         const TaskOccurrence occurrence = occurrenceOf(item);
         return m_occurrences.askScope(
-            occurrence, QCursor::pos(),
-            [this, occurrence, to](OccurrenceScope scope) { m_occurrences.move(occurrence, scope, to); });
+            occurrence, QCursor::pos(), [this, occurrence, to, there](OccurrenceScope scope) {
+                if (const auto taskID = m_occurrences.move(occurrence, scope, to, whenText(there)))
+                    m_pane.view().selectOnceThere(*taskID, there.start);
+            });
     }
     const Result<UndoToken> done = item.kind == CalendarItem::Kind::ChecklistItem
                                        ? m_editor.setItemDate(item.entityID, dateOf(there.start, there))
@@ -134,15 +136,15 @@ void CalendarController::create(const QString &title, const CalendarItem &there)
     const auto made = m_rooms.newTasks.save(draft);
     if (!made) return Q_EMIT failed(made.error().sentence);
     report({made->undo}, KWLocalizedString("Task added"));
+    m_pane.view().selectOnceThere(made->tasks.first().sid, there.start);
 }
 
 void CalendarController::complete(const CalendarItem &item)
 {
     if (refuses(item)) return;
-    if (item.occurrence)
-        m_occurrences.close(occurrenceOf(item), KWTaskStatusCompleted);
-    else
-        m_rooms.actions.tick({item.entityID});
+    if (!item.occurrence) return m_rooms.actions.tick({item.entityID});
+    if (const auto taskID = m_occurrences.close(occurrenceOf(item), KWTaskStatusCompleted))
+        m_pane.view().selectOnceThere(*taskID, item.start);
 }
 
 void CalendarController::remove(const CalendarItem &item)

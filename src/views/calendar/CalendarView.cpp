@@ -1,7 +1,6 @@
 #include "views/calendar/CalendarView.h"
 
 #include "views/calendar/CalendarAccessible.h"
-#include "views/calendar/CalendarDrag.h"
 #include "views/calendar/CalendarWording.h"
 #include "views/calendar/ItemDays.h"
 #include "views/calendar/ItemPainter.h"
@@ -54,6 +53,8 @@ void CalendarView::setContent(const CalendarPageContent &content)
     m_selected = selected ? indexOf(*selected) : std::nullopt;
     CalendarAccessible::forgetItems(*this);
     arrange();
+    const auto awaited = m_awaited ? indexOf(*m_awaited) : std::nullopt;
+    if (awaited && awaited != m_selected) return select(*awaited);
     if (selected && (!m_selected || *selected != *selectedItem())) Q_EMIT selectionChanged();
 }
 
@@ -97,6 +98,23 @@ std::optional<std::size_t> CalendarView::indexOf(const CalendarItem &item) const
     return std::size_t(found - m_content.items.begin());
 }
 
+std::optional<std::size_t> CalendarView::indexOf(const Awaited &awaited) const
+{
+    const auto found = std::ranges::find_if(m_content.items, [&awaited](const CalendarItem &each) {
+        return each.kind == CalendarItem::Kind::Task && each.taskID == awaited.taskID &&
+               each.start == awaited.start;
+    });
+    if (found == m_content.items.end()) return std::nullopt;
+    return std::size_t(found - m_content.items.begin());
+}
+
+void CalendarView::selectOnceThere(const QString &taskID, LocalTime start)
+{
+    m_awaited = Awaited{taskID, start};
+    const auto found = indexOf(*m_awaited);
+    if (found) select(*found);
+}
+
 // In the order in which the keyboard goes through them: from top to bottom.
 std::vector<std::size_t> CalendarView::itemsOn(Day day) const
 {
@@ -120,6 +138,7 @@ const CalendarItem *CalendarView::selectedItem() const
 
 void CalendarView::setSelected(std::optional<std::size_t> item)
 {
+    m_awaited.reset();
     if (std::exchange(m_selected, item) == item) return;
     viewport()->update();
     Q_EMIT selectionChanged();
@@ -227,7 +246,7 @@ void CalendarView::paintEvent(QPaintEvent *)
     paintAbove(painter);
     if (m_drag && m_drag->there) paintGhost(painter, *m_drag->there);
     if (m_made) paintGhost(painter, *m_made);
-    if (m_dropSpot) paintGhost(painter, CalendarDrag::newAt(*m_dropSpot));
+    if (m_dropped) paintGhost(painter, *m_dropped);
 }
 
 void CalendarView::paintItem(QPainter &painter, const ItemPlace &place, const CalendarItem &item,

@@ -43,6 +43,8 @@ public:
     /// An index among the items of the page.
     std::optional<std::size_t> selected() const { return m_selected; }
     void select(std::size_t item);
+    /// Selects what starts there of the task as soon as the page has it, but for what is selected meanwhile.
+    void selectOnceThere(const QString &taskID, LocalTime start);
     const CalendarItem *selectedItem() const;
 
     const CalendarPlaces &places() const { return m_places; }
@@ -118,7 +120,12 @@ private:
         std::optional<CalendarItem> item{};  // that is dragged
         std::optional<CalendarItem> there{}; // once it has begun
     };
+    struct Awaited {
+        QString taskID;
+        LocalTime start;
+    };
     std::optional<std::size_t> indexOf(const CalendarItem &item) const;
+    std::optional<std::size_t> indexOf(const Awaited &awaited) const;
     std::vector<std::size_t> itemsOn(Day day) const;
     void setSelected(std::optional<std::size_t> item);
     void tellCurrent();
@@ -143,8 +150,9 @@ private:
     CalendarPlaces m_places;
     CalendarSpot m_spot;
     std::optional<std::size_t> m_selected;
+    std::optional<Awaited> m_awaited;
     std::optional<Drag> m_drag;
-    std::optional<CalendarSpot> m_dropSpot;
-    std::optional<CalendarItem> m_made; // while its title is typed
+    std::optional<CalendarItem> m_dropped; // where it would be
+    std::optional<CalendarItem> m_made;    // while its title is typed
     TitleField *m_title = nullptr;
 };

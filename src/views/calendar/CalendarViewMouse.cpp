@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 
 namespace {
@@ -125,22 +126,26 @@ void CalendarView::dragEnterEvent(QDragEnterEvent *event) { dragMoveEvent(event)
 
 void CalendarView::dragMoveEvent(QDragMoveEvent *event)
 {
-    m_dropSpot = TaskMimeData::idsIn(*event->mimeData()).isEmpty() || m_columns.count() == 0
-                     ? std::nullopt
-                     : spotAt(visual(event->position().toPoint()));
+    m_dropped.reset();
+    const bool hasTasks = m_columns.count() > 0 && !TaskMimeData::idsIn(*event->mimeData()).isEmpty();
+    if (const auto spot = hasTasks ? spotAt(visual(event->position().toPoint())) : std::nullopt) {
+        m_dropped = CalendarDrag::newAt(*spot);
+        m_dropped->title = event->mimeData()->text().replace(u'\n', QStringLiteral(", "));
+    }
     viewport()->update();
-    event->setAccepted(m_dropSpot.has_value());
+    event->setAccepted(m_dropped.has_value());
 }
 
 void CalendarView::dragLeaveEvent(QDragLeaveEvent *)
 {
-    m_dropSpot.reset();
+    m_dropped.reset();
     viewport()->update();
 }
 
 void CalendarView::dropEvent(QDropEvent *event)
 {
-    const auto spot = std::exchange(m_dropSpot, std::nullopt);
+    const bool isTaken = std::exchange(m_dropped, std::nullopt).has_value();
+    const auto spot = isTaken ? spotAt(visual(event->position().toPoint())) : std::nullopt;
     viewport()->update();
     event->setAccepted(spot.has_value());
     if (spot) Q_EMIT m_edits.scheduleRequested(TaskMimeData::idsIn(*event->mimeData()), *spot);

@@ -49,10 +49,15 @@ void OccurrenceActions::askScope(const TaskOccurrence &occurrence, const QPoint 
     menu->popup(position);
 }
 
-void OccurrenceActions::report(const Result<TaskOccurrences::Changed> &done, const QString &message)
+std::optional<QString> OccurrenceActions::report(const Result<TaskOccurrences::Changed> &done,
+                                                 const QString &message)
 {
-    if (!done) return m_common.report(done.error(), {}, {});
+    if (!done) {
+        m_common.report(done.error(), {}, {});
+        return std::nullopt;
+    }
     m_common.report(done->undo, {done->taskID}, message);
+    return done->taskID;
 }
 
 void OccurrenceActions::skip(const TaskOccurrence &occurrence)
@@ -60,10 +65,10 @@ void OccurrenceActions::skip(const TaskOccurrence &occurrence)
     m_common.report(m_occurrences.skip(occurrence), {occurrence.taskID}, tr("Skipped"));
 }
 
-void OccurrenceActions::close(const TaskOccurrence &occurrence, KWTaskStatus status)
+std::optional<QString> OccurrenceActions::close(const TaskOccurrence &occurrence, KWTaskStatus status)
 {
-    report(m_occurrences.close(occurrence, status),
-           status == KWTaskStatusAbandoned ? tr("Abandoned") : tr("Completed"));
+    return report(m_occurrences.close(occurrence, status),
+                  status == KWTaskStatusAbandoned ? tr("Abandoned") : tr("Completed"));
 }
 
 void OccurrenceActions::part(const TaskOccurrence &occurrence, OccurrenceScope scope)
@@ -71,10 +76,10 @@ void OccurrenceActions::part(const TaskOccurrence &occurrence, OccurrenceScope s
     report(m_occurrences.part(occurrence, scope), tr("A task of its own now"));
 }
 
-void OccurrenceActions::move(const TaskOccurrence &occurrence, OccurrenceScope scope,
-                             const TaskOccurrences::Dates &to)
+std::optional<QString> OccurrenceActions::move(const TaskOccurrence &occurrence, OccurrenceScope scope,
+                                               const TaskOccurrences::Dates &to, const QString &message)
 {
-    report(m_occurrences.move(occurrence, scope, to), tr("Moved"));
+    return report(m_occurrences.move(occurrence, scope, to), message);
 }
 
 void OccurrenceActions::endWith(const TaskOccurrence &occurrence)

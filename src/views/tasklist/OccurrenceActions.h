@@ -22,9 +22,12 @@ public:
     void addTo(QMenu &menu, const TaskOccurrence &occurrence);
 
     void skip(const TaskOccurrence &occurrence);
-    void close(const TaskOccurrence &occurrence, KWTaskStatus status);
+    /// Answers with the task that stands there then; nothing where it could not be done, which is told.
+    std::optional<QString> close(const TaskOccurrence &occurrence, KWTaskStatus status);
     void part(const TaskOccurrence &occurrence, OccurrenceScope scope);
-    void move(const TaskOccurrence &occurrence, OccurrenceScope scope, const TaskOccurrences::Dates &to);
+    /// Likewise; `message` tells of it.
+    std::optional<QString> move(const TaskOccurrence &occurrence, OccurrenceScope scope,
+                                const TaskOccurrences::Dates &to, const QString &message);
     void endWith(const TaskOccurrence &occurrence);
     /// It and the later ones go; with the first one that is the task.
     void removeFrom(const TaskOccurrence &occurrence);
@@ -36,7 +39,7 @@ public:
                   const std::function<void(OccurrenceScope)> &chosen);
 
 private:
-    void report(const Result<TaskOccurrences::Changed> &done, const QString &message);
+    std::optional<QString> report(const Result<TaskOccurrences::Changed> &done, const QString &message);
 
     KWCoreDataManager &m_manager;
     BatchActions &m_common;
