@@ -113,6 +113,8 @@ private Q_SLOTS:
             const CalendarPlaces places = timeGrid(content, weekends, size).places(content);
             verifyPlaces(places);
             QCOMPARE(counted(places), count);
+            for (const ItemPlace &each : places.items) // wide enough to be read, where the window is
+                QVERIFY(size.width() < 1000 || each.bounds.width() > 32);
             QVERIFY(count > 1 || places.more.empty());
         }
     }

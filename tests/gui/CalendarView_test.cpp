@@ -15,6 +15,7 @@
 #include <QTime>
 
 #include <memory>
+#include <set>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -311,6 +312,14 @@ private Q_SLOTS:
                           m_view->places().more.at(0).bounds.center());
         QCOMPARE(opens.count(), 1);
         QCOMPARE(opens[0][0].value<Day>(), november(18));
+        m_view->setSpot({.day = november(18), .time = {}});
+        std::set<std::size_t> reached; // by the keyboard, also what is only counted
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(m_view.get(), Qt::Key_Down);
+            if (m_view->selected()) reached.insert(*m_view->selected());
+            QVERIFY(!m_view->boundsOf(*m_view->selected()).isEmpty());
+        }
+        QCOMPARE(reached.size(), std::size_t{12});
     }
 
     void screenReadersAreToldAll()

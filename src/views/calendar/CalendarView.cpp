@@ -6,6 +6,7 @@
 #include "views/calendar/ItemPainter.h"
 #include "views/calendar/TitleField.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 #include "views/theme/ThemeConfigurator.h"
 
@@ -123,6 +124,9 @@ std::vector<std::size_t> CalendarView::itemsOn(Day day) const
         if (ItemDays::of(m_content.items[each.item]).hold(day) &&
             std::ranges::find(found, each.item) == found.end())
             found.push_back(each.item);
+    for (std::size_t item = 0; item < m_content.items.size(); ++item) // those that are only counted
+        if (ItemDays::of(m_content.items[item]).hold(day) && std::ranges::find(found, item) == found.end())
+            found.push_back(item);
     std::ranges::stable_sort(found, {}, [this](std::size_t index) {
         const CalendarItem &item = m_content.items[index];
         const bool isTimed = !item.isAllDay && !standsInAllDayLane(item);
@@ -183,7 +187,20 @@ QRect CalendarView::boundsOf(std::size_t item) const
 {
     for (const ItemPlace &each : m_places.items)
         if (each.item == item) return visual(each.bounds & areaOf(each.shape));
-    return {};
+    // Where it is counted for want of room: beside its hours, or in the lane, which is told of last.
+    const CalendarPlaces alone = placesOf(m_content.items[item]);
+    if (alone.items.empty()) return {};
+    const ItemPlace &place = alone.items.front();
+    const ItemDays days = ItemDays::of(m_content.items[item]);
+    QRect counter;
+    for (const MorePlace &each : m_places.more) {
+        const bool isBeside =
+            each.bounds.top() <= place.bounds.bottom() && each.bounds.bottom() >= place.bounds.top();
+        if (!days.hold(each.day) || (place.shape == ItemPlace::Shape::Box && !isBeside)) continue;
+        counter = each.bounds;
+        if (place.shape == ItemPlace::Shape::Box) break;
+    }
+    return visual(counter & areaOf(place.shape));
 }
 
 void CalendarView::resizeEvent(QResizeEvent *event)
@@ -243,6 +260,10 @@ void CalendarView::paintEvent(QPaintEvent *)
         ItemPainter::paintMore(painter, {visual(each.bounds), each.count, each.day}, layoutDirection());
         painter.restore();
     }
+    if (m_selected &&
+        std::ranges::find(m_places.items, *m_selected, &ItemPlace::item) == m_places.items.end())
+        if (const QRect counter = boundsOf(*m_selected); !counter.isEmpty())
+            Painting::focusRing(painter, counter, Metrics::pillRadius);
     paintAbove(painter);
     if (m_drag && m_drag->there) paintGhost(painter, *m_drag->there);
     if (m_made) paintGhost(painter, *m_made);

@@ -14,10 +14,11 @@ constexpr int laneRowHeight = 22;
 constexpr int lanePadding = 6;
 constexpr int oneHourHeight = 52;
 constexpr int hoursPadding = 8;   // above the first hour and below the last, for their names
-constexpr int leastBoxWidth = 14; // a box that is narrower shows nothing
-constexpr int counterWidth = 30;  // where boxes beside each other are counted
-constexpr int boxGap = 2;         // below and beside a box
-constexpr int dayPadding = 4;     // before the first box of a day and behind the last one
+constexpr int leastBoxWidth = 36; // a box that is narrower cannot be read
+constexpr int leastBoxWidthOfDayAlone = 48;
+constexpr int counterWidth = 36; // where boxes beside each other are counted
+constexpr int boxGap = 2;        // below and beside a box
+constexpr int dayPadding = 4;    // before the first box of a day and behind the last one
 constexpr minutes wholeDay = 24h;
 
 } // namespace
@@ -130,14 +131,15 @@ void TimeGridGeometry::addBars(const std::vector<LaneBar> &bars, const CalendarP
 void TimeGridGeometry::addBoxes(const std::vector<TimedBox> &boxes, const CalendarPage &page,
                                 CalendarPlaces &places) const
 {
+    const int leastWidth = Metrics::scaled(m_columns.count() == 1 ? leastBoxWidthOfDayAlone : leastBoxWidth);
     for (const TimedBox &each : boxes) {
         const auto column = m_columns.columnOf(each.day);
         if (!column) continue;
         const int left = m_columns.left(*column) + dayPadding;
         const int width = m_columns.right(*column) - dayPadding - left;
-        const bool isCrowded = width / each.columns < leastBoxWidth;
+        const bool isCrowded = each.columns > 1 && width / each.columns < leastWidth;
         const int counter = isCrowded ? std::min(Metrics::scaled(counterWidth), width / 2) : 0;
-        const int columns = isCrowded ? std::max(1, (width - counter) / leastBoxWidth) : each.columns;
+        const int columns = isCrowded ? std::max(1, (width - counter) / leastWidth) : each.columns;
         const auto xOf = [&](int index) { return left + (width - counter) * index / columns; };
         const int top = yOf(minutes{each.fromMinute});
         const int height = yOf(minutes{each.toMinute}) - top - boxGap;
