@@ -221,6 +221,7 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     client->setWindowIcon();
     client->followDesktopAppearance();
     client->lookAfterStore(lastRun);
+    client->followCalendars();
     client->rooms().menu().handle(MenuCommand::SendDiagnostics, alerts,
                                   [&diagnostics] { diagnostics.run(); });
     reportFirstPaintIfAsked(*client);

@@ -15,6 +15,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_sidebar(kit.manager(), kit.account(), m_countFetcher, kit.defaults(), kit.center(), kit.bus())
     , m_tasks(kit.manager(), kit.account(), kit.center(), kit.bus())
     , m_newTasks(kit)
+    , m_calendars({kit.manager(), kit.account(), kit.center(), clock, services.feeds})
     , m_account(kit.account())
     , m_attachments(kit)
     , m_counts(m_sidebar)
@@ -22,7 +23,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
                      [this] { m_application.session().refreshBadge(); }})
     , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<KWSyncManager>(), m_mainWindow})
-    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats})
+    , m_mainWindow(
+          {kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats, m_calendars})
     , m_welcomeWindow(kit.account())
     , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
                      absent<KWSyncManager>(), m_alerts, services.relaunch})

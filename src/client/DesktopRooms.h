@@ -9,6 +9,7 @@
 #include "app/ports/LoginItemPort.h"
 #include "calendar/KWRepeatInstanceService.h"
 #include "calendar/OccurrencesAhead.h"
+#include "calendar/subscriptions/CalSubscriptionService.h"
 #include "capture/NewTaskService.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
@@ -31,6 +32,7 @@ struct DesktopServices {
     UserNotificationCenterPort &notifications = absent<UserNotificationCenterPort>();
     DockPort &dock = absent<DockPort>();
     StatusAreaPort &statusArea = absent<StatusAreaPort>();
+    FeedDownloadPort &feeds = absent<FeedDownloadPort>();
     /// The zone of the system is in force, and dates follow it; not one that was given for this run.
     bool followsSystemZone = true;
 };
@@ -45,6 +47,7 @@ public:
 
     KWProjectListPresenter &sidebar() { return m_sidebar; }
     NewTaskService &newTasks() { return m_newTasks; }
+    CalSubscriptionService &calendars() { return m_calendars; }
     MainMenu &menu() { return m_menu; }
     KWDelayDeleteManager &deletes() { return m_deletes; }
     MainWindowController &mainWindow() { return m_mainWindow; }
@@ -91,6 +94,7 @@ private:
     KWProjectListPresenter m_sidebar;
     KWTaskListService m_tasks;
     NewTaskService m_newTasks;
+    CalSubscriptionService m_calendars;
     AccountManagerPort m_account;
     Attachments m_attachments;
     Counts m_counts;

@@ -109,6 +109,7 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
     , m_notifications(m_panel)
     , m_badge(m_kit->manager(), m_kit->account(), m_kit->defaults())
     , m_statusArea(clock, olderStatusArea())
+    , m_feeds(clock)
     , m_caret(clock)
     , m_rooms(*m_kit, clock,
               {.relaunch = relaunch,
@@ -116,6 +117,8 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
                .notifications = m_notifications,
                .dock = m_badge,
                .statusArea = m_statusArea,
+               // What is shown to others does not depend on the network.
+               .feeds = invocation.isDemo ? absent<FeedDownloadPort>() : m_feeds,
                .followsSystemZone = invocation.zone.isEmpty()})
     , m_dataCare(*m_kit, relaunch)
     , m_damage(m_alerts, m_dataCare)
@@ -144,6 +147,11 @@ void OpenClient::followDesktopAppearance()
         ThemeConfigurator::shared().setDesktopTextScale(scale);
     };
     afterFirstPaint([this] { m_appearance.start(); });
+}
+
+void OpenClient::followCalendars()
+{
+    afterFirstPaint([this] { m_rooms.calendars().start(); });
 }
 
 void OpenClient::lookAfterStore(LastRun lastRun)

@@ -6,6 +6,7 @@
 #include "model/OrvaneKit.h"
 #include "model/store/StoreCare.h"
 #include "platform/DesktopNotifications.h"
+#include "platform/FeedDownload.h"
 #include "platform/LauncherBadge.h"
 #include "platform/LoginItem.h"
 #include "platform/LogindSleepMonitor.h"
@@ -37,6 +38,8 @@ public:
     /// Takes from the desktop whether it is dark or light and how large text is, once the first window is
     /// painted.
     void followDesktopAppearance();
+    /// Reads subscribed calendars, from the first paint on.
+    void followCalendars();
     /// Checks the store if the last run broke off, and keeps its backups, from the first paint on.
     void lookAfterStore(LastRun lastRun);
 
@@ -56,6 +59,7 @@ private:
     DesktopNotifications m_notifications;
     LauncherBadge m_badge;
     StatusNotifierArea m_statusArea;
+    FeedDownload m_feeds;
     RestingCaret m_caret;
     DesktopRooms m_rooms;
     AlertPresenter m_alerts;

@@ -36,11 +36,11 @@ public:
     KWProjectListNode(KWProjectListNodeType type, QString entityID, QString title);
 
     KWProjectListNodeType type() const { return m_type; }
-    /// The id of the smart list, list, folder, filter or team, or the name of the tag; empty as long as it
-    /// has no name.
+    /// The id of the smart list, list, folder, filter, calendar or team, or the name of the tag; empty as
+    /// long as it has no name.
     const QString &entityID() const { return m_entityID; }
     const QString &title() const { return m_title; }
-    /// "#rrggbb" of a list or tag, empty for none.
+    /// "#rrggbb" of a list, tag or calendar, empty for none.
     const QString &color() const { return m_color; }
     void setColor(const QString &color) { m_color = color; }
 

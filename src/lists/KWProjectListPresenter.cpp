@@ -33,9 +33,14 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
     m_dataService.onReplaced = [this] { didReplace(); };
     observe(center);
     m_registration = bus.registerEventBus([this](const StoreChange &change) {
-        constexpr std::array shown{RecordKind::Project, RecordKind::ProjectGroup,
-                                   RecordKind::Tag,     RecordKind::Filter,
-                                   RecordKind::Team,    RecordKind::SmartProjectSetting};
+        constexpr std::array shown{RecordKind::Project,
+                                   RecordKind::ProjectGroup,
+                                   RecordKind::Tag,
+                                   RecordKind::Filter,
+                                   RecordKind::Team,
+                                   RecordKind::SmartProjectSetting,
+                                   RecordKind::CalSubscription,
+                                   RecordKind::CalendarDisplayConfiguration};
         const bool mayChangeTree =
             std::ranges::any_of(shown, [&change](RecordKind each) { return change.touches(each); });
         if (mayChangeTree && m_account.isSignedIn() && contents())
@@ -240,6 +245,19 @@ std::optional<KWProjectModel> KWProjectListPresenter::listOf(const KWProjectList
         for (const KWProjectModel &each : *lists)
             if (each.sid == node.entityID()) return each;
     return std::nullopt;
+}
+
+std::optional<KWCalSubscriptionModel> KWProjectListPresenter::calendarOf(const KWProjectListNode &node) const
+{
+    if (!contents() || node.type() != KWProjectListNodeType::calsub_url) return std::nullopt;
+    for (const KWCalSubscriptionModel &each : contents()->calendars)
+        if (each.sid == node.entityID()) return each;
+    return std::nullopt;
+}
+
+bool KWProjectListPresenter::isShownInCalendar(const KWProjectListNode &calendar) const
+{
+    return contents() && !contents()->hiddenCalendars.contains(calendar.entityID());
 }
 
 bool KWProjectListPresenter::isShownIfNotEmpty(const KWProjectListNode &node) const

@@ -20,6 +20,7 @@ public:
                            KWProjectListCountFetcher &counts, KWUserDefaults &defaults,
                            KWNotificationCenter &center, KWEventBus &bus);
 
+    const CXClock &clock() const { return m_manager.store().clock(); }
     KWProjectListDataService &dataService() { return m_dataService; }
     /// What the tree was built from; nothing while it is empty.
     const std::optional<ProjectListContents> &contents() const { return m_dataService.contents(); }
@@ -67,6 +68,9 @@ public:
 
     /// The list that the node shows, closed or not; nothing for other nodes.
     std::optional<KWProjectModel> listOf(const KWProjectListNode &node) const;
+    /// The subscribed calendar that the node stands for; nothing for other nodes.
+    std::optional<KWCalSubscriptionModel> calendarOf(const KWProjectListNode &node) const;
+    bool isShownInCalendar(const KWProjectListNode &calendar) const;
     QList<ProjectListCommand> popMenu(const KWProjectListNode &node) const;
     /// A smart list or section that comes and goes with what it holds.
     bool isShownIfNotEmpty(const KWProjectListNode &node) const;

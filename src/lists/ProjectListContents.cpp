@@ -1,5 +1,7 @@
 #include "lists/ProjectListContents.h"
 
+#include "model/records/KWCalSubscription.h"
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
@@ -51,6 +53,9 @@ void ProjectListContents::readSection(ProjectListSection section, ObjectContext 
         break;
     case ProjectListSection::Subscriptions:
         hasSubscriptions = isCalSubAvailableForUser(userID, context);
+        calendars = valuesOf(KWCalSubscription::findSubscriptionsOfUser(userID, context));
+        if (const auto *shown = context.find<KWCalendarDisplayConfiguration>(userID))
+            hiddenCalendars = (*shown)->hiddenCalendars;
         break;
     case ProjectListSection::Lists: {
         const QList<KWProject *> open = KWProject::orderedOpenProjects(userID, context);
@@ -82,7 +87,7 @@ bool ProjectListContents::takeSection(ProjectListSection section, const ProjectL
     case ProjectListSection::Tags:
         return take(&Contents::tags);
     case ProjectListSection::Subscriptions:
-        return take(&Contents::hasSubscriptions);
+        return take(&Contents::hasSubscriptions, &Contents::calendars, &Contents::hiddenCalendars);
     case ProjectListSection::Lists:
         return take(&Contents::projects, &Contents::closedProjects, &Contents::iconNames, &Contents::groups,
                     &Contents::teams);
@@ -92,6 +97,5 @@ bool ProjectListContents::takeSection(ProjectListSection section, const ProjectL
 
 bool isCalSubAvailableForUser(const QString &userID, ObjectContext &context)
 {
-    const KWUser *user = context.find<KWUser>(userID);
-    return user && user->model().userServerID != 0;
+    return context.find<KWUser>(userID) != nullptr;
 }

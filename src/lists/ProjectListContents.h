@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/records/KWCalSubscriptionModel.h"
 #include "model/records/KWFilterModel.h"
 #include "model/records/KWProjectGroupModel.h"
 #include "model/records/KWProjectModel.h"
@@ -39,6 +40,8 @@ struct ProjectListContents {
     QList<KWTagModel> tags;
     QList<KWFilterModel> filters;
     bool hasSubscriptions = false;
+    QList<KWCalSubscriptionModel> calendars; ///< subscribed ones
+    QStringList hiddenCalendars;             ///< ids of those that the calendar does not show
 
     static ProjectListContents read(const QString &userID, ObjectContext &context);
     /// Reads that section of the user; the others stay.
@@ -50,5 +53,5 @@ struct ProjectListContents {
     bool operator==(const ProjectListContents &) const = default;
 };
 
-/// Whether calendars can be subscribed to: not with an account on this computer only.
+/// Whether calendars can be subscribed to: with every account, for this program reads them itself.
 bool isCalSubAvailableForUser(const QString &userID, ObjectContext &context);

@@ -12,9 +12,8 @@ Commands ofSmartList(const QString &identifier)
     if (identifier == KWSmartProject::project().identifier()) return {NewList, NewNoteList, NewFolder};
     if (identifier == KWSmartProject::tag().identifier()) return {NewTag, ShowOnlyIfNotEmpty, Hide};
     if (identifier == KWSmartProject::filter().identifier()) return {NewFilter, ShowOnlyIfNotEmpty, Hide};
-    if (identifier == KWSmartProject::subcal().identifier() ||
-        identifier == KWSmartProject::calendar().identifier())
-        return {};
+    if (identifier == KWSmartProject::subcal().identifier()) return {NewCalendar};
+    if (identifier == KWSmartProject::calendar().identifier()) return {};
     return {ShowOnlyIfNotEmpty, Hide};
 }
 
@@ -48,6 +47,8 @@ QList<ProjectListCommand> projectListMenu(const KWProjectListNode &node,
                    : Commands{NewTag, Rename, Color, Delete};
     case KWProjectListNodeType::filter:
         return {EditFilter, Delete};
+    case KWProjectListNodeType::calsub_url:
+        return {ReadAgain, ShowInCalendar, Rename, Color, Delete};
     default:
         return {};
     }

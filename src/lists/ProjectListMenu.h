@@ -10,12 +10,15 @@ enum class ProjectListCommand {
     NewFolder,
     NewTag,
     NewFilter,
+    NewCalendar,
     EditFilter,
     Rename,
     Color,
     MoveToFolder,
     Archive,
     Reopen,
+    ReadAgain,      ///< a calendar
+    ShowInCalendar, ///< or not
     ShowOnlyIfNotEmpty,
     Hide,
     Delete,

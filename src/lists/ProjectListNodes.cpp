@@ -168,6 +168,8 @@ Nodes ProjectListNodes::filters(const ProjectListContents &contents)
 Nodes ProjectListNodes::subscriptions(const ProjectListContents &contents)
 {
     Nodes nodes;
+    for (const KWCalSubscriptionModel &each : contents.calendars)
+        nodes.push_back(make(Type::calsub_url, each.sid, each.name, each.color));
     if (contents.hasSubscriptions) holdEmpty(nodes, KWSmartProject::subcal(), "No calendars yet");
     return nodes;
 }

@@ -3,6 +3,7 @@
 #include "model/account/AccountSettings.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
+#include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/store/KWFilterService.h"
 #include "model/store/KWTagService.h"
@@ -84,6 +85,8 @@ Result<Done> SidebarEditor::rename(const KWProjectListNode &node, const QString 
         const QString joined = KWLocalizedString("“%1” is part of “%2” now").arg(title, name.simplified());
         return said(renamed->isJoined ? joined : QString{}, renamed->undo);
     }
+    case Type::calsub_url:
+        return said({}, calendars().rename(id, name));
     default:
         return notFor(node);
     }
@@ -97,6 +100,8 @@ Result<Done> SidebarEditor::setColor(const KWProjectListNode &node, const QStrin
         return said({}, lists().setColor(id, color));
     case Type::tag:
         return said({}, KWTagService{m_parts.manager, userID()}.setColor(id, color));
+    case Type::calsub_url:
+        return said({}, calendars().setColor(id, color));
     default:
         return notFor(node);
     }
@@ -118,6 +123,14 @@ Result<Done> SidebarEditor::setVisibility(KWSmartProjectVisibility visibility, c
     if (!smart) return Done{};
     return unsaid(
         AccountSettings{m_parts.manager, m_parts.center, userID()}.setVisibility(visibility, *smart));
+}
+
+Result<Done> SidebarEditor::setShowsInCalendar(bool shows, const KWProjectListNode &calendar)
+{
+    const QString id = calendar.entityID();
+    return unsaid(
+        KWCalendarDisplayConfigurationManager{m_parts.manager, m_parts.center, userID()}.setShowsCalendar(
+            shows, id));
 }
 
 Result<Done> SidebarEditor::moveToFolder(const KWProjectListNode &list, const QString &groupID)
@@ -225,6 +238,8 @@ void SidebarEditor::remove(const KWProjectListNode &node,
         return completion(said(message, KWTagService{m_parts.manager, userID()}.remove(id)));
     case Type::filter:
         return completion(said(message, KWFilterService{m_parts.manager, userID()}.remove(id)));
+    case Type::calsub_url:
+        return completion(said(message, calendars().remove(id)));
     default:
         return completion(notFor(node));
     }

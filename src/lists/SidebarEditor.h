@@ -2,6 +2,7 @@
 
 #include "lists/KWProjectListPresenter.h"
 #include "lists/SidebarDrop.h"
+#include "model/store/CalSubscriptionEditor.h"
 #include "model/store/ListEditor.h"
 #include "model/store/SidebarArranger.h"
 
@@ -34,6 +35,9 @@ public:
     Result<Done> archive(const KWProjectListNode &list);
     Result<Done> setVisibility(KWSmartProjectVisibility visibility, const QString &smartListID);
 
+    /// Whether events of that subscribed calendar are shown.
+    Result<Done> setShowsInCalendar(bool shows, const KWProjectListNode &calendar);
+
     /// Empty for none.
     Result<Done> moveToFolder(const KWProjectListNode &list, const QString &groupID);
     Result<Done> move(const KWProjectListNode &node, const SidebarDrop::Place &place);
@@ -54,6 +58,7 @@ private:
     bool areInTrash(const QStringList &taskIDs) const;
     QString userID() const { return m_parts.account.currentUserID(); }
     ListEditor lists() const { return {m_parts.manager, userID()}; }
+    CalSubscriptionEditor calendars() const { return {m_parts.manager, userID()}; }
     void selectAnotherThan(const KWProjectListNode &node);
 
     Parts m_parts;

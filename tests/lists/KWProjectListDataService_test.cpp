@@ -2,13 +2,13 @@
 
 #include "lists/SidebarRecounts.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTeam.h"
-#include "model/records/KWUser.h"
 #include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -121,7 +121,7 @@ private Q_SLOTS:
         const KWProjectListNode *section = &m_service->tagNode();
         QCOMPARE(centerNow(), u"Lists(First House(Garden Kitchen) Stray Empty Last Archive(Closed)) "
                               "Tags(Errand Food(Leek Bread) Stray Self) Filters(No filters yet) "
-                              "Subscriptions"_s);
+                              "Subscriptions(No calendars yet)"_s);
         QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days Calendar"_s);
         QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
         const QList<KWListIdentifier> all = m_service->lists();
@@ -148,16 +148,19 @@ private Q_SLOTS:
     void hiddenSectionsHaveNoNodesAndEmptyOnesSayIt()
     {
         QCOMPARE(centerNow(), u"Lists(No lists yet) Tags(No tags yet) Filters(No filters yet) "
-                              "Subscriptions"_s);
+                              "Subscriptions(No calendars yet)"_s);
         add<KWTag>({tag("Errand", 1)}, *m_store);
         add<KWFilter>({KWFilterModel{}}, *m_store);
         setVisibility(KWSmartProjectVisibilityHidden, KWSmartProject::tag());
         setVisibility(KWSmartProjectVisibilityHidden, KWSmartProject::filter());
-        QCOMPARE(centerNow(), u"Lists(No lists yet) Tags Filters Subscriptions"_s);
+        QCOMPARE(centerNow(), u"Lists(No lists yet) Tags Filters Subscriptions(No calendars yet)"_s);
         setVisibility(KWSmartProjectVisibilityShownIfNotEmpty, KWSmartProject::tag());
         QVERIFY(centerNow().contains(u"Tags(Errand) Filters Sub"_s));
-        setSaved<KWUser>(*m_store, m_store->userID(), &KWUserModel::userServerID, 7);
-        QVERIFY(centerNow().endsWith(u"Subscriptions(No calendars yet)"_s));
+        KWCalSubscriptionModel town;
+        town.sid = u"town"_s;
+        town.name = u"Town"_s;
+        add<KWCalSubscription>({town}, *m_store);
+        QVERIFY(centerNow().endsWith(u"Subscriptions(Town)"_s));
     }
 
     void teamsHaveGroupsOfTheirOwn()

@@ -1,6 +1,7 @@
 #pragma once
 
 class AlertPort;
+class CalSubscriptionService;
 class CXClock;
 class KWDelayDeleteManager;
 class KWProjectListPresenter;
@@ -21,4 +22,5 @@ struct MainWindowRooms {
     KWDelayDeleteManager &deletes;
     AlertPort &alerts;
     KWRepeatInstanceService &repeats;
+    CalSubscriptionService &calendars;
 };

@@ -1,5 +1,6 @@
 #include "views/main/SidebarColumn.h"
 
+#include "calendar/subscriptions/CalSubscriptionService.h"
 #include "model/OrvaneKit.h"
 #include "views/main/MainWindow.h"
 #include "views/menu/MainMenu.h"
@@ -11,6 +12,7 @@ SidebarColumn::SidebarColumn(const MainWindowRooms &rooms, MainWindow &window)
                   {rooms.sidebar, rooms.kit.manager(), rooms.kit.account(), rooms.kit.center()},
                   rooms.deletes}}
     , m_filters{rooms.kit, window}
+    , m_calendars{rooms.calendars, window}
 {
     connect(&m_tree, &SidebarController::listSelected, this, &SidebarColumn::listSelected);
     connect(&m_tree, &SidebarController::contentsChanged, this, &SidebarColumn::contentsChanged);
@@ -18,6 +20,9 @@ SidebarColumn::SidebarColumn(const MainWindowRooms &rooms, MainWindow &window)
     connect(&m_commands, &SidebarCommands::changed, &window, &MainWindow::showUndo);
     connect(&m_commands, &SidebarCommands::failed, &window, &MainWindow::showMessage);
     connect(&m_commands, &SidebarCommands::filterEditRequested, this, &SidebarColumn::editFilter);
+    connect(&m_commands, &SidebarCommands::calendarRequested, &m_calendars, &SubscribeController::open);
+    connect(&m_commands, &SidebarCommands::calendarReadingRequested, &m_calendars,
+            [&calendars = rooms.calendars](const QString &id) { calendars.refresh(id); });
     connect(&m_filters, &FilterEditorController::made, this, &SidebarColumn::filterMade);
     connect(&m_filters, &FilterEditorController::failed, &window, &MainWindow::showMessage);
     rooms.menu.handle(MenuCommand::NewList, *this, [this] { m_commands.addList(); });

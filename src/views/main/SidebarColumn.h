@@ -4,6 +4,7 @@
 #include "views/main/MainWindowRooms.h"
 #include "views/sidebar/SidebarCommands.h"
 #include "views/sidebar/SidebarController.h"
+#include "views/subscriptions/SubscribeController.h"
 
 class MainWindow;
 
@@ -29,4 +30,5 @@ private:
     SidebarController m_tree;
     SidebarCommands m_commands;
     FilterEditorController m_filters;
+    SubscribeController m_calendars;
 };

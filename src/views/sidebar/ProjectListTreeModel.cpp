@@ -263,6 +263,8 @@ Qt::ItemFlags ProjectListTreeModel::flags(const QModelIndex &index) const
     case Type::team:
     case Type::team_personal:
         return flags;
+    case Type::calsub_url:
+        return flags | Qt::ItemIsEditable; // its events stand in the calendar
     default:
         break;
     }

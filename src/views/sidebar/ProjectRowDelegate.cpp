@@ -111,10 +111,7 @@ QRect ProjectRowDelegate::foldBounds(const QRect &row, Qt::LayoutDirection direc
 QRect ProjectRowDelegate::addBounds(const QRect &row, Qt::LayoutDirection direction,
                                     const QModelIndex &index) const
 {
-    const KWProjectListNode *node = m_model.nodeAt(index);
-    const bool takesMore =
-        node && m_model.isSectionHeader(index) && node->entityID() != KWSmartProject::subcal().identifier();
-    if (!takesMore) return {};
+    if (!m_model.nodeAt(index) || !m_model.isSectionHeader(index)) return {};
     const int side = iconWidth() + 2 * Metrics::grid;
     const QRect bounds{row.right() - outerMargin - innerMargin - side + Metrics::grid + 1,
                        row.top() + headerDrop, side, row.height() - headerDrop};

@@ -56,6 +56,7 @@ void SidebarCommands::addTo(const KWProjectListNode &parent)
     if (parent.type() == Type::tag) return add(Type::tag, parent.entityID());
     if (parent.entityID() == KWSmartProject::tag().identifier()) return add(Type::tag, {});
     if (parent.entityID() == KWSmartProject::filter().identifier()) return Q_EMIT filterEditRequested({});
+    if (parent.entityID() == KWSmartProject::subcal().identifier()) return Q_EMIT calendarRequested();
     if (parent.entityID() == KWSmartProject::project().identifier()) add(Type::project, {});
 }
 
@@ -110,6 +111,12 @@ void SidebarCommands::perform(ProjectListCommand command, KWProjectListNodeType 
         return Q_EMIT filterEditRequested({});
     case ProjectListCommand::EditFilter:
         return Q_EMIT filterEditRequested(entityID);
+    case ProjectListCommand::NewCalendar:
+        return Q_EMIT calendarRequested();
+    case ProjectListCommand::ReadAgain:
+        return Q_EMIT calendarReadingRequested(entityID);
+    case ProjectListCommand::ShowInCalendar:
+        return report(m_editor.setShowsInCalendar(!m_presenter.isShownInCalendar(*found), *found));
     case ProjectListCommand::Rename:
         return m_tree.editName(type, entityID);
     case ProjectListCommand::Archive:

@@ -31,6 +31,9 @@ Q_SIGNALS:
     void failed(const QString &sentence);
     /// Empty for a new one.
     void filterEditRequested(const QString &filterID);
+    /// One is to be subscribed to.
+    void calendarRequested();
+    void calendarReadingRequested(const QString &subscriptionID);
 
 private:
     void add(KWProjectListNodeType type, QString parentID, KWProjectKind kind = KWProjectKindTask);

@@ -1,6 +1,7 @@
 #include "views/sidebar/SidebarMenu.h"
 
 #include "model/settings/KWLocalizedString.h"
+#include "views/sidebar/CalendarState.h"
 #include "views/theme/ListColors.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
@@ -25,6 +26,8 @@ const char *titleOf(ProjectListCommand command)
         return "New Tag";
     case ProjectListCommand::NewFilter:
         return "New Filter…";
+    case ProjectListCommand::NewCalendar:
+        return "Subscribe to Calendar…";
     case ProjectListCommand::EditFilter:
         return "Edit…";
     case ProjectListCommand::Rename:
@@ -37,6 +40,10 @@ const char *titleOf(ProjectListCommand command)
         return "Archive";
     case ProjectListCommand::Reopen:
         return "Reopen";
+    case ProjectListCommand::ReadAgain:
+        return "Read Again";
+    case ProjectListCommand::ShowInCalendar:
+        return "Show in Calendar";
     case ProjectListCommand::ShowOnlyIfNotEmpty:
         return "Show Only If Not Empty";
     case ProjectListCommand::Hide:
@@ -66,6 +73,8 @@ SidebarMenu::SidebarMenu(const KWProjectListNode &node, KWProjectListPresenter &
     : QMenu(parent), m_presenter(presenter)
 {
     setObjectName(u"sidebarMenu"_s);
+    if (const auto calendar = presenter.calendarOf(node))
+        addAction(calendarState(*calendar, presenter.clock()))->setEnabled(false);
     for (const ProjectListCommand each : presenter.popMenu(node)) {
         const bool endsGroup = each == ProjectListCommand::Rename || each == ProjectListCommand::Delete ||
                                each == ProjectListCommand::ExitSharedList;
@@ -85,6 +94,10 @@ void SidebarMenu::add(ProjectListCommand command, const KWProjectListNode &node)
     if (command == ProjectListCommand::ShowOnlyIfNotEmpty) {
         action->setCheckable(true);
         action->setChecked(m_presenter.isShownIfNotEmpty(node));
+    }
+    if (command == ProjectListCommand::ShowInCalendar) {
+        action->setCheckable(true);
+        action->setChecked(m_presenter.isShownInCalendar(node));
     }
     connect(action, &QAction::triggered, this, [this, command] { Q_EMIT commanded(command); });
 }
