@@ -70,6 +70,31 @@ private Q_SLOTS:
         QCOMPARE(days(), u"21"_s);
     }
 
+    void completesAndSkipsLaterOnes()
+    {
+        m_client->openList(u"Next 7 Days"_s);
+        const auto tomorrow = [this] {
+            const auto &model = pane().model();
+            for (int row = 0; row < model.rowCount(); ++row)
+                if (const QModelIndex index = model.index(row);
+                    model.rowAt(index).task.occurrence == at("2026-11-22 00:00"))
+                    return index;
+            return QModelIndex{};
+        };
+        QTRY_VERIFY(tomorrow().isValid());
+        goTo(tomorrow());
+        m_client->press(Qt::Key_Space);
+        QCOMPARE(days(), u"21+ 22"_s);
+        QTRY_VERIFY(!tomorrow().isValid());
+        undo();
+        QCOMPARE(days(), u"21+"_s);
+        QTRY_VERIFY(tomorrow().isValid());
+        goTo(tomorrow());
+        chooseInMenu(u"Skip"_s);
+        QCOMPARE(m_client->kit().context().find<KWTask>(m_taskID)->model().exDates,
+                 QList{at("2026-11-22 00:00")});
+    }
+
     void asksWhatANewDateIsFor()
     {
         const QString choices = u"Only This One All of Them"_s;

@@ -68,6 +68,10 @@ void ListColumn::connectRows()
     connect(&list, &TaskListView::completionToggled, &m_actions, &BatchActions::tick);
     connect(&list, &TaskListView::deletionRequested, this, &ListColumn::remove);
     connect(&list, &TaskListView::menuAboutToShow, this, &ListColumn::fillRowMenu);
+    connect(&list, &TaskListView::occurrenceMenuAboutToShow, &m_taskMenu, &TaskMenu::fillOfOccurrence);
+    connect(&list, &TaskListView::occurrenceCompleted, this, [this](const TaskOccurrence &each) {
+        m_taskMenu.occurrences().close(each, KWTaskStatusCompleted);
+    });
     connect(&m_window.listPane().addField(), &KWNewTaskTextField::left, this, &ListColumn::takeKeyboard);
     connect(&m_addField, &AddFieldController::added, this, &ListColumn::showAdded);
 }

@@ -310,15 +310,25 @@ void TaskListView::activate(const QModelIndex &index)
     }
 }
 
+std::optional<TaskOccurrence> TaskListView::occurrenceAt(const QModelIndex &index) const
+{
+    const KWTaskListItemModel &task = m_model.rowAt(index).task;
+    if (!m_model.isEntry(index) || !task.isLaterOccurrence()) return std::nullopt;
+    return TaskOccurrence{task.taskID(), *task.occurrence};
+}
+
 void TaskListView::openMenu(const QModelIndex &index, const QPoint &globalPosition)
 {
     const TaskListRow row = m_model.rowAt(index);
-    if (row.kind == TaskListRow::Kind::LoadMore || row.task.isLaterOccurrence()) return;
+    if (row.kind == TaskListRow::Kind::LoadMore) return;
     auto *menu = new QMenu{this};
     menu->setObjectName(u"taskMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (row.kind == TaskListRow::Kind::Section) {
         Q_EMIT sectionMenuAboutToShow(*menu, row);
+    } else if (const auto occurrence = occurrenceAt(index)) {
+        makeCurrent(index);
+        Q_EMIT occurrenceMenuAboutToShow(*menu, *occurrence);
     } else {
         if (!selectionModel()->isSelected(index)) makeCurrent(index);
         Q_EMIT menuAboutToShow(*menu, selectedIDs());

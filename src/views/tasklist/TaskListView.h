@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/store/TaskOccurrences.h"
 #include "views/tasklist/CheckAnimations.h"
 #include "views/tasklist/DropTarget.h"
 #include "views/tasklist/RowPart.h"
@@ -62,6 +63,10 @@ Q_SIGNALS:
     void deletionRequested(const QStringList &ids);
     /// A row's menu comes: whoever knows what can be done with what is selected adds to it.
     void menuAboutToShow(QMenu &menu, const QStringList &ids);
+
+    /// The same of a later occurrence, which is nothing that is selected with others; Space completes it.
+    void occurrenceMenuAboutToShow(QMenu &menu, const TaskOccurrence &occurrence);
+    void occurrenceCompleted(const TaskOccurrence &occurrence);
 
     /// Of a section or of a task with others below it: fold it, or unfold it.
     void foldToggled(const TaskListRow &row);
@@ -131,6 +136,8 @@ private:
     Spot spotAt(const QPoint &position) const;
     void press(const Spot &spot);
     void setHovered(const Spot &spot);
+    /// Nothing where none stands.
+    std::optional<TaskOccurrence> occurrenceAt(const QModelIndex &index) const;
     void openMenu(const QModelIndex &index, const QPoint &globalPosition);
     void setDropTarget(const std::optional<DropTarget> &target);
     void paintEmptyText();

@@ -55,7 +55,9 @@ bool TaskListView::handleKey(const QKeyEvent &event)
     case Qt::Key_Right:
         return foldByKey(Qt::Key(event.key()), current);
     case Qt::Key_Space:
-        if (m_model.isEntry(current))
+        if (const auto occurrence = occurrenceAt(current); occurrence && selectedIDs().isEmpty())
+            Q_EMIT occurrenceCompleted(*occurrence);
+        else if (m_model.isEntry(current))
             toggle(selectedIDs());
         else
             activate(current);

@@ -62,6 +62,16 @@ void TaskMenu::fill(QMenu &menu, const QStringList &ids)
     menu.addAction(tr("Delete"), &m_parts.actions, [this, ids] { m_parts.actions.remove(ids); });
 }
 
+void TaskMenu::fillOfOccurrence(QMenu &menu, const TaskOccurrence &occurrence)
+{
+    menu.addAction(tr("Complete"), this,
+                   [this, occurrence] { m_occurrences.close(occurrence, KWTaskStatusCompleted); });
+    menu.addAction(tr("Abandon"), this,
+                   [this, occurrence] { m_occurrences.close(occurrence, KWTaskStatusAbandoned); });
+    menu.addSeparator();
+    m_occurrences.addTo(menu, occurrence);
+}
+
 void TaskMenu::addOccurrence(QMenu &menu, const QStringList &taskIDs)
 {
     const QList<KWTaskModel> tasks = read(taskIDs);

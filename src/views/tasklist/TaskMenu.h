@@ -29,6 +29,9 @@ public:
     explicit TaskMenu(const Parts &parts) : m_parts(parts), m_occurrences(parts.manager, parts.actions) {}
 
     void fill(QMenu &menu, const QStringList &ids);
+    /// Of a later occurrence.
+    void fillOfOccurrence(QMenu &menu, const TaskOccurrence &occurrence);
+    OccurrenceActions &occurrences() { return m_occurrences; }
     /// Ask for a list, or for a tag, by typing.
     void chooseList(const QStringList &taskIDs);
     void chooseTag(const QStringList &taskIDs);
