@@ -57,7 +57,8 @@ void LinkOpener::open(const QString &link)
             opened = Error{KWLocalizedString("The link is to a habit. This version has no habits yet.")};
             break;
         case OrvaneLink::Kind::Event:
-            opened = Error{KWLocalizedString("The link is to an event. This version has no calendar yet.")};
+            opened = Error{KWLocalizedString(
+                "The link is to an event. Links do not open events yet: look for it in the calendar.")};
             break;
         }
     if (!opened) m_target.showMessage(opened.error().sentence);
