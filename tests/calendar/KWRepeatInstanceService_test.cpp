@@ -71,13 +71,18 @@ class KWRepeatInstanceService_test : public QObject {
         return texts.join(u' ');
     }
 
+    void makeService()
+    {
+        m_service = std::make_unique<KWRepeatInstanceService>(m_store->kit().manager(), m_store->account(),
+                                                              m_store->kit().center(), m_store->clock);
+    }
+
 private Q_SLOTS:
     void init()
     {
         m_announced.clear();
         m_store = std::make_unique<StoreFixture>("2030-05-01 09:00", "UTC");
-        m_service = std::make_unique<KWRepeatInstanceService>(m_store->kit().manager(), m_store->account(),
-                                                              m_store->kit().center(), m_store->clock);
+        makeService();
         m_observation = m_store->kit().center().addObserver(
             KWKWRepeatInstanceGeneratedNotification, [this](const KWNotification &notification) {
                 const auto day = [&](const char *key) {
@@ -94,6 +99,21 @@ private Q_SLOTS:
         m_observation = {};
         m_service.reset();
         m_store.reset();
+    }
+
+    void answersNothingOnceItHasGone()
+    {
+        const QString daily = add("Water", "2030-05-01 08:00", "RRULE:FREQ=DAILY");
+        bool isAnswered = false;
+        m_service->generateInstances(at("2030-05-01"), at("2030-05-04"),
+                                     [&isAnswered](bool, Instant, Instant) { isAnswered = true; });
+        m_service.reset();
+        m_store->kit().manager().threadPool().waitForDone();
+        QCoreApplication::processEvents();
+        QVERIFY(!isAnswered && m_announced.isEmpty());
+        makeService(); // whatever was written is whole
+        generate("2030-05-01", "2030-05-04");
+        QCOMPARE(stored(daily), u"05-02 08:00, 05-03 08:00"_s);
     }
 
     void storesWhatFollowsTheFirstOne()
