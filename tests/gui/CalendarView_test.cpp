@@ -93,6 +93,17 @@ class CalendarView_test : public QObject {
 private Q_SLOTS:
     void cleanup() { m_view.reset(); }
 
+    void leavesAloneWhatIsScrolledAway()
+    {
+        show(Kind::Week, {timed("Shift", 19, 0, 20)});
+        m_view->verticalScrollBar()->setValue(2 * hour());
+        const QRect seen = m_view->boundsOf(0);
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, {seen.center().x(), seen.top() - 8});
+        QVERIFY(!m_view->selectedItem());
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, seen.center());
+        QVERIFY(m_view->selectedItem());
+    }
+
     void dragsMove_data()
     {
         QTest::addColumn<QString>("title");

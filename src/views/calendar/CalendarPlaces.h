@@ -21,24 +21,11 @@ struct MorePlace {
     QRect bounds;
     int count;
     Day day;
+    ItemPlace::Shape shape = ItemPlace::Shape::Bar; ///< of those items
 };
 
 /// All that is painted of the items of a page. Those that are hidden are told of by `more`.
 struct CalendarPlaces {
     std::vector<ItemPlace> items{};
     std::vector<MorePlace> more{};
-
-    /// The topmost one below the point.
-    const ItemPlace *itemAt(const QPoint &point) const
-    {
-        for (auto each = items.rbegin(); each != items.rend(); ++each)
-            if (each->bounds.contains(point)) return &*each;
-        return nullptr;
-    }
-    const MorePlace *moreAt(const QPoint &point) const
-    {
-        for (const MorePlace &each : more)
-            if (each.bounds.contains(point)) return &each;
-        return nullptr;
-    }
 };

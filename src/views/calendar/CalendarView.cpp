@@ -203,6 +203,20 @@ QRect CalendarView::boundsOf(std::size_t item) const
     return visual(counter & areaOf(place.shape));
 }
 
+const ItemPlace *CalendarView::itemAt(const QPoint &point) const
+{
+    for (auto each = m_places.items.rbegin(); each != m_places.items.rend(); ++each)
+        if ((each->bounds & areaOf(each->shape)).contains(point)) return &*each;
+    return nullptr;
+}
+
+const MorePlace *CalendarView::moreAt(const QPoint &point) const
+{
+    for (const MorePlace &each : m_places.more)
+        if ((each.bounds & areaOf(each.shape)).contains(point)) return &each;
+    return nullptr;
+}
+
 void CalendarView::resizeEvent(QResizeEvent *event)
 {
     QAbstractScrollArea::resizeEvent(event);
@@ -235,7 +249,7 @@ bool CalendarView::viewportEvent(QEvent *event)
 // What is cut on its place is whole in the tip.
 QString CalendarView::toolTipAt(const QPoint &point) const
 {
-    const ItemPlace *place = m_places.itemAt(point);
+    const ItemPlace *place = itemAt(point);
     if (!place || m_drag) return {};
     const CalendarItem &item = m_content.items[place->item];
     return u"<p style='white-space:pre-wrap'>"_s + item.title.toHtmlEscaped() + u"<br>"_s +
@@ -255,8 +269,7 @@ void CalendarView::paintEvent(QPaintEvent *)
     }
     for (const MorePlace &each : m_places.more) {
         painter.save();
-        const bool isInHours = each.bounds.top() >= areaOf(ItemPlace::Shape::Box).top();
-        painter.setClipRect(areaOf(isInHours ? ItemPlace::Shape::Box : ItemPlace::Shape::Bar));
+        painter.setClipRect(areaOf(each.shape));
         ItemPainter::paintMore(painter, {visual(each.bounds), each.count, each.day}, layoutDirection());
         painter.restore();
     }

@@ -133,6 +133,9 @@ private:
     bool takeItemKey(int key);
     void stepDays(int days);
     void stepItems(int direction);
+    /// The topmost one below the point, as far as it can be seen.
+    const ItemPlace *itemAt(const QPoint &point) const;
+    const MorePlace *moreAt(const QPoint &point) const;
     bool isOverLowerEdge(const ItemPlace &place, const QPoint &point) const;
     void drag(const QPoint &point);
     void endDrag();

@@ -19,11 +19,11 @@ void CalendarView::mousePressEvent(QMouseEvent *event)
     const QPoint point = visual(event->pos());
     if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
     m_drag.reset();
-    if (const MorePlace *more = m_places.moreAt(point)) return Q_EMIT dayOpened(more->day);
+    if (const MorePlace *more = moreAt(point)) return Q_EMIT dayOpened(more->day);
     const auto spot = spotAt(point);
     if (!spot) return;
     m_drag = Drag{.kind = Drag::Kind::Create, .pressedAt = event->pos(), .from = *spot};
-    if (const ItemPlace *place = m_places.itemAt(point)) {
+    if (const ItemPlace *place = itemAt(point)) {
         const CalendarItem item = m_content.items[place->item];
         m_drag->kind = isOverLowerEdge(*place, point) ? Drag::Kind::Resize : Drag::Kind::Move;
         m_drag->item = item;
@@ -54,7 +54,7 @@ void CalendarView::mouseMoveEvent(QMouseEvent *event)
 
 void CalendarView::showCursor(const QPoint &point)
 {
-    const ItemPlace *place = m_places.itemAt(point);
+    const ItemPlace *place = itemAt(point);
     viewport()->setCursor(place && isOverLowerEdge(*place, point) ? Qt::SizeVerCursor : Qt::ArrowCursor);
 }
 
@@ -96,7 +96,7 @@ void CalendarView::mouseDoubleClickEvent(QMouseEvent *event)
     const QPoint point = visual(event->pos());
     m_drag.reset();
     if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
-    if (const ItemPlace *place = m_places.itemAt(point)) {
+    if (const ItemPlace *place = itemAt(point)) {
         const QRect bounds = boundsOf(place->item);
         Q_EMIT m_edits.openRequested(m_content.items[place->item],
                                      {viewport()->mapToGlobal(bounds.topLeft()), bounds.size()});
@@ -111,7 +111,7 @@ void CalendarView::contextMenuEvent(QContextMenuEvent *event)
 {
     m_drag.reset();
     if (event->reason() == QContextMenuEvent::Mouse) {
-        const ItemPlace *place = m_places.itemAt(visual(event->pos()));
+        const ItemPlace *place = itemAt(visual(event->pos()));
         if (!place) return;
         select(place->item);
         return Q_EMIT m_edits.menuRequested(m_content.items[place->item], event->globalPos());

@@ -159,7 +159,7 @@ void TimeGridGeometry::addBoxes(const std::vector<TimedBox> &boxes, const Calend
             return other.day == day && other.bounds.intersects(place);
         });
         if (beside == places.more.end()) {
-            places.more.push_back({place, 1, day});
+            places.more.push_back({place, 1, day, ItemPlace::Shape::Box});
         } else {
             beside->bounds |= place;
             ++beside->count;
