@@ -58,7 +58,7 @@ CalendarItem CalendarDrag::resized(const CalendarItem &item, const CalendarSpot 
 CalendarItem CalendarDrag::spanned(const CalendarSpot &from, const CalendarSpot &to)
 {
     CalendarItem result;
-    const auto [first, last] = std::minmax(from.at(), to.at());
+    const auto [first, last] = std::minmax({from.at(), to.at()}); // by value: these are temporaries
     result.isAllDay = !from.time || !to.time;
     if (result.isAllDay) {
         result.start = dayHolding(first);

@@ -2,6 +2,7 @@
 
 #include <libical/ical.h>
 
+#include <cstdlib>
 #include <memory>
 
 using namespace std::chrono;
@@ -35,6 +36,8 @@ std::optional<std::vector<LocalTime>> libicalOccurrences(const QString &rule, Lo
                                                          std::size_t most)
 {
     icalrecurrencetype recurrence = icalrecurrencetype_from_string(rule.toLatin1().constData());
+    // The iterator uses it, and nothing of libical frees it.
+    const std::unique_ptr<char, decltype(&std::free)> calendar{recurrence.rscale, &std::free};
     const std::unique_ptr<icalrecur_iterator, decltype(&icalrecur_iterator_free)> iterator{
         icalrecur_iterator_new(recurrence, toIcalTime(start)), &icalrecur_iterator_free};
     icalrecurrencetype_clear(&recurrence);
