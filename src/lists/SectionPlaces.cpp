@@ -4,8 +4,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/records/PriorityNames.h"
 #include "model/settings/KWLocalizedString.h"
-
-#include <QDate>
+#include "model/text/DayText.h"
 
 #include <algorithm>
 #include <limits>
@@ -22,12 +21,6 @@ constexpr std::int64_t noDateRank = 8;
 
 constexpr std::int64_t lastRank = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t firstRank = -1;
-
-QDate dateOf(Day day)
-{
-    const std::chrono::year_month_day date{day};
-    return {int(date.year()), int(unsigned(date.month())), int(unsigned(date.day()))};
-}
 
 Day lastDayOf(const KWTaskListItemModel &row, const CXTimeZone &zone)
 {

@@ -77,12 +77,11 @@ std::optional<Instant> movedEnd(const KWTaskModel &task, Instant next, const CXT
 
 CXRecurringObject recurringObject(const KWTaskModel &task, const TaskRepetition::Now &now)
 {
-    const bool isLocal = task.isAllDay || task.isFloating;
     return {.startDate = task.startDate,
             .isAllDay = task.isAllDay,
             .recurrenceRuleString = task.repeatRule,
             .excludedOccurrenceDates = {task.exDates.begin(), task.exDates.end()},
-            .timeZone = isLocal ? now.zone : CXTimeZone::named(task.timeZone).value_or(now.zone),
+            .timeZone = TaskRepetition::zoneOf(task, now.zone),
             .firstWeekday = now.firstWeekday};
 }
 
@@ -100,6 +99,12 @@ TaskRepetition repetitionAt(Instant start, const KWTaskModel &task, const CXRecu
 }
 
 } // namespace
+
+CXTimeZone TaskRepetition::zoneOf(const KWTaskModel &task, const CXTimeZone &local)
+{
+    if (task.isAllDay || task.isFloating) return local;
+    return CXTimeZone::named(task.timeZone).value_or(local);
+}
 
 std::optional<TaskRepetition> TaskRepetition::next(const KWTaskModel &task, const Now &now)
 {

@@ -20,6 +20,8 @@ struct TaskRepetition {
         CXTimeZone zone;
         std::chrono::weekday firstWeekday;
     };
+    /// The zone by whose wall clock a task repeats.
+    static CXTimeZone zoneOf(const KWTaskModel &task, const CXTimeZone &local);
     /// Where the task goes when its occurrence is completed or abandoned. Nothing when it does not repeat,
     /// has no date, or this was the last time.
     static std::optional<TaskRepetition> next(const KWTaskModel &task, const Now &now);

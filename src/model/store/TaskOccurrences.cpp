@@ -87,9 +87,7 @@ Result<KWTask *> partOf(KWTask &task, const TaskOccurrence &occurrence, Occurren
 // Moves the task as far as its occurrence is moved, with its rule and what it leaves out.
 Result<void> moveAll(KWTask &task, Instant occurrence, const TaskOccurrences::Dates &to)
 {
-    const TaskRepetition::Now now = repetitionNow(task);
-    const CXTimeZone zone =
-        task->isAllDay || task->isFloating ? now.zone : CXTimeZone::named(task->timeZone).value_or(now.zone);
+    const CXTimeZone zone = TaskRepetition::zoneOf(task.model(), task.context().clock().zone());
     const LocalTime from = zone.toLocal(occurrence);
     const LocalTime until = zone.toLocal(to.startDate);
     const auto moved = [&](Instant date) { return zone.toInstant(zone.toLocal(date) + (until - from)); };
