@@ -14,6 +14,7 @@ HabitFrequency HabitFrequency::ofRule(const QString &repeatRule)
 
 bool HabitFrequency::isDueOn(Day day, Day firstDay) const
 {
+    if (day < firstDay) return false;
     switch (kind) {
     case Kind::Daily:
         return weekdays.isEmpty() || weekdays.contains(int(std::chrono::weekday{day}.c_encoding()));

@@ -22,6 +22,7 @@ struct HabitFrequency {
     /// every day.
     static HabitFrequency ofRule(const QString &repeatRule);
 
-    /// Every day of a weekly habit is one. Those of the repeat kind are counted from `firstDay`, also back.
+    /// From `firstDay` on, from which those of the repeat kind are counted. Every day of a weekly habit is
+    /// one.
     bool isDueOn(Day day, Day firstDay) const;
 };

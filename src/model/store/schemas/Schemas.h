@@ -31,5 +31,7 @@ std::string calendarDisplay();
 std::string calendarSubscriptions();
 /// What finds the occurrences that have gone on for days.
 std::string longOccurrences();
+/// The hour at which the day of habits begins.
+std::string habitDayStart();
 
 } // namespace schemas
