@@ -21,6 +21,8 @@ struct HabitFrequency {
     /// A rule of no such kind counts as a daily one with the weekdays it has; one that cannot be read means
     /// every day.
     static HabitFrequency ofRule(const QString &repeatRule);
+    /// The rule of it, as CXRecurrenceRule::toIcal() writes one.
+    QString toRule() const;
 
     /// From `firstDay` on, from which those of the repeat kind are counted. Every day of a weekly habit is
     /// one.
