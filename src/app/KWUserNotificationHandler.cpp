@@ -4,8 +4,11 @@
 #include "corvexkit/log/CXLog.h"
 #include "model/account/KWAccountManager.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/DayStamp.h"
+#include "model/records/KWUserSettings.h"
 #include "model/settings/KWUserDefaults.h"
 #include "model/store/KWCoreDataManager.h"
+#include "model/store/KWHabitUtils.h"
 #include "model/store/KWTaskEditor.h"
 #include "model/store/KWTaskTicker.h"
 
@@ -15,8 +18,15 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono;
 
 namespace {
+
 constexpr CXLogger notificationLog{u"reminders"};
+
+QString linkTo(const ReminderSubject &subject)
+{
+    return subject.isHabit() ? u"orvane://habit/"_s + subject.habitID : u"orvane://task/"_s + subject.taskID;
 }
+
+} // namespace
 
 KWUserNotificationHandler::KWUserNotificationHandler(Collaborators collaborators)
     : m_with(std::move(collaborators)), m_reminders(m_with.manager)
@@ -30,14 +40,15 @@ void KWUserNotificationHandler::applicationDidFinishLaunching()
             m_with.center.addObserver(name, [this, reaction](const auto &) { (this->*reaction)(); }));
     };
     for (const QString &each : {KWUserDidSignInNotification, KWDataDidChangeOutsideMainAppNotification,
-                                KWSyncDidBatchPullNotification})
+                                KWSyncDidBatchPullNotification, SystemTimeZoneDidChangeNotification})
         on(each, &KWUserNotificationHandler::planAndCheckSoon);
     on(KWUserDidSignOutNotification, &KWUserNotificationHandler::userDidSignOut);
-    for (const QString &each : {WorkspaceDidWakeNotification, SystemTimeZoneDidChangeNotification,
-                                delayDeleteStatusChangedNotification})
+    for (const QString &each :
+         {WorkspaceDidWakeNotification, KWNewHabitDayComesNotification, delayDeleteStatusChangedNotification})
         on(each, &KWUserNotificationHandler::checkSoon);
     m_registration = m_with.bus.registerEventBus([this](const StoreChange &change) {
-        for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project})
+        for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Project,
+                                      RecordKind::Habit, RecordKind::HabitCheckin, RecordKind::HabitSkip})
             if (change.touches(kind)) return checkSoon();
     });
     m_with.notifications.onResponse = [this](const auto &response) { respond(response); };
@@ -173,7 +184,7 @@ void KWUserNotificationHandler::respond(const UserNotificationCenterPort::Respon
     if (response.action == ReminderText::openAction) {
         m_with.notifications.withdraw(response.identifier);
         QStringList links;
-        if (isOne) links.append(u"orvane://task/"_s + reminder.subject.taskID);
+        if (isOne) links.append(linkTo(reminder.subject));
         return m_with.open({.links = links, .activationToken = response.activationToken});
     }
     const Result<void> done =
@@ -195,9 +206,18 @@ Result<void> KWUserNotificationHandler::act(const ReminderSubject &subject, cons
 
 Result<void> KWUserNotificationHandler::complete(const ReminderSubject &subject)
 {
+    if (subject.isHabit()) return finishHabit(subject.habitID);
     if (!subject.itemID.isEmpty()) return KWTaskEditor{m_with.manager}.tickItem(subject.itemID);
     const auto ticked = KWTaskTicker{m_with.manager}.updateStatus(KWTaskStatusCompleted, {subject.taskID});
     return ticked ? Result<void>{} : ticked.error();
+}
+
+Result<void> KWUserNotificationHandler::finishHabit(const QString &habitID)
+{
+    ObjectContext &context = m_with.manager.MR_defaultContext();
+    const Day today = KWUserSettings::habitDayOfUser(m_with.account.currentUserID(), context);
+    const auto done = KWHabitUtils{m_with.manager}.finishDay(habitID, DayStamp::fromDay(today));
+    return done ? Result<void>{} : done.error();
 }
 
 std::optional<Instant> KWUserNotificationHandler::snoozedUntil(const QString &action) const

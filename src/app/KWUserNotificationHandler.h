@@ -16,8 +16,8 @@ class KWAccountManager;
 class KWCoreDataManager;
 class KWUserDefaults;
 
-/// Reminds of tasks and checklist items while somebody is signed in. It waits for the next alert with one
-/// call of the clock, looks again whenever records, clock, zone or account change, shows what is due, and
+/// Reminds of tasks, checklist items and habits while somebody is signed in. It waits for the next alert with
+/// one call of the clock, looks again whenever records, clock, zone or account change, shows what is due, and
 /// then marks it as delivered: across restarts every alert comes once, and a crash between the two repeats
 /// it at worst. What is late, because the computer slept or the program was closed, comes as one message
 /// when there is more than one. Switched off in the preferences, alerts pass unsaid. docs/reminders.md has
@@ -68,6 +68,7 @@ private:
     void respond(const UserNotificationCenterPort::Response &response);
     Result<void> act(const ReminderSubject &subject, const QString &action);
     Result<void> complete(const ReminderSubject &subject);
+    Result<void> finishHabit(const QString &habitID);
     std::optional<Instant> snoozedUntil(const QString &action) const;
 
     Collaborators m_with;

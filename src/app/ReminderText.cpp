@@ -25,6 +25,7 @@ QString joined(QStringList parts)
 
 QString ReminderText::identifierOf(const ReminderSubject &subject)
 {
+    if (subject.isHabit()) return u"habit:"_s + subject.habitID;
     return subject.itemID.isEmpty() ? u"task:"_s + subject.taskID : u"item:"_s + subject.itemID;
 }
 
@@ -49,15 +50,18 @@ QString ReminderText::whenText(const DueReminder &reminder) const
 
 UserNotification ReminderText::notificationOf(const DueReminder &reminder) const
 {
+    const bool isHabit = reminder.subject.isHabit();
+    QList<UserNotification::Action> actions{
+        {openAction, KWLocalizedString("Open")},
+        {completeAction, isHabit ? KWLocalizedString("Done") : KWLocalizedString("Complete")},
+        {snoozeAction + u"10"_s, KWLocalizedString("In 10 Minutes")},
+        {snoozeAction + u"30"_s, KWLocalizedString("In 30 Minutes")},
+        {snoozeAction + u"60"_s, KWLocalizedString("In 1 Hour")}};
+    if (!isHabit) actions.append({tomorrowAction, KWLocalizedString("Tomorrow")}); // it has a day of its own
     return {.identifier = identifierOf(reminder.subject),
             .title = displayTitle(reminder.title),
             .body = joined({reminder.taskTitle, reminder.listName, whenText(reminder)}),
-            .actions = {{openAction, KWLocalizedString("Open")},
-                        {completeAction, KWLocalizedString("Complete")},
-                        {snoozeAction + u"10"_s, KWLocalizedString("In 10 Minutes")},
-                        {snoozeAction + u"30"_s, KWLocalizedString("In 30 Minutes")},
-                        {snoozeAction + u"60"_s, KWLocalizedString("In 1 Hour")},
-                        {tomorrowAction, KWLocalizedString("Tomorrow")}}};
+            .actions = actions};
 }
 
 UserNotification ReminderText::digestOf(const QList<DueReminder> &reminders) const

@@ -80,16 +80,6 @@ QList<HabitSection> emptySectionsOf(const QString &userID, ObjectContext &contex
     return sections;
 }
 
-// Whether the days of its week that a weekly habit asks for were done, before that day.
-bool hasItsDaysOfTheWeek(const KWHabit &habit, Day day, const HabitDay &itself)
-{
-    const HabitFrequency frequency = habit.frequency();
-    if (frequency.kind != HabitFrequency::Kind::Weekly || itself.state == HabitDayState::Done) return false;
-    const auto first = KWUserSettings::firstWeekdayOfUser(habit->userID, habit.context());
-    const QList<HabitDay> week = HabitReader::readDays(habit, day - (weekday{day} - first), day);
-    return std::ranges::count(week, HabitDayState::Done, &HabitDay::state) >= frequency.timesInWeekly;
-}
-
 } // namespace
 
 QList<HabitDay> HabitReader::readDays(const KWHabit &habit, Day first, Day last)
@@ -164,9 +154,7 @@ QList<HabitRow> HabitReader::readDueOn(Day day, const QString &userID, ObjectCon
     for (const HabitSection &section : readPage(userID, context).sections)
         for (const HabitRow &each : section.rows) {
             const KWHabit &habit = *context.find<KWHabit>(each.habit.sid);
-            const HabitDay itself = readDays(habit, day, day).first();
-            if (!itself.isDue || itself.state == HabitDayState::Skipped) continue;
-            if (!hasItsDaysOfTheWeek(habit, day, itself)) due.append(each);
+            if (habit.isWantedOn(day)) due.append(each);
         }
     return due;
 }

@@ -58,7 +58,7 @@ QString HabitWording::daysPerWeek(int days)
 
 QString HabitWording::amount(double amount, const QLocale &locale)
 {
-    return locale.toString(amount, 'f', QLocale::FloatingPointShortest);
+    return locale.toString(KWHabitUtils::withoutRoundingErrors(amount), 'f', QLocale::FloatingPointShortest);
 }
 
 QString HabitWording::amountWithUnit(double amount, const QString &unit, const QLocale &locale)

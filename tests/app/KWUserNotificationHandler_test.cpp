@@ -1,10 +1,14 @@
 #include "app/KWUserNotificationHandler.h"
 
 #include "model/events/NotificationNames.h"
+#include "model/records/DayStamp.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWHabit.h"
+#include "model/records/KWHabitCheckin.h"
 #include "model/records/KWTask.h"
 #include "model/settings/ClockFormat.h"
 #include "model/store/Connection.h"
+#include "model/store/KWHabitUtils.h"
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -30,7 +34,9 @@ struct Scene final : UserNotificationCenterPort {
             store.clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(), *this,
             [this](const LaunchRequest &request) {
                 const QString link = request.links.value(0, u"the window"_s);
-                note(u"opens"_s, QString{link}.replace(u"orvane://task/"_s, u"task:"_s));
+                note(u"opens"_s, QString{link}
+                                     .replace(u"orvane://task/"_s, u"task:"_s)
+                                     .replace(u"orvane://habit/"_s, u"habit:"_s));
                 if (request.activationToken != u"token") qFatal("the token is lost");
             },
             [this](const QString &id) { return pendingDeletes.contains(id); }});
@@ -46,7 +52,8 @@ struct Scene final : UserNotificationCenterPort {
 
     void show(const UserNotification &shown) override
     {
-        noted << shown.title + u": "_s + QString{shown.body}.replace(u'\n', u" / "_s);
+        const QString body = QString{shown.body}.replace(u'\n', u" / "_s);
+        noted << (body.isEmpty() ? shown.title : shown.title + u": "_s + body);
         if (shown.sound == UserNotification::Sound::None) noted << u"no sound"_s;
     }
     void withdraw(const QString &identifier) override { note(u"takes back"_s, identifier); }
@@ -66,6 +73,29 @@ struct Scene final : UserNotificationCenterPort {
                                .savedIn(store);
         identifiers.insert(title, u"task:"_s + id);
     }
+    void addHabit(const QString &title, const QString &times, const QString &rule)
+    {
+        KWHabitModel habit;
+        habit.userID = store.userID();
+        habit.name = title;
+        habit.reminders = times.split(u',');
+        if (!rule.isEmpty()) habit.repeatRule = rule;
+        saved(store, [&](ObjectContext &context) {
+            identifiers.insert(title, u"habit:"_s + context.insert<KWHabit>(habit).sid());
+        });
+    }
+    void finish(const QString &habit)
+    {
+        KWHabitUtils utils{store.kit().manager()};
+        if (!utils.finishDay(idOf(habit), DayStamp::fromDay(store.clock.today()))) qFatal("not finished");
+    }
+    bool isDoneToday(const QString &habit)
+    {
+        const Day today = store.clock.today();
+        const KWHabit *found = store.context().find<KWHabit>(idOf(habit));
+        const KWHabitCheckin *checkin = found->checkInAtDateStamp(DayStamp::fromDay(today));
+        return checkin && checkin->isDone();
+    }
     void fillTheDisk(bool isFull)
     {
         store.context().connection().execute(
@@ -81,6 +111,12 @@ struct Scene final : UserNotificationCenterPort {
         const minutes duration{title.toInt()};
         if (verb == u"task")
             addTask(title, words.at(2), words.mid(3));
+        else if (verb == u"habit")
+            addHabit(title, words.at(2), words.value(3));
+        else if (verb == u"day")
+            store.kit().center().post(KWNewHabitDayComesNotification);
+        else if (verb == u"finish")
+            finish(title);
         else if (verb == u"wait")
             store.clock.advance(duration);
         else if (verb == u"sleep")
@@ -107,7 +143,10 @@ struct Scene final : UserNotificationCenterPort {
         else if (verb == u"hours")
             ClockFormat::choose(title);
         else if (verb == u"look")
-            noted << (task(title).status == KWTaskStatusCompleted ? u"completed"_s : u"open"_s);
+            noted << (identifiers.value(title).startsWith(u"habit")
+                          ? (isDoneToday(title) ? u"done"_s : u"open"_s)
+                      : task(title).status == KWTaskStatusCompleted ? u"completed"_s
+                                                                    : u"open"_s);
         else
             qFatal("%s is no step", qUtf8Printable(step));
         store.clock.advance(0ms);

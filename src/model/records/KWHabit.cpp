@@ -6,6 +6,7 @@
 #include "model/records/KWHabitRecord.h"
 #include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
+#include "model/records/NextAlert.h"
 
 #include <algorithm>
 #include <set>
@@ -61,15 +62,27 @@ QList<KWHabit *> KWHabit::fetchAll(const QString &userID, HabitScope scope, Obje
 int KWHabit::countOpenToday(const QString &userID, ObjectContext &context)
 {
     const Day day = KWUserSettings::habitDayOfUser(userID, context);
-    const auto isOpen = [day](const KWHabit *habit) {
-        if (!habit->isDueOn(day) || habit->isSkippedOn(day)) return false;
-        const KWHabitCheckin *checkin = habit->checkInAtDateStamp(DayStamp::fromDay(day));
-        return !checkin || (*checkin)->status == KWHabitCheckinStatusNotDone;
-    };
-    return int(std::ranges::count_if(fetchAll(userID, HabitScope::Active, context), isOpen));
+    return int(std::ranges::count_if(fetchAll(userID, HabitScope::Active, context),
+                                     [day](const KWHabit *each) { return each->isOpenOn(day); }));
 }
 
 bool KWHabit::isSkippedOn(Day day) const { return skipAtDateStamp(DayStamp::fromDay(day)); }
+
+bool KWHabit::isWantedOn(Day day) const
+{
+    if (!isDueOn(day) || isSkippedOn(day)) return false;
+    const HabitFrequency own = frequency();
+    if (own.kind != HabitFrequency::Kind::Weekly) return true;
+    const auto first = KWUserSettings::firstWeekdayOfUser(model().userID, context());
+    const auto done = doneDaysSince(day - (std::chrono::weekday{day} - first));
+    return std::ranges::count_if(done, [day](Day each) { return each < day; }) < own.timesInWeekly;
+}
+
+bool KWHabit::isOpenOn(Day day) const
+{
+    const KWHabitCheckin *checkin = checkInAtDateStamp(DayStamp::fromDay(day));
+    return (!checkin || (*checkin)->status == KWHabitCheckinStatusNotDone) && isWantedOn(day);
+}
 
 Day KWHabit::today() const { return KWUserSettings::habitDayOfUser(model().userID, context()); }
 
@@ -199,4 +212,8 @@ void KWHabit::beginNoLaterThan(Day day)
 void KWHabit::willSave()
 {
     if (model().startStamp == 0) set(&KWHabitModel::startStamp, DayStamp::fromDay(firstDay()));
+    if (needsNewAlert(storedVersion(), model()))
+        set(&KWHabitModel::remindTime, nextAlert(model(), context().clock().now(), context().clock().zone()));
 }
+
+bool KWHabit::isModified() const { return !differsInAlertAlone(storedVersion(), model()); }

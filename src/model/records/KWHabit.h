@@ -21,13 +21,17 @@ public:
     /// The user's habits that are not deleted, in their manual order.
     static QList<KWHabit *> fetchAll(const QString &userID, HabitScope scope, ObjectContext &context);
 
-    /// How many of the user's habits are due today and open still: not done, not skipped, not said to be
-    /// unachieved. Archived ones are none of the day's.
+    /// How many of the user's habits are open today, see isOpenOn(). Archived ones are none of the day's.
     static int countOpenToday(const QString &userID, ObjectContext &context);
 
     HabitFrequency frequency() const { return HabitFrequency::ofRule(model().repeatRule); }
     bool isDueOn(Day day) const { return frequency().isDueOn(day, firstDay()); }
     bool isSkippedOn(Day day) const;
+    /// Whether the person means to do it on that day: it is due, not skipped, and the days before have not
+    /// been all that a weekly habit asks for in its week.
+    bool isWantedOn(Day day) const;
+    /// Whether that is to be done still: not done by now, nor said to be unachieved.
+    bool isOpenOn(Day day) const;
 
     /// The day that it is for the habits of this account.
     Day today() const;
@@ -53,6 +57,7 @@ public:
 
 private:
     void willSave() override;
+    bool isModified() const override;
 
     void beginNoLaterThan(Day day);
     HabitHistory historySince(Day since) const;

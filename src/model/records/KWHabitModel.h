@@ -28,6 +28,8 @@ struct KWHabitModel : KWSynchronizableFields {
     QString repeatRule = QStringLiteral("RRULE:FREQ=DAILY;INTERVAL=1");
     int startStamp = 0;    ///< the day from which every so many days are counted, yyyymmdd; 0: when created
     QStringList reminders; ///< times of the day, "HH:mm"
+    std::optional<Instant> remindTime; ///< the next alert, worked out whenever what it depends on is saved
+    std::optional<Instant> snoozedRemindDate;
     bool isArchived = false;
     int currentStreak = 0;
     int longestStreak = 0;
@@ -42,6 +44,8 @@ inline constexpr auto recordFields<KWHabitModel> = synchronized(
     field("goal", &KWHabitModel::goal), field("step", &KWHabitModel::step),
     field("unit", &KWHabitModel::unit), field("sectionID", &KWHabitModel::sectionID, Json{"sectionId"}),
     field("repeatRule", &KWHabitModel::repeatRule), field("startStamp", &KWHabitModel::startStamp),
-    field("reminders", &KWHabitModel::reminders), field("isArchived", &KWHabitModel::isArchived),
-    field("currentStreak", &KWHabitModel::currentStreak),
+    field("reminders", &KWHabitModel::reminders),
+    field("remindTime", &KWHabitModel::remindTime, Change::None),
+    field("snoozedRemindDate", &KWHabitModel::snoozedRemindDate),
+    field("isArchived", &KWHabitModel::isArchived), field("currentStreak", &KWHabitModel::currentStreak),
     field("longestStreak", &KWHabitModel::longestStreak));

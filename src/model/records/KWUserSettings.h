@@ -18,9 +18,14 @@ public:
     /// The day that it is for the habits of that account: until an hour of the night yesterday still.
     static Day habitDayOfUser(const QString &userID, ObjectContext &context)
     {
+        return habitDayOfUser(userID, context.clock().now(), context);
+    }
+    /// The same for another moment.
+    static Day habitDayOfUser(const QString &userID, Instant moment, ObjectContext &context)
+    {
         const int start = std::clamp(ofUser(userID, context).habitDayStart, 0, latestHabitDayStart);
-        const LocalTime now = context.clock().localNow();
-        return std::chrono::floor<std::chrono::days>(now - std::chrono::hours{start});
+        const LocalTime local = context.clock().zone().toLocal(moment);
+        return std::chrono::floor<std::chrono::days>(local - std::chrono::hours{start});
     }
     static constexpr int latestHabitDayStart = 6;
 

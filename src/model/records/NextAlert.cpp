@@ -3,6 +3,10 @@
 #include "corvexkit/alarm/CXAlarmTrigger.h"
 #include "model/records/ZoneMove.h"
 
+#include <QTime>
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void takeEarlier(std::optional<Instant> &next, std::optional<Instant> candidate, Instant after)
@@ -17,6 +21,8 @@ bool isAlive(const KWTaskModel &task)
 
 bool isAlive(const KWChecklistItemModel &item) { return !item.isCompleted() && !item.isDeleted; }
 
+bool isAlive(const KWHabitModel &habit) { return !habit.isArchived && !habit.isDeleted; }
+
 bool hasOtherAlerts(const KWTaskModel &before, const KWTaskModel &now)
 {
     return before.startDate != now.startDate || before.isAllDay != now.isAllDay ||
@@ -28,6 +34,22 @@ bool hasOtherAlerts(const KWChecklistItemModel &before, const KWChecklistItemMod
 {
     return before.startDate != now.startDate || before.isAllDay != now.isAllDay ||
            before.snoozedRemindDate != now.snoozedRemindDate;
+}
+
+bool hasOtherAlerts(const KWHabitModel &before, const KWHabitModel &now)
+{
+    return before.reminders != now.reminders || before.snoozedRemindDate != now.snoozedRemindDate;
+}
+
+// The reminders of a habit on one day, and those that were put off.
+QList<Instant> alertsOn(Day day, const KWHabitModel &habit, const CXTimeZone &zone)
+{
+    QList<Instant> alerts;
+    for (const QString &each : habit.reminders)
+        if (const QTime time = QTime::fromString(each, u"HH:mm"_s); time.isValid())
+            alerts.append(zone.toInstant(day + std::chrono::milliseconds{time.msecsSinceStartOfDay()}));
+    if (habit.snoozedRemindDate) alerts.append(*habit.snoozedRemindDate);
+    return alerts;
 }
 
 template <class Twin>
@@ -73,6 +95,24 @@ std::optional<Instant> nextAlert(const KWChecklistItemModel &item, Instant after
     return next;
 }
 
+std::optional<Instant> nextAlert(const KWHabitModel &habit, Instant after, const CXTimeZone &zone)
+{
+    std::optional<Instant> next;
+    for (const std::chrono::days later : {std::chrono::days{0}, std::chrono::days{1}})
+        for (const Instant each : alertsOn(zone.dayOf(after) + later, habit, zone))
+            takeEarlier(next, each, after);
+    return next;
+}
+
+std::optional<Instant> lastAlert(const KWHabitModel &habit, Instant now, const CXTimeZone &zone)
+{
+    std::optional<Instant> last;
+    for (const std::chrono::days before : {std::chrono::days{0}, std::chrono::days{1}})
+        for (const Instant each : alertsOn(zone.dayOf(now) - before, habit, zone))
+            if (each <= now && (!last || each > *last)) last = each;
+    return last;
+}
+
 bool needsNewAlert(const std::optional<KWTaskModel> &stored, const KWTaskModel &task)
 {
     return needsAlert(stored, task);
@@ -81,4 +121,9 @@ bool needsNewAlert(const std::optional<KWTaskModel> &stored, const KWTaskModel &
 bool needsNewAlert(const std::optional<KWChecklistItemModel> &stored, const KWChecklistItemModel &item)
 {
     return needsAlert(stored, item);
+}
+
+bool needsNewAlert(const std::optional<KWHabitModel> &stored, const KWHabitModel &habit)
+{
+    return needsAlert(stored, habit);
 }

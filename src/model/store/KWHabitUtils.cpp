@@ -12,18 +12,11 @@
 
 namespace {
 
-// Ten tenths are one.
-double withoutRoundingErrors(double amount)
-{
-    constexpr double places = 1e6;
-    return std::abs(amount) < 1e9 ? std::round(amount * places) / places : amount;
-}
-
 double amountAfter(HabitCheck check, const KWHabit &habit, const KWHabitCheckin &checkin)
 {
     if (!habit->isRealType) return check == HabitCheck::Add ? checkin->goal : 0;
     const double step = check == HabitCheck::Add ? habit->step : -habit->step;
-    return std::max(0.0, withoutRoundingErrors(checkin->value + step));
+    return std::max(0.0, KWHabitUtils::withoutRoundingErrors(checkin->value + step));
 }
 
 bool canBeChecked(HabitCheck check, CheckedBy by, const KWHabit &habit, const KWHabitCheckin *checkin,
@@ -46,10 +39,25 @@ void checkDay(KWHabit &habit, int stamp, HabitCheck check, CheckedBy by)
 
 } // namespace
 
+double KWHabitUtils::withoutRoundingErrors(double amount)
+{
+    constexpr double places = 1e6;
+    return std::abs(amount) < 1e9 ? std::round(amount * places) / places : amount;
+}
+
 Result<UndoToken> KWHabitUtils::updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check,
                                                    CheckedBy by)
 {
     return changeDay(habitID, stamp, [=](KWHabit &habit) { checkDay(habit, stamp, check, by); });
+}
+
+Result<UndoToken> KWHabitUtils::finishDay(const QString &habitID, int stamp)
+{
+    return changeDay(habitID, stamp, [stamp](KWHabit &habit) {
+        KWHabitCheckin &checkin = habit.makeCheckInAtDateStamp(stamp);
+        if (!checkin.isDone()) checkin.updateValue(std::max(checkin->value, checkin->goal));
+        if (KWHabitSkip *skip = habit.skipAtDateStamp(stamp)) skip->deleteForever();
+    });
 }
 
 Result<UndoToken> KWHabitUtils::changeDay(const QString &habitID, int stamp,

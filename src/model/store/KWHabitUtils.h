@@ -28,6 +28,9 @@ public:
     /// that is done and has no amount. What changeDay() refuses fails with its sentence.
     Result<UndoToken> updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check, CheckedBy by);
 
+    /// The day reaches its goal, whatever was entered before.
+    Result<UndoToken> finishDay(const QString &habitID, int stamp);
+
     /// Does `change` to the habit on that day and updates its streaks. Nothing happens to an archived habit.
     /// A habit that is gone, a stamp that is no day (see DayStamp.h) and a day after today fail with a
     /// sentence.
@@ -35,6 +38,9 @@ public:
     /// The event bus tells the habit as updated, whether its streaks changed or not.
     Result<UndoToken> changeDay(const QString &habitID, int stamp,
                                 const std::function<void(KWHabit &)> &change);
+
+    /// An amount to the millionth, for ten tenths are one.
+    static double withoutRoundingErrors(double amount);
 
 private:
     KWCoreDataManager &m_manager;

@@ -2,8 +2,10 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "model/records/KWChecklistItem.h"
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWUserSettings.h"
 #include "model/records/NextAlert.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/StoreFailure.h"
@@ -20,16 +22,24 @@ constexpr const char *nextOfTasks =
 constexpr const char *nextOfItems =
     "SELECT remindTime FROM checklistItems INDEXED BY checklistItemsByRemindTime WHERE remindTime > ? AND "
     "status = 0 AND isDeleted = 0 AND userID = ? ORDER BY remindTime LIMIT 1";
+constexpr const char *nextOfHabits =
+    "SELECT remindTime FROM habits INDEXED BY habitsByRemindTime WHERE remindTime > ? AND isArchived = 0 AND "
+    "isDeleted = 0 AND userID = ? ORDER BY remindTime LIMIT 1";
 
 constexpr const char *dueTasks =
     "remindTime <= ? AND status = 0 AND isDeleted = 0 AND isTrashed = 0 AND +userID = ?";
 constexpr const char *dueItems = "remindTime <= ? AND status = 0 AND isDeleted = 0 AND +userID = ?";
+constexpr const char *dueHabits = "remindTime <= ? AND isArchived = 0 AND isDeleted = 0 AND +userID = ?";
 
 constexpr const char *tasksWithoutAlert =
     "startDate > ? AND status = 0 AND isDeleted = 0 AND isTrashed = 0 AND remindTime IS NULL AND reminders "
     "<> '[]' AND userID = ?";
 constexpr const char *itemsWithoutAlert = "startDate > ? AND status = 0 AND isDeleted = 0 AND isAllDay = 0 "
                                           "AND remindTime IS NULL AND userID = ?";
+
+constexpr const char *habitsThatRemind =
+    "(remindTime > ? OR (remindTime IS NULL AND reminders <> '[]')) AND isArchived = 0 AND isDeleted = 0 AND "
+    "userID = ?";
 
 bool isAlive(const KWTask *task)
 {
@@ -47,7 +57,7 @@ bool isQuiet(const KWTask &task, const std::optional<std::int64_t> &serverID)
 DueReminder reminderOfTask(const KWTask &task, const std::optional<std::int64_t> &serverID)
 {
     const KWProject *list = task.project();
-    return {.subject = {task.sid(), {}},
+    return {.subject = {.taskID = task.sid()},
             .moment = task->remindTime.value_or(Instant{}),
             .title = task->title,
             .taskTitle = {},
@@ -59,7 +69,7 @@ DueReminder reminderOfTask(const KWTask &task, const std::optional<std::int64_t>
 
 DueReminder reminderOfItem(const KWChecklistItem &item, const std::optional<std::int64_t> &serverID)
 {
-    DueReminder reminder{.subject = {item->taskID, item.sid()},
+    DueReminder reminder{.subject = {.taskID = item->taskID, .itemID = item.sid()},
                          .moment = item->remindTime.value_or(Instant{}),
                          .title = item->title,
                          .taskTitle = {},
@@ -74,6 +84,21 @@ DueReminder reminderOfItem(const KWChecklistItem &item, const std::optional<std:
         reminder.isSilent = ofTask.isSilent;
     }
     return reminder;
+}
+
+DueReminder reminderOfHabit(const KWHabit &habit, Instant now)
+{
+    const CXClock &clock = habit.context().clock();
+    const Instant moment =
+        lastAlert(habit.model(), now, clock.zone()).value_or(habit->remindTime.value_or(Instant{}));
+    const Day day = KWUserSettings::habitDayOfUser(habit->userID, moment, habit.context());
+    return {.subject = {.habitID = habit.sid()},
+            .moment = moment,
+            .title = habit->name,
+            .taskTitle = {},
+            .listName = {},
+            .startDate = {},
+            .isSilent = day != habit.today() || !habit.isOpenOn(day)};
 }
 
 // What is past of a snooze has been said.
@@ -95,13 +120,20 @@ void plan(KWChecklistItem &item, Instant after)
     item.set(&KWChecklistItemModel::remindTime, nextAlert(item.model(), after));
 }
 
-/// Saves what `change` does to the tasks and items of the reminders, as far as they are there.
+void plan(KWHabit &habit, Instant after)
+{
+    habit.set(&KWHabitModel::remindTime, nextAlert(habit.model(), after, habit.context().clock().zone()));
+}
+
+/// Saves what `change` does to the tasks, items and habits of the reminders, as far as they are there.
 template <class Change>
 Result<void> saveEach(const QList<DueReminder> &reminders, KWCoreDataManager &manager, const Change &change)
 {
     return KWCoreDataService{manager}.sync_save([&](ObjectContext &context) -> Result<void> {
         for (const DueReminder &each : reminders)
-            if (!each.subject.itemID.isEmpty()) {
+            if (each.subject.isHabit()) {
+                if (auto *habit = context.find<KWHabit>(each.subject.habitID)) change(*habit, each);
+            } else if (!each.subject.itemID.isEmpty()) {
                 if (auto *item = context.find<KWChecklistItem>(each.subject.itemID)) change(*item, each);
             } else if (auto *task = context.find<KWTask>(each.subject.taskID)) {
                 change(*task, each);
@@ -119,6 +151,9 @@ Result<void> planAllMissing(const QString &userID, ObjectContext &context)
     for (KWChecklistItem *each :
          context.fetch<KWChecklistItem>({.where = itemsWithoutAlert, .values = {storedInstant(now), userID}}))
         plan(*each, now);
+    for (KWHabit *each :
+         context.fetch<KWHabit>({.where = habitsThatRemind, .values = {storedInstant(now), userID}}))
+        plan(*each, now);
     return {};
 }
 
@@ -127,7 +162,7 @@ Result<void> planAllMissing(const QString &userID, ObjectContext &context)
 std::optional<Instant> KWReminderService::nextRemindTime(const QString &userID, Instant after) const
 {
     std::optional<Instant> next;
-    for (const char *sql : {nextOfTasks, nextOfItems}) {
+    for (const char *sql : {nextOfTasks, nextOfItems, nextOfHabits}) {
         const std::int64_t found = m_manager.MR_defaultContext().number(sql, {storedInstant(after), userID});
         const Instant moment{std::chrono::milliseconds{found}};
         if (found != 0 && (!next || moment < *next)) next = moment;
@@ -144,6 +179,8 @@ QList<DueReminder> KWReminderService::due(const TaskOwner &owner, Instant now) c
         reminders.append(reminderOfTask(*each, owner.serverID));
     for (const KWChecklistItem *each : context.fetch<KWChecklistItem>({.where = dueItems, .values = values}))
         reminders.append(reminderOfItem(*each, owner.serverID));
+    for (const KWHabit *each : context.fetch<KWHabit>({.where = dueHabits, .values = values}))
+        reminders.append(reminderOfHabit(*each, now));
     std::ranges::stable_sort(reminders, {}, &DueReminder::moment);
     return reminders;
 }
@@ -151,6 +188,12 @@ QList<DueReminder> KWReminderService::due(const TaskOwner &owner, Instant now) c
 std::optional<DueReminder> KWReminderService::reminderOf(const ReminderSubject &subject) const
 {
     ObjectContext &context = m_manager.MR_defaultContext();
+    if (subject.isHabit()) {
+        const KWHabit *habit = context.find<KWHabit>(subject.habitID);
+        if (!habit || habit->isDeleted() || (*habit)->isArchived) return std::nullopt;
+        const DueReminder reminder = reminderOfHabit(*habit, context.clock().now());
+        return reminder.isSilent ? std::nullopt : std::optional{reminder};
+    }
     const KWTask *task = context.find<KWTask>(subject.taskID);
     if (!isAlive(task)) return std::nullopt;
     if (subject.itemID.isEmpty()) return reminderOfTask(*task, std::nullopt);
@@ -177,6 +220,12 @@ Result<void> KWReminderService::markUndelivered(const QList<DueReminder> &remind
 Result<void> KWReminderService::snooze(const ReminderSubject &subject, Instant until)
 {
     return KWCoreDataService{m_manager}.sync_save([&](ObjectContext &context) -> Result<void> {
+        if (subject.isHabit()) {
+            KWHabit *habit = context.find<KWHabit>(subject.habitID);
+            if (!habit || habit->isDeleted()) return Error{storeText("There is no such habit any more.")};
+            habit->set(&KWHabitModel::snoozedRemindDate, until);
+            return {};
+        }
         KWTask *task = context.find<KWTask>(subject.taskID);
         if (!isAlive(task)) return Error{storeText("There is no such task any more.")};
         if (subject.itemID.isEmpty()) {

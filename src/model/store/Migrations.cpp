@@ -27,6 +27,7 @@ std::span<const std::string> migrations()
         schemas::calendarSubscriptions(),
         schemas::longOccurrences(),
         schemas::habitDayStart(),
+        schemas::habitReminders(),
     };
     return inOrder;
 }

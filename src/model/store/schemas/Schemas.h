@@ -33,5 +33,7 @@ std::string calendarSubscriptions();
 std::string longOccurrences();
 /// The hour at which the day of habits begins.
 std::string habitDayStart();
+/// From a moment to the habits that remind then.
+std::string habitReminders();
 
 } // namespace schemas
