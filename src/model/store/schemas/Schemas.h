@@ -31,5 +31,7 @@ std::string calendarDisplay();
 std::string calendarSubscriptions();
 /// What finds the occurrences that have gone on for days.
 std::string longOccurrences();
+/// Whether a list shows events.
+std::string eventsInLists();
 
 } // namespace schemas
