@@ -169,7 +169,6 @@ private Q_SLOTS:
         QCOMPARE(joined(placesOfFilters(m_store->userID(), m_store->context()), &SidebarPlace::id),
                  filters.at(0) + u' ' + filters.at(2) + u' ' + filters.at(1));
 
-        // Subscribed at once, all of them have one position.
         const QString first = makeCalendar(*m_store, "Sports");
         const QString second = makeCalendar(*m_store, "Town");
         const auto calendars = [this] {

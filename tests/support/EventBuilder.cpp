@@ -2,6 +2,7 @@
 
 #include "model/records/KWCalSubscription.h"
 #include "model/records/KWCalSubscriptionEvent.h"
+#include "model/records/SortOrder.h"
 #include "support/TaskBuilder.h"
 
 namespace {
@@ -12,6 +13,8 @@ QString inserted(typename Record::Model model, OrvaneKit &kit)
     model.userID = kit.account().currentUserID();
     const auto saved =
         KWCoreDataService{kit.manager()}.sync_save([&](ObjectContext &context) -> Result<void> {
+            if constexpr (std::is_same_v<Record, KWCalSubscription>)
+                model.sortOrder = sortOrderBehindAll<Record>(model.userID, context);
             model.sid = context.insert<Record>(model).sid();
             return {};
         });

@@ -93,7 +93,9 @@ QString detailWords(const LocalSpan &span, const QLocale &locale)
 
 QString eventWords(const LocalSpan &span, bool isUnderItsDay, const QLocale &locale)
 {
-    const auto day = [&](Day which) { return DateWording::relativeDay(which, span.today(), locale); };
+    const auto day = [&](Day which) {
+        return DateWording::relativeDay(which, span.today(), locale, DateWording::PastWeekdays::Dated);
+    };
     const bool saysDay = !isUnderItsDay && span.firstDay() != span.today();
     if (span.isAllDay()) {
         if (span.hasSeveralDays()) return joined(day(span.firstDay()), day(span.lastDay()));
