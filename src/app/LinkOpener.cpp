@@ -2,7 +2,11 @@
 
 #include "model/account/KWAccountManager.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWCalSubscription.h"
+#include "model/records/KWCalSubscriptionEvent.h"
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWRepeatInstance.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWLocalizedString.h"
@@ -14,6 +18,20 @@ const KWSmartProject *smartProjectNamed(const QString &name)
 {
     const KWSmartProject *smart = KWSmartProject::withIdentifier(name);
     return smart ? smart : KWSmartProject::withIdentifier(QStringLiteral("smart.") + name);
+}
+
+// Of what repeats since long ago, the next one from today on, as far as it is stored.
+Instant occurrenceToShow(const KWCalSubscriptionEventModel &event, ObjectContext &context)
+{
+    const CXClock &clock = context.clock();
+    const Instant today = clock.zone().startOfDay(clock.today());
+    if (event.repeatRule.isEmpty() || *event.startDate >= today) return *event.startDate;
+    const auto later =
+        KWRepeatInstance::instancesOfUser(event.userID, {event.sid}, today, Instant::max(), context);
+    if (later)
+        for (const KWRepeatInstance::Start &each : *later)
+            if (!each.isDeleted && !event.exDates.contains(each.startDate)) return each.startDate;
+    return *event.startDate;
 }
 
 } // namespace
@@ -57,8 +75,7 @@ void LinkOpener::open(const QString &link)
             opened = Error{KWLocalizedString("The link is to a habit. This version has no habits yet.")};
             break;
         case OrvaneLink::Kind::Event:
-            opened = Error{KWLocalizedString(
-                "The link is to an event. Links do not open events yet: look for it in the calendar.")};
+            opened = openEvent(parsed->id);
             break;
         }
     if (!opened) m_target.showMessage(opened.error().sentence);
@@ -93,6 +110,23 @@ Result<void> LinkOpener::openList(const QString &listID)
     if (!named->isListOfTasks())
         return Error{KWLocalizedString("The list of this link cannot be shown yet.")};
     m_target.showList(KWListIdentifier::smartProject(named->identifier()));
+    return {};
+}
+
+Result<void> LinkOpener::openEvent(const QString &eventID)
+{
+    ObjectContext &context = m_manager.MR_defaultContext();
+    const QString user = m_account.currentUserID();
+    const auto *event = context.find<KWCalSubscriptionEvent>(eventID);
+    const auto *calendar = event ? context.find<KWCalSubscription>((*event)->subscriptionID) : nullptr;
+    const bool isHere = event && event->isNotDeleted() && event->model().userID == user &&
+                        (*event)->startDate && calendar && calendar->isNotDeleted();
+    if (!isHere) return Error{KWLocalizedString("The event of this link is not here any more.")};
+    const auto *shown = context.find<KWCalendarDisplayConfiguration>(user);
+    if (shown && (*shown)->hiddenCalendars.contains(calendar->sid()))
+        return Error{KWLocalizedString("The event of this link is in a calendar that is hidden.")};
+    m_target.showEvent(eventID, shown && !(*shown)->showsRepeats ? *(*event)->startDate
+                                                                 : occurrenceToShow(event->model(), context));
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include "app/OrvaneLink.h"
 #include "app/ports/LaunchPorts.h"
 #include "corvexkit/Result.h"
+#include "corvexkit/time/Instant.h"
 #include "model/events/KWNotificationCenter.h"
 #include "model/records/KWListIdentifier.h"
 
@@ -22,6 +23,8 @@ public:
     virtual ~LinkTarget() = default;
     virtual void showList(const KWListIdentifier &list) = 0;
     virtual void showTask(const QString &taskID, const KWListIdentifier &list) = 0;
+    /// In the calendar; `start` is its own or that of one of its occurrences.
+    virtual void showEvent(const QString &eventID, Instant start) = 0;
     /// The link leads nowhere; the sentence says why.
     virtual void showMessage(const QString &sentence) = 0;
 };
@@ -37,6 +40,7 @@ public:
 private:
     Result<void> openTask(const QString &taskID);
     Result<void> openList(const QString &listID);
+    Result<void> openEvent(const QString &eventID);
     void openWaiting();
 
     KWCoreDataManager &m_manager;

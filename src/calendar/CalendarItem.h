@@ -1,11 +1,14 @@
 #pragma once
 
-#include "corvexkit/time/Instant.h"
+#include "corvexkit/time/CXTimeZone.h"
 #include "model/records/KWConstants.h"
 
 #include <QString>
 
 #include <optional>
+
+struct DatedThing;
+struct KWTaskListItemModel;
 
 /// Something with a date, as the calendar shows it: by the wall clock of the zone in force. A plain value.
 struct CalendarItem {
@@ -29,6 +32,10 @@ struct CalendarItem {
     /// ends where it starts.
     LocalTime start{};
     LocalTime end{};
+
+    static CalendarItem ofThing(DatedThing thing, const CXTimeZone &zone);
+    /// The event of a row of a list.
+    static CalendarItem ofEventRow(const KWTaskListItemModel &event, const CXTimeZone &zone);
 
     bool operator==(const CalendarItem &) const = default;
 };

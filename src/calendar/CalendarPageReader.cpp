@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-using namespace std::chrono;
-
 namespace {
 
 // Less high than a line of text is nothing to read.
@@ -17,48 +15,6 @@ KWCalendarDisplayConfigurationModel configurationOf(const QString &userID, Objec
 {
     const auto *stored = context.find<KWCalendarDisplayConfiguration>(userID);
     return stored && stored->isNotDeleted() ? stored->model() : KWCalendarDisplayConfigurationModel{};
-}
-
-// A day that is an hour longer or shorter ends at midnight all the same.
-Day nearestDay(LocalTime time) { return floor<days>(time + 12h); }
-
-CalendarItem::Kind kindOf(DatedThing::Kind kind)
-{
-    switch (kind) {
-    case DatedThing::Kind::Task:
-        return CalendarItem::Kind::Task;
-    case DatedThing::Kind::ChecklistItem:
-        return CalendarItem::Kind::ChecklistItem;
-    case DatedThing::Kind::Event:
-        break;
-    }
-    return CalendarItem::Kind::Event;
-}
-
-CalendarItem itemOf(DatedThing thing, const CXTimeZone &zone)
-{
-    CalendarItem item{
-        .kind = kindOf(thing.kind),
-        .entityID = std::move(thing.sid),
-        .taskID = std::move(thing.taskID),
-        .occurrence = thing.occurrence,
-        .listID = std::move(thing.listID),
-        .title = std::move(thing.title),
-        .color = std::move(thing.color),
-        .priority = thing.priority,
-        .isAllDay = thing.isAllDay,
-        .repeats = thing.repeats,
-        .isClosed = thing.isClosed,
-        .isReadOnly = thing.isReadOnly,
-        .start = zone.toLocal(thing.startDate),
-        .end = zone.toLocal(thing.endDate.value_or(thing.startDate)),
-    };
-    if (item.isAllDay) {
-        const Day first = floor<days>(item.start);
-        item.start = first;
-        item.end = std::max(first + days{1}, nearestDay(item.end));
-    }
-    return item;
 }
 
 } // namespace
@@ -81,7 +37,8 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
     CalendarPageContent content{.page = page, .today = context.clock().today()};
     content.items.reserve(things->size());
     for (DatedThing &each : *things)
-        if (!hiddenTasks.contains(each.taskID)) content.items.push_back(itemOf(std::move(each), zone));
+        if (!hiddenTasks.contains(each.taskID))
+            content.items.push_back(CalendarItem::ofThing(std::move(each), zone));
     std::ranges::stable_sort(content.items, {}, [](const CalendarItem &item) {
         return std::pair{item.start, -int(item.priority)};
     });

@@ -43,6 +43,7 @@ std::optional<QString> listOfFolder(const QString &folderID, const QString &user
 
 bool takesNewTasks(const KWListIdentifier &list)
 {
+    if (list.type == KWListIdentifierType::Calendar) return false;
     const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
     return list.type != KWListIdentifierType::SmartProject ||
            (smart && (smart->isAll() || smart->isToday() || smart->isTomorrow() || smart->isNext7Days()));
@@ -66,6 +67,7 @@ NewTaskContext newTaskContextOf(const KWListIdentifier &list, const QString &use
     case KWListIdentifierType::Group:
         preset.presetList = listOfFolder(list.entityID, userID, context);
         break;
+    case KWListIdentifierType::Calendar:
     case KWListIdentifierType::View:
         break;
     }

@@ -8,7 +8,7 @@ class ObjectContext;
 struct CXSmartFilterFrame;
 
 /// Whether tasks are made in that list. Those of some smart lists come by themselves: what was closed,
-/// deleted or given to somebody.
+/// deleted or given to somebody. A subscribed calendar has events alone.
 bool takesNewTasks(const KWListIdentifier &list);
 
 /// What a list of the user implies for a task made in it: a list itself, a tag, the day that it stands for

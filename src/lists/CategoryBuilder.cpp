@@ -16,7 +16,8 @@ using Rows = QList<Row>;
 bool mixesTasksAndNotes(const Rows &rows)
 {
     const auto isNote = [](const Row &row) { return row.isNote(); };
-    return std::ranges::any_of(rows, isNote) && !std::ranges::all_of(rows, isNote);
+    const auto isTask = [](const Row &row) { return !row.isNote() && !row.isEvent(); };
+    return std::ranges::any_of(rows, isNote) && std::ranges::any_of(rows, isTask);
 }
 
 // Rows that stand in the section on their own, each with where it and its children end.

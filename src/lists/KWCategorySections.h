@@ -75,11 +75,12 @@ struct KWHabitCategorySection {
     bool operator==(const KWHabitCategorySection &) const = default;
 };
 
+/// Events of subscribed calendars, where the list is not sorted by time.
 struct KWCalSubscriptionCategorySection {
     bool operator==(const KWCalSubscriptionCategorySection &) const = default;
 };
 
-/// The row that loads more completed ones.
+/// The row that loads more: completed ones, or later events.
 struct KWLoadMoreCategorySection {
     bool operator==(const KWLoadMoreCategorySection &) const = default;
 };

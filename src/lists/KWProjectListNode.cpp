@@ -63,6 +63,8 @@ std::optional<KWListIdentifier> KWProjectListNode::listIdentifier() const
         return KWListIdentifier::tag(m_entityID);
     case KWProjectListNodeType::filter:
         return KWListIdentifier::filter(m_entityID);
+    case KWProjectListNodeType::calsub_url:
+        return KWListIdentifier::calendar(m_entityID);
     default:
         return std::nullopt;
     }

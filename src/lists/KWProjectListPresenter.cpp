@@ -255,6 +255,12 @@ std::optional<KWCalSubscriptionModel> KWProjectListPresenter::calendarOf(const K
     return std::nullopt;
 }
 
+std::optional<KWCalSubscriptionModel> KWProjectListPresenter::selectedCalendar()
+{
+    const KWProjectListNode *node = selectedNode();
+    return node ? calendarOf(*node) : std::nullopt;
+}
+
 bool KWProjectListPresenter::isShownInCalendar(const KWProjectListNode &calendar) const
 {
     return contents() && !contents()->hiddenCalendars.contains(calendar.entityID());

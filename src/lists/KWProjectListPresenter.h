@@ -70,6 +70,8 @@ public:
     std::optional<KWProjectModel> listOf(const KWProjectListNode &node) const;
     /// The subscribed calendar that the node stands for; nothing for other nodes.
     std::optional<KWCalSubscriptionModel> calendarOf(const KWProjectListNode &node) const;
+    /// That of the selected node.
+    std::optional<KWCalSubscriptionModel> selectedCalendar();
     bool isShownInCalendar(const KWProjectListNode &calendar) const;
     QList<ProjectListCommand> popMenu(const KWProjectListNode &node) const;
     /// A smart list or section that comes and goes with what it holds.

@@ -1,5 +1,7 @@
 #include "lists/KWTaskCategory.h"
 
+#include "model/settings/KWLocalizedString.h"
+
 using namespace Qt::StringLiterals;
 
 KWTaskCategory::KWTaskCategory(Section section, QString name, QString title)
@@ -11,6 +13,11 @@ const KWTaskCategory &KWTaskCategory::loadMore()
 {
     static const KWTaskCategory section{KWLoadMoreCategorySection{}, u"loadMore"_s, {}};
     return section;
+}
+
+KWTaskCategory KWTaskCategory::laterEvents()
+{
+    return {KWLoadMoreCategorySection{}, u"loadMore"_s, KWLocalizedString("Show later events")};
 }
 
 bool KWTaskCategory::isSingleDate() const

@@ -33,6 +33,8 @@ public:
 
     /// The row that loads more completed ones, as the section behind them.
     static const KWTaskCategory &loadMore();
+    /// The same for what comes after the days of a calendar that are shown.
+    static KWTaskCategory laterEvents();
 
     const Section &section() const { return m_section; }
     /// Stable text under which folding is remembered: "date:overdue", "priority:5", "tag:errand".

@@ -3,8 +3,8 @@
 #include "lists/ListSortType.h"
 #include "lists/SectionUpdate.h"
 #include "model/events/NotificationNames.h"
-#include "model/records/KWSmartProject.h"
 #include "model/settings/KWListDisplayConfigurationManager.h"
+#include "model/store/ListDays.h"
 #include "model/store/TaskPositions.h"
 
 #include <algorithm>
@@ -23,6 +23,8 @@ struct Pages {
 };
 constexpr Pages completedAtTheEnd{5, 20};
 constexpr Pages completedAlone{50, 50};
+
+constexpr int daysOfCalendar = 90; // and as many more
 
 const Pages &pagesOf(const KWListIdentifier &list)
 {
@@ -46,9 +48,10 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
     };
     for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
                                 KWNewDayComesNotification, KWUserSettingsDidChangeNotification,
-                                KWKWRepeatInstanceGeneratedNotification})
+                                KWKWRepeatInstanceGeneratedNotification, KWCalSubDidPullEventsNotification})
         reloadOn(each);
-    for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWNewDayComesNotification})
+    for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWNewDayComesNotification,
+                                KWCalSubDidPullEventsNotification})
         m_observations.push_back(
             m_center.addObserver(each, [this](const KWNotification &) { askForOccurrences(); }));
     m_observations.push_back(m_center.addObserver(
@@ -61,15 +64,10 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
 
 void KWTaskListService::askForOccurrences() const
 {
-    if (!onOccurrencesNeeded || !m_account.isSignedIn() || m_list.type != KWListIdentifierType::SmartProject)
-        return;
-    const KWSmartProject *smart = KWSmartProject::withIdentifier(m_list.entityID);
-    if (!smart || !KWSmartProject::isDateSensetiveSmartProjectID(m_list.entityID)) return;
-    using std::chrono::days;
+    if (!onOccurrencesNeeded || !m_account.isSignedIn()) return;
     const CXClock &clock = m_manager.store().clock();
-    const Day first = clock.today() + days{smart->isTomorrow() ? 1 : 0};
-    const Day end = first + days{smart->isNext7Days() ? 7 : 1};
-    onOccurrencesNeeded(clock.zone().startOfDay(first), clock.zone().startOfDay(end));
+    if (const auto days = daysOfList(m_list, clock.today(), m_calendarDays))
+        onOccurrencesNeeded(clock.zone().startOfDay(days->first), clock.zone().startOfDay(days->end));
 }
 
 void KWTaskListService::take(const StoreChange &change)
@@ -79,6 +77,9 @@ void KWTaskListService::take(const StoreChange &change)
     const auto touches = [&change](std::initializer_list<RecordKind> kinds) {
         return std::ranges::any_of(kinds, [&change](RecordKind each) { return change.touches(each); });
     };
+    const bool hasEvents = daysOfList(m_list, {}, m_calendarDays).has_value();
+    if (hasEvents && touches({CalSubscription, CalendarDisplayConfiguration})) return reload();
+    if (m_list.type == KWListIdentifierType::Calendar) return;
     if (touches({ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment, FocusSummary, Teamworker,
                  Filter}))
         return reload();
@@ -147,8 +148,21 @@ Result<void> KWTaskListService::setShowsCompleted(bool showsCompleted)
     return configurations.save(configuration);
 }
 
-void KWTaskListService::loadMoreCompleted()
+Result<void> KWTaskListService::setShowsEvents(bool showsEvents)
 {
+    KWListDisplayConfigurationManager configurations{m_manager, m_center, m_account.currentUserID()};
+    KWListDisplayConfigurationModel configuration = configurations.configuration(m_list);
+    configuration.showsEvents = showsEvents;
+    return configurations.save(configuration);
+}
+
+void KWTaskListService::loadMore()
+{
+    if (m_list.type == KWListIdentifierType::Calendar) {
+        m_calendarDays += daysOfCalendar;
+        askForOccurrences();
+        return reload();
+    }
     if (!m_completionLoader) return;
     m_completionLoader->loadCompletedTasks(m_list.userDefaultEncode(), shown().projectIDs,
                                            [this](const Result<CompletedPage> &page) {
@@ -210,6 +224,7 @@ void KWTaskListService::select(const KWListIdentifier &list)
     m_list = list;
     m_showsOtherList = true;
     m_countToShowOfCompleted = pagesOf(list).first;
+    m_calendarDays = daysOfCalendar;
     m_completionLoader.emplace(m_manager, m_account.currentUserID());
     readFolding();
     askForOccurrences();

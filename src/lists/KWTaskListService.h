@@ -39,8 +39,14 @@ public:
     /// Whether completed and abandoned tasks stand at the end. Remembered for the list.
     bool showsCompleted() const { return shown().showsCompleted; }
     Result<void> setShowsCompleted(bool showsCompleted);
-    /// Some more of those that are shown at most, when the service that keeps them has handed them over.
-    void loadMoreCompleted();
+    /// Some more of those that are shown at most, when the service that keeps them has handed them over; of a
+    /// calendar, as many more days.
+    void loadMore();
+
+    /// Whether events of subscribed calendars stand among the tasks, where shown().mayShowEvents().
+    /// Remembered for the list.
+    bool showsEvents() const { return shown().showsEvents; }
+    Result<void> setShowsEvents(bool showsEvents);
 
     /// Remembered for the list; onRowsChanged is called.
     const FoldedRows &folded() const { return m_folded; }
@@ -58,7 +64,8 @@ public:
     /// The sections, their rows or what is folded are other ones now.
     std::function<void()> onRowsChanged;
     /// Has later occurrences from one moment to another generated. It is asked for those of Today, Tomorrow
-    /// and Next 7 Days; KWKWRepeatInstanceGeneratedNotification tells when there are others.
+    /// and Next 7 Days, and of calendars; KWKWRepeatInstanceGeneratedNotification tells when there are
+    /// others.
     std::function<void(Instant from, Instant to)> onOccurrencesNeeded;
     /// Something could not be read or saved; the sentence says why.
     std::function<void(const QString &)> onFailure;
@@ -66,7 +73,10 @@ public:
 private:
     struct Request {};
 
-    ListExtent extent(std::int64_t openTasks) const { return {openTasks, m_countToShowOfCompleted}; }
+    ListExtent extent(std::int64_t openTasks) const
+    {
+        return {openTasks, m_countToShowOfCompleted, m_calendarDays};
+    }
     void take(const StoreChange &change);
     void askForOccurrences() const;
     bool readAgain(const QStringList &taskIDs);
@@ -85,6 +95,7 @@ private:
     ListContent::Sections m_sections; // of m_content
     FoldedRows m_folded;
     int m_countToShowOfCompleted = 0;
+    int m_calendarDays = 0;                               // of a calendar, from today on
     std::optional<KWCompletionLoader> m_completionLoader; // of m_list
     PendingDeletes m_pendingDeletes;
     bool m_showsOtherList = false;      // the sections are still those of the list selected before

@@ -1,5 +1,6 @@
 #include "lists/ListContent.h"
 
+#include "model/store/EventRows.h"
 #include "model/store/KWListDataFetcher.h"
 #include "model/store/ObjectContext.h"
 
@@ -20,10 +21,16 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
     const KWListDataFetcher fetcher{context.clock()};
     Connection &connection = context.connection();
     Result<void> read;
-    if (content.shown.partsClosedTasks()) {
+    if (content.shown.isOfEvents()) {
+        ListDataRequest request{.userID = userID, .selection = list, .limit = extent.openTasks};
+        request.calendarDays = extent.calendarDays;
+        read = content.readEvents(fetcher, request, context);
+    } else if (content.shown.partsClosedTasks()) {
         ListDataRequest request{userID, list, extent.openTasks, {}, content.shown.sortType()};
         request.includeChecklist = true;
         request.includeRepeat = true;
+        request.includeEvents = content.shown.showsEvents;
+        request.hiddenCalendars = content.shown.hiddenCalendars;
         request.includeCompleted = content.shown.showsCompleted;
         request.completionLimit = extent.countToShowOfCompleted;
         read = content.readTasks(fetcher, request, connection);
@@ -98,6 +105,7 @@ Result<void> ListContent::readPinnedTasks(const KWListDataFetcher &fetcher, List
     request.condition.isPinned = true;
     request.includeChecklist = false;
     request.includeRepeat = false;
+    request.includeEvents = false;
     request.includeCompleted = false;
     const auto pinned = fetcher.reloadDataModel(request, connection);
     if (!pinned) return pinned.error();
@@ -126,6 +134,19 @@ Result<void> ListContent::countCompleted(const KWListDataFetcher &fetcher, const
 }
 
 qsizetype ListContent::closedRows() const { return std::ranges::count_if(rows, &Row::isClosed); }
+
+Result<void> ListContent::readEvents(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                                     ObjectContext &context)
+{
+    auto events = fetcher.reloadDataModel(request, context.connection());
+    if (!events) return events.error();
+    const Result<bool> later = ::hasLaterEvents(request, context.clock(), context.connection());
+    if (!later) return later.error();
+    rows = std::move(*events);
+    hasLaterEvents = *later;
+    isWhole = request.limit < 0 || rows.size() < request.limit;
+    return {};
+}
 
 Result<void> ListContent::readDays(const KWListDataFetcher &fetcher, ListDataRequest request,
                                    Connection &connection)
@@ -169,6 +190,10 @@ ListContent::Sections ListContent::sections(const QSet<QString> &hiddenTasks) co
 
 void ListContent::noteUnloaded(QList<KWTaskCategory> &categories) const
 {
+    if (shown.isOfEvents()) {
+        if (hasLaterEvents) categories.append(KWTaskCategory::laterEvents());
+        return;
+    }
     if (isAllCompletedModelsLoadded || categories.isEmpty()) return;
     if (shown.partsClosedTasks()) {
         if (!categories.last().isCompleted()) return;

@@ -12,6 +12,7 @@ struct ListDataRequest;
 struct ListExtent {
     std::int64_t openTasks = -1; ///< from the top; negative: all
     std::int64_t countToShowOfCompleted = 0;
+    int calendarDays = 90; ///< of a calendar, from today on
 };
 
 /// A list as it was read. A value: it may cross threads.
@@ -21,7 +22,8 @@ struct ListContent {
     bool isWhole = true; ///< all open tasks are among the rows, and their items
     bool hasTop = true;  ///< at least those that are shown first
     bool isAllCompletedModelsLoadded = true;
-    int completedCount = 0; ///< of those that were left out, too
+    bool hasLaterEvents = false; ///< of a calendar: behind the days that are shown
+    int completedCount = 0;      ///< of those that were left out, too
 
     /// On the thread of the context. Completed, Abandoned and the trash are read in whole days.
     static Result<ListContent> read(const KWListIdentifier &list, const QString &userID,
@@ -58,6 +60,8 @@ private:
     Result<void> countCompleted(const KWListDataFetcher &fetcher, const ListDataRequest &request,
                                 Connection &connection);
     qsizetype closedRows() const;
+    Result<void> readEvents(const KWListDataFetcher &fetcher, const ListDataRequest &request,
+                            ObjectContext &context);
     Result<void> readDays(const KWListDataFetcher &fetcher, ListDataRequest request, Connection &connection);
     Day dayOf(const KWTaskListItemModel &row) const;
     void noteUnloaded(QList<KWTaskCategory> &categories) const;

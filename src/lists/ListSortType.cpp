@@ -37,6 +37,7 @@ Result<void> setSortType(KWTaskSortType sortType, const KWListIdentifier &list, 
     case KWListIdentifierType::Tag:
         return setSortType(sortType, KWTag::findTagNamed(id, userID, context));
     case KWListIdentifierType::SmartProject:
+    case KWListIdentifierType::Calendar:
     case KWListIdentifierType::View:
         break;
     }

@@ -77,6 +77,7 @@ void RowOrder::sort(Rows &rows, SectionPlace::Zone zone) const
 {
     if (zone == SectionPlace::Zone::Completed) return sortBy(latestFirst(&Row::completionDate), rows);
     if (zone == SectionPlace::Zone::Pinned) return sortBy(latestFirst(&Row::pinnedDate), rows);
+    if (zone == SectionPlace::Zone::Events) return sortBy([](const Row &row) { return byTime(row); }, rows);
     const bool isOfHabits = zone == SectionPlace::Zone::Habits; // as they are put in order on their page
     if (m_sortType == KWTaskSortTypeTitle && !isOfHabits) return sortByTitle(rows);
     withKey(isOfHabits ? KWTaskSortTypeCustom : m_sortType, [&rows](auto key) { sortBy(key, rows); });

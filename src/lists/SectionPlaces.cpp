@@ -46,6 +46,7 @@ SectionPlace SectionPlaces::of(const KWTaskListItemModel &row) const
 {
     using enum SectionPlace::Zone;
     if (row.kind == KWTaskListItemModel::Kind::Habit) return {Habits}; // done ones too
+    if (row.isEvent() && m_sortType != KWTaskSortTypeDate) return {Events};
     if (row.isClosed() && m_shown.partsClosedTasks()) return {Completed};
     if (row.isPinned() && m_options.showPinnedSection) return {Pinned};
     if (m_options.partsNotes && isNoteApart(row)) return {Notes};
@@ -100,6 +101,7 @@ std::int64_t SectionPlaces::rankOfDates(const KWTaskListItemModel &row) const
     if (isOfTomorrow(m_shown.list)) return 1;
     if (lastDayOf(row, m_shown.zone) < m_shown.today) return overdueRank;
     const auto distance = (m_shown.zone.dayOf(*row.startDate) - m_shown.today).count();
+    if (m_shown.isOfEvents()) return std::max<std::int64_t>(distance, 0);
     return std::clamp<std::int64_t>(distance, 0, laterRank);
 }
 
@@ -137,6 +139,8 @@ KWTaskCategory SectionPlaces::sectionAt(const SectionPlace &place) const
                 KWLocalizedString("Former Member")};
     case SectionPlace::Zone::Notes:
         return {KWNoteCategorySection{}, u"notes"_s, KWLocalizedString("Notes")};
+    case SectionPlace::Zone::Events:
+        return {KWCalSubscriptionCategorySection{}, u"events"_s, KWLocalizedString("Events")};
     case SectionPlace::Zone::Habits:
         return {KWHabitCategorySection{}, u"habits"_s, KWLocalizedString("Habits")};
     case SectionPlace::Zone::Completed:
@@ -187,6 +191,7 @@ KWTaskCategory SectionPlaces::usualSection(std::int64_t rank) const
 
 KWTaskCategory SectionPlaces::dateSection(std::int64_t rank) const
 {
+    if (m_shown.isOfEvents() && rank > 1) return eventsSection(rank);
     if (rank == overdueRank)
         return {KWDateCategorySection{m_shown.today - days{1}, true, true}, u"date:overdue"_s,
                 KWLocalizedString("Overdue")};
@@ -198,6 +203,13 @@ KWTaskCategory SectionPlaces::dateSection(std::int64_t rank) const
     if (rank == 1) return {KWDateCategorySection{day}, u"date:tomorrow"_s, KWLocalizedString("Tomorrow")};
     return {KWDateCategorySection{day}, u"date:"_s + QString::number(DayStamp::fromDay(day)),
             m_shown.locale.standaloneDayName(dateOf(day).dayOfWeek())};
+}
+
+KWTaskCategory SectionPlaces::eventsSection(std::int64_t rank) const
+{
+    const Day day = m_shown.today + days{rank};
+    return {KWDateCategorySection{day}, u"date:"_s + QString::number(DayStamp::fromDay(day)),
+            m_shown.locale.toString(dateOf(day), QLocale::LongFormat)};
 }
 
 KWTaskCategory SectionPlaces::daySection(std::int64_t rank) const

@@ -5,7 +5,7 @@
 
 /// Where a section stands among the others.
 struct SectionPlace {
-    enum class Zone : std::uint8_t { Pinned, Usual, FormerMembers, Notes, Habits, Completed };
+    enum class Zone : std::uint8_t { Pinned, Usual, FormerMembers, Notes, Events, Habits, Completed };
 
     Zone zone = Zone::Usual;
     std::int64_t rank = 0;
@@ -41,6 +41,7 @@ private:
     bool isOfFormerMember(const KWTaskListItemModel &row) const;
     KWTaskCategory usualSection(std::int64_t rank) const;
     KWTaskCategory dateSection(std::int64_t rank) const;
+    KWTaskCategory eventsSection(std::int64_t rank) const;
     KWTaskCategory daySection(std::int64_t rank) const;
 
     const ShownList &m_shown;

@@ -1,5 +1,6 @@
 #include "lists/ShownList.h"
 
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWColumn.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
@@ -70,6 +71,9 @@ public:
             break;
         case KWListIdentifierType::SmartProject:
             menu.selectedType = KWSmartProject::sortTypeWithSmartProjectID(id, m_userID, m_context);
+            break;
+        case KWListIdentifierType::Calendar:
+            menu.selectedType = KWTaskSortTypeDate;
             break;
         case KWListIdentifierType::View:
             break;
@@ -209,6 +213,12 @@ bool ShownList::isOfClosedTasks(const KWListIdentifier &list)
     return smart && (smart->isCompleted() || smart->isAbandoned() || smart->isTrash());
 }
 
+bool ShownList::mayShowEvents() const
+{
+    return list.type == KWListIdentifierType::SmartProject &&
+           KWSmartProject::isDateSensetiveSmartProjectID(list.entityID);
+}
+
 QString ShownList::positionContext() const
 {
     const QString &id = list.entityID;
@@ -223,6 +233,7 @@ QString ShownList::positionContext() const
         return contextID({.filterID = id});
     case KWListIdentifierType::SmartProject:
         return contextID({.smartList = id});
+    case KWListIdentifierType::Calendar:
     case KWListIdentifierType::View:
         break;
     }
@@ -238,13 +249,16 @@ Result<ShownList> ShownList::read(const KWListIdentifier &list, const QString &u
     shown.zone = context.clock().zone();
     shown.today = context.clock().today();
     shown.clientID = context.number("SELECT userServerID FROM users WHERE sid = ?", {userID});
-    shown.isSortable = !isOfClosedTasks(list);
-    shown.showsCompleted =
-        KWListDisplayConfigurationManager::configuration(list, userID, context).showsCompleted;
+    shown.isSortable = !isOfClosedTasks(list) && !shown.isOfEvents();
+    const auto configuration = KWListDisplayConfigurationManager::configuration(list, userID, context);
+    shown.showsCompleted = configuration.showsCompleted;
+    shown.showsEvents = configuration.showsEvents;
+    if (const auto *calendar = context.find<KWCalendarDisplayConfiguration>(userID))
+        shown.hiddenCalendars = (*calendar)->hiddenCalendars;
     shown.menu = records.menu();
-    if (!shown.isSortable)
+    if (isOfClosedTasks(list))
         shown.menu.selectedType = closedSortType(list);
-    else if (const auto types = shown.menu.sortTypes(); !types.contains(shown.sortType()))
+    else if (const auto types = shown.menu.sortTypes(); shown.isSortable && !types.contains(shown.sortType()))
         shown.menu.selectedType = types.first();
     shown.groups = records.groups(shown.sortType());
     if (const Result<void> read = context.readResult(); !read) return read.error();

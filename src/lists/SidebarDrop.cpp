@@ -53,6 +53,8 @@ bool mayHold(const KWProjectListNode &dragged, const KWProjectListNode &parent)
         return mayHoldTag(dragged, parent);
     case Type::filter:
         return isSection(parent, KWSmartProject::filter());
+    case Type::calsub_url:
+        return isSection(parent, KWSmartProject::subcal());
     default:
         return false;
     }

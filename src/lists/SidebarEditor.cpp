@@ -153,6 +153,8 @@ Result<Done> SidebarEditor::move(const KWProjectListNode &node, const SidebarDro
         return said(message, arranger.moveTag(id, place.parentID, place.beforeID));
     case Type::filter:
         return said(message, arranger.moveFilter(id, place.beforeID));
+    case Type::calsub_url:
+        return said(message, arranger.moveCalendar(id, place.beforeID));
     default:
         return notFor(node);
     }

@@ -61,6 +61,11 @@ SidebarCountKinds countsOf(Type type)
         return SidebarCountKind::Tags;
     case Type::filter:
         return SidebarCountKind::Filters;
+    case Type::calsub_local:
+    case Type::calsub_account:
+    case Type::calsub_caldav:
+    case Type::calsub_url:
+        return SidebarCountKind::Calendars;
     default:
         return {};
     }
@@ -87,5 +92,7 @@ SidebarCountKinds countsToRenewOn(const QString &notification)
     SidebarCountKinds kinds;
     for (const Type each : everyKind)
         if (recountsOn(notification, each)) kinds |= countsOf(each);
+    // Both go by the day.
+    if (kinds & SidebarCountKind::SmartLists) kinds |= SidebarCountKind::Calendars;
     return kinds;
 }

@@ -21,6 +21,7 @@ void appendTasks(const KWTaskCategory &section, int index, const FoldedRows &fol
         TaskListRow row{TaskListRow::Kind::Task, task.sid, index};
         row.task = task;
         row.depth = depth;
+        row.isUnderItsDay = section.isSingleDate();
         row.hasChildren = i + 1 < models.size() && models.at(i + 1).parentId == task.sid;
         row.isFolded = row.hasChildren && folded.tasks.contains(task.sid);
         if (row.isFolded) hiddenBelow = depth;
@@ -37,7 +38,7 @@ QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const Folde
     for (int i = 0; i < categories.size(); ++i) {
         const KWTaskCategory &section = categories.at(i);
         if (section.isLoadMore()) {
-            if (!isFolded) rows.append({TaskListRow::Kind::LoadMore, u"loadMore"_s, i});
+            if (!isFolded) rows.append({TaskListRow::Kind::LoadMore, u"loadMore"_s, i, section.title()});
             continue;
         }
         isFolded = !section.hidesHeader() && folded.collapsedCategories.contains(section.name());

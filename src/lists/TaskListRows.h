@@ -18,17 +18,18 @@ struct TaskListRow {
         Section,
         Task,
         LoadMore
-    }; ///< items and later occurrences stand as tasks do
+    }; ///< items, later occurrences and events stand as tasks do
 
     Kind kind = Kind::Task;
     QString id;       ///< unique in the list: that of `task`, "section:" and its name, or "loadMore"
     int category = 0; ///< the index of its section
-    QString title{};  ///< of a section
+    QString title{};  ///< of a section; of the row that loads more, what that is
     int count = 0;    ///< of a section: its tasks, folded ones included
     bool isFolded = false;
-    KWTaskListItemModel task{}; ///< of a task, a checklist item or a later occurrence
+    KWTaskListItemModel task{}; ///< of a task, a checklist item, a later occurrence or an event
     int depth = 0;              ///< below how many of the tasks above it
     bool hasChildren = false;   ///< among the rows of its section
+    bool isUnderItsDay = false; ///< its section says the day
 
     bool isTask() const { return kind == Kind::Task && task.isTask(); }
     bool operator==(const TaskListRow &) const = default;

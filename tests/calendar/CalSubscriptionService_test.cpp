@@ -5,6 +5,7 @@
 #include "model/records/KWCalSubscription.h"
 #include "model/records/KWCalSubscriptionEvent.h"
 #include "model/store/CalSubscriptionEditor.h"
+#include "model/store/DatedThings.h"
 #include "model/store/TimeZoneAdaptation.h"
 #include "support/Answers.h"
 #include "support/Files.h"
@@ -96,9 +97,13 @@ class CalSubscriptionService_test : public QObject {
     /// "Match Concert": of shown calendars, by their starts.
     QString titles() const
     {
-        return joined(KWCalSubscriptionEvent::eventsOfUser(m_store->userID(), at("2030-01-01 00:00"),
-                                                           at("2031-01-01 00:00"), {}, m_store->context()),
-                      &KWCalSubscriptionEventModel::title);
+        return joined(readDatedEvents({.userID = m_store->userID(),
+                                       .from = at("2030-01-01 00:00"),
+                                       .to = at("2031-01-01 00:00"),
+                                       .includeRepeat = false},
+                                      m_store->context().connection())
+                          .value(),
+                      &DatedThing::title);
     }
     QList<std::int64_t> rows() const
     {
@@ -334,8 +339,7 @@ private Q_SLOTS:
         m_store->clock.setZone("Asia/Tokyo");
         saved(*m_store,
               [](ObjectContext &context) { adaptDatesToLocalTimeZone(CXTimeZone::utc(), context); });
-        const auto events = KWCalSubscriptionEvent::eventsOfUser(
-            m_store->userID(), at("2030-04-01 00:00"), at("2030-06-01 00:00"), {}, m_store->context());
+        const auto events = m_store->context().models<KWCalSubscriptionEvent>({.orderBy = "startDate"});
         QCOMPARE(joined(events, &KWCalSubscriptionEventModel::title), u"Day Floating Fixed"_s);
         QCOMPARE(events[0].startDate, std::optional{at("2030-05-01 00:00", "Asia/Tokyo")});
         QCOMPARE(events[0].endDate, std::optional{at("2030-05-02 00:00", "Asia/Tokyo")});

@@ -33,6 +33,10 @@ private Q_SLOTS:
         TaskListRow dropped = taskRow(u"4"_s, u"Order a tent"_s, 0, 1);
         dropped.task.status = KWTaskStatusAbandoned;
         m_list.setTagLabels({{u"errand"_s, u"Errand"_s}});
+        TaskListRow match = taskRow(u"6"_s, u"Home match"_s, 0, 1);
+        match.task.kind = KWTaskListItemModel::Kind::CalendarEvent;
+        match.task.startDate = at("2030-05-01 18:00");
+        match.task.endDate = at("2030-05-01 20:00");
         TaskListRow later = sectionRow(u"Later"_s, 2, 7);
         later.isFolded = true;
         m_list.setRows({sectionRow(u"Today"_s, 0, 3),
@@ -42,6 +46,7 @@ private Q_SLOTS:
                         sectionRow(u"No Date"_s, 1, 2),
                         note,
                         dropped,
+                        match,
                         later,
                         {TaskListRow::Kind::LoadMore, u"loadMore"_s, 2}});
     }
@@ -50,11 +55,11 @@ private Q_SLOTS:
     {
         const QString file = m_folder.filePath(u"list.MD"_s);
         QVERIFY(ListExport::write(file, u"Trip #1"_s, m_list));
-        QCOMPARE(bytesOf(file).toStdString(),
-                 "# Trip \\#1\n\n## Today\n\n"
-                 "- [ ] Call \\*the\\* venue · 17:00 \\#Errand\n"
-                 "  - [x] Print the map\n- [ ] Stamp (\\[Letter\\])\n\n"
-                 "## No Date\n\n- No Title\n- [x] ~~Order a tent~~\n\n## Later (7)\n\n");
+        QCOMPARE(bytesOf(file).toStdString(), "# Trip \\#1\n\n## Today\n\n"
+                                              "- [ ] Call \\*the\\* venue · 17:00 \\#Errand\n"
+                                              "  - [x] Print the map\n- [ ] Stamp (\\[Letter\\])\n\n"
+                                              "## No Date\n\n- No Title\n- [x] ~~Order a tent~~\n"
+                                              "- Home match · 18:00 – 20:00\n\n## Later (7)\n\n");
     }
 
     void paperHasTheSame()
@@ -62,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(ListPrint::document(u"Trip"_s, m_list)->toPlainText(),
                  u"Trip\nToday\n☐ Call *the* venue  ·  17:00\n☑ Print the map\n☐ Stamp ([Letter])\nNo "
                  u"Date\n– No Title\n"
-                 u"☒ Order a tent\nLater (7)"_s);
+                 u"☒ Order a tent\n– Home match  ·  18:00 – 20:00\nLater (7)"_s);
     }
 
     void aPdfIsWrittenWholeOrNotAtAll()

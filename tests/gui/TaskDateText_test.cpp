@@ -38,6 +38,25 @@ private Q_SLOTS:
         QCOMPARE(tones.value(int(row.tone)), cells[8]);
         QCOMPARE(detail.tone, row.tone);
     }
+
+    void saysWhenEventsAre_data() { addCaseRows("gui/event-dates.txt", 4); }
+    void saysWhenEventsAre()
+    {
+        QFETCH(const QStringList, cells);
+        KWTaskListItemModel event;
+        event.startDate = instantOf(cells[0], u"Europe/Berlin"_s);
+        event.endDate = instantOf(cells[1], u"Europe/Berlin"_s);
+        event.isAllDay = event.startDate == instantOf(cells[0].left(10) + u" 00:00"_s, u"Europe/Berlin"_s) &&
+                         cells[1].endsWith(u"00:00"_s);
+        const auto text = [&event](bool isUnderItsDay) {
+            const TaskDateText said =
+                eventDateText(event, isUnderItsDay, at("2030-05-01 12:00", "Europe/Berlin"),
+                              *CXTimeZone::named(u"Europe/Berlin"_s), QLocale{u"en_GB"_s});
+            return said.tone == TaskDateText::Tone::Plain ? said.text : u"urgent"_s;
+        };
+        QCOMPARE(text(false), cells[2]);
+        QCOMPARE(text(true), cells[3]);
+    }
 };
 
 ORVANE_TEST(TaskDateText_test)

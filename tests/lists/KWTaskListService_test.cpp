@@ -82,9 +82,9 @@ private Q_SLOTS:
         addClosed(30, "2030-04-30 12:00", KWTaskStatusAbandoned);
         list().select(m_home);
         QCOMPARE(numbers(), u"[ 1] 1 [Completed 30] 5 …"_s);
-        list().loadMoreCompleted();
+        list().loadMore();
         QTRY_COMPARE(numbers(), u"[ 1] 1 [Completed 30] 25 …"_s);
-        list().loadMoreCompleted();
+        list().loadMore();
         QTRY_COMPARE(numbers(), u"[ 1] 1 [Completed 30] 30"_s);
         list().select(smart(KWSmartProject::all()));
         QCOMPARE(numbers(), u"[Today 1] 1"_s); // nothing was closed today
@@ -145,7 +145,7 @@ private Q_SLOTS:
         list().select(smart(KWSmartProject::completed()));
         QVERIFY(!list().isSortable());
         QCOMPARE(numbers(), u"[Today 40] 40 [Yesterday 30] 30 …"_s);
-        list().loadMoreCompleted();
+        list().loadMore();
         QTRY_VERIFY(!list().categories().last().isLoadMore());
         QCOMPARE(list().categories().size(), 3);
         list().select(smart(KWSmartProject::abandoned()));

@@ -51,6 +51,9 @@ void give(const QString &word, KWTaskListItemModel &row)
     case u'&':
         row.kind = KWTaskListItemModel::Kind::Habit;
         return;
+    case u'$':
+        row.kind = KWTaskListItemModel::Kind::CalendarEvent;
+        return;
     case u'>':
         row.kind = KWTaskListItemModel::Kind::ChecklistItem;
         row.ownerID = value;

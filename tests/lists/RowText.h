@@ -9,8 +9,8 @@ namespace RowText {
 /// "a 05-01 14:00 !5 #errand, b ..05-03 ^a": a name, then what the row has. "05-01" a date, "..05-03" the
 /// last day, "14:00" a time of day, "!5" a priority, "#errand" tags, "@home" the list, "/doing" the column,
 /// "=7" whom it is assigned to, "^a" its parent, "+04-30" the day it was made, "*" pinned, "%" a note, "&" a
-/// habit, ">a" an item of the checklist of a, "~" completed. Each row was made and completed after those
-/// before it.
+/// habit, ">a" an item of the checklist of a, "$" an event, "~" completed. Each row was made and completed
+/// after those before it.
 QList<KWTaskListItemModel> rows(const QString &text);
 
 /// "date", "custom board", "tag tomorrow": by what it is sorted, and in which list. With the lists home and

@@ -10,8 +10,8 @@ namespace {
 
 using Type = KWProjectListNodeType;
 
-/// "Inbox Today | Lists(A Home(B C) D Archive(Old)) Tags(x(y) z) Filters(f) | Completed Trash": every node
-/// by its id.
+/// "Inbox Today | Lists(A Home(B C) D Archive(Old)) Tags(x(y) z) Filters(f) Subscriptions(s t) | Completed
+/// Trash": every node by its id.
 struct Tree {
     Tree()
     {
@@ -31,6 +31,9 @@ struct Tree {
         KWProjectListNode &filters = add(center, Type::smartProject, KWSmartProject::filter().identifier());
         add(filters, Type::filter, u"f"_s);
         add(filters, Type::filter, u"g"_s);
+        KWProjectListNode &calendars = add(center, Type::smartProject, KWSmartProject::subcal().identifier());
+        add(calendars, Type::calsub_url, u"s"_s);
+        add(calendars, Type::calsub_url, u"t"_s);
         add(root, Type::smartProject, KWSmartProject::trash().identifier());
         add(root, Type::smartProject, KWSmartProject::completed().identifier());
     }
@@ -103,6 +106,10 @@ private Q_SLOTS:
         row("x", "x", on, "no");
         row("g", "smart.filter", 0, "/f");
         row("f", "smart.project", 0, "no");
+        row("t", "smart.subcal", 0, "/s");
+        row("s", "smart.subcal", on, "/");
+        row("s", "t", on, "no");
+        row("s", "smart.filter", 0, "no");
         row("smart.today", "smart.project", 0, "no");
     }
     void rowsAreDroppedWhereTheyMayStand()
@@ -127,6 +134,7 @@ private Q_SLOTS:
         QCOMPARE(moved(u"A"_s, -1), u"no"_s);
         QCOMPARE(moved(u"D"_s, 1), u"no"_s);
         QCOMPARE(moved(u"C"_s, -1), u"Home/B"_s);
+        QCOMPARE(moved(u"t"_s, -1), u"/s"_s);
         QCOMPARE(moved(u"Inbox"_s, 1), u"no"_s);
     }
 

@@ -1,6 +1,7 @@
 #include "model/records/KWCalSubscriptionEvent.h"
 
 #include "model/records/KWCalSubscription.h"
+#include "model/store/DatedThings.h"
 #include "support/Answers.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
@@ -46,9 +47,12 @@ class KWCalSubscriptionEvent_test : public QObject {
 
     QString between(const char *start, const char *end, const QStringList &hidden = {}) const
     {
-        return joined(KWCalSubscriptionEvent::eventsOfUser(m_store->userID(), at(start), at(end), hidden,
-                                                           m_store->context()),
-                      &KWCalSubscriptionEventModel::title);
+        return joined(
+            readDatedEvents(
+                {.userID = m_store->userID(), .from = at(start), .to = at(end), .hiddenCalendars = hidden},
+                m_store->context().connection())
+                .value(),
+            &DatedThing::title);
     }
 
 private Q_SLOTS:

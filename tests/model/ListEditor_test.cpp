@@ -16,6 +16,7 @@
 #include "model/store/SidebarArranger.h"
 #include "model/store/SidebarPlaces.h"
 #include "support/Answers.h"
+#include "support/EventBuilder.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -167,6 +168,19 @@ private Q_SLOTS:
         QVERIFY(m_arranger->moveFilter(filters.at(2), filters.at(1)));
         QCOMPARE(joined(placesOfFilters(m_store->userID(), m_store->context()), &SidebarPlace::id),
                  filters.at(0) + u' ' + filters.at(2) + u' ' + filters.at(1));
+
+        const QString first = makeCalendar(*m_store, "Sports");
+        const QString second = makeCalendar(*m_store, "Town");
+        const auto calendars = [this] {
+            return joined(placesOfCalendars(m_store->userID(), m_store->context()), &SidebarPlace::id);
+        };
+        const Result<UndoToken> moved = m_arranger->moveCalendar(second, first);
+        QCOMPARE(calendars(), second + u' ' + first);
+        QVERIFY(moved->undo(m_store->kit().manager()));
+        QCOMPARE(calendars(), first + u' ' + second);
+        QVERIFY(m_arranger->moveCalendar(first, {}));
+        QCOMPARE(calendars(), second + u' ' + first);
+        QVERIFY(isRefused(m_arranger->moveCalendar(u"gone"_s, {}), u"no such calendar"));
     }
 
     void archivedListsComeBackAndFoldersLeaveTheirLists()

@@ -82,8 +82,11 @@ private Q_SLOTS:
             {u"calSubscriptionEventsByStart (userID=? AND startDate>? AND startDate<?)"_s,
              u"longCalSubscriptionEvents (userID=? AND endDate>?)"_s},
             [](auto &store, auto &context) {
-                KWCalSubscriptionEvent::eventsOfUser(store.userID(), Instant{}, store.clock.now(), {},
-                                                     context);
+                QVERIFY(readDatedEvents({.userID = store.userID(),
+                                         .from = Instant{},
+                                         .to = store.clock.now(),
+                                         .includeRepeat = false},
+                                        context.connection()));
             });
         row("repeating events", {u"repeatingCalSubscriptionEvents (userID=?)"_s},
             [](auto &store, auto &context) {

@@ -22,11 +22,4 @@ public:
     /// In the order in which they were stored.
     static Result<std::vector<Repeating>> eventsWillRepeatOfUser(const QString &userID,
                                                                  ObjectContext &context);
-
-    /// Those that take place between the two moments, repeating ones by their first occurrence alone, in the
-    /// order of their starts. `hiddenCalendars` are ids of calendars whose events are left out.
-    static QList<KWCalSubscriptionEventModel> eventsOfUser(const QString &userID, Instant betweenStartDate,
-                                                           Instant andEndDate,
-                                                           const QStringList &hiddenCalendars,
-                                                           ObjectContext &context);
 };

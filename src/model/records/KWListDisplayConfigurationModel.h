@@ -13,6 +13,7 @@ struct KWListDisplayConfigurationModel : KWSynchronizableFields {
     QString listID; ///< the encoded list selection
     bool showsCompleted = true;
     bool showsDetails = false;
+    bool showsEvents = true;     ///< of subscribed calendars, in lists of days
     QStringList collapsedGroups; ///< ids of the folded sections
 
     bool operator==(const KWListDisplayConfigurationModel &) const = default;
@@ -23,4 +24,5 @@ inline constexpr auto recordFields<KWListDisplayConfigurationModel> =
     synchronized(field("listID", &KWListDisplayConfigurationModel::listID, Json{"listId"}),
                  field("showsCompleted", &KWListDisplayConfigurationModel::showsCompleted),
                  field("showsDetails", &KWListDisplayConfigurationModel::showsDetails),
+                 field("showsEvents", &KWListDisplayConfigurationModel::showsEvents),
                  field("collapsedGroups", &KWListDisplayConfigurationModel::collapsedGroups));

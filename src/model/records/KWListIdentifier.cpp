@@ -29,6 +29,11 @@ KWListIdentifier KWListIdentifier::filter(const QString &filterID)
     return {filterID, KWListIdentifierType::Filter};
 }
 
+KWListIdentifier KWListIdentifier::calendar(const QString &subscriptionID)
+{
+    return {subscriptionID, KWListIdentifierType::Calendar};
+}
+
 KWListIdentifier KWListIdentifier::todayProject()
 {
     return smartProject(KWSmartProject::today().identifier());
@@ -53,6 +58,7 @@ std::optional<KWListIdentifier> KWListIdentifier::userDefaultDecode(const QStrin
     case KWListIdentifierType::Group:
     case KWListIdentifierType::Tag:
     case KWListIdentifierType::Filter:
+    case KWListIdentifierType::Calendar:
     case KWListIdentifierType::View:
         return KWListIdentifier{text.mid(colon + 1), KWListIdentifierType(type)};
     }

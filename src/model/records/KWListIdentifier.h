@@ -5,7 +5,15 @@
 #include <optional>
 
 /// What kind of thing a list selection names. The raw values are stored.
-enum class KWListIdentifierType { SmartProject = 0, Project = 1, Group = 2, Tag = 4, Filter = 5, View = 20 };
+enum class KWListIdentifierType {
+    SmartProject = 0,
+    Project = 1,
+    Group = 2,
+    Tag = 4,
+    Filter = 5,
+    Calendar = 10, ///< a subscribed one: its events
+    View = 20,
+};
 
 /// A list selection: what the middle pane shows. It encodes to text for preferences.
 struct KWListIdentifier {
@@ -17,6 +25,7 @@ struct KWListIdentifier {
     static KWListIdentifier group(const QString &groupID);
     static KWListIdentifier tag(const QString &tagName);
     static KWListIdentifier filter(const QString &filterID);
+    static KWListIdentifier calendar(const QString &subscriptionID);
 
     static KWListIdentifier todayProject();
     static KWListIdentifier monthCalendarViewID();

@@ -1,7 +1,5 @@
 #include "model/store/DatedThings.h"
 
-#include "model/records/KWCalSubscription.h"
-#include "model/records/KWCalSubscriptionEvent.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 #include "model/store/DatedItems.h"
@@ -62,14 +60,37 @@ constexpr const char *ofTaskOccurrences =
     "p.permission <> 'WRITE', r.startDate, r.endDate FROM " OCCURRENCES_OF(
         "tasks") " AND t.status = 0 AND "
                  "t.isTrashed = 0" IN_LISTS_SHOWN " ORDER BY r.startDate, t.priority DESC, t.sortOrder, t.id";
+// Of events ?5 are the hidden calendars, ?6 the only one that is wanted and ?7 how many.
+#define OF_WANTED_CALENDARS                                                                                  \
+    " CROSS JOIN calSubscriptions s ON s.sid = t.subscriptionID AND s.isDeleted = 0 WHERE "                  \
+    "t.subscriptionID NOT IN (SELECT value FROM json_each(?5)) AND (?6 = '' OR t.subscriptionID = ?6)"
+
+// Longer ones have an index of their own, so that those before a day need not be walked from the first on;
+// 2764800000 milliseconds are 32 days. What has no length takes place at its start. The first occurrence of
+// what repeats, too, may have become an event of its own.
+#define EVENTS                                                                                               \
+    "(SELECT id FROM calSubscriptionEvents INDEXED BY calSubscriptionEventsByStart WHERE userID = ?1 AND "   \
+    "startDate >= ?2 - 2764800000 AND startDate < ?3 AND (endDate > ?2 OR startDate >= ?2) AND endDate - "   \
+    "startDate <= 2764800000 UNION ALL "                                                                     \
+    "SELECT id FROM calSubscriptionEvents INDEXED BY longCalSubscriptionEvents WHERE userID = ?1 AND "       \
+    "endDate > ?2 AND startDate < ?3 AND endDate - startDate > 2764800000"                                   \
+    ") c CROSS JOIN calSubscriptionEvents t ON t.id = c.id AND t.isDeleted = 0 AND (t.exDates = '[]' OR "    \
+    "NOT EXISTS (SELECT 1 FROM json_each(t.exDates) WHERE value = t.startDate))" OF_WANTED_CALENDARS
+#define EVENT_OCCURRENCES OCCURRENCES_OF("calSubscriptionEvents") OF_WANTED_CALENDARS
+
+constexpr const char *ofEvents =
+    "SELECT t.sid, '', NULL, t.subscriptionID, t.title, s.color, 0, t.isAllDay, t.repeatRule <> '', 0, 1, "
+    "t.startDate, t.endDate FROM " EVENTS " ORDER BY t.startDate, t.id LIMIT ?7";
 constexpr const char *ofEventOccurrences =
     "SELECT t.sid, '', r.startDate, t.subscriptionID, t.title, s.color, 0, t.isAllDay, 1, 0, 1, r.startDate, "
-    "r.endDate FROM " OCCURRENCES_OF(
-        "calSubscriptionEvents") " CROSS JOIN calSubscriptions s ON s.sid = "
-                                 "t.subscriptionID AND s.isDeleted = 0 WHERE t.subscriptionID NOT IN (SELECT "
-                                 "value FROM json_each(?5)) "
-                                 "ORDER BY r.startDate, t.id";
+    "r.endDate FROM " EVENT_OCCURRENCES " ORDER BY r.startDate, t.id LIMIT ?7";
+constexpr const char *numbersOfEvents =
+    "SELECT calendar, count(*) FROM (SELECT t.subscriptionID AS calendar FROM " EVENTS
+    " UNION ALL SELECT t.subscriptionID FROM " EVENT_OCCURRENCES ") GROUP BY calendar";
 
+#undef EVENT_OCCURRENCES
+#undef EVENTS
+#undef OF_WANTED_CALENDARS
 #undef OCCURRENCES_OF
 
 std::string ofItems()
@@ -104,29 +125,24 @@ void readInto(std::vector<DatedThing> &things, const std::string &sql, DatedThin
     }
 }
 
-void readEvents(std::vector<DatedThing> &things, const DatedThingsRequest &request, ObjectContext &context)
+SqlValues eventValues(const DatedEventsRequest &request)
 {
-    QHash<QString, QString> colors;
-    for (const KWCalSubscription *each : KWCalSubscription::findSubscriptionsOfUser(request.userID, context))
-        colors.insert(each->sid(), (*each)->color);
-    for (KWCalSubscriptionEventModel &each : KWCalSubscriptionEvent::eventsOfUser(
-             request.userID, request.from, request.to, request.hiddenCalendars, context)) {
-        const auto color = colors.constFind(each.subscriptionID);
-        // The first occurrence, too, may have become an event of its own.
-        if (color == colors.cend() || each.exDates.contains(*each.startDate)) continue;
-        things.push_back({.kind = DatedThing::Kind::Event,
-                          .sid = std::move(each.sid),
-                          .taskID = {},
-                          .occurrence = {},
-                          .listID = std::move(each.subscriptionID),
-                          .title = std::move(each.title),
-                          .color = *color,
-                          .isAllDay = each.isAllDay,
-                          .repeats = !each.repeatRule.isEmpty(),
-                          .isReadOnly = true,
-                          .startDate = *each.startDate,
-                          .endDate = each.endDate});
-    }
+    return {request.userID,
+            storedInstant(request.from),
+            storedInstant(request.to),
+            std::int64_t{KWRepeatInstanceTypeEvent},
+            idList(request.hiddenCalendars),
+            request.calendar,
+            request.limit};
+}
+
+// Throws SQLite::Exception.
+void readEventsInto(std::vector<DatedThing> &things, const DatedEventsRequest &request,
+                    Connection &connection)
+{
+    readInto(things, ofEvents, DatedThing::Kind::Event, eventValues(request), connection);
+    if (request.includeRepeat)
+        readInto(things, ofEventOccurrences, DatedThing::Kind::Event, eventValues(request), connection);
 }
 
 } // namespace
@@ -147,13 +163,46 @@ Result<std::vector<DatedThing>> readDatedThings(const DatedThingsRequest &reques
             readInto(things, ofTaskOccurrences, Task, with({std::int64_t{KWRepeatInstanceTypeTask}}),
                      connection);
         if (request.includeChecklist) readInto(things, ofItems(), ChecklistItem, range, connection);
-        readEvents(things, request, context);
-        if (request.includeRepeat)
-            readInto(things, ofEventOccurrences, Event,
-                     with({std::int64_t{KWRepeatInstanceTypeEvent}, idList(request.hiddenCalendars)}),
-                     connection);
-        if (const Result<void> read = context.readResult(); !read) return read.error();
+        readEventsInto(things,
+                       {.userID = request.userID,
+                        .from = request.from,
+                        .to = request.to,
+                        .includeRepeat = request.includeRepeat,
+                        .hiddenCalendars = request.hiddenCalendars},
+                       connection);
         return things;
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+Result<std::vector<DatedThing>> readDatedEvents(const DatedEventsRequest &request, Connection &connection)
+{
+    try {
+        std::vector<DatedThing> things;
+        readEventsInto(things, request, connection);
+        return things;
+    } catch (const SQLite::Exception &exception) {
+        return storeFailure(exception);
+    }
+}
+
+Result<QHash<QString, int>> countDatedEvents(const DatedEventsRequest &request, Connection &connection)
+{
+    try {
+        auto statement = connection.prepare(numbersOfEvents);
+        SqlValues values = eventValues(request);
+        values.pop_back(); // the limit
+        statement.bind(values);
+        QHash<QString, int> numbers;
+        QString calendar;
+        int number = 0;
+        while (statement->executeStep()) {
+            columns::read(statement->getColumn(0), calendar);
+            columns::read(statement->getColumn(1), number);
+            numbers.insert(calendar, number);
+        }
+        return numbers;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }

@@ -4,12 +4,14 @@
 #include "corvexkit/time/Instant.h"
 #include "model/records/KWConstants.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 #include <vector>
 
+class Connection;
 class ObjectContext;
 
 /// Something with a date, as it is stored: a task or an event of a subscribed calendar, a later occurrence of
@@ -48,3 +50,20 @@ struct DatedThingsRequest {
 /// Tasks, their occurrences, items, events and their occurrences, each by their start, then priority, then
 /// manual order.
 Result<std::vector<DatedThing>> readDatedThings(const DatedThingsRequest &request, ObjectContext &context);
+
+/// Which events of subscribed calendars are wanted, of those that take place in [from, to).
+struct DatedEventsRequest {
+    QString userID;
+    Instant from;
+    Instant to;
+    bool includeRepeat = true;     ///< later occurrences, as far as they are stored
+    QStringList hiddenCalendars{}; ///< ids; their events are left out
+    QString calendar{};            ///< the id of the only one that is wanted; empty: all
+    std::int64_t limit = -1;       ///< events at most, and as many occurrences; negative: all
+};
+
+/// Events and their occurrences, each by their start.
+Result<std::vector<DatedThing>> readDatedEvents(const DatedEventsRequest &request, Connection &connection);
+/// How many there are of each calendar, by its id; those that have none are left out. The limit is not looked
+/// at, and occurrences are counted.
+Result<QHash<QString, int>> countDatedEvents(const DatedEventsRequest &request, Connection &connection);

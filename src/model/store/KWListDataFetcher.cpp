@@ -3,6 +3,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "model/store/EventRows.h"
 #include "model/store/FilterCondition.h"
 #include "model/store/FindAll.h"
 #include "model/store/ListQuery.h"
@@ -113,13 +114,16 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
     try {
         const auto query = queryOf(request, m_clock, ListQuery::wordHits(request, connection), connection);
         if (!query) return query.error();
-        if (!*query) return QList<KWTaskListItemModel>{};
+        if (!*query) return readEventRows(request, m_clock, connection);
         QList<KWTaskListItemModel> rows =
             rowsOf(**query, request.disableTree ? noPlace : placeInTree, request.limit, connection);
         if (const auto items = ListQuery::ofChecklistItems(request, m_clock))
             rows += itemsOf(*items, request.limit, connection);
         if (const auto later = ListQuery::ofOccurrences(request, m_clock))
             rows += itemsOf(*later, request.limit, connection);
+        const auto events = readEventRows(request, m_clock, connection);
+        if (!events) return events.error();
+        rows += *events;
         if (!request.includeCompleted) return rows;
         const auto closed = reloadDataModel(request.ofClosedTasks(), connection);
         if (!closed) return closed.error();

@@ -19,8 +19,9 @@ public:
     /// The rows in display order. Open tasks of a list stand in their manual order, those of the smart
     /// lists, folders and tags by date, then priority, then manual order; closed tasks with the latest
     /// first, deleted ones with the last changed first. A selection that names nothing has no rows.
-    /// Checklist items follow behind the tasks, and later occurrences behind these, in the same order; the
-    /// limit is for each of the three. Closed tasks that are included come last.
+    /// Checklist items follow behind the tasks, and later occurrences and events behind these, in the same
+    /// order; the limit is for each of the four. Closed tasks that are included come last. A subscribed
+    /// calendar has its events.
     Result<QList<KWTaskListItemModel>> reloadDataModel(const ListDataRequest &request,
                                                        Connection &connection) const;
 
@@ -37,8 +38,8 @@ public:
     Result<QList<KWTaskListItemModel>> completedTasks(const CompletedTasksRequest &request,
                                                       Connection &connection) const;
 
-    /// How many rows there are, without the closed tasks that are included and without later occurrences: one
-    /// task is one thing to do. The limit is not looked at.
+    /// How many rows there are, without the closed tasks that are included and without later occurrences and
+    /// events: one task is one thing to do. The limit is not looked at.
     Result<int> count(const ListDataRequest &request, Connection &connection) const;
     /// Whether the task is among the rows of the selection.
     Result<bool> contains(const QString &taskID, const ListDataRequest &request,

@@ -67,6 +67,7 @@ void KWProjectListCountFetcher::updateCountCache(const QString &userID, SidebarC
 void KWProjectListCountFetcher::take(const StoreChange &change)
 {
     if (m_userID.isEmpty()) return;
+    if (change.touches(RecordKind::CalSubscription)) updateCountCache(m_userID, SidebarCountKind::Calendars);
     const bool placesChanged = change.touches(RecordKind::Project) || change.touches(RecordKind::Tag) ||
                                change.touches(RecordKind::User) || change.touches(RecordKind::Filter) ||
                                change.touches(RecordKind::UserSettings);

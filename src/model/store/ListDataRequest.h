@@ -40,6 +40,11 @@ struct ListDataRequest {
     /// Of Today, Tomorrow and Next 7 Days also what of repeating tasks comes later, from today on, as far as
     /// it is stored.
     bool includeRepeat = false;
+    /// Of Today, Tomorrow and Next 7 Days also the events of subscribed calendars in those days, but of those
+    /// in `hiddenCalendars`.
+    bool includeEvents = false;
+    QStringList hiddenCalendars{};
+    int calendarDays = 90; ///< of the list of a calendar: how many days from today on
     /// No tree is shown: rows come without their place among the children of their parent.
     bool disableTree = false;
 

@@ -179,6 +179,7 @@ std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, co
         query = ofSmartProject(request, clock);
         break;
     case KWListIdentifierType::Filter:
+    case KWListIdentifierType::Calendar:
     case KWListIdentifierType::View:
         break;
     }

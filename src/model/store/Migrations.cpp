@@ -28,6 +28,7 @@ std::span<const std::string> migrations()
         schemas::longOccurrences(),
         schemas::habitDayStart(),
         schemas::habitReminders(),
+        schemas::eventsInLists(),
     };
     return inOrder;
 }

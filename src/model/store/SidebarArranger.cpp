@@ -1,5 +1,6 @@
 #include "model/store/SidebarArranger.h"
 
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
@@ -89,6 +90,17 @@ Result<UndoToken> SidebarArranger::moveFilter(const QString &filterID, const QSt
         KWFilter *filter = context.find<KWFilter>(filterID);
         if (!filter || filter->isDeleted()) return Error{storeText("There is no such filter any more.")};
         placeBefore(beforeID, filterID, *filter, placesOfFilters(m_userID, context));
+        return {};
+    });
+}
+
+Result<UndoToken> SidebarArranger::moveCalendar(const QString &subscriptionID, const QString &beforeID)
+{
+    return save([&](ObjectContext &context) -> Result<void> {
+        KWCalSubscription *calendar = context.find<KWCalSubscription>(subscriptionID);
+        if (!calendar || calendar->isDeleted())
+            return Error{storeText("There is no such calendar any more.")};
+        placeBefore(beforeID, subscriptionID, *calendar, placesOfCalendars(m_userID, context));
         return {};
     });
 }

@@ -7,9 +7,9 @@
 
 class KWCoreDataManager;
 
-/// Puts lists, folders, tags and filters elsewhere in the sidebar, each in one save that can be taken back.
-/// `beforeID` is what it stands before then, of a tag the name; behind the last when it is empty or gone.
-/// Something that is gone, and a place that cannot be, fail with a sentence. Main thread.
+/// Puts lists, folders, tags, filters and calendars elsewhere in the sidebar, each in one save that can be
+/// taken back. `beforeID` is what it stands before then, of a tag the name; behind the last when it is empty
+/// or gone. Something that is gone, and a place that cannot be, fail with a sentence. Main thread.
 class SidebarArranger {
 public:
     SidebarArranger(KWCoreDataManager &manager, QString userID);
@@ -20,6 +20,7 @@ public:
     /// Below the tag `parent`; below none when that is empty. Tags are two deep at most.
     Result<UndoToken> moveTag(const QString &name, const QString &parent, const QString &beforeName = {});
     Result<UndoToken> moveFilter(const QString &filterID, const QString &beforeID = {});
+    Result<UndoToken> moveCalendar(const QString &subscriptionID, const QString &beforeID = {});
 
 private:
     Result<UndoToken> save(const std::function<Result<void>(ObjectContext &)> &move);

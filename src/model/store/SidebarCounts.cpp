@@ -4,6 +4,7 @@
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
 #include "model/store/DatedItems.h"
+#include "model/store/DatedThings.h"
 #include "model/store/FilterCondition.h"
 #include "model/store/FindAll.h"
 #include "model/store/ListQuery.h"
@@ -41,6 +42,8 @@ Result<SidebarCounts> SidebarCounts::read(const QString &userID, const CXClock &
         counts.readFilters(userID, clock, connection);
         counts.readSmartLists(userID, connection);
         counts.readChecklistItems(userID, {}, connection);
+        if (const Result<void> read = counts.readCalendars(userID, clock, connection); !read)
+            return read.error();
         return counts;
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
@@ -142,6 +145,15 @@ void SidebarCounts::readSmartLists(const QString &userID, Connection &connection
                               {m_frame.me, userID}));
 }
 
+Result<void> SidebarCounts::readCalendars(const QString &userID, const CXClock &clock, Connection &connection)
+{
+    const auto numbers = countDatedEvents(
+        {.userID = userID, .from = clock.zone().startOfDay(clock.today()), .to = m_tomorrow}, connection);
+    if (!numbers) return numbers.error();
+    m_calendars = *numbers;
+    return {};
+}
+
 void SidebarCounts::readChecklistItems(const QString &userID, const QStringList &leftOut,
                                        Connection &connection)
 {
@@ -196,6 +208,8 @@ std::optional<int> SidebarCounts::count(const KWListIdentifier &list) const
         const auto filter = m_filters.constFind(list.entityID);
         return filter == m_filters.cend() ? std::nullopt : std::optional{filter->tasks};
     }
+    case KWListIdentifierType::Calendar:
+        return m_calendars.value(list.entityID);
     case KWListIdentifierType::View:
         return std::nullopt;
     }
@@ -229,6 +243,7 @@ void SidebarCounts::take(const SidebarCounts &others, SidebarCountKinds kinds)
         taken.m_filters = m_filters;
         taken.m_frame = m_frame;
     }
+    if (!(kinds & SidebarCountKind::Calendars)) taken.m_calendars = m_calendars;
     if (!(kinds & SidebarCountKind::SmartLists)) {
         taken.m_tomorrow = m_tomorrow;
         taken.m_dayAfter = m_dayAfter;

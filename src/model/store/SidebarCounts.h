@@ -13,15 +13,16 @@
 class Connection;
 
 /// Which counts of a sidebar are meant.
-enum class SidebarCountKind : unsigned { SmartLists = 1, Lists = 2, Tags = 4, Filters = 8 };
+enum class SidebarCountKind : unsigned { SmartLists = 1, Lists = 2, Tags = 4, Filters = 8, Calendars = 16 };
 Q_DECLARE_FLAGS(SidebarCountKinds, SidebarCountKind)
 Q_DECLARE_OPERATORS_FOR_FLAGS(SidebarCountKinds)
 inline constexpr SidebarCountKinds allSidebarCounts{SidebarCountKind::SmartLists | SidebarCountKind::Lists |
-                                                    SidebarCountKind::Tags | SidebarCountKind::Filters};
+                                                    SidebarCountKind::Tags | SidebarCountKind::Filters |
+                                                    SidebarCountKind::Calendars};
 
 /// How many open tasks each list of a sidebar has: lists, folders, tags, filters and smart lists; those by
-/// date have checklist items, too. Counted once for all of them, then kept true by telling which tasks went
-/// where. A value: it may cross threads.
+/// date have checklist items, too. Of a subscribed calendar, how many events it has today. Counted once for
+/// all of them, then kept true by telling which tasks went where. A value: it may cross threads.
 class SidebarCounts {
 public:
     /// Counts for the user's sidebar, on the day that the clock shows.
@@ -67,12 +68,14 @@ private:
     QSet<QString> tagsCounting(const QStringList &tags) const;
     void readFilters(const QString &userID, const CXClock &clock, Connection &connection);
     void readSmartLists(const QString &userID, Connection &connection);
+    Result<void> readCalendars(const QString &userID, const CXClock &clock, Connection &connection);
     void readChecklistItems(const QString &userID, const QStringList &leftOut, Connection &connection);
     void add(const TaskPlace &place, int number);
 
     QHash<QString, List> m_lists;
     QHash<QString, int> m_groups;
     QHash<QString, int> m_tags;
+    QHash<QString, int> m_calendars;      // without those that have none
     QHash<QString, QString> m_parentTags; // of child tags; a parent counts the tasks of its children, too
     QHash<QString, Filter> m_filters;
     CXSmartFilterFrame m_frame;

@@ -1,5 +1,6 @@
 #include "model/store/SidebarPlaces.h"
 
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
@@ -95,6 +96,12 @@ SidebarPlaces placesOfTags(const QString &parent, const QString &userID, ObjectC
 SidebarPlaces placesOfFilters(const QString &userID, ObjectContext &context)
 {
     return placesOf(KWFilter::findFiltersOfUser(userID, context), [](const KWFilterModel &) { return true; });
+}
+
+SidebarPlaces placesOfCalendars(const QString &userID, ObjectContext &context)
+{
+    return placesOf(KWCalSubscription::findSubscriptionsOfUser(userID, context),
+                    [](const KWCalSubscriptionModel &) { return true; });
 }
 
 void placeBefore(const QString &id, const SidebarPlaces &moving, const SidebarPlaces &others)

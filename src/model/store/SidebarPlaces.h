@@ -7,7 +7,7 @@
 
 class ObjectContext;
 
-/// Where one list, folder, tag or filter stands among those beside it.
+/// Where one list, folder, tag, filter or calendar stands among those beside it.
 struct SidebarPlace {
     QString id; ///< of a tag its name
     std::int64_t order = 0;
@@ -24,6 +24,7 @@ SidebarPlaces placesInTeam(const QString &teamID, const QString &userID, ObjectC
 /// The tags below `parent`; those below none for an empty one.
 SidebarPlaces placesOfTags(const QString &parent, const QString &userID, ObjectContext &context);
 SidebarPlaces placesOfFilters(const QString &userID, ObjectContext &context);
+SidebarPlaces placesOfCalendars(const QString &userID, ObjectContext &context);
 
 /// Puts the records `moving` before the one of that id among the others, behind the last when there is no
 /// such. They take positions between their neighbours; when there is no room, all are numbered anew.

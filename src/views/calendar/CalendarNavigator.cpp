@@ -40,11 +40,7 @@ CalendarNavigator::CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepea
         goTo(m_loader.today());
     });
     connect(&m_pane, &CalendarPane::kindRequested, this, &CalendarNavigator::setKind);
-    connect(&m_pane, &CalendarPane::dayOpened, this, [this](Day day) {
-        m_day = day;
-        m_pane.view().setSpot({.day = day, .time = {}});
-        setKind(CalendarPage::Kind::SingleDay);
-    });
+    connect(&m_pane, &CalendarPane::dayOpened, this, &CalendarNavigator::showAlone);
     connect(&m_pane, &CalendarPane::dateAsked, this, &CalendarNavigator::askForDate);
     connect(&m_pane.header(), &CalendarHeader::menuRequested, this, &CalendarNavigator::openMenu);
     connect(&m_menu, &CalendarMenu::chosen, this, &CalendarNavigator::save);
@@ -85,6 +81,19 @@ void CalendarNavigator::setKind(CalendarPage::Kind kind)
         if (each == kind) configuration.viewMode = mode;
     save(configuration);
     load();
+}
+
+void CalendarNavigator::show(Day day)
+{
+    const auto weekends = weekendsOf(configurations().configuration());
+    DayColumns::show(day, m_kind, weekends, m_pane.locale()) ? goTo(day) : showAlone(day);
+}
+
+void CalendarNavigator::showAlone(Day day)
+{
+    m_day = day;
+    m_pane.view().setSpot({.day = day, .time = {}});
+    setKind(CalendarPage::Kind::SingleDay);
 }
 
 void CalendarNavigator::goTo(Day day)

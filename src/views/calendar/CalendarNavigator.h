@@ -22,6 +22,8 @@ public:
     void close();
     /// The page of that kind with the day that is current; it is remembered.
     void setKind(CalendarPage::Kind kind);
+    /// The page with that day; alone, where the page leaves it out.
+    void show(Day day);
 
 Q_SIGNALS:
     void failed(const QString &sentence);
@@ -29,6 +31,7 @@ Q_SIGNALS:
 
 private:
     void goTo(Day day);
+    void showAlone(Day day);
     void turn(int pages);
     void load();
     void take(const CalendarPageContent &content);

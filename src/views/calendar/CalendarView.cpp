@@ -102,16 +102,16 @@ std::optional<std::size_t> CalendarView::indexOf(const CalendarItem &item) const
 std::optional<std::size_t> CalendarView::indexOf(const Awaited &awaited) const
 {
     const auto found = std::ranges::find_if(m_content.items, [&awaited](const CalendarItem &each) {
-        return each.kind == CalendarItem::Kind::Task && each.taskID == awaited.taskID &&
+        return each.kind != CalendarItem::Kind::ChecklistItem && each.entityID == awaited.id &&
                each.start == awaited.start;
     });
     if (found == m_content.items.end()) return std::nullopt;
     return std::size_t(found - m_content.items.begin());
 }
 
-void CalendarView::selectOnceThere(const QString &taskID, LocalTime start)
+void CalendarView::selectOnceThere(const QString &id, LocalTime start)
 {
-    m_awaited = Awaited{taskID, start};
+    m_awaited = Awaited{id, start};
     const auto found = indexOf(*m_awaited);
     if (found) select(*found);
 }

@@ -43,8 +43,9 @@ public:
     /// An index among the items of the page.
     std::optional<std::size_t> selected() const { return m_selected; }
     void select(std::size_t item);
-    /// Selects what starts there of the task as soon as the page has it, but for what is selected meanwhile.
-    void selectOnceThere(const QString &taskID, LocalTime start);
+    /// Selects what starts there of the task or event as soon as the page has it, but for what is selected
+    /// meanwhile.
+    void selectOnceThere(const QString &id, LocalTime start);
     const CalendarItem *selectedItem() const;
 
     const CalendarPlaces &places() const { return m_places; }
@@ -121,7 +122,7 @@ private:
         std::optional<CalendarItem> there{}; // once it has begun
     };
     struct Awaited {
-        QString taskID;
+        QString id; ///< of a task or an event
         LocalTime start;
     };
     std::optional<std::size_t> indexOf(const CalendarItem &item) const;

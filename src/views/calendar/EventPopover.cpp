@@ -43,6 +43,12 @@ void EventPopover::popUp(const QRect &item)
     setFocus(Qt::PopupFocusReason);
 }
 
+void EventPopover::popUp(const KWTaskListItemModel &event, const CXTimeZone &zone, const QRect &row,
+                         QWidget &parent)
+{
+    (new EventPopover{CalendarItem::ofEventRow(event, zone), &parent})->popUp(row);
+}
+
 void EventPopover::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)

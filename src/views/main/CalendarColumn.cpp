@@ -11,7 +11,8 @@
 
 CalendarColumn::CalendarColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
                                DetailColumn &detail)
-    : m_window(window)
+    : m_clock(rooms.clock)
+    , m_window(window)
     , m_detail(detail)
     , m_editor(rooms.kit.manager())
     , m_navigator{window.calendarPane(), rooms.kit, rooms.repeats, rooms.clock}
@@ -51,6 +52,13 @@ void CalendarColumn::show()
     m_window.setCalendarShown(true);
     m_navigator.open();
     showSelected();
+}
+
+void CalendarColumn::showEvent(const QString &eventID, Instant start)
+{
+    m_navigator.show(m_clock.zone().dayOf(start));
+    for (CalendarView *each : m_window.calendarPane().views())
+        each->selectOnceThere(eventID, m_clock.zone().toLocal(start));
 }
 
 void CalendarColumn::hide()

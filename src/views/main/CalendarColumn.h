@@ -23,11 +23,14 @@ public:
     void giveWayToSearch();
     void comeBackFromSearch();
     void setKind(CalendarPage::Kind kind) { m_navigator.setKind(kind); }
+    /// Goes to the day of the event and selects it there, while the calendar is shown.
+    void showEvent(const QString &eventID, Instant start);
 
 private:
     void connectTray(BatchActions &actions);
     void showSelected();
 
+    CXClock &m_clock;
     MainWindow &m_window;
     DetailColumn &m_detail;
     KWTaskEditor m_editor;

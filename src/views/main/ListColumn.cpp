@@ -6,6 +6,7 @@
 #include "model/records/KWTask.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/addfield/TaskPlace.h"
+#include "views/calendar/EventPopover.h"
 #include "views/main/MainWindow.h"
 #include "views/menu/MainMenu.h"
 #include "views/tasklist/BatchActions.h"
@@ -33,6 +34,7 @@ ListColumn::ListColumn(const MainWindowRooms &rooms, MainWindow &window, BatchAc
                        KWTaskEditor &editor)
     : m_window(window)
     , m_manager(rooms.kit.manager())
+    , m_clock(rooms.clock)
     , m_service(rooms.tasks)
     , m_actions(actions)
     , m_tasks{window.listPane(), rooms.tasks, rooms.sidebar, editor, rooms.kit.center(), rooms.clock}
@@ -65,6 +67,10 @@ void ListColumn::connectRows()
 {
     const TaskListView &list = m_window.listPane().list();
     connect(&list, &TaskListView::opened, &m_window, &MainWindow::openDetail);
+    connect(&list, &TaskListView::eventOpened, this,
+            [this](const KWTaskListItemModel &event, const QRect &row) {
+                EventPopover::popUp(event, m_clock.zone(), row, m_window.listPane().list());
+            });
     connect(&list, &TaskListView::completionToggled, &m_actions, &BatchActions::tick);
     connect(&list, &TaskListView::deletionRequested, this, &ListColumn::remove);
     connect(&list, &TaskListView::menuAboutToShow, this, &ListColumn::fillRowMenu);

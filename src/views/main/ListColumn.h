@@ -44,6 +44,7 @@ private:
 
     MainWindow &m_window;
     KWCoreDataManager &m_manager;
+    CXClock &m_clock;
     KWTaskListService &m_service;
     BatchActions &m_actions;
     TaskListController m_tasks;

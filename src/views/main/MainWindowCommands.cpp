@@ -56,8 +56,9 @@ MainWindowCommands::MainWindowCommands(const Parts &parts) : m_parts(parts)
     connectLists();
     MainMenu &menu = m_parts.menu;
     const SelectedTasks &selected = m_parts.selected;
-    connect(&selected, &SelectedTasks::changed, this,
-            [&menu, &selected] { menu.updateTaskMenuItemsWithEnabled(!selected.current().isEmpty()); });
+    connect(&selected, &SelectedTasks::changed, this, [&menu, &selected] {
+        menu.updateTaskMenuItemsWithEnabled(!selected.current().isEmpty() || selected.haveTask());
+    });
 }
 
 MainWindowCommands::~MainWindowCommands() { m_parts.menu.updateTaskMenuItemsWithEnabled(false); }

@@ -109,6 +109,14 @@ void MainWindowController::showTask(const QString &taskID, const KWListIdentifie
     m_content->list.takeKeyboard();
 }
 
+void MainWindowController::showEvent(const QString &eventID, Instant start)
+{
+    show();
+    select(KWListIdentifier::smartProject(KWSmartProject::calendar().identifier()));
+    m_content->calendar.showEvent(eventID, start);
+    takeKeyboard();
+}
+
 void MainWindowController::showMessage(const QString &sentence)
 {
     show();

@@ -3,6 +3,7 @@
 #include "model/text/DisplayTitle.h"
 #include "views/palette/FoundRowsModel.h"
 #include "views/theme/Fonts.h"
+#include "views/theme/ItemColors.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
@@ -49,7 +50,9 @@ void paintMark(QPainter &painter, const QRect &bounds, const FoundRow &row, cons
     else if (row.icon)
         Icons::paint(painter, bounds, *row.icon, bounds.width(), color);
     else if (row.kind == FoundRow::Kind::List)
-        Painting::dot(painter, bounds.center(), row.color);
+        Painting::dot(painter, bounds.center(),
+                      row.list.type == KWListIdentifierType::Calendar ? ItemColors::edgeOf(row.color).name()
+                                                                      : row.color);
 }
 
 QRect markBounds(const QRect &row, Qt::LayoutDirection direction)

@@ -35,6 +35,8 @@ QString kindOf(const KWProjectListNode &node)
         return KWLocalizedString("Tag");
     case KWProjectListNodeType::filter:
         return KWLocalizedString("Filter");
+    case KWProjectListNodeType::calsub_url:
+        return KWLocalizedString("Calendar");
     default:
         return KWLocalizedString("List");
     }

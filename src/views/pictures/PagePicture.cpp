@@ -1,6 +1,7 @@
 #include "views/pictures/PagePicture.h"
 
 #include "model/OrvaneKit.h"
+#include "model/records/KWCalSubscription.h"
 #include "model/records/KWFilter.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
@@ -53,6 +54,9 @@ std::optional<KWListIdentifier> listOfPage(const QString &page, const QString &n
     if (page == u"tag")
         if (const KWTag *tag = KWTag::findTagNamed(name, user, kit.context()))
             return KWListIdentifier::tag(tag->model().name);
+    if (page == u"calendar")
+        for (const KWCalSubscription *each : KWCalSubscription::findSubscriptionsOfUser(user, kit.context()))
+            if ((*each)->name == name) return KWListIdentifier::calendar(each->sid());
     return std::nullopt;
 }
 

@@ -23,10 +23,10 @@ QString itemOf(const TaskListRow &row, const TaskListModel &list)
     const KWTaskListItemModel &task = row.task;
     QString item(row.depth * 2, u' ');
     item += u"- "_s;
-    if (task.taskKind != KWTaskKindNote) item += task.isClosed() ? u"[x] "_s : u"[ ] "_s;
+    if (task.taskKind != KWTaskKindNote && !task.isEvent()) item += task.isClosed() ? u"[x] "_s : u"[ ] "_s;
     const QString title = escaped(printedName(task));
     item += task.status == KWTaskStatusAbandoned ? u"~~"_s + title + u"~~"_s : title;
-    if (const QString date = list.dateTextOf(task).text; !date.isEmpty()) item += u" · "_s + escaped(date);
+    if (const QString date = list.dateTextOf(row).text; !date.isEmpty()) item += u" · "_s + escaped(date);
     for (const QString &tag : task.tags)
         item += u" \\#"_s + escaped(list.tagLabel(tag));
     return item + u'\n';

@@ -29,7 +29,7 @@ QTextCharFormat headingOf(int size)
 
 QString boxOf(const KWTaskListItemModel &task)
 {
-    if (task.taskKind == KWTaskKindNote) return u"– "_s;
+    if (task.taskKind == KWTaskKindNote || task.isEvent()) return u"– "_s;
     switch (task.status) {
     case KWTaskStatusCompleted:
         return u"☑ "_s;
@@ -50,7 +50,7 @@ void insertTask(const TaskListRow &row, const TaskListModel &list, QTextCursor &
     text.setFontPointSize(printedTextSize);
     cursor.insertBlock(line, text);
     cursor.insertText(boxOf(row.task) + printedName(row.task), text);
-    if (const QString date = list.dateTextOf(row.task).text; !date.isEmpty())
+    if (const QString date = list.dateTextOf(row).text; !date.isEmpty())
         cursor.insertText(u"  ·  "_s + date, text);
 }
 

@@ -20,7 +20,10 @@ bool headsSection(const KWProjectListNode &node)
     return false;
 }
 
-bool canBeNamed(Type type) { return type == Type::project || type == Type::group || type == Type::tag; }
+bool canBeNamed(Type type)
+{
+    return type == Type::project || type == Type::group || type == Type::tag || type == Type::calsub_url;
+}
 
 } // namespace
 
@@ -263,8 +266,6 @@ Qt::ItemFlags ProjectListTreeModel::flags(const QModelIndex &index) const
     case Type::team:
     case Type::team_personal:
         return flags;
-    case Type::calsub_url:
-        return flags | Qt::ItemIsEditable; // its events stand in the calendar
     default:
         break;
     }

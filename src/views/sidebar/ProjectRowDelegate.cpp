@@ -6,6 +6,7 @@
 #include "views/sidebar/ProjectListTreeModel.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
+#include "views/theme/ItemColors.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
@@ -40,6 +41,12 @@ QColor iconColor(const KWProjectListNode &node, bool isSelected)
     const Theme &theme = Theme::current();
     const bool isColored = node.type() == KWProjectListNodeType::project && !node.color().isEmpty();
     return isColored ? QColor{node.color()} : isSelected ? theme.accentText : theme.secondaryText;
+}
+
+QString dotColor(const KWProjectListNode &node)
+{
+    const bool isCalendar = node.type() == KWProjectListNodeType::calsub_url;
+    return isCalendar ? ItemColors::edgeOf(node.color()).name() : node.color();
 }
 
 Qt::Alignment leading(const QStyleOptionViewItem &option)
@@ -244,7 +251,7 @@ void ProjectRowDelegate::paintNode(QPainter &painter, const QStyleOptionViewItem
     if (const auto icon = iconOfNode(node, m_model.isInbox(index)))
         Icons::paint(painter, visualMark, *icon, iconWidth(), iconColor(node, isSelected));
     else if (node.type() != KWProjectListNodeType::emptyHolder)
-        Painting::dot(painter, QRectF{visualMark}.center(), node.color());
+        Painting::dot(painter, QRectF{visualMark}.center(), dotColor(node));
 
     painter.setPen(isEnabled ? theme.text : theme.faintText);
     Fonts::drawLine(painter, Fonts::Role::Body, QStyle::visualRect(option.direction, option.rect, title),

@@ -11,6 +11,7 @@
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/addfield/TaskPlace.h"
+#include "views/calendar/EventPopover.h"
 #include "views/menu/MainMenu.h"
 #include "views/statusitem/PopoverWindow.h"
 #include "views/tasklist/PageHeader.h"
@@ -56,6 +57,10 @@ struct StatusItem::Popover {
                          [this](const QStringList &taskIDs) {
                              if (const auto done = ticker.tick(taskIDs); !done)
                                  showMessage(done.error().sentence);
+                         });
+        QObject::connect(&window.list(), &TaskListView::eventOpened, &window,
+                         [this](const KWTaskListItemModel &event, const QRect &row) {
+                             EventPopover::popUp(event, clock.zone(), row, window);
                          });
         QObject::connect(&addField, &AddFieldController::failed, &window,
                          [this](const QString &sentence) { showMessage(sentence); });

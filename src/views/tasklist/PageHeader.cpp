@@ -3,7 +3,9 @@
 #include "views/controls/IconButton.h"
 #include "views/controls/TextButton.h"
 #include "views/theme/Fonts.h"
+#include "views/theme/ItemColors.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>
@@ -97,6 +99,12 @@ void PageHeader::setNote(const QString &note)
     update();
 }
 
+void PageHeader::setDot(const std::optional<QString> &color)
+{
+    m_dot = color;
+    update();
+}
+
 QSize PageHeader::sizeHint() const
 {
     return {Metrics::scaled(120), QFontMetrics{Fonts::font(Fonts::Role::PageTitle)}.height() + Metrics::grid};
@@ -105,7 +113,8 @@ QSize PageHeader::sizeHint() const
 void PageHeader::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    const int textWidth = width() - buttonsWidth();
+    const int indent = m_dot ? Metrics::dot + Metrics::gap : 0;
+    const int textWidth = width() - buttonsWidth() - indent;
     const int wantedTitle = Fonts::width(Fonts::Role::PageTitle, m_title);
     const int wantedNote = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
     const bool hasNote = wantedTitle + wantedNote <= textWidth; // the title is what counts
@@ -116,11 +125,15 @@ void PageHeader::paintEvent(QPaintEvent *)
         return QStyle::visualRect(layoutDirection(), rect(), bounds);
     };
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
+    if (m_dot)
+        Painting::dot(painter, QRectF{mirrored({0, 0, Metrics::dot, height()})}.center(),
+                      ItemColors::edgeOf(*m_dot).name());
     painter.setPen(Theme::current().text);
-    Fonts::drawLine(painter, Fonts::Role::PageTitle, mirrored({0, 0, titleWidth, height()}), side, m_title);
+    Fonts::drawLine(painter, Fonts::Role::PageTitle, mirrored({indent, 0, titleWidth, height()}), side,
+                    m_title);
     if (!hasNote) return;
     painter.setPen(Theme::current().secondaryText);
     // A hair below the title's middle, on its baseline.
-    Fonts::drawLine(painter, Fonts::Role::Body, mirrored({titleWidth + Metrics::gap, 2, noteWidth, height()}),
-                    side, m_note);
+    Fonts::drawLine(painter, Fonts::Role::Body,
+                    mirrored({indent + titleWidth + Metrics::gap, 2, noteWidth, height()}), side, m_note);
 }

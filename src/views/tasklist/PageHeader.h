@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class IconButton;
 class QAbstractButton;
 class TextButton;
@@ -16,6 +18,8 @@ public:
 
     void setTitle(const QString &title);
     void setNote(const QString &note);
+    /// A mark before the title in the colour of a calendar, see ItemColors::edgeOf(); nothing for none.
+    void setDot(const std::optional<QString> &color);
     /// The button's text; without one there is no button.
     void setAction(const QString &text);
     /// The same of the button that opens the menu of sort types.
@@ -46,4 +50,5 @@ private:
     IconButton *m_menu;
     QString m_title;
     QString m_note;
+    std::optional<QString> m_dot;
 };

@@ -24,7 +24,15 @@ void PageMenu::open()
         QAction *completed = menu->addAction(tr("Show Completed"));
         completed->setCheckable(true);
         completed->setChecked(m_service.showsCompleted());
-        connect(completed, &QAction::triggered, this, &PageMenu::setShowsCompleted);
+        connect(completed, &QAction::triggered, this,
+                [this](bool showsCompleted) { report(m_service.setShowsCompleted(showsCompleted)); });
+        if (m_service.shown().mayShowEvents()) {
+            QAction *events = menu->addAction(tr("Show Events"));
+            events->setCheckable(true);
+            events->setChecked(m_service.showsEvents());
+            connect(events, &QAction::triggered, this,
+                    [this](bool showsEvents) { report(m_service.setShowsEvents(showsEvents)); });
+        }
         menu->addSeparator();
     }
     for (const MenuCommand each : {MenuCommand::Print, MenuCommand::ExportList})
@@ -32,8 +40,7 @@ void PageMenu::open()
     popUpAt(button.rect(), button, Qt::BottomEdge, *menu);
 }
 
-void PageMenu::setShowsCompleted(bool showsCompleted)
+void PageMenu::report(const Result<void> &done)
 {
-    if (const auto done = m_service.setShowsCompleted(showsCompleted); !done)
-        Q_EMIT failed(done.error().sentence);
+    if (!done) Q_EMIT failed(done.error().sentence);
 }

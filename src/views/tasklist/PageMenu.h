@@ -8,7 +8,8 @@ class KWTaskListService;
 class MainMenu;
 class PageHeader;
 
-/// The menu of the page as a whole: whether completed tasks are shown, printing, export. Main thread.
+/// The menu of the page as a whole: whether completed tasks and events are shown, printing, export. Main
+/// thread.
 class PageMenu : public QObject {
     Q_OBJECT
 
@@ -21,7 +22,7 @@ Q_SIGNALS:
 
 private:
     void open();
-    void setShowsCompleted(bool showsCompleted);
+    void report(const Result<void> &done);
 
     PageHeader &m_header;
     KWTaskListService &m_service;

@@ -19,6 +19,7 @@ std::optional<Icon> iconOf(const KWTaskCategory &section, Day today)
     if (section.isAssignee()) return Icon::AssignedToMe;
     if (section.isCompleted()) return Icon::Completed;
     if (section.isPinned()) return Icon::Pin;
+    if (section.isCalSubscription()) return Icon::Calendar;
     return std::nullopt;
 }
 

@@ -8,7 +8,7 @@ ShownRows::ShownRows(TaskListPane &pane, KWTaskListService &service, const CXClo
     : m_pane(pane), m_service(service), m_clock(clock)
 {
     connect(&m_pane.list(), &TaskListView::foldToggled, this, &ShownRows::fold);
-    connect(&m_pane.list(), &TaskListView::moreRequested, this, [this] { m_service.loadMoreCompleted(); });
+    connect(&m_pane.list(), &TaskListView::moreRequested, this, [this] { m_service.loadMore(); });
 }
 
 void ShownRows::show()

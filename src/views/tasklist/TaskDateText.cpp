@@ -1,5 +1,6 @@
 #include "views/tasklist/TaskDateText.h"
 
+#include "model/settings/KWLocalizedString.h"
 #include "views/wording/DateWording.h"
 
 using namespace Qt::StringLiterals;
@@ -90,6 +91,26 @@ QString detailWords(const LocalSpan &span, const QLocale &locale)
                   endDay == span.firstDay() ? end : detailDay(endDay, span.today(), locale) + u", "_s + end);
 }
 
+QString eventWords(const LocalSpan &span, bool isUnderItsDay, const QLocale &locale)
+{
+    const auto day = [&](Day which) {
+        return DateWording::relativeDay(which, span.today(), locale, DateWording::PastWeekdays::Dated);
+    };
+    const bool saysDay = !isUnderItsDay && span.firstDay() != span.today();
+    if (span.isAllDay()) {
+        if (span.hasSeveralDays()) return joined(day(span.firstDay()), day(span.lastDay()));
+        return saysDay ? day(span.firstDay()) : KWLocalizedString("All day");
+    }
+    const LocalTime end = span.end().value_or(span.start());
+    const bool isLong = end - span.start() >= days{1};
+    const auto moment = [&](LocalTime time, bool withDay) {
+        const QString clock = DateWording::timeOfDay(time, locale);
+        return withDay ? day(floor<days>(time)) + u' ' + clock : clock;
+    };
+    const QString begin = moment(span.start(), saysDay || isLong);
+    return end > span.start() ? joined(begin, moment(end, isLong)) : begin;
+}
+
 } // namespace
 
 TaskDateText rowDateText(const TaskDates &dates, Instant now, const CXTimeZone &zone, const QLocale &locale)
@@ -111,4 +132,12 @@ TaskDateText dateText(const KWTaskListItemModel &item, Instant now, const CXTime
                       const QLocale &locale)
 {
     return rowDateText({item.startDate, item.endDate, item.isAllDay, item.isClosed()}, now, zone, locale);
+}
+
+TaskDateText eventDateText(const KWTaskListItemModel &event, bool isUnderItsDay, Instant now,
+                           const CXTimeZone &zone, const QLocale &locale)
+{
+    if (!event.startDate) return {};
+    const LocalSpan span{{event.startDate, event.endDate, event.isAllDay, false}, now, zone};
+    return {eventWords(span, isUnderItsDay, locale)};
 }

@@ -39,3 +39,8 @@ TaskDateText detailDateText(const TaskDates &dates, Instant now, const CXTimeZon
 /// The row's wording of a list item.
 TaskDateText dateText(const KWTaskListItemModel &item, Instant now, const CXTimeZone &zone,
                       const QLocale &locale);
+
+/// The row's wording of an event, which is never overdue: "09:30 – 10:30", "All day", "Mon – Fri"; on another
+/// day than today "Wed 09:30 – 10:30", "Wed", unless `isUnderItsDay` says that the day stands above.
+TaskDateText eventDateText(const KWTaskListItemModel &event, bool isUnderItsDay, Instant now,
+                           const CXTimeZone &zone, const QLocale &locale);

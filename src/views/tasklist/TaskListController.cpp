@@ -4,6 +4,7 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWSmartProject.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/sidebar/CalendarState.h"
 #include "views/tasklist/PageHeader.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
@@ -13,7 +14,10 @@
 
 namespace {
 
-bool mixesLists(const KWListIdentifier &list) { return list.type != KWListIdentifierType::Project; }
+bool mixesLists(const KWListIdentifier &list)
+{
+    return list.type != KWListIdentifierType::Project && list.type != KWListIdentifierType::Calendar;
+}
 
 } // namespace
 
@@ -98,9 +102,12 @@ void TaskListController::showNames()
     QHash<QString, QString> lists;
     QHash<QString, QString> tags;
     if (const auto &contents = m_sidebar.contents()) {
-        if (mixesLists(m_service.list()))
+        if (mixesLists(m_service.list())) {
             for (const KWProjectModel &each : contents->projects)
                 if (!each.isInbox) lists.insert(each.sid, each.name);
+            for (const KWCalSubscriptionModel &each : contents->calendars)
+                lists.insert(each.sid, each.name);
+        }
         for (const KWTagModel &each : contents->tags)
             tags.insert(each.name, each.label);
     }
@@ -112,6 +119,8 @@ void TaskListController::showHead()
 {
     const QString title = m_sidebar.titleOfSelectedList();
     m_pane.header().setTitle(title);
+    const auto calendar = m_sidebar.selectedCalendar();
+    m_pane.header().setDot(calendar ? std::optional{calendar->color} : std::nullopt);
 
     const bool isDateList = KWSmartProject::isDateSensetiveSmartProjectID(m_service.list().entityID);
     const bool isTomorrow = m_service.list().entityID == KWSmartProject::tomorrow().identifier();
@@ -133,7 +142,10 @@ void TaskListController::showEmptyText(const QString &title)
 {
     const KWSmartProject *smart = KWSmartProject::withIdentifier(m_service.list().entityID);
     TaskListView &list = m_pane.list();
-    if (m_sidebar.isSelectedListClosed())
+    if (const auto calendar = m_sidebar.selectedCalendar())
+        list.setEmptyText(tr("“%1” has no events from today on").arg(title),
+                          calendarState(*calendar, m_clock));
+    else if (m_sidebar.isSelectedListClosed())
         list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("This list is archived."));
     else if (takesNewTasks(m_service.list()))
         list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("Press Ctrl+N and type to add a task."));

@@ -136,9 +136,11 @@ void TaskListModel::allChanged()
     if (!m_rows.isEmpty()) Q_EMIT dataChanged(index(0), index(int(m_rows.size()) - 1));
 }
 
-TaskDateText TaskListModel::dateTextOf(const KWTaskListItemModel &row) const
+TaskDateText TaskListModel::dateTextOf(const TaskListRow &row) const
 {
-    return dateText(row, m_clock.now(), m_clock.zone(), QLocale{});
+    if (row.task.isEvent())
+        return eventDateText(row.task, row.isUnderItsDay, m_clock.now(), m_clock.zone(), QLocale{});
+    return dateText(row.task, m_clock.now(), m_clock.zone(), QLocale{});
 }
 
 int TaskListModel::rowCount(const QModelIndex &parent) const
@@ -169,7 +171,7 @@ Qt::ItemFlags TaskListModel::flags(const QModelIndex &index) const
     const Qt::ItemFlags any = Qt::ItemIsEnabled | Qt::ItemNeverHasChildren | Qt::ItemIsDropEnabled;
     if (!isEntry(index)) return any;
     Qt::ItemFlags entry = any | Qt::ItemIsSelectable;
-    if (!rowAt(index).task.isLaterOccurrence()) entry |= Qt::ItemIsEditable;
+    if (rowAt(index).task.isTaskOrItem()) entry |= Qt::ItemIsEditable;
     return rowAt(index).isTask() ? entry | Qt::ItemIsDragEnabled : entry;
 }
 
@@ -191,12 +193,12 @@ QString TaskListModel::spokenText(const TaskListRow &row) const
     QStringList parts;
     switch (row.kind) {
     case TaskListRow::Kind::LoadMore:
-        return KWLocalizedString("Show more completed tasks");
+        return row.title.isEmpty() ? KWLocalizedString("Show more completed tasks") : row.title;
     case TaskListRow::Kind::Section:
         parts = {row.title, KWLocalizedString("Section with %1 tasks").arg(row.count)};
         break;
     case TaskListRow::Kind::Task:
-        parts = {spokenTask(row.task)};
+        parts = {row.task.isEvent() ? spokenEvent(row) : spokenTask(row)};
         if (row.depth > 0) parts.append(KWLocalizedString("Level %1").arg(row.depth + 1));
         if (!row.hasChildren) return parts.join(u", "_s);
         break;
@@ -205,15 +207,26 @@ QString TaskListModel::spokenText(const TaskListRow &row) const
     return parts.join(u", "_s);
 }
 
-QString TaskListModel::spokenTask(const KWTaskListItemModel &task) const
+QString TaskListModel::spokenEvent(const TaskListRow &row) const
 {
+    QStringList parts{displayTitle(row.task.title), KWLocalizedString("Event"), dateTextOf(row).text};
+    if (row.task.repeats) parts.append(KWLocalizedString("Repeats"));
+    if (const QString calendar = listName(row.task); !calendar.isEmpty())
+        parts.append(KWLocalizedString("Calendar: %1").arg(calendar));
+    parts.append(KWLocalizedString("read only"));
+    return parts.join(u", "_s);
+}
+
+QString TaskListModel::spokenTask(const TaskListRow &row) const
+{
+    const KWTaskListItemModel &task = row.task;
     QStringList parts{displayTitle(task.title)};
     if (task.isChecklistItem())
         parts.append(KWLocalizedString("Checklist item of %1").arg(displayTitle(task.ownerTitle)));
     if (task.isClosed()) parts.append(statusName(task.status));
     if (task.priority != KWTaskPriorityNone && !task.isChecklistItem())
         parts.append(KWLocalizedString("Priority: %1").arg(displayName(task.priority)));
-    if (const TaskDateText date = dateTextOf(task); !date.text.isEmpty()) {
+    if (const TaskDateText date = dateTextOf(row); !date.text.isEmpty()) {
         if (date.tone == TaskDateText::Tone::Overdue) parts.append(KWLocalizedString("Overdue"));
         parts.append(date.text);
     }

@@ -24,7 +24,7 @@ public:
     /// Those rows that are tasks, not items of a checklist.
     QList<KWTaskListItemModel> tasks() const;
     const TaskListRow &rowAt(const QModelIndex &index) const { return m_rows.at(index.row()); }
-    /// A row that can be selected: a task or an item of a checklist.
+    /// A row that can be selected: a task, an item of a checklist, an event.
     bool isEntry(const QModelIndex &index) const;
     /// The index of that row, or an invalid one.
     QModelIndex indexOf(const QString &id) const;
@@ -36,8 +36,8 @@ public:
     void setRows(QList<TaskListRow> rows, QList<SectionLook> looks = {});
     SectionLook lookOf(const TaskListRow &section) const { return m_looks.value(section.category); }
 
-    /// Names to show of the lists rows belong to, by list id; rows of other lists show none. Views of
-    /// one list give none at all.
+    /// Names to show of the lists and calendars rows belong to, by list id; rows of other lists show none.
+    /// Views of one list give none at all.
     void setListNames(QHash<QString, QString> names);
     QString listName(const KWTaskListItemModel &row) const { return m_listNames.value(row.projectID); }
 
@@ -45,7 +45,8 @@ public:
     void setTagLabels(QHash<QString, QString> labels);
     QString tagLabel(const QString &name) const { return m_tagLabels.value(name, name); }
 
-    TaskDateText dateTextOf(const KWTaskListItemModel &row) const;
+    /// Of a task, an item or an event.
+    TaskDateText dateTextOf(const TaskListRow &row) const;
     /// Tells views that words for dates may read differently now: a minute has passed.
     void refreshDates();
 
@@ -69,7 +70,8 @@ private:
     void announceChangedRows(const QList<TaskListRow> &rows);
     void allChanged();
     QString spokenText(const TaskListRow &row) const;
-    QString spokenTask(const KWTaskListItemModel &task) const;
+    QString spokenTask(const TaskListRow &row) const;
+    QString spokenEvent(const TaskListRow &row) const;
 
     CXClock &m_clock;
     QList<TaskListRow> m_rows;

@@ -88,7 +88,7 @@ QStringList TaskListView::selectedIDs() const
 {
     QStringList ids;
     for (const QModelIndex &each : selectedEntries())
-        if (!m_model.rowAt(each).task.isLaterOccurrence()) ids.append(m_model.rowAt(each).id);
+        if (m_model.rowAt(each).task.isTaskOrItem()) ids.append(m_model.rowAt(each).id);
     return ids;
 }
 
@@ -306,8 +306,16 @@ void TaskListView::activate(const QModelIndex &index)
     case TaskListRow::Kind::LoadMore:
         return Q_EMIT moreRequested();
     case TaskListRow::Kind::Task:
-        return Q_EMIT opened(currentTask());
+        return open(index);
     }
+}
+
+void TaskListView::open(const QModelIndex &entry)
+{
+    const KWTaskListItemModel task = m_model.rowAt(entry).task;
+    if (!task.isEvent()) return Q_EMIT opened(task.taskID());
+    const QRect row = visualRect(entry);
+    Q_EMIT eventOpened(task, {viewport()->mapToGlobal(row.topLeft()), row.size()});
 }
 
 std::optional<TaskOccurrence> TaskListView::occurrenceAt(const QModelIndex &index) const
@@ -320,7 +328,7 @@ std::optional<TaskOccurrence> TaskListView::occurrenceAt(const QModelIndex &inde
 void TaskListView::openMenu(const QModelIndex &index, const QPoint &globalPosition)
 {
     const TaskListRow row = m_model.rowAt(index);
-    if (row.kind == TaskListRow::Kind::LoadMore) return;
+    if (row.kind == TaskListRow::Kind::LoadMore || row.task.isEvent()) return;
     auto *menu = new QMenu{this};
     menu->setObjectName(u"taskMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);

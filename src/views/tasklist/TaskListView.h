@@ -16,10 +16,11 @@ class QMenu;
 class TaskRowDelegate;
 
 /// The list of tasks in the middle of the window, in sections; items of checklists stand among them where
-/// they have a date. Several can be selected, with Ctrl, Shift and Ctrl+A. Arrows move, Left and Right fold
-/// sections and subtasks, Space completes, Enter opens the detail, F2 edits the title, Delete and Backspace
-/// delete, Alt+Up and Alt+Down move tasks, Ctrl+] and Ctrl+[ put them below the one above and take them out.
-/// A click on a checkbox completes without selecting.
+/// they have a date, and events, which are selected and opened and nothing else. Several can be selected,
+/// with Ctrl, Shift and Ctrl+A. Arrows move, Left and Right fold sections and subtasks, Space completes,
+/// Enter opens the detail, F2 edits the title, Delete and Backspace delete, Alt+Up and Alt+Down move tasks,
+/// Ctrl+] and Ctrl+[ put them below the one above and take them out. A click on a checkbox completes without
+/// selecting.
 class TaskListView : public QListView {
     Q_OBJECT
 
@@ -39,9 +40,9 @@ public:
 
     /// Gives it the keyboard. Where no row is current the first task becomes so, also when it comes later.
     void takeKeyboard();
-    /// The task that the detail shows, of an item its task; empty for none.
+    /// The task that the detail shows, of an item its task; empty for none, and for an event.
     QString currentTask() const;
-    /// All selected tasks and items from top to bottom; the current one where none is.
+    /// All selected tasks and items from top to bottom, without events; the current one where none is.
     QStringList selectedIDs() const;
     /// The tasks among them, and whether there is one.
     QStringList selectedTasks() const;
@@ -58,6 +59,8 @@ Q_SIGNALS:
     void currentTaskChanged(const QString &sid);
     /// Enter or a double click: show the task's detail and go there.
     void opened(const QString &sid);
+    /// The same of an event; `place` is its row on the screen.
+    void eventOpened(const KWTaskListItemModel &event, const QRect &place);
     void titleEdited(const QString &sid, const QString &title);
     void itemTitleEdited(const QString &itemID, const QString &title);
     void deletionRequested(const QStringList &ids);
@@ -124,6 +127,7 @@ private:
     bool moveByKey(const QKeyEvent &event);
     void step(const QStringList &moving, KeyMove move);
     void activate(const QModelIndex &index);
+    void open(const QModelIndex &entry);
     void toggle(const QStringList &ids);
     void handOver(const QString &id, bool isItem, const QString &title);
     QString currentID() const;

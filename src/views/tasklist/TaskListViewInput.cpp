@@ -182,7 +182,8 @@ void TaskListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (spotAt(event->position().toPoint()).row.isValid()) return mousePressEvent(event);
     QListView::mouseDoubleClickEvent(event);
-    if (m_model.isEntry(indexAt(event->position().toPoint()))) Q_EMIT opened(currentTask());
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (m_model.isEntry(index)) open(index);
 }
 
 void TaskListView::mouseMoveEvent(QMouseEvent *event)

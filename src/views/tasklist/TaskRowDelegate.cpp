@@ -9,6 +9,7 @@
 #include "views/tasklist/TaskRowLayout.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Icons.h"
+#include "views/theme/ItemColors.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
@@ -120,7 +121,7 @@ void paintPiece(QPainter &painter, const TaskRowLayout::Piece &piece, const QCol
     Fonts::drawLine(painter, Fonts::Role::Secondary, piece.bounds, Qt::AlignRight, piece.text);
 }
 
-void paintLoadMore(QPainter &painter, const QStyleOptionViewItem &option)
+void paintLoadMore(QPainter &painter, const QString &title, const QStyleOptionViewItem &option)
 {
     const Theme &theme = Theme::current();
     if (option.state & QStyle::State_MouseOver)
@@ -129,7 +130,8 @@ void paintLoadMore(QPainter &painter, const QStyleOptionViewItem &option)
     const int indent = Metrics::rowOutset + Metrics::scaled(Metrics::titleIndent);
     painter.setPen(theme.accentText);
     Fonts::drawLine(painter, Fonts::Role::Body, option.rect.adjusted(indent, 0, -indent, 0),
-                    QStyle::visualAlignment(option.direction, Qt::AlignLeft), KWLocalizedString("Show more"));
+                    QStyle::visualAlignment(option.direction, Qt::AlignLeft),
+                    title.isEmpty() ? KWLocalizedString("Show more") : title);
 }
 
 } // namespace
@@ -148,7 +150,7 @@ void TaskRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         paintSection(*painter, option, index);
         break;
     case TaskListRow::Kind::LoadMore:
-        paintLoadMore(*painter, option);
+        paintLoadMore(*painter, m_model.rowAt(index).title, option);
         break;
     case TaskListRow::Kind::Task:
         paintTask(*painter, option, index);
@@ -178,7 +180,10 @@ void TaskRowDelegate::paintTask(QPainter &painter, const QStyleOptionViewItem &o
     paintTriangle(painter, layout, row.isFolded, option);
 
     const double settled = task.isClosed() ? 1 : 0;
-    if (task.isLaterOccurrence())
+    if (task.isEvent())
+        Icons::paint(painter, layout.checkbox, Icon::Calendar, layout.checkbox.width(),
+                     ItemColors::edgeOf(task.color));
+    else if (task.isLaterOccurrence())
         Icons::paint(painter, layout.checkbox, Icon::Repeat, layout.checkbox.width(), faintColor(option));
     else
         Painting::checkbox(painter, layout.checkbox,
@@ -188,7 +193,7 @@ void TaskRowDelegate::paintTask(QPainter &painter, const QStyleOptionViewItem &o
                             .isHovered = m_hovered == index && m_hoveredPart == RowPart::Checkbox});
 
     if (!(option.state & QStyle::State_Editing)) paintTitle(painter, layout.title, task, option);
-    const QColor date = taskDateColor(m_model.dateTextOf(task).tone, faintColor(option));
+    const QColor date = taskDateColor(m_model.dateTextOf(row).tone, faintColor(option));
     for (const TaskRowLayout::Piece &piece : layout.pieces)
         paintPiece(painter, piece, date, option);
 }
@@ -204,7 +209,7 @@ RowPart TaskRowDelegate::partAt(const QPoint &position, const QModelIndex &index
     }
     if (row.hasChildren && taskRowTriangle(bounds, direction, row.depth).contains(position))
         return RowPart::Triangle;
-    if (row.task.isLaterOccurrence()) return RowPart::None;
+    if (!row.task.isTaskOrItem()) return RowPart::None;
     constexpr int slack = Metrics::grid + 2; // a comfortable target is larger than the box
     const QRect box = taskRowCheckbox(bounds, direction, row.depth);
     return box.adjusted(-slack, -slack, slack, slack).contains(position) ? RowPart::Checkbox : RowPart::None;

@@ -38,11 +38,12 @@ int widthOf(const Piece &piece)
     }
 }
 
-QList<Piece> piecesOf(const TaskListModel &model, const KWTaskListItemModel &task)
+QList<Piece> piecesOf(const TaskListModel &model, const TaskListRow &row)
 {
+    const KWTaskListItemModel &task = row.task;
     QList<Piece> pieces;
     const auto add = [&pieces](PieceKind kind, const QString &text) { pieces.append({kind, text, {}}); };
-    const QString date = model.dateTextOf(task).text;
+    const QString date = model.dateTextOf(row).text;
     if (task.isChecklistItem()) {
         add(PieceKind::TaskName, displayTitle(task.ownerTitle.left(longestTaskName)));
         add(PieceKind::Date, date);
@@ -125,7 +126,7 @@ TaskRowLayout layOutTaskRow(const QRect &bounds, Qt::LayoutDirection direction, 
     }
     if (row.hasChildren) layout.triangle = triangleIn(bounds, row.depth);
     layout.hairline = {titleLeft, bounds.bottom(), right - titleLeft, 1};
-    layout.pieces = piecesOf(model, row.task);
+    layout.pieces = piecesOf(model, row);
     leaveOutWhatDoesNotFit(layout.pieces, (right - titleLeft) / 2);
     for (auto piece = layout.pieces.rbegin(); piece != layout.pieces.rend(); ++piece) {
         const int width = widthOf(*piece);

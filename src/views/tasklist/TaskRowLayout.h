@@ -27,7 +27,8 @@ struct TaskRowLayout {
 
 /// A task stands further in for each level that it is below others. The title keeps at least half of the
 /// row; pieces that would take more are left out, the name of the list first, then tags, then marks. An item
-/// of a checklist has a smaller checkbox, the name of its task and its date.
+/// of a checklist has a smaller checkbox, the name of its task and its date; an event has the mark of its
+/// calendar in place of the checkbox.
 TaskRowLayout layOutTaskRow(const QRect &bounds, Qt::LayoutDirection direction, const TaskListModel &model,
                             const TaskListRow &row);
 

@@ -39,8 +39,7 @@ QColor blended(const QColor &color, const QColor &into, double share)
 ItemColors itemColors(const QString &color, double share)
 {
     const Theme &theme = Theme::current();
-    const QColor named{color};
-    const QColor edge = named.isValid() ? named : theme.accent;
+    const QColor edge = ItemColors::edgeOf(color);
     if (theme.scheme == ColorScheme::Light) share *= lightShare;
     ItemColors colors{.fill = {}, .edge = edge, .text = theme.text, .note = theme.secondaryText};
     // A bright colour on a dark page, or a dark one on a light page, has to be thinner.
@@ -51,6 +50,12 @@ ItemColors itemColors(const QString &color, double share)
 }
 
 } // namespace
+
+QColor ItemColors::edgeOf(const QString &color)
+{
+    const QColor named{color};
+    return named.isValid() ? named : Theme::current().accent;
+}
 
 ItemColors ItemColors::of(const QString &color) { return itemColors(color, openShare); }
 

@@ -13,6 +13,8 @@ struct ItemColors {
 
     /// In the theme in force. `color` is "#rrggbb"; an empty or unreadable one takes the accent.
     static ItemColors of(const QString &color);
+    /// The edge alone: how a subscribed calendar is marked wherever it stands.
+    static QColor edgeOf(const QString &color);
     /// The same for something that is closed: paler, and readable.
     static ItemColors ofClosed(const QString &color);
 };

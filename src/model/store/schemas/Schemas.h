@@ -35,5 +35,7 @@ std::string longOccurrences();
 std::string habitDayStart();
 /// From a moment to the habits that remind then.
 std::string habitReminders();
+/// Whether a list shows events.
+std::string eventsInLists();
 
 } // namespace schemas
