@@ -30,5 +30,10 @@ struct CalendarItem {
     LocalTime start{};
     LocalTime end{};
 
+    /// The same occurrence of the same thing, however it was changed.
+    bool isSameAs(const CalendarItem &other) const
+    {
+        return kind == other.kind && entityID == other.entityID && occurrence == other.occurrence;
+    }
     bool operator==(const CalendarItem &) const = default;
 };

@@ -31,5 +31,7 @@ std::string calendarDisplay();
 std::string calendarSubscriptions();
 /// What finds the occurrences that have gone on for days.
 std::string longOccurrences();
+/// Lists that the calendar hides, and what colours its tasks.
+std::string calendarChoices();
 
 } // namespace schemas
