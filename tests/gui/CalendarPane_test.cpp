@@ -1,6 +1,5 @@
 #include "gui/CalendarMaking.h"
 #include "gui/ClientFixture.h"
-#include "model/records/KWCalSubscription.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "support/TestMain.h"
@@ -11,10 +10,13 @@
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListView.h"
 
+#include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QLabel>
+#include <QListView>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSplitter>
 
 #include <algorithm>
 
@@ -272,6 +274,12 @@ private Q_SLOTS:
         QTRY_COMPARE(titles().size(), 7);
         selectOn(november(20));
         dragBy(0, 3);
+        QVERIFY(view().isDropAsked());
+        QApplication::activePopupWidget()->close(); // no answer
+        QTRY_VERIFY(!view().isDropAsked());
+        QCOMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:10 21:10 22:10"_s);
+        activate();
+        dragBy(0, 3);
         chooseInMenu(u"Only This One"_s);
         QTRY_COMPARE(hoursOf(u"Stand up"_s), u"18:10 19:10 20:13 21:10 22:10"_s);
         QCOMPARE(selectedText(), u"Stand up 20:13"_s);
@@ -335,43 +343,106 @@ private Q_SLOTS:
         QTRY_COMPARE(pane().tray().list().model()->rowCount(), 0);
     }
 
-    void theMenuChangesWhatIsShown()
+    void theMenuChangesHowAPageIsDrawn()
     {
         openWeek();
         QTRY_COMPARE(titles().size(), 7);
-        const auto choose = [this](const QString &text) {
-            QTest::mouseClick(&m_client->find<QWidget>("calendarMenuButton"), Qt::LeftButton);
-            chooseInMenu(text);
-        };
-        choose(u"Show Repeats"_s);
-        QTRY_COMPARE(titles().join(u' '), u"Stand up Trip Walk"_s);
         const int column = static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width();
-        choose(u"Show Weekends"_s);
+        QTest::mouseClick(&m_client->find<QWidget>("calendarMenuButton"), Qt::LeftButton);
+        chooseInMenu(u"Show Weekends"_s);
         QTRY_VERIFY(static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width() > column);
     }
 
-    void aCalendarIsHiddenInTheMenu()
+    void listsAreHiddenAndShown()
     {
-        KWCalSubscriptionModel holidays;
-        holidays.userID = m_client->kit().account().currentUserID();
-        holidays.name = u"Rain & shine"_s;
-        QVERIFY(KWCoreDataService{m_client->kit().manager()}.sync_save(
-            [&](ObjectContext &context) -> Result<void> {
-                holidays = context.insert<KWCalSubscription>(holidays).model();
-                return {};
-            }));
+        QVERIFY(m_client->rooms().newTasks().add(u"Dig today 4pm ^Garden"_s));
+        QVERIFY(m_client->rooms().newTasks().add(u"Sow ^Garden"_s));
         openWeek();
-        QTest::mouseClick(&m_client->find<QWidget>("calendarMenuButton"), Qt::LeftButton);
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QVERIFY(menu && menu->findChild<QMenu *>());
-        QAction *calendar = menu->findChild<QMenu *>()->actions().value(0);
-        QCOMPARE(calendar->text(), u"Rain && shine"_s);
-        QVERIFY(calendar->isChecked());
-        calendar->trigger();
-        menu->close();
-        const KWCalendarDisplayConfigurationManager stored{m_client->kit().manager(),
-                                                           m_client->kit().center(), holidays.userID};
-        QCOMPARE(stored.configuration().hiddenCalendars, QStringList{holidays.sid});
+        pane().setTrayShown(true);
+        QTRY_COMPARE(titles().join(u' '), u"Dig Stand up Stand up Stand up Stand up Stand up Trip Walk"_s);
+        QTRY_COMPARE(pane().tray().list().model()->rowCount(), 2);
+        auto &button = m_client->find<QWidget>("calendarShownButton");
+        QCOMPARE(button.accessibleName(), u"Shown"_s);
+        m_client->press(Qt::Key_S);
+        QWidget *popover = QApplication::activePopupWidget();
+        QVERIFY(popover);
+        auto *rows = popover->findChild<QListView *>(u"shownList"_s);
+        QVERIFY(rows->hasFocus());
+        const auto toggle = [rows](const QString &title, Qt::CheckState then) {
+            const QModelIndexList found =
+                rows->model()->match(rows->model()->index(0, 0), Qt::DisplayRole, title);
+            QVERIFY2(!found.isEmpty(), qPrintable(title));
+            rows->setCurrentIndex(found.first());
+            QTest::keyClick(rows, Qt::Key_Space);
+            QCOMPARE(rows->currentIndex().data().toString(), title); // it stays open, and there
+            QCOMPARE(rows->currentIndex().data(Qt::CheckStateRole).toInt(), int(then));
+        };
+        toggle(u"Garden"_s, Qt::Unchecked);
+        QTRY_VERIFY(!titles().contains(u"Dig"_s));
+        QTRY_COMPARE(pane().tray().list().model()->rowCount(), 1);
+        QCOMPARE(button.accessibleName(), u"Shown: something is hidden"_s);
+        toggle(u"Later Dates of What Repeats"_s, Qt::Unchecked);
+        QTRY_COMPARE(titles().join(u' '), u"Stand up Trip Walk"_s);
+        auto &showAll = *popover->findChild<QAbstractButton *>(u"shownShowAll"_s);
+        QTest::mouseClick(&showAll, Qt::LeftButton);
+        QTRY_COMPARE(titles().size(), 8);
+        QVERIFY(!showAll.isVisible());
+        QCOMPARE(button.accessibleName(), u"Shown"_s);
+        QTest::keyClick(rows, Qt::Key_Escape);
+        QVERIFY(!QApplication::activePopupWidget() && view().hasFocus());
+    }
+
+    void colorsAreChosenAndKept()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        const QImage byList = view().grab().toImage();
+        m_client->press(Qt::Key_S);
+        auto *popover = QApplication::activePopupWidget();
+        QTest::mouseClick(
+            popover->findChild<QWidget *>(u"shownColors"_s)->findChildren<QAbstractButton *>().last(),
+            Qt::LeftButton);
+        QTest::keyClick(popover, Qt::Key_Escape);
+        QTRY_VERIFY(view().grab().toImage() != byList);
+        const KWCalendarDisplayConfigurationManager stored{
+            m_client->kit().manager(), m_client->kit().center(), m_client->kit().account().currentUserID()};
+        QCOMPARE(stored.configuration().colorBy, KWCalendarColorByPriority);
+    }
+
+    void aNarrowPageKeepsItsRoom()
+    {
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        pane().setTrayShown(true);
+        m_client->window()->resize(720, 700);
+        QTRY_VERIFY(pane().tray().geometry().top() >= view().geometry().bottom());
+        QVERIFY(static_cast<TimeGridView &>(view()).geometryOfPage().head(0).width() > 50);
+        for (const char *each : {"calendarTrayButton", "calendarShownButton", "calendarKind"})
+            QVERIFY2(m_client->find<QWidget>(each).isVisible(), each);
+        QTest::mouseClick(&m_client->find<QWidget>("calendarKind"), Qt::LeftButton);
+        chooseInMenu(u"Day"_s);
+        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::SingleDay);
+        m_client->window()->resize(1280, 800);
+        QTRY_VERIFY(m_client->find<QWidget>("calendarKinds").isVisible());
+        QTRY_VERIFY(pane().tray().width() < pane().width() / 2);
+    }
+
+    void whatStandsBesideThePageIsKept()
+    {
+        openWeek();
+        pane().setTrayShown(true);
+        auto &splitter = m_client->find<QSplitter>("columns");
+        QTest::mousePress(splitter.handle(1), Qt::LeftButton, {}, {});
+        QTest::mouseMove(splitter.handle(1), {60, 0});
+        QTest::mouseRelease(splitter.handle(1), Qt::LeftButton, {}, {60, 0});
+        const int width = splitter.sizes().first();
+        QVERIFY(width > 260);
+        m_client->openList(u"Inbox"_s);
+        QCOMPARE(splitter.sizes().first(), width);
+        openCalendar();
+        m_client->restart();
+        QTRY_COMPARE(m_client->find<QSplitter>("columns").sizes().first(), width);
+        QVERIFY(pane().isTrayShown());
     }
 
     void eventsAreToldOfAndStay()
