@@ -26,7 +26,7 @@ struct BadgeContents {
         if (owner.userID.isEmpty() || type == KWBadgeType::None) return 0;
         const int tasks = KWTaskFinder::countOnBadgeWithType(type, owner, context);
         if (!hasHabits) return tasks;
-        return tasks + KWHabit::countOpenOn(context.clock().today(), owner.userID, context);
+        return tasks + KWHabit::countOpenToday(owner.userID, context);
     }
 };
 

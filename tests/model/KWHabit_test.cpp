@@ -2,6 +2,7 @@
 
 #include "corvexkit/time/TimeText.h"
 #include "model/records/DayStamp.h"
+#include "model/records/HabitStreaks.h"
 #include "model/records/KWHabitCheckin.h"
 #include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
@@ -10,6 +11,10 @@
 #include "support/CaseTable.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
+
+#include <QRandomGenerator>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -33,6 +38,24 @@ void setDay(KWHabit &habit, int stamp, const QStringList &words)
     habit.context().insert<KWHabitSkip>(skip);
 }
 
+// Does or undoes one of the things that a day can be.
+void flip(std::vector<Day> &sorted, Day day)
+{
+    const auto place = std::ranges::lower_bound(sorted, day);
+    if (place != sorted.end() && *place == day)
+        sorted.erase(place);
+    else
+        sorted.insert(place, day);
+}
+
+HabitHistory daysSince(Day since, HabitHistory all)
+{
+    all.since = since;
+    std::erase_if(all.done, [since](Day each) { return each < since; });
+    std::erase_if(all.skipped, [since](Day each) { return each < since; });
+    return all;
+}
+
 } // namespace
 
 class KWHabit_test : public QObject {
@@ -52,8 +75,8 @@ class KWHabit_test : public QObject {
         saved(*m_store, [&](ObjectContext &context) { habit.sid = context.insert<KWHabit>(habit).sid(); });
         return habit.sid;
     }
-    Result<void> check(const QString &id, HabitCheck check = HabitCheck::Add, int stamp = today,
-                       CheckedBy by = CheckedBy::Person)
+    Result<UndoToken> check(const QString &id, HabitCheck check = HabitCheck::Add, int stamp = today,
+                            CheckedBy by = CheckedBy::Person)
     {
         return KWHabitUtils{m_store->kit().manager()}.updateHabitCheckin(id, stamp, check, by);
     }
@@ -116,6 +139,88 @@ private Q_SLOTS:
                 habit.updateStreaks();
                 QCOMPARE(u"%1 %2"_s.arg(habit->currentStreak).arg(habit->longestStreak), cells[4]);
             });
+    }
+
+    // However little is known of the days before; how often it is enough is counted.
+    void countsStreaksFromTheDaysAroundAChange()
+    {
+        QRandomGenerator random{7};
+        int told = 0, rounds = 0;
+        for (const QString &rule : {u"FREQ=DAILY"_s, u"FREQ=DAILY;BYDAY=MO,WE,FR"_s,
+                                    u"FREQ=DAILY;INTERVAL=3"_s, u"FREQ=WEEKLY;X-TIMES=4"_s}) {
+            const HabitFrequency frequency = HabitFrequency::ofRule(rule);
+            HabitHistory history{.today = dayOf(u"2030-05-01"_s), .firstDay = dayOf(u"2030-01-03"_s)};
+            history.since = history.firstDay;
+            for (Day day = history.firstDay; day <= history.today; day += days{1})
+                if (random.bounded(10) < 8) history.done.push_back(day);
+            for (int i = 0; i < 400; ++i, ++rounds) {
+                const HabitStreaks before = HabitStreaks::of(history, frequency);
+                const int daysAgo = random.bounded(int((history.today - history.firstDay).count()) + 1);
+                const Day changed = history.today - days{daysAgo};
+                flip(random.bounded(4) == 0 ? history.skipped : history.done, changed);
+                const HabitHistory part = daysSince(changed - days{random.bounded(40)}, history);
+                const auto after = before.afterChangeOf(changed, part, frequency);
+                told += after.has_value();
+                if (after) QCOMPARE(*after, HabitStreaks::of(history, frequency));
+            }
+        }
+        QVERIFY2(told > rounds / 2 && told < rounds, qPrintable(u"%1 of %2"_s.arg(told).arg(rounds)));
+    }
+
+    // Read from a store in which only the days of the last weeks are asked for at first.
+    void aCheckAfterALongBreakKeepsTheLongestStreak()
+    {
+        const QString id = make();
+        m_store->clock.advance(days{100});
+        for (int stamp : {2030'05'01, 2030'05'02, 2030'05'03, 2030'08'08})
+            QVERIFY(check(id, HabitCheck::Add, stamp));
+        QCOMPARE(habit(id)->longestStreak, 3);
+        QCOMPARE(habit(id)->currentStreak, 1);
+        QVERIFY(check(id, HabitCheck::TakeBack, 2030'05'02));
+        QCOMPARE(habit(id)->longestStreak, 1);
+    }
+
+    void beginsWithTheFirstDayThatIsCheckedIn()
+    {
+        for (const auto &[rule, first] :
+             {std::pair{u"FREQ=DAILY"_s, 2030'04'28}, {u"FREQ=DAILY;INTERVAL=5"_s, 2030'04'26}}) {
+            const QString id = make(rule);
+            QVERIFY(!habit(id).isDueOn(dayOf(u"2030-04-30"_s)));
+            QVERIFY(check(id, HabitCheck::Add, 2030'04'28));
+            QCOMPARE(habit(id)->startStamp, first);
+            QVERIFY(habit(id).isDueOn(dayOf(u"2030-05-01"_s)));
+        }
+    }
+
+    // It is one o'clock in the night of the 2nd of May.
+    void theDayMayBeginLater()
+    {
+        const QString id = make();
+        m_store->clock.setNow(at("2030-05-01 23:00"));
+        QCOMPARE(KWHabit::countOpenToday(m_store->userID(), m_store->context()), 1);
+        QVERIFY(check(id, HabitCheck::Add, today + 1));
+        QVERIFY(check(id, HabitCheck::TakeBack, today + 1));
+        setSaved<KWUserSettings>(*m_store, m_store->userID(), &KWUserSettingsModel::habitDayStart, 2);
+        QCOMPARE(check(id, HabitCheck::Add, today + 1).error().sentence, u"This day is still to come."_s);
+        QVERIFY(check(id));
+        QCOMPARE(habit(id)->currentStreak, 1);
+        QCOMPARE(KWHabit::countOpenToday(m_store->userID(), m_store->context()), 0);
+        m_store->clock.advance(1h);
+        QCOMPARE(KWHabit::countOpenToday(m_store->userID(), m_store->context()), 1);
+    }
+
+    void takesBackWhatWasDoneToADay()
+    {
+        const QString id = make({}, 8, 5);
+        const UndoToken first = *check(id), second = *check(id);
+        QCOMPARE(day(id), u"done 10"_s);
+        QVERIFY(second.undo(m_store->kit().manager()));
+        QCOMPARE(day(id), u"open 5"_s);
+        QCOMPARE(habit(id)->currentStreak, 0);
+        QVERIFY(check(id));
+        QVERIFY(!first.undo(m_store->kit().manager()));
+        QCOMPARE(day(id), u"done 10"_s);
+        QCOMPARE(habit(id)->currentStreak, 1);
     }
 
     // Made late in the evening, when it is another day elsewhere already.

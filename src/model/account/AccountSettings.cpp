@@ -24,6 +24,8 @@ Result<void> checked(const KWUserSettingsModel &before, const KWUserSettingsMode
 {
     if (after.firstWeekday < 1 || after.firstWeekday > 7)
         return Error{storeText("A week begins on one of its seven days.")};
+    if (after.habitDayStart < 0 || after.habitDayStart > KWUserSettings::latestHabitDayStart)
+        return Error{storeText("A day of habits begins between midnight and six.")};
     for (const int each : {after.smartTimeForMorning, after.smartTimeForAfternoon, after.smartTimeForEvening,
                            after.smartTimeForNight})
         if (each < 0 || each >= minutesOfDay) return Error{storeText("There is no such time of day.")};
@@ -45,10 +47,11 @@ bool givesNewTasksTheSame(const KWUserSettingsModel &one, const KWUserSettingsMo
     return decisive(one) == decisive(other);
 }
 
-// What is shown of habits outside their page.
+// Where and when they are shown.
 bool showsHabitsTheSame(const KWUserSettingsModel &one, const KWUserSettingsModel &other)
 {
-    return one.showsInToday == other.showsInToday && one.showsInCalendar == other.showsInCalendar;
+    return one.showsInToday == other.showsInToday && one.showsInCalendar == other.showsInCalendar &&
+           one.habitDayStart == other.habitDayStart;
 }
 
 } // namespace

@@ -18,7 +18,8 @@ public:
 
     /// Takes what `edit` makes of the settings. Posts "KWUserSettingsDidChangeNotification",
     /// "KWTaskDefaultConfigurationChangedNotification" when new tasks get something else now, and
-    /// "KWHabitSettingsChangedNotification" when habits are shown elsewhere now.
+    /// "KWHabitSettingsChangedNotification" when habits are shown elsewhere now, or their day
+    /// begins at another hour.
     Result<void> change(const std::function<void(KWUserSettingsModel &)> &edit);
     Result<void> updateTimeZoneOptionEnable(bool isEnabled);
 

@@ -63,6 +63,8 @@ inline const QString KWKWRepeatInstanceGeneratedNotification =
 inline const QString KWNewMinuteComesNotification = QStringLiteral("KWNewMinuteComesNotification");
 inline const QString KWNewHourComesNotification = QStringLiteral("KWNewHourComesNotification");
 inline const QString KWNewDayComesNotification = QStringLiteral("KWNewDayComesNotification");
+/// The day of habits, which may begin later than midnight. Posted by `HabitDayWatch`.
+inline const QString KWNewHabitDayComesNotification = QStringLiteral("KWNewHabitDayComesNotification");
 
 // The computer, posted by the service in `platform`; neither comes where the system does not tell of sleep.
 inline const QString WorkspaceWillSleepNotification = QStringLiteral("WorkspaceWillSleepNotification");

@@ -12,8 +12,27 @@ HabitFrequency HabitFrequency::ofRule(const QString &repeatRule)
     return {.weekdays = rule->byDay.every()};
 }
 
+QString HabitFrequency::toRule() const
+{
+    CXRecurrenceRule rule;
+    switch (kind) {
+    case Kind::Daily:
+        weekdays.forEach([&rule](int each) { rule.byDay.insert(std::chrono::weekday{unsigned(each)}); });
+        break;
+    case Kind::Weekly:
+        rule.frequency = CXRecurrenceRule::Frequency::Weekly;
+        rule.timesInWeekly = timesInWeekly;
+        break;
+    case Kind::Repeat:
+        rule.interval = interval;
+        break;
+    }
+    return rule.toIcal();
+}
+
 bool HabitFrequency::isDueOn(Day day, Day firstDay) const
 {
+    if (day < firstDay) return false;
     switch (kind) {
     case Kind::Daily:
         return weekdays.isEmpty() || weekdays.contains(int(std::chrono::weekday{day}.c_encoding()));

@@ -21,7 +21,10 @@ struct HabitFrequency {
     /// A rule of no such kind counts as a daily one with the weekdays it has; one that cannot be read means
     /// every day.
     static HabitFrequency ofRule(const QString &repeatRule);
+    /// The rule of it, as CXRecurrenceRule::toIcal() writes one.
+    QString toRule() const;
 
-    /// Every day of a weekly habit is one. Those of the repeat kind are counted from `firstDay`, also back.
+    /// From `firstDay` on, from which those of the repeat kind are counted. Every day of a weekly habit is
+    /// one.
     bool isDueOn(Day day, Day firstDay) const;
 };

@@ -3,10 +3,12 @@
 #include "model/records/DayStamp.h"
 #include "model/records/HabitStreaks.h"
 #include "model/records/KWHabitCheckin.h"
+#include "model/records/KWHabitRecord.h"
 #include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -39,6 +41,13 @@ QList<Record *> recordsOf(const KWHabit &habit, const SqlCondition &condition)
     return records;
 }
 
+template <class Record>
+Record *firstOfDay(const QList<Record *> &records, int stamp)
+{
+    const auto found = std::ranges::find(records, stamp, [](const Record *each) { return (*each)->stamp; });
+    return found == records.end() ? nullptr : *found;
+}
+
 } // namespace
 
 QList<KWHabit *> KWHabit::fetchAll(const QString &userID, HabitScope scope, ObjectContext &context)
@@ -49,9 +58,10 @@ QList<KWHabit *> KWHabit::fetchAll(const QString &userID, HabitScope scope, Obje
                                    .index = "habitsInOrder"});
 }
 
-int KWHabit::countOpenOn(Day day, const QString &userID, ObjectContext &context)
+int KWHabit::countOpenToday(const QString &userID, ObjectContext &context)
 {
-    const auto isOpen = [&](const KWHabit *habit) {
+    const Day day = KWUserSettings::habitDayOfUser(userID, context);
+    const auto isOpen = [day](const KWHabit *habit) {
         if (!habit->isDueOn(day) || habit->isSkippedOn(day)) return false;
         const KWHabitCheckin *checkin = habit->checkInAtDateStamp(DayStamp::fromDay(day));
         return !checkin || (*checkin)->status == KWHabitCheckinStatusNotDone;
@@ -59,32 +69,43 @@ int KWHabit::countOpenOn(Day day, const QString &userID, ObjectContext &context)
     return int(std::ranges::count_if(fetchAll(userID, HabitScope::Active, context), isOpen));
 }
 
-bool KWHabit::isSkippedOn(Day day) const
-{
-    const auto isOfDay = [stamp = DayStamp::fromDay(day)](const KWHabitSkip *each) {
-        return (*each)->stamp == stamp;
-    };
-    return std::ranges::any_of(skips(), isOfDay);
-}
+bool KWHabit::isSkippedOn(Day day) const { return skipAtDateStamp(DayStamp::fromDay(day)); }
+
+Day KWHabit::today() const { return KWUserSettings::habitDayOfUser(model().userID, context()); }
 
 KWHabitCheckin *KWHabit::checkInAtDateStamp(int stamp) const
 {
     const auto found = recordsOf<KWHabitCheckin>(
         *this, {.where = "habitID = ? AND checkinStamp = ? AND isDeleted = 0", .values = {sid(), stamp}});
-    for (KWHabitCheckin *each : found)
-        if ((*each)->checkinStamp == stamp) return each;
-    return nullptr;
+    const auto stampOf = [](const KWHabitCheckin *each) { return (*each)->checkinStamp; };
+    const auto ofDay = std::ranges::find(found, stamp, stampOf);
+    return ofDay == found.end() ? nullptr : *ofDay;
 }
 
 KWHabitCheckin &KWHabit::makeCheckInAtDateStamp(int stamp)
 {
     if (KWHabitCheckin *present = checkInAtDateStamp(stamp)) return *present;
+    if (const auto day = DayStamp::toDay(stamp)) beginNoLaterThan(*day);
     KWHabitCheckinModel checkin;
     checkin.userID = model().userID;
     checkin.habitID = sid();
     checkin.checkinStamp = stamp;
     checkin.goal = model().goal;
     return context().insert<KWHabitCheckin>(std::move(checkin));
+}
+
+KWHabitRecord *KWHabit::recordAtDateStamp(int stamp) const
+{
+    const auto found = recordsOf<KWHabitRecord>(
+        *this, {.where = "habitID = ? AND stamp = ? AND isDeleted = 0", .values = {sid(), stamp}});
+    return firstOfDay(found, stamp);
+}
+
+KWHabitSkip *KWHabit::skipAtDateStamp(int stamp) const
+{
+    const auto found = recordsOf<KWHabitSkip>(
+        *this, {.where = "habitID = ? AND stamp = ? AND isDeleted = 0", .values = {sid(), stamp}});
+    return firstOfDay(found, stamp);
 }
 
 QList<KWHabitSkip *> KWHabit::skips() const
@@ -95,28 +116,53 @@ QList<KWHabitSkip *> KWHabit::skips() const
 
 void KWHabit::updateStreaks()
 {
-    HabitHistory history;
-    history.done = doneDays();
-    for (const KWHabitSkip *each : skips())
-        if (const auto day = DayStamp::toDay((*each)->stamp)) history.skipped.insert(*day);
-    history.today = context().clock().today();
-    const KWHabitCheckin *today = checkInAtDateStamp(DayStamp::fromDay(history.today));
-    history.isTodayUnAchieved = today && today->isMarkUnAchieved();
-    history.firstDay = firstDay();
-    history.firstWeekday = KWUserSettings::firstWeekdayOfUser(model().userID, context());
-
-    const HabitStreaks streaks = HabitStreaks::of(history, frequency());
+    const HabitStreaks streaks = HabitStreaks::of(historySince(Day::min()), frequency());
     set(&KWHabitModel::currentStreak, streaks.current);
     set(&KWHabitModel::longestStreak, streaks.longest);
 }
 
-// Many years of them: read as bare numbers, not as records.
-std::set<Day> KWHabit::doneDays() const
+void KWHabit::updateStreaksAround(Day day)
 {
+    const auto stored = storedVersion();
+    const bool isByTheSameRule =
+        stored && stored->repeatRule == model().repeatRule && stored->startStamp == model().startStamp;
+    if (!isByTheSameRule) return updateStreaks();
+    const HabitStreaks before{.current = model().currentStreak, .longest = model().longestStreak};
+    for (const std::chrono::days past : {std::chrono::days{60}, std::chrono::days{600}}) {
+        const HabitHistory around = historySince(std::min(day, today()) - past);
+        const auto streaks = before.afterChangeOf(day, around, frequency());
+        if (!streaks) continue;
+        set(&KWHabitModel::currentStreak, streaks->current);
+        set(&KWHabitModel::longestStreak, streaks->longest);
+        return;
+    }
+    updateStreaks();
+}
+
+HabitHistory KWHabit::historySince(Day since) const
+{
+    HabitHistory history;
+    history.since = since;
+    history.done = doneDaysSince(since);
+    for (const KWHabitSkip *each : skips())
+        if (const auto day = DayStamp::toDay((*each)->stamp)) history.skipped.push_back(*day);
+    std::ranges::sort(history.skipped);
+    history.today = today();
+    const KWHabitCheckin *checkin = checkInAtDateStamp(DayStamp::fromDay(history.today));
+    history.isTodayUnAchieved = checkin && checkin->isMarkUnAchieved();
+    history.firstDay = firstDay();
+    history.firstWeekday = KWUserSettings::firstWeekdayOfUser(model().userID, context());
+    return history;
+}
+
+// Many years of them: read as bare numbers, not as records.
+std::vector<Day> KWHabit::doneDaysSince(Day since) const
+{
+    const auto first = std::max(since, *DayStamp::toDay(1'01'01));
     const QList<std::int64_t> stored = context().numbers(
         "SELECT checkinStamp FROM habitCheckins INDEXED BY habitCheckinsByDay WHERE habitID = ? AND "
-        "isDeleted = 0 AND status = 2 ORDER BY checkinStamp",
-        {sid()});
+        "checkinStamp >= ? AND isDeleted = 0 AND status = 2 ORDER BY checkinStamp",
+        {sid(), DayStamp::fromDay(first)});
     std::set<std::int64_t> stamps{stored.begin(), stored.end()};
     QList<KWHabitCheckin *> changed = context().changed<KWHabitCheckin>();
     changed.removeIf([this](const KWHabitCheckin *each) { return (*each)->habitID != sid(); });
@@ -126,9 +172,9 @@ std::set<Day> KWHabit::doneDays() const
     for (const KWHabitCheckin *each : changed)
         if (isDone(each->model()) && !each->isRemoved()) stamps.insert((*each)->checkinStamp);
 
-    std::set<Day> days;
+    std::vector<Day> days;
     for (const std::int64_t each : stamps)
-        if (const auto day = DayStamp::toDay(each)) days.insert(days.end(), *day);
+        if (const auto day = DayStamp::toDay(each); day && *day >= since) days.push_back(*day);
     return days;
 }
 
@@ -137,6 +183,16 @@ Day KWHabit::firstDay() const
     const CXClock &clock = context().clock();
     return DayStamp::toDay(model().startStamp)
         .value_or(clock.zone().dayOf(model().createdTime.value_or(clock.now())));
+}
+
+// By whole intervals, so that the days on which it is due stay.
+void KWHabit::beginNoLaterThan(Day day)
+{
+    const Day first = firstDay();
+    if (day >= first) return;
+    const std::chrono::days interval{frequency().interval};
+    const auto intervals = (first - day + interval - std::chrono::days{1}) / interval;
+    set(&KWHabitModel::startStamp, DayStamp::fromDay(first - intervals * interval));
 }
 
 // Written down, so that the days of a rule stay where they are when the person travels.

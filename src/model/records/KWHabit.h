@@ -4,10 +4,12 @@
 #include "model/records/KWHabitModel.h"
 #include "model/records/ManagedRecord.h"
 
-#include <set>
+#include <vector>
 
 class KWHabitCheckin;
+class KWHabitRecord;
 class KWHabitSkip;
+struct HabitHistory;
 
 /// Which of a user's habits are meant.
 enum class HabitScope { Active, Archived, ActiveAndArchived };
@@ -19,27 +21,40 @@ public:
     /// The user's habits that are not deleted, in their manual order.
     static QList<KWHabit *> fetchAll(const QString &userID, HabitScope scope, ObjectContext &context);
 
-    /// How many of the user's habits are due on that day and open still: not done, not skipped, not said to
-    /// be unachieved. Archived ones are none of the day's.
-    static int countOpenOn(Day day, const QString &userID, ObjectContext &context);
+    /// How many of the user's habits are due today and open still: not done, not skipped, not said to be
+    /// unachieved. Archived ones are none of the day's.
+    static int countOpenToday(const QString &userID, ObjectContext &context);
 
     HabitFrequency frequency() const { return HabitFrequency::ofRule(model().repeatRule); }
     bool isDueOn(Day day) const { return frequency().isDueOn(day, firstDay()); }
     bool isSkippedOn(Day day) const;
 
+    /// The day that it is for the habits of this account.
+    Day today() const;
+    /// Before which the habit is not due.
+    Day firstDay() const;
+
     /// The check-in of that day; none when nothing was entered, or when it was deleted.
     KWHabitCheckin *checkInAtDateStamp(int stamp) const;
-    /// The same, or a new one with the habit's goal of now.
+    /// The same, or a new one with the habit's goal of now. A habit begins with the first day that is checked
+    /// in: on an earlier day than its own it begins as much earlier as its rule has it due then.
     KWHabitCheckin &makeCheckInAtDateStamp(int stamp);
+    /// The note on that day, or none.
+    KWHabitRecord *recordAtDateStamp(int stamp) const;
+    /// The skip of that day, or none.
+    KWHabitSkip *skipAtDateStamp(int stamp) const;
     /// The skipped days, earliest first; those not saved yet behind.
     QList<KWHabitSkip *> skips() const;
 
     /// Counts the current and the longest streak anew, from all check-ins up to today.
     void updateStreaks();
+    /// The same after a change of one day, from the days around it as far as these tell.
+    void updateStreaksAround(Day day);
 
 private:
     void willSave() override;
 
-    Day firstDay() const;
-    std::set<Day> doneDays() const;
+    void beginNoLaterThan(Day day);
+    HabitHistory historySince(Day since) const;
+    std::vector<Day> doneDaysSince(Day since) const;
 };

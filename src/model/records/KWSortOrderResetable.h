@@ -11,6 +11,7 @@
 class KWChecklistItem;
 class KWColumn;
 class KWHabit;
+class KWHabitSection;
 class KWProjectPinnedSortOrder;
 class KWTask;
 class KWTaskDueDateSortOrder;
@@ -26,9 +27,9 @@ concept OneOf = (std::same_as<Record, Kinds> || ...);
 /// A record, or a value twin, whose kind is put in order by hand.
 template <class Record>
 concept KWSortOrderResetable =
-    OneOf<Record, KWTask, KWChecklistItem, KWColumn, KWHabit, KWHabitSectionModel, KWProjectPinnedSortOrder,
-          KWTaskDueDateSortOrder, KWTaskPrioritySortOrder, KWTaskProjectSortOrder, KWTaskTagSortOrder,
-          KWTaskPinnedSortOrder>;
+    OneOf<Record, KWTask, KWChecklistItem, KWColumn, KWHabit, KWHabitSection, KWHabitSectionModel,
+          KWProjectPinnedSortOrder, KWTaskDueDateSortOrder, KWTaskPrioritySortOrder, KWTaskProjectSortOrder,
+          KWTaskTagSortOrder, KWTaskPinnedSortOrder>;
 
 /// Places of single records.
 struct KWEntitySortOrder {

@@ -22,6 +22,7 @@ struct KWUserSettingsModel : KWSynchronizableFields {
     bool isTimeZoneOptionEnabled = false;
     bool showsInCalendar = true; ///< the habits
     bool showsInToday = true;    ///< the habits
+    int habitDayStart = 0;       ///< the hour, 0 to 6, until which it is the day before for habits
 
     bool operator==(const KWUserSettingsModel &) const = default;
 };
@@ -39,4 +40,5 @@ inline constexpr auto recordFields<KWUserSettingsModel> =
                  field("smartTimeForNight", &KWUserSettingsModel::smartTimeForNight),
                  field("isTimeZoneOptionEnabled", &KWUserSettingsModel::isTimeZoneOptionEnabled),
                  field("showsInCalendar", &KWUserSettingsModel::showsInCalendar),
-                 field("showsInToday", &KWUserSettingsModel::showsInToday));
+                 field("showsInToday", &KWUserSettingsModel::showsInToday),
+                 field("habitDayStart", &KWUserSettingsModel::habitDayStart));

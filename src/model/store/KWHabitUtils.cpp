@@ -26,13 +26,6 @@ double amountAfter(HabitCheck check, const KWHabit &habit, const KWHabitCheckin 
     return std::max(0.0, withoutRoundingErrors(checkin->value + step));
 }
 
-KWHabitSkip *skipAtDateStamp(int stamp, const KWHabit &habit)
-{
-    for (KWHabitSkip *each : habit.skips())
-        if ((*each)->stamp == stamp) return each;
-    return nullptr;
-}
-
 bool canBeChecked(HabitCheck check, CheckedBy by, const KWHabit &habit, const KWHabitCheckin *checkin,
                   const KWHabitSkip *skip)
 {
@@ -42,23 +35,27 @@ bool canBeChecked(HabitCheck check, CheckedBy by, const KWHabit &habit, const KW
     return habit->isRealType || skip || !checkin || !checkin->isDone();
 }
 
-// Whether there was anything to change.
-bool changeDay(KWHabit &habit, int stamp, HabitCheck check, CheckedBy by)
+void checkDay(KWHabit &habit, int stamp, HabitCheck check, CheckedBy by)
 {
-    KWHabitSkip *skip = skipAtDateStamp(stamp, habit);
-    if (!canBeChecked(check, by, habit, habit.checkInAtDateStamp(stamp), skip)) return false;
+    KWHabitSkip *skip = habit.skipAtDateStamp(stamp);
+    if (!canBeChecked(check, by, habit, habit.checkInAtDateStamp(stamp), skip)) return;
     KWHabitCheckin &checkin = habit.makeCheckInAtDateStamp(stamp);
     checkin.updateValue(amountAfter(check, habit, checkin));
     if (skip && check == HabitCheck::Add) skip->deleteForever();
-    habit.updateStreaks();
-    return true;
 }
 
 } // namespace
 
-Result<void> KWHabitUtils::updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check,
-                                              CheckedBy by)
+Result<UndoToken> KWHabitUtils::updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check,
+                                                   CheckedBy by)
 {
+    return changeDay(habitID, stamp, [=](KWHabit &habit) { checkDay(habit, stamp, check, by); });
+}
+
+Result<UndoToken> KWHabitUtils::changeDay(const QString &habitID, int stamp,
+                                          const std::function<void(KWHabit &)> &change)
+{
+    UndoToken token;
     bool isUntold = false;
     const auto update = [&](ObjectContext &context) -> Result<void> {
         KWHabit *habit = context.find<KWHabit>(habitID);
@@ -66,12 +63,16 @@ Result<void> KWHabitUtils::updateHabitCheckin(const QString &habitID, int stamp,
         if ((*habit)->isArchived) return {};
         const std::optional<Day> day = DayStamp::toDay(stamp);
         if (!day) return Error{storeText("%1 is no day.").arg(stamp)};
-        if (*day > context.clock().today()) return Error{storeText("This day is still to come.")};
-        const bool isChanged = changeDay(*habit, stamp, check, by);
-        isUntold = isChanged && context.changed<KWHabit>().isEmpty();
+        if (*day > habit->today()) return Error{storeText("This day is still to come.")};
+        change(*habit);
+        if (!context.hasChanges()) return {};
+        habit->updateStreaksAround(*day);
+        token = UndoToken::of(context);
+        isUntold = context.changed<KWHabit>().isEmpty();
         return {};
     };
     const Result<void> saved = KWCoreDataService{m_manager}.sync_save(update);
-    if (saved && isUntold) eb_postHabitUpdated(m_manager.bus(), habitID);
-    return saved;
+    if (!saved) return saved.error();
+    if (isUntold) eb_postHabitUpdated(m_manager.bus(), habitID);
+    return token;
 }

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "corvexkit/Result.h"
+#include "model/store/UndoToken.h"
 
-class KWCoreDataManager;
-class QString;
+#include <functional>
+
+class KWHabit;
 
 enum class HabitCheck { Add, TakeBack };
 
@@ -13,7 +14,7 @@ enum class CheckedBy {
     Program, ///< because of something else that the person did
 };
 
-/// What is done to the days of habits, each in one save. Main thread.
+/// What is done to the days of habits, each in one save. What is answered takes it back. Main thread.
 class KWHabitUtils {
 public:
     explicit KWHabitUtils(KWCoreDataManager &manager) : m_manager(manager) {}
@@ -24,11 +25,16 @@ public:
     ///
     /// A person's check takes it back that the day was skipped or not achieved; the program leaves such a
     /// day alone. Nothing happens to an archived habit, to a day without a check to take back, and to one
-    /// that is done and has no amount. A habit that is gone, a stamp that is no day (see DayStamp.h) and a
-    /// day after today fail with a sentence.
+    /// that is done and has no amount. What changeDay() refuses fails with its sentence.
+    Result<UndoToken> updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check, CheckedBy by);
+
+    /// Does `change` to the habit on that day and updates its streaks. Nothing happens to an archived habit.
+    /// A habit that is gone, a stamp that is no day (see DayStamp.h) and a day after today fail with a
+    /// sentence.
     ///
     /// The event bus tells the habit as updated, whether its streaks changed or not.
-    Result<void> updateHabitCheckin(const QString &habitID, int stamp, HabitCheck check, CheckedBy by);
+    Result<UndoToken> changeDay(const QString &habitID, int stamp,
+                                const std::function<void(KWHabit &)> &change);
 
 private:
     KWCoreDataManager &m_manager;

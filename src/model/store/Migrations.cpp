@@ -26,6 +26,7 @@ std::span<const std::string> migrations()
         schemas::calendarDisplay(),
         schemas::calendarSubscriptions(),
         schemas::longOccurrences(),
+        schemas::habitDayStart(),
         schemas::calendarChoices(),
     };
     return inOrder;

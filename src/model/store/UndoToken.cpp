@@ -4,6 +4,11 @@
 #include "model/records/KWCalSubscription.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWFilter.h"
+#include "model/records/KWHabit.h"
+#include "model/records/KWHabitCheckin.h"
+#include "model/records/KWHabitRecord.h"
+#include "model/records/KWHabitSection.h"
+#include "model/records/KWHabitSkip.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWTag.h"
@@ -26,20 +31,21 @@ void forEachKind(Visitor &&visit)
     const auto visitAll = [&visit]<class... Records>(std::type_identity<std::tuple<Records...>>) {
         (visit(std::type_identity<Records>{}), ...);
     };
-    visitAll(
-        std::type_identity<
-            std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder, KWTaskPrioritySortOrder,
-                       KWTaskProjectSortOrder, KWTaskTagSortOrder, KWTaskPinnedSortOrder, KWProject,
-                       KWProjectGroup, KWTag, KWFilter, KWCalSubscription>>{});
+    visitAll(std::type_identity<
+             std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder,
+                        KWTaskPrioritySortOrder, KWTaskProjectSortOrder, KWTaskTagSortOrder,
+                        KWTaskPinnedSortOrder, KWProject, KWProjectGroup, KWTag, KWFilter, KWCalSubscription,
+                        KWHabitSection, KWHabit, KWHabitCheckin, KWHabitRecord, KWHabitSkip>>{});
 }
 
 // The fields that say what a record is, not where it stands with the service nor what follows from them.
 template <class Twin>
 FieldMask contentFields()
 {
-    constexpr std::array aside{std::string_view{"etag"}, std::string_view{"modifiedTime"},
-                               std::string_view{"syncStatus"}, std::string_view{"pendingChanges"},
-                               std::string_view{"remindTime"}};
+    constexpr std::array aside{std::string_view{"etag"},         std::string_view{"modifiedTime"},
+                               std::string_view{"syncStatus"},   std::string_view{"pendingChanges"},
+                               std::string_view{"remindTime"},   std::string_view{"currentStreak"},
+                               std::string_view{"longestStreak"}};
     FieldMask mask = 0;
     forEachField<Twin>([&](const auto &each, std::size_t index) {
         if (std::ranges::find(aside, each.name) == aside.end()) mask |= FieldMask{1} << index;
@@ -47,14 +53,17 @@ FieldMask contentFields()
     return mask;
 }
 
-// What belongs to the tasks that were made and was not made with them: it would go with them.
+// What belongs to the tasks and habits that were made and was not made with them: it would go with them.
 constexpr const char *putIn = R"sql(
 WITH made (sid) AS (SELECT value FROM json_each(?)), below (sid) AS (
     SELECT sid FROM tasks WHERE parentId IN made AND parentId <> '' AND isDeleted = 0
     UNION ALL SELECT sid FROM checklistItems WHERE taskID IN made AND isDeleted = 0
     UNION ALL SELECT sid FROM attachments WHERE taskID IN made AND isDeleted = 0
     UNION ALL SELECT sid FROM comments WHERE taskID IN made AND isDeleted = 0
-    UNION ALL SELECT sid FROM focusSummaries WHERE taskID IN made AND isDeleted = 0)
+    UNION ALL SELECT sid FROM focusSummaries WHERE taskID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM habitCheckins WHERE habitID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM habitRecords WHERE habitID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM habitSkips WHERE habitID IN made AND isDeleted = 0)
 SELECT count(*) FROM below WHERE sid NOT IN made)sql";
 
 Error changedMeanwhile() { return {storeText("This was changed in the meantime, so it cannot be undone.")}; }
@@ -86,9 +95,14 @@ void takeBackAlert(const Twin &before, const Twin &after, Record &record)
     }
 }
 
-// Tags and places in lists: nothing else goes with them.
 template <class Twin>
-constexpr bool comesBack = std::same_as<Twin, KWTagModel> || std::derived_from<Twin, KWTaskSortOrderFields>;
+constexpr bool isHabitDay = std::same_as<Twin, KWHabitCheckinModel> ||
+                            std::same_as<Twin, KWHabitRecordModel> || std::same_as<Twin, KWHabitSkipModel>;
+
+// Tags, places in lists, days of habits: nothing else goes with them.
+template <class Twin>
+constexpr bool comesBack =
+    std::same_as<Twin, KWTagModel> || isHabitDay<Twin> || std::derived_from<Twin, KWTaskSortOrderFields>;
 
 template <class Record, class Twin>
 Result<void> takeBackRemoval(const Twin &before, ObjectContext &context)
@@ -112,10 +126,44 @@ bool isThere(const KWProjectModel &list, ObjectContext &context)
     return folder && folder->isNotDeleted();
 }
 
+// That nothing else was entered for its day, neither.
+template <class Record>
+bool isTheOneOfItsDay(const QString &sid, const QString &habitID, ObjectContext &context,
+                      Record *(KWHabit::*ofDay)(int) const, int stamp)
+{
+    const KWHabit *habit = context.find<KWHabit>(habitID);
+    if (!habit || habit->isDeleted()) return false;
+    const Record *found = (habit->*ofDay)(stamp);
+    return found && found->sid() == sid;
+}
+
+bool isThere(const KWHabitCheckinModel &checkin, ObjectContext &context)
+{
+    return isTheOneOfItsDay(checkin.sid, checkin.habitID, context, &KWHabit::checkInAtDateStamp,
+                            checkin.checkinStamp);
+}
+
+bool isThere(const KWHabitRecordModel &note, ObjectContext &context)
+{
+    return isTheOneOfItsDay(note.sid, note.habitID, context, &KWHabit::recordAtDateStamp, note.stamp);
+}
+
+bool isThere(const KWHabitSkipModel &skip, ObjectContext &context)
+{
+    return isTheOneOfItsDay(skip.sid, skip.habitID, context, &KWHabit::skipAtDateStamp, skip.stamp);
+}
+
 template <class Twin>
 bool isThere(const Twin &, ObjectContext &)
 {
     return true;
+}
+
+void updateStreaksOf(const QSet<QString> &habitIDs, ObjectContext &context)
+{
+    for (const QString &each : habitIDs)
+        if (KWHabit *habit = context.find<KWHabit>(each); habit && habit->isNotDeleted())
+            habit->updateStreaks();
 }
 
 template <class Record, class Twin>
@@ -155,6 +203,18 @@ UndoToken UndoToken::of(const ObjectContext &context)
     return token;
 }
 
+QSet<QString> UndoToken::habitIDs() const
+{
+    QSet<QString> ids;
+    for (const auto &each : std::get<QList<Versions<KWHabitModel>>>(m_versions))
+        ids.insert(each.after.sid);
+    for (const auto &each : std::get<QList<Versions<KWHabitCheckinModel>>>(m_versions))
+        ids.insert(each.after.habitID);
+    for (const auto &each : std::get<QList<Versions<KWHabitSkipModel>>>(m_versions))
+        ids.insert(each.after.habitID);
+    return ids;
+}
+
 QStringList UndoToken::madeIDs() const
 {
     QStringList ids;
@@ -190,6 +250,7 @@ Result<void> UndoToken::undo(KWCoreDataManager &manager) const
                     done && record && record->isNotDeleted() && !isThere(record->model(), context))
                     done = changedMeanwhile();
         });
+        if (done) updateStreaksOf(habitIDs(), context);
         return done;
     });
 }

@@ -5,6 +5,11 @@
 #include "model/records/KWCalSubscriptionModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWFilterModel.h"
+#include "model/records/KWHabitCheckinModel.h"
+#include "model/records/KWHabitModel.h"
+#include "model/records/KWHabitRecordModel.h"
+#include "model/records/KWHabitSectionModel.h"
+#include "model/records/KWHabitSkipModel.h"
 #include "model/records/KWProjectGroupModel.h"
 #include "model/records/KWProjectModel.h"
 #include "model/records/KWTagModel.h"
@@ -12,6 +17,7 @@
 #include "model/records/KWTaskSortOrderModels.h"
 
 #include <QList>
+#include <QSet>
 
 #include <optional>
 #include <tuple>
@@ -20,13 +26,13 @@ class KWCoreDataManager;
 class ObjectContext;
 
 /// What one save does to tasks with their items, attachments and places in lists, and to lists, folders,
-/// tags, filters and subscribed calendars, by value, so that it can be taken back. A token that is made by
-/// default takes nothing back.
+/// tags, filters, subscribed calendars and habits with their days, by value, so that it can be taken back. A
+/// token that is made by default takes nothing back.
 class UndoToken {
 public:
     UndoToken() = default;
-    /// Of the context's changes that are not saved yet. Of records that are removed for good only tags and
-    /// places in lists come back.
+    /// Of the context's changes that are not saved yet. Of records that are removed for good only tags,
+    /// places in lists and days of habits come back.
     static UndoToken of(const ObjectContext &context);
 
     bool isEmpty() const;
@@ -46,12 +52,14 @@ private:
     template <class Record>
     void note(const ObjectContext &context);
     QStringList madeIDs() const;
+    QSet<QString> habitIDs() const;
 
     template <class... Twins>
     using VersionsOf = std::tuple<QList<Versions<Twins>>...>;
     VersionsOf<KWTaskModel, KWChecklistItemModel, KWAttachmentModel, KWTaskDueDateSortOrderModel,
                KWTaskPrioritySortOrderModel, KWTaskProjectSortOrderModel, KWTaskTagSortOrderModel,
                KWTaskPinnedSortOrderModel, KWProjectModel, KWProjectGroupModel, KWTagModel, KWFilterModel,
-               KWCalSubscriptionModel>
+               KWCalSubscriptionModel, KWHabitSectionModel, KWHabitModel, KWHabitCheckinModel,
+               KWHabitRecordModel, KWHabitSkipModel>
         m_versions;
 };

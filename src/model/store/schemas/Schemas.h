@@ -31,6 +31,8 @@ std::string calendarDisplay();
 std::string calendarSubscriptions();
 /// What finds the occurrences that have gone on for days.
 std::string longOccurrences();
+/// The hour at which the day of habits begins.
+std::string habitDayStart();
 /// Lists that the calendar hides, and what colours its tasks.
 std::string calendarChoices();
 
