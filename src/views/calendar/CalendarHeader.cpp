@@ -9,6 +9,7 @@
 #include "views/controls/SegmentedControl.h"
 #include "views/controls/TextButton.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/ThemeConfigurator.h"
 
 #include <QAbstractButton>
 #include <QEvent>
@@ -56,6 +57,7 @@ CalendarHeader::CalendarHeader(QWidget *parent)
     connect(m_shown, &ShownButton::clicked, this, &CalendarHeader::shownRequested);
     connect(m_tray, &IconButton::clicked, this, &CalendarHeader::trayToggled);
     connect(m_menu, &IconButton::clicked, this, &CalendarHeader::menuRequested);
+    connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &CalendarHeader::fit);
     connectKinds();
 }
 

@@ -45,6 +45,7 @@ void CalendarView::openMore(const MorePlace &more, std::optional<std::size_t> cu
     const Day day = more.day;
     m_spot.day = day;
     if (!current) setSelected(std::nullopt);
+    viewport()->update();
     m_popover = new DayPopover{day, m_look.colorBy, this};
     m_popover->setItems(listOf(day));
     const std::vector<std::size_t> items = itemsOn(day);
