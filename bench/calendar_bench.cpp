@@ -1,4 +1,5 @@
-// The occurrences of 10,000 repeating tasks over half a year, in the store, and a week of them on a page.
+// The occurrences of 10,000 repeating tasks over half a year, in the store, and a week of them on a page that
+// is turned to and painted.
 
 #include "Account.h"
 #include "RuleMaker.h"
@@ -9,8 +10,12 @@
 #include "model/records/KWTask.h"
 #include "model/store/ColumnCodec.h"
 #include "model/store/Connection.h"
+#include "views/calendar/MonthGridView.h"
+#include "views/calendar/TimeGridView.h"
+#include "views/pictures/CrowdedPage.h"
 
 #include <QCoreApplication>
+#include <QImage>
 
 #include <benchmark/benchmark.h>
 
@@ -185,8 +190,6 @@ BENCHMARK(layOutAWeek)->Unit(benchmark::kMillisecond);
 // works. To a page beside the one on show, or to one far from it that is read first.
 void turn(benchmark::State &state, int pages)
 {
-    static int argc = 0;
-    static QCoreApplication application{argc, nullptr};
     Account &all = account();
     KWRepeatInstanceService repeats{all.kit->manager(), all.kit->account(), all.kit->center(), all.clock};
     CalendarPageLoader loader{*all.kit, repeats, all.clock};
@@ -218,5 +221,46 @@ void turn(benchmark::State &state, int pages)
 }
 BENCHMARK_CAPTURE(turn, toTheNextWeek, 1)->Unit(benchmark::kMillisecond)->Iterations(30);
 BENCHMARK_CAPTURE(turn, toAFarWeek, 5)->Unit(benchmark::kMillisecond)->Iterations(30);
+
+// From a page that is known to its picture, in a window of the usual size.
+void paint(benchmark::State &state, const CalendarPageContent &one, const CalendarPageContent &other)
+{
+    SystemClock clock{CXTimeZone::utc()};
+    CalendarEdits edits;
+    std::unique_ptr<CalendarView> view;
+    if (one.page.kind == CalendarPage::Kind::Month)
+        view = std::make_unique<MonthGridView>(edits);
+    else
+        view = std::make_unique<TimeGridView>(edits, clock);
+    view->resize(1032, 720); // beside the sidebar
+    view->show();
+    QImage image{view->size(), QImage::Format_ARGB32_Premultiplied};
+    bool isOther = false;
+    for (auto _ : state) {
+        view->setContent(std::exchange(isOther, !isOther) ? other : one);
+        view->render(&image);
+    }
+    state.counters["items"] = double(one.items.size());
+}
+
+void paintCrowded(benchmark::State &state, CalendarPage::Kind kind)
+{
+    constexpr int itemsADay = 40;
+    const auto page = CalendarPage::around(Day{2030y / 2 / 6}, kind, Monday);
+    const auto crowded = [](const CalendarPage &each) {
+        return crowdedPage({.page = each, .today = each.begin}, itemsADay);
+    };
+    paint(state, crowded(page), crowded(page.moved(1, Monday)));
+}
+BENCHMARK_CAPTURE(paintCrowded, day, CalendarPage::Kind::SingleDay)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paintCrowded, week, CalendarPage::Kind::Week)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paintCrowded, month, CalendarPage::Kind::Month)->Unit(benchmark::kMillisecond);
+
+void paintOfManySources(benchmark::State &state)
+{
+    const CalendarPage page = aWeek();
+    paint(state, contentOf(page), contentOf(page.moved(1, Monday)));
+}
+BENCHMARK(paintOfManySources)->Unit(benchmark::kMillisecond);
 
 } // namespace

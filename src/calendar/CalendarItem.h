@@ -37,5 +37,10 @@ struct CalendarItem {
     /// The event of a row of a list.
     static CalendarItem ofEventRow(const KWTaskListItemModel &event, const CXTimeZone &zone);
 
+    /// The same occurrence of the same thing, however it was changed.
+    bool isSameAs(const CalendarItem &other) const
+    {
+        return kind == other.kind && entityID == other.entityID && occurrence == other.occurrence;
+    }
     bool operator==(const CalendarItem &) const = default;
 };

@@ -12,5 +12,8 @@ struct CalendarPageContent {
     std::vector<TimedBox> timed{}; ///< of a day or week
     std::vector<LaneBar> bars{};   ///< the all-day lane of a day or week; the rows of a month
 
+    /// Gives the items their places.
+    void layOut();
+
     bool operator==(const CalendarPageContent &) const = default;
 };

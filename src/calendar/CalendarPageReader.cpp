@@ -6,31 +6,19 @@
 
 #include <algorithm>
 
-namespace {
-
-// Less high than a line of text is nothing to read.
-constexpr int shortestMinutes = 30;
-
-KWCalendarDisplayConfigurationModel configurationOf(const QString &userID, ObjectContext &context)
-{
-    const auto *stored = context.find<KWCalendarDisplayConfiguration>(userID);
-    return stored && stored->isNotDeleted() ? stored->model() : KWCalendarDisplayConfigurationModel{};
-}
-
-} // namespace
-
 Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QString &userID,
                                              const QSet<QString> &hiddenTasks, ObjectContext &context)
 {
     const CXTimeZone zone = context.clock().zone();
-    const KWCalendarDisplayConfigurationModel configuration = configurationOf(userID, context);
+    const auto configuration = KWCalendarDisplayConfiguration::ofUser(userID, context);
     auto things = readDatedThings({.userID = userID,
                                    .from = zone.startOfDay(page.firstDay),
                                    .to = zone.startOfDay(page.endDay()),
                                    .includeCompleted = configuration.showsCompleted,
                                    .includeChecklist = configuration.showsChecklistItems,
                                    .includeRepeat = configuration.showsRepeats,
-                                   .hiddenCalendars = configuration.hiddenCalendars},
+                                   .hiddenCalendars = configuration.hiddenCalendars,
+                                   .hiddenLists = configuration.hiddenLists},
                                   context);
     if (!things) return things.error();
 
@@ -43,11 +31,6 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
         return std::pair{item.start, -int(item.priority)};
     });
 
-    if (page.kind == CalendarPage::Kind::Month) {
-        content.bars = monthBars(content.items, page);
-    } else {
-        content.timed = timedBoxes(content.items, page, shortestMinutes);
-        content.bars = allDayBars(content.items, page);
-    }
+    content.layOut();
     return content;
 }

@@ -119,8 +119,9 @@ constexpr const char *programUsage =
     "       [--text-size PERCENT] [--right-to-left]\n"
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
     "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, filter:NAME, edit-filter:NAME,\n"
-    "    search:TEXT, palette:TEXT, quick-add, quick-add:TEXT, detail, schedule, preferences or\n"
-    "    preferences:PAGE.\n"
+    "    search:TEXT, palette:TEXT, quick-add, quick-add:TEXT, detail, schedule, preferences,\n"
+    "    preferences:PAGE, calendar-day, calendar-week or calendar-month; of a calendar also with\n"
+    "    :crowded, :more, :shown or :tray.\n"
     "orvane --version | --help | -h\n";
 
 const Option *optionNamed(QStringView name)

@@ -21,3 +21,8 @@ Result<void> applyLocale(const Invocation &invocation)
     QLocale::setDefault(locale);
     return {};
 }
+
+Qt::LayoutDirection layoutDirectionOf(const Invocation &invocation)
+{
+    return invocation.isRightToLeft ? Qt::RightToLeft : QLocale{}.textDirection();
+}

@@ -10,3 +10,6 @@ Result<std::optional<CXTimeZone>> zoneOf(const Invocation &invocation);
 
 /// Makes `--locale` the default locale of the process. An unknown one is wrong usage.
 Result<void> applyLocale(const Invocation &invocation);
+
+/// As the language of the default locale is written, or as it was asked for.
+Qt::LayoutDirection layoutDirectionOf(const Invocation &invocation);

@@ -139,6 +139,7 @@ int DesktopClient::run(int &argc, char **argv)
     if (!zone) return fail(zone.error().sentence, ExitStatus::WrongUsage);
     if (const Result<void> locale = applyLocale(m_invocation); !locale)
         return fail(locale.error().sentence, ExitStatus::WrongUsage);
+    QApplication::setLayoutDirection(layoutDirectionOf(m_invocation));
 
     SystemClock clock{*zone};
     if (!isPicture) return runWindow(clock, fonts);
@@ -243,7 +244,6 @@ int DesktopClient::drawPicture(SystemClock &clock)
     const Result<PictureRequest> request = pictureRequestOf(m_invocation);
     if (!request) return fail(request.error().sentence, ExitStatus::WrongUsage);
     ThemeConfigurator::shared().setDesktopTextScale(request->textScale);
-    if (m_invocation.isRightToLeft) QApplication::setLayoutDirection(Qt::RightToLeft);
     const OrvaneKit::Opening opening = OrvaneKit::open(m_folders, clock);
     if (!opening.kit) return fail(opening.sentence, ExitStatus::CouldNot);
     OrvaneKit &kit = *opening.kit;

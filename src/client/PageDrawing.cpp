@@ -3,7 +3,9 @@
 #include "cli/CommandText.h"
 #include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
+#include "views/calendar/CalendarPane.h"
 #include "views/main/MainWindow.h"
+#include "views/pictures/CrowdedPage.h"
 #include "views/pictures/PagePicture.h"
 #include "views/preferences/PreferencesWindow.h"
 #include "views/tasklist/TaskListPane.h"
@@ -13,6 +15,7 @@
 #include <QAction>
 #include <QCursor>
 #include <QLineEdit>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -45,6 +48,35 @@ void typeInto(MainWindow &window, const QString &field, const QString &text)
     if (auto *found = window.findChild<QLineEdit *>(field)) found->setText(text);
 }
 
+// A press where the page says how many more there are.
+void openMore(CalendarView &view)
+{
+    const auto &more = view.places().more;
+    if (more.empty()) return;
+    const QPointF point{more.front().bounds.center()};
+    QMouseEvent press{QEvent::MouseButtonPress, point,          view.viewport()->mapToGlobal(point),
+                      Qt::LeftButton,           Qt::LeftButton, {}};
+    QCoreApplication::sendEvent(view.viewport(), &press);
+}
+
+void changeCalendar(CalendarPane &pane, PicturePage::CalendarState state)
+{
+    constexpr int itemsADay = 40;
+    switch (state) {
+    case PicturePage::CalendarState::Usual:
+        return;
+    case PicturePage::CalendarState::Crowded:
+        return pane.showPage(crowdedPage(pane.view().content(), itemsADay));
+    case PicturePage::CalendarState::Shown:
+        return Q_EMIT pane.shownAsked();
+    case PicturePage::CalendarState::More:
+        pane.showPage(crowdedPage(pane.view().content(), itemsADay));
+        return openMore(pane.view());
+    case PicturePage::CalendarState::Tray:
+        return pane.setTrayShown(true);
+    }
+}
+
 // Opens what the page shows over the list.
 void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
 {
@@ -63,6 +95,8 @@ void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
         return rooms.quickAdd().show(page.text, {});
     case PicturePage::Kind::FilterEditor:
         return rooms.mainWindow().editFilter(page.text);
+    case PicturePage::Kind::Calendar:
+        return changeCalendar(window.calendarPane(), page.state);
     default:
         return;
     }

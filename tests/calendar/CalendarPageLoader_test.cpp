@@ -128,6 +128,10 @@ private Q_SLOTS:
         QTRY_COMPARE(items(), u"Fair 04-08, Call 08 09:00-08 10:00, Tickets 09 09:00-09 09:00"_s);
         configure([](auto &configuration) { configuration.showsChecklistItems = false; });
         QTRY_COMPARE(items(), u"Fair 04-08, Call 08 09:00-08 10:00"_s);
+        configure([&list](auto &configuration) { configuration.hiddenLists = {list}; });
+        QTRY_COMPARE(items(), u"Fair 04-08"_s);
+        configure([](auto &configuration) { configuration.hiddenLists.clear(); });
+        QTRY_COMPARE(items(), u"Fair 04-08, Call 08 09:00-08 10:00"_s);
         m_store->kit().center().post(delayDeleteStatusChangedNotification, {},
                                      {{u"type"_s, int(KWDelayDeleteType::Tasks)},
                                       {u"status"_s, int(KWDelayDeleteStatus::Started)},

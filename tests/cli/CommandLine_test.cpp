@@ -1,5 +1,6 @@
 #include "app/FolderLock.h"
 #include "cli/Commands.h"
+#include "cli/RunSettings.h"
 #include "model/OrvaneKit.h"
 #include "model/store/OutsideChange.h"
 
@@ -83,6 +84,21 @@ private Q_SLOTS:
         QCOMPARE(actions.at(int(invocation->action)), cells.at(1));
         QCOMPARE(invocation->command, cells.at(2));
         QCOMPARE(invocation->arguments.join(u','), cells.at(3));
+    }
+
+    void windowsAreMirroredAsTheLanguageIsWritten()
+    {
+        const std::pair<QString, Qt::LayoutDirection> cases[] = {
+            {u"--locale ar_EG"_s, Qt::RightToLeft},
+            {u"--locale he_IL"_s, Qt::RightToLeft},
+            {u"--locale de_DE"_s, Qt::LeftToRight},
+            {u"--locale de_DE --picture a.png --right-to-left"_s, Qt::RightToLeft},
+        };
+        for (const auto &[words, direction] : cases) {
+            const Result<Invocation> invocation = Invocation::parse(words.split(u' '));
+            QVERIFY2(invocation && applyLocale(*invocation), qPrintable(words));
+            QCOMPARE(layoutDirectionOf(*invocation), direction);
+        }
     }
 
     void everyCommandHasAUsage()

@@ -32,11 +32,6 @@ inline CalendarPageContent pageOf(std::vector<CalendarItem> items, CalendarPage:
     CalendarPageContent content{.page = CalendarPage::around(november(day), kind, std::chrono::Monday),
                                 .today = november(21),
                                 .items = std::move(items)};
-    if (kind == CalendarPage::Kind::Month) {
-        content.bars = monthBars(content.items, content.page);
-    } else {
-        content.timed = timedBoxes(content.items, content.page, 30);
-        content.bars = allDayBars(content.items, content.page);
-    }
+    content.layOut();
     return content;
 }

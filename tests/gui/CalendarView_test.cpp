@@ -149,6 +149,34 @@ private Q_SLOTS:
         QVERIFY(textOf(there).startsWith(u"1"_s) && textOf(there).contains(u" 9.5"_s));
     }
 
+    // Until the page tells where it is, or until the answer when somebody is asked.
+    void whatWasDroppedStaysThere()
+    {
+        show(Kind::Week);
+        const QImage before = m_view->grab().toImage();
+        const auto dropWalk = [&](bool isAsked) {
+            const QPoint from = centreOf(u"Walk"_s);
+            const auto asking = connect(&m_edits, &CalendarEdits::moveRequested, m_view.get(),
+                                        [&] { m_view->setDropAsked(isAsked); });
+            drag(from, from + QPoint{column(), hour()});
+            disconnect(asking);
+            m_view->select(indexOf(u"Walk"_s));
+            return m_view->grab().toImage();
+        };
+        m_view->select(indexOf(u"Walk"_s));
+        const QImage selected = m_view->grab().toImage();
+        QVERIFY(selected != before);
+        const QImage dropped = dropWalk(false);
+        QVERIFY(dropped != selected);
+        m_view->setContent(pageOf(usualItems(), Kind::Week));
+        QCOMPARE(m_view->grab().toImage(), selected);
+        QCOMPARE(dropWalk(true), dropped);
+        m_view->setContent(pageOf(usualItems(), Kind::Week)); // read again meanwhile
+        QCOMPARE(m_view->grab().toImage(), dropped);
+        m_view->letGoOfDrop();
+        QCOMPARE(m_view->grab().toImage(), selected);
+    }
+
     void theLowerEdgeMakesLonger()
     {
         show(Kind::Week);
@@ -312,19 +340,14 @@ private Q_SLOTS:
         QVERIFY(m_clock.isIdle());
     }
 
-    void aDayThatIsFullOpens()
+    void keysReachWhatIsOnlyCounted()
     {
         std::vector<CalendarItem> items;
         for (int i = 0; i < 12; ++i)
             items.push_back(timed("One", 18, 9, 10));
         show(Kind::Month, items);
-        QSignalSpy opens{m_view.get(), &CalendarView::dayOpened};
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {},
-                          m_view->places().more.at(0).bounds.center());
-        QCOMPARE(opens.count(), 1);
-        QCOMPARE(opens[0][0].value<Day>(), november(18));
         m_view->setSpot({.day = november(18), .time = {}});
-        std::set<std::size_t> reached; // by the keyboard, also what is only counted
+        std::set<std::size_t> reached;
         for (int i = 0; i < 12; ++i) {
             QTest::keyClick(m_view.get(), Qt::Key_Down);
             if (m_view->selected()) reached.insert(*m_view->selected());

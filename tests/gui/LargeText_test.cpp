@@ -90,6 +90,22 @@ private Q_SLOTS:
         QVERIFY(window.detail().isVisible());
     }
 
+    void windowsFitASmallScreen()
+    {
+        setTextScale(2);
+        m_client->press(Qt::Key_5, Qt::ControlModifier); // the calendar
+        m_client->rooms().preferences().show({});
+        m_client->rooms().quickAdd().show({}, {});
+        m_client->rooms().mainWindow().editFilter({});
+        QCoreApplication::processEvents();
+        const QSize screen{1280, 800};
+        for (const QWidget *each : QApplication::topLevelWidgets()) {
+            if (!each->isVisible()) continue;
+            const QSize least = each->minimumSizeHint().expandedTo(each->minimumSize());
+            QVERIFY2(least.boundedTo(screen) == least, qPrintable(each->objectName()));
+        }
+    }
+
     void theSidebarBeginsAtItsTop()
     {
         for (int i = 0; i < 40; ++i)

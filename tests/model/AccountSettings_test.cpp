@@ -142,8 +142,12 @@ private Q_SLOTS:
             KWCalendarDisplayConfigurationModel shown = calendar.configuration();
             shown.viewMode = mode;
             shown.hiddenCalendars = {u"holidays"_s};
+            shown.hiddenLists = {u"chores"_s};
+            shown.colorBy = KWCalendarColorByPriority;
             QVERIFY(calendar.save(shown));
             QCOMPARE(calendar.configuration().viewMode, mode);
+            QCOMPARE(calendar.configuration().hiddenLists, shown.hiddenLists);
+            QCOMPARE(calendar.configuration().colorBy, KWCalendarColorByPriority);
             QCOMPARE(posted(), KWCalendarDisplayConfigurationDidChangeNotification);
         };
         show(KWCalendarViewModeDay);

@@ -26,7 +26,7 @@ class DatedThings_test : public QObject {
     std::unique_ptr<StoreFixture> m_store;
     QHash<QString, QString> m_lists;
 
-    std::vector<DatedThing> read(bool withClosed = false, const QStringList &hiddenCalendars = {})
+    std::vector<DatedThing> read(bool withClosed = false, const QStringList &hidden = {})
     {
         const auto things = readDatedThings({.userID = m_store->userID(),
                                              .from = at("2030-05-06 00:00", berlin),
@@ -34,7 +34,8 @@ class DatedThings_test : public QObject {
                                              .includeCompleted = withClosed,
                                              .includeChecklist = true,
                                              .includeRepeat = true,
-                                             .hiddenCalendars = hiddenCalendars},
+                                             .hiddenCalendars = hidden,
+                                             .hiddenLists = hidden},
                                             m_store->context());
         return things.value();
     }
@@ -124,6 +125,22 @@ private Q_SLOTS:
         QCOMPARE(found.front().occurrence, at(start, berlin));
         QCOMPARE(found.front().endDate, at(end, berlin));
         QVERIFY(found.front().repeats);
+    }
+
+    void leavesOutHiddenLists()
+    {
+        const QString list = m_store->makeList(u"garden"_s);
+        const QString task = aTask("Water", berlin)
+                                 .in(list)
+                                 .startingAt("2030-05-07 09:00")
+                                 .inState(u"repeating"_s, "2030-05-07 09:00")
+                                 .savedIn(*m_store);
+        store(task, "2030-05-08 09:00", "2030-05-08 09:00");
+        aTask("Call", berlin).startingAt("2030-05-07 10:00").savedIn(*m_store);
+        QCOMPARE(read().size(), std::size_t{3});
+        const auto others = read(false, {list});
+        QCOMPARE(others.size(), std::size_t{1});
+        QCOMPARE(others.front().title, u"Call"_s);
     }
 
     // They are generated again some time after a change.

@@ -3,6 +3,8 @@
 #include "calendar/ics/IcsLines.h"
 #include "model/settings/KWLocalizedString.h"
 
+#include <QByteArrayList>
+
 namespace {
 
 /// Takes the lines one by one.

@@ -12,13 +12,15 @@ struct KWCalendarDisplayConfigurationModel : KWSynchronizableFields {
     static constexpr RecordKind recordKind = RecordKind::CalendarDisplayConfiguration;
     static constexpr const char *tableName = "calendarDisplayConfigurations";
 
-    KWCalendarViewMode viewMode = KWCalendarViewModeMonth;
+    KWCalendarViewMode viewMode = KWCalendarViewModeWeek;
     bool showsCompleted = true;
     bool showsChecklistItems = true; ///< those with a date of their own
     bool showsRepeats = true;        ///< the later occurrences of what repeats
     bool showsWeekends = true;
     bool showsWeekNumbers = false;
     QStringList hiddenCalendars; ///< ids of the subscribed calendars that are not shown
+    QStringList hiddenLists;     ///< ids of the lists whose tasks are not shown
+    KWCalendarColorBy colorBy = KWCalendarColorByProject;
 
     bool operator==(const KWCalendarDisplayConfigurationModel &) const = default;
 };
@@ -31,4 +33,6 @@ inline constexpr auto recordFields<KWCalendarDisplayConfigurationModel> =
                  field("showsRepeats", &KWCalendarDisplayConfigurationModel::showsRepeats),
                  field("showsWeekends", &KWCalendarDisplayConfigurationModel::showsWeekends),
                  field("showsWeekNumbers", &KWCalendarDisplayConfigurationModel::showsWeekNumbers),
-                 field("hiddenCalendars", &KWCalendarDisplayConfigurationModel::hiddenCalendars));
+                 field("hiddenCalendars", &KWCalendarDisplayConfigurationModel::hiddenCalendars),
+                 field("hiddenLists", &KWCalendarDisplayConfigurationModel::hiddenLists),
+                 field("colorBy", &KWCalendarDisplayConfigurationModel::colorBy));

@@ -119,6 +119,14 @@ inline constexpr auto textValues<KWCalendarViewMode> = std::to_array<TextValues<
     {KWCalendarViewModeMonth, QLatin1StringView{"MONTH"}},
 });
 
+/// What gives the tasks on the calendar their colour.
+enum KWCalendarColorBy { KWCalendarColorByProject, KWCalendarColorByPriority };
+template <>
+inline constexpr auto textValues<KWCalendarColorBy> = std::to_array<TextValues<KWCalendarColorBy>>({
+    {KWCalendarColorByProject, QLatin1StringView{"PROJECT"}},
+    {KWCalendarColorByPriority, QLatin1StringView{"PRIORITY"}},
+});
+
 enum KWProjectViewMode { KWProjectViewModeList, KWProjectViewModeKanban };
 template <>
 inline constexpr auto textValues<KWProjectViewMode> = std::to_array<TextValues<KWProjectViewMode>>({

@@ -14,8 +14,7 @@ KWCalendarDisplayConfigurationManager::KWCalendarDisplayConfigurationManager(KWC
 
 KWCalendarDisplayConfigurationModel KWCalendarDisplayConfigurationManager::configuration() const
 {
-    const auto *stored = m_manager.MR_defaultContext().find<KWCalendarDisplayConfiguration>(m_userID);
-    return stored && stored->isNotDeleted() ? stored->model() : KWCalendarDisplayConfigurationModel{};
+    return KWCalendarDisplayConfiguration::ofUser(m_userID, m_manager.MR_defaultContext());
 }
 
 Result<void>

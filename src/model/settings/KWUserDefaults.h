@@ -33,6 +33,9 @@ inline const Setting<QString> selectedNode{"selected_node_id_in_proejct_list_of_
 /// Of a user: the ids of the folded nodes of the sidebar.
 inline const Setting<QStringList> foldedNodes{"folded_nodes_of_", DefaultsScope::Group, {}};
 
+/// Of a user: whether the tasks without a date stand beside the calendar.
+inline constexpr Setting<bool> calendarTray{"calendar_tray_of_", DefaultsScope::Standard, false};
+
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};
 
@@ -83,6 +86,8 @@ inline const Setting<QString> theme{"theme", DefaultsScope::Standard, QStringLit
 inline constexpr Setting<double> desktopTextScale{"desktop_text_scale", DefaultsScope::Standard, 1};
 inline const Setting<QByteArray> mainWindowGeometry{"main_window_geometry", DefaultsScope::Standard, {}};
 inline const Setting<QByteArray> mainWindowSplitter{"main_window_splitter", DefaultsScope::Standard, {}};
+/// As it was last chosen by hand, in pixels at a text size of 100 %; 0 for never.
+inline constexpr Setting<int> sidebarWidth{"sidebar_width", DefaultsScope::Standard, 0};
 
 } // namespace Settings
 

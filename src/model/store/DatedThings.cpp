@@ -9,15 +9,15 @@
 
 #include <string>
 
-// In all of these ?1 is the user, ?2 where the range begins and ?3 where it ends; of occurrences ?4 is the
-// type.
+// In all of these ?1 is the user, ?2 where the range begins, ?3 where it ends and ?4 which lists or calendars
+// are hidden; of occurrences ?5 is the type.
 
 namespace {
 
 #define IN_LISTS_SHOWN                                                                                       \
     " CROSS JOIN projects p ON p.sid = t.projectID WHERE p.userID = ?1 AND p.isDeleted = 0 AND p.closed = "  \
     "0 "                                                                                                     \
-    "AND p.showsInSmartList = 1"
+    "AND p.showsInSmartList = 1 AND p.sid NOT IN (SELECT value FROM json_each(?4))"
 
 #define IS_THERE "t.isDeleted = 0 AND t.isTrashed = 0"
 
@@ -47,10 +47,10 @@ std::string ofTasks(bool withClosed)
 // Of what has been changed since, only those are left that may still be right.
 #define OCCURRENCES_OF(sources)                                                                              \
     "(SELECT id FROM repeatInstances INDEXED BY repeatInstancesByStart WHERE userID = ?1 AND startDate >= "  \
-    "?2 - 86400000 AND startDate < ?3 AND (startDate >= ?2 OR endDate > ?2) AND instanceType = ?4 AND "      \
+    "?2 - 86400000 AND startDate < ?3 AND (startDate >= ?2 OR endDate > ?2) AND instanceType = ?5 AND "      \
     "isDeleted = 0 UNION ALL "                                                                               \
     "SELECT id FROM repeatInstances INDEXED BY longRepeatInstances WHERE userID = ?1 AND endDate > ?2 AND "  \
-    "startDate < ?2 - 86400000 AND endDate - startDate > 86400000 AND instanceType = ?4 AND isDeleted = 0"   \
+    "startDate < ?2 - 86400000 AND endDate - startDate > 86400000 AND instanceType = ?5 AND isDeleted = 0"   \
     ") c CROSS JOIN repeatInstances r ON r.id = c.id CROSS JOIN " sources " t ON t.sid = r.referenceID AND " \
     "t.isDeleted = 0 AND t.repeatRule <> '' AND t.startDate < r.startDate AND (t.exDates = '[]' OR NOT "     \
     "EXISTS (SELECT 1 FROM json_each(t.exDates) WHERE value = r.startDate))"
@@ -60,10 +60,10 @@ constexpr const char *ofTaskOccurrences =
     "p.permission <> 'WRITE', r.startDate, r.endDate FROM " OCCURRENCES_OF(
         "tasks") " AND t.status = 0 AND "
                  "t.isTrashed = 0" IN_LISTS_SHOWN " ORDER BY r.startDate, t.priority DESC, t.sortOrder, t.id";
-// Of events ?5 are the hidden calendars, ?6 the only one that is wanted and ?7 how many.
+// Of events ?6 is the only calendar that is wanted and ?7 how many.
 #define OF_WANTED_CALENDARS                                                                                  \
     " CROSS JOIN calSubscriptions s ON s.sid = t.subscriptionID AND s.isDeleted = 0 WHERE "                  \
-    "t.subscriptionID NOT IN (SELECT value FROM json_each(?5)) AND (?6 = '' OR t.subscriptionID = ?6)"
+    "t.subscriptionID NOT IN (SELECT value FROM json_each(?4)) AND (?6 = '' OR t.subscriptionID = ?6)"
 
 // Longer ones have an index of their own, so that those before a day need not be walked from the first on;
 // 2764800000 milliseconds are 32 days. What has no length takes place at its start. The first occurrence of
@@ -130,8 +130,8 @@ SqlValues eventValues(const DatedEventsRequest &request)
     return {request.userID,
             storedInstant(request.from),
             storedInstant(request.to),
-            std::int64_t{KWRepeatInstanceTypeEvent},
             idList(request.hiddenCalendars),
+            std::int64_t{KWRepeatInstanceTypeEvent},
             request.calendar,
             request.limit};
 }
@@ -150,19 +150,21 @@ void readEventsInto(std::vector<DatedThing> &things, const DatedEventsRequest &r
 Result<std::vector<DatedThing>> readDatedThings(const DatedThingsRequest &request, ObjectContext &context)
 {
     using enum DatedThing::Kind;
-    const SqlValues range{request.userID, storedInstant(request.from), storedInstant(request.to)};
-    const auto with = [range](SqlValues values) {
-        values.insert(values.begin(), range.begin(), range.end());
+    const auto with = [&request](const QStringList &hidden, SqlValues others = {}) {
+        SqlValues values{request.userID, storedInstant(request.from), storedInstant(request.to),
+                         idList(hidden)};
+        values.insert(values.end(), others.begin(), others.end());
         return values;
     };
+    const SqlValues ofLists = with(request.hiddenLists);
     Connection &connection = context.connection();
     try {
         std::vector<DatedThing> things;
-        readInto(things, ofTasks(request.includeCompleted), Task, range, connection);
+        readInto(things, ofTasks(request.includeCompleted), Task, ofLists, connection);
         if (request.includeRepeat)
-            readInto(things, ofTaskOccurrences, Task, with({std::int64_t{KWRepeatInstanceTypeTask}}),
-                     connection);
-        if (request.includeChecklist) readInto(things, ofItems(), ChecklistItem, range, connection);
+            readInto(things, ofTaskOccurrences, Task,
+                     with(request.hiddenLists, {std::int64_t{KWRepeatInstanceTypeTask}}), connection);
+        if (request.includeChecklist) readInto(things, ofItems(), ChecklistItem, ofLists, connection);
         readEventsInto(things,
                        {.userID = request.userID,
                         .from = request.from,

@@ -45,6 +45,7 @@ struct DatedThingsRequest {
     bool includeChecklist = false; ///< open items with a date of their own
     bool includeRepeat = false;    ///< later occurrences, as far as they are stored
     QStringList hiddenCalendars{}; ///< ids; their events are left out
+    QStringList hiddenLists{};     ///< ids; their tasks are left out, with occurrences and items
 };
 
 /// Tasks, their occurrences, items, events and their occurrences, each by their start, then priority, then

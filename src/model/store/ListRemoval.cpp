@@ -1,6 +1,7 @@
 #include "model/store/ListRemoval.h"
 
 #include "model/records/KWAttachment.h"
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWColumn.h"
 #include "model/records/KWListDisplayConfiguration.h"
@@ -56,6 +57,7 @@ public:
         const QString encoded = KWListIdentifier::project(m_list.sid()).userDefaultEncode();
         forEach<KWListDisplayConfiguration>("listID = ?", forget, encoded);
         forEach<KWProjectPinnedSortOrder>("listID = ?", forget, encoded);
+        KWCalendarDisplayConfiguration::forgetList(m_list.sid(), m_list->userID, m_context);
     }
 
 private:

@@ -29,6 +29,7 @@ std::span<const std::string> migrations()
         schemas::habitDayStart(),
         schemas::habitReminders(),
         schemas::eventsInLists(),
+        schemas::calendarChoices(),
     };
     return inOrder;
 }

@@ -62,23 +62,38 @@ TaskOccurrence CalendarController::occurrenceOf(const CalendarItem &item) const
 
 void CalendarController::move(const CalendarItem &item, const CalendarItem &there)
 {
-    if (refuses(item)) return;
+    if (refuses(item)) return m_pane.view().letGoOfDrop();
     if (item.repeats && item.kind == CalendarItem::Kind::Task) {
         const KWDateTime start = dateOf(there.start, there);
         TaskOccurrences::Dates to{.startDate = start.date, .endDate = {}, .isAllDay = there.isAllDay};
         if (hasLength(there)) to.endDate = dateOf(there.end, there).date;
-        const TaskOccurrence occurrence = occurrenceOf(item);
-        return m_occurrences.askScope(
-            occurrence, QCursor::pos(), [this, occurrence, to, there](OccurrenceScope scope) {
-                if (const auto taskID = m_occurrences.move(occurrence, scope, to, whenText(there)))
-                    m_pane.view().selectOnceThere(*taskID, there.start);
-            });
+        return moveOccurrence(occurrenceOf(item), to, there);
     }
     const Result<UndoToken> done = item.kind == CalendarItem::Kind::ChecklistItem
                                        ? m_editor.setItemDate(item.entityID, dateOf(there.start, there))
                                        : setDates(item.entityID, there);
-    if (!done) return Q_EMIT failed(done.error().sentence);
+    if (!done) {
+        m_pane.view().letGoOfDrop();
+        return Q_EMIT failed(done.error().sentence);
+    }
     report({*done}, whenText(there));
+}
+
+void CalendarController::moveOccurrence(const TaskOccurrence &occurrence, const TaskOccurrences::Dates &to,
+                                        const CalendarItem &there)
+{
+    m_pane.view().setDropAsked(true);
+    const auto move = [this, occurrence, to, there](OccurrenceScope scope) {
+        m_pane.view().setDropAsked(false);
+        if (const auto taskID = m_occurrences.move(occurrence, scope, to, whenText(there)))
+            m_pane.view().selectOnceThere(*taskID, there.start);
+        else
+            m_pane.view().letGoOfDrop();
+    };
+    const QMenu &question = m_occurrences.askScope(occurrence, QCursor::pos(), move);
+    connect(&question, &QObject::destroyed, this, [this] {
+        if (m_pane.view().isDropAsked()) m_pane.view().letGoOfDrop();
+    });
 }
 
 Result<UndoToken> CalendarController::setDates(const QString &taskID, const CalendarItem &there)

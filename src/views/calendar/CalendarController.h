@@ -39,6 +39,9 @@ Q_SIGNALS:
 
 private:
     void move(const CalendarItem &item, const CalendarItem &there);
+    /// Asks for which occurrences; without an answer nothing is moved.
+    void moveOccurrence(const TaskOccurrence &occurrence, const TaskOccurrences::Dates &to,
+                        const CalendarItem &there);
     void create(const QString &title, const CalendarItem &there);
     void complete(const CalendarItem &item);
     void remove(const CalendarItem &item);

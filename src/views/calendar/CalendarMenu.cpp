@@ -8,9 +8,6 @@ void CalendarMenu::fill(QMenu &menu, const Now &now)
 {
     using Configuration = KWCalendarDisplayConfigurationModel;
     const std::pair<const char *, bool Configuration::*> switches[] = {
-        {"Show Completed", &Configuration::showsCompleted},
-        {"Show Checklist Items", &Configuration::showsChecklistItems},
-        {"Show Repeats", &Configuration::showsRepeats},
         {"Show Weekends", &Configuration::showsWeekends},
         {"Show Week Numbers", &Configuration::showsWeekNumbers},
     };
@@ -25,28 +22,15 @@ void CalendarMenu::fill(QMenu &menu, const Now &now)
                     Q_EMIT chosen(other);
                 });
     }
-    if (!now.calendars.isEmpty()) addCalendars(*menu.addMenu(KWLocalizedString("Calendars")), now);
     menu.addSeparator();
+    connect(menu.addAction(KWLocalizedString("Shown…")), &QAction::triggered, this,
+            &CalendarMenu::shownAsked);
     QAction *tray = menu.addAction(KWLocalizedString("Tasks Without a Date"));
     tray->setCheckable(true);
     tray->setChecked(now.isTrayShown);
     connect(tray, &QAction::triggered, this, &CalendarMenu::trayToggled);
+    menu.addSeparator();
+    connect(menu.addAction(KWLocalizedString("Today")), &QAction::triggered, this, &CalendarMenu::todayAsked);
     connect(menu.addAction(KWLocalizedString("Go to Date…")), &QAction::triggered, this,
             &CalendarMenu::dateAsked);
-}
-
-void CalendarMenu::addCalendars(QMenu &menu, const Now &now)
-{
-    for (const Calendar &each : now.calendars) {
-        QAction *action = menu.addAction(QString{each.name}.replace(u'&', QStringLiteral("&&")));
-        action->setCheckable(true);
-        action->setChecked(!now.configuration.hiddenCalendars.contains(each.id));
-        connect(action, &QAction::triggered, this,
-                [this, configuration = now.configuration, id = each.id](bool isShown) {
-                    KWCalendarDisplayConfigurationModel other = configuration;
-                    other.hiddenCalendars.removeAll(id);
-                    if (!isShown) other.hiddenCalendars.append(id);
-                    Q_EMIT chosen(other);
-                });
-    }
 }

@@ -6,20 +6,15 @@
 
 class QMenu;
 
-/// What the calendar shows, as a menu of things that are on or off. Main thread.
+/// The menu of the calendar: how a page is drawn, what else can be opened. Main thread.
 class CalendarMenu : public QObject {
     Q_OBJECT
 
 public:
     using QObject::QObject;
 
-    struct Calendar {
-        QString id;
-        QString name;
-    };
     struct Now {
         KWCalendarDisplayConfigurationModel configuration;
-        QList<Calendar> calendars; ///< that are subscribed to
         bool isTrayShown = false;
     };
     /// Adds what can be chosen to the menu, as it is now.
@@ -28,8 +23,7 @@ public:
 Q_SIGNALS:
     void chosen(const KWCalendarDisplayConfigurationModel &configuration);
     void trayToggled(bool isShown);
+    void shownAsked(); ///< what is shown on it is to be chosen
     void dateAsked();
-
-private:
-    void addCalendars(QMenu &menu, const Now &now);
+    void todayAsked();
 };

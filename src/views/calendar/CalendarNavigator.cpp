@@ -1,9 +1,12 @@
 #include "views/calendar/CalendarNavigator.h"
 
+#include "calendar/CalendarChoices.h"
 #include "model/OrvaneKit.h"
-#include "model/records/KWCalSubscription.h"
+#include "model/events/NotificationNames.h"
+#include "model/settings/KWUserDefaults.h"
 #include "views/calendar/CalendarHeader.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/calendar/ShownPopover.h"
 #include "views/controls/MenuPlace.h"
 #include "views/datepicker/DatePicker.h"
 
@@ -33,12 +36,12 @@ CalendarNavigator::CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepea
     connect(&m_loader, &CalendarPageLoader::loaded, this, &CalendarNavigator::take);
     connect(&m_loader, &CalendarPageLoader::failed, this, &CalendarNavigator::failed);
     connect(&m_loader, &CalendarPageLoader::succeeded, this, &CalendarNavigator::succeeded);
+    connect(&m_loader, &CalendarPageLoader::succeeded, this, [this] {
+        if (!m_pane.view().isDropAsked()) m_pane.view().letGoOfDrop();
+    });
     connect(&m_pane, &CalendarPane::pagesTurned, this, &CalendarNavigator::turn);
     connect(&m_pane, &CalendarPane::dayRequested, this, &CalendarNavigator::goTo);
-    connect(&m_pane, &CalendarPane::todayRequested, this, [this] {
-        m_isGoingToNow = true;
-        goTo(m_loader.today());
-    });
+    connect(&m_pane, &CalendarPane::todayRequested, this, &CalendarNavigator::goToNow);
     connect(&m_pane, &CalendarPane::kindRequested, this, &CalendarNavigator::setKind);
     connect(&m_pane, &CalendarPane::dayOpened, this, &CalendarNavigator::showAlone);
     connect(&m_pane, &CalendarPane::dateAsked, this, &CalendarNavigator::askForDate);
@@ -46,6 +49,19 @@ CalendarNavigator::CalendarNavigator(CalendarPane &pane, OrvaneKit &kit, KWRepea
     connect(&m_menu, &CalendarMenu::chosen, this, &CalendarNavigator::save);
     connect(&m_menu, &CalendarMenu::trayToggled, &m_pane, &CalendarPane::setTrayShown);
     connect(&m_menu, &CalendarMenu::dateAsked, this, &CalendarNavigator::askForDate);
+    connect(&m_menu, &CalendarMenu::todayAsked, this, &CalendarNavigator::goToNow);
+    connect(&m_menu, &CalendarMenu::shownAsked, this, &CalendarNavigator::openShown);
+    connect(&m_pane, &CalendarPane::trayShown, this, [this](bool isShown) {
+        m_kit.defaults().set(Settings::calendarTray, isShown, m_kit.account().currentUserID());
+    });
+    connect(&m_pane, &CalendarPane::shownAsked, this, &CalendarNavigator::openShown);
+    m_observations.push_back(m_kit.center().addObserver(KWCalendarDisplayConfigurationDidChangeNotification,
+                                                        [this](const KWNotification &) { showSign(); }));
+    m_registration = m_kit.bus().registerEventBus([this](const StoreChange &change) {
+        using enum RecordKind;
+        if (change.touches(Project) || change.touches(ProjectGroup) || change.touches(CalSubscription))
+            showSign();
+    });
 }
 
 KWCalendarDisplayConfigurationManager CalendarNavigator::configurations() const
@@ -58,7 +74,22 @@ CalendarView::Look CalendarNavigator::look() const
     const KWCalendarDisplayConfigurationModel configuration = configurations().configuration();
     return {.weekends = weekendsOf(configuration),
             .hasWeekNumbers = configuration.showsWeekNumbers,
-            .firstWeekday = m_loader.firstWeekday()};
+            .firstWeekday = m_loader.firstWeekday(),
+            .colorBy = configuration.colorBy};
+}
+
+CalendarChoices CalendarNavigator::choices() const
+{
+    return CalendarChoices::read(m_kit.account().currentUserID(), m_kit.context());
+}
+
+// In the head, and in what is open to choose from.
+void CalendarNavigator::showSign()
+{
+    if (!m_day) return;
+    const CalendarChoices now = choices();
+    m_pane.header().setHidesSomething(now.hideSomething());
+    if (m_shown) m_shown->setChoices(now, configurations().configuration().colorBy);
 }
 
 void CalendarNavigator::open()
@@ -67,6 +98,8 @@ void CalendarNavigator::open()
     for (const auto &[kind, value] : modes)
         if (value == mode) m_kind = kind;
     if (!m_day) m_day = m_loader.today();
+    showSign();
+    m_pane.setTrayShown(m_kit.defaults().value(Settings::calendarTray, m_kit.account().currentUserID()));
     load();
 }
 
@@ -100,6 +133,12 @@ void CalendarNavigator::goTo(Day day)
 {
     m_day = day;
     load();
+}
+
+void CalendarNavigator::goToNow()
+{
+    m_isGoingToNow = true;
+    goTo(m_loader.today());
 }
 
 void CalendarNavigator::turn(int pages)
@@ -149,12 +188,24 @@ void CalendarNavigator::openMenu()
     QWidget &button = m_pane.header().menuButton();
     auto *menu = new QMenu{&button};
     menu->setObjectName(QStringLiteral("calendarMenu"));
-    CalendarMenu::Now now{configurations().configuration(), {}, m_pane.isTrayShown()};
-    for (const KWCalSubscription *each :
-         KWCalSubscription::findSubscriptionsOfUser(m_kit.account().currentUserID(), m_kit.context()))
-        now.calendars.append({each->sid(), (*each)->name});
-    m_menu.fill(*menu, now);
+    m_menu.fill(*menu, {configurations().configuration(), m_pane.isTrayShown()});
     popUpAt(button.rect(), button, Qt::BottomEdge, *menu);
+}
+
+void CalendarNavigator::openShown()
+{
+    m_shown = new ShownPopover{&m_pane};
+    connect(m_shown, &ShownPopover::toggled, this,
+            [this](const CalendarChoice &choice, bool isShown) { save(choices().with(choice, isShown)); });
+    connect(m_shown, &ShownPopover::allRequested, this, [this] { save(choices().withAllShown()); });
+    connect(m_shown, &ShownPopover::colorPicked, this, [this](KWCalendarColorBy colorBy) {
+        auto other = configurations().configuration();
+        other.colorBy = colorBy;
+        save(other);
+    });
+    showSign();
+    const QWidget &button = m_pane.header().shownButton();
+    m_shown->popUp({button.mapToGlobal(QPoint{}), button.size()});
 }
 
 void CalendarNavigator::save(const KWCalendarDisplayConfigurationModel &configuration)

@@ -1,12 +1,17 @@
 #pragma once
 
 #include "calendar/CalendarPageLoader.h"
+#include "model/events/KWEventBus.h"
+#include "model/events/KWNotificationCenter.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "views/calendar/CalendarMenu.h"
 #include "views/calendar/CalendarView.h"
 
+#include <QPointer>
+
+class CalendarChoices;
 class CalendarPane;
-class KWNotificationCenter;
+class ShownPopover;
 
 /// Which page of the calendar is shown, and what of it. Main thread.
 class CalendarNavigator : public QObject {
@@ -32,13 +37,17 @@ Q_SIGNALS:
 private:
     void goTo(Day day);
     void showAlone(Day day);
+    void goToNow();
     void turn(int pages);
     void load();
     void take(const CalendarPageContent &content);
     void goToCurrent();
     void openMenu();
+    void openShown();
+    void showSign();
     void askForDate();
     KWCalendarDisplayConfigurationManager configurations() const;
+    CalendarChoices choices() const;
     CalendarView::Look look() const;
     void save(const KWCalendarDisplayConfigurationModel &configuration);
 
@@ -46,6 +55,9 @@ private:
     OrvaneKit &m_kit;
     CalendarPageLoader m_loader;
     CalendarMenu m_menu;
+    QPointer<ShownPopover> m_shown;
+    std::vector<KWNotificationCenter::Observation> m_observations;
+    KWEventBus::Registration m_registration;
     CalendarPage::Kind m_kind = CalendarPage::Kind::Week;
     std::optional<Day> m_day; // none before it is first shown
     bool m_isGoing = false;   // to that day, on a page that is not read yet

@@ -13,6 +13,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int widthWithTrayBeside = 640;
+
+}
+
 CalendarPane::CalendarPane(CXClock &clock, QWidget *parent)
     : QWidget(parent)
     , m_header(new CalendarHeader)
@@ -20,6 +26,7 @@ CalendarPane::CalendarPane(CXClock &clock, QWidget *parent)
     , m_timeGrid(new TimeGridView{m_edits, clock})
     , m_month(new MonthGridView{m_edits})
     , m_tray(new CalendarTray{clock})
+    , m_row(new QBoxLayout{QBoxLayout::LeftToRight})
 {
     setObjectName(u"calendarPane"_s);
     m_timeGrid->setObjectName(u"calendarTimeGrid"_s);
@@ -29,21 +36,21 @@ CalendarPane::CalendarPane(CXClock &clock, QWidget *parent)
         m_pages->addWidget(each);
         connectView(*each);
     }
-    auto *row = new QHBoxLayout;
-    row->setSpacing(0);
-    row->addWidget(m_pages, 1);
-    row->addWidget(m_tray);
+    m_row->setSpacing(0);
+    m_row->addWidget(m_pages, 1);
+    m_row->addWidget(m_tray);
     m_tray->hide();
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(0, Metrics::gap, 0, 0);
     column->setSpacing(Metrics::gap);
     column->addWidget(m_header);
-    column->addLayout(row, 1);
+    column->addLayout(m_row, 1);
     setFocusProxy(m_timeGrid);
     connect(m_header, &CalendarHeader::mousePressed, this, [this] { view().setFocus(Qt::MouseFocusReason); });
     connect(m_header, &CalendarHeader::pagesTurned, this, &CalendarPane::pagesTurned);
     connect(m_header, &CalendarHeader::todayRequested, this, &CalendarPane::todayRequested);
     connect(m_header, &CalendarHeader::kindPicked, this, &CalendarPane::kindRequested);
+    connect(m_header, &CalendarHeader::shownRequested, this, &CalendarPane::shownAsked);
     connect(m_header, &CalendarHeader::trayToggled, this, [this] { setTrayShown(!isTrayShown()); });
 }
 
@@ -85,8 +92,20 @@ void CalendarPane::setLook(const CalendarView::Look &look)
 void CalendarPane::setTrayShown(bool isShown)
 {
     if (!isShown && m_tray->isAncestorOf(focusWidget())) view().setFocus(Qt::OtherFocusReason);
+    const bool wasShown = isTrayShown();
     m_tray->setVisible(isShown);
     m_header->setTrayShown(isShown);
+    if (isShown != wasShown) Q_EMIT trayShown(isShown);
+}
+
+// Beside it a narrow page would have no room for the days.
+void CalendarPane::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const bool isBeside = width() >= Metrics::scaled(widthWithTrayBeside);
+    m_row->setDirection(isBeside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_tray->setPlace(isBeside ? CalendarTray::Place::Beside : CalendarTray::Place::Below);
+    m_tray->setMaximumHeight(isBeside ? QWIDGETSIZE_MAX : height() / 3);
 }
 
 bool CalendarPane::isTrayShown() const { return !m_tray->isHidden(); }
@@ -130,6 +149,8 @@ void CalendarPane::keyPressEvent(QKeyEvent *event)
         return Q_EMIT kindRequested(CalendarPage::Kind::Month);
     case Qt::Key_G:
         return Q_EMIT dateAsked();
+    case Qt::Key_S:
+        return Q_EMIT shownAsked();
     default:
         QWidget::keyPressEvent(event);
     }

@@ -8,12 +8,14 @@ class CalendarHeader;
 class CalendarTray;
 class CXClock;
 class MonthGridView;
+class QBoxLayout;
 class QStackedWidget;
 class TimeGridView;
 
 /// The calendar in place of the list: its head, a page, and beside it, when it is wanted, the tasks without a
 /// date. The focus that it is given goes to the page. T goes to today, D, W and M show a day, a week, a
-/// month, G asks for a day.
+/// month, G asks
+/// for a day, S for what is shown.
 class CalendarPane : public QWidget {
     Q_OBJECT
 
@@ -49,9 +51,12 @@ Q_SIGNALS:
     void todayRequested();
     void kindRequested(CalendarPage::Kind kind);
     void dateAsked();
+    void shownAsked(); ///< what is shown is to be chosen
     void selectionChanged();
+    void trayShown(bool isShown); ///< or not any more
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -64,4 +69,5 @@ private:
     TimeGridView *m_timeGrid;
     MonthGridView *m_month;
     CalendarTray *m_tray;
+    QBoxLayout *m_row; // the page and the tray
 };

@@ -34,7 +34,9 @@ QSize CalendarTitle::sizeHint() const
     return {Fonts::width(Fonts::Role::PageTitle, m_text), titleHeight()};
 }
 
-QSize CalendarTitle::minimumSizeHint() const { return {titleHeight(), titleHeight()}; }
+int CalendarTitle::shortWidth() const { return Fonts::width(Fonts::Role::PageTitle, m_shorter); }
+
+QSize CalendarTitle::minimumSizeHint() const { return {0, titleHeight()}; }
 
 void CalendarTitle::paintEvent(QPaintEvent *)
 {

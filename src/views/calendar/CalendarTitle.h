@@ -10,6 +10,7 @@ public:
     explicit CalendarTitle(QWidget *parent = nullptr);
 
     void setTexts(const QString &text, const QString &shorter);
+    int shortWidth() const; ///< of the shorter form
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -14,8 +14,9 @@
 namespace {
 
 constexpr int trayWidth = 240;
+constexpr int trayHeight = 168; // below the page
 
-}
+} // namespace
 
 CalendarTray::CalendarTray(CXClock &clock, QWidget *parent)
     : QWidget(parent), m_model(clock), m_list(new TaskListView{m_model})
@@ -43,13 +44,25 @@ void CalendarTray::setTasks(const QList<KWTaskListItemModel> &tasks)
     m_list->setRows(rows);
 }
 
-QSize CalendarTray::sizeHint() const { return {Metrics::scaled(trayWidth), Metrics::scaled(trayWidth)}; }
+void CalendarTray::setPlace(Place place)
+{
+    if (std::exchange(m_place, place) == place) return;
+    const bool isBeside = place == Place::Beside;
+    setSizePolicy(isBeside ? QSizePolicy::Fixed : QSizePolicy::Preferred,
+                  isBeside ? QSizePolicy::Preferred : QSizePolicy::Fixed);
+    layout()->setContentsMargins(Metrics::gap, isBeside ? 0 : Metrics::gap, Metrics::grid, 0);
+    updateGeometry();
+    update();
+}
+
+QSize CalendarTray::sizeHint() const { return {Metrics::scaled(trayWidth), Metrics::scaled(trayHeight)}; }
 
 void CalendarTray::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), {0, 0, 1, height()}),
-                     Theme::current().hairline);
+    const QRect line = m_place == Place::Beside ? QRect{0, 0, 1, height()}
+                                                : QRect{Metrics::gap, 0, width() - Metrics::gap, 1};
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), line), Theme::current().hairline);
 }
 
 void CalendarTray::showEvent(QShowEvent *event)

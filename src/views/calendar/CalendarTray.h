@@ -15,6 +15,9 @@ public:
     explicit CalendarTray(CXClock &clock, QWidget *parent = nullptr);
 
     TaskListView &list() { return *m_list; }
+    /// At the end of the page's rows, or where that would leave them no room below the page.
+    enum class Place { Beside, Below };
+    void setPlace(Place place);
     void setTasks(const QList<KWTaskListItemModel> &tasks);
 
     QSize sizeHint() const override;
@@ -29,6 +32,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    Place m_place = Place::Beside;
     TaskListModel m_model;
     TaskListView *m_list;
 };

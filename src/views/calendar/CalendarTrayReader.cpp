@@ -1,6 +1,8 @@
 #include "views/calendar/CalendarTrayReader.h"
 
 #include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
+#include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWSmartProject.h"
 #include "model/store/KWListDataFetcher.h"
 #include "views/calendar/CalendarTray.h"
@@ -11,6 +13,8 @@ CalendarTrayReader::CalendarTrayReader(CalendarTray &tray, OrvaneKit &kit)
     m_registration = kit.bus().registerEventBus([this](const StoreChange &change) {
         if (change.touches(RecordKind::Task) || change.touches(RecordKind::Project)) read();
     });
+    m_observation = kit.center().addObserver(KWCalendarDisplayConfigurationDidChangeNotification,
+                                             [this](const KWNotification &) { read(); });
     connect(&m_tray, &CalendarTray::visibilityChanged, this, &CalendarTrayReader::read);
 }
 
@@ -26,7 +30,10 @@ void CalendarTrayReader::read()
     const auto read = [rows, request, &clock = m_kit.clock()](ObjectContext &context) -> Result<void> {
         auto all = KWListDataFetcher{clock}.reloadDataModel(request, context.connection());
         if (!all) return all.error();
-        erase_if(*all, [](const KWTaskListItemModel &task) { return task.startDate.has_value(); });
+        const auto hidden = KWCalendarDisplayConfiguration::ofUser(request.userID, context).hiddenLists;
+        erase_if(*all, [&hidden](const KWTaskListItemModel &task) {
+            return task.startDate.has_value() || hidden.contains(task.projectID);
+        });
         *rows = std::move(*all);
         return {};
     };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/events/KWEventBus.h"
+#include "model/events/KWNotificationCenter.h"
 #include "model/events/PendingDeletes.h"
 
 #include <QObject>
@@ -10,7 +11,8 @@
 class CalendarTray;
 class OrvaneKit;
 
-/// Reads the tasks without a date in the background, as long as the tray is shown. Main thread.
+/// Reads the tasks without a date, but for those of lists that the calendar hides, in the background, as long
+/// as the tray is shown. Main thread.
 class CalendarTrayReader : public QObject {
     Q_OBJECT
 
@@ -27,6 +29,7 @@ private:
     CalendarTray &m_tray;
     OrvaneKit &m_kit;
     PendingDeletes m_pendingDeletes;
+    KWNotificationCenter::Observation m_observation;
     KWEventBus::Registration m_registration;
     std::shared_ptr<int> m_latest; // the reading that counts
 };

@@ -21,15 +21,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-bool isSameItem(const CalendarItem &one, const CalendarItem &other)
-{
-    return one.kind == other.kind && one.entityID == other.entityID && one.occurrence == other.occurrence;
-}
-
-} // namespace
-
 CalendarView::CalendarView(CalendarEdits &edits, QWidget *parent)
     : QAbstractScrollArea(parent), m_edits(edits)
 {
@@ -53,7 +44,9 @@ void CalendarView::setContent(const CalendarPageContent &content)
     m_spot.day = nearestShown(m_spot.day);
     m_selected = selected ? indexOf(*selected) : std::nullopt;
     CalendarAccessible::forgetItems(*this);
+    if (m_held && !m_held->isAsked) m_held.reset();
     arrange();
+    refreshPopover();
     const auto awaited = m_awaited ? indexOf(*m_awaited) : std::nullopt;
     if (awaited && awaited != m_selected) return select(*awaited);
     if (selected && (!m_selected || *selected != *selectedItem())) Q_EMIT selectionChanged();
@@ -94,7 +87,7 @@ void CalendarView::arrange()
 std::optional<std::size_t> CalendarView::indexOf(const CalendarItem &item) const
 {
     const auto found = std::ranges::find_if(
-        m_content.items, [&item](const CalendarItem &each) { return isSameItem(each, item); });
+        m_content.items, [&item](const CalendarItem &each) { return each.isSameAs(item); });
     if (found == m_content.items.end()) return std::nullopt;
     return std::size_t(found - m_content.items.begin());
 }
@@ -187,20 +180,8 @@ QRect CalendarView::boundsOf(std::size_t item) const
 {
     for (const ItemPlace &each : m_places.items)
         if (each.item == item) return visual(each.bounds & areaOf(each.shape));
-    // Where it is counted for want of room: beside its hours, or in the lane, which is told of last.
-    const CalendarPlaces alone = placesOf(m_content.items[item]);
-    if (alone.items.empty()) return {};
-    const ItemPlace &place = alone.items.front();
-    const ItemDays days = ItemDays::of(m_content.items[item]);
-    QRect counter;
-    for (const MorePlace &each : m_places.more) {
-        const bool isBeside =
-            each.bounds.top() <= place.bounds.bottom() && each.bounds.bottom() >= place.bounds.top();
-        if (!days.hold(each.day) || (place.shape == ItemPlace::Shape::Box && !isBeside)) continue;
-        counter = each.bounds;
-        if (place.shape == ItemPlace::Shape::Box) break;
-    }
-    return visual(counter & areaOf(place.shape));
+    const MorePlace *counter = counterOf(item);
+    return counter ? visual(counter->bounds & areaOf(counter->shape)) : QRect{};
 }
 
 const ItemPlace *CalendarView::itemAt(const QPoint &point) const
@@ -265,12 +246,14 @@ void CalendarView::paintEvent(QPaintEvent *)
     const bool isDragging = m_drag && m_drag->there && m_drag->item;
     for (const ItemPlace &each : m_places.items) {
         const CalendarItem &item = m_content.items[each.item];
-        paintItem(painter, each, item, isDragging && isSameItem(item, *m_drag->item));
+        if (m_held && item.isSameAs(m_held->item)) continue;
+        paintItem(painter, each, item, isDragging && item.isSameAs(*m_drag->item));
     }
     for (const MorePlace &each : m_places.more) {
         painter.save();
         painter.setClipRect(areaOf(each.shape));
-        ItemPainter::paintMore(painter, {visual(each.bounds), each.count, each.day}, layoutDirection());
+        const QRect seen = each.bounds & areaOf(each.shape);
+        ItemPainter::paintMore(painter, {visual(seen), each.count, each.day}, layoutDirection());
         painter.restore();
     }
     if (m_selected &&
@@ -278,9 +261,10 @@ void CalendarView::paintEvent(QPaintEvent *)
         if (const QRect counter = boundsOf(*m_selected); !counter.isEmpty())
             Painting::focusRing(painter, counter, Metrics::pillRadius);
     paintAbove(painter);
-    if (m_drag && m_drag->there) paintGhost(painter, *m_drag->there);
-    if (m_made) paintGhost(painter, *m_made);
-    if (m_dropped) paintGhost(painter, *m_dropped);
+    if (m_held) paintAside(painter, m_held->there, {.isSelected = true});
+    for (const CalendarItem *ghost : {m_drag && m_drag->there ? &*m_drag->there : nullptr,
+                                      m_made ? &*m_made : nullptr, m_dropped ? &*m_dropped : nullptr})
+        if (ghost) paintAside(painter, *ghost, {.isSelected = true, .isDragged = true});
 }
 
 void CalendarView::paintItem(QPainter &painter, const ItemPlace &place, const CalendarItem &item,
@@ -291,18 +275,20 @@ void CalendarView::paintItem(QPainter &painter, const ItemPlace &place, const Ca
     ItemPlace mirrored = place;
     mirrored.bounds = visual(place.bounds);
     const bool isSelected = m_selected == place.item && m_content.items[place.item] == item;
-    ItemPainter::paint(painter, mirrored, item, {.isSelected = isSelected, .isDragged = isDragged},
+    ItemPainter::paint(painter, mirrored, item,
+                       {.isSelected = isSelected, .isDragged = isDragged, .colorBy = m_look.colorBy},
                        layoutDirection());
     painter.restore();
 }
 
-void CalendarView::paintGhost(QPainter &painter, const CalendarItem &item) const
+void CalendarView::paintAside(QPainter &painter, const CalendarItem &item, ItemPainter::State state) const
 {
+    state.colorBy = m_look.colorBy;
     for (ItemPlace place : placesOf(item).items) {
         painter.save();
         painter.setClipRect(areaOf(place.shape));
         place.bounds = visual(place.bounds);
-        ItemPainter::paint(painter, place, item, {.isSelected = true, .isDragged = true}, layoutDirection());
+        ItemPainter::paint(painter, place, item, state, layoutDirection());
         painter.restore();
     }
 }

@@ -4,11 +4,14 @@
 #include "views/calendar/CalendarEdits.h"
 #include "views/calendar/CalendarPlaces.h"
 #include "views/calendar/DayColumns.h"
+#include "views/calendar/ItemPainter.h"
 
 #include <QAbstractScrollArea>
+#include <QPointer>
 
 #include <functional>
 
+class DayPopover;
 class TitleField;
 
 /// What the views of a day, a week and a month have in common: the items of a page, which of them or which
@@ -16,7 +19,9 @@ class TitleField;
 ///
 /// Arrows go from item to item and from day to day, Enter opens, Space completes, Delete deletes, N makes
 /// something at the current spot, Page Up and Page Down turn the page. A drag moves an item, its lower edge
-/// makes it longer, over empty space it makes one; Escape gives the drag up. Tasks can be dropped.
+/// makes it longer, over empty space it makes one; Escape gives the drag up. Tasks can be dropped. What there
+/// is no room for is counted; a press on the number, or Enter or Space on an item in it, tells all of that
+/// day.
 class CalendarView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -25,6 +30,7 @@ public:
         DayColumns::Weekends weekends = DayColumns::Weekends::Shown;
         bool hasWeekNumbers = false;
         std::chrono::weekday firstWeekday = std::chrono::Monday; // of the weeks that are numbered
+        KWCalendarColorBy colorBy = KWCalendarColorByProject;
 
         bool operator==(const Look &) const = default;
     };
@@ -55,6 +61,13 @@ public:
     virtual void revealNow() {}
     /// Opens the field for a title at the current spot.
     void createHere();
+
+    /// What was dropped stands where it was dropped until a page tells where it is. While somebody is asked
+    /// about it that is not before the answer.
+    void setDropAsked(bool isAsked);
+    bool isDropAsked() const { return m_held && m_held->isAsked; }
+    /// It goes back to where the page has it.
+    void letGoOfDrop();
 
 Q_SIGNALS:
     /// Another item or none; or the same one, changed.
@@ -121,6 +134,11 @@ private:
         std::optional<CalendarItem> item{};  // that is dragged
         std::optional<CalendarItem> there{}; // once it has begun
     };
+    struct Held {
+        CalendarItem item;
+        CalendarItem there;
+        bool isAsked = false;
+    };
     struct Awaited {
         QString id; ///< of a task or an event
         LocalTime start;
@@ -137,6 +155,16 @@ private:
     /// The topmost one below the point, as far as it can be seen.
     const ItemPlace *itemAt(const QPoint &point) const;
     const MorePlace *moreAt(const QPoint &point) const;
+    /// That counts the item for want of room: on the current day, if there is one; in the lane before the
+    /// hours.
+    const MorePlace *counterOf(std::size_t item) const;
+    bool isCounted(std::size_t item) const;
+    void openMore(const MorePlace &more, std::optional<std::size_t> current);
+    void refreshPopover();
+    std::vector<CalendarItem> listOf(Day day) const;
+    void actOn(const CalendarItem &item, void (CalendarEdits::*request)(const CalendarItem &));
+    void carry(const CalendarItem &item, Day day, const QPoint &point);
+    void giveDragUp();
     bool isOverLowerEdge(const ItemPlace &place, const QPoint &point) const;
     void drag(const QPoint &point);
     void endDrag();
@@ -144,7 +172,8 @@ private:
     QRect titlePlace(const CalendarItem &there) const;
     void showCursor(const QPoint &point);
     void paintItem(QPainter &painter, const ItemPlace &place, const CalendarItem &item, bool isDragged) const;
-    void paintGhost(QPainter &painter, const CalendarItem &item) const;
+    /// An item that is not where the page has it.
+    void paintAside(QPainter &painter, const CalendarItem &item, ItemPainter::State state) const;
     QString toolTipAt(const QPoint &point) const;
 
     CalendarEdits &m_edits;
@@ -156,7 +185,9 @@ private:
     std::optional<std::size_t> m_selected;
     std::optional<Awaited> m_awaited;
     std::optional<Drag> m_drag;
+    std::optional<Held> m_held;            // dropped, and not told of yet
     std::optional<CalendarItem> m_dropped; // where it would be
     std::optional<CalendarItem> m_made;    // while its title is typed
     TitleField *m_title = nullptr;
+    QPointer<DayPopover> m_popover;
 };

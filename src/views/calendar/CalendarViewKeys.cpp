@@ -45,8 +45,7 @@ bool CalendarView::takeKey(const QKeyEvent &key)
         return true;
     case Qt::Key_Escape: {
         const bool isDragging = m_drag.has_value();
-        m_drag.reset();
-        viewport()->update();
+        giveDragUp();
         return isDragging;
     }
     case Qt::Key_N:
@@ -63,6 +62,10 @@ bool CalendarView::takeItemKey(int key)
     if (!selectedItem()) {
         if (opens) createHere();
         return opens;
+    }
+    if (const MorePlace *more = counterOf(*m_selected); more && (opens || key == Qt::Key_Space)) {
+        openMore(*more, m_selected);
+        return true;
     }
     const CalendarItem item = *selectedItem();
     switch (key) {

@@ -19,7 +19,7 @@ void CalendarView::mousePressEvent(QMouseEvent *event)
     const QPoint point = visual(event->pos());
     if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
     m_drag.reset();
-    if (const MorePlace *more = moreAt(point)) return Q_EMIT dayOpened(more->day);
+    if (const MorePlace *more = moreAt(point)) return openMore(*more, std::nullopt);
     const auto spot = spotAt(point);
     if (!spot) return;
     m_drag = Drag{.kind = Drag::Kind::Create, .pressedAt = event->pos(), .from = *spot};
@@ -83,12 +83,13 @@ void CalendarView::mouseReleaseEvent(QMouseEvent *event)
 
 void CalendarView::endDrag()
 {
-    const Drag ended = *m_drag;
-    m_drag.reset();
+    const Drag ended = *std::exchange(m_drag, std::nullopt);
     viewport()->update();
     if (!ended.there) return;
     if (ended.kind == Drag::Kind::Create) return openTitle(*ended.there);
-    if (*ended.there != *ended.item) Q_EMIT m_edits.moveRequested(*ended.item, *ended.there);
+    if (*ended.there == *ended.item) return;
+    m_held = Held{*ended.item, *ended.there};
+    Q_EMIT m_edits.moveRequested(*ended.item, *ended.there);
 }
 
 void CalendarView::mouseDoubleClickEvent(QMouseEvent *event)

@@ -25,35 +25,53 @@ constexpr int itemPadding = 6;
 constexpr int itemTopPadding = 3;
 constexpr int repeatMarkSize = 11;
 constexpr int leastTextWidth = 12;
+constexpr int leastMarkedShare = 4; // of the mark of repetition in a box that has one
+constexpr int mostTitleLines = 6;
 constexpr double itemRadius = 5;
 constexpr double draggedOpacity = 0.55;
 
 using Fonts::Role;
 
-// Lines as wide as the box, all but the last; that one holds the rest.
+// Lines as wide as the box, a long word broken where it must be; the last one holds the rest.
 QStringList titleLines(const QString &text, int width, int most)
 {
-    if (most < 2) return {text};
     QTextLayout layout{text, Fonts::font(Role::CaptionStrong)};
+    layout.setTextOption([] {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        return option;
+    }());
+    QStringList lines;
+    int end = 0;
     layout.beginLayout();
-    QTextLine first = layout.createLine();
-    first.setLineWidth(width);
+    while (end < text.size() && lines.size() + 1 < most) {
+        QTextLine line = layout.createLine();
+        line.setLineWidth(width);
+        lines += text.mid(end, line.textLength()).trimmed();
+        end += line.textLength();
+    }
     layout.endLayout();
-    const int end = first.textStart() + first.textLength();
-    if (end >= text.size()) return {text};
-    return {text.left(end).trimmed(), text.mid(end).trimmed()};
+    if (end < text.size()) lines += text.mid(end).trimmed();
+    return lines;
+}
+
+ItemColors colorsOf(const CalendarItem &item, KWCalendarColorBy colorBy)
+{
+    const bool isByPriority = colorBy == KWCalendarColorByPriority && item.kind != CalendarItem::Kind::Event;
+    const QString color = isByPriority ? Theme::current().priority(item.priority).mark.name() : item.color;
+    return item.isClosed ? ItemColors::ofClosed(color) : ItemColors::of(color);
 }
 
 /// One item on its place.
 class PaintedItem {
 public:
     PaintedItem(QPainter &painter, const ItemPlace &place, const CalendarItem &item,
-                Qt::LayoutDirection direction)
+                KWCalendarColorBy colorBy, Qt::LayoutDirection direction)
         : m_painter(painter)
         , m_place(place)
         , m_item(item)
         , m_direction(direction)
-        , m_colors(item.isClosed ? ItemColors::ofClosed(item.color) : ItemColors::of(item.color))
+        , m_colors(colorsOf(item, colorBy))
         , m_lineHeight(QFontMetrics{Fonts::font(Role::CaptionStrong)}.height())
     {
     }
@@ -103,7 +121,12 @@ private:
                                                        : DateWording::timeOfDay(m_item.start, QLocale{});
     }
 
-    int markWidth() const { return m_item.repeats ? Metrics::scaled(repeatMarkSize) + Metrics::grid : 0; }
+    // Where there is little room the title is worth more.
+    int markWidth() const
+    {
+        const int mark = Metrics::scaled(repeatMarkSize) + Metrics::grid;
+        return m_item.repeats && m_place.bounds.width() > leastMarkedShare * mark ? mark : 0;
+    }
 
     // A line of the title, the last one with the mark of repetition.
     void paintTitle(const QRect &line, const QString &text, bool isLast) const
@@ -145,7 +168,7 @@ private:
     void paintLines(const QRect &inner, int lines) const
     {
         const QString note = time();
-        const int forTitle = std::clamp(note.isEmpty() ? lines : lines - 1, 1, 2);
+        const int forTitle = std::clamp(note.isEmpty() ? lines : lines - 1, 1, mostTitleLines);
         const int whole = Fonts::width(Role::CaptionStrong, title()) + markWidth();
         const QStringList words = whole <= inner.width()
                                       ? QStringList{title()}
@@ -175,7 +198,7 @@ void ItemPainter::paint(QPainter &painter, const ItemPlace &place, const Calenda
 {
     painter.save();
     if (state.isDragged) painter.setOpacity(draggedOpacity);
-    const PaintedItem painted{painter, place, item, direction};
+    const PaintedItem painted{painter, place, item, state.colorBy, direction};
     painted.paintBackground();
     painted.paintText();
     if (state.isSelected) Painting::focusRing(painter, place.bounds, itemRadius);

@@ -11,6 +11,7 @@ namespace ItemPainter {
 struct State {
     bool isSelected = false;
     bool isDragged = false; ///< where it would be, or where it is while it would be elsewhere
+    KWCalendarColorBy colorBy = KWCalendarColorByProject; ///< of tasks; events have that of their calendar
 };
 /// `place` stands where it is painted, mirrored if the text runs from right to left.
 void paint(QPainter &painter, const ItemPlace &place, const CalendarItem &item, State state,

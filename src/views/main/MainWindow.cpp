@@ -70,6 +70,9 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     layout->addWidget(m_splitter);
 
     connect(&ThemeConfigurator::shared(), &ThemeConfigurator::themeChanged, this, &MainWindow::arrange);
+    connect(m_splitter, &QSplitter::splitterMoved, this, [this](int, int handle) {
+        if (handle == 1) keepSidebarWidth();
+    });
     connect(&m_detail->header(), &DetailHeader::closeRequested, this, &MainWindow::closeDetailSheet);
     for (QWidget *beside : {m_sidebar->tree().viewport(), m_listPane->list().viewport()})
         beside->installEventFilter(this);
@@ -102,6 +105,24 @@ void MainWindow::restoreState()
                               width() - Metrics::scaled(Metrics::sidebarWidth + Metrics::detailWidth),
                               Metrics::scaled(Metrics::detailWidth)});
     arrange();
+    applySidebarWidth();
+}
+
+// It is the same beside the list and beside the calendar, and as large again when the text is.
+void MainWindow::applySidebarWidth()
+{
+    const int chosen = Metrics::scaled(m_defaults.value(Settings::sidebarWidth));
+    QList<int> sizes = m_splitter->sizes();
+    if (chosen == 0 || sizes.size() < 2) return;
+    sizes[1] += sizes[0] - chosen;
+    sizes[0] = chosen;
+    m_splitter->setSizes(sizes);
+}
+
+void MainWindow::keepSidebarWidth()
+{
+    const int width = qRound(m_sidebar->width() / Metrics::textScale());
+    m_defaults.set(Settings::sidebarWidth, width);
 }
 
 void MainWindow::saveState()
@@ -133,6 +154,7 @@ void MainWindow::arrange()
             m_detail->show();
             m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter));
         }
+        applySidebarWidth();
         m_detail->setAutoFillBackground(hasSheet);
         m_detail->header().setHasClose(hasSheet);
     }

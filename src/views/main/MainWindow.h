@@ -78,6 +78,8 @@ protected:
 private:
     void restoreState();
     void saveState();
+    void applySidebarWidth();
+    void keepSidebarWidth();
     void arrange();
     void limitColumns();
     void placeSheet();

@@ -60,6 +60,24 @@ std::optional<KWListIdentifier> listOfPage(const QString &page, const QString &n
     return std::nullopt;
 }
 
+// "calendar-week", "calendar-month:more", …
+std::optional<PicturePage> calendarOfPage(const QString &page, const QString &state)
+{
+    using enum CalendarPage::Kind;
+    using State = PicturePage::CalendarState;
+    const std::pair<QLatin1StringView, CalendarPage::Kind> kinds[] = {
+        {"calendar-day"_L1, SingleDay}, {"calendar-week"_L1, Week}, {"calendar-month"_L1, Month}};
+    const std::pair<QLatin1StringView, State> states[] = {{""_L1, State::Usual},
+                                                          {"crowded"_L1, State::Crowded},
+                                                          {"shown"_L1, State::Shown},
+                                                          {"more"_L1, State::More},
+                                                          {"tray"_L1, State::Tray}};
+    const auto kind = std::ranges::find(kinds, page, [](const auto &each) { return each.first; });
+    const auto what = std::ranges::find(states, state, [](const auto &each) { return each.first; });
+    if (kind == std::end(kinds) || what == std::end(states)) return std::nullopt;
+    return PicturePage{.kind = PicturePage::Kind::Calendar, .days = kind->second, .state = what->second};
+}
+
 QString filterNamed(const QString &name, OrvaneKit &kit)
 {
     const auto filters = KWFilter::findFiltersOfUser(kit.account().currentUserID(), kit.context());
@@ -111,10 +129,7 @@ Result<PicturePage> PicturePage::read(const QString &page, OrvaneKit &kit)
     if (page == u"welcome") return PicturePage{.kind = Kind::Welcome};
     if (page == u"detail") return PicturePage{.kind = Kind::Detail};
     if (page == u"schedule") return PicturePage{.kind = Kind::Schedule};
-    using enum CalendarPage::Kind;
-    for (const auto &[calendar, days] :
-         {std::pair{u"calendar-day"_s, SingleDay}, {u"calendar-week"_s, Week}, {u"calendar-month"_s, Month}})
-        if (page == calendar) return PicturePage{.kind = Kind::Calendar, .days = days};
+    if (const auto calendar = calendarOfPage(name, text)) return *calendar;
     if (name == u"search") return PicturePage{.kind = Kind::Search, .text = text};
     if (name == u"palette") return PicturePage{.kind = Kind::Palette, .text = text};
     if (name == u"quick-add") return PicturePage{.kind = Kind::QuickAdd, .text = text};

@@ -49,6 +49,7 @@ struct PicturePage {
     KWListIdentifier list =
         KWListIdentifier::todayProject();               ///< in the middle, also behind what stands over it
     CalendarPage::Kind days = CalendarPage::Kind::Week; ///< of the calendar
+    enum class CalendarState { Usual, Crowded, Shown, More, Tray } state = CalendarState::Usual;
     QString text{}; ///< what is typed, the id of the filter, the page of the preferences
 
     /// Reads "today", "list:NAME", "search:TEXT", …; an error says that there is no such page.

@@ -34,8 +34,8 @@ bool OccurrenceActions::isFirst(const TaskOccurrence &occurrence) const
     return task && (*task)->startDate == occurrence.startDate;
 }
 
-void OccurrenceActions::askScope(const TaskOccurrence &occurrence, const QPoint &position,
-                                 const std::function<void(OccurrenceScope)> &chosen)
+QMenu &OccurrenceActions::askScope(const TaskOccurrence &occurrence, const QPoint &position,
+                                   const std::function<void(OccurrenceScope)> &chosen)
 {
     auto *menu = new QMenu;
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -47,6 +47,7 @@ void OccurrenceActions::askScope(const TaskOccurrence &occurrence, const QPoint 
     add(tr("All of Them"), OccurrenceScope::All);
     menu->setActiveAction(onlyThis);
     menu->popup(position);
+    return *menu;
 }
 
 std::optional<QString> OccurrenceActions::report(const Result<TaskOccurrences::Changed> &done,

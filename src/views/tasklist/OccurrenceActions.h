@@ -34,9 +34,10 @@ public:
 
     /// Whether it is the task's own date, with which all are the same as this and the later ones.
     bool isFirst(const TaskOccurrence &occurrence) const;
-    /// Asks there which occurrences a change is for; no answer when the menu is closed.
-    void askScope(const TaskOccurrence &occurrence, const QPoint &position,
-                  const std::function<void(OccurrenceScope)> &chosen);
+    /// Asks there which occurrences a change is for; no answer when the menu, which is deleted then, is
+    /// closed.
+    QMenu &askScope(const TaskOccurrence &occurrence, const QPoint &position,
+                    const std::function<void(OccurrenceScope)> &chosen);
 
 private:
     std::optional<QString> report(const Result<TaskOccurrences::Changed> &done, const QString &message);

@@ -37,5 +37,7 @@ std::string habitDayStart();
 std::string habitReminders();
 /// Whether a list shows events.
 std::string eventsInLists();
+/// Lists that the calendar hides, and what colours its tasks.
+std::string calendarChoices();
 
 } // namespace schemas
