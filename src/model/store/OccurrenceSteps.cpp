@@ -4,6 +4,8 @@
 #include "model/records/KWTask.h"
 #include "model/records/KWUserSettings.h"
 
+#include <QSet>
+
 namespace {
 
 // A subtask that repeats goes its own way.
