@@ -2,6 +2,7 @@
 
 #include "model/account/KWAccountManager.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
@@ -54,7 +55,7 @@ void LinkOpener::open(const QString &link)
             opened = openList(parsed->id);
             break;
         case OrvaneLink::Kind::Habit:
-            opened = Error{KWLocalizedString("The link is to a habit. This version has no habits yet.")};
+            opened = openHabit(parsed->id);
             break;
         case OrvaneLink::Kind::Event:
             opened = Error{KWLocalizedString(
@@ -93,6 +94,15 @@ Result<void> LinkOpener::openList(const QString &listID)
     if (!named->isListOfTasks())
         return Error{KWLocalizedString("The list of this link cannot be shown yet.")};
     m_target.showList(KWListIdentifier::smartProject(named->identifier()));
+    return {};
+}
+
+Result<void> LinkOpener::openHabit(const QString &habitID)
+{
+    const KWHabit *habit = m_manager.MR_defaultContext().find<KWHabit>(habitID);
+    if (!habit || habit->isDeleted() || habit->model().userID != m_account.currentUserID())
+        return Error{KWLocalizedString("The habit of this link is not here any more.")};
+    m_target.showHabit(habitID);
     return {};
 }
 

@@ -22,6 +22,7 @@ public:
     virtual ~LinkTarget() = default;
     virtual void showList(const KWListIdentifier &list) = 0;
     virtual void showTask(const QString &taskID, const KWListIdentifier &list) = 0;
+    virtual void showHabit(const QString &habitID) = 0;
     /// The link leads nowhere; the sentence says why.
     virtual void showMessage(const QString &sentence) = 0;
 };
@@ -37,6 +38,7 @@ public:
 private:
     Result<void> openTask(const QString &taskID);
     Result<void> openList(const QString &listID);
+    Result<void> openHabit(const QString &habitID);
     void openWaiting();
 
     KWCoreDataManager &m_manager;

@@ -3,6 +3,8 @@
 #include "cli/CommandText.h"
 #include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
+#include "views/habits/HabitListView.h"
+#include "views/habits/HabitPane.h"
 #include "views/main/MainWindow.h"
 #include "views/pictures/PagePicture.h"
 #include "views/preferences/PreferencesWindow.h"
@@ -12,6 +14,7 @@
 
 #include <QAction>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include <algorithm>
@@ -45,6 +48,20 @@ void typeInto(MainWindow &window, const QString &field, const QString &text)
     if (auto *found = window.findChild<QLineEdit *>(field)) found->setText(text);
 }
 
+// The first habit with an amount, whose detail has most parts.
+void selectHabitToShow(HabitPane &habits)
+{
+    for (const HabitSection &section : habits.content().sections)
+        for (const HabitRow &each : section.rows)
+            if (each.habit.isRealType) return habits.list().selectHabit(each.habit.sid);
+}
+
+void press(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent event{QEvent::KeyPress, key, modifiers};
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
 // Opens what the page shows over the list.
 void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
 {
@@ -57,6 +74,12 @@ void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
     case PicturePage::Kind::Palette:
         rooms.menu().action(MenuCommand::OpenPalette).trigger();
         return typeInto(window, u"paletteField"_s, page.text);
+    case PicturePage::Kind::HabitDetail:
+        return window.openDetail();
+    case PicturePage::Kind::HabitDay:
+        return press(window.habitPane().list(), Qt::Key_Return, Qt::ControlModifier);
+    case PicturePage::Kind::HabitEditor:
+        return press(window.habitPane().list(), Qt::Key_F2);
     case PicturePage::Kind::Schedule:
         return rooms.menu().action(MenuCommand::SetDate).trigger();
     case PicturePage::Kind::QuickAdd:
@@ -97,6 +120,7 @@ Result<void> drawPage(const PicturePage &page, const PictureRequest &request, Or
     window->resize(request.size);
     if (MainWindow *main = rooms.mainWindow().window()) {
         finishWork(kit);
+        selectHabitToShow(main->habitPane());
         openOver(*main, page, rooms);
     }
     finishWork(kit);

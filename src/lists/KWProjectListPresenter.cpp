@@ -176,7 +176,8 @@ bool KWProjectListPresenter::canShow(const KWListIdentifier &list)
 {
     const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
     return m_dataService.nodeFor(list) ||
-           (list.type == KWListIdentifierType::SmartProject && smart && smart->isListOfTasks());
+           (list.type == KWListIdentifierType::SmartProject && smart &&
+            (smart->isListOfTasks() || smart == &KWSmartProject::habit()));
 }
 
 bool KWProjectListPresenter::isSelectedListClosed()

@@ -33,6 +33,9 @@ inline const Setting<QString> selectedNode{"selected_node_id_in_proejct_list_of_
 /// Of a user: the ids of the folded nodes of the sidebar.
 inline const Setting<QStringList> foldedNodes{"folded_nodes_of_", DefaultsScope::Group, {}};
 
+/// Of a user: the ids of the folded sections of the habits.
+inline const Setting<QStringList> foldedHabitSections{"folded_habit_sections_of_", DefaultsScope::Group, {}};
+
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};
 

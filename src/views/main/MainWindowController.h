@@ -33,6 +33,7 @@ public:
     // LinkTarget; each shows the window.
     void showList(const KWListIdentifier &list) override;
     void showTask(const QString &taskID, const KWListIdentifier &list) override;
+    void showHabit(const QString &habitID) override;
     void showMessage(const QString &sentence) override;
 
     /// Opens the window of the filter; an empty id makes a new one.
