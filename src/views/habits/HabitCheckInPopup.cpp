@@ -68,6 +68,8 @@ HabitCheckInPopup::HabitCheckInPopup(const Content &content, QWidget *parent)
     m_note->setPlaceholderText(KWLocalizedString("Note"));
     m_note->setAcceptRichText(false);
     m_note->setTabChangesFocus(true);
+    m_note->setFrameShape(QFrame::NoFrame);
+    m_note->viewport()->setBackgroundRole(QPalette::AlternateBase);
     m_note->setPlainText(content.note);
     m_note->setFixedHeight(Metrics::scaled(noteHeight));
     m_note->installEventFilter(this);

@@ -114,9 +114,10 @@ QWidget *HabitDetailView::makeArchivedLine()
 QLayout *HabitDetailView::makeFigures()
 {
     auto *row = new QHBoxLayout;
-    row->setSpacing(Metrics::margin);
-    for (QWidget *each : {m_done, m_streak, m_rate})
-        row->addWidget(each, 1);
+    row->setSpacing(Metrics::gap);
+    row->addWidget(m_done, 4);
+    row->addWidget(m_streak, 3);
+    row->addWidget(m_rate, 3);
     return row;
 }
 

@@ -161,8 +161,10 @@ QRect HabitListView::rowRect(const QModelIndex &index) const
 
 QRect HabitListView::placeOf(const QModelIndex &index) const
 {
-    const QRect cell = visualRect(index);
-    const QRect place = m_model.dayAt(index) ? HabitRowDelegate::circleIn(cell) : cell;
+    const bool isName = m_model.rowAt(index) && !m_model.dayAt(index);
+    const QModelIndex shown = isName ? index.siblingAtColumn(HabitListModel::todayColumn) : index;
+    const QRect cell = visualRect(shown);
+    const QRect place = m_model.dayAt(shown) ? HabitRowDelegate::circleIn(cell) : cell;
     return {viewport()->mapToGlobal(place.topLeft()), place.size()};
 }
 

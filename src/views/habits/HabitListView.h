@@ -29,7 +29,7 @@ public:
     void selectHabit(const QString &habitID);
     /// Gives it the keyboard; where no row is current the first habit becomes so.
     void takeKeyboard();
-    /// On the screen.
+    /// On the screen: the circle of the day, of a name that of today.
     QRect placeOf(const QModelIndex &index) const;
 
 Q_SIGNALS:
