@@ -1,5 +1,6 @@
 #include "app/LinkOpener.h"
 
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "support/CaseTable.h"
@@ -16,6 +17,7 @@ struct RecordingTarget final : LinkTarget {
     {
         shown << u"task %1 in %2"_s.arg(taskID, list.userDefaultEncode());
     }
+    void showHabit(const QString &habitID) override { shown << u"habit "_s + habitID; }
     void showMessage(const QString &sentence) override { shown << sentence; }
     QStringList shown;
 };
@@ -50,6 +52,10 @@ private Q_SLOTS:
                 .in(list)
                 .inState(state, "2030-05-01 08:00")
                 .savedIn(m_store);
+        KWHabitModel habit;
+        habit.sid = u"habit"_s;
+        habit.userID = m_store.userID();
+        saved(m_store, [&habit](ObjectContext &context) { context.insert<KWHabit>(habit); });
         m_links.emplace(m_store.kit().manager(), m_store.account(), m_store.kit().center(), m_target);
     }
     void init() { m_target.shown.clear(); }
