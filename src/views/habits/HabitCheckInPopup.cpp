@@ -33,7 +33,7 @@ QPushButton *makePopupButton(const char *name, const QString &text = {})
     auto *button = new QPushButton{text};
     button->setObjectName(QLatin1StringView{name});
     button->setAccessibleName(text);
-    button->setAutoDefault(false);
+    button->setAutoDefault(true);
     return button;
 }
 
@@ -158,6 +158,8 @@ void HabitCheckInPopup::showDay()
                        : isDone                   ? KWLocalizedString("Not Done")
                                                   : KWLocalizedString("Done"));
     m_done->setDefault(!m_content.habit.isRealType && !isDone);
+    m_done->setEnabled(!m_content.habit.isRealType || !isDone);
+    m_save->setDefault(m_content.habit.isRealType);
     setTextOf(*m_unAchieved, day.state == HabitDayState::UnAchieved ? KWLocalizedString("Undo Not Achieved")
                                                                     : KWLocalizedString("Not Achieved"));
     setTextOf(*m_skip, day.state == HabitDayState::Skipped ? KWLocalizedString("Undo Skip")

@@ -45,18 +45,18 @@ void HabitCheckIns::check(const QString &habitID, Day day, bool takesBack)
     const bool isUnticked = !content->habit.isRealType && content->day.state == HabitDayState::Done;
     const auto done = m_checks.check(habitID, DayStamp::fromDay(day),
                                      takesBack || isUnticked ? HabitCheck::TakeBack : HabitCheck::Add);
-    report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID);
+    report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID, day);
 }
 
 void HabitCheckIns::clickDay(const QString &habitID, Day day, const QRect &place)
 {
     const auto done = m_days.clickDay(habitID, DayStamp::fromDay(day), place);
-    report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID);
+    report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID, day);
 }
 
 void HabitCheckIns::apply(const QString &habitID, Day day, const HabitDayEdit &edit)
 {
-    report(store(habitID, day, edit), habitID);
+    report(store(habitID, day, edit), habitID, day);
 }
 
 void HabitCheckIns::openPopup(const QString &habitID, Day day, const QRect &anchor)
@@ -74,12 +74,13 @@ void HabitCheckIns::take(const HabitDayEdit &edit)
     HabitCheckInPopup *popup = m_popup;
     if (!popup) return;
     const QString habitID = popup->habitID();
+    const Day day = popup->day();
     m_isStoring = true;
-    const auto done = store(habitID, popup->day(), edit);
+    const auto done = store(habitID, day, edit);
     m_isStoring = false;
     if (!done && popup->isVisible() && find(habitID)) return popup->showProblem(done.error().sentence);
     popup->discard();
-    report(done, habitID);
+    report(done, habitID, day);
 }
 
 void HabitCheckIns::refreshPopup()
@@ -135,12 +136,14 @@ Result<QList<UndoToken>> HabitCheckIns::store(const QString &habitID, Day day, c
     return tokens;
 }
 
-void HabitCheckIns::report(const Result<QList<UndoToken>> &done, const QString &habitID)
+void HabitCheckIns::report(const Result<QList<UndoToken>> &done, const QString &habitID, Day day)
 {
     if (!done) return Q_EMIT failed(done.error().sentence);
-    const KWHabit *habit = find(habitID);
-    if (!habit || !HabitUndo::hasAny(*done)) return;
-    Q_EMIT changed(KWLocalizedString("%1 changed").arg(HabitPhrases::quoted((*habit)->name)),
-                   HabitUndo::undoing(*done, m_kit.manager(),
-                                      [this](const QString &sentence) { Q_EMIT failed(sentence); }));
+    const auto content = contentOf(habitID, day);
+    if (!content || !HabitUndo::hasAny(*done)) return;
+    Q_EMIT changed(
+        KWLocalizedString("%1: %2").arg(HabitPhrases::quoted(content->habit.name),
+                                        HabitPhrases::state(content->day, content->habit, QLocale{})),
+        HabitUndo::undoing(*done, m_kit.manager(),
+                           [this](const QString &sentence) { Q_EMIT failed(sentence); }));
 }

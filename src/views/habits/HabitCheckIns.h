@@ -34,7 +34,7 @@ private:
     void refreshPopup();
     Result<QList<UndoToken>> store(const QString &habitID, Day day, const HabitDayEdit &edit);
     Result<UndoToken> mark(const QString &habitID, int stamp, HabitDayEdit::Mark mark);
-    void report(const Result<QList<UndoToken>> &done, const QString &habitID);
+    void report(const Result<QList<UndoToken>> &done, const QString &habitID, Day day);
     const KWHabit *find(const QString &habitID) const;
     std::optional<HabitCheckInPopup::Content> contentOf(const QString &habitID, Day day) const;
 

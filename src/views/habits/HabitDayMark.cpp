@@ -43,6 +43,14 @@ QRectF within(const QRectF &circle)
     return circle.adjusted(inset, inset, -inset, -inset);
 }
 
+// To be seen on a selected row as well.
+QColor quietRing()
+{
+    QColor color = Theme::current().control;
+    color.setAlphaF(0.45F);
+    return color;
+}
+
 void paintRing(QPainter &painter, const QRectF &circle, const QPen &line)
 {
     painter.setPen(line);
@@ -74,7 +82,7 @@ void paintOpen(QPainter &painter, const QRectF &circle, const HabitDay &day, con
 {
     if (day.value > 0) return HabitDayMark::paintProgress(painter, circle, day.progress(), color);
     if (!day.isDue) return paintNotDue(painter, circle);
-    paintRing(painter, circle, pen(Theme::current().hairline, circle));
+    paintRing(painter, circle, pen(quietRing(), circle));
 }
 
 } // namespace
@@ -113,7 +121,7 @@ void HabitDayMark::paintProgress(QPainter &painter, const QRectF &circle, double
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    paintRing(painter, circle, pen(Theme::current().hairline, circle));
+    paintRing(painter, circle, pen(quietRing(), circle));
     painter.setPen(pen(color, circle));
     constexpr int sixteenths = 16;
     painter.drawArc(within(circle), 90 * sixteenths, -qRound(progress * 360 * sixteenths));

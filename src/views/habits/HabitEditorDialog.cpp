@@ -197,7 +197,7 @@ QLayout *HabitEditorDialog::makeFooter()
         auto *button = new QPushButton{text};
         button->setObjectName(QLatin1StringView{name});
         button->setAccessibleName(text);
-        button->setAutoDefault(false);
+        button->setAutoDefault(true);
         return button;
     };
     QPushButton *cancel = makeButton("cancelHabit", KWLocalizedString("Cancel"));

@@ -100,7 +100,8 @@ void HabitListView::returnToPlace()
     layOutColumns();
     layOutSections();
     QModelIndex current = m_model.indexOf(m_place.habitID, m_place.column);
-    if (!current.isValid()) current = m_model.indexOfSection(m_place.sectionID);
+    const bool isFolded = current.isValid() && !isExpanded(current.parent());
+    if (!current.isValid() || isFolded) current = m_model.indexOfSection(m_place.sectionID);
     if (current.isValid()) setCurrentIndex(current);
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(m_place.scroll);
@@ -207,5 +208,6 @@ void HabitListView::openMenu(const QModelIndex &index, const QPoint &globalPosit
         Q_EMIT habitMenuAboutToShow(*menu, *row, dayNear(index), placeOf(index));
     else
         Q_EMIT sectionMenuAboutToShow(*menu, m_model.sectionAt(index), placeOf(index));
+    if (menu->isEmpty()) return menu->deleteLater(); // of the archive
     menu->popup(globalPosition);
 }

@@ -129,6 +129,8 @@ void HabitListView::toggleFold(const QModelIndex &section)
     const QString id = m_model.sectionAt(section).sectionID;
     const bool folds = isExpanded(section);
     folds ? void(m_folded.insert(id)) : void(m_folded.remove(id));
+    // What is current would unfold it again.
+    if (folds && currentIndex().parent() == section) setCurrentIndex(section);
     setExpanded(section, !folds);
     Q_EMIT foldingChanged();
 }

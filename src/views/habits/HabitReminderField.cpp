@@ -41,7 +41,7 @@ HabitReminderField::HabitReminderField(const QStringList &reminders, QWidget *pa
     auto *add = new QPushButton{KWLocalizedString("Add")};
     add->setObjectName(u"habitAddReminder"_s);
     add->setAccessibleName(KWLocalizedString("Add Reminder"));
-    add->setAutoDefault(false);
+    add->setAutoDefault(true);
     auto *times = new FlowLayout{m_times};
     times->setContentsMargins({});
     times->setSpacing(2);

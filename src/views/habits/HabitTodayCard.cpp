@@ -42,8 +42,7 @@ HabitTodayCard::HabitTodayCard(QWidget *parent)
         makePlainLabel(KWLocalizedString("Today"), Fonts::Role::Secondary, QPalette::PlaceholderText));
     column->addLayout(row);
     connect(m_less, &QAbstractButton::clicked, this, [this] { Q_EMIT checkRequested(m_day, true); });
-    connect(m_more, &QAbstractButton::clicked, this,
-            [this] { Q_EMIT checkRequested(m_day, m_more->property("takesBack").toBool()); });
+    connect(m_more, &QAbstractButton::clicked, this, [this] { Q_EMIT checkRequested(m_day, m_takesBack); });
 }
 
 void HabitTodayCard::setDay(const KWHabitModel &habit, const HabitDay &day)
@@ -51,7 +50,7 @@ void HabitTodayCard::setDay(const KWHabitModel &habit, const HabitDay &day)
     m_day = day.day;
     m_value->setVisible(habit.isRealType);
     m_less->setVisible(habit.isRealType);
-    m_more->setProperty("takesBack", !habit.isRealType && day.state == HabitDayState::Done);
+    m_takesBack = !habit.isRealType && day.state == HabitDayState::Done;
     if (habit.isRealType)
         showAmount(habit, day);
     else

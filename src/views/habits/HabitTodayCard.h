@@ -29,6 +29,7 @@ private:
     void showDone(const HabitDay &day);
 
     Day m_day{};
+    bool m_takesBack = false; // what the larger button does
     QLabel *m_value;
     QLabel *m_words;
     PillButton *m_less;
