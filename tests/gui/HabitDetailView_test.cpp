@@ -75,6 +75,8 @@ private Q_SLOTS:
         QTest::mouseClick(&over<QAbstractButton>("habitCheckIn", "habitDayDone"), Qt::LeftButton);
         QTRY_VERIFY(days().dayAt(day)->state == HabitDayState::Done);
 
+        comeBack();
+        month().setFocus();
         month().setCurrentIndex(days().indexOf(*DayStamp::toDay(20261125)));
         m_client->press(Qt::Key_Return);
         QVERIFY(!isOpen("habitCheckIn"));

@@ -2,7 +2,7 @@
 
 #include "gui/HabitHands.h"
 #include "gui/WindowHelp.h"
-#include "model/records/DayStamp.h"
+#include "model/records/HabitFrequency.h"
 #include "support/TestMain.h"
 #include "views/habits/HabitListView.h"
 
@@ -80,7 +80,7 @@ private Q_SLOTS:
         save();
         QCOMPARE(HabitFrequency::ofRule(habit(u"Stretch"_s).repeatRule).toRule(),
                  HabitFrequency::ofRule(rule).toRule());
-        undo();
+        takeBack();
         QTRY_VERIFY(m_client->find<QWidget>("firstHabit").isVisible());
     }
 
@@ -180,7 +180,7 @@ private Q_SLOTS:
         save();
         QTRY_COMPARE(shownHabits(), u"[Morning] [Afternoon] [Night] [Noon] Stretch"_s);
         habits().setFocus();
-        undo();
+        takeBack();
         QTRY_COMPARE(shownHabits(), u"[Morning] [Afternoon] [Night]"_s);
     }
 

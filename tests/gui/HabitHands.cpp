@@ -22,8 +22,7 @@ void HabitHands::openHabits(const char *localTime)
 {
     startClient(localTime);
     m_client->rooms().menu().action(MenuCommand::OpenHabit).trigger();
-    m_client->window()->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_client->window()));
+    comeBack();
     QTRY_VERIFY(!m_client->window()->habitPane().content().sections.isEmpty());
 }
 
@@ -71,10 +70,12 @@ void HabitHands::makeHabit(const QString &name, const std::function<void(KWHabit
 
 void HabitHands::goToHabit(const QString &name, std::optional<int> ago) const
 {
-    m_client->window()->activateWindow();
+    comeBack();
     habits().setFocus();
+    const HabitListModel &model = m_client->window()->habitPane().model();
+    QTRY_VERIFY(model.indexOf(habitID(name)).isValid());
     const int column = ago ? HabitListModel::todayColumn - *ago : 0;
-    habits().setCurrentIndex(m_client->window()->habitPane().model().indexOf(habitID(name), column));
+    habits().setCurrentIndex(model.indexOf(habitID(name), column));
 }
 
 QMenu &HabitHands::habitMenu() const
@@ -117,6 +118,20 @@ void HabitHands::typeInto(QWidget &field, const QString &text) const
     field.setFocus();
     QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(&field, text);
+}
+
+void HabitHands::comeBack() const
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_client->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_client->window()));
+    if (!QApplication::focusWidget()) habits().setFocus();
+}
+
+void HabitHands::takeBack() const
+{
+    comeBack();
+    undo();
 }
 
 QString HabitHands::toastText() const

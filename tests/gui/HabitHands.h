@@ -34,6 +34,10 @@ public:
     }
     bool isOpen(const char *window) const;
     void typeInto(QWidget &field, const QString &text) const;
+    /// The keyboard is the window's own again after what stood over it.
+    void comeBack() const;
+    /// The same, and Ctrl+Z.
+    void takeBack() const;
     /// What the toast says.
     QString toastText() const;
 

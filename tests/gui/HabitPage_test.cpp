@@ -10,9 +10,11 @@
 #include "views/main/MainWindow.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
+#include <QApplication>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(dayOf(u"Drink water"_s, 1).value, 2.0);
         m_client->press(Qt::Key_Space, Qt::ShiftModifier);
         QCOMPARE(dayOf(u"Drink water"_s, 1).value, 1.0);
-        undo();
+        takeBack();
         QCOMPARE(dayOf(u"Drink water"_s, 1).value, 2.0);
     }
 
@@ -96,7 +98,7 @@ private Q_SLOTS:
         clickDay(u"Stretch"_s, 2);
         QVERIFY(!isOpen("habitCheckIn"));
         QVERIFY(dayOf(u"Stretch"_s, 2).state == HabitDayState::Open);
-        undo();
+        takeBack();
         QVERIFY(dayOf(u"Stretch"_s, 2).state == HabitDayState::UnAchieved);
     }
 
@@ -123,7 +125,7 @@ private Q_SLOTS:
         QCOMPARE(dayOf(u"Drink water"_s).value, 5.0);
         QVERIFY(dayOf(u"Drink water"_s).hasNote);
         goToHabit(u"Drink water"_s, 0);
-        undo();
+        takeBack();
         QCOMPARE(dayOf(u"Drink water"_s).value, 0.0);
         QVERIFY(!dayOf(u"Drink water"_s).hasNote);
     }
@@ -211,6 +213,30 @@ private Q_SLOTS:
         QTRY_COMPARE(shownHabits(), u"[Morning] [Afternoon] [Night] [Others] Read Stretch"_s);
     }
 
+    void habitsAreDraggedBetweenRowsAndOntoSections()
+    {
+        makeHabit(u"Stretch"_s);
+        makeHabit(u"Read"_s);
+        const auto drop = [this](const QString &name, const QModelIndex &onto, double share) {
+            QMimeData data;
+            data.setData(u"application/x-orvane-habit"_s, habitID(name).toUtf8());
+            const QRect row = habits().visualRect(onto);
+            const QPoint place{row.center().x(), row.top() + int(row.height() * share)};
+            QDragEnterEvent enter{place, Qt::MoveAction, &data, Qt::LeftButton, {}};
+            QApplication::sendEvent(habits().viewport(), &enter);
+            QDragMoveEvent move{place, Qt::MoveAction, &data, Qt::LeftButton, {}};
+            QApplication::sendEvent(habits().viewport(), &move);
+            QDropEvent end{QPointF{place}, Qt::MoveAction, &data, Qt::LeftButton, {}};
+            QApplication::sendEvent(habits().viewport(), &end);
+        };
+        drop(u"Read"_s, page().model().indexOf(habitID(u"Stretch"_s)), 0.2);
+        QTRY_COMPARE(shownHabits(), u"[Morning] [Afternoon] [Night] [Others] Read Stretch"_s);
+        drop(u"Stretch"_s, page().model().index(0, 0), 0.5);
+        QTRY_COMPARE(shownHabits(), u"[Morning] Stretch [Afternoon] [Night] [Others] Read"_s);
+        takeBack();
+        QTRY_COMPARE(shownHabits(), u"[Morning] [Afternoon] [Night] [Others] Read Stretch"_s);
+    }
+
     void deletingIsTakenBack()
     {
         makeHabit(u"Stretch"_s);
@@ -218,7 +244,7 @@ private Q_SLOTS:
         m_client->press(Qt::Key_Space);
         m_client->press(Qt::Key_Delete);
         QTRY_VERIFY(m_client->find<QWidget>("firstHabit").isVisible());
-        undo();
+        takeBack();
         QTRY_VERIFY(shownHabits().contains(u"Stretch"_s));
         QVERIFY(dayOf(u"Stretch"_s).state == HabitDayState::Done);
     }

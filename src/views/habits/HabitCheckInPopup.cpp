@@ -178,7 +178,6 @@ void HabitCheckInPopup::popUp(const QRect &anchor)
         fitsBelow ? anchor.bottom() + Metrics::grid : anchor.top() - Metrics::grid - size.height();
     place({anchor.center().x() - size.width() / 2, top}, size);
     show();
-    activateWindow();
     if (m_content.habit.isRealType) {
         m_amount->setFocus(Qt::PopupFocusReason);
         m_amount->selectAll();

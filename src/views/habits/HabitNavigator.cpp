@@ -32,10 +32,17 @@ void HabitNavigator::takePage(const HabitPageContent &content)
     if (!m_wanted.isEmpty()) {
         showHabit(m_wanted);
     } else if (!std::exchange(m_isRead, true) && m_pane.list().currentHabit().isEmpty()) {
-        for (const HabitSection &section : content.sections)
-            if (!section.rows.isEmpty() && m_pane.list().currentHabit().isEmpty())
-                m_pane.list().selectHabit(section.rows.first().habit.sid);
+        selectFirst(content);
     }
+}
+
+// Of a section that is not folded.
+void HabitNavigator::selectFirst(const HabitPageContent &content)
+{
+    const QStringList folded = m_pane.list().foldedSections();
+    for (const HabitSection &each : content.sections)
+        if (!each.rows.isEmpty() && !folded.contains(each.sectionID))
+            return m_pane.list().selectHabit(each.rows.first().habit.sid);
 }
 
 void HabitNavigator::showHabit(const QString &habitID)

@@ -25,6 +25,7 @@ Q_SIGNALS:
 
 private:
     void takePage(const HabitPageContent &content);
+    void selectFirst(const HabitPageContent &content);
     void takeDetail(const HabitDetailContent &content);
     void showDetailOf(const QString &habitID);
     void turnMonths(int months);
