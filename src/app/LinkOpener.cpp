@@ -5,6 +5,7 @@
 #include "model/records/KWCalSubscription.h"
 #include "model/records/KWCalSubscriptionEvent.h"
 #include "model/records/KWCalendarDisplayConfiguration.h"
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWRepeatInstance.h"
 #include "model/records/KWSmartProject.h"
@@ -72,7 +73,7 @@ void LinkOpener::open(const QString &link)
             opened = openList(parsed->id);
             break;
         case OrvaneLink::Kind::Habit:
-            opened = Error{KWLocalizedString("The link is to a habit. This version has no habits yet.")};
+            opened = openHabit(parsed->id);
             break;
         case OrvaneLink::Kind::Event:
             opened = openEvent(parsed->id);
@@ -127,6 +128,15 @@ Result<void> LinkOpener::openEvent(const QString &eventID)
         return Error{KWLocalizedString("The event of this link is in a calendar that is hidden.")};
     m_target.showEvent(eventID, shown && !(*shown)->showsRepeats ? *(*event)->startDate
                                                                  : occurrenceToShow(event->model(), context));
+    return {};
+}
+
+Result<void> LinkOpener::openHabit(const QString &habitID)
+{
+    const KWHabit *habit = m_manager.MR_defaultContext().find<KWHabit>(habitID);
+    if (!habit || habit->isDeleted() || habit->model().userID != m_account.currentUserID())
+        return Error{KWLocalizedString("The habit of this link is not here any more.")};
+    m_target.showHabit(habitID);
     return {};
 }
 

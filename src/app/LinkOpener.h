@@ -25,6 +25,7 @@ public:
     virtual void showTask(const QString &taskID, const KWListIdentifier &list) = 0;
     /// In the calendar; `start` is its own or that of one of its occurrences.
     virtual void showEvent(const QString &eventID, Instant start) = 0;
+    virtual void showHabit(const QString &habitID) = 0;
     /// The link leads nowhere; the sentence says why.
     virtual void showMessage(const QString &sentence) = 0;
 };
@@ -41,6 +42,7 @@ private:
     Result<void> openTask(const QString &taskID);
     Result<void> openList(const QString &listID);
     Result<void> openEvent(const QString &eventID);
+    Result<void> openHabit(const QString &habitID);
     void openWaiting();
 
     KWCoreDataManager &m_manager;

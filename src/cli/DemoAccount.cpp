@@ -2,6 +2,7 @@
 
 #include "cli/CommandText.h"
 #include "cli/DemoContents.h"
+#include "cli/DemoHabits.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWFilter.h"
@@ -165,6 +166,7 @@ Result<void> fillDemoAccount(OrvaneKit &kit)
     return kit.account().openLocalAccount(QLocale{},
                                           [](const QString &userID, ObjectContext &context) -> Result<void> {
                                               DemoWriter{context, userID}.write();
+                                              writeDemoHabits(userID, context);
                                               return {};
                                           });
 }

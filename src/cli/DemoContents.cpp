@@ -106,6 +106,46 @@ constexpr List allLists[] = {
     {"Reading"_L1, "#d6409f"_L1, {}, reading},
 };
 
+constexpr Habit allHabits[] = {
+    {.name = "Stretch"_L1,
+     .iconRes = "sun"_L1,
+     .color = "#e79a0c"_L1,
+     .section = "Morning"_L1,
+     .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=1"_L1,
+     .week = "ddddddd"_L1,
+     .missesOneOf = 13},
+    {.name = "Write a page"_L1,
+     .iconRes = "pencil"_L1,
+     .color = "#8482f2"_L1,
+     .section = "Morning"_L1,
+     .repeatRule = "RRULE:FREQ=WEEKLY;X-TIMES=5"_L1,
+     .week = "ddxddd."_L1,
+     .missesOneOf = 4},
+    {.name = "Drink water"_L1,
+     .iconRes = "waves"_L1,
+     .color = "#3e8ef7"_L1,
+     .section = "Afternoon"_L1,
+     .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=1"_L1,
+     .unit = "cups"_L1,
+     .goal = 8,
+     .week = "ddd4dd5"_L1,
+     .missesOneOf = 6},
+    {.name = "Read"_L1,
+     .iconRes = "moon"_L1,
+     .color = "#2b9a66"_L1,
+     .section = "Night"_L1,
+     .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=1;BYDAY=MO,WE,FR"_L1,
+     .week = "dddddd."_L1,
+     .missesOneOf = 9},
+    {.name = "Practise the piano"_L1,
+     .iconRes = "music"_L1,
+     .color = "#d6409f"_L1,
+     .section = "Night"_L1,
+     .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=3"_L1,
+     .week = "dddddd."_L1,
+     .missesOneOf = 7},
+};
+
 } // namespace
 
 std::span<const QLatin1StringView> tags() { return allTags; }
@@ -113,6 +153,8 @@ std::span<const QLatin1StringView> tags() { return allTags; }
 std::span<const Filter> filters() { return allFilters; }
 
 std::span<const Task> inboxTasks() { return inbox; }
+
+std::span<const Habit> habits() { return allHabits; }
 
 std::span<const List> lists() { return allLists; }
 

@@ -49,9 +49,26 @@ struct Filter {
     QLatin1StringView rule;
 };
 
+/// A habit with two months of days behind it.
+struct Habit {
+    QLatin1StringView name;
+    QLatin1StringView iconRes;
+    QLatin1StringView color;
+    QLatin1StringView section; ///< the stored name of one that every account begins with
+    QLatin1StringView repeatRule;
+    QLatin1StringView unit{}; ///< of an amount; empty for one that is done or not
+    double goal = 1;
+    /// The last seven days, today last: "d" done, "x" not achieved, "s" skipped, a digit that amount, "."
+    /// open.
+    QLatin1StringView week;
+    int missesOneOf = 0; ///< so many of the days before were due for one that was missed
+};
+
 std::span<const QLatin1StringView> tags();
 std::span<const Filter> filters();
 std::span<const Task> inboxTasks();
+/// In the order of their sections.
+std::span<const Habit> habits();
 /// In the order of the sidebar.
 std::span<const List> lists();
 

@@ -18,6 +18,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_calendars({kit.manager(), kit.account(), kit.center(), clock, services.feeds})
     , m_account(kit.account())
     , m_attachments(kit)
+    , m_habitDays(kit)
     , m_counts(m_sidebar)
     , m_menu(kit.defaults())
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
@@ -69,6 +70,7 @@ AppPorts DesktopRooms::ports()
             .userNotifications = m_reminders,
             .significantTimeChange = m_significantTimeChange,
             .attachments = m_attachments,
+            .dailyCheck = m_habitDays,
             .mainWindowController = m_mainWindow,
             .welcomeWindowController = m_welcomeWindow,
             .preferencesWindowController = m_preferences,

@@ -11,6 +11,7 @@
 #include "calendar/OccurrencesAhead.h"
 #include "calendar/subscriptions/CalSubscriptionService.h"
 #include "capture/NewTaskService.h"
+#include "habits/HabitDayWatch.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
 #include "model/store/KWAttachmentService.h"
@@ -74,6 +75,14 @@ private:
     private:
         KWAttachmentService m_service;
     };
+    class HabitDays : public DailyCheckPort {
+    public:
+        explicit HabitDays(OrvaneKit &kit) : m_watch(kit) {}
+        void run() override { m_watch.dailyCheck(); }
+
+    private:
+        HabitDayWatch m_watch;
+    };
     class ThemeSchedule : public ThemePort {
     public:
         void autoSwitchDarkIfNeeded() override;
@@ -97,6 +106,7 @@ private:
     CalSubscriptionService m_calendars;
     AccountManagerPort m_account;
     Attachments m_attachments;
+    HabitDays m_habitDays;
     Counts m_counts;
     ThemeSchedule m_theme;
     MainMenu m_menu;

@@ -4,6 +4,8 @@
 #include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/habits/HabitListView.h"
+#include "views/habits/HabitPane.h"
 #include "views/main/MainWindow.h"
 #include "views/pictures/CrowdedPage.h"
 #include "views/pictures/PagePicture.h"
@@ -14,6 +16,7 @@
 
 #include <QAction>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 
@@ -77,6 +80,20 @@ void changeCalendar(CalendarPane &pane, PicturePage::CalendarState state)
     }
 }
 
+// The first habit with an amount, whose detail has most parts.
+void selectHabitToShow(HabitPane &habits)
+{
+    for (const HabitSection &section : habits.content().sections)
+        for (const HabitRow &each : section.rows)
+            if (each.habit.isRealType) return habits.list().selectHabit(each.habit.sid);
+}
+
+void press(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent event{QEvent::KeyPress, key, modifiers};
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
 // Opens what the page shows over the list.
 void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
 {
@@ -89,6 +106,12 @@ void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
     case PicturePage::Kind::Palette:
         rooms.menu().action(MenuCommand::OpenPalette).trigger();
         return typeInto(window, u"paletteField"_s, page.text);
+    case PicturePage::Kind::HabitDetail:
+        return window.openDetail();
+    case PicturePage::Kind::HabitDay:
+        return press(window.habitPane().list(), Qt::Key_Return, Qt::ControlModifier);
+    case PicturePage::Kind::HabitEditor:
+        return press(window.habitPane().list(), Qt::Key_F2);
     case PicturePage::Kind::Schedule:
         return rooms.menu().action(MenuCommand::SetDate).trigger();
     case PicturePage::Kind::QuickAdd:
@@ -131,6 +154,7 @@ Result<void> drawPage(const PicturePage &page, const PictureRequest &request, Or
     window->resize(request.size);
     if (MainWindow *main = rooms.mainWindow().window()) {
         finishWork(kit);
+        selectHabitToShow(main->habitPane());
         openOver(*main, page, rooms);
     }
     finishWork(kit);

@@ -31,6 +31,7 @@ struct Recount {
 
 const Recount newDayComes{KWNewDayComesNotification, {Type::smartProject, Type::tag, Type::filter}};
 const Recount didPullHabits{KWSyncDidPullHabitsNotification, {Type::smartProject}};
+const Recount newHabitDayComes{KWNewHabitDayComesNotification, {Type::smartProject}};
 const Recount userSettingsDidChange{KWUserSettingsDidChangeNotification, {Type::smartProject, Type::filter}};
 const Recount calSubDidPullEvents{KWCalSubDidPullEventsNotification,
                                   with(calendars, {Type::smartProject, Type::filter})};
@@ -43,11 +44,17 @@ const Recount calSubDisplayStatusChanged{KWCalSubDisplayStatusDidChangeNotificat
                                          with(calendars, {Type::smartProject})};
 const Recount dataDidChangeOutside{KWDataDidChangeOutsideMainAppNotification, everyKind};
 
-const std::array<const Recount *, 10> recounts{
-    &newDayComes,          &didPullHabits,           &userSettingsDidChange,
-    &calSubDidPullEvents,  &repeatInstanceGenerated, &singleProjectSyncFinished,
-    &listDisplayDidChange, &habitSettingsDidChange,  &calSubDisplayStatusChanged,
-    &dataDidChangeOutside};
+const std::array<const Recount *, 11> recounts{&newDayComes,
+                                               &newHabitDayComes,
+                                               &didPullHabits,
+                                               &userSettingsDidChange,
+                                               &calSubDidPullEvents,
+                                               &repeatInstanceGenerated,
+                                               &singleProjectSyncFinished,
+                                               &listDisplayDidChange,
+                                               &habitSettingsDidChange,
+                                               &calSubDisplayStatusChanged,
+                                               &dataDidChangeOutside};
 
 SidebarCountKinds countsOf(Type type)
 {

@@ -2,6 +2,7 @@
 
 #include "corvexkit/time/TimeText.h"
 #include "model/records/KWCalSubscriptionEvent.h"
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWRepeatInstance.h"
 #include "model/records/KWTask.h"
@@ -27,6 +28,7 @@ struct RecordingTarget final : LinkTarget {
         const QString day = TimeText::fromDay(CXTimeZone{}.dayOf(start));
         shown << u"event %1 on %2"_s.arg(eventID, day);
     }
+    void showHabit(const QString &habitID) override { shown << u"habit "_s + habitID; }
     void showMessage(const QString &sentence) override { shown << sentence; }
     QStringList shown;
 };
@@ -81,6 +83,10 @@ private Q_SLOTS:
             QVERIFY(KWRepeatInstance::insertAll(made, m_store.userID(), context));
         });
         m_calendar = calendar;
+        KWHabitModel habit;
+        habit.sid = u"habit"_s;
+        habit.userID = m_store.userID();
+        saved(m_store, [&habit](ObjectContext &context) { context.insert<KWHabit>(habit); });
         m_links.emplace(m_store.kit().manager(), m_store.account(), m_store.kit().center(), m_target);
     }
     void init() { m_target.shown.clear(); }

@@ -112,11 +112,15 @@ private Q_SLOTS:
         QCOMPARE(paletteFor(u"tags"_s), QStringList{u"Search all for “tags”"_s}); // a heading is no list
         answer(Qt::Key_Escape);
 
-        paletteFor(u"habits"_s);
+        paletteFor(u"summary"_s);
         QTest::keyClick(palette()->findChild<QWidget *>(u"paletteField"_s), Qt::Key_Return);
         QVERIFY(palette()); // this version has none, and the row says so
-        QCOMPARE(palette()->rows().current()->note, u"This version has no habits yet."_s);
+        QCOMPARE(palette()->rows().current()->note, u"This version has no summary yet."_s);
         answer(Qt::Key_Escape);
+
+        paletteFor(u"habits"_s);
+        answer(Qt::Key_Return);
+        QVERIFY(m_client->window()->isHabitsShown());
     }
 
     void opensTasksOfArchivedLists()

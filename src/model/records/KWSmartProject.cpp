@@ -80,6 +80,7 @@ SMART_PROJECT(inbox, u"smart.inbox"_s, "Inbox")
 SMART_PROJECT(project, u"smart.project"_s, "Lists")
 SMART_PROJECT(subcal, u"smart.subcal"_s, "Subscriptions")
 SMART_PROJECT(calendar, u"smart.calendar"_s, "Calendar")
+SMART_PROJECT(habit, u"smart.habit"_s, "Habits")
 #undef SMART_PROJECT
 
 std::span<const KWSmartProject *const> KWSmartProject::configurable()
@@ -94,7 +95,7 @@ const KWSmartProject *KWSmartProject::withIdentifier(const QString &identifier)
 {
     for (const KWSmartProject *each : configurable())
         if (each->identifier() == identifier) return each;
-    for (const KWSmartProject *each : {&inbox(), &project(), &subcal(), &calendar()})
+    for (const KWSmartProject *each : {&inbox(), &project(), &subcal(), &calendar(), &habit()})
         if (each->identifier() == identifier) return each;
     return nullptr;
 }
@@ -108,7 +109,7 @@ bool KWSmartProject::isListOfTasks() const
 KWSmartProjectVisibility KWSmartProject::defaultVisibility() const
 {
     const bool isShown = isToday() || isTomorrow() || isNext7Days() || isCompleted() || isTrash() ||
-                         this == &tag() || this == &filter();
+                         this == &tag() || this == &filter() || this == &habit();
     return isShown ? KWSmartProjectVisibilityShown : KWSmartProjectVisibilityHidden;
 }
 

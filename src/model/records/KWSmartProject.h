@@ -31,6 +31,8 @@ public:
     static const KWSmartProject &subcal();
     /// Days with all that has a date: no list of tasks, and always in the sidebar.
     static const KWSmartProject &calendar();
+    /// The habits: no list of tasks either; it has a visibility setting of its own.
+    static const KWSmartProject &habit();
 
     /// Every instance that has a visibility setting, in the order of the settings.
     static std::span<const KWSmartProject *const> configurable();

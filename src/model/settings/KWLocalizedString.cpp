@@ -15,6 +15,9 @@ constexpr std::pair<std::string_view, const char *> englishTexts[] = {
     {"priority_None", "None"},
     {"by_created_time", "By Created Time"},
     {"by_modified_time", "By Modified Time"},
+    {"Habit_Freq_Daily", "Daily"},
+    {"Habit_Freq_Weekly", "Weekly"},
+    {"Habit_Freq_Repeat", "Interval"},
     {"Crash Protection Title", "Orvane closed unexpectedly several times"},
     {"Crash Protection Message",
      "The last starts each ended within five seconds. Your tasks are safe in the data folder. You can start "

@@ -35,6 +35,8 @@ inline const Setting<QStringList> foldedNodes{"folded_nodes_of_", DefaultsScope:
 
 /// Of a user: whether the tasks without a date stand beside the calendar.
 inline constexpr Setting<bool> calendarTray{"calendar_tray_of_", DefaultsScope::Standard, false};
+/// Of a user: the ids of the folded sections of the habits.
+inline const Setting<QStringList> foldedHabitSections{"folded_habit_sections_of_", DefaultsScope::Group, {}};
 
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};

@@ -2,6 +2,7 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWHabit.h"
 #include "model/records/KWTask.h"
 #include "model/store/KWListDataFetcher.h"
 
@@ -23,6 +24,13 @@ bool touchesChecklists(const StoreChange &change)
            std::ranges::any_of(change.taskMoves, [](const TaskMove &each) {
                return isChecklist(each.from) || isChecklist(each.to);
            });
+}
+
+// Whether other habits may be open today now.
+bool touchesHabits(const StoreChange &change)
+{
+    return change.touches(RecordKind::Habit) || change.touches(RecordKind::HabitCheckin) ||
+           change.touches(RecordKind::HabitSkip);
 }
 
 } // namespace
@@ -72,7 +80,9 @@ void KWProjectListCountFetcher::take(const StoreChange &change)
                                change.touches(RecordKind::User) || change.touches(RecordKind::Filter) ||
                                change.touches(RecordKind::UserSettings);
     const bool itemsChanged = touchesChecklists(change);
-    if (change.taskMoves.isEmpty() && !placesChanged && !itemsChanged) return;
+    const bool habitsChanged = touchesHabits(change);
+    if (change.taskMoves.isEmpty() && !placesChanged && !itemsChanged && !habitsChanged) return;
+    if (habitsChanged) m_wanted |= SidebarCountKind::SmartLists;
     // A count under way may or may not have seen this save, and one that is done may have seen a late one.
     if (m_isCounting || change.isLate) m_wanted = allSidebarCounts;
     if (m_counts) {
@@ -89,11 +99,10 @@ void KWProjectListCountFetcher::take(const StoreChange &change)
 void KWProjectListCountFetcher::countNow()
 {
     ObjectContext &context = m_manager.MR_defaultContext();
-    const auto counts = SidebarCounts::read(m_userID, context.clock(), context.connection());
-    if (counts)
-        m_counts = *counts;
-    else
-        countLog.error(counts.error().sentence);
+    auto counts = SidebarCounts::read(m_userID, context.clock(), context.connection());
+    if (!counts) return countLog.error(counts.error().sentence);
+    counts->setOpenHabits(m_counts->openHabits());
+    m_counts = *counts;
 }
 
 void KWProjectListCountFetcher::recountItems(SidebarCounts &counts, const QStringList &leftOut)
@@ -127,6 +136,7 @@ void KWProjectListCountFetcher::recount()
         Result<SidebarCounts> read = SidebarCounts::read(userID, context.clock(), context.connection());
         if (!read) return read.error();
         *counts = std::move(*read);
+        counts->setOpenHabits(KWHabit::countOpenToday(userID, context));
         return {};
     };
     KWCoreDataService{m_manager}.async_perform(count,

@@ -202,6 +202,7 @@ std::optional<int> SidebarCounts::count(const KWListIdentifier &list) const
         if (smart->isTomorrow()) return m_datedTasks.tomorrow + m_datedItems.tomorrow;
         if (smart->isNext7Days()) return m_datedTasks.next7Days + m_datedItems.next7Days;
         if (smart->isAssigneedToMe()) return m_assignedTasks;
+        if (smart == &KWSmartProject::habit()) return m_openHabits;
         return std::nullopt;
     }
     case KWListIdentifierType::Filter: {
@@ -252,6 +253,7 @@ void SidebarCounts::take(const SidebarCounts &others, SidebarCountKinds kinds)
         taken.m_datedTasks = m_datedTasks;
         taken.m_datedItems = m_datedItems;
         taken.m_assignedTasks = m_assignedTasks;
+        taken.m_openHabits = m_openHabits;
     }
     *this = std::move(taken);
 }

@@ -40,6 +40,10 @@ public:
     Result<void> recountChecklistItems(const QString &userID, const QStringList &leftOut,
                                        Connection &connection);
 
+    /// How many habits are open today, which is nothing that a task changes.
+    void setOpenHabits(int number) { m_openHabits = number; }
+    int openHabits() const { return m_openHabits; }
+
     /// Takes the counts of these kinds from others; folders are lists.
     void take(const SidebarCounts &others, SidebarCountKinds kinds);
 
@@ -95,4 +99,5 @@ private:
     Dated m_datedTasks;
     Dated m_datedItems;
     int m_assignedTasks = 0;
+    int m_openHabits = 0;
 };

@@ -1,7 +1,6 @@
 #include "views/main/DetailColumn.h"
 
 #include "app/KWDelayDeleteManager.h"
-#include "views/calendar/CalendarPane.h"
 #include "views/main/MainWindow.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListPane.h"
@@ -33,7 +32,5 @@ void DetailColumn::showOther(const QString &taskID)
 void DetailColumn::giveKeyboardBack()
 {
     if (!m_window.detail().isAncestorOf(m_window.focusWidget())) return;
-    QWidget &middle =
-        m_window.isCalendarShown() ? static_cast<QWidget &>(m_window.calendarPane()) : m_window.listPane();
-    middle.setFocus(Qt::OtherFocusReason);
+    m_window.middle().setFocus(Qt::OtherFocusReason);
 }

@@ -5,6 +5,9 @@
 #include "views/addfield/FieldPickers.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/habits/HabitDetailView.h"
+#include "views/habits/HabitListView.h"
+#include "views/habits/HabitPane.h"
 #include "views/main/SheetShadow.h"
 #include "views/menu/HiddenMenuBar.h"
 #include "views/menu/MainMenu.h"
@@ -46,8 +49,11 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     , m_sidebar(new SidebarView)
     , m_listPane(new TaskListPane{clock})
     , m_calendarPane(new CalendarPane{clock})
+    , m_habitPane(new HabitPane)
     , m_pages(new QStackedWidget)
     , m_detail(new TaskDetailView{clock})
+    , m_habitDetail(new HabitDetailView)
+    , m_details(new QStackedWidget)
     , m_sheetShadow(new SheetShadow{*this})
     , m_toast(new Toast{*this})
 {
@@ -55,12 +61,15 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     setWindowTitle(QCoreApplication::applicationName());
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
 
-    m_pages->addWidget(m_listPane);
-    m_pages->addWidget(m_calendarPane);
+    for (QWidget *each : {static_cast<QWidget *>(m_listPane), static_cast<QWidget *>(m_calendarPane),
+                          static_cast<QWidget *>(m_habitPane)})
+        m_pages->addWidget(each);
+    m_details->addWidget(m_detail);
+    m_details->addWidget(m_habitDetail);
     m_splitter->setObjectName(u"columns"_s);
     m_splitter->setChildrenCollapsible(false);
     for (QWidget *column : {static_cast<QWidget *>(m_sidebar), static_cast<QWidget *>(m_pages),
-                            static_cast<QWidget *>(m_detail)})
+                            static_cast<QWidget *>(m_details)})
         m_splitter->addWidget(column);
     m_splitter->setStretchFactor(1, 1);
 
@@ -74,7 +83,8 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
         if (handle == 1) keepSidebarWidth();
     });
     connect(&m_detail->header(), &DetailHeader::closeRequested, this, &MainWindow::closeDetailSheet);
-    for (QWidget *beside : {m_sidebar->tree().viewport(), m_listPane->list().viewport()})
+    for (QWidget *beside :
+         {m_sidebar->tree().viewport(), m_listPane->list().viewport(), m_habitPane->list().viewport()})
         beside->installEventFilter(this);
     for (const CalendarView *each : m_calendarPane->views())
         each->viewport()->installEventFilter(this);
@@ -146,17 +156,19 @@ void MainWindow::arrange()
         if (hasSheet) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
         m_hasSheet = hasSheet;
         if (hasSheet) {
-            m_detail->setParent(this);
+            m_details->setParent(this);
             setSheetShown(false);
         } else {
             m_sheetShadow->hide();
-            m_splitter->addWidget(m_detail);
-            m_detail->show();
+            m_splitter->addWidget(m_details);
+            m_details->show();
             m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter));
         }
         applySidebarWidth();
         m_detail->setAutoFillBackground(hasSheet);
+        m_habitDetail->setAutoFillBackground(hasSheet);
         m_detail->header().setHasClose(hasSheet);
+        m_habitDetail->setHasClose(hasSheet);
     }
     if (m_hasSheet) placeSheet();
 }
@@ -166,8 +178,8 @@ void MainWindow::limitColumns()
 {
     m_sidebar->setMinimumWidth(std::min(Metrics::scaled(Metrics::sidebarMinimumWidth), width() / 3));
     m_sidebar->setMaximumWidth(Metrics::scaled(Metrics::sidebarMaximumWidth));
-    m_detail->setMinimumWidth(Metrics::scaled(Metrics::detailMinimumWidth));
-    m_detail->setMaximumWidth(Metrics::scaled(Metrics::detailMaximumWidth));
+    m_details->setMinimumWidth(Metrics::scaled(Metrics::detailMinimumWidth));
+    m_details->setMaximumWidth(Metrics::scaled(Metrics::detailMaximumWidth));
 }
 
 void MainWindow::placeSheet()
@@ -175,28 +187,48 @@ void MainWindow::placeSheet()
     const int sheetWidth = qMin(Metrics::scaled(Metrics::detailWidth), width());
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const QRect columns = m_splitter->geometry(); // below the menu bar, when that is shown
-    m_detail->setGeometry(isMirrored ? 0 : width() - sheetWidth, columns.top(), sheetWidth, columns.height());
-    m_sheetShadow->standBeside(m_detail->geometry());
-    m_detail->raise();
+    m_details->setGeometry(isMirrored ? 0 : width() - sheetWidth, columns.top(), sheetWidth,
+                           columns.height());
+    m_sheetShadow->standBeside(m_details->geometry());
+    m_details->raise();
     m_toast->raise();
 }
 
 void MainWindow::setSheetShown(bool isShown)
 {
-    m_detail->setVisible(isShown);
+    m_details->setVisible(isShown);
     m_sheetShadow->setVisible(isShown);
 }
 
 void MainWindow::setCalendarShown(bool isShown)
 {
     if (isShown == isCalendarShown()) return;
-    const bool hadKeyboard = m_pages->isAncestorOf(focusWidget()) || m_detail->isAncestorOf(focusWidget());
-    m_pages->setCurrentWidget(isShown ? static_cast<QWidget *>(m_calendarPane) : m_listPane);
-    arrange();
-    if (hadKeyboard) m_pages->currentWidget()->setFocus(Qt::OtherFocusReason);
+    showPage(isShown ? static_cast<QWidget &>(*m_calendarPane) : *m_listPane, *m_detail);
 }
 
 bool MainWindow::isCalendarShown() const { return m_pages->currentWidget() == m_calendarPane; }
+
+void MainWindow::setHabitsShown(bool isShown)
+{
+    if (isShown == isHabitsShown()) return;
+    if (isShown)
+        showPage(*m_habitPane, *m_habitDetail);
+    else
+        showPage(*m_listPane, *m_detail);
+}
+
+bool MainWindow::isHabitsShown() const { return m_pages->currentWidget() == m_habitPane; }
+
+void MainWindow::showPage(QWidget &middle, QWidget &detail)
+{
+    const bool hadKeyboard = m_pages->isAncestorOf(focusWidget()) || m_details->isAncestorOf(focusWidget());
+    m_pages->setCurrentWidget(&middle);
+    m_details->setCurrentWidget(&detail);
+    arrange();
+    if (hadKeyboard) middle.setFocus(Qt::OtherFocusReason);
+}
+
+QWidget &MainWindow::middle() const { return *m_pages->currentWidget(); }
 
 void MainWindow::openDetail()
 {
@@ -204,7 +236,7 @@ void MainWindow::openDetail()
         setSheetShown(true);
         placeSheet();
     }
-    m_detail->setFocus(Qt::OtherFocusReason);
+    m_details->currentWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::closeDetailSheet()
@@ -215,8 +247,8 @@ void MainWindow::closeDetailSheet()
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    const bool isSheetShown = m_hasSheet && m_detail->isVisible();
-    if (event->key() == Qt::Key_Escape && (isSheetShown || m_detail->isAncestorOf(focusWidget())))
+    const bool isSheetShown = m_hasSheet && m_details->isVisible();
+    if (event->key() == Qt::Key_Escape && (isSheetShown || m_details->isAncestorOf(focusWidget())))
         closeDetailSheet();
     else
         QWidget::keyPressEvent(event);

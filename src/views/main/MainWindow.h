@@ -9,6 +9,8 @@
 #include <optional>
 
 class CalendarPane;
+class HabitDetailView;
+class HabitPane;
 class KWUserDefaults;
 class MainMenu;
 class QSplitter;
@@ -36,11 +38,18 @@ public:
     TaskListPane &listPane() { return *m_listPane; }
     CalendarPane &calendarPane() { return *m_calendarPane; }
     TaskDetailView &detail() { return *m_detail; }
+    HabitPane &habitPane() { return *m_habitPane; }
+    HabitDetailView &habitDetail() { return *m_habitDetail; }
+    /// What stands in the middle now.
+    QWidget &middle() const;
     Toast &toast() { return *m_toast; }
 
     /// In place of the list and the detail beside it.
     void setCalendarShown(bool isShown);
     bool isCalendarShown() const;
+    /// The habits in place of the list, and the detail of one in place of the task's.
+    void setHabitsShown(bool isShown);
+    bool isHabitsShown() const;
 
     /// Brings the detail into view, and the keyboard into it.
     void openDetail();
@@ -84,6 +93,7 @@ private:
     void limitColumns();
     void placeSheet();
     void setSheetShown(bool isShown);
+    void showPage(QWidget &middle, QWidget &detail);
     void showToast(const QString &message, const QString &action);
     void showFailure(const QString &sentence, const QObject &work);
     void endFailure(const QObject &work);
@@ -102,8 +112,11 @@ private:
     SidebarView *m_sidebar;
     TaskListPane *m_listPane;
     CalendarPane *m_calendarPane;
-    QStackedWidget *m_pages; // the middle column: one of these two
+    HabitPane *m_habitPane;
+    QStackedWidget *m_pages; // the middle column: one of these
     TaskDetailView *m_detail;
+    HabitDetailView *m_habitDetail;
+    QStackedWidget *m_details; // the right column: one of these two
     SheetShadow *m_sheetShadow;
     Toast *m_toast;
     bool m_hasSheet = false;          // the detail is one

@@ -68,7 +68,8 @@ void MainWindowCommands::connectTaskCommands()
     const auto today = [this] { return m_parts.clock.today(); };
     on(MenuCommand::AddTask, [this] { addTask(); });
     on(MenuCommand::ShowTitleHelp, [this] {
-        if (m_parts.window.isCalendarShown()) m_parts.sidebar.select(KWListIdentifier::todayProject());
+        if (&m_parts.window.middle() != &m_parts.window.listPane())
+            m_parts.sidebar.select(KWListIdentifier::todayProject());
         addTask();
         FieldHelp::showBelow(m_parts.window.listPane().addField());
     });
@@ -98,8 +99,10 @@ void MainWindowCommands::connectTaskCommands()
     on(MenuCommand::ExportList, [this] { exportList(); });
     for (const MenuCommand each : {MenuCommand::Print, MenuCommand::ExportList})
         m_parts.menu.setHindrance(each, [this] {
-            return m_parts.window.isCalendarShown()
-                       ? KWLocalizedString("This is for lists, and the calendar is shown.")
+            if (m_parts.window.isCalendarShown())
+                return KWLocalizedString("This is for lists, and the calendar is shown.");
+            return m_parts.window.isHabitsShown()
+                       ? KWLocalizedString("This is for lists, and the habits are shown.")
                        : QString{};
         });
 }
@@ -154,6 +157,7 @@ void MainWindowCommands::connectLists()
     opens(MenuCommand::OpenTomorrow, KWSmartProject::tomorrow());
     opens(MenuCommand::OpenNext7Days, KWSmartProject::next7days());
     opens(MenuCommand::OpenCalendar, KWSmartProject::calendar());
+    opens(MenuCommand::OpenHabit, KWSmartProject::habit());
     opens(MenuCommand::OpenAll, KWSmartProject::all());
     opens(MenuCommand::OpenAssignedToMe, KWSmartProject::assignedToMe());
     opens(MenuCommand::OpenCompleted, KWSmartProject::completed());
@@ -168,7 +172,6 @@ void MainWindowCommands::connectLists()
         on(command, [] {});
         m_parts.menu.setHindrance(command, [reason] { return KWLocalizedString(reason); });
     };
-    missing(MenuCommand::OpenHabit, "This version has no habits yet.");
     missing(MenuCommand::OpenSummary, "This version has no summary yet.");
 }
 
@@ -177,7 +180,8 @@ void MainWindowCommands::addTask()
     if (m_parts.window.isCalendarShown()) return m_parts.window.calendarPane().view().createHere();
     KWNewTaskTextField &field = m_parts.window.listPane().addField();
     // A list of closed tasks has none.
-    if (field.isHidden()) m_parts.sidebar.select(KWListIdentifier::todayProject());
+    if (field.isHidden() || m_parts.window.isHabitsShown())
+        m_parts.sidebar.select(KWListIdentifier::todayProject());
     m_parts.window.activateWindow();
     field.setFocus(Qt::ShortcutFocusReason);
 }

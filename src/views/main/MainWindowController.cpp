@@ -11,6 +11,7 @@
 #include "views/main/CalendarColumn.h"
 #include "views/main/DetailColumn.h"
 #include "views/main/FirstPaint.h"
+#include "views/main/HabitColumn.h"
 #include "views/main/ListColumn.h"
 #include "views/main/MainWindow.h"
 #include "views/main/MainWindowCommands.h"
@@ -32,8 +33,10 @@ struct MainWindowController::Content {
         , list{rooms, window, actions, editor}
         , detail{rooms, window, actions, toasts}
         , calendar{rooms, window, actions, detail}
+        , habits{rooms, window}
         , search{rooms, window, actions, detail.task()}
-        , selected{window.listPane().list(), search.page(), window.calendarPane(), detail.task()}
+        , selected{window.listPane().list(), search.page(), window.calendarPane(), window.habitPane(),
+                   detail.task()}
         , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, rooms.kit.account(),
                     rooms.clock}}
     {
@@ -46,6 +49,7 @@ struct MainWindowController::Content {
     ListColumn list;
     DetailColumn detail;
     CalendarColumn calendar;
+    HabitColumn habits;
     WindowSearch search;
     SelectedTasks selected;
     MainWindowCommands commands;
@@ -117,6 +121,14 @@ void MainWindowController::showEvent(const QString &eventID, Instant start)
     takeKeyboard();
 }
 
+void MainWindowController::showHabit(const QString &habitID)
+{
+    show();
+    m_content->habits.showHabit(habitID);
+    select(KWListIdentifier::smartProject(KWSmartProject::habit().identifier()));
+    takeKeyboard();
+}
+
 void MainWindowController::showMessage(const QString &sentence)
 {
     show();
@@ -130,7 +142,7 @@ void MainWindowController::make()
     connectColumns();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
-    if (m_content->window.isCalendarShown())
+    if (m_content->window.isCalendarShown() || m_content->window.isHabitsShown())
         takeKeyboard();
     else
         m_content->window.listPane().addField().setFocus();
@@ -150,15 +162,21 @@ void MainWindowController::connectColumns()
     connect(&content.search, &WindowSearch::pageOpening, &content.calendar, &CalendarColumn::giveWayToSearch);
     connect(&content.search, &WindowSearch::pageClosed, &content.calendar,
             &CalendarColumn::comeBackFromSearch);
+    connect(&content.search, &WindowSearch::pageOpening, &content.habits, &HabitColumn::giveWayToSearch);
+    connect(&content.search, &WindowSearch::pageClosed, &content.habits, &HabitColumn::comeBackFromSearch);
     connect(&content.search, &WindowSearch::listChosen, this, &MainWindowController::showList);
     connect(&content.search, &WindowSearch::taskChosen, this, &MainWindowController::openTask);
 }
 
 void MainWindowController::showSelected(const KWListIdentifier &list)
 {
-    if (list == KWListIdentifier::smartProject(KWSmartProject::calendar().identifier()))
-        return m_content->calendar.show();
-    m_content->calendar.hide();
+    const auto is = [&list](const KWSmartProject &smart) {
+        return list == KWListIdentifier::smartProject(smart.identifier());
+    };
+    if (!is(KWSmartProject::calendar())) m_content->calendar.hide();
+    if (!is(KWSmartProject::habit())) m_content->habits.hide();
+    if (is(KWSmartProject::calendar())) return m_content->calendar.show();
+    if (is(KWSmartProject::habit())) return m_content->habits.show();
     m_content->list.show(list);
 }
 
@@ -166,6 +184,8 @@ void MainWindowController::takeKeyboard()
 {
     if (m_content->window.isCalendarShown())
         m_content->window.calendarPane().setFocus(Qt::OtherFocusReason);
+    else if (m_content->window.isHabitsShown())
+        m_content->habits.takeKeyboard();
     else
         m_content->list.takeKeyboard();
 }

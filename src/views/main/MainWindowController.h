@@ -34,6 +34,7 @@ public:
     void showList(const KWListIdentifier &list) override;
     void showTask(const QString &taskID, const KWListIdentifier &list) override;
     void showEvent(const QString &eventID, Instant start) override;
+    void showHabit(const QString &habitID) override;
     void showMessage(const QString &sentence) override;
 
     /// Opens the window of the filter; an empty id makes a new one.

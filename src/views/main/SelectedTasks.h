@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class CalendarPane;
+class HabitPane;
 class QPoint;
 class SearchController;
 class TaskDetailController;
@@ -11,14 +12,15 @@ class TaskListView;
 
 /// What the commands for tasks act on: the task with which the detail stays while one types in it, else,
 /// while the search page is shown, the hit that is selected, while the calendar is, what is selected there,
-/// else what is selected in the list. Main thread.
+/// else what is selected in the list; nothing while the habits
+/// are shown. Main thread.
 class SelectedTasks : public QObject {
     Q_OBJECT
 
 public:
     /// All outlive it.
     SelectedTasks(TaskListView &list, SearchController &search, CalendarPane &calendar,
-                  const TaskDetailController &detail);
+                  const HabitPane &habits, const TaskDetailController &detail);
 
     /// Of tasks and checklist items, from top to bottom.
     QStringList ids() const;
@@ -40,5 +42,6 @@ private:
     TaskListView &m_list;
     SearchController &m_search;
     CalendarPane &m_calendar;
+    const HabitPane &m_habits;
     const TaskDetailController &m_detail;
 };

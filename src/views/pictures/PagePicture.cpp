@@ -128,6 +128,13 @@ Result<PicturePage> PicturePage::read(const QString &page, OrvaneKit &kit)
     const QString text = page.section(u':', 1);
     if (page == u"welcome") return PicturePage{.kind = Kind::Welcome};
     if (page == u"detail") return PicturePage{.kind = Kind::Detail};
+    for (const auto &[habits, kind] : {std::pair{u"habits"_s, Kind::Habits},
+                                       {u"habit-detail"_s, Kind::HabitDetail},
+                                       {u"habit-day"_s, Kind::HabitDay},
+                                       {u"edit-habit"_s, Kind::HabitEditor}})
+        if (page == habits)
+            return PicturePage{.kind = kind,
+                               .list = KWListIdentifier::smartProject(KWSmartProject::habit().identifier())};
     if (page == u"schedule") return PicturePage{.kind = Kind::Schedule};
     if (const auto calendar = calendarOfPage(name, text)) return *calendar;
     if (name == u"search") return PicturePage{.kind = Kind::Search, .text = text};

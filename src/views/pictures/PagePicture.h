@@ -42,7 +42,11 @@ struct PicturePage {
         FilterEditor,
         QuickAdd,
         Preferences,
-        Calendar
+        Calendar,
+        Habits,
+        HabitDetail,
+        HabitDay,
+        HabitEditor
     };
 
     Kind kind = Kind::List;

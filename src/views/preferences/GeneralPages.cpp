@@ -1,6 +1,7 @@
 #include "views/preferences/GeneralPages.h"
 
 #include "model/records/KWSmartProject.h"
+#include "model/records/KWUserSettings.h"
 #include "model/records/PriorityNames.h"
 #include "model/settings/ClockFormat.h"
 #include "model/settings/KWLocalizedString.h"
@@ -220,12 +221,43 @@ void NewTasksPage::addRecognition(const char *name, const char *label,
         [this, field](bool isOn) { return preferences().set(field, isOn); }, preferenceText(hint));
 }
 
+HabitsPage::HabitsPage(Preferences &preferences)
+    : PreferencesPage("habitsPage", preferenceText("Habits"), preferences)
+{
+    const auto addShown = [&](const char *name, const char *label, bool KWUserSettingsModel::*field,
+                              const char *hint) {
+        addSwitch(
+            name, preferenceText(label), [&preferences, field] { return preferences.settings().*field; },
+            [&preferences, field](bool isOn) { return preferences.set(field, isOn); }, preferenceText(hint));
+    };
+    addShown("habitsInToday", "Show in Today", &KWUserSettingsModel::showsInToday,
+             "The habits of the day stand below the tasks.");
+    addShown("habitsInCalendar", "Show in the calendar", &KWUserSettingsModel::showsInCalendar,
+             "The habits of a day stand above its hours.");
+    QList<Choice<int>> hours;
+    for (int hour = 0; hour <= KWUserSettings::latestHabitDayStart; ++hour)
+        hours.append({hour == 0 ? preferenceText("At midnight")
+                                : preferenceText("At %1").arg(
+                                      DateWording::timeOfDay(LocalTime{std::chrono::hours{hour}}, QLocale{})),
+                      hour});
+    addChoice<int>(
+        "habitDayStart", preferenceText("The day begins"), hours,
+        [&preferences] { return preferences.settings().habitDayStart; },
+        [&preferences](const int &hour) {
+            return preferences.set(&KWUserSettingsModel::habitDayStart, hour);
+        },
+        preferenceText("What is checked in before then belongs to the day before."));
+    endRows();
+}
+
 SmartListsPage::SmartListsPage(Preferences &preferences)
     : PreferencesPage("smartListsPage", preferenceText("Smart Lists"), preferences)
 {
-    for (const KWSmartProject *each : KWSmartProject::configurable()) {
-        if (!each->isListOfTasks() && each != &KWSmartProject::tag() && each != &KWSmartProject::filter())
-            continue;
+    QList<const KWSmartProject *> shown;
+    for (const KWSmartProject *each : KWSmartProject::configurable())
+        if (each->isListOfTasks()) shown.append(each);
+    shown << &KWSmartProject::habit() << &KWSmartProject::tag() << &KWSmartProject::filter();
+    for (const KWSmartProject *each : std::as_const(shown)) {
         addChoice<int>(
             each->identifier().toLatin1().constData(), each->displayName(),
             {{preferenceText("Shown"), int(KWSmartProjectVisibilityShown)},

@@ -50,6 +50,14 @@ private:
                         const char *hint);
 };
 
+/// Where habits are shown, and when their day begins.
+class HabitsPage : public PreferencesPage {
+    Q_OBJECT
+
+public:
+    explicit HabitsPage(Preferences &preferences);
+};
+
 /// Which smart lists the sidebar shows.
 class SmartListsPage : public PreferencesPage {
     Q_OBJECT

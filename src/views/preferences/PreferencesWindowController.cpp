@@ -13,13 +13,11 @@ namespace {
 
 const QHash<QString, QString> &pageObjectNames()
 {
-    static const QHash<QString, QString> names{{u"general"_s, u"generalPage"_s},
-                                               {u"notifications"_s, u"notificationsPage"_s},
-                                               {u"date-time"_s, u"dateTimePage"_s},
-                                               {u"new-tasks"_s, u"newTasksPage"_s},
-                                               {u"smart-lists"_s, u"smartListsPage"_s},
-                                               {u"shortcuts"_s, u"shortcutsPage"_s},
-                                               {u"data"_s, u"dataPage"_s}};
+    static const QHash<QString, QString> names{
+        {u"general"_s, u"generalPage"_s},     {u"notifications"_s, u"notificationsPage"_s},
+        {u"date-time"_s, u"dateTimePage"_s},  {u"new-tasks"_s, u"newTasksPage"_s},
+        {u"habits"_s, u"habitsPage"_s},       {u"smart-lists"_s, u"smartListsPage"_s},
+        {u"shortcuts"_s, u"shortcutsPage"_s}, {u"data"_s, u"dataPage"_s}};
     return names;
 }
 
@@ -72,6 +70,7 @@ void PreferencesWindowController::make()
     m_window->addPage(new NotificationsPage{m_preferences});
     m_window->addPage(new DateTimePage{m_preferences});
     m_window->addPage(new NewTasksPage{m_preferences});
+    m_window->addPage(new HabitsPage{m_preferences});
     m_window->addPage(new SmartListsPage{m_preferences});
     m_window->addPage(new ShortcutsPage{m_preferences, m_rooms.menu});
     m_window->addPage(data);

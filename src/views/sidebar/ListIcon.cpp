@@ -7,12 +7,13 @@
 
 Icon iconOfSmartList(const QString &identifier)
 {
-    static const std::array<std::pair<const KWSmartProject *, Icon>, 10> icons{{
+    static const std::array<std::pair<const KWSmartProject *, Icon>, 11> icons{{
         {&KWSmartProject::all(), Icon::All},
         {&KWSmartProject::today(), Icon::Today},
         {&KWSmartProject::tomorrow(), Icon::Tomorrow},
         {&KWSmartProject::next7days(), Icon::Next7Days},
         {&KWSmartProject::calendar(), Icon::Calendar},
+        {&KWSmartProject::habit(), Icon::Habits},
         {&KWSmartProject::assignedToMe(), Icon::AssignedToMe},
         {&KWSmartProject::completed(), Icon::Completed},
         {&KWSmartProject::abandoned(), Icon::Abandoned},

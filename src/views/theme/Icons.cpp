@@ -16,14 +16,18 @@ static void registerIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace {
 
-constexpr std::array<const char *, 33> fileNames{
-    "inbox",   "today",   "tomorrow", "next7days", "all",          "assigned",      "folder",
-    "archive", "tag",     "filter",   "completed", "abandoned",    "trash",         "summary",
-    "add",     "repeat",  "flag",     "check",     "chevron-down", "chevron-right", "enter",
-    "close",   "restore", "menu",     "more",      "pin",          "attachment",    "focus",
-    "note",    "shared",  "help",     "calendar",  "tray",
+constexpr std::array<const char *, 52> fileNames{
+    "inbox",        "today",         "tomorrow",     "next7days",  "all",        "assigned",
+    "folder",       "archive",       "tag",          "filter",     "completed",  "abandoned",
+    "trash",        "summary",       "add",          "repeat",     "flag",       "check",
+    "chevron-down", "chevron-right", "enter",        "close",      "restore",    "menu",
+    "more",         "pin",           "attachment",   "focus",      "note",       "shared",
+    "help",         "calendar",      "tray",         "habits",     "habit-star", "habit-sun",
+    "habit-moon",   "habit-pencil",  "habit-waves",  "habit-drop", "habit-cup",  "habit-apple",
+    "habit-book",   "habit-music",   "habit-weight", "habit-shoe", "habit-leaf", "habit-bed",
+    "habit-home",   "habit-chat",    "habit-coin",   "minus",
 };
-static_assert(fileNames.size() == std::size_t(Icon::Tray) + 1);
+static_assert(fileNames.size() == std::size_t(Icon::Minus) + 1);
 
 quint64 keyOf(Icon icon, int side, const QColor &color)
 {
