@@ -16,7 +16,7 @@ using Rows = QList<Row>;
 bool mixesTasksAndNotes(const Rows &rows)
 {
     const auto isNote = [](const Row &row) { return row.isNote(); };
-    const auto isTask = [](const Row &row) { return !row.isNote() && !row.isEvent(); };
+    const auto isTask = [](const Row &row) { return !row.isNote() && !row.isEvent() && !row.isHabit(); };
     return std::ranges::any_of(rows, isNote) && std::ranges::any_of(rows, isTask);
 }
 

@@ -46,9 +46,10 @@ KWTaskListService::KWTaskListService(KWCoreDataManager &manager, KWAccountManage
     const auto reloadOn = [this](const QString &name) {
         m_observations.push_back(m_center.addObserver(name, [this](const KWNotification &) { reload(); }));
     };
-    for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
-                                KWNewDayComesNotification, KWUserSettingsDidChangeNotification,
-                                KWKWRepeatInstanceGeneratedNotification, KWCalSubDidPullEventsNotification})
+    for (const QString &each :
+         {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
+          KWNewDayComesNotification, KWNewHabitDayComesNotification, KWUserSettingsDidChangeNotification,
+          KWKWRepeatInstanceGeneratedNotification, KWCalSubDidPullEventsNotification})
         reloadOn(each);
     for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWNewDayComesNotification,
                                 KWCalSubDidPullEventsNotification})
@@ -79,6 +80,8 @@ void KWTaskListService::take(const StoreChange &change)
     };
     const bool hasEvents = daysOfList(m_list, {}, m_calendarDays).has_value();
     if (hasEvents && touches({CalSubscription, CalendarDisplayConfiguration})) return reload();
+    const bool hasHabits = m_list == KWListIdentifier::todayProject();
+    if (hasHabits && touches({Habit, HabitCheckin, HabitSkip})) return reload();
     if (m_list.type == KWListIdentifierType::Calendar) return;
     if (touches({ChecklistItem, Project, Column, Tag, ProjectGroup, Attachment, FocusSummary, Teamworker,
                  Filter}))

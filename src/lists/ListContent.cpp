@@ -1,6 +1,7 @@
 #include "lists/ListContent.h"
 
 #include "model/store/EventRows.h"
+#include "model/store/HabitRows.h"
 #include "model/store/KWListDataFetcher.h"
 #include "model/store/ObjectContext.h"
 
@@ -34,6 +35,7 @@ Result<ListContent> ListContent::read(const KWListIdentifier &list, const QStrin
         request.includeCompleted = content.shown.showsCompleted;
         request.completionLimit = extent.countToShowOfCompleted;
         read = content.readTasks(fetcher, request, connection);
+        if (list == KWListIdentifier::todayProject()) content.rows += readHabitRows(userID, context);
     } else {
         read = content.readDays(fetcher, {userID, list, extent.countToShowOfCompleted}, connection);
     }
@@ -133,7 +135,10 @@ Result<void> ListContent::countCompleted(const KWListDataFetcher &fetcher, const
     return {};
 }
 
-qsizetype ListContent::closedRows() const { return std::ranges::count_if(rows, &Row::isClosed); }
+qsizetype ListContent::closedRows() const
+{
+    return std::ranges::count_if(rows, [](const Row &each) { return each.isClosed() && !each.isHabit(); });
+}
 
 Result<void> ListContent::readEvents(const KWListDataFetcher &fetcher, const ListDataRequest &request,
                                      ObjectContext &context)

@@ -22,7 +22,8 @@ struct KWBasicItemModel {
 /// A row of a task list, read straight from the store: what a row shows and sorts by, and no more. A
 /// checklist item has the list, tags, priority and assignee of its task; so has a later occurrence of a task
 /// that repeats, which has its title, too, and an id of its own. An event of a subscribed calendar, and each
-/// occurrence of one, has title, dates and calendar, and can only be read.
+/// occurrence of one, has title, dates and calendar, and can only be read. A habit has title, colour and how
+/// its day stands.
 struct KWTaskListItemModel : KWBasicItemModel {
     KWTaskKind taskKind = KWTaskKindText;
     KWTaskStatus status = KWTaskStatusOpen;
@@ -40,7 +41,7 @@ struct KWTaskListItemModel : KWBasicItemModel {
     QString ownerID;    ///< of a checklist item or a later occurrence: its task
     QString ownerTitle; ///< of a checklist item: what its task is called
     QString projectID;  ///< of an event: its calendar
-    QString color;      ///< of an event: "#rrggbb" of its calendar, empty for none
+    QString color;      ///< of an event or a habit: "#rrggbb" of its calendar or its own, empty for none
     QString columnID;
     QString parentId;
     QStringList tags;
@@ -54,16 +55,17 @@ struct KWTaskListItemModel : KWBasicItemModel {
 
     bool isChecklistItem() const { return kind == Kind::ChecklistItem; }
     bool isEvent() const { return kind == Kind::CalendarEvent; }
+    bool isHabit() const { return kind == Kind::Habit; }
     bool isLaterOccurrence() const { return occurrence.has_value(); }
     /// Not only something of one.
     bool isTask() const { return kind == Kind::Task && !isLaterOccurrence(); }
     /// Something that can be chosen with others and changed.
     bool isTaskOrItem() const { return isTask() || isChecklistItem(); }
-    /// The task that the row is, or is an item or an occurrence of; empty for an event.
+    /// The task that the row is, or is an item or an occurrence of; empty for an event and a habit.
     const QString &taskID() const
     {
         static const QString none;
-        return isEvent() ? none : ownerID.isEmpty() ? sid : ownerID;
+        return isEvent() || isHabit() ? none : ownerID.isEmpty() ? sid : ownerID;
     }
     bool isNote() const { return taskKind == KWTaskKindNote; }
     bool isPinned() const { return pinnedDate.has_value(); }

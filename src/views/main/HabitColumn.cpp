@@ -61,6 +61,11 @@ void HabitColumn::comeBackFromSearch()
     if (m_isChosen) m_window.setHabitsShown(true);
 }
 
+void HabitColumn::check(const QString &habitID, bool takesBack)
+{
+    m_checkIns.check(habitID, m_navigator.today(), takesBack);
+}
+
 void HabitColumn::takeKeyboard()
 {
     if (m_window.habitPane().content().hasHabits())

@@ -23,6 +23,8 @@ public:
     void comeBackFromSearch();
     /// Selects it, also before show().
     void showHabit(const QString &habitID) { m_navigator.showHabit(habitID); }
+    /// One check more of today, or one taken back.
+    void check(const QString &habitID, bool takesBack);
     void takeKeyboard();
 
 private:

@@ -162,6 +162,9 @@ void MainWindowController::connectColumns()
     connect(&content.search, &WindowSearch::pageOpening, &content.calendar, &CalendarColumn::giveWayToSearch);
     connect(&content.search, &WindowSearch::pageClosed, &content.calendar,
             &CalendarColumn::comeBackFromSearch);
+    const TaskListView &list = content.window.listPane().list();
+    connect(&list, &TaskListView::habitChecked, &content.habits, &HabitColumn::check);
+    connect(&list, &TaskListView::habitOpened, this, &MainWindowController::showHabit);
     connect(&content.search, &WindowSearch::pageOpening, &content.habits, &HabitColumn::giveWayToSearch);
     connect(&content.search, &WindowSearch::pageClosed, &content.habits, &HabitColumn::comeBackFromSearch);
     connect(&content.search, &WindowSearch::listChosen, this, &MainWindowController::showList);

@@ -4,9 +4,12 @@
 #include "app/KWDelayDeleteManager.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/DayStamp.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
+#include "model/records/KWUserSettings.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/KWHabitUtils.h"
 #include "model/store/KWTaskTicker.h"
 #include "views/addfield/AddFieldController.h"
 #include "views/addfield/KWNewTaskTextField.h"
@@ -58,6 +61,8 @@ struct StatusItem::Popover {
                              if (const auto done = ticker.tick(taskIDs); !done)
                                  showMessage(done.error().sentence);
                          });
+        QObject::connect(&window.list(), &TaskListView::habitChecked, &window,
+                         [this](const QString &habitID, bool takesBack) { check(habitID, takesBack); });
         QObject::connect(&window.list(), &TaskListView::eventOpened, &window,
                          [this](const KWTaskListItemModel &event, const QRect &row) {
                              EventPopover::popUp(event, clock.zone(), row, window);
@@ -96,6 +101,14 @@ struct StatusItem::Popover {
         const KWTask *task = kit.context().find<KWTask>(taskID);
         if (task && !window.model().indexOf(taskID).isValid())
             showMessage(KWLocalizedString("Added: %1").arg(placeOf(task->model(), kit)));
+    }
+    void check(const QString &habitID, bool takesBack)
+    {
+        const Day today = KWUserSettings::habitDayOfUser(kit.account().currentUserID(), kit.context());
+        const auto done = KWHabitUtils{kit.manager()}.updateHabitCheckin(
+            habitID, DayStamp::fromDay(today), takesBack ? HabitCheck::TakeBack : HabitCheck::Add,
+            CheckedBy::Person);
+        if (!done) showMessage(done.error().sentence);
     }
     // Where the date stands, until the next minute or something is typed.
     void showMessage(const QString &sentence) { window.header().setNote(sentence); }

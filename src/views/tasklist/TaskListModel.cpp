@@ -198,7 +198,9 @@ QString TaskListModel::spokenText(const TaskListRow &row) const
         parts = {row.title, KWLocalizedString("Section with %1 tasks").arg(row.count)};
         break;
     case TaskListRow::Kind::Task:
-        parts = {row.task.isEvent() ? spokenEvent(row) : spokenTask(row)};
+        parts = {row.task.isEvent()   ? spokenEvent(row)
+                 : row.task.isHabit() ? spokenHabit(row.task)
+                                      : spokenTask(row)};
         if (row.depth > 0) parts.append(KWLocalizedString("Level %1").arg(row.depth + 1));
         if (!row.hasChildren) return parts.join(u", "_s);
         break;
@@ -214,6 +216,14 @@ QString TaskListModel::spokenEvent(const TaskListRow &row) const
     if (const QString calendar = listName(row.task); !calendar.isEmpty())
         parts.append(KWLocalizedString("Calendar: %1").arg(calendar));
     parts.append(KWLocalizedString("read only"));
+    return parts.join(u", "_s);
+}
+
+QString TaskListModel::spokenHabit(const KWTaskListItemModel &habit) const
+{
+    QStringList parts{displayTitle(habit.title), KWLocalizedString("Habit")};
+    if (habit.status == KWTaskStatusCompleted) parts.append(KWLocalizedString("Done"));
+    if (habit.status == KWTaskStatusAbandoned) parts.append(KWLocalizedString("Not achieved"));
     return parts.join(u", "_s);
 }
 

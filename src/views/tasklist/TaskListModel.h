@@ -72,6 +72,7 @@ private:
     QString spokenText(const TaskListRow &row) const;
     QString spokenTask(const TaskListRow &row) const;
     QString spokenEvent(const TaskListRow &row) const;
+    QString spokenHabit(const KWTaskListItemModel &habit) const;
 
     CXClock &m_clock;
     QList<TaskListRow> m_rows;

@@ -313,6 +313,7 @@ void TaskListView::activate(const QModelIndex &index)
 void TaskListView::open(const QModelIndex &entry)
 {
     const KWTaskListItemModel task = m_model.rowAt(entry).task;
+    if (task.isHabit()) return Q_EMIT habitOpened(task.sid);
     if (!task.isEvent()) return Q_EMIT opened(task.taskID());
     const QRect row = visualRect(entry);
     Q_EMIT eventOpened(task, {viewport()->mapToGlobal(row.topLeft()), row.size()});
@@ -328,7 +329,7 @@ std::optional<TaskOccurrence> TaskListView::occurrenceAt(const QModelIndex &inde
 void TaskListView::openMenu(const QModelIndex &index, const QPoint &globalPosition)
 {
     const TaskListRow row = m_model.rowAt(index);
-    if (row.kind == TaskListRow::Kind::LoadMore || row.task.isEvent()) return;
+    if (row.kind == TaskListRow::Kind::LoadMore || row.task.isEvent() || row.task.isHabit()) return;
     auto *menu = new QMenu{this};
     menu->setObjectName(u"taskMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -59,6 +59,10 @@ Q_SIGNALS:
     void currentTaskChanged(const QString &sid);
     /// Enter or a double click: show the task's detail and go there.
     void opened(const QString &sid);
+    /// The same of a habit.
+    void habitOpened(const QString &habitID);
+    /// Space on a habit or a click on its mark: one check more, or one back when its day is done.
+    void habitChecked(const QString &habitID, bool takesBack);
     /// The same of an event; `place` is its row on the screen.
     void eventOpened(const KWTaskListItemModel &event, const QRect &place);
     void titleEdited(const QString &sid, const QString &title);

@@ -55,7 +55,10 @@ bool TaskListView::handleKey(const QKeyEvent &event)
     case Qt::Key_Right:
         return foldByKey(Qt::Key(event.key()), current);
     case Qt::Key_Space:
-        if (const auto occurrence = occurrenceAt(current); occurrence && selectedIDs().isEmpty())
+        if (const KWTaskListItemModel &task = m_model.rowAt(current).task;
+            task.isHabit() && selectedIDs().isEmpty())
+            Q_EMIT habitChecked(task.sid, task.isClosed());
+        else if (const auto occurrence = occurrenceAt(current); occurrence && selectedIDs().isEmpty())
             Q_EMIT occurrenceCompleted(*occurrence);
         else if (m_model.isEntry(current))
             toggle(selectedIDs());
@@ -147,6 +150,7 @@ void TaskListView::press(const Spot &spot)
     case RowPart::None:
         break;
     case RowPart::Checkbox:
+        if (row.task.isHabit()) return Q_EMIT habitChecked(row.task.sid, row.task.isClosed());
         return toggle({row.id});
     case RowPart::Triangle:
     case RowPart::Header:

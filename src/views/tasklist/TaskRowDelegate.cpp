@@ -209,7 +209,7 @@ RowPart TaskRowDelegate::partAt(const QPoint &position, const QModelIndex &index
     }
     if (row.hasChildren && taskRowTriangle(bounds, direction, row.depth).contains(position))
         return RowPart::Triangle;
-    if (!row.task.isTaskOrItem()) return RowPart::None;
+    if (!row.task.isTaskOrItem() && !row.task.isHabit()) return RowPart::None;
     constexpr int slack = Metrics::grid + 2; // a comfortable target is larger than the box
     const QRect box = taskRowCheckbox(bounds, direction, row.depth);
     return box.adjusted(-slack, -slack, slack, slack).contains(position) ? RowPart::Checkbox : RowPart::None;
