@@ -7,6 +7,7 @@
 #include "model/records/KWHabit.h"
 #include "model/records/KWHabitSection.h"
 #include "model/records/KWSortOrderResetable.h"
+#include "model/records/KWUserSettings.h"
 #include "model/records/OneLine.h"
 #include "model/records/SortOrder.h"
 #include "model/settings/KWLocalizedString.h"
@@ -78,6 +79,9 @@ Result<HabitEditor::Made> HabitEditor::create(KWHabitModel habit)
         habit.userID = m_userID;
         habit.name = onOneLine(habit.name);
         habit.sortOrder = sortOrderBehindAll<KWHabit>(m_userID, context);
+        // What is written by itself later could not be taken back.
+        if (habit.startStamp == 0)
+            habit.startStamp = DayStamp::fromDay(KWUserSettings::habitDayOfUser(m_userID, context));
         const Result<void> sound = checked(habit);
         if (sound) sid = context.insert<KWHabit>(habit).sid();
         return sound;

@@ -66,6 +66,19 @@ private Q_SLOTS:
         QVERIFY(isRefused(editor().remove(u"none"_s), u"no such habit"));
     }
 
+    void aNewHabitIsTakenBack()
+    {
+        KWHabitModel habit;
+        habit.name = u"Read"_s;
+        habit.reminders = {u"20:00"_s};
+        const auto made = editor().create(habit);
+        QVERIFY(made);
+        QCOMPARE(m_fixture->habit(made->sid)->startStamp, HabitFixture::today);
+        QVERIFY(made->undo.undo(m_fixture->store.kit().manager()));
+        const KWHabit *left = m_fixture->store.context().find<KWHabit>(made->sid);
+        QVERIFY(!left || left->isDeleted());
+    }
+
     void aNewRuleCountsTheStreaksAnew()
     {
         const QString id = make(u"Read"_s);
