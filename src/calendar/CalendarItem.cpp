@@ -19,6 +19,8 @@ CalendarItem::Kind kindOf(DatedThing::Kind kind)
         return CalendarItem::Kind::Task;
     case DatedThing::Kind::ChecklistItem:
         return CalendarItem::Kind::ChecklistItem;
+    case DatedThing::Kind::Habit:
+        return CalendarItem::Kind::Habit;
     case DatedThing::Kind::Event:
         break;
     }

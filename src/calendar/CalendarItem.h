@@ -12,13 +12,14 @@ struct KWTaskListItemModel;
 
 /// Something with a date, as the calendar shows it: by the wall clock of the zone in force. A plain value.
 struct CalendarItem {
-    enum class Kind { Task, ChecklistItem, Event };
+    enum class Kind { Task, ChecklistItem, Event, Habit };
 
     Kind kind = Kind::Task;
-    QString entityID; ///< of the task, the checklist item or the event
-    QString taskID{}; ///< the task itself, or the one that the checklist item is in; empty for an event
+    QString entityID; ///< of the task, the checklist item, the event or the habit
+    QString taskID{}; ///< the task itself, or the one that the checklist item is in; empty for an event or a
+                      ///< habit
     /// Which later occurrence it is of something that repeats: its start. Nothing for the first one, which is
-    /// the task or event itself.
+    /// the task or event itself. Of a habit the start of the day.
     std::optional<Instant> occurrence{};
     QString listID{}; ///< of the list, or of the subscribed calendar
     QString title{};

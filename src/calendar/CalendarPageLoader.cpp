@@ -52,8 +52,9 @@ CalendarPageLoader::State::State(CalendarPageLoader &itsLoader, OrvaneKit &itsKi
             kit.center().addObserver(name, [this, action](const KWNotification &) { (this->*action)(); }));
     };
     for (const QString &each :
-         {KWKWRepeatInstanceGeneratedNotification, KWNewDayComesNotification,
-          KWCalendarDisplayConfigurationDidChangeNotification, KWCalSubDisplayStatusDidChangeNotification})
+         {KWKWRepeatInstanceGeneratedNotification, KWNewDayComesNotification, KWNewHabitDayComesNotification,
+          KWHabitSettingsChangedNotification, KWCalendarDisplayConfigurationDidChangeNotification,
+          KWCalSubDisplayStatusDidChangeNotification})
         on(each, &State::forgetAll);
     for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
                                 KWUserSettingsDidChangeNotification, SystemTimeZoneDidChangeNotification,
@@ -63,9 +64,11 @@ CalendarPageLoader::State::State(CalendarPageLoader &itsLoader, OrvaneKit &itsKi
                                                     [this](const KWNotification &) { loader.stop(); }));
     registration = kit.bus().registerEventBus([this](const StoreChange &change) {
         using enum RecordKind;
+        constexpr std::array shownBeside{ChecklistItem, Project,      CalSubscription,
+                                         Habit,         HabitCheckin, HabitSkip};
         if (change.touches(Task) || change.touches(CalSubscriptionEvent))
             refresh();
-        else if (change.touches(ChecklistItem) || change.touches(Project) || change.touches(CalSubscription))
+        else if (std::ranges::any_of(shownBeside, [&](RecordKind each) { return change.touches(each); }))
             forgetAll();
     });
 }

@@ -2,6 +2,7 @@
 
 #include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/store/DatedThings.h"
+#include "model/store/HabitDays.h"
 #include "model/store/ObjectContext.h"
 
 #include <algorithm>
@@ -27,6 +28,8 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
     for (DatedThing &each : *things)
         if (!hiddenTasks.contains(each.taskID))
             content.items.push_back(CalendarItem::ofThing(std::move(each), zone));
+    for (DatedThing &each : readHabitThings(page.firstDay, page.endDay(), userID, context))
+        content.items.push_back(CalendarItem::ofThing(std::move(each), zone));
     std::ranges::stable_sort(content.items, {}, [](const CalendarItem &item) {
         return std::pair{item.start, -int(item.priority)};
     });

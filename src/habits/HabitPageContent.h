@@ -1,6 +1,6 @@
 #pragma once
 
-#include "habits/HabitDay.h"
+#include "model/records/HabitDay.h"
 #include "model/records/KWHabitModel.h"
 
 #include <QList>

@@ -3,45 +3,16 @@
 #include "habits/HabitWording.h"
 #include "model/records/DayStamp.h"
 #include "model/records/KWHabit.h"
-#include "model/records/KWHabitCheckin.h"
 #include "model/records/KWHabitRecord.h"
 #include "model/records/KWHabitSection.h"
-#include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
+#include "model/store/HabitDays.h"
 
 #include <algorithm>
 
 using namespace std::chrono;
 
 namespace {
-
-template <class Record>
-QList<typename Record::Model> modelsBetween(const KWHabit &habit, const char *condition, Day first, Day last)
-{
-    return habit.context().models<Record>(
-        {.where = condition, .values = {habit.sid(), DayStamp::fromDay(first), DayStamp::fromDay(last)}});
-}
-
-HabitDayState stateOf(const KWHabitCheckinModel &checkin)
-{
-    switch (checkin.status) {
-    case KWHabitCheckinStatusDone:
-        return HabitDayState::Done;
-    case KWHabitCheckinStatusUnAchieved:
-        return HabitDayState::UnAchieved;
-    case KWHabitCheckinStatusNotDone:
-        break;
-    }
-    return HabitDayState::Open;
-}
-
-// Calls `take` with the day among `days`, which follow each other, that the stamp names.
-template <class Take>
-void atStamp(QList<HabitDay> &days, int stamp, Take &&take)
-{
-    const std::optional<Day> day = DayStamp::toDay(stamp);
-    if (day) take(days[(*day - days.first().day).count()]);
-}
 
 void count(const HabitDay &day, Day today, HabitFigures &figures)
 {
@@ -66,7 +37,7 @@ HabitFigures figuresOf(const QList<HabitDay> &days, Day today)
 HabitRow rowOf(const KWHabit &habit, Day today)
 {
     HabitRow row{.habit = habit.model()};
-    std::ranges::copy(HabitReader::readDays(habit, today - days{6}, today), row.week.begin());
+    std::ranges::copy(readHabitDays(habit, today - days{6}, today), row.week.begin());
     return row;
 }
 
@@ -81,34 +52,6 @@ QList<HabitSection> emptySectionsOf(const QString &userID, ObjectContext &contex
 }
 
 } // namespace
-
-QList<HabitDay> HabitReader::readDays(const KWHabit &habit, Day first, Day last)
-{
-    const Day today = habit.today();
-    const HabitFrequency frequency = habit.frequency();
-    const Day begin = habit.firstDay();
-    QList<HabitDay> read;
-    read.reserve((last - first).count() + 1);
-    for (Day day = first; day <= last; day += days{1})
-        read.append({.day = day,
-                     .goal = habit->goal,
-                     .isDue = frequency.isDueOn(day, begin),
-                     .isToCome = day > today});
-    for (const auto &each : modelsBetween<KWHabitCheckin>(
-             habit, "habitID = ? AND checkinStamp BETWEEN ? AND ? AND isDeleted = 0", first, last))
-        atStamp(read, each.checkinStamp, [&](HabitDay &day) {
-            day.state = stateOf(each);
-            day.value = each.value;
-            day.goal = each.goal;
-        });
-    for (const auto &each : modelsBetween<KWHabitSkip>(
-             habit, "habitID = ? AND stamp BETWEEN ? AND ? AND isDeleted = 0", first, last))
-        atStamp(read, each.stamp, [](HabitDay &day) { day.state = HabitDayState::Skipped; });
-    for (const auto &each : modelsBetween<KWHabitRecord>(
-             habit, "habitID = ? AND stamp BETWEEN ? AND ? AND isDeleted = 0", first, last))
-        atStamp(read, each.stamp, [](HabitDay &day) { day.hasNote = true; });
-    return read;
-}
 
 HabitPageContent HabitReader::readPage(const QString &userID, ObjectContext &context)
 {
@@ -134,27 +77,16 @@ std::optional<HabitDetailContent> HabitReader::readDetail(const QString &habitID
     const year_month_day date{month};
     HabitDetailContent detail{.habit = habit->model(), .today = habit->today()};
     detail.month = Day{date.year() / date.month() / 1};
-    detail.year = readDays(*habit, Day{date.year() / January / 1}, Day{date.year() / December / 31});
+    detail.year = readHabitDays(*habit, Day{date.year() / January / 1}, Day{date.year() / December / 31});
     const QList<HabitDay> ofMonth = detail.monthDays();
     detail.ofMonth = figuresOf(ofMonth, detail.today);
     detail.ofYear = figuresOf(detail.year, detail.today);
-    detail.ofAll =
-        figuresOf(readDays(*habit, std::min(habit->firstDay(), detail.today), detail.today), detail.today);
-    for (const auto &each :
-         modelsBetween<KWHabitRecord>(*habit, "habitID = ? AND stamp BETWEEN ? AND ? AND isDeleted = 0",
-                                      ofMonth.first().day, ofMonth.last().day))
+    detail.ofAll = figuresOf(readHabitDays(*habit, std::min(habit->firstDay(), detail.today), detail.today),
+                             detail.today);
+    for (const KWHabitRecordModel &each :
+         context.models<KWHabitRecord>({.where = "habitID = ? AND stamp BETWEEN ? AND ? AND isDeleted = 0",
+         .values = {habitID, DayStamp::fromDay(ofMonth.first().day), DayStamp::fromDay(ofMonth.last().day)}}))
         if (const auto day = DayStamp::toDay(each.stamp)) detail.notes.append({*day, each.content});
     std::ranges::sort(detail.notes, {}, &HabitNote::day);
     return detail;
-}
-
-QList<HabitRow> HabitReader::readDueOn(Day day, const QString &userID, ObjectContext &context)
-{
-    QList<HabitRow> due;
-    for (const HabitSection &section : readPage(userID, context).sections)
-        for (const HabitRow &each : section.rows) {
-            const KWHabit &habit = *context.find<KWHabit>(each.habit.sid);
-            if (habit.isWantedOn(day)) due.append(each);
-        }
-    return due;
 }

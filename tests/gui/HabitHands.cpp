@@ -1,8 +1,8 @@
 #include "gui/HabitHands.h"
 
 #include "habits/HabitEditor.h"
-#include "habits/HabitReader.h"
 #include "model/records/KWHabit.h"
+#include "model/store/HabitDays.h"
 #include "views/habits/HabitListView.h"
 #include "views/habits/HabitPane.h"
 #include "views/main/MainWindow.h"
@@ -54,7 +54,7 @@ HabitDay HabitHands::dayOf(const QString &name, int ago) const
 {
     const KWHabit &found = *m_client->kit().context().find<KWHabit>(habitID(name));
     const Day day = found.today() - std::chrono::days{ago};
-    return HabitReader::readDays(found, day, day).first();
+    return readHabitDays(found, day, day).first();
 }
 
 void HabitHands::makeHabit(const QString &name, const std::function<void(KWHabitModel &)> &edit) const

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gui/MainWindowHands.h"
-#include "habits/HabitDay.h"
+#include "model/records/HabitDay.h"
 #include "model/records/KWHabitModel.h"
 
 class HabitListView;

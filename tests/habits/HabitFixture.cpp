@@ -1,13 +1,14 @@
 #include "habits/HabitFixture.h"
 
 #include "model/records/DayStamp.h"
+#include "model/store/HabitDays.h"
 
 using namespace Qt::StringLiterals;
 
 HabitDay HabitFixture::day(const QString &id, int stamp)
 {
     const Day day = DayStamp::toDay(stamp).value();
-    return HabitReader::readDays(habit(id), day, day).first();
+    return readHabitDays(habit(id), day, day).first();
 }
 
 QString HabitFixture::told(const QString &id, int stamp)

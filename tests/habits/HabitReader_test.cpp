@@ -7,6 +7,7 @@
 #include "model/account/AccountSettings.h"
 #include "model/events/NotificationNames.h"
 #include "model/records/KWUserSettingsModel.h"
+#include "model/store/HabitDays.h"
 #include "support/Answers.h"
 #include "support/TestMain.h"
 
@@ -40,9 +41,22 @@ class HabitReader_test : public QObject {
 
     ObjectContext &context() { return m_fixture->store.context(); }
     HabitPageContent page() { return HabitReader::readPage(m_fixture->store.userID(), context()); }
-    QString due(Day day)
+    QString wantedOn(Day day)
     {
-        return namesOf(HabitReader::readDueOn(day, m_fixture->store.userID(), context()));
+        auto habits = KWHabit::fetchAll(m_fixture->store.userID(), HabitScope::Active, context());
+        habits.removeIf([day](const KWHabit *each) { return !each->isWantedOn(day); });
+        return joined(habits, [](const KWHabit *each) { return (*each)->name; });
+    }
+    // "01 Read, 02 Read done": what stands on the calendar from the 29th of April to the 3rd of May.
+    QString onCalendar()
+    {
+        QStringList told;
+        for (const DatedThing &each : readHabitThings(dayOf(u"2030-04-29"_s), dayOf(u"2030-05-04"_s),
+                                                      m_fixture->store.userID(), context())) {
+            const Day day = m_fixture->store.clock.zone().dayOf(each.startDate);
+            told << TimeText::fromDay(day).last(2) + u' ' + each.title + (each.isClosed ? u" done"_s : u""_s);
+        }
+        return told.join(u", "_s);
     }
 
 private Q_SLOTS:
@@ -105,12 +119,28 @@ private Q_SLOTS:
         m_fixture->make(named(u"Thursdays"_s, u"FREQ=DAILY;BYDAY=TH"_s));
         const QString skipped = m_fixture->make(named(u"Skipped"_s));
         QVERIFY(m_fixture->checks.skip(skipped, today));
-        QCOMPARE(due(dayOf(u"2030-05-01"_s)), u"Daily Weekly"_s);
+        QCOMPARE(wantedOn(dayOf(u"2030-05-01"_s)), u"Daily Weekly"_s);
         QVERIFY(m_fixture->checks.setValue(weekly, 2030'04'29, 1) &&
                 m_fixture->checks.setValue(weekly, today, 1));
-        QCOMPARE(due(dayOf(u"2030-05-01"_s)), u"Daily Weekly"_s);
-        QCOMPARE(due(dayOf(u"2030-05-02"_s)), u"Daily Thursdays Skipped"_s);
-        QCOMPARE(due(dayOf(u"2030-03-31"_s)), QString{});
+        QCOMPARE(wantedOn(dayOf(u"2030-05-01"_s)), u"Daily Weekly"_s);
+        QCOMPARE(wantedOn(dayOf(u"2030-05-02"_s)), u"Daily Thursdays Skipped"_s);
+        QCOMPARE(wantedOn(dayOf(u"2030-03-31"_s)), QString{});
+    }
+
+    void standsOnTheCalendarWhereItIsDueOrDone()
+    {
+        const QString daily = m_fixture->make(named(u"Daily"_s, u"FREQ=DAILY;INTERVAL=2"_s));
+        QVERIFY(m_fixture->checks.setValue(daily, 2030'04'29, 1) &&
+                m_fixture->checks.skip(daily, 2030'05'01));
+        QCOMPARE(onCalendar(), u"29 Daily done, 03 Daily"_s);
+        QVERIFY(m_fixture->editor.setArchived(daily, true));
+        const QString weekly = m_fixture->make(named(u"Weekly"_s, u"FREQ=WEEKLY;X-TIMES=2"_s));
+        QVERIFY(m_fixture->checks.setValue(weekly, 2030'04'30, 1));
+        QCOMPARE(onCalendar(), u"30 Weekly done, 01 Weekly"_s);
+        AccountSettings settings{m_fixture->store.kit().manager(), m_fixture->store.kit().center(),
+                                 m_fixture->store.userID()};
+        QVERIFY(settings.change([](KWUserSettingsModel &model) { model.showsInCalendar = false; }));
+        QCOMPARE(onCalendar(), QString{});
     }
 
     void loadsThePageAndReadsItAgainWhenItChanged()

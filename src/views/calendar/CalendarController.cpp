@@ -156,6 +156,9 @@ void CalendarController::create(const QString &title, const CalendarItem &there)
 
 void CalendarController::complete(const CalendarItem &item)
 {
+    if (item.kind == CalendarItem::Kind::Habit)
+        return Q_EMIT habitChecked(item.entityID, std::chrono::floor<std::chrono::days>(item.start),
+                                   item.isClosed);
     if (refuses(item)) return;
     if (!item.occurrence) return m_rooms.actions.tick({item.entityID});
     if (const auto taskID = m_occurrences.close(occurrenceOf(item), KWTaskStatusCompleted))
@@ -180,13 +183,15 @@ void CalendarController::remove(const CalendarItem &item)
 
 void CalendarController::open(const CalendarItem &item, const QRect &place)
 {
+    if (item.kind == CalendarItem::Kind::Habit)
+        return Q_EMIT habitOpened(item.entityID, std::chrono::floor<std::chrono::days>(item.start), place);
     if (item.kind != CalendarItem::Kind::Event) return Q_EMIT opened(item.taskID);
     (new EventPopover{item, &m_pane})->popUp(place);
 }
 
 void CalendarController::openMenu(const CalendarItem &item, const QPoint &place)
 {
-    if (item.kind == CalendarItem::Kind::Event) return;
+    if (item.taskID.isEmpty()) return;
     auto *menu = new QMenu{&m_pane};
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(KWLocalizedString("Open"), this, [this, item] { Q_EMIT opened(item.taskID); });

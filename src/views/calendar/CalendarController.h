@@ -36,6 +36,9 @@ Q_SIGNALS:
     void failed(const QString &sentence);
     /// The task is to be shown, with its item if it is one of a checklist.
     void opened(const QString &taskID);
+    /// The day of a habit, `place` is where it stands on the screen.
+    void habitOpened(const QString &habitID, Day day, const QRect &place);
+    void habitChecked(const QString &habitID, Day day, bool takesBack);
 
 private:
     void move(const CalendarItem &item, const CalendarItem &there);

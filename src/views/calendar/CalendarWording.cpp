@@ -61,7 +61,10 @@ QString CalendarWording::spoken(const CalendarItem &item, const QLocale &locale)
         parts += item.end > item.start ? KWLocalizedString("%1 to %2").arg(begin, end) : begin;
     if (item.repeats) parts += KWLocalizedString("repeats");
     if (item.isClosed) parts += KWLocalizedString("completed");
-    if (item.isReadOnly) parts += KWLocalizedString("read only");
+    if (item.kind == CalendarItem::Kind::Habit)
+        parts += KWLocalizedString("habit");
+    else if (item.isReadOnly)
+        parts += KWLocalizedString("read only");
     return parts.join(u", "_s);
 }
 

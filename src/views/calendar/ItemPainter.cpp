@@ -57,7 +57,7 @@ QStringList titleLines(const QString &text, int width, int most)
 
 ItemColors colorsOf(const CalendarItem &item, KWCalendarColorBy colorBy)
 {
-    const bool isByPriority = colorBy == KWCalendarColorByPriority && item.kind != CalendarItem::Kind::Event;
+    const bool isByPriority = colorBy == KWCalendarColorByPriority && !item.taskID.isEmpty();
     const QString color = isByPriority ? Theme::current().priority(item.priority).mark.name() : item.color;
     return item.isClosed ? ItemColors::ofClosed(color) : ItemColors::of(color);
 }

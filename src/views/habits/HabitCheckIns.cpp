@@ -1,11 +1,11 @@
 #include "views/habits/HabitCheckIns.h"
 
-#include "habits/HabitReader.h"
 #include "model/OrvaneKit.h"
 #include "model/records/DayStamp.h"
 #include "model/records/KWHabit.h"
 #include "model/records/KWHabitRecord.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/HabitDays.h"
 #include "views/habits/HabitPhrases.h"
 #include "views/habits/HabitUndo.h"
 
@@ -34,7 +34,7 @@ std::optional<HabitCheckInPopup::Content> HabitCheckIns::contentOf(const QString
     if (!habit) return std::nullopt;
     const KWHabitRecord *note = habit->recordAtDateStamp(DayStamp::fromDay(day));
     return HabitCheckInPopup::Content{.habit = habit->model(),
-                                      .day = HabitReader::readDays(*habit, day, day).first(),
+                                      .day = readHabitDays(*habit, day, day).first(),
                                       .note = note ? (*note)->content : QString{}};
 }
 

@@ -1,6 +1,6 @@
 #include "views/habits/HabitDayMark.h"
 
-#include "habits/HabitDay.h"
+#include "model/records/HabitDay.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>

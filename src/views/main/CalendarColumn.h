@@ -26,6 +26,11 @@ public:
     /// Goes to the day of the event and selects it there, while the calendar is shown.
     void showEvent(const QString &eventID, Instant start);
 
+Q_SIGNALS:
+    /// As CalendarController has them.
+    void habitOpened(const QString &habitID, Day day, const QRect &place);
+    void habitChecked(const QString &habitID, Day day, bool takesBack);
+
 private:
     void connectTray(BatchActions &actions);
     void showSelected();

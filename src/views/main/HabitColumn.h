@@ -25,6 +25,8 @@ public:
     void showHabit(const QString &habitID) { m_navigator.showHabit(habitID); }
     /// One check more of today, or one taken back.
     void check(const QString &habitID, bool takesBack);
+    /// For days that are clicked or checked elsewhere.
+    HabitCheckIns &checkIns() { return m_checkIns; }
     void takeKeyboard();
 
 private:

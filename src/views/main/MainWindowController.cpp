@@ -163,6 +163,9 @@ void MainWindowController::connectColumns()
     connect(&content.search, &WindowSearch::pageClosed, &content.calendar,
             &CalendarColumn::comeBackFromSearch);
     const TaskListView &list = content.window.listPane().list();
+    HabitCheckIns &checkIns = content.habits.checkIns();
+    connect(&content.calendar, &CalendarColumn::habitOpened, &checkIns, &HabitCheckIns::clickDay);
+    connect(&content.calendar, &CalendarColumn::habitChecked, &checkIns, &HabitCheckIns::check);
     connect(&list, &TaskListView::habitChecked, &content.habits, &HabitColumn::check);
     connect(&list, &TaskListView::habitOpened, this, &MainWindowController::showHabit);
     connect(&content.search, &WindowSearch::pageOpening, &content.habits, &HabitColumn::giveWayToSearch);
