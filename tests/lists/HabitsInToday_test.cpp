@@ -16,6 +16,7 @@ class HabitsInToday_test : public QObject {
 
     std::unique_ptr<StoreFixture> m_store;
     std::unique_ptr<KWTaskListService> m_service;
+    int m_made = 0;
     static constexpr int today = 2030'05'01;
 
     QString shown() { return RowText::textOf(flatRows(m_service->categories(), m_service->folded())); }
@@ -25,6 +26,7 @@ class HabitsInToday_test : public QObject {
         habit.userID = m_store->userID();
         habit.name = name;
         habit.repeatRule = rule;
+        habit.sortOrder = ++m_made;
         saved(*m_store, [&](ObjectContext &context) { habit.sid = context.insert<KWHabit>(habit).sid(); });
         return habit.sid;
     }

@@ -165,7 +165,7 @@ private Q_SLOTS:
             filtered(uR"({"date":["overdue","today"]})"));
         row("habits",
             {u"habitsInOrder (userID=?)"_s, u"habitCheckinsByDay (habitID=? AND checkinStamp=?)"_s,
-             u"habitCheckinsByDay (habitID=?)"_s},
+             u"habitCheckinsByDay (habitID=? AND checkinStamp>?)"_s},
             [](auto &store, auto &context) {
                 KWHabit::fetchAll(store.userID(), HabitScope::Active, context);
                 context.template insert<KWHabit>({}).updateStreaks();

@@ -20,6 +20,7 @@ std::optional<Icon> iconOf(const KWTaskCategory &section, Day today)
     if (section.isCompleted()) return Icon::Completed;
     if (section.isPinned()) return Icon::Pin;
     if (section.isCalSubscription()) return Icon::Calendar;
+    if (section.isHabit()) return Icon::Habits;
     return std::nullopt;
 }
 
