@@ -71,9 +71,9 @@ void HabitHands::makeHabit(const QString &name, const std::function<void(KWHabit
 void HabitHands::goToHabit(const QString &name, std::optional<int> ago) const
 {
     comeBack();
-    habits().setFocus();
     const HabitListModel &model = m_client->window()->habitPane().model();
     QTRY_VERIFY(model.indexOf(habitID(name)).isValid());
+    habits().setFocus(); // before the first habit came, the list was hidden
     const int column = ago ? HabitListModel::todayColumn - *ago : 0;
     habits().setCurrentIndex(model.indexOf(habitID(name), column));
 }

@@ -64,8 +64,7 @@ private Q_SLOTS:
     void whatCannotBeChosenSaysWhy()
     {
         list().setCurrentIndex({});
-        for (const MenuCommand each :
-             {MenuCommand::SetToday, MenuCommand::OpenHabit, MenuCommand::OpenSummary}) {
+        for (const MenuCommand each : {MenuCommand::SetToday, MenuCommand::OpenSummary}) {
             QVERIFY(!menu().action(each).isEnabled());
             QVERIFY(!menu().action(each).toolTip().isEmpty());
         }

@@ -30,7 +30,7 @@ void HabitNavigator::takePage(const HabitPageContent &content)
 {
     m_pane.setContent(content, m_loader.firstWeekday());
     if (!m_wanted.isEmpty()) {
-        showHabit(m_wanted);
+        showHabit(std::exchange(m_wanted, {}));
     } else if (!std::exchange(m_isRead, true) && m_pane.list().currentHabit().isEmpty()) {
         selectFirst(content);
     }
