@@ -140,7 +140,8 @@ std::vector<std::size_t> longestFirst(std::vector<std::size_t> chosen, const std
 {
     const auto rank = [&items](std::size_t index) {
         const CalendarItem &item = items[index];
-        return std::tuple{firstDayOf(item) - lastDayOf(item), !item.isAllDay, item.start, index};
+        const bool isHabit = item.kind == CalendarItem::Kind::Habit;
+        return std::tuple{firstDayOf(item) - lastDayOf(item), isHabit, !item.isAllDay, item.start, index};
     };
     std::ranges::sort(chosen, {}, rank);
     return chosen;

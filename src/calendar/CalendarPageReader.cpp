@@ -6,6 +6,7 @@
 #include "model/store/ObjectContext.h"
 
 #include <algorithm>
+#include <tuple>
 
 Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QString &userID,
                                              const QSet<QString> &hiddenTasks, ObjectContext &context)
@@ -31,7 +32,7 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
     for (DatedThing &each : readHabitThings(page.firstDay, page.endDay(), userID, context))
         content.items.push_back(CalendarItem::ofThing(std::move(each), zone));
     std::ranges::stable_sort(content.items, {}, [](const CalendarItem &item) {
-        return std::pair{item.start, -int(item.priority)};
+        return std::tuple{item.start, item.kind == CalendarItem::Kind::Habit, -int(item.priority)};
     });
 
     content.layOut();

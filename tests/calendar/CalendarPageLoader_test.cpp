@@ -4,6 +4,8 @@
 #include "corvexkit/time/TimeText.h"
 #include "model/events/NotificationNames.h"
 #include "model/events/PendingDeletes.h"
+#include "model/records/KWHabit.h"
+#include "model/records/KWHabitCheckin.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
@@ -93,6 +95,36 @@ private Q_SLOTS:
         m_loader.reset();
         m_repeats.reset();
         m_store.reset();
+    }
+
+    // In a month, in whose cells a few find room.
+    void putsHabitsBehindTheTasksOfADay()
+    {
+        saved(*m_store, [this](ObjectContext &context) {
+            KWHabitModel habit;
+            habit.userID = m_store->userID();
+            habit.name = u"Read"_s;
+            habit.repeatRule = u"FREQ=DAILY;INTERVAL=30"_s;
+            context.insert<KWHabit>(habit);
+        });
+        aTask("Call", berlin).startingAt("2030-05-07 09:00").savedIn(*m_store);
+        aTask("Rent", berlin).dueOn("2030-05-07").savedIn(*m_store);
+        m_loader->load(CalendarPage::around(monday, CalendarPage::Kind::Month, Monday));
+        QTRY_COMPARE(m_told.size(), 1U);
+        QStringList byLane{{}, {}, {}};
+        const CalendarPageContent &page = m_told.back();
+        for (const LaneBar &each : page.bars)
+            byLane[each.lane] += page.items[each.item].title;
+        QCOMPARE(byLane.join(u' '), u"Rent Call Read"_s);
+        QVERIFY(page.items.back().kind == CalendarItem::Kind::Task); // by their start
+        settle();
+        const std::size_t before = m_told.size();
+        saved(*m_store, [this](ObjectContext &context) {
+            KWHabit *habit = KWHabit::fetchAll(m_store->userID(), HabitScope::Active, context).first();
+            habit->makeCheckInAtDateStamp(2030'05'07).updateValue(1);
+        });
+        QTRY_COMPARE(m_told.size(), before + 1);
+        QVERIFY(items().contains(u"Read 07-08 * ~"_s));
     }
 
     void showsWhatStandsOnThePage()
