@@ -87,7 +87,17 @@ HabitCheckInPopup::HabitCheckInPopup(const Content &content, QWidget *parent)
     connect(m_save, &QPushButton::clicked, this, [this] { take(HabitDayEdit::Mark::None); });
     m_amount->setText(HabitWording::amount(content.day.value, locale()));
     setTabOrderOf(controlsInOrder(*this));
+    if (!content.habit.isRealType) keepWithoutAmount();
     showDay();
+}
+
+// They stand in no row then.
+void HabitCheckInPopup::keepWithoutAmount()
+{
+    for (QWidget *each : {static_cast<QWidget *>(m_amount), static_cast<QWidget *>(m_unit)}) {
+        each->setParent(this);
+        each->hide();
+    }
 }
 
 QLayout *HabitCheckInPopup::makeAmountRow()

@@ -47,6 +47,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void keepWithoutAmount();
     QLayout *makeAmountRow();
     QLayout *makeMarks();
     void showDay();

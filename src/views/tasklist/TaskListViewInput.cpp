@@ -55,7 +55,7 @@ bool TaskListView::handleKey(const QKeyEvent &event)
     case Qt::Key_Right:
         return foldByKey(Qt::Key(event.key()), current);
     case Qt::Key_Space:
-        if (const KWTaskListItemModel &task = m_model.rowAt(current).task;
+        if (const KWTaskListItemModel task = m_model.rowAt(current).task; // the rows may be others then
             task.isHabit() && selectedIDs().isEmpty())
             Q_EMIT habitChecked(task.sid, task.isClosed());
         else if (const auto occurrence = occurrenceAt(current); occurrence && selectedIDs().isEmpty())
