@@ -28,6 +28,10 @@ inline const Setting<QString> lastLocalTimeZone{"last_local_time_zone_identifier
 inline const Setting<QString> zoneOfUnadaptedDates{"zone_of_unadapted_dates", DefaultsScope::Group, {}};
 inline constexpr Setting<bool> isSwitchedTimeZoneBeforeLaunch{"is_switched_time_zone_before_launch",
                                                               DefaultsScope::Group, false};
+/// Waits of hours pass in minutes, for whoever works on the program.
+inline constexpr Setting<bool> developerAcceleration{"developer_acceleration", DefaultsScope::Standard,
+                                                     false};
+
 /// Of a user: the list selection, encoded.
 inline const Setting<QString> selectedNode{"selected_node_id_in_proejct_list_of_", DefaultsScope::Group, {}};
 /// Of a user: the ids of the folded nodes of the sidebar.
