@@ -66,6 +66,14 @@ inline const QString KWNewDayComesNotification = QStringLiteral("KWNewDayComesNo
 /// The day of habits, which may begin later than midnight. Posted by `HabitDayWatch`.
 inline const QString KWNewHabitDayComesNotification = QStringLiteral("KWNewHabitDayComesNotification");
 
+// Focus, posted by the room of focus. The user info of the first has the raw values of the state of a Pomo
+// before and after as "old" and "new"; of a stopwatch it is empty. The object of the second is the seconds
+// left of a Pomo or break; of a stopwatch there is none.
+inline const QString KWFocusRunningStateChanged = QStringLiteral("KWFocusRunningStateChanged");
+inline const QString KWFocusRunningCountDownChanged = QStringLiteral("KWFocusRunningCountDownChanged");
+/// Something else is focused on, or nothing.
+inline const QString KWFocusRunningTaskChanged = QStringLiteral("KWFocusRunningTaskChanged");
+
 // The computer, posted by the service in `platform`; neither comes where the system does not tell of sleep.
 inline const QString WorkspaceWillSleepNotification = QStringLiteral("WorkspaceWillSleepNotification");
 inline const QString WorkspaceDidWakeNotification = QStringLiteral("WorkspaceDidWakeNotification");

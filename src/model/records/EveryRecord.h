@@ -12,6 +12,7 @@
 #include "model/records/KWFocusSummary.h"
 #include "model/records/KWHabit.h"
 #include "model/records/KWHabitCheckin.h"
+#include "model/records/KWHabitFocus.h"
 #include "model/records/KWHabitRecord.h"
 #include "model/records/KWHabitSection.h"
 #include "model/records/KWHabitSkip.h"
@@ -63,6 +64,7 @@
     X(KWHabitCheckin)                                                                                        \
     X(KWHabitRecord)                                                                                         \
     X(KWHabitSkip)                                                                                           \
+    X(KWHabitFocus)                                                                                          \
     X(KWPomoSettings)                                                                                        \
     X(KWPomodoro)                                                                                            \
     X(KWFocusSlice)                                                                                          \

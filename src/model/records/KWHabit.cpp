@@ -3,6 +3,7 @@
 #include "model/records/DayStamp.h"
 #include "model/records/HabitStreaks.h"
 #include "model/records/KWHabitCheckin.h"
+#include "model/records/KWHabitFocus.h"
 #include "model/records/KWHabitRecord.h"
 #include "model/records/KWHabitSkip.h"
 #include "model/records/KWUserSettings.h"
@@ -125,6 +126,30 @@ QList<KWHabitSkip *> KWHabit::skips() const
 {
     return recordsOf<KWHabitSkip>(
         *this, {.where = "habitID = ? AND isDeleted = 0", .values = {sid()}, .orderBy = "stamp"});
+}
+
+KWHabitFocus *KWHabit::focusAtDateStamp(int stamp) const
+{
+    const auto found = recordsOf<KWHabitFocus>(
+        *this, {.where = "habitID = ? AND stamp = ? AND isDeleted = 0", .values = {sid(), stamp}});
+    return firstOfDay(found, stamp);
+}
+
+void KWHabit::appendTimeInerval(std::int64_t seconds, int stamp)
+{
+    KWHabitFocus *ofDay = focusAtDateStamp(stamp);
+    const std::int64_t before = ofDay ? (*ofDay)->duration : 0;
+    const std::int64_t after = std::max<std::int64_t>(before + seconds, 0);
+    if (after == before) return;
+    if (!ofDay) {
+        KWHabitFocusModel focus;
+        focus.userID = model().userID;
+        focus.habitID = sid();
+        focus.stamp = stamp;
+        ofDay = &context().insert<KWHabitFocus>(std::move(focus));
+    }
+    ofDay->set(&KWHabitFocusModel::duration, after);
+    markUpdate();
 }
 
 void KWHabit::updateStreaks()

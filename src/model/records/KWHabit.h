@@ -7,6 +7,7 @@
 #include <vector>
 
 class KWHabitCheckin;
+class KWHabitFocus;
 class KWHabitRecord;
 class KWHabitSkip;
 struct HabitHistory;
@@ -49,6 +50,11 @@ public:
     KWHabitSkip *skipAtDateStamp(int stamp) const;
     /// The skipped days, earliest first; those not saved yet behind.
     QList<KWHabitSkip *> skips() const;
+
+    /// The focus of that day, or none.
+    KWHabitFocus *focusAtDateStamp(int stamp) const;
+    /// Adds so many seconds of focus to that day; a day is never left with less than none.
+    void appendTimeInerval(std::int64_t seconds, int stamp);
 
     /// Counts the current and the longest streak anew, from all check-ins up to today.
     void updateStreaks();

@@ -69,6 +69,45 @@ QList<KWFocusSummary *> KWTask::focusSummaries() const
         {.where = "taskID = ? AND isDeleted = 0", .values = {sid()}, .orderBy = "id"});
 }
 
+// The one of that person, or a new one, takes the amount.
+template <class Number>
+void KWTask::addToFocus(Number KWFocusSummaryModel::*member, Number amount, std::int64_t userServerID)
+{
+    QList<KWFocusSummary *> summaries = focusSummaries();
+    summaries << context().inserted<KWFocusSummary>();
+    const auto own = std::ranges::find_if(summaries, [&](const KWFocusSummary *each) {
+        return (*each)->taskID == sid() && (*each)->userServerID == userServerID && each->isNotDeleted();
+    });
+    KWFocusSummary *summary = own == summaries.end() ? nullptr : *own;
+    const Number before = summary ? summary->model().*member : Number{};
+    const Number after = std::max<Number>(before + amount, 0);
+    if (after == before) return;
+    if (!summary) {
+        KWFocusSummaryModel fresh;
+        fresh.userID = model().userID;
+        fresh.taskID = sid();
+        fresh.userServerID = userServerID;
+        summary = &context().insert<KWFocusSummary>(std::move(fresh));
+    }
+    summary->set(member, after);
+    markUpdateForContentUpdate();
+}
+
+void KWTask::addPomoCount(int count, std::int64_t myUserServerID)
+{
+    addToFocus(&KWFocusSummaryModel::pomoCount, count, myUserServerID);
+}
+
+void KWTask::addPomoDuration(std::int64_t seconds, std::int64_t myUserServerID)
+{
+    addToFocus(&KWFocusSummaryModel::pomoDuration, seconds, myUserServerID);
+}
+
+void KWTask::addStopwatchDuration(std::int64_t seconds, std::int64_t myUserServerID)
+{
+    addToFocus(&KWFocusSummaryModel::stopwatchDuration, seconds, myUserServerID);
+}
+
 QList<KWChecklistItem *> KWTask::orderedChecklistItems() const
 {
     return context().fetch<KWChecklistItem>(

@@ -8,6 +8,7 @@ class KWChecklistItem;
 class KWColumn;
 class KWFocusSummary;
 class KWProject;
+struct KWFocusSummaryModel;
 
 /// A task in a context.
 class KWTask : public ManagedRecord<KWTaskModel> {
@@ -38,6 +39,10 @@ public:
     /// What belongs to it and is not deleted, the oldest first.
     QList<KWAttachment *> attachments() const;
     QList<KWFocusSummary *> focusSummaries() const;
+    /// Add to what this person has focused on it, never below none; negative numbers take away.
+    void addPomoCount(int count, std::int64_t myUserServerID);
+    void addPomoDuration(std::int64_t seconds, std::int64_t myUserServerID);
+    void addStopwatchDuration(std::int64_t seconds, std::int64_t myUserServerID);
     /// The items not deleted, in their manual order.
     QList<KWChecklistItem *> orderedChecklistItems() const;
 
@@ -75,6 +80,8 @@ public:
 private:
     void willSave() override;
     bool isModified() const override;
+    template <class Number>
+    void addToFocus(Number KWFocusSummaryModel::*member, Number amount, std::int64_t userServerID);
 
     bool m_keepsAlert = false; // until the next save
 };

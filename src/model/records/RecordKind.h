@@ -32,6 +32,7 @@ enum class RecordKind : std::uint8_t {
     HabitCheckin,
     HabitRecord,
     HabitSkip,
+    HabitFocus,
     PomoSettings,
     Pomodoro,
     FocusSlice,

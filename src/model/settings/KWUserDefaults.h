@@ -42,6 +42,14 @@ inline constexpr Setting<bool> calendarTray{"calendar_tray_of_", DefaultsScope::
 /// Of a user: the ids of the folded sections of the habits.
 inline const Setting<QStringList> foldedHabitSections{"folded_habit_sections_of_", DefaultsScope::Group, {}};
 
+/// 1 for the stopwatch, anything else for Pomos.
+inline constexpr Setting<int> currentFocusType{"KWCurrentFocusType", DefaultsScope::Group, 0};
+/// Lengths of the settings of focus are seconds, for trying them out.
+inline constexpr Setting<bool> pomoSettingsTimeUnitIsSecond{"pomoSettingsTimeUnitIsSecond",
+                                                            DefaultsScope::Standard, false};
+/// The Pomo that runs, encoded.
+inline const Setting<QString> runningPomo{"running_pomo", DefaultsScope::Group, {}};
+
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};
 

@@ -30,6 +30,7 @@ std::span<const std::string> migrations()
         schemas::habitReminders(),
         schemas::eventsInLists(),
         schemas::calendarChoices(),
+        schemas::focusOfHabits(),
     };
     return inOrder;
 }

@@ -39,5 +39,7 @@ std::string habitReminders();
 std::string eventsInLists();
 /// Lists that the calendar hides, and what colours its tasks.
 std::string calendarChoices();
+/// How long habits were focused on, and to the stretches of focus by what they were spent on.
+std::string focusOfHabits();
 
 } // namespace schemas
