@@ -10,13 +10,22 @@
 #include "focus/PomoJournal.h"
 #include "focus/StopwatchFile.h"
 #include "focus/StopwatchTerminator.h"
+#include "client/FocusNotifications.h"
 #include "views/focus/FocusPresenter.h"
+#include "views/focus/FocusQuestions.h"
 
 /// The engines of focus, put together. Main thread.
 class FocusRooms : public FocusCoordinatorPort {
 public:
-    /// All outlive it.
-    FocusRooms(OrvaneKit &kit, CXClock &clock, AlertPort &alerts, FocusPopoverPort &popover);
+    /// What is beside them; all outlive it.
+    struct Surroundings {
+        AlertPort &alerts;
+        FocusPopoverPort &popover;
+        UserNotificationCenterPort &notifications;
+        std::function<QWidget *()> window;                    ///< the main window, or none
+        std::function<void(const QString &token)> openWindow; ///< with an activation token or none
+    };
+    FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings surroundings);
 
     FocusPresenter &presenter() { return m_presenter; }
     KWFocusRunningManager &manager() { return m_manager; }
@@ -24,23 +33,14 @@ public:
     void applicationDidFinishLaunching() override;
 
 private:
-    class Questions : public FocusQuestionPort {
-    public:
-        explicit Questions(AlertPort &alerts) : m_alerts(alerts) {}
-        void ask(const FocusQuestion &question, std::function<void(int)> answered) override;
-        void askInWindow(const FocusQuestion &question, std::function<void(int)> answered) override;
-
-    private:
-        AlertPort &m_alerts;
-    };
     class Lengths : public StopwatchConfirmPort {
     public:
         void show(const StopwatchConfirmation &confirmation) override;
         void close() override {}
     };
 
-    Questions m_questions;
-    FocusMessagePort m_messages;
+    FocusQuestions m_questions;
+    FocusNotifications m_messages;
     FocusPorts m_ports;
     FocusAssociation m_association;
     PomoJournal m_journal;
