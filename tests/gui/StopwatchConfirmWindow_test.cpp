@@ -121,7 +121,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("hours");
         QTest::addColumn<QString>("minutes");
         QTest::addColumn<QString>("sentence");
-        const QString exceeds = u"Please don't exceed the duration of this timing: 2 hrs 1 min"_s;
+        const QString exceeds =
+            u"Please don't exceed the duration of this timing: 2\u00a0hrs\u00a01\u00a0min"_s;
         const QString unreadable = u"Write the hours and the minutes as whole numbers."_s;
         QTest::newRow("a minute more") << u"2"_s << u"2"_s << exceeds;
         QTest::newRow("hours more") << u"999"_s << u"0"_s << exceeds;

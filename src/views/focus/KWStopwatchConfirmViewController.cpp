@@ -21,6 +21,9 @@ constexpr int confirmTextWidth = 320;
 constexpr int numberWidth = 40;
 constexpr int longestNumber = 4;
 
+// Stays on one line.
+QString unbroken(QString length) { return length.replace(u' ', QChar::Nbsp); }
+
 } // namespace
 
 KWStopwatchConfirmViewController::KWStopwatchConfirmViewController(double originalDuration, bool isAutoStoped,
@@ -128,7 +131,7 @@ QString KWStopwatchConfirmViewController::problemWith(std::optional<double> type
     if (!typed) return KWLocalizedString("Write the hours and the minutes as whole numbers.");
     if (*typed > m_originalDuration)
         return KWLocalizedString("Please don't exceed the duration of this timing: %@")
-            .replace(u"%@"_s, StopwatchLength::ofSeconds(m_originalDuration).text());
+            .replace(u"%@"_s, unbroken(StopwatchLength::ofSeconds(m_originalDuration).text()));
     return {};
 }
 
