@@ -100,6 +100,8 @@ inline const Setting<QString> theme{"theme", DefaultsScope::Standard, QStringLit
 inline constexpr Setting<double> desktopTextScale{"desktop_text_scale", DefaultsScope::Standard, 1};
 inline const Setting<QByteArray> mainWindowGeometry{"main_window_geometry", DefaultsScope::Standard, {}};
 inline const Setting<QByteArray> mainWindowSplitter{"main_window_splitter", DefaultsScope::Standard, {}};
+/// Where the small window of focus was left.
+inline const Setting<QByteArray> focusWindowGeometry{"focus_window_geometry", DefaultsScope::Standard, {}};
 /// As it was last chosen by hand, in pixels at a text size of 100 %; 0 for never.
 inline constexpr Setting<int> sidebarWidth{"sidebar_width", DefaultsScope::Standard, 0};
 
