@@ -18,14 +18,11 @@ FocusRooms::FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings with)
 {
 }
 
+FocusRooms::~FocusRooms() { m_pomo.applicationWillTerminate(); }
+
 void FocusRooms::applicationDidFinishLaunching()
 {
     m_stopwatch.restore();
     m_terminator.applicationDidFinishLaunching();
     m_manager.applicationDidFinishLaunching();
-}
-
-void FocusRooms::Lengths::show(const StopwatchConfirmation &confirmation)
-{
-    if (confirmation.confirmActionHandler) confirmation.confirmActionHandler();
 }

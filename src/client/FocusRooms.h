@@ -2,6 +2,7 @@
 
 #include "app/ports/AlertPort.h"
 #include "app/ports/LaunchPorts.h"
+#include "client/FocusNotifications.h"
 #include "corvexkit/stopwatch/Stopwatch.h"
 #include "focus/FocusAssociation.h"
 #include "focus/KWFocusRunningManager.h"
@@ -10,9 +11,9 @@
 #include "focus/PomoJournal.h"
 #include "focus/StopwatchFile.h"
 #include "focus/StopwatchTerminator.h"
-#include "client/FocusNotifications.h"
 #include "views/focus/FocusPresenter.h"
 #include "views/focus/FocusQuestions.h"
+#include "views/focus/KWStopwatchConfirmWindow.h"
 
 /// The engines of focus, put together. Main thread.
 class FocusRooms : public FocusCoordinatorPort {
@@ -26,6 +27,8 @@ public:
         std::function<void(const QString &token)> openWindow; ///< with an activation token or none
     };
     FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings surroundings);
+    /// Writes down what runs, and takes messages back.
+    ~FocusRooms() override;
 
     FocusPresenter &presenter() { return m_presenter; }
     KWFocusRunningManager &manager() { return m_manager; }
@@ -33,12 +36,6 @@ public:
     void applicationDidFinishLaunching() override;
 
 private:
-    class Lengths : public StopwatchConfirmPort {
-    public:
-        void show(const StopwatchConfirmation &confirmation) override;
-        void close() override {}
-    };
-
     FocusQuestions m_questions;
     FocusNotifications m_messages;
     FocusPorts m_ports;
@@ -48,7 +45,7 @@ private:
     Corvex::Focus::Stopwatch m_stopwatch;
     KWPomoRunningManager m_pomo;
     KWFocusRunningManager m_manager;
-    Lengths m_lengths;
+    StopwatchConfirmPresenter m_lengths;
     KWStopwatchConfirmManager m_confirmation;
     StopwatchTerminator m_terminator;
     FocusPresenter m_presenter;

@@ -379,6 +379,12 @@ void KWPomoRunningManager::keepInJournal()
                     .stretches = m_slices.stretches(now())});
 }
 
+void KWPomoRunningManager::applicationWillTerminate()
+{
+    keepInJournal();
+    m_ports.messages.remove();
+}
+
 void KWPomoRunningManager::pomoSettingsChanged()
 {
     if (m_state == KWPomoRunningState::idle)
