@@ -2,6 +2,7 @@
 
 #include "cli/CommandText.h"
 #include "cli/DemoContents.h"
+#include "cli/DemoFocus.h"
 #include "cli/DemoHabits.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWChecklistItem.h"
@@ -103,6 +104,7 @@ private:
         model.priority = task.priority;
         if (!task.tag.isEmpty()) model.tags = {task.tag};
         model.repeatRule = task.repeatRule;
+        model.estimatedPomo = task.estimatedPomos;
         model.kind = task.items.empty() ? KWTaskKindText : KWTaskKindChecklist;
         model.sortOrder = nextOrder();
         if (task.when) setDates(model, *task.when);
@@ -167,6 +169,7 @@ Result<void> fillDemoAccount(OrvaneKit &kit)
                                           [](const QString &userID, ObjectContext &context) -> Result<void> {
                                               DemoWriter{context, userID}.write();
                                               writeDemoHabits(userID, context);
+                                              writeDemoFocus(userID, context);
                                               return {};
                                           });
 }

@@ -65,7 +65,8 @@ constexpr Task clientLaunch[] = {
      .repeatRule = "RRULE:FREQ=MONTHLY"_L1,
      .content = "One page for the newsletter and a short version for the site. "
                 "Keep the opening line from the draft."_L1,
-     .items = announcementItems},
+     .items = announcementItems,
+     .estimatedPomos = 20},
     {.title = "Review the budget"_L1,
      .when = When{0, at(14), at(15)},
      .priority = medium,
@@ -146,6 +147,52 @@ constexpr Habit allHabits[] = {
      .missesOneOf = 7},
 };
 
+constexpr auto announcement = "Write the launch announcement"_L1;
+constexpr auto budget = "Review the budget"_L1;
+constexpr auto memoryModels = "Chapter on memory models"_L1;
+constexpr auto pressKit = "Prepare the press kit"_L1;
+constexpr auto stopwatch = KWFocusTypeStopwatch;
+
+constexpr Focus allFocus[] = {
+    {0, at(6, 35), 5min, "Stretch"_L1},
+    {0, at(6, 45), 10min, "Write a page"_L1},
+    {0, at(7), 65min, "Weekly plan"_L1, stopwatch, 10min},
+    {0, at(8, 20), 25min, "Plan the weekend hike"_L1},
+    {0, at(9), 25min, budget},
+    {0, at(9, 30), 25min, announcement},
+    {1, at(8, 30), 25min, announcement},
+    {1, at(9), 25min, announcement},
+    {1, at(9, 30), 25min, announcement},
+    {1, at(10, 15), 25min, budget},
+    {1, at(13), 2h, pressKit, stopwatch, 20min},
+    {1, at(16), 25min, memoryModels},
+    {1, at(21), 25min, "Read"_L1},
+    {2, at(9), 25min, announcement},
+    {2, at(9, 30), 25min, announcement},
+    {2, at(10), 25min, "Rehearse the talk"_L1},
+    {2, at(14), 25min, memoryModels},
+    {2, at(14, 30), 25min, memoryModels},
+    {2, at(19), 63min, "Practise the piano"_L1, stopwatch},
+    {3, at(9), 25min, pressKit},
+    {3, at(9, 30), 25min, pressKit},
+    {3, at(10), 25min, "Walk through the demo"_L1},
+    {3, at(11), 25min, budget},
+    {3, at(14), 117min, "Interview notes"_L1, stopwatch, 13min},
+    {3, at(21), 25min, "Read"_L1},
+    {4, at(10), 33min, "Sort the seed box"_L1, stopwatch},
+    {4, at(17, 15), 25min, "Essay on calm software"_L1},
+    {5, at(9), 25min, announcement},
+    {5, at(9, 30), 25min, announcement},
+    {5, at(10, 15), 25min, "Check every link of the site"_L1},
+    {5, at(13, 30), 25min, budget},
+    {5, at(14), 25min, budget},
+    {5, at(16), 47min, "Weekly plan"_L1, stopwatch, 5min},
+    {6, at(9, 15), 25min, "Notes on the calendar standard"_L1},
+    {6, at(9, 45), 25min, memoryModels},
+    {6, at(19), 32min, "Practise the piano"_L1, stopwatch},
+    {6, at(21), 25min, "Read"_L1},
+};
+
 } // namespace
 
 std::span<const QLatin1StringView> tags() { return allTags; }
@@ -155,6 +202,8 @@ std::span<const Filter> filters() { return allFilters; }
 std::span<const Task> inboxTasks() { return inbox; }
 
 std::span<const Habit> habits() { return allHabits; }
+
+std::span<const Focus> focus() { return allFocus; }
 
 std::span<const List> lists() { return allLists; }
 

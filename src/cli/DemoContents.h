@@ -35,6 +35,7 @@ struct Task {
     std::span<const Item> items{};
     State state = State::Open;
     QLatin1StringView parent{}; ///< title of one before it in the same list; empty for none
+    int estimatedPomos = 0;
 };
 
 struct List {
@@ -64,11 +65,24 @@ struct Habit {
     int missesOneOf = 0; ///< so many of the days before were due for one that was missed
 };
 
+/// A session of the last seven days. The two weeks before have most of them, too.
+struct Focus {
+    int daysAgo;
+    std::chrono::minutes from;
+    std::chrono::minutes length;
+    QLatin1StringView what; ///< title of a task or name of a habit
+    KWFocusType type = KWFocusTypePomo;
+    std::chrono::minutes pause{}; ///< in its middle, besides the length
+};
+inline constexpr int dailyPomoGoal = 8;
+
 std::span<const QLatin1StringView> tags();
 std::span<const Filter> filters();
 std::span<const Task> inboxTasks();
 /// In the order of their sections.
 std::span<const Habit> habits();
+/// The latest day first, and in each the first session.
+std::span<const Focus> focus();
 /// In the order of the sidebar.
 std::span<const List> lists();
 

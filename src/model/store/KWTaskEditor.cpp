@@ -139,6 +139,17 @@ Result<UndoToken> KWTaskEditor::addTag(const QString &taskID, const QString &lab
     });
 }
 
+Result<UndoToken> KWTaskEditor::setEstimate(const QString &taskID, int pomos, std::chrono::seconds duration)
+{
+    constexpr int most = 1000;
+    if (pomos < 0 || pomos > most || duration.count() < 0 || duration > std::chrono::hours{most})
+        return Error{storeText("An estimate is 1000 Pomos or 1000 hours at most.")};
+    return editUndoably(taskID, [&](KWTask &task) {
+        task.set(&KWTaskModel::estimatedPomo, pomos);
+        task.set(&KWTaskModel::estimatedDuration, std::int64_t{duration.count()});
+    });
+}
+
 Result<UndoToken> KWTaskEditor::setAssignee(const QString &taskID, std::int64_t userServerID)
 {
     return tryUndoably(taskID, [userServerID](KWTask &task) -> Result<void> {

@@ -50,6 +50,9 @@ public:
     Result<UndoToken> setKind(const QString &taskID, KWTaskKind kind);
     /// A tag that there is not yet is made; see KWTagService::checkedLabel().
     Result<UndoToken> addTag(const QString &taskID, const QString &label);
+    /// How many Pomos and how long it is thought to take; 0 for no estimate. More than 1000 of them or 1000
+    /// hours are refused.
+    Result<UndoToken> setEstimate(const QString &taskID, int pomos, std::chrono::seconds duration);
     /// A member of the task's list, by the server's id, or KWTaskAssignedToNobody.
     Result<UndoToken> setAssignee(const QString &taskID, std::int64_t userServerID);
     /// A new open task below the task, the last there, in the same list. A note takes none.

@@ -31,6 +31,7 @@ std::span<const std::string> migrations()
         schemas::eventsInLists(),
         schemas::calendarChoices(),
         schemas::focusOfHabits(),
+        schemas::focusSessions(),
     };
     return inOrder;
 }

@@ -4,11 +4,15 @@
 #include "model/records/KWCalSubscription.h"
 #include "model/records/KWChecklistItem.h"
 #include "model/records/KWFilter.h"
+#include "model/records/KWFocusSlice.h"
+#include "model/records/KWFocusSummary.h"
 #include "model/records/KWHabit.h"
 #include "model/records/KWHabitCheckin.h"
+#include "model/records/KWHabitFocus.h"
 #include "model/records/KWHabitRecord.h"
 #include "model/records/KWHabitSection.h"
 #include "model/records/KWHabitSkip.h"
+#include "model/records/KWPomodoro.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWTag.h"
@@ -31,11 +35,11 @@ void forEachKind(Visitor &&visit)
     const auto visitAll = [&visit]<class... Records>(std::type_identity<std::tuple<Records...>>) {
         (visit(std::type_identity<Records>{}), ...);
     };
-    visitAll(std::type_identity<
-             std::tuple<KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder,
-                        KWTaskPrioritySortOrder, KWTaskProjectSortOrder, KWTaskTagSortOrder,
-                        KWTaskPinnedSortOrder, KWProject, KWProjectGroup, KWTag, KWFilter, KWCalSubscription,
-                        KWHabitSection, KWHabit, KWHabitCheckin, KWHabitRecord, KWHabitSkip>>{});
+    visitAll(std::type_identity<std::tuple<
+                 KWTask, KWChecklistItem, KWAttachment, KWTaskDueDateSortOrder, KWTaskPrioritySortOrder,
+                 KWTaskProjectSortOrder, KWTaskTagSortOrder, KWTaskPinnedSortOrder, KWProject, KWProjectGroup,
+                 KWTag, KWFilter, KWCalSubscription, KWHabitSection, KWHabit, KWHabitCheckin, KWHabitRecord,
+                 KWHabitSkip, KWPomodoro, KWFocusSlice, KWFocusSummary, KWHabitFocus>>{});
 }
 
 // The fields that say what a record is, not where it stands with the service nor what follows from them.
@@ -63,7 +67,8 @@ WITH made (sid) AS (SELECT value FROM json_each(?)), below (sid) AS (
     UNION ALL SELECT sid FROM focusSummaries WHERE taskID IN made AND isDeleted = 0
     UNION ALL SELECT sid FROM habitCheckins WHERE habitID IN made AND isDeleted = 0
     UNION ALL SELECT sid FROM habitRecords WHERE habitID IN made AND isDeleted = 0
-    UNION ALL SELECT sid FROM habitSkips WHERE habitID IN made AND isDeleted = 0)
+    UNION ALL SELECT sid FROM habitSkips WHERE habitID IN made AND isDeleted = 0
+    UNION ALL SELECT sid FROM habitFocus WHERE habitID IN made AND isDeleted = 0)
 SELECT count(*) FROM below WHERE sid NOT IN made)sql";
 
 Error changedMeanwhile() { return {storeText("This was changed in the meantime, so it cannot be undone.")}; }
@@ -183,6 +188,55 @@ Result<void> takeBackChange(const Twin &before, const Twin &after, ObjectContext
     return {};
 }
 
+// Others add to these meanwhile, so only the difference is taken back; when their owner is gone, nothing.
+template <class Twin>
+constexpr bool isSum = std::same_as<Twin, KWFocusSummaryModel> || std::same_as<Twin, KWHabitFocusModel>;
+
+void takeBackSum(const KWFocusSummaryModel &before, const KWFocusSummaryModel &after, ObjectContext &context)
+{
+    KWTask *task = context.find<KWTask>(after.taskID);
+    if (!task) return;
+    task->addPomoCount(before.pomoCount - after.pomoCount, after.userServerID);
+    task->addPomoDuration(before.pomoDuration - after.pomoDuration, after.userServerID);
+    task->addStopwatchDuration(before.stopwatchDuration - after.stopwatchDuration, after.userServerID);
+}
+
+void takeBackSum(const KWHabitFocusModel &before, const KWHabitFocusModel &after, ObjectContext &context)
+{
+    if (KWHabit *habit = context.find<KWHabit>(after.habitID))
+        habit->appendTimeInerval(before.duration - after.duration, after.stamp);
+}
+
+bool isNone(const KWFocusSummaryModel &sum)
+{
+    return sum.pomoCount == 0 && sum.pomoDuration == 0 && sum.stopwatchDuration == 0;
+}
+
+bool isNone(const KWHabitFocusModel &sum) { return sum.duration == 0; }
+
+template <class Record, class Twin>
+void takeBackSum(const std::optional<Twin> &before, const Twin &after, ObjectContext &context)
+{
+    takeBackSum(before.value_or(Twin{}), after, context);
+    Record *sum = before ? nullptr : context.find<Record>(after.sid);
+    if (sum && sum->model().syncStatus == KWSyncStatusCreated && isNone(sum->model())) context.remove(*sum);
+}
+
+template <class Record, class Versions>
+Result<void> takeBack(const Versions &versions, ObjectContext &context)
+{
+    using Twin = typename Record::Model;
+    if constexpr (isSum<Twin>) {
+        takeBackSum<Record>(versions.before, versions.after, context);
+        return {};
+    } else {
+        if (versions.isRemoved)
+            return takeBackRemoval<Record>(versions.before.value_or(versions.after), context);
+        if (versions.before) return takeBackChange<Record>(*versions.before, versions.after, context);
+        return takeBackMaking<Record>(versions.after, context);
+    }
+}
+
 } // namespace
 
 template <class Record>
@@ -191,8 +245,11 @@ void UndoToken::note(const ObjectContext &context)
     using Twin = typename Record::Model;
     for (const Record *each : context.changed<Record>()) {
         if (each->isRemoved() && !comesBack<Twin>) continue;
-        std::get<QList<Versions<Twin>>>(m_versions)
-            .append({each->storedVersion(), each->model(), each->isRemoved()});
+        const std::optional<Twin> before = each->storedVersion();
+        const bool isContent =
+            !before || each->isRemoved() || (difference(*before, each->model()) & contentFields<Twin>());
+        if (isContent)
+            std::get<QList<Versions<Twin>>>(m_versions).append({before, each->model(), each->isRemoved()});
     }
 }
 
@@ -239,9 +296,7 @@ Result<void> UndoToken::undo(KWCoreDataManager &manager) const
         forEachKind([&]<class Record>(std::type_identity<Record>) {
             for (const auto &each : std::get<QList<Versions<typename Record::Model>>>(m_versions)) {
                 if (!done) return;
-                done = each.isRemoved ? takeBackRemoval<Record>(each.before.value_or(each.after), context)
-                       : each.before  ? takeBackChange<Record>(*each.before, each.after, context)
-                                      : takeBackMaking<Record>(each.after, context);
+                done = takeBack<Record>(each, context);
             }
         });
         forEachKind([&]<class Record>(std::type_identity<Record>) {

@@ -5,11 +5,15 @@
 #include "model/records/KWCalSubscriptionModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWFilterModel.h"
+#include "model/records/KWFocusSliceModel.h"
+#include "model/records/KWFocusSummaryModel.h"
 #include "model/records/KWHabitCheckinModel.h"
+#include "model/records/KWHabitFocusModel.h"
 #include "model/records/KWHabitModel.h"
 #include "model/records/KWHabitRecordModel.h"
 #include "model/records/KWHabitSectionModel.h"
 #include "model/records/KWHabitSkipModel.h"
+#include "model/records/KWPomodoroModel.h"
 #include "model/records/KWProjectGroupModel.h"
 #include "model/records/KWProjectModel.h"
 #include "model/records/KWTagModel.h"
@@ -26,8 +30,8 @@ class KWCoreDataManager;
 class ObjectContext;
 
 /// What one save does to tasks with their items, attachments and places in lists, and to lists, folders,
-/// tags, filters, subscribed calendars and habits with their days, by value, so that it can be taken back. A
-/// token that is made by default takes nothing back.
+/// tags, filters, subscribed calendars, habits with their days and focus sessions, by value, so that it can
+/// be taken back. A token that is made by default takes nothing back.
 class UndoToken {
 public:
     UndoToken() = default;
@@ -37,7 +41,8 @@ public:
 
     bool isEmpty() const;
     /// Gives every field that was changed its value before and takes away what was made, in one save:
-    /// what was changed elsewhere since stays, and an alert that was due is due again. When one of those
+    /// what was changed elsewhere since stays, and an alert that was due is due again. Of the focus of a task
+    /// or a day of a habit only what was added goes, and what was taken away comes back. When one of those
     /// fields or a record that was made is another one now, or something was put into a task that was made,
     /// nothing is taken back and the sentence says so. Main thread.
     Result<void> undo(KWCoreDataManager &manager) const;
@@ -60,6 +65,7 @@ private:
                KWTaskPrioritySortOrderModel, KWTaskProjectSortOrderModel, KWTaskTagSortOrderModel,
                KWTaskPinnedSortOrderModel, KWProjectModel, KWProjectGroupModel, KWTagModel, KWFilterModel,
                KWCalSubscriptionModel, KWHabitSectionModel, KWHabitModel, KWHabitCheckinModel,
-               KWHabitRecordModel, KWHabitSkipModel>
+               KWHabitRecordModel, KWHabitSkipModel, KWPomodoroModel, KWFocusSliceModel, KWFocusSummaryModel,
+               KWHabitFocusModel>
         m_versions;
 };

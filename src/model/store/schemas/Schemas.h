@@ -41,5 +41,7 @@ std::string eventsInLists();
 std::string calendarChoices();
 /// How long habits were focused on, and to the stretches of focus by what they were spent on.
 std::string focusOfHabits();
+/// What finds the focus sessions that have gone on for days.
+std::string focusSessions();
 
 } // namespace schemas
