@@ -51,4 +51,9 @@ enum class MenuCommand {
     NewFilter,
     OpenPalette,
     Find,
+    OpenFocus,
+    StartOrAbandonPomo,
+    StartPomoOnTask,
+    StartStopwatchOnTask,
+    ShowFocusWindow,
 };

@@ -45,6 +45,9 @@ constexpr MenuEntry entries[] = {
     {PriorityLow, Task, "priorityLow", "Low Priority", "Alt+1", SelectedTask},
     {PriorityNone, Task, "priorityNone", "No Priority", "Alt+0", SelectedTask},
 
+    {StartPomoOnTask, Task, "startPomoOnTask", "Start Pomo", "Ctrl+Shift+P", SelectedTask, group},
+    {StartStopwatchOnTask, Task, "startStopwatchOnTask", "Start Stopwatch", "Ctrl+Alt+P", SelectedTask},
+
     {OpenPalette, Go, "openPalette", "Go To…", "Ctrl+K"},
     {Find, Go, "find", "Search…", "Ctrl+F"},
     {OpenInbox, Go, "openInbox", "Inbox", "Ctrl+1", SignedInUser, group},
@@ -52,6 +55,7 @@ constexpr MenuEntry entries[] = {
     {OpenTomorrow, Go, "openTomorrow", "Tomorrow", "Ctrl+3"},
     {OpenNext7Days, Go, "openNext7Days", "Next 7 Days", "Ctrl+4"},
     {OpenCalendar, Go, "openCalendar", "Calendar", "Ctrl+5"},
+    {OpenFocus, Go, "openFocus", "Focus", "Ctrl+Shift+F"},
     {OpenHabit, Go, "openHabit", "Habits", "Ctrl+6"},
     {OpenAll, Go, "openAll", "All", "Ctrl+7", SignedInUser, group},
     {OpenAssignedToMe, Go, "openAssignedToMe", "Assigned to Me", "Ctrl+8"},
@@ -61,6 +65,8 @@ constexpr MenuEntry entries[] = {
     {GoToLists, Go, "goToLists", "Sidebar", "Ctrl+L", SignedInUser, group},
 
     {Minimise, Window, "minimise", "Minimise", "Ctrl+M", Nothing},
+    {StartOrAbandonPomo, Window, "startOrAbandonPomo", "Start or Stop Pomo", "Ctrl+Shift+G"},
+    {ShowFocusWindow, Window, "showFocusWindow", "Focus Window", "Ctrl+Shift+Y"},
     {ShowPopover, Window, "showPopover", "Quick View of Today", "Ctrl+Shift+O"},
     {ShowMenuBar, Window, "showMenuBar", "Menu Bar", "F10"},
 

@@ -2,6 +2,7 @@
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
+#include "model/settings/KWLocalizedString.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/welcome/WelcomeWindow.h"
 
@@ -24,21 +25,30 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
                      [this] { m_application.session().refreshBadge(); }})
     , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<KWSyncManager>(), m_mainWindow})
-    , m_mainWindow(
-          {kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats, m_calendars})
+    , m_notificationShares(services.notifications)
+    , m_focus(kit, clock,
+              {.alerts = m_alerts,
+               .popover = m_statusItem,
+               .notifications = m_notificationShares.makeShare(),
+               .window = [this]() -> QWidget * { return m_mainWindow.window(); },
+               .openWindow = [this](const QString &token) { m_application.session().showWindow(token); }})
+    , m_focusWindow({m_focus.presenter(), m_menu, kit.defaults()})
+    , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats,
+                    m_calendars, m_focus.presenter()})
     , m_welcomeWindow(kit.account())
     , m_timeChanges({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(),
                      absent<KWSyncManager>(), m_alerts, services.relaunch})
     , m_significantTimeChange(services.followsSystemZone ? m_timeChanges
                                                          : absent<SignificantTimeChangePort>())
     , m_reminders({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(),
-                   services.notifications,
+                   m_notificationShares.makeShare(),
                    [this](const LaunchRequest &request) { m_application.open(request); },
                    [this](const QString &taskID) { return m_deletes.containsTask(taskID); },
                    [this] { return m_timeChanges.isAdapting(); }})
     , m_dock(services.dock)
     , m_commands(m_menu, kit.account())
-    , m_statusItem({kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea, m_alerts})
+    , m_statusItem(
+          {kit, clock, m_newTasks, m_menu, m_deletes, services.statusArea, m_alerts, m_focus.presenter()})
     , m_quickAdd({kit, clock, m_newTasks, m_alerts, m_menu.shortcuts()})
     , m_links(kit.manager(), kit.account(), kit.center(), m_mainWindow)
     , m_application(clock, kit.center(), kit.bus(), ports())
@@ -46,6 +56,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     m_tasks.onOccurrencesNeeded = [this](Instant from, Instant to) { m_repeats.generateInstances(from, to); };
     m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
     connectStatusItem();
+    connectFocus();
     decideAtTheLastWindow();
     QObject::connect(&m_mainWindow, &MainWindowController::linkRequested, &m_mainWindow,
                      [this](const QString &link) { m_links.open(link); });
@@ -65,6 +76,7 @@ AppPorts DesktopRooms::ports()
     return {.account = m_account,
             .shortcuts = m_menu,
             .mainMenu = m_menu,
+            .focusCoordinator = m_focus,
             .theme = m_theme,
             .links = m_links,
             .userNotifications = m_reminders,
@@ -94,6 +106,25 @@ void DesktopRooms::connectStatusItem()
         m_application.session().showWindow({});
         m_mainWindow.showTask(taskID, KWListIdentifier::todayProject());
     });
+}
+
+void DesktopRooms::connectFocus()
+{
+    m_menu.handle(MenuCommand::StartOrAbandonPomo, m_focusWindow,
+                  [this] { m_focus.manager().startOrAbandonPomo(); });
+    m_menu.setHindrance(MenuCommand::StartOrAbandonPomo, [this] {
+        if (!m_focus.presenter().isEnabled())
+            return KWLocalizedString("Focus is switched off in the preferences.");
+        return m_focus.manager().isStopwatchBusy() ? KWLocalizedString("The stopwatch is on.") : QString{};
+    });
+    QObject::connect(&m_focus.presenter(), &FocusPresenter::changed, &m_mainWindow,
+                     [this] { m_menu.refresh(); });
+    QObject::connect(&m_mainWindow, &MainWindowController::preferencesRequested, &m_mainWindow,
+                     [this](const QString &page) { m_preferences.show(page); });
+    QObject::connect(&m_mainWindow, &MainWindowController::focusWindowRequested, &m_mainWindow,
+                     [this] { m_focusWindow.show(); });
+    QObject::connect(&m_statusItem, &StatusItem::focusStarted, &m_mainWindow,
+                     [this](const QString &sentence) { m_mainWindow.showFailure(sentence); });
 }
 
 void DesktopRooms::decideAtTheLastWindow()

@@ -6,16 +6,19 @@
 #include "app/KWUserNotificationHandler.h"
 #include "app/LinkOpener.h"
 #include "app/RunningApplication.h"
+#include "app/UserNotificationShares.h"
 #include "app/ports/LoginItemPort.h"
 #include "calendar/KWRepeatInstanceService.h"
 #include "calendar/OccurrencesAhead.h"
 #include "calendar/subscriptions/CalSubscriptionService.h"
 #include "capture/NewTaskService.h"
+#include "client/FocusRooms.h"
 #include "habits/HabitDayWatch.h"
 #include "lists/KWProjectListPresenter.h"
 #include "lists/KWTaskListService.h"
 #include "model/store/KWAttachmentService.h"
 #include "views/alerts/AlertPresenter.h"
+#include "views/focus/FocusWindowController.h"
 #include "views/main/ApplicationCommands.h"
 #include "views/main/MainWindowController.h"
 #include "views/menu/MainMenu.h"
@@ -55,6 +58,8 @@ public:
     PreferencesWindowController &preferences() { return m_preferences; }
     QuickAddController &quickAdd() { return m_quickAdd; }
     StatusItem &statusItem() { return m_statusItem; }
+    FocusRooms &focus() { return m_focus; }
+    FocusWindowController &focusWindow() { return m_focusWindow; }
     WelcomeWindowController &welcomeWindow() { return m_welcomeWindow; }
     RunningApplication &application() { return m_application; }
 
@@ -95,6 +100,7 @@ private:
 
     AppPorts ports();
     void connectStatusItem();
+    void connectFocus();
     void decideAtTheLastWindow();
 
     KWRepeatInstanceService m_repeats;
@@ -113,9 +119,12 @@ private:
     PreferencesWindowController m_preferences;
     TopWindows m_windows;
     KWDelayDeleteManager m_deletes;
+    AlertPresenter m_alerts;
+    UserNotificationShares m_notificationShares;
+    FocusRooms m_focus;
+    FocusWindowController m_focusWindow;
     MainWindowController m_mainWindow;
     WelcomeWindowController m_welcomeWindow;
-    AlertPresenter m_alerts;
     KWSignificantTimeChangeObserver m_timeChanges;
     SignificantTimeChangePort &m_significantTimeChange;
     KWUserNotificationHandler m_reminders;

@@ -4,6 +4,8 @@
 #include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/focus/FocusPane.h"
+#include "views/focus/FocusPanel.h"
 #include "views/habits/HabitListView.h"
 #include "views/habits/HabitPane.h"
 #include "views/main/MainWindow.h"
@@ -88,6 +90,22 @@ void selectHabitToShow(HabitPane &habits)
             if (each.habit.isRealType) return habits.list().selectHabit(each.habit.sid);
 }
 
+// "running", "picker", "records", "window"; the page as it opens without.
+void changeFocus(MainWindow &window, DesktopRooms &rooms, const QString &state)
+{
+    FocusRooms &focus = rooms.focus();
+    constexpr int secondsRun = 558;
+    if (state == u"running" || state == u"window") {
+        const QList<FocusTargetChoice> choices = focus.presenter().choices();
+        if (!choices.isEmpty()) focus.presenter().startOn(choices.first().target, KWFocusTypePomo);
+        for (int i = 0; i < secondsRun; ++i)
+            focus.pomo().timerStep();
+    }
+    if (state == u"picker") window.focusPane().panel()->pickTarget();
+    if (state == u"records") window.openDetail();
+    if (state == u"window") rooms.focusWindow().show();
+}
+
 void press(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
     QKeyEvent event{QEvent::KeyPress, key, modifiers};
@@ -118,6 +136,8 @@ void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
         return rooms.quickAdd().show(page.text, {});
     case PicturePage::Kind::FilterEditor:
         return rooms.mainWindow().editFilter(page.text);
+    case PicturePage::Kind::Focus:
+        return changeFocus(window, rooms, page.text);
     case PicturePage::Kind::Calendar:
         return changeCalendar(window.calendarPane(), page.state);
     default:

@@ -2,6 +2,7 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "corvexkit/time/TimeText.h"
+#include "focus/FocusLimits.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWFocusSlice.h"
 #include "model/records/KWHabit.h"
@@ -67,6 +68,15 @@ Result<void> FocusRecordWriter::updateFocusSummary(const FocusRecord &record)
         applyCredits(credits, record.creditSource(), *user, context);
         return {};
     });
+}
+
+Result<void> FocusRecordWriter::store(const FocusRecord &record)
+{
+    const auto length = std::chrono::round<std::chrono::seconds>(record.endDate - record.startDate);
+    if (record.status != KWPomoStatusCompleted || length < FocusLimits::minimumFocus)
+        return updateFocusSummary(record);
+    const Result<QString> written = write(record);
+    return written ? Result<void>{} : written.error();
 }
 
 QString FocusRecordWriter::insert(const FocusRecord &record, const QString &userID, ObjectContext &context)

@@ -32,6 +32,8 @@ public:
     Result<QString> write(const FocusRecord &record);
     /// Gives the credits alone: what is left of a session that was given up.
     Result<void> updateFocusSummary(const FocusRecord &record);
+    /// The first for a completed session that is not too short, the second for any other.
+    Result<void> store(const FocusRecord &record);
 
     /// The same inside a save of the caller; credits nothing.
     static QString insert(const FocusRecord &record, const QString &userID, ObjectContext &context);

@@ -39,6 +39,7 @@ KWProjectListPresenter::KWProjectListPresenter(KWCoreDataManager &manager, KWAcc
                                    RecordKind::Filter,
                                    RecordKind::Team,
                                    RecordKind::SmartProjectSetting,
+                                   RecordKind::PomoSettings,
                                    RecordKind::CalSubscription,
                                    RecordKind::CalendarDisplayConfiguration};
         const bool mayChangeTree =

@@ -3,6 +3,7 @@
 #include "model/records/KWCalSubscription.h"
 #include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWFilter.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWSmartProject.h"
@@ -43,6 +44,9 @@ void ProjectListContents::readSection(ProjectListSection section, ObjectContext 
                 hiddenSmartLists.insert(each.key());
             else if (each.value() == KWSmartProjectVisibilityShownIfNotEmpty)
                 hiddenIfEmpty.insert(each.key());
+        if (const auto *focus = context.find<KWPomoSettings>(userID);
+            focus && focus->isNotDeleted() && !(*focus)->isPomoEnabled)
+            hiddenSmartLists.insert(KWSmartProject::focus().identifier());
         break;
     }
     case ProjectListSection::Filters:

@@ -93,7 +93,8 @@ Nodes ProjectListNodes::top(const ProjectListContents &contents)
               &KWSmartProject::next7days()},
              contents, nodes);
     nodes.push_back(smartNode(KWSmartProject::calendar()));
-    addShown({&KWSmartProject::habit(), &KWSmartProject::assignedToMe()}, contents, nodes);
+    addShown({&KWSmartProject::focus(), &KWSmartProject::habit(), &KWSmartProject::assignedToMe()}, contents,
+             nodes);
     return nodes;
 }
 

@@ -81,6 +81,7 @@ SMART_PROJECT(project, u"smart.project"_s, "Lists")
 SMART_PROJECT(subcal, u"smart.subcal"_s, "Subscriptions")
 SMART_PROJECT(calendar, u"smart.calendar"_s, "Calendar")
 SMART_PROJECT(habit, u"smart.habit"_s, "Habits")
+SMART_PROJECT(focus, u"smart.focus"_s, "Focus")
 #undef SMART_PROJECT
 
 std::span<const KWSmartProject *const> KWSmartProject::configurable()
@@ -95,7 +96,7 @@ const KWSmartProject *KWSmartProject::withIdentifier(const QString &identifier)
 {
     for (const KWSmartProject *each : configurable())
         if (each->identifier() == identifier) return each;
-    for (const KWSmartProject *each : {&inbox(), &project(), &subcal(), &calendar(), &habit()})
+    for (const KWSmartProject *each : {&inbox(), &project(), &subcal(), &calendar(), &habit(), &focus()})
         if (each->identifier() == identifier) return each;
     return nullptr;
 }

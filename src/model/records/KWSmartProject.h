@@ -33,6 +33,8 @@ public:
     static const KWSmartProject &calendar();
     /// The habits: no list of tasks either; it has a visibility setting of its own.
     static const KWSmartProject &habit();
+    /// The page of focus: no list of tasks, and in the sidebar unless focus is switched off.
+    static const KWSmartProject &focus();
 
     /// Every instance that has a visibility setting, in the order of the settings.
     static std::span<const KWSmartProject *const> configurable();

@@ -16,6 +16,8 @@ struct DataFolders {
     QString store() const { return data + QStringLiteral("/store.sqlite"); }
     QString lock() const { return data + QStringLiteral("/lock"); }
     QString log() const { return data + QStringLiteral("/log"); }
+    /// What the stopwatch keeps while the program does not run.
+    QString stopwatch() const { return data + QStringLiteral("/stopwatch.json"); }
     /// One copy of the store a day.
     QString backups() const { return data + QStringLiteral("/backups"); }
     /// Stands there while the client runs.

@@ -18,6 +18,11 @@ constexpr std::pair<std::string_view, const char *> englishTexts[] = {
     {"Habit_Freq_Daily", "Daily"},
     {"Habit_Freq_Weekly", "Weekly"},
     {"Habit_Freq_Repeat", "Interval"},
+    {"auto_You've got a Pomo. Time to relax.", "You've got a Pomo. Your break begins now."},
+    {"POMO_RELAX", "Relax"},
+    {"POMO_START", "Start"},
+    {"belong", "Yes, It Does"},
+    {"not_belong", "No, It Does Not"},
     {"Crash Protection Title", "Orvane closed unexpectedly several times"},
     {"Crash Protection Message",
      "The last starts each ended within five seconds. Your tasks are safe in the data folder. You can start "

@@ -28,6 +28,10 @@ inline const Setting<QString> lastLocalTimeZone{"last_local_time_zone_identifier
 inline const Setting<QString> zoneOfUnadaptedDates{"zone_of_unadapted_dates", DefaultsScope::Group, {}};
 inline constexpr Setting<bool> isSwitchedTimeZoneBeforeLaunch{"is_switched_time_zone_before_launch",
                                                               DefaultsScope::Group, false};
+/// Waits of hours pass in minutes, for whoever works on the program.
+inline constexpr Setting<bool> developerAcceleration{"developer_acceleration", DefaultsScope::Standard,
+                                                     false};
+
 /// Of a user: the list selection, encoded.
 inline const Setting<QString> selectedNode{"selected_node_id_in_proejct_list_of_", DefaultsScope::Group, {}};
 /// Of a user: the ids of the folded nodes of the sidebar.
@@ -37,6 +41,14 @@ inline const Setting<QStringList> foldedNodes{"folded_nodes_of_", DefaultsScope:
 inline constexpr Setting<bool> calendarTray{"calendar_tray_of_", DefaultsScope::Standard, false};
 /// Of a user: the ids of the folded sections of the habits.
 inline const Setting<QStringList> foldedHabitSections{"folded_habit_sections_of_", DefaultsScope::Group, {}};
+
+/// 1 for the stopwatch, anything else for Pomos.
+inline constexpr Setting<int> currentFocusType{"KWCurrentFocusType", DefaultsScope::Group, 0};
+/// Lengths of the settings of focus are seconds, for trying them out.
+inline constexpr Setting<bool> pomoSettingsTimeUnitIsSecond{"pomoSettingsTimeUnitIsSecond",
+                                                            DefaultsScope::Standard, false};
+/// The Pomo that runs, encoded.
+inline const Setting<QString> runningPomo{"running_pomo", DefaultsScope::Group, {}};
 
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};
@@ -88,6 +100,8 @@ inline const Setting<QString> theme{"theme", DefaultsScope::Standard, QStringLit
 inline constexpr Setting<double> desktopTextScale{"desktop_text_scale", DefaultsScope::Standard, 1};
 inline const Setting<QByteArray> mainWindowGeometry{"main_window_geometry", DefaultsScope::Standard, {}};
 inline const Setting<QByteArray> mainWindowSplitter{"main_window_splitter", DefaultsScope::Standard, {}};
+/// Where the small window of focus was left.
+inline const Setting<QByteArray> focusWindowGeometry{"focus_window_geometry", DefaultsScope::Standard, {}};
 /// As it was last chosen by hand, in pixels at a text size of 100 %; 0 for never.
 inline constexpr Setting<int> sidebarWidth{"sidebar_width", DefaultsScope::Standard, 0};
 

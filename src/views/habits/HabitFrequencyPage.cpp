@@ -5,7 +5,7 @@
 #include "views/controls/PaintedButton.h"
 #include "views/controls/PlainLabel.h"
 #include "views/controls/SegmentedControl.h"
-#include "views/habits/HabitStepper.h"
+#include "views/controls/Stepper.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
@@ -73,10 +73,10 @@ HabitFrequencyPage::HabitFrequencyPage(const QString &repeatRule, std::chrono::w
           new SegmentedControl{{KWLocalizedString("Habit_Freq_Daily"), KWLocalizedString("Habit_Freq_Weekly"),
                                 KWLocalizedString("Habit_Freq_Repeat")}})
     , m_pages(new QStackedWidget)
-    , m_times(new HabitStepper{"habitTimes", KWLocalizedString("Days per week"), 1, 7})
+    , m_times(new Stepper{"habitTimes", KWLocalizedString("Days per week"), 1, 7})
     , m_timesWords(makePlainLabel({}, Fonts::Role::Body))
-    , m_interval(new HabitStepper{"habitInterval", KWLocalizedString("Days from one to the next"), 1,
-                                  greatestInterval})
+    , m_interval(
+          new Stepper{"habitInterval", KWLocalizedString("Days from one to the next"), 1, greatestInterval})
     , m_dailyWords(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
 {
     m_kind->setObjectName(u"habitFrequencyKind"_s);
@@ -102,8 +102,8 @@ HabitFrequencyPage::HabitFrequencyPage(const QString &repeatRule, std::chrono::w
     });
     for (QAbstractButton *each : m_weekdays)
         connect(each, &QAbstractButton::clicked, this, &HabitFrequencyPage::touch);
-    for (const HabitStepper *each : {m_times, m_interval})
-        connect(each, &HabitStepper::valueChanged, this, &HabitFrequencyPage::touch);
+    for (const Stepper *each : {m_times, m_interval})
+        connect(each, &Stepper::valueChanged, this, &HabitFrequencyPage::touch);
     showWords();
 }
 

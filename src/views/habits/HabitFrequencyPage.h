@@ -6,7 +6,7 @@
 
 #include <array>
 
-class HabitStepper;
+class Stepper;
 class PillButton;
 class QAbstractButton;
 class QLabel;
@@ -45,8 +45,8 @@ private:
     SegmentedControl *m_kind;
     QStackedWidget *m_pages;
     std::array<QAbstractButton *, 7> m_weekdays{}; // Sunday first
-    HabitStepper *m_times;
+    Stepper *m_times;
     QLabel *m_timesWords;
-    HabitStepper *m_interval;
+    Stepper *m_interval;
     QLabel *m_dailyWords;
 };

@@ -2,8 +2,8 @@
 
 #include "habits/HabitWording.h"
 #include "model/settings/KWLocalizedString.h"
+#include "views/controls/PillButton.h"
 #include "views/controls/PlainLabel.h"
-#include "views/habits/PillButton.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"

@@ -5,6 +5,8 @@
 #include "views/addfield/FieldPickers.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/focus/FocusPane.h"
+#include "views/focus/FocusSideView.h"
 #include "views/habits/HabitDetailView.h"
 #include "views/habits/HabitListView.h"
 #include "views/habits/HabitPane.h"
@@ -50,9 +52,11 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     , m_listPane(new TaskListPane{clock})
     , m_calendarPane(new CalendarPane{clock})
     , m_habitPane(new HabitPane)
+    , m_focusPane(new FocusPane)
     , m_pages(new QStackedWidget)
     , m_detail(new TaskDetailView{clock})
     , m_habitDetail(new HabitDetailView)
+    , m_focusSide(new FocusSideView)
     , m_details(new QStackedWidget)
     , m_sheetShadow(new SheetShadow{*this})
     , m_toast(new Toast{*this})
@@ -62,10 +66,11 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
 
     for (QWidget *each : {static_cast<QWidget *>(m_listPane), static_cast<QWidget *>(m_calendarPane),
-                          static_cast<QWidget *>(m_habitPane)})
+                          static_cast<QWidget *>(m_habitPane), static_cast<QWidget *>(m_focusPane)})
         m_pages->addWidget(each);
-    m_details->addWidget(m_detail);
-    m_details->addWidget(m_habitDetail);
+    for (QWidget *each : {static_cast<QWidget *>(m_detail), static_cast<QWidget *>(m_habitDetail),
+                          static_cast<QWidget *>(m_focusSide)})
+        m_details->addWidget(each);
     m_splitter->setObjectName(u"columns"_s);
     m_splitter->setChildrenCollapsible(false);
     for (QWidget *column : {static_cast<QWidget *>(m_sidebar), static_cast<QWidget *>(m_pages),
@@ -83,11 +88,13 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
         if (handle == 1) keepSidebarWidth();
     });
     connect(&m_detail->header(), &DetailHeader::closeRequested, this, &MainWindow::closeDetailSheet);
-    for (QWidget *beside :
-         {m_sidebar->tree().viewport(), m_listPane->list().viewport(), m_habitPane->list().viewport()})
+    for (QWidget *beside : {m_sidebar->tree().viewport(), m_listPane->list().viewport(),
+                            m_habitPane->list().viewport(), static_cast<QWidget *>(m_focusPane)})
         beside->installEventFilter(this);
     for (const CalendarView *each : m_calendarPane->views())
         each->viewport()->installEventFilter(this);
+    connect(m_focusSide, &FocusSideView::closeRequested, this, &MainWindow::closeDetailSheet);
+    connect(m_focusPane, &FocusPane::recordsRequested, this, &MainWindow::openDetail);
     connect(m_toast, &Toast::actionTriggered, this, &MainWindow::performToastAction);
     FieldPickers &pickers = m_listPane->addField().pickers();
     setTabOrder(&m_listPane->addField(), &pickers);
@@ -167,8 +174,11 @@ void MainWindow::arrange()
         applySidebarWidth();
         m_detail->setAutoFillBackground(hasSheet);
         m_habitDetail->setAutoFillBackground(hasSheet);
+        m_focusSide->setAutoFillBackground(hasSheet);
         m_detail->header().setHasClose(hasSheet);
         m_habitDetail->setHasClose(hasSheet);
+        m_focusSide->setHasClose(hasSheet);
+        m_focusPane->setHasSheet(hasSheet);
     }
     if (m_hasSheet) placeSheet();
 }
@@ -218,6 +228,17 @@ void MainWindow::setHabitsShown(bool isShown)
 }
 
 bool MainWindow::isHabitsShown() const { return m_pages->currentWidget() == m_habitPane; }
+
+void MainWindow::setFocusShown(bool isShown)
+{
+    if (isShown == isFocusShown()) return;
+    if (isShown)
+        showPage(*m_focusPane, *m_focusSide);
+    else
+        showPage(*m_listPane, *m_detail);
+}
+
+bool MainWindow::isFocusShown() const { return m_pages->currentWidget() == m_focusPane; }
 
 void MainWindow::showPage(QWidget &middle, QWidget &detail)
 {

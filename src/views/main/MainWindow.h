@@ -9,6 +9,8 @@
 #include <optional>
 
 class CalendarPane;
+class FocusPane;
+class FocusSideView;
 class HabitDetailView;
 class HabitPane;
 class KWUserDefaults;
@@ -40,6 +42,8 @@ public:
     TaskDetailView &detail() { return *m_detail; }
     HabitPane &habitPane() { return *m_habitPane; }
     HabitDetailView &habitDetail() { return *m_habitDetail; }
+    FocusPane &focusPane() { return *m_focusPane; }
+    FocusSideView &focusSide() { return *m_focusSide; }
     /// What stands in the middle now.
     QWidget &middle() const;
     Toast &toast() { return *m_toast; }
@@ -50,6 +54,9 @@ public:
     /// The habits in place of the list, and the detail of one in place of the task's.
     void setHabitsShown(bool isShown);
     bool isHabitsShown() const;
+    /// The session of focus in place of the list, and its records in place of the detail.
+    void setFocusShown(bool isShown);
+    bool isFocusShown() const;
 
     /// Brings the detail into view, and the keyboard into it.
     void openDetail();
@@ -113,10 +120,12 @@ private:
     TaskListPane *m_listPane;
     CalendarPane *m_calendarPane;
     HabitPane *m_habitPane;
+    FocusPane *m_focusPane;
     QStackedWidget *m_pages; // the middle column: one of these
     TaskDetailView *m_detail;
     HabitDetailView *m_habitDetail;
-    QStackedWidget *m_details; // the right column: one of these two
+    FocusSideView *m_focusSide;
+    QStackedWidget *m_details; // the right column: one of these
     SheetShadow *m_sheetShadow;
     Toast *m_toast;
     bool m_hasSheet = false;          // the detail is one

@@ -8,6 +8,7 @@
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/calendar/CalendarPane.h"
 #include "views/datepicker/DatePicker.h"
+#include "views/focus/FocusPresenter.h"
 #include "views/main/MainWindow.h"
 #include "views/main/SelectedTasks.h"
 #include "views/print/ListExport.h"
@@ -54,6 +55,7 @@ MainWindowCommands::MainWindowCommands(const Parts &parts) : m_parts(parts)
     connectTaskCommands();
     connectEditing();
     connectLists();
+    connectFocus();
     MainMenu &menu = m_parts.menu;
     const SelectedTasks &selected = m_parts.selected;
     connect(&selected, &SelectedTasks::changed, this, [&menu, &selected] {
@@ -101,6 +103,8 @@ void MainWindowCommands::connectTaskCommands()
         m_parts.menu.setHindrance(each, [this] {
             if (m_parts.window.isCalendarShown())
                 return KWLocalizedString("This is for lists, and the calendar is shown.");
+            if (m_parts.window.isFocusShown())
+                return KWLocalizedString("This is for lists, and the page of focus is shown.");
             return m_parts.window.isHabitsShown()
                        ? KWLocalizedString("This is for lists, and the habits are shown.")
                        : QString{};
@@ -158,6 +162,7 @@ void MainWindowCommands::connectLists()
     opens(MenuCommand::OpenNext7Days, KWSmartProject::next7days());
     opens(MenuCommand::OpenCalendar, KWSmartProject::calendar());
     opens(MenuCommand::OpenHabit, KWSmartProject::habit());
+    opens(MenuCommand::OpenFocus, KWSmartProject::focus());
     opens(MenuCommand::OpenAll, KWSmartProject::all());
     opens(MenuCommand::OpenAssignedToMe, KWSmartProject::assignedToMe());
     opens(MenuCommand::OpenCompleted, KWSmartProject::completed());
@@ -175,12 +180,34 @@ void MainWindowCommands::connectLists()
     missing(MenuCommand::OpenSummary, "This version has no summary yet.");
 }
 
+// A checklist item is no target: its task is.
+void MainWindowCommands::connectFocus()
+{
+    const auto hindrance = [this] {
+        return m_parts.focus.isEnabled() ? QString{}
+                                         : KWLocalizedString("Focus is switched off in the preferences.");
+    };
+    for (const auto &[command, mode] : {std::pair{MenuCommand::StartPomoOnTask, KWFocusTypePomo},
+                                        {MenuCommand::StartStopwatchOnTask, KWFocusTypeStopwatch}}) {
+        on(command, [this, mode = mode] {
+            const QStringList tasks = m_parts.selected.taskIDs();
+            if (!tasks.isEmpty()) m_parts.focus.startOn(FocusTarget::task(tasks.first()), mode);
+        });
+        m_parts.menu.setHindrance(command, [this, hindrance] {
+            return m_parts.selected.haveTask()
+                       ? hindrance()
+                       : KWLocalizedString("A checklist item is focused on with its task.");
+        });
+    }
+    m_parts.menu.setHindrance(MenuCommand::OpenFocus, hindrance);
+}
+
 void MainWindowCommands::addTask()
 {
     if (m_parts.window.isCalendarShown()) return m_parts.window.calendarPane().view().createHere();
     KWNewTaskTextField &field = m_parts.window.listPane().addField();
     // A list of closed tasks has none.
-    if (field.isHidden() || m_parts.window.isHabitsShown())
+    if (field.isHidden() || &m_parts.window.middle() != &m_parts.window.listPane())
         m_parts.sidebar.select(KWListIdentifier::todayProject());
     m_parts.window.activateWindow();
     field.setFocus(Qt::ShortcutFocusReason);

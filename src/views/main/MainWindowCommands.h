@@ -3,6 +3,7 @@
 #include "corvexkit/time/CXClock.h"
 #include "views/menu/MainMenu.h"
 
+class FocusPresenter;
 class KWAccountManager;
 class KWProjectListPresenter;
 class MainWindow;
@@ -25,6 +26,7 @@ public:
         TaskDetailController &detail; ///< of the current one of them
         KWProjectListPresenter &sidebar;
         KWAccountManager &account;
+        FocusPresenter &focus;
         CXClock &clock;
     };
     explicit MainWindowCommands(const Parts &parts);
@@ -41,6 +43,7 @@ private:
     void connectTaskCommands();
     void connectEditing();
     void connectLists();
+    void connectFocus();
 
     void addTask();
     /// What the commands for dates act on: the checklist item in the detail that has the keyboard, else what

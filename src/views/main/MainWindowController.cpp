@@ -8,9 +8,11 @@
 #include "model/records/KWTask.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/focus/FocusPane.h"
 #include "views/main/CalendarColumn.h"
 #include "views/main/DetailColumn.h"
 #include "views/main/FirstPaint.h"
+#include "views/main/FocusColumn.h"
 #include "views/main/HabitColumn.h"
 #include "views/main/ListColumn.h"
 #include "views/main/MainWindow.h"
@@ -34,11 +36,12 @@ struct MainWindowController::Content {
         , detail{rooms, window, actions, toasts}
         , calendar{rooms, window, actions, detail}
         , habits{rooms, window}
+        , focus{rooms, window}
         , search{rooms, window, actions, detail.task()}
-        , selected{window.listPane().list(), search.page(), window.calendarPane(), window.habitPane(),
-                   detail.task()}
+        , selected{window.listPane().list(), search.page(),      window.calendarPane(),
+                   window.habitPane(),       window.focusPane(), detail.task()}
         , commands{{rooms.menu, window, actions, selected, detail.task(), rooms.sidebar, rooms.kit.account(),
-                    rooms.clock}}
+                    rooms.focus, rooms.clock}}
     {
     }
 
@@ -50,6 +53,7 @@ struct MainWindowController::Content {
     DetailColumn detail;
     CalendarColumn calendar;
     HabitColumn habits;
+    FocusColumn focus;
     WindowSearch search;
     SelectedTasks selected;
     MainWindowCommands commands;
@@ -142,7 +146,8 @@ void MainWindowController::make()
     connectColumns();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
-    if (m_content->window.isCalendarShown() || m_content->window.isHabitsShown())
+    if (m_content->window.isCalendarShown() || m_content->window.isHabitsShown() ||
+        m_content->window.isFocusShown())
         takeKeyboard();
     else
         m_content->window.listPane().addField().setFocus();
@@ -170,6 +175,13 @@ void MainWindowController::connectColumns()
     connect(&list, &TaskListView::habitOpened, this, &MainWindowController::showHabit);
     connect(&content.search, &WindowSearch::pageOpening, &content.habits, &HabitColumn::giveWayToSearch);
     connect(&content.search, &WindowSearch::pageClosed, &content.habits, &HabitColumn::comeBackFromSearch);
+    connect(&content.search, &WindowSearch::pageOpening, &content.focus, &FocusColumn::giveWayToSearch);
+    connect(&content.search, &WindowSearch::pageClosed, &content.focus, &FocusColumn::comeBackFromSearch);
+    connect(&content.focus, &FocusColumn::preferencesRequested, this,
+            [this] { Q_EMIT preferencesRequested(QStringLiteral("focus")); });
+    connect(&content.focus, &FocusColumn::windowRequested, this, &MainWindowController::focusWindowRequested);
+    connect(&content.focus, &FocusColumn::taskRequested, this, &MainWindowController::openTask);
+    connect(&content.focus, &FocusColumn::habitRequested, this, &MainWindowController::showHabit);
     connect(&content.search, &WindowSearch::listChosen, this, &MainWindowController::showList);
     connect(&content.search, &WindowSearch::taskChosen, this, &MainWindowController::openTask);
 }
@@ -181,6 +193,8 @@ void MainWindowController::showSelected(const KWListIdentifier &list)
     };
     if (!is(KWSmartProject::calendar())) m_content->calendar.hide();
     if (!is(KWSmartProject::habit())) m_content->habits.hide();
+    if (!is(KWSmartProject::focus())) m_content->focus.hide();
+    if (is(KWSmartProject::focus())) return m_content->focus.show();
     if (is(KWSmartProject::calendar())) return m_content->calendar.show();
     if (is(KWSmartProject::habit())) return m_content->habits.show();
     m_content->list.show(list);
@@ -192,6 +206,8 @@ void MainWindowController::takeKeyboard()
         m_content->window.calendarPane().setFocus(Qt::OtherFocusReason);
     else if (m_content->window.isHabitsShown())
         m_content->habits.takeKeyboard();
+    else if (m_content->window.isFocusShown())
+        m_content->window.focusPane().setFocus(Qt::OtherFocusReason);
     else
         m_content->list.takeKeyboard();
 }

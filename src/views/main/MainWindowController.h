@@ -46,6 +46,9 @@ public:
 Q_SIGNALS:
     /// A link of the program in a text.
     void linkRequested(const QString &link);
+    void preferencesRequested(const QString &page);
+    /// The small window of focus.
+    void focusWindowRequested();
 
 private:
     struct Content;

@@ -3,6 +3,7 @@
 class AlertPort;
 class CalSubscriptionService;
 class CXClock;
+class FocusPresenter;
 class KWDelayDeleteManager;
 class KWProjectListPresenter;
 class KWRepeatInstanceService;
@@ -23,4 +24,5 @@ struct MainWindowRooms {
     AlertPort &alerts;
     KWRepeatInstanceService &repeats;
     CalSubscriptionService &calendars;
+    FocusPresenter &focus;
 };

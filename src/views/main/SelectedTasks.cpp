@@ -1,14 +1,16 @@
 #include "views/main/SelectedTasks.h"
 
 #include "views/calendar/CalendarPane.h"
+#include "views/focus/FocusPane.h"
 #include "views/habits/HabitPane.h"
 #include "views/search/SearchController.h"
 #include "views/taskdetail/TaskDetailController.h"
 #include "views/tasklist/TaskListView.h"
 
 SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search, CalendarPane &calendar,
-                             const HabitPane &habits, const TaskDetailController &detail)
-    : m_list(list), m_search(search), m_calendar(calendar), m_habits(habits), m_detail(detail)
+                             const HabitPane &habits, const FocusPane &focus,
+                             const TaskDetailController &detail)
+    : m_list(list), m_search(search), m_calendar(calendar), m_habits(habits), m_focus(focus), m_detail(detail)
 {
     connect(&m_list, &TaskListView::currentTaskChanged, this, &SelectedTasks::changed);
     connect(m_list.selectionModel(), &QItemSelectionModel::selectionChanged, this, &SelectedTasks::changed);
@@ -16,11 +18,14 @@ SelectedTasks::SelectedTasks(TaskListView &list, SearchController &search, Calen
     connect(&m_search, &SearchController::closed, this, &SelectedTasks::changed);
     connect(&m_calendar, &CalendarPane::selectionChanged, this, &SelectedTasks::changed);
     connect(&m_habits, &HabitPane::shownChanged, this, &SelectedTasks::changed);
+    connect(&m_focus, &FocusPane::shownChanged, this, &SelectedTasks::changed);
 }
+
+bool SelectedTasks::isNothingSelectable() const { return m_habits.isVisible() || m_focus.isVisible(); }
 
 bool SelectedTasks::isInList() const
 {
-    return !m_search.isShown() && !m_calendar.isVisible() && !m_habits.isVisible() && !m_detail.heldTask();
+    return !m_search.isShown() && !m_calendar.isVisible() && !isNothingSelectable() && !m_detail.heldTask();
 }
 
 QStringList SelectedTasks::ids() const
@@ -43,7 +48,7 @@ QString SelectedTasks::current() const
 {
     if (const auto held = m_detail.heldTask()) return *held;
     if (m_search.isShown()) return m_search.page().currentTask();
-    if (m_habits.isVisible()) return {};
+    if (isNothingSelectable()) return {};
     return m_calendar.isVisible() ? m_calendar.selectedTask() : m_list.currentTask();
 }
 
@@ -58,6 +63,6 @@ QPoint SelectedTasks::place() const
 bool SelectedTasks::haveFocus() const
 {
     if (m_calendar.isVisible()) return m_calendar.view().hasFocus();
-    if (m_habits.isVisible()) return false;
+    if (isNothingSelectable()) return false;
     return m_search.isShown() ? m_search.page().rows().hasFocus() : m_list.hasFocus();
 }

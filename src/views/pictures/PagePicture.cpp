@@ -128,6 +128,10 @@ Result<PicturePage> PicturePage::read(const QString &page, OrvaneKit &kit)
     const QString text = page.section(u':', 1);
     if (page == u"welcome") return PicturePage{.kind = Kind::Welcome};
     if (page == u"detail") return PicturePage{.kind = Kind::Detail};
+    if (name == u"focus")
+        return PicturePage{.kind = Kind::Focus,
+                           .list = KWListIdentifier::smartProject(KWSmartProject::focus().identifier()),
+                           .text = text};
     for (const auto &[habits, kind] : {std::pair{u"habits"_s, Kind::Habits},
                                        {u"habit-detail"_s, Kind::HabitDetail},
                                        {u"habit-day"_s, Kind::HabitDay},

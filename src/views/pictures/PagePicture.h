@@ -46,7 +46,8 @@ struct PicturePage {
         Habits,
         HabitDetail,
         HabitDay,
-        HabitEditor
+        HabitEditor,
+        Focus
     };
 
     Kind kind = Kind::List;

@@ -3,6 +3,7 @@
 #include "model/OrvaneKit.h"
 #include "views/menu/MainMenu.h"
 #include "views/preferences/DataPage.h"
+#include "views/preferences/FocusPage.h"
 #include "views/preferences/GeneralPages.h"
 #include "views/preferences/PreferencesWindow.h"
 #include "views/preferences/ShortcutsPage.h"
@@ -13,11 +14,15 @@ namespace {
 
 const QHash<QString, QString> &pageObjectNames()
 {
-    static const QHash<QString, QString> names{
-        {u"general"_s, u"generalPage"_s},     {u"notifications"_s, u"notificationsPage"_s},
-        {u"date-time"_s, u"dateTimePage"_s},  {u"new-tasks"_s, u"newTasksPage"_s},
-        {u"habits"_s, u"habitsPage"_s},       {u"smart-lists"_s, u"smartListsPage"_s},
-        {u"shortcuts"_s, u"shortcutsPage"_s}, {u"data"_s, u"dataPage"_s}};
+    static const QHash<QString, QString> names{{u"general"_s, u"generalPage"_s},
+                                               {u"notifications"_s, u"notificationsPage"_s},
+                                               {u"date-time"_s, u"dateTimePage"_s},
+                                               {u"new-tasks"_s, u"newTasksPage"_s},
+                                               {u"focus"_s, u"focusPage"_s},
+                                               {u"habits"_s, u"habitsPage"_s},
+                                               {u"smart-lists"_s, u"smartListsPage"_s},
+                                               {u"shortcuts"_s, u"shortcutsPage"_s},
+                                               {u"data"_s, u"dataPage"_s}};
     return names;
 }
 
@@ -70,6 +75,8 @@ void PreferencesWindowController::make()
     m_window->addPage(new NotificationsPage{m_preferences});
     m_window->addPage(new DateTimePage{m_preferences});
     m_window->addPage(new NewTasksPage{m_preferences});
+    m_window->addPage(new FocusPage{
+        m_preferences, {m_rooms.kit.manager(), m_rooms.kit.center(), m_rooms.kit.account().currentUserID()}});
     m_window->addPage(new HabitsPage{m_preferences});
     m_window->addPage(new SmartListsPage{m_preferences});
     m_window->addPage(new ShortcutsPage{m_preferences, m_rooms.menu});

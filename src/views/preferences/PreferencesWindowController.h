@@ -30,7 +30,8 @@ public:
     explicit PreferencesWindowController(Rooms rooms);
     ~PreferencesWindowController() override;
 
-    /// "general", "notifications", "date-time", "new-tasks", "habits", "smart-lists", "shortcuts", "data".
+    /// "general", "notifications", "date-time", "new-tasks", "focus", "habits", "smart-lists", "shortcuts",
+    /// "data".
     void show(const QString &page = {});
     static bool hasPage(const QString &page);
     void close() override;

@@ -7,12 +7,13 @@
 
 Icon iconOfSmartList(const QString &identifier)
 {
-    static const std::array<std::pair<const KWSmartProject *, Icon>, 11> icons{{
+    static const std::array<std::pair<const KWSmartProject *, Icon>, 12> icons{{
         {&KWSmartProject::all(), Icon::All},
         {&KWSmartProject::today(), Icon::Today},
         {&KWSmartProject::tomorrow(), Icon::Tomorrow},
         {&KWSmartProject::next7days(), Icon::Next7Days},
         {&KWSmartProject::calendar(), Icon::Calendar},
+        {&KWSmartProject::focus(), Icon::Focus},
         {&KWSmartProject::habit(), Icon::Habits},
         {&KWSmartProject::assignedToMe(), Icon::AssignedToMe},
         {&KWSmartProject::completed(), Icon::Completed},

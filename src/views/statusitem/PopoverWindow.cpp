@@ -2,14 +2,13 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/addfield/KWNewTaskTextField.h"
-#include "views/controls/PopupFrame.h"
+#include "views/statusitem/PopoverPlace.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/PopupEdge.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -32,14 +31,7 @@ PopoverWindow::PopoverWindow(CXClock &clock) : TaskListPane(clock)
 
 void PopoverWindow::popUp(const QRect &anchor)
 {
-    const QScreen *anchored = anchor.isEmpty() ? nullptr : QGuiApplication::screenAt(anchor.center());
-    const QRect bounds = (anchored ? anchored : screen())->availableGeometry();
-    QPoint place = bounds.center() - rect().center();
-    if (!anchor.isEmpty()) {
-        const bool isBelow = anchor.center().y() < bounds.center().y();
-        place = {anchor.center().x() - width() / 2, isBelow ? anchor.bottom() : anchor.top() - height()};
-    }
-    move(PopupFrame::within(bounds, {place, size()}).topLeft());
+    move(placeOfPopover(anchor, *this));
     show();
     raise();
     activateWindow();

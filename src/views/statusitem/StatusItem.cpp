@@ -15,7 +15,11 @@
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/addfield/TaskPlace.h"
 #include "views/calendar/EventPopover.h"
+#include "views/focus/FocusPanel.h"
+#include "views/focus/FocusPresenter.h"
+#include "views/focus/FocusWording.h"
 #include "views/menu/MainMenu.h"
+#include "views/statusitem/FocusPopover.h"
 #include "views/statusitem/PopoverWindow.h"
 #include "views/tasklist/PageHeader.h"
 #include "views/tasklist/ShownRows.h"
@@ -127,6 +131,8 @@ StatusItem::StatusItem(Rooms rooms) : m_rooms(rooms)
 {
     m_rooms.menu.handle(MenuCommand::ShowPopover, *this, [this] { togglePopover(); });
     m_rooms.area.onAppeared = [this] { showIfPossible(); };
+    connect(&m_rooms.focus, &FocusPresenter::changed, this, &StatusItem::refresh);
+    connect(&m_rooms.focus, &FocusPresenter::ticked, this, &StatusItem::refresh);
 }
 
 StatusItem::~StatusItem() { m_rooms.area.onAppeared = nullptr; }
@@ -143,10 +149,11 @@ void StatusItem::showIfPossible()
     m_icon = std::make_unique<QSystemTrayIcon>(Icons::applicationIcon());
     m_contextMenu.reset(makeMenu());
     m_icon->setContextMenu(m_contextMenu.get());
-    m_icon->setToolTip(localizedApplicationName());
+    m_toolTip.clear();
+    refresh();
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason == QSystemTrayIcon::Trigger) togglePopover(placeOf(*m_icon));
+                if (reason == QSystemTrayIcon::Trigger) toggle(placeOf(*m_icon));
                 if (reason == QSystemTrayIcon::DoubleClick || reason == QSystemTrayIcon::MiddleClick)
                     Q_EMIT windowRequested();
             });
@@ -162,16 +169,96 @@ void StatusItem::remove()
 
 void StatusItem::refresh()
 {
-    if (m_icon) m_icon->setToolTip(localizedApplicationName());
+    if (!m_icon) return;
+    const QString text = toolTip();
+    if (text != std::exchange(m_toolTip, text)) m_icon->setToolTip(text);
 }
 
-void StatusItem::resetPopover() { m_popover.reset(); }
+// By the minute: every change goes to the desktop.
+QString StatusItem::toolTip() const
+{
+    const FocusPresenter &focus = m_rooms.focus;
+    if (!m_rooms.kit.account().isSignedIn() || !focus.isRunning()) return localizedApplicationName();
+    const KWFocusType mode = focus.mode();
+    const bool isPomo = mode == KWFocusTypePomo;
+    const std::int64_t seconds = focus.reading(mode).seconds;
+    // What is left is never said to be less than it is.
+    const QString length =
+        FocusWording::length(std::chrono::minutes{isPomo ? (seconds + 59) / 60 : seconds / 60});
+    const QString time = isPomo ? KWLocalizedString("Pomo, %1 left").arg(length)
+                                : KWLocalizedString("Stopwatch, %1").arg(length);
+    return focus.target().title.isEmpty() ? time : time + u": "_s + focus.target().title.simplified();
+}
+
+void StatusItem::resetPopover()
+{
+    m_popover.reset();
+    m_focusPopover.reset();
+    m_hasFocusInFront = false;
+}
+
+void StatusItem::showFocusPage(KWFocusType mode)
+{
+    m_hasFocusInFront = true;
+    if (m_focusPopover) m_focusPopover->showMode(mode);
+    if (m_popover && m_popover->window.isVisible()) showFocus(m_anchor);
+}
+
+bool StatusItem::isOpenWithPomoPage() const
+{
+    return m_focusPopover && m_focusPopover->isVisible() && m_focusPopover->panel().mode() == KWFocusTypePomo;
+}
+
+bool StatusItem::isOpen() const
+{
+    return (m_focusPopover && m_focusPopover->isVisible()) || (m_popover && m_popover->window.isVisible());
+}
+
+void StatusItem::dismiss()
+{
+    if (m_focusPopover) m_focusPopover->hide();
+}
+
+void StatusItem::showStarted()
+{
+    const FocusTargetChoice &target = m_rooms.focus.target();
+    const QString sentence = target.title.isEmpty()
+                                 ? KWLocalizedString("A Pomo has begun.")
+                                 : KWLocalizedString("A Pomo has begun: %1").arg(target.title.simplified());
+    Q_EMIT focusStarted(sentence);
+}
+
+void StatusItem::showFocus(const QRect &anchor)
+{
+    if (!m_rooms.kit.account().isSignedIn()) return Q_EMIT windowRequested();
+    if (!m_rooms.focus.isEnabled()) return togglePopover(anchor);
+    if (!m_focusPopover) {
+        m_focusPopover = std::make_unique<FocusPopover>(m_rooms.focus);
+        connect(m_focusPopover.get(), &FocusPopover::todayRequested, this, [this] {
+            m_focusPopover->hide();
+            togglePopover(m_anchor);
+        });
+    }
+    m_anchor = anchor;
+    m_hasFocusInFront = true;
+    if (m_popover) m_popover->window.hide();
+    m_focusPopover->showMode(m_rooms.focus.mode());
+    m_focusPopover->popUp(anchor);
+}
+
+void StatusItem::toggle(const QRect &anchor)
+{
+    if (!m_hasFocusInFront || !m_rooms.focus.isEnabled()) return togglePopover(anchor);
+    if (m_focusPopover && m_focusPopover->isVisible()) return m_focusPopover->hide();
+    showFocus(anchor);
+}
 
 QMenu *StatusItem::makeMenu()
 {
     auto *menu = new QMenu;
     menu->addAction(KWLocalizedString("Show Orvane"), this, &StatusItem::windowRequested);
     menu->addAction(KWLocalizedString("Quick View of Today"), this, [this] { togglePopover(); });
+    menu->addAction(KWLocalizedString("Focus"), this, [this] { showFocus(); });
     menu->addAction(KWLocalizedString("Add Task…"), this, &StatusItem::addRequested);
     menu->addSeparator();
     menu->addAction(&m_rooms.menu.action(MenuCommand::Preferences));
@@ -189,9 +276,15 @@ void StatusItem::togglePopover(const QRect &anchor)
             m_popover->window.hide();
             Q_EMIT taskRequested(taskID);
         });
+        connect(&m_popover->window.header(), &PageHeader::actionTriggered, this,
+                [this] { showFocus(m_anchor); });
     }
     PopoverWindow &window = m_popover->window;
     if (window.isVisible()) return window.hide();
+    if (m_focusPopover) m_focusPopover->hide();
+    m_anchor = anchor;
+    m_hasFocusInFront = false;
+    window.header().setAction(m_rooms.focus.isEnabled() ? KWLocalizedString("Focus") : QString{});
     window.popUp(anchor);
 }
 

@@ -23,7 +23,7 @@ struct FontSize {
     int weight;
 };
 
-constexpr std::array<FontSize, 7> fontSizes{{
+constexpr std::array<FontSize, 9> fontSizes{{
     {20, 650},
     {17, QFont::DemiBold},
     {13, QFont::Normal},
@@ -31,6 +31,8 @@ constexpr std::array<FontSize, 7> fontSizes{{
     {12, QFont::Normal},
     {11, QFont::Normal},
     {11, QFont::DemiBold},
+    {60, 650},
+    {30, 650},
 }};
 
 QFont makeFont(FontSize size, double scale)

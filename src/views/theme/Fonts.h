@@ -17,6 +17,8 @@ enum class Role {
     Secondary,     ///< 12
     Caption,       ///< 11
     CaptionStrong, ///< 11, weight 600
+    Clock,         ///< 60, weight 650
+    SmallClock,    ///< 30, weight 650
 };
 
 /// At the text size in force; ask again after a theme change.

@@ -16,7 +16,7 @@ static void registerIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace {
 
-constexpr std::array<const char *, 52> fileNames{
+constexpr std::array<const char *, 54> fileNames{
     "inbox",        "today",         "tomorrow",     "next7days",  "all",        "assigned",
     "folder",       "archive",       "tag",          "filter",     "completed",  "abandoned",
     "trash",        "summary",       "add",          "repeat",     "flag",       "check",
@@ -25,9 +25,9 @@ constexpr std::array<const char *, 52> fileNames{
     "help",         "calendar",      "tray",         "habits",     "habit-star", "habit-sun",
     "habit-moon",   "habit-pencil",  "habit-waves",  "habit-drop", "habit-cup",  "habit-apple",
     "habit-book",   "habit-music",   "habit-weight", "habit-shoe", "habit-leaf", "habit-bed",
-    "habit-home",   "habit-chat",    "habit-coin",   "minus",
+    "habit-home",   "habit-chat",    "habit-coin",   "minus",      "settings",   "small-window",
 };
-static_assert(fileNames.size() == std::size_t(Icon::Minus) + 1);
+static_assert(fileNames.size() == std::size_t(Icon::SmallWindow) + 1);
 
 quint64 keyOf(Icon icon, int side, const QColor &color)
 {

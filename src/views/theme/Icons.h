@@ -62,6 +62,8 @@ enum class Icon {
     HabitChat,
     HabitCoin,
     Minus,
+    Settings,
+    SmallWindow,
 };
 
 namespace Icons {

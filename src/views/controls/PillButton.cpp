@@ -1,4 +1,4 @@
-#include "views/habits/PillButton.h"
+#include "views/controls/PillButton.h"
 
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
@@ -10,11 +10,14 @@
 namespace {
 
 constexpr int pillSidePadding = 14;
+constexpr int largePillSidePadding = 24;
+constexpr int largePill = 34;
 constexpr int pillRing = 3;
 
 } // namespace
 
-PillButton::PillButton(const QString &text, Look look, QWidget *parent) : PaintedButton(parent), m_look(look)
+PillButton::PillButton(const QString &text, Look look, Size size, QWidget *parent)
+    : PaintedButton(parent), m_look(look), m_size(size)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setLabel(text);
@@ -35,8 +38,10 @@ void PillButton::setLabel(const QString &label)
 
 QSize PillButton::sizeHint() const
 {
-    return {Fonts::width(Fonts::Role::BodyStrong, text()) + 2 * (pillSidePadding + pillRing),
-            Metrics::scaled(Metrics::quietButton) + 2 * pillRing};
+    const bool isLarge = m_size == Size::Large;
+    const int padding = isLarge ? largePillSidePadding : pillSidePadding;
+    return {Fonts::width(Fonts::Role::BodyStrong, text()) + 2 * (padding + pillRing),
+            Metrics::scaled(isLarge ? largePill : Metrics::quietButton) + 2 * pillRing};
 }
 
 void PillButton::paintContent(QPainter &painter)
@@ -44,9 +49,12 @@ void PillButton::paintContent(QPainter &painter)
     const Theme &theme = Theme::current();
     const bool isFilled = m_look == Look::Filled && isEnabled();
     const QRectF pill = QRectF{rect()}.adjusted(pillRing, pillRing, -pillRing, -pillRing);
-    QColor fill = isFilled ? theme.accent : underMouse() && isEnabled() ? theme.hover : theme.window;
-    if (isDown()) fill = fill.darker(112);
-    Painting::roundedBox(painter, pill, pill.height() / 2, fill, isFilled ? fill : theme.control);
+    const bool isQuiet = m_look == Look::Quiet;
+    QColor fill = isFilled ? theme.accent
+                  : isQuiet || (underMouse() && isEnabled()) ? theme.hover
+                                                             : theme.window;
+    if (isDown() || (isQuiet && underMouse())) fill = fill.darker(isDown() ? 112 : 104);
+    Painting::roundedBox(painter, pill, pill.height() / 2, fill, isFilled || isQuiet ? fill : theme.control);
     painter.setPen(isFilled ? theme.onAccent : isEnabled() ? theme.text : theme.faintText);
     Fonts::drawLine(painter, Fonts::Role::BodyStrong, rect(), Qt::AlignHCenter, text());
 }

@@ -5,11 +5,11 @@
 class QSpinBox;
 
 /// A whole number between two limits, typed or stepped by the buttons beside it and the arrows.
-class HabitStepper : public QWidget {
+class Stepper : public QWidget {
     Q_OBJECT
 
 public:
-    HabitStepper(const char *name, const QString &what, int least, int most, QWidget *parent = nullptr);
+    Stepper(const char *name, const QString &what, int least, int most, QWidget *parent = nullptr);
 
     int value() const;
     /// Within the limits. Tells nobody.

@@ -1,4 +1,4 @@
-#include "views/habits/HabitStepper.h"
+#include "views/controls/Stepper.h"
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/IconButton.h"
@@ -16,7 +16,7 @@ constexpr int numberWidth = 56;
 
 } // namespace
 
-HabitStepper::HabitStepper(const char *name, const QString &what, int least, int most, QWidget *parent)
+Stepper::Stepper(const char *name, const QString &what, int least, int most, QWidget *parent)
     : QWidget(parent), m_number(new QSpinBox)
 {
     const QString named = QString::fromLatin1(name);
@@ -40,14 +40,14 @@ HabitStepper::HabitStepper(const char *name, const QString &what, int least, int
         each->setAutoRepeat(true);
     connect(less, &QAbstractButton::clicked, m_number, &QSpinBox::stepDown);
     connect(more, &QAbstractButton::clicked, m_number, &QSpinBox::stepUp);
-    connect(m_number, &QSpinBox::valueChanged, this, &HabitStepper::valueChanged);
+    connect(m_number, &QSpinBox::valueChanged, this, &Stepper::valueChanged);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusProxy(m_number);
 }
 
-int HabitStepper::value() const { return m_number->value(); }
+int Stepper::value() const { return m_number->value(); }
 
-void HabitStepper::setValue(int value)
+void Stepper::setValue(int value)
 {
     const QSignalBlocker quiet{m_number};
     m_number->setValue(value);

@@ -1,0 +1,41 @@
+#include "focus/StopwatchDataProcessor.h"
+
+#include "corvexkit/stopwatch/StopwatchTimeline.h"
+#include "focus/FocusRecordWriter.h"
+#include "model/OrvaneKit.h"
+#include "model/records/KWPomodoro.h"
+
+namespace {
+
+FocusRecord recordOf(const Corvex::Focus::StopwatchTimeline &timeline)
+{
+    FocusRecord record{.startDate = timeline.startDate().value_or(Instant{}),
+                       .endDate = timeline.endDate().value_or(Instant{}),
+                       .type = KWFocusTypeStopwatch};
+    for (const Corvex::Focus::StopwatchSegment &each : timeline.segments())
+        record.stretches.append({.startDate = each.startDate,
+                                 .endDate = each.endDate.value_or(each.startDate),
+                                 .target = FocusTarget::fromText(each.object),
+                                 .isPause = !each.isRunning()});
+    record.pauseDuration = std::chrono::round<std::chrono::seconds>(pauseOf(record.stretches)).count();
+    return record;
+}
+
+} // namespace
+
+Result<void> StopwatchDataProcessor::saveStopwatch(const Corvex::Focus::StopwatchTimeline &timeline)
+{
+    const FocusRecord record = recordOf(timeline);
+    if (isStored(record)) return {};
+    const Result<QString> written = FocusRecordWriter{m_kit}.write(record);
+    if (!written) return written.error();
+    return {};
+}
+
+bool StopwatchDataProcessor::isStored(const FocusRecord &record) const
+{
+    const SqlCondition sameStart{.where = "type = ? AND startDate = ? AND userID = ?",
+                                 .values = {std::int64_t{record.type}, storedInstant(record.startDate),
+                                            m_kit.account().currentUserID()}};
+    return !m_kit.context().models<KWPomodoro>(sameStart).isEmpty();
+}

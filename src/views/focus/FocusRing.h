@@ -1,0 +1,46 @@
+#pragma once
+
+#include "views/focus/FocusFace.h"
+#include "views/theme/Fonts.h"
+
+#include <QWidget>
+
+/// The clock of a session: a ring that runs from the top clockwise, the time inside and a line below it. A
+/// second that goes by repaints the digits and the end of the ring alone.
+class FocusRing : public QWidget {
+    Q_OBJECT
+
+public:
+    enum class Size { Large, Small };
+    explicit FocusRing(Size size, QWidget *parent = nullptr);
+
+    void setReading(const FocusReading &reading);
+    void setFace(FocusFace::Phase phase, const QString &words);
+    const FocusReading &reading() const { return m_reading; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    Fonts::Role digits() const;
+    int side() const;
+    int stroke() const;
+    QRectF ring() const;
+    QRect digitsBounds() const;
+    QRect wordsBounds() const;
+    QRect endOfRing(double share) const;
+    QColor color() const;
+    void paintRing(QPainter &painter) const;
+    void paintRingNear(QPainter &painter, double share) const;
+    void describe();
+
+    const Size m_size;
+    FocusReading m_reading;
+    FocusFace::Phase m_phase = FocusFace::Phase::Idle;
+    QString m_words;
+    QRect m_changedEnd; // of the ring, not painted yet
+};
