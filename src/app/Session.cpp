@@ -12,7 +12,7 @@ constexpr CXLogger sessionLog{u"session"};
 }
 
 Session::Session(CXClock &clock, KWNotificationCenter &center, KWEventBus &bus, AppPorts ports)
-    : m_clock(clock), m_center(center), m_bus(bus), m_ports(ports), m_dayClock(clock, center, [this] {
+    : m_center(center), m_bus(bus), m_ports(ports), m_dayClock(clock, center, [this] {
         refreshBadge();
     })
 {
@@ -45,6 +45,7 @@ void Session::userDidSignIn()
 
     bringUpAccount(*user);
     bringUpSurfaces();
+    startSecondLevelTimer();
     m_dayClock.start();
 }
 
@@ -117,10 +118,10 @@ void Session::showWindow(const QString &activationToken)
 
 void Session::startSecondLevelTimer()
 {
-    m_secondLevelTimer = m_clock.callAfter(1s, [this] {
-        refreshStatusItem();
-        startSecondLevelTimer();
-    });
+    stopSecondLevelTimer();
+    for (const QString &each :
+         {KWFocusRunningCountDownChanged, KWFocusRunningStateChanged, KWFocusRunningTaskChanged})
+        m_secondLevelTimer.push_back(m_center.addObserver(each, [this](const auto &) { refreshStatusItem(); }));
 }
 
 void Session::refreshBadge()

@@ -30,9 +30,10 @@ public:
     /// Shows the window that belongs to the state of the session and brings the program to the front.
     void showWindow(const QString &activationToken);
 
-    /// Refreshes the status item each second, while a focus session runs.
+    /// Refreshes the status item with each second of a focus session and each change of its state. The session
+    /// has the seconds told: a timer of our own would wake the computer a second time.
     void startSecondLevelTimer();
-    void stopSecondLevelTimer() { m_secondLevelTimer.cancel(); }
+    void stopSecondLevelTimer() { m_secondLevelTimer.clear(); }
 
     /// Counts anew, shows the number in the dock, and after that the state in the status item.
     void refreshBadge();
@@ -57,12 +58,11 @@ private:
     void recordsDidChange(const StoreChange &change);
     void refreshBadgeAndMenus();
 
-    CXClock &m_clock;
     KWNotificationCenter &m_center;
     KWEventBus &m_bus;
     AppPorts m_ports;
     DayClock m_dayClock;
-    ClockCall m_secondLevelTimer;
+    std::vector<KWNotificationCenter::Observation> m_secondLevelTimer;
     bool m_isLaunchedAsLoginItem = false;
     bool m_isInBackground = false;
     std::vector<KWNotificationCenter::Observation> m_observations;

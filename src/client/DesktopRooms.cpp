@@ -25,7 +25,13 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_preferences({kit, m_menu, services.loginItem, services.relaunch,
                      [this] { m_application.session().refreshBadge(); }})
     , m_deletes({clock, kit.manager(), kit.center(), kit.bus(), absent<KWSyncManager>(), m_mainWindow})
-    , m_focus(kit, clock, m_alerts, m_statusItem)
+    , m_notificationShares(services.notifications)
+    , m_focus(kit, clock,
+              {.alerts = m_alerts,
+               .popover = m_statusItem,
+               .notifications = m_notificationShares.makeShare(),
+               .window = [this]() -> QWidget * { return m_mainWindow.window(); },
+               .openWindow = [this](const QString &token) { m_application.session().showWindow(token); }})
     , m_focusWindow({m_focus.presenter(), m_menu, kit.defaults()})
     , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats,
                     m_calendars, m_focus.presenter()})
@@ -35,7 +41,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
     , m_significantTimeChange(services.followsSystemZone ? m_timeChanges
                                                          : absent<SignificantTimeChangePort>())
     , m_reminders({clock, kit.manager(), kit.account(), kit.defaults(), kit.center(), kit.bus(),
-                   services.notifications,
+                   m_notificationShares.makeShare(),
                    [this](const LaunchRequest &request) { m_application.open(request); },
                    [this](const QString &taskID) { return m_deletes.containsTask(taskID); },
                    [this] { return m_timeChanges.isAdapting(); }})

@@ -6,6 +6,7 @@
 #include "app/KWUserNotificationHandler.h"
 #include "app/LinkOpener.h"
 #include "app/RunningApplication.h"
+#include "app/UserNotificationShares.h"
 #include "app/ports/LoginItemPort.h"
 #include "calendar/KWRepeatInstanceService.h"
 #include "calendar/OccurrencesAhead.h"
@@ -119,6 +120,7 @@ private:
     TopWindows m_windows;
     KWDelayDeleteManager m_deletes;
     AlertPresenter m_alerts;
+    UserNotificationShares m_notificationShares;
     FocusRooms m_focus;
     FocusWindowController m_focusWindow;
     MainWindowController m_mainWindow;

@@ -2,9 +2,10 @@
 
 #include "model/OrvaneKit.h"
 
-FocusRooms::FocusRooms(OrvaneKit &kit, CXClock &clock, AlertPort &alerts, FocusPopoverPort &popover)
-    : m_questions(alerts)
-    , m_ports{m_messages, popover, m_questions}
+FocusRooms::FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings with)
+    : m_questions(with.alerts, std::move(with.window))
+    , m_messages(with.notifications, std::move(with.openWindow))
+    , m_ports{m_messages, with.popover, m_questions}
     , m_association(kit.center())
     , m_journal(kit.defaults())
     , m_file(kit.folders().stopwatch())
@@ -17,25 +18,11 @@ FocusRooms::FocusRooms(OrvaneKit &kit, CXClock &clock, AlertPort &alerts, FocusP
 {
 }
 
+FocusRooms::~FocusRooms() { m_pomo.applicationWillTerminate(); }
+
 void FocusRooms::applicationDidFinishLaunching()
 {
     m_stopwatch.restore();
     m_terminator.applicationDidFinishLaunching();
     m_manager.applicationDidFinishLaunching();
-}
-
-void FocusRooms::Questions::ask(const FocusQuestion &question, std::function<void(int)> answered)
-{
-    m_alerts.show({.message = question.message, .text = question.text, .buttons = question.buttons},
-                  std::move(answered));
-}
-
-void FocusRooms::Questions::askInWindow(const FocusQuestion &question, std::function<void(int)> answered)
-{
-    ask(question, std::move(answered));
-}
-
-void FocusRooms::Lengths::show(const StopwatchConfirmation &confirmation)
-{
-    if (confirmation.confirmActionHandler) confirmation.confirmActionHandler();
 }

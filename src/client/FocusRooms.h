@@ -2,6 +2,7 @@
 
 #include "app/ports/AlertPort.h"
 #include "app/ports/LaunchPorts.h"
+#include "client/FocusNotifications.h"
 #include "corvexkit/stopwatch/Stopwatch.h"
 #include "focus/FocusAssociation.h"
 #include "focus/KWFocusRunningManager.h"
@@ -11,12 +12,23 @@
 #include "focus/StopwatchFile.h"
 #include "focus/StopwatchTerminator.h"
 #include "views/focus/FocusPresenter.h"
+#include "views/focus/FocusQuestions.h"
+#include "views/focus/KWStopwatchConfirmWindow.h"
 
 /// The engines of focus, put together. Main thread.
 class FocusRooms : public FocusCoordinatorPort {
 public:
-    /// All outlive it.
-    FocusRooms(OrvaneKit &kit, CXClock &clock, AlertPort &alerts, FocusPopoverPort &popover);
+    /// What is beside them; all outlive it.
+    struct Surroundings {
+        AlertPort &alerts;
+        FocusPopoverPort &popover;
+        UserNotificationCenterPort &notifications;
+        std::function<QWidget *()> window;                    ///< the main window, or none
+        std::function<void(const QString &token)> openWindow; ///< with an activation token or none
+    };
+    FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings surroundings);
+    /// Writes down what runs, and takes messages back.
+    ~FocusRooms() override;
 
     FocusPresenter &presenter() { return m_presenter; }
     KWFocusRunningManager &manager() { return m_manager; }
@@ -24,23 +36,8 @@ public:
     void applicationDidFinishLaunching() override;
 
 private:
-    class Questions : public FocusQuestionPort {
-    public:
-        explicit Questions(AlertPort &alerts) : m_alerts(alerts) {}
-        void ask(const FocusQuestion &question, std::function<void(int)> answered) override;
-        void askInWindow(const FocusQuestion &question, std::function<void(int)> answered) override;
-
-    private:
-        AlertPort &m_alerts;
-    };
-    class Lengths : public StopwatchConfirmPort {
-    public:
-        void show(const StopwatchConfirmation &confirmation) override;
-        void close() override {}
-    };
-
-    Questions m_questions;
-    FocusMessagePort m_messages;
+    FocusQuestions m_questions;
+    FocusNotifications m_messages;
     FocusPorts m_ports;
     FocusAssociation m_association;
     PomoJournal m_journal;
@@ -48,7 +45,7 @@ private:
     Corvex::Focus::Stopwatch m_stopwatch;
     KWPomoRunningManager m_pomo;
     KWFocusRunningManager m_manager;
-    Lengths m_lengths;
+    StopwatchConfirmPresenter m_lengths;
     KWStopwatchConfirmManager m_confirmation;
     StopwatchTerminator m_terminator;
     FocusPresenter m_presenter;

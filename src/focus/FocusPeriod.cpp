@@ -8,7 +8,7 @@ FocusDays FocusPeriod::days(Day today, weekday firstWeekday) const
 {
     const int away = std::clamp(offset, -100'000, 100'000);
     switch (kind) {
-    case Kind::Day: {
+    case Kind::OneDay: {
         const Day day = today + std::chrono::days{away};
         return {day, day + std::chrono::days{1}};
     }

@@ -13,7 +13,7 @@ struct FocusDays {
 
 /// A day, week or month, counted from the one that today is in: -1 is the one before.
 struct FocusPeriod {
-    enum class Kind { Day, Week, Month };
+    enum class Kind { OneDay, Week, Month };
 
     Kind kind = Kind::Week;
     int offset = 0; ///< a hundred thousand away at most

@@ -24,12 +24,12 @@ void FocusDayTally::add(const FocusRow &row)
     const Instant to = std::min(row.endDate, m_to);
     Day day = std::max(m_zone.dayOf(from), m_range.first);
     while (from < to && day < m_range.end) {
-        const Instant midnight = m_zone.startOfDay(day + days{1});
+        const Instant midnight = m_zone.startOfDay(day + std::chrono::days{1});
         if (midnight > from) {
             m_lengths[(day - m_range.first).count()] += std::min(midnight, to) - from;
             from = midnight;
         }
-        day += days{1};
+        day += std::chrono::days{1};
     }
 }
 

@@ -100,7 +100,6 @@ void KWPomoRunningManager::setConfirmingToExit(bool isConfirmingToExit)
 
 void KWPomoRunningManager::goIdle(std::int64_t seconds)
 {
-    m_journal.clear();
     setState(KWPomoRunningState::idle);
     setCountDownDuration(seconds < 1 ? secondsOf(settings().pomoDuration) : seconds);
 }
@@ -369,6 +368,7 @@ void KWPomoRunningManager::saveSlices(KWPomoStatus status, Instant endDate)
                              .stretches = stretches};
     m_slices.clear();
     m_records.store(record);
+    m_journal.clear();
 }
 
 void KWPomoRunningManager::keepInJournal()
@@ -377,6 +377,12 @@ void KWPomoRunningManager::keepInJournal()
     m_journal.keep({.userID = m_kit.account().currentUserID(),
                     .startDate = m_pomoStartDate,
                     .stretches = m_slices.stretches(now())});
+}
+
+void KWPomoRunningManager::applicationWillTerminate()
+{
+    keepInJournal();
+    m_ports.messages.remove();
 }
 
 void KWPomoRunningManager::pomoSettingsChanged()
@@ -391,8 +397,9 @@ void KWPomoRunningManager::pomoSettingsChanged()
 void KWPomoRunningManager::reset()
 {
     m_timmer.reset();
-    m_slices.clear();
     endQuestion();
+    m_slices.clear();
+    m_journal.clear();
     m_pomosCountForLongBreak = 0;
     setConfirmingToExit(false);
     m_ports.messages.remove();

@@ -51,6 +51,8 @@ public:
     void abandonFocusing();
     /// The person would rather go on: what ran out meanwhile is saved now.
     void restorePomoIfNeeded();
+    /// The journal has the Pomo up to now; messages go.
+    void applicationWillTerminate();
     /// Stores what an earlier run left of a Pomo.
     void storeLeft(const FocusRecord &record) { m_records.store(record); }
     /// More than 30 seconds of the phase have run.

@@ -50,8 +50,9 @@ private Q_SLOTS:
         scene.signIn();
         scene.start();
         QCOMPARE(scene.take(), startInto(u"sign-in"_s));
-        scene.session.startSecondLevelTimer();
+        QCOMPARE(scene.callsAfter(KWFocusRunningCountDownChanged), QStringList{u"statusBarItem.refresh"_s});
         QCOMPARE(scene.callsAfter(KWUserDidSignOutNotification), orderOf(u"sign-out"_s));
+        QCOMPARE(scene.callsAfter(KWFocusRunningCountDownChanged), QStringList{});
         QVERIFY(scene.clock.isIdle());
         QCOMPARE(scene.callsAfter(KWUserDidSignInNotification), orderOf(u"sign-in"_s));
         scene.clock.advance(30s);

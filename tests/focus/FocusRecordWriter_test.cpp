@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 class FocusRecordWriter_test : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void init();
     void storesTheSessionWithItsSlices();
     void creditsEachTargetItsOwnSeconds();

@@ -5,6 +5,7 @@
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
 #include "model/store/DatedThings.h"
+#include "model/store/FocusRows.h"
 #include "model/store/KWFilterService.h"
 #include "model/store/KWListDataFetcher.h"
 #include "model/store/KWTagService.h"
@@ -169,6 +170,14 @@ private Q_SLOTS:
             [](auto &store, auto &context) {
                 KWHabit::fetchAll(store.userID(), HabitScope::Active, context);
                 context.template insert<KWHabit>({}).updateStreaks();
+            });
+        row("focus of days and the latest",
+            {u"pomodorosByStart (userID=? AND startDate>? AND startDate<?)"_s,
+             u"longPomodoros (userID=? AND endDate>?)"_s, u"focusSlicesBySession (pomodoroID=?)"_s,
+             u"sqlite_autoindex_tasks_1 (sid=?)"_s, u"sqlite_autoindex_habits_1 (sid=?)"_s},
+            [](auto &store, auto &context) {
+                const FocusRowsRequest request{store.userID(), Instant{}, store.clock.now()};
+                QVERIFY(readFocusRows(request, context) && readLatestFocusRows(request, 50, context));
             });
         row("places of a tag",
             {u"taskTagSortOrdersByTag (tagName=?)"_s,

@@ -7,26 +7,54 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+class AlertBox : public QMessageBox {
+public:
+    AlertBox(const AlertText &alert, QWidget *parent)
+        : QMessageBox(NoIcon, u"Orvane"_s, alert.message, NoButton, parent)
+    {
+        setObjectName(u"alert"_s);
+        setAccessibleName(alert.message);
+        setAttribute(Qt::WA_QuitOnClose, false); // the program may run in the background
+        setIconPixmap(Icons::application(48, devicePixelRatioF()));
+        setTextFormat(Qt::PlainText);
+        setInformativeText(alert.text);
+        for (const QString &text : alert.buttons) {
+            QPushButton *button = addButton(text, ActionRole);
+            button->setObjectName(u"alertButton%1"_s.arg(m_buttons.size()));
+            button->setAccessibleName(text);
+            if (m_buttons.size() == alert.defaultButton) setDefaultButton(button);
+            setEscapeButton(button);
+            m_buttons.append(button);
+        }
+    }
+
+    int chosen() const
+    {
+        const qsizetype place = m_buttons.indexOf(clickedButton());
+        return int(place < 0 ? m_buttons.size() - 1 : place);
+    }
+
+private:
+    QList<QAbstractButton *> m_buttons;
+};
+
+} // namespace
+
 int Alert::run(const AlertText &alert, QWidget *parent)
 {
-    QMessageBox box{QMessageBox::NoIcon, u"Orvane"_s, alert.message, QMessageBox::NoButton, parent};
-    box.setObjectName(u"alert"_s);
-    box.setAccessibleName(alert.message);
-    box.setAttribute(Qt::WA_QuitOnClose, false); // the program may run in the background
-    box.setIconPixmap(Icons::application(48, box.devicePixelRatioF()));
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(alert.text);
-
-    QList<QAbstractButton *> buttons;
-    for (const QString &text : alert.buttons) {
-        QPushButton *button = box.addButton(text, QMessageBox::ActionRole);
-        button->setObjectName(u"alertButton%1"_s.arg(buttons.size()));
-        button->setAccessibleName(text);
-        if (buttons.size() == alert.defaultButton) box.setDefaultButton(button);
-        box.setEscapeButton(button);
-        buttons.append(button);
-    }
+    AlertBox box{alert, parent};
     box.exec();
-    const qsizetype chosen = buttons.indexOf(box.clickedButton());
-    return int(chosen < 0 ? buttons.size() - 1 : chosen);
+    return box.chosen();
+}
+
+QWidget *Alert::open(const AlertText &alert, QWidget *window, std::function<void(int)> answered)
+{
+    auto *box = new AlertBox{alert, window};
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(box, &QDialog::finished, box,
+                     [box, answered = std::move(answered)] { answered(box->chosen()); });
+    box->open();
+    return box;
 }

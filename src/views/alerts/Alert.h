@@ -12,4 +12,8 @@ namespace Alert {
 /// ends meanwhile. It is never the last window: closing it does not end the program. `parent` may be null.
 int run(const AlertText &alert, QWidget *parent = nullptr);
 
+/// Shows the alert as a sheet of the window and returns. `answered` hears of the button; nobody does when the
+/// sheet is deleted before, which it is with the window.
+QWidget *open(const AlertText &alert, QWidget *window, std::function<void(int)> answered);
+
 } // namespace Alert

@@ -1,0 +1,41 @@
+#include "client/FocusNotifications.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString identifier = u"focus"_s;
+const QString click = u"default"_s;
+
+} // namespace
+
+FocusNotifications::FocusNotifications(UserNotificationCenterPort &center,
+                                       std::function<void(const QString &)> openWindow)
+    : m_center(center)
+{
+    m_center.onResponse = [this, openWindow = std::move(openWindow)](const auto &response) {
+        m_isShown = false;
+        if (response.action == click)
+            openWindow(response.activationToken);
+        else if (onAction)
+            onAction(response.action);
+    };
+    m_center.onClosed = [this](const QString &) { m_isShown = false; };
+}
+
+void FocusNotifications::show(const FocusMessage &message)
+{
+    QList<UserNotification::Action> actions{{.key = click, .label = {}}};
+    for (const FocusMessage::Action &each : message.actions)
+        actions.append({.key = each.key, .label = each.label});
+    m_isShown = true;
+    m_center.show(
+        {.identifier = identifier, .title = message.title, .body = message.subtitle, .actions = actions});
+}
+
+void FocusNotifications::remove()
+{
+    if (!m_isShown) return;
+    m_isShown = false;
+    m_center.withdraw(identifier);
+}
