@@ -31,7 +31,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
                .popover = m_statusItem,
                .notifications = m_notificationShares.makeShare(),
                .window = [this]() -> QWidget * { return m_mainWindow.window(); },
-               .openWindow = [this](const QString &token) { m_application.session().showWindow(token); }})
+               .openWindow = [this](const QString &token) { m_application.session().showWindow(token); },
+               .tellFailure = [this](const QString &sentence) { m_mainWindow.showFailure(sentence); }})
     , m_focusWindow({m_focus.presenter(), m_menu, kit.defaults()})
     , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats,
                     m_calendars, m_focus.presenter()})

@@ -25,6 +25,7 @@ public:
         UserNotificationCenterPort &notifications;
         std::function<QWidget *()> window;                    ///< the main window, or none
         std::function<void(const QString &token)> openWindow; ///< with an activation token or none
+        std::function<void(const QString &sentence)> tellFailure;
     };
     FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings surroundings);
     /// Writes down what runs, and takes messages back.

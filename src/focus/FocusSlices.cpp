@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-FocusSlices::Opening FocusSlices::open(FocusSlice::Kind kind, const FocusTarget &target, Instant date)
+FocusSlices::Opening FocusSlices::open(KWPomoRunningState state, const FocusTarget &target, Instant date)
 {
-    const bool isOtherTarget = !m_slices.isEmpty() && kind == FocusSlice::Kind::Focusing &&
-                               m_slices.last().kind == FocusSlice::Kind::Focusing;
+    const bool isOtherTarget = !m_slices.isEmpty() && state == KWPomoRunningState::foucsing &&
+                               m_slices.last().state == KWPomoRunningState::foucsing;
     if (isOtherTarget) {
         const FocusSlice &last = m_slices.last();
         if (last.target == target) return Opening::Done;
@@ -16,7 +16,7 @@ FocusSlices::Opening FocusSlices::open(FocusSlice::Kind kind, const FocusTarget 
         if (last.target.isNone()) return Opening::AskWhetherItBelongs;
     }
     closeAt(date);
-    m_slices.append({.kind = kind, .target = target, .startDate = date});
+    m_slices.append({.state = state, .target = target, .startDate = date});
     return Opening::Done;
 }
 
@@ -28,7 +28,7 @@ void FocusSlices::take(const FocusTarget &target)
 void FocusSlices::split(const FocusTarget &target, Instant date)
 {
     closeAt(date);
-    m_slices.append({.kind = FocusSlice::Kind::Focusing, .target = target, .startDate = date});
+    m_slices.append({.state = KWPomoRunningState::foucsing, .target = target, .startDate = date});
 }
 
 // Never before it began: the person may have been asked about it before a pause.
@@ -41,7 +41,7 @@ void FocusSlices::closeAt(Instant date)
 void FocusSlices::forgetTasks(const QStringList &taskIDs)
 {
     for (FocusSlice &each : m_slices)
-        if (taskIDs.contains(each.target.taskID())) each.target = {};
+        if (taskIDs.contains(each.taskID())) each.target = {};
 }
 
 QList<FocusStretch> FocusSlices::stretches(Instant upTo) const
@@ -51,6 +51,6 @@ QList<FocusStretch> FocusSlices::stretches(Instant upTo) const
         stretches.append({.startDate = each.startDate,
                           .endDate = each.endDate.value_or(std::max(upTo, each.startDate)),
                           .target = each.target,
-                          .isPause = each.kind == FocusSlice::Kind::Paused});
+                          .isPause = each.state == KWPomoRunningState::paused});
     return stretches;
 }

@@ -8,16 +8,13 @@
 
 /// A slice of the Pomo that runs: what was focused on from when to when. The last one is open.
 struct FocusSlice {
-    enum class Kind {
-        Focusing = int(KWPomoRunningState::foucsing),
-        Paused = int(KWPomoRunningState::paused)
-    };
-
-    Kind kind = Kind::Focusing;
-    FocusTarget target{}; ///< none while paused
+    KWPomoRunningState state = KWPomoRunningState::foucsing; ///< in which it was opened: that or paused
+    FocusTarget target{};                                    ///< none while paused
     Instant startDate{};
     std::optional<Instant> endDate{};
 
+    QString taskID() const { return target.taskID(); }
+    QString habitID() const { return target.habitID(); }
     bool operator==(const FocusSlice &) const = default;
 };
 
@@ -36,7 +33,7 @@ public:
     };
     /// Opens a slice at that moment. Another target within the shortest time takes the slice before for
     /// itself; otherwise that one is closed.
-    Opening open(FocusSlice::Kind kind, const FocusTarget &target, Instant date);
+    Opening open(KWPomoRunningState state, const FocusTarget &target, Instant date);
     /// The open slice was spent on the target from its start.
     void take(const FocusTarget &target);
     /// The open slice ends at the moment, and the target's begins.

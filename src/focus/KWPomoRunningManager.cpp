@@ -51,7 +51,7 @@ void KWPomoRunningManager::observe()
     on(KWSyncDidPullPomoSettingsNotification, &KWPomoRunningManager::pomoSettingsChanged);
     // Another account has other lengths.
     on(KWUserDidSignInNotification, &KWPomoRunningManager::pomoSettingsChanged);
-    on(KWUserDidSignOutNotification, &KWPomoRunningManager::reset);
+    on(KWUserDidSignOutNotification, &KWPomoRunningManager::userDidSignOut);
     on(WorkspaceWillSleepNotification, &KWPomoRunningManager::computerWillSleep);
     on(WorkspaceDidWakeNotification, &KWPomoRunningManager::computerDidWake);
     // Changes from outside come this way too.
@@ -121,7 +121,7 @@ void KWPomoRunningManager::startFocus(const std::optional<FocusTarget> &target, 
     if (target) m_association.setObject(*target);
     switch (m_state) {
     case KWPomoRunningState::foucsing:
-        openSlice(FocusSlice::Kind::Focusing);
+        openSlice(KWPomoRunningState::foucsing);
         break;
     case KWPomoRunningState::paused:
         resume();
@@ -146,7 +146,7 @@ void KWPomoRunningManager::startFocusing()
         pomoLog.info(u"上个番茄结束超过1小时，重置长休息计数"_s);
     }
     m_pomoStartDate = now();
-    openSlice(FocusSlice::Kind::Focusing);
+    openSlice(KWPomoRunningState::foucsing);
 }
 
 void KWPomoRunningManager::startTimer()
@@ -159,7 +159,7 @@ void KWPomoRunningManager::pause()
     if (!isFocusing()) return;
     setState(KWPomoRunningState::paused);
     if (m_timmer) m_timmer->suspend();
-    openSlice(FocusSlice::Kind::Paused);
+    openSlice(KWPomoRunningState::paused);
 }
 
 void KWPomoRunningManager::resume()
@@ -167,13 +167,13 @@ void KWPomoRunningManager::resume()
     if (m_state != KWPomoRunningState::paused) return;
     setState(KWPomoRunningState::foucsing);
     if (m_timmer) m_timmer->resume();
-    openSlice(FocusSlice::Kind::Focusing);
+    openSlice(KWPomoRunningState::foucsing);
 }
 
 void KWPomoRunningManager::switchTarget(const FocusTarget &target)
 {
     m_association.setObject(target);
-    if (isFocusing()) openSlice(FocusSlice::Kind::Focusing);
+    if (isFocusing()) openSlice(KWPomoRunningState::foucsing);
 }
 
 void KWPomoRunningManager::standAside()
@@ -185,11 +185,11 @@ void KWPomoRunningManager::standAside()
     goIdle();
 }
 
-void KWPomoRunningManager::openSlice(FocusSlice::Kind kind)
+void KWPomoRunningManager::openSlice(KWPomoRunningState state)
 {
     endQuestion();
-    const FocusTarget target = kind == FocusSlice::Kind::Focusing ? m_association.object() : FocusTarget{};
-    if (m_slices.open(kind, target, now()) == FocusSlices::Opening::AskWhetherItBelongs)
+    const FocusTarget target = state == KWPomoRunningState::foucsing ? m_association.object() : FocusTarget{};
+    if (m_slices.open(state, target, now()) == FocusSlices::Opening::AskWhetherItBelongs)
         askWhetherItBelongs();
     keepInJournal();
 }

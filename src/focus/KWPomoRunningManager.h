@@ -91,7 +91,7 @@ private:
     void goIdle(std::int64_t seconds = 0);
     void startFocusing();
     void startTimer();
-    void openSlice(FocusSlice::Kind kind);
+    void openSlice(KWPomoRunningState state);
     void askWhetherItBelongs();
     void endQuestion();
     void focusCompleted();
@@ -114,6 +114,7 @@ private:
     void reset();
 
     void pomoSettingsChanged();
+    void userDidSignOut() { reset(); }
     void computerWillSleep();
     void computerDidWake();
     void fastForward(Instant phaseEnd, std::chrono::seconds remainder);

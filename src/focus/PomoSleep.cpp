@@ -64,7 +64,7 @@ void KWPomoRunningManager::fastForward(Instant phaseEnd, seconds remainder)
         m_pomoStartDate = phaseEnd;
         if (!isAutoPomoAllowed()) return endAfterBreak();
         m_slices.clear();
-        m_slices.open(FocusSlice::Kind::Focusing, m_association.object(), phaseEnd);
+        m_slices.open(KWPomoRunningState::foucsing, m_association.object(), phaseEnd);
         const seconds length{secondsOf(lengths.pomoDuration)};
         if (remainder < length) {
             tellOfBreakEnd(FocusMessages::Next::ByItself);

@@ -3,7 +3,7 @@
 #include "app/KWUserNotificationHandler.h"
 #include "app/RecordingAlerts.h"
 #include "model/records/KWTask.h"
-#include "platform/FakeService.h"
+#include "platform/FakeNotificationServer.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -11,50 +11,6 @@
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString name = u"org.freedesktop.Notifications"_s;
-
-struct FakeNotificationServer : FakeService {
-    struct Message {
-        uint id;
-        uint replaced;
-        QString title;
-        QString body;
-        QStringList actions;
-    };
-
-    explicit FakeNotificationServer(const QStringList &abilities = {u"actions"_s, u"body-markup"_s})
-        : FakeService{name, u"/org/freedesktop/Notifications"_s,
-                      [this, abilities](const QString &call, const QVariantList &arguments) -> Answer {
-                          if (call == name + u".GetCapabilities()"_s) return {{abilities}};
-                          if (call == name + u".Notify(susssasa{sv}i)"_s) return {{noted(arguments)}};
-                          if (call == name + u".CloseNotification(u)"_s) closed << arguments.first().toUInt();
-                          return {};
-                      }}
-    {
-    }
-    uint noted(const QVariantList &arguments)
-    {
-        const uint replaced = arguments.at(1).toUInt();
-        const uint id = replaced != 0 ? replaced : uint(messages.size()) + 7;
-        messages.append({id, replaced, arguments.at(3).toString(), arguments.at(4).toString(),
-                         arguments.at(5).toStringList()});
-        return id;
-    }
-    void press(uint id, const QString &key)
-    {
-        tell(qPrintable(name), "ActivationToken", {id, u"token"_s});
-        tell(qPrintable(name), "ActionInvoked", {id, key});
-        tell(qPrintable(name), "NotificationClosed", {id, 2u});
-    }
-
-    QList<Message> messages;
-    QList<uint> closed;
-};
-
-} // namespace
 
 class DesktopNotifications_test : public QObject {
     Q_OBJECT
@@ -151,7 +107,7 @@ private Q_SLOTS:
 
     void usesThePanelWhileThereIsNoServerAndLearnsOfAnother()
     {
-        const QDBusServiceWatcher watch{name, QDBusConnection::sessionBus(),
+        const QDBusServiceWatcher watch{FakeNotificationServer::service, QDBusConnection::sessionBus(),
                                         QDBusServiceWatcher::WatchForUnregistration};
         QSignalSpy gone{&watch, &QDBusServiceWatcher::serviceUnregistered};
         Scene scene;
