@@ -50,7 +50,8 @@ require() {
 configure() {
     local cache=$root/build/$1/CMakeCache.txt fresh=()
     if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$cache"; then fresh=(--fresh); fi
-    (cd "$root" && quietly cmake "${fresh[@]}" --preset "$@") || return
+    # shellcheck disable=SC2086 # one word per option
+    (cd "$root" && quietly cmake "${fresh[@]}" --preset "$@" ${ORVANE_CMAKE_OPTIONS:-}) || return
     touch "$root/build/$1/configured"
 }
 

@@ -14,9 +14,9 @@ function(orvane_room NAME)
 endfunction()
 
 # A program of test classes. Every `*_test.cpp` below FOLDERS holds one class of its own name, which
-# becomes one test of ctest.
+# becomes one test of ctest. PRECOMPILES are headers that most of them include.
 function(orvane_test_program NAME)
-    cmake_parse_arguments(PROGRAM "DBUS" "" "FOLDERS;LINKS" ${ARGN})
+    cmake_parse_arguments(PROGRAM "DBUS" "" "FOLDERS;LINKS;PRECOMPILES" ${ARGN})
     set(sources)
     foreach(folder IN LISTS PROGRAM_FOLDERS)
         file(GLOB_RECURSE found CONFIGURE_DEPENDS ${folder}/*.cpp)
@@ -24,6 +24,10 @@ function(orvane_test_program NAME)
     endforeach()
     add_executable(${NAME} ${sources})
     target_link_libraries(${NAME} PRIVATE ${PROGRAM_LINKS} test_support orvane_options)
+    if(ORVANE_PRECOMPILE)
+        target_precompile_headers(${NAME} PRIVATE <QTest> <QSignalSpy> <algorithm> <chrono> <functional> <map>
+            <memory> <optional> <ranges> <vector> ${PROGRAM_PRECOMPILES})
+    endif()
     set(runner)
     if(PROGRAM_DBUS)
         set(runner dbus-run-session --)

@@ -1,11 +1,21 @@
 #include "focus/StopwatchDataProcessor.h"
 
 #include "corvexkit/stopwatch/StopwatchTimeline.h"
+#include "focus/FocusLimits.h"
 #include "focus/FocusRecordWriter.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWPomodoro.h"
 
 namespace {
+
+// A choice that was changed at once was a slip: its moments belong to what came next.
+void appendStretch(QList<FocusStretch> &stretches, FocusStretch next)
+{
+    const bool follows = !stretches.isEmpty() && !stretches.last().isPause && !next.isPause;
+    if (follows && stretches.last().length() < FocusLimits::minimumSlice)
+        next.startDate = stretches.takeLast().startDate;
+    stretches.append(std::move(next));
+}
 
 FocusRecord recordOf(const Corvex::Focus::StopwatchTimeline &timeline)
 {
@@ -13,10 +23,10 @@ FocusRecord recordOf(const Corvex::Focus::StopwatchTimeline &timeline)
                        .endDate = timeline.endDate().value_or(Instant{}),
                        .type = KWFocusTypeStopwatch};
     for (const Corvex::Focus::StopwatchSegment &each : timeline.segments())
-        record.stretches.append({.startDate = each.startDate,
-                                 .endDate = each.endDate.value_or(each.startDate),
-                                 .target = FocusTarget::fromText(each.object),
-                                 .isPause = !each.isRunning()});
+        appendStretch(record.stretches, {.startDate = each.startDate,
+                                         .endDate = each.endDate.value_or(each.startDate),
+                                         .target = FocusTarget::fromText(each.object),
+                                         .isPause = !each.isRunning()});
     record.pauseDuration = std::chrono::round<std::chrono::seconds>(pauseOf(record.stretches)).count();
     return record;
 }

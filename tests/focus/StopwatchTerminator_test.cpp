@@ -148,6 +148,28 @@ private Q_SLOTS:
         QVERIFY(!isKept());
     }
 
+    void givesMomentsToWhatCameNext()
+    {
+        const QString slip = aTask("Buy milk").savedIn(*m_store);
+        const QString task = aTask("Water the plants").savedIn(*m_store);
+        m_program->stopwatch.start(FocusTarget::task(slip).text());
+        m_store->clock.advance(10s - 1ms);
+        m_program->stopwatch.setObject(FocusTarget::task(task).text());
+        m_store->clock.advance(10min);
+        m_program->stopwatch.setObject(FocusTarget::task(slip).text());
+        m_store->clock.advance(10s);
+        m_program->stopwatch.setObject({});
+        m_store->clock.advance(1s); // nothing comes next
+        m_program->stopwatch.stop();
+        const auto secondsOf = [this](const QString &taskID) {
+            const auto summaries = m_store->context().find<KWTask>(taskID)->focusSummaries();
+            return summaries.isEmpty() ? 0 : (*summaries.first())->stopwatchDuration;
+        };
+        QCOMPARE(secondsOf(slip), 10);
+        QCOMPARE(secondsOf(task), 610);
+        QCOMPARE(m_store->context().fetch<KWFocusSlice>({}).size(), 3);
+    }
+
     void savesWhatIsConfirmed_data()
     {
         QTest::addColumn<double>("changed"); // seconds

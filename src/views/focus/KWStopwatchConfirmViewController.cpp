@@ -18,8 +18,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int confirmTextWidth = 320;
-constexpr int numberWidth = 40;
-constexpr int longestNumber = 4;
+constexpr int lengthFieldWidth = 40;
+constexpr int longestLengthText = 4;
 
 // Stays on one line.
 QString unbroken(QString length) { return length.replace(u' ', QChar::Nbsp); }
@@ -77,8 +77,8 @@ KWStopwatchConfirmViewController::makePart(const char *name, const QString &what
     field->setObjectName(named + u"TextField"_s);
     field->setAccessibleName(what);
     field->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
-    field->setMaxLength(longestNumber);
-    field->setFixedWidth(Metrics::scaled(numberWidth));
+    field->setMaxLength(longestLengthText);
+    field->setFixedWidth(Metrics::scaled(lengthFieldWidth));
     connect(field, &QLineEdit::textEdited, this, &KWStopwatchConfirmViewController::edited);
     QLabel *unit = makePlainLabel({}, Fonts::Role::Body, QPalette::PlaceholderText);
     unit->setObjectName(named + u"Label"_s);
