@@ -74,7 +74,7 @@ private Q_SLOTS:
     void everyControlHasANameAndARole_data()
     {
         QTest::addColumn<QString>("list");
-        for (const char *list : {"Today", "Client launch", "errand", "Habits", "Completed", "Trash"})
+        for (const char *list : {"Today", "Client launch", "errand", "Habits", "Focus", "Completed", "Trash"})
             QTest::addRow("%s", list) << QString::fromLatin1(list);
     }
     void everyControlHasANameAndARole()

@@ -82,7 +82,7 @@ QString FocusStatisticsView::nameOfRange() const
 {
     const FocusDays &range = m_statistics.range;
     switch (m_statistics.period.kind) {
-    case FocusPeriod::Kind::Day:
+    case FocusPeriod::Kind::OneDay:
         return DateWording::fullDay(range.first, locale());
     case FocusPeriod::Kind::Week:
         return KWLocalizedString("%1 – %2").arg(
@@ -100,9 +100,10 @@ void FocusStatisticsView::setStatistics(const FocusStatistics &statistics, Day t
     m_kinds->choose(int(statistics.period.kind));
     m_range->setText(nameOfRange());
     m_after->setEnabled(statistics.period.offset < 0);
-    m_total->setText(KWLocalizedString("%1 in all, %2").arg(FocusWording::length(statistics.focused),
-                                                            FocusWording::pomos(statistics.pomos)));
-    m_days->setVisible(statistics.period.kind != FocusPeriod::Kind::Day);
+    m_total->setText(
+        KWLocalizedString("%1 in all, %2")
+            .arg(FocusWording::length(statistics.focused), FocusWording::pomos(statistics.pomos)));
+    m_days->setVisible(statistics.period.kind != FocusPeriod::Kind::OneDay);
     m_days->setDays(statistics.days, today);
     for (QWidget *each : QWidgetList{m_listsName, m_lists})
         each->setVisible(!statistics.lists.isEmpty());

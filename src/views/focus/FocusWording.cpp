@@ -49,6 +49,27 @@ QString FocusWording::spokenLength(seconds length)
 
 QString FocusWording::pomos(int count) { return counted(count, "%1 Pomo", "%1 Pomos"); }
 
+QString FocusWording::ofTask(const FocusOfTask &focus)
+{
+    QStringList facts;
+    if (focus.estimated.count() > 0)
+        facts << KWLocalizedString("%1 of %2").arg(length(focus.focused), length(focus.estimated));
+    else if (focus.focused.count() > 0)
+        facts << length(focus.focused);
+    if (focus.estimatedPomos > 0)
+        facts << KWLocalizedString("%1 of %2")
+                     .arg(QLocale{}.toString(focus.pomos), pomos(focus.estimatedPomos));
+    else if (focus.pomos > 0)
+        facts << pomos(focus.pomos);
+    return facts.join(u", "_s);
+}
+
+QString FocusWording::ofHabit(const FocusOfHabit &focus)
+{
+    if (focus.inTotal.count() <= 0) return {};
+    return KWLocalizedString("%1 focused today, %2 in all").arg(length(focus.today), length(focus.inTotal));
+}
+
 QString FocusWording::command(FocusCommand command)
 {
     switch (command) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "focus/FocusPageContent.h"
 #include "views/focus/FocusFace.h"
 
 #include <QLocale>
@@ -17,6 +18,11 @@ QString length(std::chrono::seconds length);
 QString spokenLength(std::chrono::seconds length);
 /// "1 Pomo", "5 Pomos".
 QString pomos(int count);
+
+/// "1h 20m of 2h, 3 of 4 Pomos"; empty when there is neither focus nor an estimate.
+QString ofTask(const FocusOfTask &focus);
+/// "25m focused today, 3h in all"; empty for none at all.
+QString ofHabit(const FocusOfHabit &focus);
 
 QString command(FocusCommand command);
 /// What an unnamed target is called.

@@ -38,6 +38,8 @@ Q_SIGNALS:
     void failed(const QString &sentence);
     /// The detail of the habit is to be shown.
     void opened(const QString &habitID);
+    /// A session of focus on it is to begin.
+    void focusRequested(const QString &habitID, KWFocusType mode);
 
 private:
     void remove(const QString &habitID);

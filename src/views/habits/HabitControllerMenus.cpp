@@ -36,6 +36,9 @@ void HabitController::fillMenu(QMenu &menu, const HabitRow &row, const HabitDay 
     menu.addSeparator();
     addEntry(menu, "Show Details", "Alt+Return", this, [this, id] { Q_EMIT opened(id); });
     addEntry(menu, "Edit…", "F2", this, [this, id] { edit(id); });
+    QMenu *starts = menu.addMenu(KWLocalizedString("Start Focus"));
+    addEntry(*starts, "Pomo", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypePomo); });
+    addEntry(*starts, "Stopwatch", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypeStopwatch); });
     addSections(menu, row);
     addEntry(menu, "Archive", "", this, [this, id] { setArchived(id, true); });
     menu.addSeparator();

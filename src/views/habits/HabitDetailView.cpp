@@ -6,6 +6,7 @@
 #include "views/controls/PillButton.h"
 #include "views/controls/PlainLabel.h"
 #include "views/controls/TabOrder.h"
+#include "views/focus/FocusWording.h"
 #include "views/habits/HabitAmountChart.h"
 #include "views/habits/HabitFigureView.h"
 #include "views/habits/HabitMonthGrid.h"
@@ -44,6 +45,7 @@ HabitDetailView::HabitDetailView(QWidget *parent)
     , m_monthAfter(new IconButton{Icon::ChevronRight, KWLocalizedString("Month after")})
     , m_month(new HabitMonthGrid)
     , m_today(new HabitTodayCard)
+    , m_focus(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
     , m_yearName(makeHeading())
     , m_year(new HabitYearMap)
     , m_chartName(makeHeading())
@@ -64,6 +66,8 @@ HabitDetailView::HabitDetailView(QWidget *parent)
     column->addLayout(makeMonthHead());
     column->addWidget(m_month);
     column->addWidget(m_today);
+    m_focus->setObjectName(u"habitFocus"_s);
+    column->addWidget(m_focus);
     for (QWidget *each : QWidgetList{m_chartName, m_chart, m_notesName})
         column->addWidget(each);
     m_notes->setSpacing(Metrics::grid * 2);
@@ -146,6 +150,12 @@ void HabitDetailView::connectParts()
     connect(m_month, &HabitMonthGrid::monthsTurned, this, &HabitDetailView::monthsTurned);
     connect(m_month, &HabitMonthGrid::dayChosen, this, &HabitDetailView::dayChosen);
     connect(m_today, &HabitTodayCard::checkRequested, this, &HabitDetailView::checkRequested);
+}
+
+void HabitDetailView::setFocusOfHabit(const FocusOfHabit &focus)
+{
+    m_focus->setText(FocusWording::ofHabit(focus));
+    m_focus->setVisible(!m_focus->text().isEmpty());
 }
 
 void HabitDetailView::setHasClose(bool hasClose) { m_close->setVisible(hasClose); }

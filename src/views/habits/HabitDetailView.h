@@ -1,5 +1,6 @@
 #pragma once
 
+#include "focus/FocusPageContent.h"
 #include "habits/HabitDetailContent.h"
 
 #include <QWidget>
@@ -26,6 +27,8 @@ public:
     explicit HabitDetailView(QWidget *parent = nullptr);
 
     void setContent(const std::optional<HabitDetailContent> &content, std::chrono::weekday firstWeekday);
+    /// Of the habit on show.
+    void setFocusOfHabit(const FocusOfHabit &focus);
     /// Shows a button that closes the pane, which lies over another then.
     void setHasClose(bool hasClose);
 
@@ -62,6 +65,7 @@ private:
     IconButton *m_monthAfter;
     HabitMonthGrid *m_month;
     HabitTodayCard *m_today;
+    QLabel *m_focus;
     QLabel *m_yearName;
     HabitYearMap *m_year;
     QLabel *m_chartName;

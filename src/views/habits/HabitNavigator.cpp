@@ -1,5 +1,6 @@
 #include "views/habits/HabitNavigator.h"
 
+#include "focus/FocusReader.h"
 #include "model/OrvaneKit.h"
 #include "model/settings/KWUserDefaults.h"
 #include "views/habits/HabitDetailView.h"
@@ -18,6 +19,9 @@ HabitNavigator::HabitNavigator(HabitPane &pane, HabitDetailView &detail, OrvaneK
     connect(&m_pane.list(), &HabitListView::currentHabitChanged, this, &HabitNavigator::showDetailOf);
     connect(&m_pane.list(), &HabitListView::foldingChanged, this, &HabitNavigator::saveFolding);
     connect(&m_detail, &HabitDetailView::monthsTurned, this, &HabitNavigator::turnMonths);
+    m_registration = m_kit.bus().registerEventBus([this](const StoreChange &change) {
+        if (change.touches(RecordKind::HabitFocus)) showFocus();
+    });
 }
 
 void HabitNavigator::open()
@@ -65,7 +69,15 @@ void HabitNavigator::showDetailOf(const QString &habitID)
 
 void HabitNavigator::takeDetail(const HabitDetailContent &content)
 {
-    if (content.habit.sid == m_habitID) m_detail.setContent(content, m_loader.firstWeekday());
+    if (content.habit.sid != m_habitID) return;
+    m_detail.setContent(content, m_loader.firstWeekday());
+    showFocus();
+}
+
+void HabitNavigator::showFocus()
+{
+    if (m_habitID.isEmpty()) return;
+    m_detail.setFocusOfHabit(FocusReader::readHabit(m_habitID, m_kit.context()).value_or(FocusOfHabit{}));
 }
 
 void HabitNavigator::turnMonths(int turned)

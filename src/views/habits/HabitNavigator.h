@@ -1,6 +1,7 @@
 #pragma once
 
 #include "habits/HabitPageLoader.h"
+#include "model/events/KWEventBus.h"
 
 class HabitDetailView;
 class HabitPane;
@@ -28,6 +29,7 @@ private:
     void selectFirst(const HabitPageContent &content);
     void takeDetail(const HabitDetailContent &content);
     void showDetailOf(const QString &habitID);
+    void showFocus();
     void turnMonths(int months);
     void readFolding();
     void saveFolding();
@@ -40,4 +42,5 @@ private:
     QString m_wanted;           // to be selected
     std::optional<Day> m_month; // the one of today without
     bool m_isRead = false;
+    KWEventBus::Registration m_registration;
 };

@@ -1,6 +1,7 @@
 #include "views/main/DetailColumn.h"
 
 #include "app/KWDelayDeleteManager.h"
+#include "views/focus/FocusPresenter.h"
 #include "views/main/MainWindow.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListPane.h"
@@ -17,6 +18,10 @@ DetailColumn::DetailColumn(const MainWindowRooms &rooms, MainWindow &window, Bat
     connect(&m_task, &TaskDetailController::itemRemovalRequested, this,
             [&toasts, &deletes = rooms.deletes](const auto &remove, const auto &restore) {
                 deletes.deleteChecklistItemsWithCount(1, toasts, remove, restore, [] {});
+            });
+    connect(&m_task, &TaskDetailController::focusRequested, &rooms.focus,
+            [&focus = rooms.focus](const QString &taskID, KWFocusType mode) {
+                focus.startOn(FocusTarget::task(taskID), mode);
             });
     connect(&m_task, &TaskDetailController::linkRequested, this, &DetailColumn::linkRequested);
     connect(&m_task, &TaskDetailController::taskRequested, this, &DetailColumn::showOther);

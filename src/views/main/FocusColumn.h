@@ -1,8 +1,7 @@
 #pragma once
 
+#include "views/focus/FocusRecordController.h"
 #include "views/main/MainWindowRooms.h"
-
-#include <QObject>
 
 class MainWindow;
 
@@ -28,5 +27,6 @@ Q_SIGNALS:
 
 private:
     MainWindow &m_window;
+    FocusRecordController m_records;
     bool m_isChosen = false; // in the sidebar
 };

@@ -1,5 +1,6 @@
 #include "views/main/HabitColumn.h"
 
+#include "views/focus/FocusPresenter.h"
 #include "views/habits/HabitDetailView.h"
 #include "views/habits/HabitListView.h"
 #include "views/habits/HabitPane.h"
@@ -20,6 +21,10 @@ HabitColumn::HabitColumn(const MainWindowRooms &rooms, MainWindow &window)
     connect(&m_checkIns, &HabitCheckIns::failed, &window, &MainWindow::showMessage);
     connect(&m_controller, &HabitController::changed, &window, &MainWindow::showUndo);
     connect(&m_controller, &HabitController::failed, &window, &MainWindow::showMessage);
+    connect(&m_controller, &HabitController::focusRequested, &rooms.focus,
+            [&focus = rooms.focus](const QString &habitID, KWFocusType mode) {
+                focus.startOn(FocusTarget::habit(habitID), mode);
+            });
     connect(&m_controller, &HabitController::opened, &window, &MainWindow::openDetail);
     connectDetail();
 }

@@ -5,6 +5,14 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int minutesOfHour = 60;
+constexpr int mostGoalHours = 24;
+constexpr int mostGoalMinutes = 1440;
+
+} // namespace
+
 FocusPage::FocusPage(Preferences &preferences, const KWPomoSettingsManager &settings)
     : PreferencesPage("focusPage", KWLocalizedString("Focus"), preferences), m_settings(settings)
 {
@@ -59,14 +67,11 @@ void FocusPage::addSwitch(const char *name, const QString &label, bool Model::*f
 // One number of minutes, shown as two: a goal may be a whole day of hours and as many minutes again.
 void FocusPage::addFocusGoal()
 {
-    constexpr int minutesOfHour = 60;
-    constexpr int mostHours = 24;
-    constexpr int mostMinutes = 1440;
-    auto *wholeHours = new Stepper{"dailyFocusHours", KWLocalizedString("Hours of focus"), 0, mostHours};
-    auto *rest = new Stepper{"dailyFocusMinutes", KWLocalizedString("Minutes of focus"), 0, mostMinutes};
+    auto *wholeHours = new Stepper{"dailyFocusHours", KWLocalizedString("Hours of focus"), 0, mostGoalHours};
+    auto *rest = new Stepper{"dailyFocusMinutes", KWLocalizedString("Minutes of focus"), 0, mostGoalMinutes};
     const auto showStored = [this, wholeHours, rest] {
         const int goal = m_settings.settings().dailyFocusGoal;
-        const int shown = std::min(mostHours, goal / minutesOfHour);
+        const int shown = std::min(mostGoalHours, goal / minutesOfHour);
         wholeHours->setValue(shown);
         rest->setValue(goal - shown * minutesOfHour);
     };

@@ -132,7 +132,6 @@ StatusItem::StatusItem(Rooms rooms) : m_rooms(rooms)
     m_rooms.menu.handle(MenuCommand::ShowPopover, *this, [this] { togglePopover(); });
     m_rooms.area.onAppeared = [this] { showIfPossible(); };
     connect(&m_rooms.focus, &FocusPresenter::changed, this, &StatusItem::refresh);
-    connect(&m_rooms.focus, &FocusPresenter::ticked, this, &StatusItem::refresh);
 }
 
 StatusItem::~StatusItem() { m_rooms.area.onAppeared = nullptr; }

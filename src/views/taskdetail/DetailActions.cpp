@@ -1,4 +1,5 @@
 #include "views/taskdetail/DetailActions.h"
+#include "views/focus/FocusEstimatePopup.h"
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
@@ -46,6 +47,7 @@ void DetailActions::connectFooter()
 {
     DetailFooter &footer = m_view.footer();
     connect(&footer, &DetailFooter::listRequested, this, &DetailActions::chooseList);
+    connect(&footer, &DetailFooter::estimateRequested, this, &DetailActions::estimate);
     connect(&footer, &DetailFooter::menuAboutToShow, this, &DetailActions::fillMenu);
     connect(&footer, &DetailFooter::assigneeChosen, this, [this](std::int64_t userServerID) {
         report(m_editor.setAssignee(m_task.sid, userServerID),
@@ -175,6 +177,8 @@ void DetailActions::fillMenu(QMenu &menu)
         add(tr("Attach Files…"), &DetailActions::filesRequested);
         add(tr("Duplicate"), [this] { duplicate(); });
     }
+    if (m_task.status == KWTaskStatusOpen && !m_task.isTrashed && m_task.kind != KWTaskKindNote)
+        addFocus(menu);
     add(tr("Copy Link"), [this, task] { m_common.copyLinks(task); });
     menu.addSeparator();
     if (m_task.status == KWTaskStatusOpen) add(tr("Abandon"), [this, task] { m_common.abandon(task); });
@@ -197,6 +201,29 @@ void DetailActions::addKinds(QMenu &menu)
     add(tr("Text"), KWTaskKindText);
     add(tr("Checklist"), KWTaskKindChecklist);
     add(tr("Note"), KWTaskKindNote);
+}
+
+void DetailActions::addFocus(QMenu &menu)
+{
+    QMenu *starts = menu.addMenu(tr("Start Focus"));
+    for (const auto &[text, mode] :
+         {std::pair{tr("Pomo"), KWFocusTypePomo}, {tr("Stopwatch"), KWFocusTypeStopwatch}})
+        connect(starts->addAction(text), &QAction::triggered, this,
+                [this, mode = mode, id = m_task.sid] { Q_EMIT focusRequested(id, mode); });
+    connect(menu.addAction(tr("Estimate…")), &QAction::triggered, this, [this] {
+        const QWidget &footer = m_view.footer();
+        estimate(footer.mapToGlobal(QPoint{}));
+    });
+}
+
+void DetailActions::estimate(const QPoint &position)
+{
+    auto *popup = new FocusEstimatePopup{m_focus, m_view.window()};
+    connect(popup, &FocusEstimatePopup::estimated, this,
+            [this, id = m_task.sid](int pomos, std::chrono::seconds duration) {
+                report(m_editor.setEstimate(id, pomos, duration), tr("Estimate changed"));
+            });
+    popup->popUp(position - QPoint{0, popup->sizeHint().height()});
 }
 
 void DetailActions::addFacts(QMenu &menu)

@@ -20,7 +20,11 @@ public:
     DetailActions(TaskDetailView &view, OrvaneKit &kit, BatchActions &common);
 
     /// The task on show; one without an id for none.
-    void setTask(const KWTaskModel &task) { m_task = task; }
+    void setTask(const TaskDetailData &shown)
+    {
+        m_task = shown.task;
+        m_focus = shown.focus;
+    }
     /// Asks for dates, reminders and repeat in a frame whose corner is there.
     void pickDate(const QPoint &position);
 
@@ -31,6 +35,8 @@ Q_SIGNALS:
     void taskRequested(const QString &taskID);
     /// Files to attach are to be chosen.
     void filesRequested();
+    /// A session on the task is to begin.
+    void focusRequested(const QString &taskID, KWFocusType mode);
 
 private:
     void connectHeader();
@@ -44,6 +50,8 @@ private:
     void chooseList(const QPoint &position);
     void fillMenu(QMenu &menu);
     void addKinds(QMenu &menu);
+    void addFocus(QMenu &menu);
+    void estimate(const QPoint &position);
     void addFacts(QMenu &menu);
     void duplicate();
     /// Tells of what was done; nothing is told of what was so before.
@@ -55,4 +63,5 @@ private:
     OccurrenceActions m_occurrences;
     KWTaskEditor m_editor;
     KWTaskModel m_task;
+    FocusOfTask m_focus;
 };

@@ -5,6 +5,7 @@
 #include "views/controls/IconButton.h"
 #include "views/controls/MenuPlace.h"
 #include "views/controls/TextButton.h"
+#include "views/focus/FocusWording.h"
 #include "views/taskdetail/ListButton.h"
 #include "views/taskdetail/TagField.h"
 #include "views/taskdetail/TagPill.h"
@@ -29,16 +30,18 @@ DetailFooter::DetailFooter(QWidget *parent)
     , m_facts(new FlowLayout)
     , m_list(new ListButton{this})
     , m_assignee(new TextButton{{}, TextButton::Opens::Menu, this})
+    , m_focus(new TextButton{{}, TextButton::Opens::Nothing, this})
     , m_tagField(new TagField{this})
     , m_more(new IconButton{Icon::More, KWLocalizedString("More"), this})
 {
     setObjectName(u"detailFooter"_s);
     setAccessibleName(KWLocalizedString("List and tags"));
     m_assignee->setObjectName(u"detailAssignee"_s);
+    m_focus->setObjectName(u"detailFocus"_s);
     m_more->setObjectName(u"detailMore"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (QWidget *each : {static_cast<QWidget *>(m_list), static_cast<QWidget *>(m_assignee),
-                          static_cast<QWidget *>(m_tagField)})
+                          static_cast<QWidget *>(m_focus), static_cast<QWidget *>(m_tagField)})
         m_facts->addWidget(each);
     m_facts->setSpacing(Metrics::grid + 2);
     auto *layout = new QHBoxLayout{this};
@@ -47,6 +50,8 @@ DetailFooter::DetailFooter(QWidget *parent)
     connect(m_list, &QAbstractButton::clicked, this,
             [this] { Q_EMIT listRequested(m_list->mapToGlobal(QPoint{})); });
     connect(m_assignee, &QAbstractButton::clicked, this, &DetailFooter::openAssignees);
+    connect(m_focus, &QAbstractButton::clicked, this,
+            [this] { Q_EMIT estimateRequested(m_focus->mapToGlobal(QPoint{})); });
     connect(m_tagField, &TagField::entered, this, &DetailFooter::tagAdded);
     connect(m_tagField, &TagField::backspacedAtStart, this, [this] {
         if (!m_tags.isEmpty()) m_tags.last()->setFocus();
@@ -74,6 +79,11 @@ void DetailFooter::setTask(const TaskDetailData &shown)
         if (each.userServerID == shown.task.assignee) assignee = each.name;
     m_assignee->setText(assignee);
     m_assignee->setAccessibleName(KWLocalizedString("Assigned to: %1").arg(assignee));
+    const QString focus = FocusWording::ofTask(shown.focus);
+    m_focus->setVisible(!focus.isEmpty());
+    m_focus->setText(focus);
+    m_focus->setAccessibleName(KWLocalizedString("Focus: %1").arg(focus));
+    m_focus->updateGeometry();
     if (shown.task.sid != m_shown.task.sid) m_tagField->clear();
     setTags(shown);
     m_shown = shown;

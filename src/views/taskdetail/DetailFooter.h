@@ -28,6 +28,8 @@ public:
 Q_SIGNALS:
     /// Another list is to be chosen, in a frame whose lower corner is there.
     void listRequested(const QPoint &position);
+    /// What the task is thought to take is to be changed, in a frame whose lower corner is there.
+    void estimateRequested(const QPoint &position);
     void assigneeChosen(std::int64_t userServerID);
     void tagAdded(const QString &label);
     void tagRemoved(const QString &name);
@@ -47,6 +49,7 @@ private:
     FlowLayout *m_facts;
     ListButton *m_list;
     TextButton *m_assignee;
+    TextButton *m_focus;
     TagField *m_tagField;
     IconButton *m_more;
     QList<TagPill *> m_tags;

@@ -18,8 +18,9 @@ namespace {
 
 bool matters(const StoreChange &change, const QString &taskID)
 {
-    for (const RecordKind kind : {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Attachment,
-                                  RecordKind::Project, RecordKind::Tag, RecordKind::Teamworker})
+    for (const RecordKind kind :
+         {RecordKind::Task, RecordKind::ChecklistItem, RecordKind::Attachment, RecordKind::Project,
+          RecordKind::Tag, RecordKind::Teamworker, RecordKind::FocusSummary})
         if (change.touches(kind)) return !taskID.isEmpty();
     return false;
 }
@@ -92,7 +93,7 @@ void TaskDetailController::refresh()
     if (shown)
         shown->subtasks.removeIf(
             [this](const auto &each) { return m_pendingDeletes.containsTask(each.sid); });
-    m_actions.setTask(shown ? shown->task : KWTaskModel{});
+    m_actions.setTask(shown.value_or(TaskDetailData{}));
     m_attachments.setTask(shown ? m_taskID : QString{});
     m_view.setTask(shown);
 }
@@ -139,6 +140,7 @@ void TaskDetailController::connectEdits()
 
 void TaskDetailController::connectActions()
 {
+    connect(&m_actions, &DetailActions::focusRequested, this, &TaskDetailController::focusRequested);
     connect(&m_actions, &DetailActions::taskRequested, this, &TaskDetailController::taskRequested);
     connect(&m_actions, &DetailActions::filesRequested, &m_attachments, &AttachmentActions::chooseFiles);
     const auto connectReports = [this](auto &actions) {

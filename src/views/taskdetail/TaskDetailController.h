@@ -38,6 +38,7 @@ Q_SIGNALS:
     void changed(const QString &message, const std::function<void()> &undo);
     /// Another task is to be shown: a subtask, a parent.
     void taskRequested(const QString &taskID);
+    void focusRequested(const QString &taskID, KWFocusType mode);
     /// A link in the text that leads into the program.
     void linkRequested(const QString &link);
     /// An item of the checklist is to go: `remove` takes it out of the store, `restore` puts it back.

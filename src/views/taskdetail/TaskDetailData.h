@@ -1,5 +1,6 @@
 #pragma once
 
+#include "focus/FocusPageContent.h"
 #include "model/records/KWAttachmentModel.h"
 #include "model/records/KWChecklistItemModel.h"
 #include "model/records/KWTaskModel.h"
@@ -26,6 +27,7 @@ struct TaskDetailData {
     QList<Member> members;             ///< of a shared list, by name
     QHash<QString, QString> tagLabels; ///< by name; a tag without one shows its name
     QStringList tagChoices;            ///< labels of the tags that it can be given
+    FocusOfTask focus{};
 
     bool operator==(const TaskDetailData &) const = default;
 };

@@ -1,5 +1,6 @@
 #include "views/taskdetail/TaskDetailReader.h"
 
+#include "focus/FocusReader.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
@@ -54,5 +55,6 @@ std::optional<TaskDetailData> readTaskDetail(const QString &taskID, const KWTask
     const KWTask *parent = data.task.parentId.isEmpty() ? nullptr : context.find<KWTask>(data.task.parentId);
     if (parent && parent->isNotDeleted()) data.parentTitle = (*parent)->title;
     readTags(kit.tags(), data);
+    data.focus = FocusReader::readTask(taskID, context).value_or(FocusOfTask{});
     return data;
 }

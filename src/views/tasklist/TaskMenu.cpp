@@ -54,6 +54,8 @@ void TaskMenu::fill(QMenu &menu, const QStringList &ids)
         addOccurrence(menu, taskIDs);
         addPlaces(menu, taskIDs);
         addPinning(menu, taskIDs);
+        if (taskIDs.size() == 1)
+            addKnown(*menu.addMenu(tr("Start Focus")), {StartPomoOnTask, StartStopwatchOnTask});
         menu.addSeparator();
         addCopies(menu, taskIDs);
     }

@@ -1,0 +1,226 @@
+#include "gui/FocusHands.h"
+#include "gui/WindowHelp.h"
+#include "model/records/KWSmartProject.h"
+#include "model/settings/KWPomoSettingsManager.h"
+#include "support/TestMain.h"
+#include "views/focus/FocusPane.h"
+#include "views/focus/FocusPanel.h"
+#include "views/main/MainWindow.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QPaintEvent>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// What is painted of a widget.
+class PaintRecorder : public QObject {
+public:
+    explicit PaintRecorder(QWidget &widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint) region |= static_cast<QPaintEvent *>(event)->region();
+        return QObject::eventFilter(watched, event);
+    }
+    qint64 area() const
+    {
+        qint64 sum = 0;
+        for (const QRect &each : region)
+            sum += qint64(each.width()) * each.height();
+        return sum;
+    }
+
+    QRegion region;
+};
+
+} // namespace
+
+/// The session of focus on its page, by keyboard and mouse, on a clock that the test sets.
+class FocusPage_test : public QObject, private FocusHands {
+    Q_OBJECT
+
+    void setUp(const std::function<void(KWPomoSettingsModel &)> &edit)
+    {
+        OrvaneKit &kit = m_client->kit();
+        KWPomoSettingsManager manager{kit.manager(), kit.center(), kit.account().currentUserID()};
+        KWPomoSettingsModel settings = manager.settings();
+        edit(settings);
+        QVERIFY(manager.save(settings));
+    }
+    bool isInSidebar() { return listSection(KWSmartProject::focus()).isValid(); }
+
+private Q_SLOTS:
+    void init() { openFocus(); }
+    void cleanup() { endClient(); }
+
+    void spaceStartsPausesAndGoesOn()
+    {
+        QCOMPARE(time(), u"25:00"_s);
+        QCOMPARE(commands(), u"Start"_s);
+        QVERIFY(m_client->window()->focusPane().focusWidget());
+        m_client->press(Qt::Key_Space);
+        QCOMPARE(commands(), u"Pause Stop"_s);
+        wait(10s);
+        QCOMPARE(time(), u"24:50"_s);
+        m_client->press(Qt::Key_Space);
+        QCOMPARE(commands(), u"Resume Stop"_s);
+        wait(1min);
+        QCOMPARE(time(), u"24:50"_s);
+        m_client->press(Qt::Key_Escape);
+        m_client->press(Qt::Key_Space);
+        wait(1s);
+        QCOMPARE(time(), u"24:49"_s);
+    }
+
+    void aPomoIsFollowedByItsBreakAndTheNextPomo()
+    {
+        focusOn(u"plants"_s);
+        press(u"Start"_s);
+        wait(25min);
+        QCOMPARE(commands(), u"Relax Skip Break Exit"_s);
+        QTRY_COMPARE(records(), u"Water the plants 09:00 – 09:25"_s);
+        QCOMPARE(m_client->find<QWidget>("focusPomosToday").accessibleName(), u"1 Pomos"_s);
+        press(u"Relax"_s);
+        wait(10s);
+        QCOMPARE(time(), u"04:50"_s);
+        QCOMPARE(commands(), u"Skip Break Exit"_s);
+        press(u"Skip Break"_s);
+        QCOMPARE(commands(), u"Pause Stop"_s);
+        QCOMPARE(time(), u"25:00"_s);
+        QCOMPARE(target(), u"Water the plants"_s);
+    }
+
+    void stoppingAsksAfterHalfAMinute()
+    {
+        press(u"Start"_s);
+        wait(30s);
+        press(u"Stop"_s);
+        QCOMPARE(commands(), u"Start"_s);
+
+        press(u"Start"_s);
+        wait(31s);
+        answerNextAlert(Qt::Key_Escape);
+        press(u"Stop"_s);
+        QTRY_VERIFY(!QApplication::activeModalWidget());
+        QTRY_VERIFY(!m_client->rooms().focus().pomo().isConfirmingToExit());
+        QCOMPARE(commands(), u"Pause Stop"_s);
+        answerNextAlert(Qt::Key_Return);
+        press(u"Stop"_s);
+        QTRY_COMPARE(commands(), u"Start"_s);
+        QCOMPARE(time(), u"25:00"_s);
+    }
+
+    void theTargetIsPickedByTheKeyboardAndSwitched()
+    {
+        QCOMPARE(target(), u"Choose what to focus on"_s);
+        focusOn(u"PLANTS"_s);
+        QCOMPARE(target(), u"Water the plants"_s);
+        press(u"Start"_s);
+        wait(10min);
+        focusOn(u"photos"_s);
+        QCOMPARE(target(), u"Sort the photos"_s);
+        wait(15min);
+        QTRY_COMPARE(records(), u"Sort the photos and 1 more 09:00 – 09:25"_s);
+        focusOn(u"nothing"_s);
+        QCOMPARE(target(), u"Choose what to focus on"_s);
+        focusOn(u"there is no such task"_s);
+        QCOMPARE(target(), u"Choose what to focus on"_s);
+    }
+
+    void theTargetFollowsItsTask()
+    {
+        focusOn(u"plants"_s);
+        const QString id = m_client->rooms().focus().manager().target().entityID;
+        KWTaskEditor editor{m_client->kit().manager()};
+        QVERIFY(editor.setTitle(id, u"Water the trees"_s));
+        QTRY_COMPARE(target(), u"Water the trees"_s);
+    }
+
+    void oneModeMakesWayForTheOtherAndSaysSoBefore()
+    {
+        press(u"Start"_s);
+        wait(5min);
+        choose(u"Stopwatch"_s);
+        QCOMPARE(notice(), u"A Pomo is on. Starting the stopwatch pauses it."_s);
+        press(u"Start"_s);
+        QCOMPARE(notice(), QString{});
+        wait(2min);
+        QCOMPARE(time(), u"02:00"_s);
+        choose(u"Pomo"_s);
+        QCOMPARE(time(), u"20:00"_s);
+        QVERIFY(notice().contains(u"stops it and keeps its time"_s));
+        press(u"Resume"_s);
+        QTRY_COMPARE(records(), u"Nothing in particular Stopwatch, 2m"_s);
+        wait(1s);
+        QCOMPARE(time(), u"19:59"_s);
+    }
+
+    void arrowsChooseTheMode()
+    {
+        const auto segments = m_client->find<QWidget>("focusModes").findChildren<QAbstractButton *>();
+        segments.first()->setFocus();
+        QTest::keyClick(segments.first(), Qt::Key_Right);
+        QVERIFY(segments.last()->isChecked());
+        QCOMPARE(time(), u"00:00"_s);
+        QTest::keyClick(segments.last(), Qt::Key_Left);
+        QCOMPARE(time(), u"25:00"_s);
+    }
+
+    void aSecondPaintsLittleAndAHiddenPageNothing()
+    {
+        press(u"Start"_s);
+        wait(1min);
+        QCoreApplication::processEvents();
+        PaintRecorder ringPaints{ring()};
+        PaintRecorder panePaints{m_client->window()->focusPane()};
+        wait(1s);
+        QCoreApplication::processEvents();
+        const qint64 whole = qint64(ring().width()) * ring().height();
+        QVERIFY(ringPaints.area() > 0);
+        QVERIFY2(ringPaints.area() < whole / 4, qPrintable(QString::number(ringPaints.area())));
+        QVERIFY(panePaints.area() <= ringPaints.area());
+
+        m_client->openList(u"Today"_s);
+        QCoreApplication::processEvents();
+        ringPaints.region = {};
+        wait(10s);
+        QCoreApplication::processEvents();
+        QVERIFY(ringPaints.region.isEmpty());
+        m_client->rooms().menu().action(MenuCommand::OpenFocus).trigger();
+        QCOMPARE(time(), u"23:49"_s);
+    }
+
+    void switchedOffThePageGoes()
+    {
+        QVERIFY(isInSidebar());
+        setUp([](KWPomoSettingsModel &settings) { settings.isPomoEnabled = false; });
+        QTRY_VERIFY(!isInSidebar());
+        QTRY_VERIFY(!m_client->rooms().menu().action(MenuCommand::OpenFocus).isEnabled());
+        setUp([](KWPomoSettingsModel &settings) { settings.isPomoEnabled = true; });
+        QTRY_VERIFY(isInSidebar());
+    }
+
+    void theMenuStartsOnATask()
+    {
+        m_client->openList(u"Today"_s);
+        goTo(taskRow(u"Water the plants"_s));
+        m_client->rooms().menu().action(MenuCommand::StartPomoOnTask).trigger();
+        QVERIFY(m_client->rooms().focus().manager().isPomoFocusing());
+        QCOMPARE(target(), u"Water the plants"_s);
+        m_client->rooms().menu().action(MenuCommand::StartStopwatchOnTask).trigger();
+        QVERIFY(m_client->rooms().focus().manager().isStopWatchFocusing());
+    }
+
+    void aLinkOpensThePage()
+    {
+        m_client->openList(u"Today"_s);
+        m_client->rooms().application().open({.links = {u"orvane://list/focus"_s}});
+        QTRY_VERIFY(m_client->window()->isFocusShown());
+    }
+};
+
+ORVANE_TEST(FocusPage_test)
+#include "FocusPage_test.moc"
