@@ -9,13 +9,13 @@
 class HabitAmountChart;
 class HabitFigureView;
 class HabitMonthGrid;
+class HabitNoteList;
 class HabitTodayCard;
 class HabitYearMap;
 class IconButton;
 class PillButton;
 class QLabel;
 class QScrollArea;
-class QVBoxLayout;
 
 /// The right column for a habit: figures, the days of a month, what is done today, the year, and the notes of
 /// the month. Without a habit it is empty.
@@ -28,6 +28,7 @@ public:
     void setContent(const std::optional<HabitDetailContent> &content, std::chrono::weekday firstWeekday);
     /// Shows a button that closes the pane, which lies over another then.
     void setHasClose(bool hasClose);
+    HabitNoteList &notes() { return *m_notes; }
 
 Q_SIGNALS:
     void closeRequested();
@@ -67,5 +68,5 @@ private:
     QLabel *m_chartName;
     HabitAmountChart *m_chart;
     QLabel *m_notesName;
-    QVBoxLayout *m_notes;
+    HabitNoteList *m_notes;
 };
