@@ -108,8 +108,7 @@ Result<void> LinkOpener::openList(const QString &listID)
         return {};
     }
     if (!named) return Error{KWLocalizedString("The list of this link is not here any more.")};
-    if (!named->isListOfTasks() && named != &KWSmartProject::focus())
-        return Error{KWLocalizedString("The list of this link cannot be shown yet.")};
+    if (!named->hasPage()) return Error{KWLocalizedString("The list of this link cannot be shown yet.")};
     m_target.showList(KWListIdentifier::smartProject(named->identifier()));
     return {};
 }

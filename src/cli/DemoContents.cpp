@@ -107,12 +107,14 @@ constexpr List allLists[] = {
     {"Reading"_L1, "#d6409f"_L1, {}, reading},
 };
 
+constexpr auto everyDay = "RRULE:FREQ=DAILY;INTERVAL=1"_L1;
+
 constexpr Habit allHabits[] = {
     {.name = "Stretch"_L1,
      .iconRes = "sun"_L1,
      .color = "#e79a0c"_L1,
      .section = "Morning"_L1,
-     .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=1"_L1,
+     .repeatRule = everyDay,
      .week = "ddddddd"_L1,
      .missesOneOf = 13},
     {.name = "Write a page"_L1,
@@ -126,7 +128,7 @@ constexpr Habit allHabits[] = {
      .iconRes = "waves"_L1,
      .color = "#3e8ef7"_L1,
      .section = "Afternoon"_L1,
-     .repeatRule = "RRULE:FREQ=DAILY;INTERVAL=1"_L1,
+     .repeatRule = everyDay,
      .unit = "cups"_L1,
      .goal = 8,
      .week = "ddd4dd5"_L1,

@@ -16,9 +16,3 @@ QList<HabitDay> HabitDetailContent::monthDays() const
     if (year.isEmpty()) return {};
     return year.sliced((month - year.first().day).count(), (last - month).count() + 1);
 }
-
-const HabitDay *HabitDetailContent::at(Day day) const
-{
-    if (year.isEmpty() || day < year.first().day || day > year.last().day) return nullptr;
-    return &year[(day - year.first().day).count()];
-}

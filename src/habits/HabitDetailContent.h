@@ -32,6 +32,7 @@ struct HabitNote {
 struct HabitDetailContent {
     KWHabitModel habit;
     Day today{};
+    HabitDay ofToday{};     ///< also when the year is another one
     Day month{};            ///< its first day
     QList<HabitDay> year{}; ///< every day of the year in which the month lies
     HabitFigures ofMonth{};
@@ -43,6 +44,4 @@ struct HabitDetailContent {
 
     /// The days of the month.
     QList<HabitDay> monthDays() const;
-    /// None outside the year.
-    const HabitDay *at(Day day) const;
 };

@@ -81,8 +81,10 @@ std::optional<HabitDetailContent> HabitReader::readDetail(const QString &habitID
     const QList<HabitDay> ofMonth = detail.monthDays();
     detail.ofMonth = figuresOf(ofMonth, detail.today);
     detail.ofYear = figuresOf(detail.year, detail.today);
-    detail.ofAll = figuresOf(readHabitDays(*habit, std::min(habit->firstDay(), detail.today), detail.today),
-                             detail.today);
+    const QList<HabitDay> all =
+        readHabitDays(*habit, std::min(habit->firstDay(), detail.today), detail.today);
+    detail.ofAll = figuresOf(all, detail.today);
+    detail.ofToday = all.last();
     for (const KWHabitRecordModel &each :
          context.models<KWHabitRecord>({.where = "habitID = ? AND stamp BETWEEN ? AND ? AND isDeleted = 0",
          .values = {habitID, DayStamp::fromDay(ofMonth.first().day), DayStamp::fromDay(ofMonth.last().day)}}))

@@ -70,6 +70,7 @@ QString HabitWording::amountWithUnit(double amount, const QString &unit, const Q
 Result<double> HabitWording::toAmount(const QString &typed, const QLocale &locale)
 {
     const QString text = typed.trimmed();
+    if (text.isEmpty()) return Error{KWLocalizedString("Type an amount, 0 for none.")};
     std::optional<double> value = numberIn(text, locale);
     if (!value) value = numberIn(text, QLocale::c());
     if (!value) return Error{KWLocalizedString("“%1” is no number.").arg(text)};

@@ -1,8 +1,29 @@
 #include "lists/TaskListRows.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Holds = TaskListRow::Holds;
+
+Holds kindOf(const KWTaskListItemModel &row)
+{
+    if (row.isEvent()) return Holds::Events;
+    return row.isHabit() ? Holds::Habits : Holds::Tasks;
+}
+
+Holds heldBy(const KWTaskCategory &section)
+{
+    const KWTaskCategory::Rows &rows = section.models();
+    if (section.isNoteKind()) return Holds::Notes;
+    if (rows.isEmpty()) return Holds::Tasks;
+    const Holds held = kindOf(rows.first());
+    return std::ranges::all_of(rows, [held](const auto &each) { return kindOf(each) == held; })
+               ? held
+               : Holds::Several;
+}
 
 void appendTasks(const KWTaskCategory &section, int index, const FoldedRows &folded, QList<TaskListRow> &rows)
 {
@@ -44,7 +65,7 @@ QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const Folde
         isFolded = !section.hidesHeader() && folded.collapsedCategories.contains(section.name());
         if (!section.hidesHeader())
             rows.append({TaskListRow::Kind::Section, u"section:"_s + section.name(), i, section.title(),
-                         section.count(), isFolded});
+                         section.count(), isFolded, heldBy(section)});
         if (!isFolded) appendTasks(section, i, folded, rows);
     }
     return rows;

@@ -19,6 +19,7 @@ struct TaskListRow {
         Task,
         LoadMore
     }; ///< items, later occurrences and events stand as tasks do
+    enum class Holds : std::uint8_t { Tasks, Notes, Events, Habits, Several };
 
     Kind kind = Kind::Task;
     QString id;       ///< unique in the list: that of `task`, "section:" and its name, or "loadMore"
@@ -26,6 +27,7 @@ struct TaskListRow {
     QString title{};  ///< of a section; of the row that loads more, what that is
     int count = 0;    ///< of a section: its tasks, folded ones included
     bool isFolded = false;
+    Holds holds = Holds::Tasks; ///< of a section: what its rows are
     KWTaskListItemModel task{}; ///< of a task, a checklist item, a later occurrence or an event
     int depth = 0;              ///< below how many of the tasks above it
     bool hasChildren = false;   ///< among the rows of its section

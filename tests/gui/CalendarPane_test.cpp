@@ -1,5 +1,5 @@
+#include "gui/CalendarHands.h"
 #include "gui/CalendarMaking.h"
-#include "gui/ClientFixture.h"
 #include "model/records/KWTask.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "support/TestMain.h"
@@ -21,21 +21,9 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono;
 
 /// The calendar in the client's window: what is done there is stored and can be taken back.
-class CalendarPane_test : public QObject {
+class CalendarPane_test : public QObject, private CalendarHands {
     Q_OBJECT
 
-    std::unique_ptr<ClientFixture> m_client;
-
-    CalendarPane &pane() const { return m_client->window()->calendarPane(); }
-    CalendarView &view() const { return pane().view(); }
-    QStringList titles() const
-    {
-        QStringList titles;
-        for (const CalendarItem &each : view().content().items)
-            titles += each.title;
-        titles.sort();
-        return titles;
-    }
     void select(const QString &title) const
     {
         const auto &items = view().content().items;
@@ -73,25 +61,6 @@ class CalendarPane_test : public QObject {
         return item->title +
                u" %1:%2"_s.arg((day - november(0)).count()).arg(floor<hours>(item->start - day).count());
     }
-    /// In the menu that has just opened.
-    void chooseInMenu(const QString &text) const
-    {
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (!menu) qFatal("no menu opened");
-        const QList<QAction *> actions = menu->actions();
-        const auto found = std::ranges::find(actions, text, &QAction::text);
-        if (found == actions.end()) qFatal("the menu has no %s", qUtf8Printable(text));
-        (*found)->trigger();
-        menu->close();
-        activate();
-    }
-    /// The keyboard is the page's again.
-    void activate() const
-    {
-        m_client->window()->activateWindow();
-        if (!QTest::qWaitForWindowActive(m_client->window())) qFatal("the window is not active");
-        view().setFocus();
-    }
     KWTaskModel taskNamed(const QString &title) const
     {
         for (const KWTaskModel &each : m_client->kit().context().models<KWTask>({}))
@@ -113,33 +82,10 @@ class CalendarPane_test : public QObject {
         }
         QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, to);
     }
-    void openCalendar() const
-    {
-        m_client->press(Qt::Key_5, Qt::ControlModifier);
-        QTRY_VERIFY(view().hasFocus() || m_client->window()->isCalendarShown());
-        view().setFocus();
-    }
-    void openWeek() const
-    {
-        openCalendar();
-        m_client->press(Qt::Key_W);
-        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::Week);
-    }
     QString message() const { return m_client->find<QLabel>("toastMessage").text(); }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_client = std::make_unique<ClientFixture>("2026-11-18 09:00");
-        m_client->useOnThisComputer();
-        m_client->openList(u"Inbox"_s);
-        m_client->press(Qt::Key_N, Qt::ControlModifier);
-        for (const char *each :
-             {"Walk today 2pm", "Stand up today 10am every day", "Trip friday", "Someday"}) {
-            m_client->type(QString::fromLatin1(each));
-            m_client->press(Qt::Key_Return);
-        }
-    }
+    void init() { startWithTasks(); }
     void cleanup() { m_client.reset(); }
 
     void showsWhatHasADateAndFollowsIt()

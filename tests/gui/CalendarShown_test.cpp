@@ -1,4 +1,4 @@
-#include "gui/ClientFixture.h"
+#include "gui/CalendarHands.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "support/TestMain.h"
 #include "views/calendar/CalendarPane.h"
@@ -17,66 +17,11 @@
 using namespace Qt::StringLiterals;
 
 /// What is shown on the calendar, and how it finds room, in the client's window.
-class CalendarShown_test : public QObject {
+class CalendarShown_test : public QObject, private CalendarHands {
     Q_OBJECT
 
-    std::unique_ptr<ClientFixture> m_client;
-
-    CalendarPane &pane() const { return m_client->window()->calendarPane(); }
-    CalendarView &view() const { return pane().view(); }
-    QStringList titles() const
-    {
-        QStringList titles;
-        for (const CalendarItem &each : view().content().items)
-            titles += each.title;
-        titles.sort();
-        return titles;
-    }
-    /// In the menu that has just opened.
-    void chooseInMenu(const QString &text) const
-    {
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (!menu) qFatal("no menu opened");
-        const QList<QAction *> actions = menu->actions();
-        const auto found = std::ranges::find(actions, text, &QAction::text);
-        if (found == actions.end()) qFatal("the menu has no %s", qUtf8Printable(text));
-        (*found)->trigger();
-        menu->close();
-        activate();
-    }
-    /// The keyboard is the page's again.
-    void activate() const
-    {
-        m_client->window()->activateWindow();
-        if (!QTest::qWaitForWindowActive(m_client->window())) qFatal("the window is not active");
-        view().setFocus();
-    }
-    void openCalendar() const
-    {
-        m_client->press(Qt::Key_5, Qt::ControlModifier);
-        QTRY_VERIFY(view().hasFocus() || m_client->window()->isCalendarShown());
-        view().setFocus();
-    }
-    void openWeek() const
-    {
-        openCalendar();
-        m_client->press(Qt::Key_W);
-        QTRY_COMPARE(view().content().page.kind, CalendarPage::Kind::Week);
-    }
-
 private Q_SLOTS:
-    void init()
-    {
-        m_client = std::make_unique<ClientFixture>("2026-11-18 09:00");
-        m_client->useOnThisComputer();
-        m_client->openList(u"Inbox"_s);
-        m_client->press(Qt::Key_N, Qt::ControlModifier);
-        for (const char *each :
-             {"Walk today 2pm", "Stand up today 10am every day", "Trip friday", "Someday"}) {
-            m_client->type(QString::fromLatin1(each));
-            m_client->press(Qt::Key_Return);
-        }
-    }
+    void init() { startWithTasks(); }
     void cleanup() { m_client.reset(); }
 
     void listsAreHiddenAndShown()

@@ -1,10 +1,16 @@
 #include "views/habits/HabitDetailView.h"
 
 #include "gui/HabitHands.h"
+#include "habits/KWHabitCheckHelper.h"
 #include "model/records/DayStamp.h"
+#include "model/records/KWHabit.h"
+#include "model/records/KWHabitRecord.h"
 #include "support/TestMain.h"
 #include "views/habits/HabitListView.h"
 #include "views/habits/HabitMonthGrid.h"
+#include "views/habits/HabitNoteEdit.h"
+#include "views/habits/HabitNoteRow.h"
+#include "views/main/MainWindow.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -22,6 +28,12 @@ class HabitDetailView_test : public QObject, private HabitHands {
     void press(const char *name)
     {
         QTest::mouseClick(&m_client->find<QAbstractButton>(name), Qt::LeftButton);
+    }
+    QList<HabitNoteRow *> noteRows()
+    {
+        auto rows = m_client->window()->findChildren<HabitNoteRow *>();
+        rows.removeIf([](const HabitNoteRow *each) { return each->isHidden(); });
+        return rows;
     }
     void show(const QString &name)
     {
@@ -86,6 +98,63 @@ private Q_SLOTS:
         QTRY_COMPARE(text("habitMonthName"), u"October 2026"_s);
         press("habitMonthAfter");
         QTRY_COMPARE(text("habitMonthName"), u"November 2026"_s);
+    }
+
+    void theCardOfTodayStaysInAnotherYear()
+    {
+        show(u"Drink water"_s);
+        for (int i = 0; i < 11; ++i)
+            press("habitMonthBefore");
+        QTRY_COMPARE(text("habitMonthName"), u"December 2025"_s);
+        press("habitMore");
+        QTRY_COMPARE(text("habitTodayValue"), u"1"_s);
+        QCOMPARE(dayOf(u"Drink water"_s).value, 1.0);
+    }
+
+    void notesAreEditedWhereTheyStand()
+    {
+        show(u"Stretch"_s);
+        const int day = 20261119;
+        KWHabitCheckHelper checks{m_client->kit()};
+        const auto stored = [&] {
+            const KWHabit &habit = *m_client->kit().context().find<KWHabit>(habitID(u"Stretch"_s));
+            const KWHabitRecord *note = habit.recordAtDateStamp(day);
+            return note ? (*note)->content : QString{};
+        };
+        QVERIFY(checks.setNote(habitID(u"Stretch"_s), day, u"Short"_s));
+        QTRY_COMPARE(noteRows().size(), 1);
+        HabitNoteRow &row = *noteRows().first();
+        QCOMPARE(row.accessibleName(), u"Thu 19 Nov: Short"_s);
+        auto &field = *row.findChild<HabitNoteEdit *>();
+        row.setFocus();
+        m_client->press(Qt::Key_Return);
+        QVERIFY(field.hasFocus());
+        typeInto(field, u"Lost"_s);
+        m_client->press(Qt::Key_Escape);
+        QCOMPARE(stored(), u"Short"_s);
+        QVERIFY(row.hasFocus() && !row.isEditing());
+
+        QTest::mouseDClick(&row, Qt::LeftButton);
+        typeInto(field, u"Long"_s);
+        QVERIFY(checks.setNote(habitID(u"Stretch"_s), day, u"From elsewhere"_s));
+        QTRY_COMPARE(row.accessibleName(), u"Thu 19 Nov: From elsewhere"_s);
+        QCOMPARE(field.toPlainText(), u"Long"_s);
+        m_client->press(Qt::Key_Return);
+        QCOMPARE(stored(), u"Long"_s);
+        takeBack();
+        QCOMPARE(stored(), u"From elsewhere"_s);
+
+        QTest::mouseDClick(&row, Qt::LeftButton);
+        typeInto(field, u"Kept"_s);
+        goToHabit(u"Drink water"_s);
+        QCOMPARE(stored(), u"Kept"_s);
+        show(u"Stretch"_s);
+        QTRY_COMPARE(noteRows().size(), 1);
+        noteRows().first()->setFocus();
+        m_client->press(Qt::Key_Delete);
+        QVERIFY(stored().isEmpty());
+        QVERIFY2(toastText().contains(u"Note on “Stretch” removed"_s), qPrintable(toastText()));
+        QTRY_VERIFY(month().hasFocus());
     }
 
     void anArchivedHabitIsReadAndRestored()

@@ -3,6 +3,8 @@
 #include "gui/HabitHands.h"
 #include "gui/WindowHelp.h"
 #include "model/records/HabitFrequency.h"
+#include "model/records/KWHabit.h"
+#include "model/store/KWCoreDataManager.h"
 #include "support/TestMain.h"
 #include "views/habits/HabitListView.h"
 
@@ -120,6 +122,20 @@ private Q_SLOTS:
         QCOMPARE(after.iconRes, before.iconRes);
         QCOMPARE(after.color, before.color);
         QCOMPARE(after.startStamp, before.startStamp);
+    }
+
+    void aGoalFromElsewhereThatIsNoneDoesNotStopAnEdit()
+    {
+        makeHabit(u"Stretch"_s);
+        QVERIFY(KWCoreDataService{m_client->kit().manager()}.sync_save(
+            [id = habitID(u"Stretch"_s)](ObjectContext &context) -> Result<void> {
+                context.find<KWHabit>(id)->set(&KWHabitModel::goal, 0.0);
+                return {};
+            }));
+        openStored();
+        typeInto(find<QLineEdit>("habitEditorName"), u"Stretch well"_s);
+        save();
+        QCOMPARE(habit(u"Stretch well"_s).goal, 1.0);
     }
 
     void aNewGoalLeavesTheDaysThatWereCheckedIn()

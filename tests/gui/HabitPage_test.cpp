@@ -44,6 +44,10 @@ private Q_SLOTS:
         QVERIFY(m_client->find<QWidget>("firstHabit").isVisible());
         QTest::mouseClick(&m_client->find<QWidget>("firstHabit"), Qt::LeftButton);
         QVERIFY(isOpen("habitEditor"));
+        over<QWidget>("habitEditor").close();
+        comeBack();
+        m_client->press(Qt::Key_Insert);
+        QVERIFY(isOpen("habitEditor"));
     }
 
     void theKeyboardChecksInAndTakesBack()
@@ -137,6 +141,7 @@ private Q_SLOTS:
         m_client->press(Qt::Key_Return, Qt::ControlModifier);
         auto &amount = over<QLineEdit>("habitCheckIn", "habitDayAmount");
         for (const auto &[wrong, sentence] : {std::pair{u"lots"_s, u"“lots” is no number."_s},
+                                              {u" "_s, u"Type an amount, 0 for none."_s},
                                               {u"-1"_s, u"An amount cannot be below 0."_s}}) {
             typeInto(amount, wrong);
             QTest::keyClick(&amount, Qt::Key_Return);
@@ -147,6 +152,15 @@ private Q_SLOTS:
         QTest::keyClick(&amount, Qt::Key_Escape);
         QVERIFY(!isOpen("habitCheckIn"));
         QCOMPARE(dayOf(u"Drink water"_s).value, 0.0);
+
+        // A click beside it.
+        goToHabit(u"Drink water"_s, 0);
+        m_client->press(Qt::Key_Return, Qt::ControlModifier);
+        typeInto(over<QLineEdit>("habitCheckIn", "habitDayAmount"), u"lots"_s);
+        typeInto(over<QWidget>("habitCheckIn", "habitDayNote"), u"Warm day"_s);
+        over<QWidget>("habitCheckIn").close();
+        QVERIFY(dayOf(u"Drink water"_s).hasNote);
+        QVERIFY2(toastText().contains(u"“lots” is no number."_s), qPrintable(toastText()));
     }
 
     void aHabitThatGoesTakesItsOpenDayAlong()
@@ -322,6 +336,12 @@ private Q_SLOTS:
         m_client->rooms().application().open({.links = {u"orvane://habit/"_s + habitID(u"Read"_s)}});
         QVERIFY(page().isVisible());
         QTRY_COMPARE(habits().currentHabit(), habitID(u"Read"_s));
+        for (const bool isCalendar : {true, false}) {
+            m_client->rooms().application().open(
+                {.links = {isCalendar ? u"orvane://list/calendar"_s : u"orvane://list/habit"_s}});
+            QCOMPARE(page().isVisible(), !isCalendar);
+            QCOMPARE(m_client->window()->isCalendarShown(), isCalendar);
+        }
     }
 
     void commandsForTasksRestAndANewTaskGoesToItsList()

@@ -119,6 +119,19 @@ private Q_SLOTS:
                  u"Later, Section with 3 tasks, unfolded"_s);
         QCOMPARE(model.index(2).data(Qt::AccessibleTextRole).toString(),
                  u"Stamp, Checklist item of Send the letter"_s);
+        using enum TaskListRow::Holds;
+        for (const auto &[holds, count, said] : {std::tuple{Events, 3, "3 events"},
+                                                 {Events, 1, "1 event"},
+                                                 {Habits, 1, "1 habit"},
+                                                 {Notes, 2, "2 notes"},
+                                                 {Several, 2, "2 rows"},
+                                                 {Tasks, 1, "1 task"}}) {
+            TaskListRow section = sectionRow(u"Later"_s, 0, count);
+            section.holds = holds;
+            model.setRows({section});
+            QCOMPARE(model.index(0).data(Qt::AccessibleTextRole).toString(),
+                     u"Later, Section with %1, unfolded"_s.arg(QLatin1StringView{said}));
+        }
     }
 };
 

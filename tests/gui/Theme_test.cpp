@@ -102,6 +102,10 @@ private Q_SLOTS:
                 for (const ItemColors &item : {ItemColors::of(each), ItemColors::ofClosed(each)})
                     for (const QColor &text : {item.text, item.note})
                         QVERIFY2(contrast(text, item.fill) >= 4.5, qPrintable(each));
+            for (const QString &each : colors) {
+                const InkedColor disc = InkedColor::of(ItemColors::edgeOf(each));
+                QVERIFY2(contrast(disc.ink, disc.fill) >= 4.5, qPrintable(each));
+            }
         }
         QVERIFY(ItemColors::of(u"#3e8ef7"_s).fill != ItemColors::of(u"#e79a0c"_s).fill);
     }

@@ -62,12 +62,16 @@ private Q_SLOTS:
         QCOMPARE(shown(), u"[Overdue 1] Late [Today 4] Tour Early Match Evening"_s);
         list().select(smart(KWSmartProject::tomorrow()));
         QCOMPARE(shown(), u"[Tomorrow 1] Tour"_s);
+        QCOMPARE(flatRows(list().categories(), {}).at(0).holds, TaskListRow::Holds::Events);
         list().select(smart(KWSmartProject::next7days()));
         QCOMPARE(shown(), u"[Overdue 1] Late [Today 4] Tour Early Match Evening [Friday 1] Final"_s);
 
         list().select(KWListIdentifier::todayProject());
         QVERIFY(list().setSortType(KWTaskSortTypePriority));
         QCOMPARE(shown(), u"[None 3] Late Early Evening [Events 2] Tour Match"_s);
+        const QList<TaskListRow> rows = flatRows(list().categories(), {});
+        QCOMPARE(rows.at(0).holds, TaskListRow::Holds::Tasks);
+        QCOMPARE(rows.at(4).holds, TaskListRow::Holds::Events);
         const KWTaskCategory &events = list().categories().last();
         QVERIFY(events.isCalSubscription() && !events.isTaskKind());
         const TaskDropPlace there{1, {}, {}};

@@ -113,6 +113,21 @@ private Q_SLOTS:
         QCOMPARE(due, cells[2]);
     }
 
+    // What stands in a row of a view may be another one as soon as the save is announced.
+    void tellsOfTheHabitWhateverBecomesOfTheIdGiven()
+    {
+        QString id = make();
+        const QString habit = id;
+        QStringList told;
+        const auto registration = m_store->kit().bus().registerEventBus([&](const StoreChange &change) {
+            id = u"another row"_s;
+            told << change.of(RecordKind::Habit).updated;
+        });
+        QVERIFY(KWHabitUtils{m_store->kit().manager()}.changeDay(
+            id, today, [](KWHabit &changed) { changed.makeCheckInAtDateStamp(today).updateValue(0.5); }));
+        QCOMPARE(told, QStringList{habit});
+    }
+
     // Unsaved, and again in a context that reads them from the store. Tomorrow and another habit are there
     // to be left out.
     void countsStreaks_data() { addCaseRows("model/habit-streaks.txt", 5); }

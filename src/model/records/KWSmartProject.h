@@ -70,6 +70,11 @@ public:
     bool isInbox() const { return this == &inbox(); }
     /// Whether its rows are tasks, unlike the summary and the headers of sections.
     bool isListOfTasks() const;
+    /// Whether it can be shown: the lists of tasks, the calendar and the habits.
+    bool hasPage() const
+    {
+        return isListOfTasks() || this == &calendar() || this == &habit() || this == &focus();
+    }
     /// Whether the sidebar shows it as long as nobody has chosen.
     KWSmartProjectVisibility defaultVisibility() const;
     /// Whether the user wants it in the sidebar.

@@ -60,7 +60,7 @@ Result<UndoToken> KWHabitUtils::finishDay(const QString &habitID, int stamp)
     });
 }
 
-Result<UndoToken> KWHabitUtils::changeDay(const QString &habitID, int stamp,
+Result<UndoToken> KWHabitUtils::changeDay(QString habitID, int stamp,
                                           const std::function<void(KWHabit &)> &change)
 {
     UndoToken token;

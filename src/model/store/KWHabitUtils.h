@@ -36,8 +36,8 @@ public:
     /// sentence.
     ///
     /// The event bus tells the habit as updated, whether its streaks changed or not.
-    Result<UndoToken> changeDay(const QString &habitID, int stamp,
-                                const std::function<void(KWHabit &)> &change);
+    /// The id is taken by value: a save may replace the row that it stands in.
+    Result<UndoToken> changeDay(QString habitID, int stamp, const std::function<void(KWHabit &)> &change);
 
     /// An amount to the millionth, for ten tenths are one.
     static double withoutRoundingErrors(double amount);

@@ -53,7 +53,7 @@ double HabitAmountChart::highest() const
     double value = m_habit.goal;
     for (const HabitDay &each : m_days)
         value = std::max(value, each.value);
-    return value;
+    return value > 0 ? value : 1; // a goal from elsewhere may be 0
 }
 
 // As wide and high as the whole column of the day, for the pointer.

@@ -6,6 +6,7 @@
 #include "views/controls/IconButton.h"
 #include "views/controls/PlainLabel.h"
 #include "views/controls/TabOrder.h"
+#include "views/habits/HabitNoteEdit.h"
 #include "views/habits/HabitPhrases.h"
 #include "views/theme/Metrics.h"
 #include "views/wording/DateWording.h"
@@ -15,7 +16,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QTextEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -56,23 +56,15 @@ HabitCheckInPopup::HabitCheckInPopup(const Content &content, QWidget *parent)
     , m_unAchieved(makePopupButton("habitDayUnAchieved"))
     , m_skip(makePopupButton("habitDaySkip"))
     , m_save(makePopupButton("habitDaySave", KWLocalizedString("Save")))
-    , m_note(new QTextEdit)
+    , m_note(new HabitNoteEdit)
 {
     setObjectName(u"habitCheckIn"_s);
     const QString day = DateWording::fullDay(content.day.day, locale());
     setAccessibleName(KWLocalizedString("%1, %2").arg(content.habit.name, day));
     m_problem->setObjectName(u"habitDayProblem"_s);
     m_problem->hide();
-    m_note->setObjectName(u"habitDayNote"_s);
-    m_note->setAccessibleName(KWLocalizedString("Note"));
-    m_note->setPlaceholderText(KWLocalizedString("Note"));
-    m_note->setAcceptRichText(false);
-    m_note->setTabChangesFocus(true);
-    m_note->setFrameShape(QFrame::NoFrame);
-    m_note->viewport()->setBackgroundRole(QPalette::AlternateBase);
     m_note->setPlainText(content.note);
     m_note->setFixedHeight(Metrics::scaled(noteHeight));
-    m_note->installEventFilter(this);
 
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
@@ -84,6 +76,8 @@ HabitCheckInPopup::HabitCheckInPopup(const Content &content, QWidget *parent)
     column->addLayout(makeMarks());
     column->addWidget(m_note);
     column->addWidget(m_save, 0, Qt::AlignRight);
+    connect(m_note, &HabitNoteEdit::taken, this, [this] { take(HabitDayEdit::Mark::None); });
+    connect(m_note, &HabitNoteEdit::givenUp, this, &HabitCheckInPopup::discard);
     connect(m_save, &QPushButton::clicked, this, [this] { take(HabitDayEdit::Mark::None); });
     m_amount->setText(HabitWording::amount(content.day.value, locale()));
     setTabOrderOf(controlsInOrder(*this));
@@ -220,41 +214,39 @@ void HabitCheckInPopup::step(double steps)
     m_problem->hide();
 }
 
-std::optional<HabitDayEdit> HabitCheckInPopup::typed()
+std::optional<QString> HabitCheckInPopup::typedNote() const
 {
-    HabitDayEdit edit;
-    if (m_note->toPlainText() != m_content.note) edit.note = m_note->toPlainText();
-    const bool isAmountTyped =
+    return m_note->toPlainText() == m_content.note ? std::nullopt : std::optional{m_note->toPlainText()};
+}
+
+Result<std::optional<double>> HabitCheckInPopup::typedAmount() const
+{
+    const bool isTyped =
         m_content.habit.isRealType && m_amount->text() != HabitWording::amount(m_content.day.value, locale());
-    if (!isAmountTyped) return edit;
+    if (!isTyped) return std::optional<double>{};
     const Result<double> amount = HabitWording::toAmount(m_amount->text(), locale());
-    if (!amount) {
-        showProblem(amount.error().sentence);
-        return std::nullopt;
-    }
-    edit.amount = *amount;
-    return edit;
+    if (!amount) return amount.error();
+    return std::optional{*amount};
 }
 
 // A mark says more than an amount that stands in the field, whatever that is.
 void HabitCheckInPopup::take(HabitDayEdit::Mark mark)
 {
-    std::optional<HabitDayEdit> edit = HabitDayEdit{};
-    if (mark == HabitDayEdit::Mark::None)
-        edit = typed();
-    else if (m_note->toPlainText() != m_content.note)
-        edit->note = m_note->toPlainText();
-    if (!edit) {
-        m_amount->setFocus(Qt::OtherFocusReason);
-        return m_amount->selectAll();
+    HabitDayEdit edit{.mark = mark, .note = typedNote()};
+    if (mark == HabitDayEdit::Mark::None) {
+        const auto amount = typedAmount();
+        if (!amount) {
+            showProblem(amount.error().sentence);
+            m_amount->setFocus(Qt::OtherFocusReason);
+            return m_amount->selectAll();
+        }
+        edit.amount = *amount;
+    } else if (mark == HabitDayEdit::Mark::Done && m_content.habit.isRealType) {
+        edit.mark = HabitDayEdit::Mark::None;
+        edit.amount = std::max(m_content.day.goal, m_content.day.value);
     }
-    edit->mark = mark;
-    if (mark == HabitDayEdit::Mark::Done && m_content.habit.isRealType) {
-        edit->mark = HabitDayEdit::Mark::None;
-        edit->amount = std::max(m_content.day.goal, m_content.day.value);
-    }
-    if (edit->isEmpty()) return discard();
-    Q_EMIT edited(*edit);
+    if (edit.isEmpty()) return discard();
+    Q_EMIT edited(edit);
 }
 
 void HabitCheckInPopup::keyPressEvent(QKeyEvent *event)
@@ -269,11 +261,6 @@ bool HabitCheckInPopup::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress) return PopupFrame::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
-    const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    if (watched == m_note && isEnter && !(key->modifiers() & Qt::ShiftModifier)) {
-        take(HabitDayEdit::Mark::None);
-        return true;
-    }
     if (key->key() == Qt::Key_Escape) {
         discard();
         return true;
@@ -290,6 +277,8 @@ void HabitCheckInPopup::hideEvent(QHideEvent *event)
 {
     PopupFrame::hideEvent(event);
     if (event->spontaneous() || std::exchange(m_isDiscarded, true)) return;
-    const std::optional<HabitDayEdit> edit = typed();
-    if (edit && !edit->isEmpty()) Q_EMIT edited(*edit);
+    const auto amount = typedAmount();
+    const HabitDayEdit edit{.amount = amount ? *amount : std::nullopt, .note = typedNote()};
+    if (!edit.isEmpty()) Q_EMIT edited(edit);
+    if (!amount) Q_EMIT refused(amount.error().sentence);
 }

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "corvexkit/Result.h"
 #include "model/records/HabitDay.h"
 #include "model/records/KWHabitModel.h"
 #include "views/controls/PopupFrame.h"
 #include "views/habits/HabitDayEdit.h"
 
-class QBoxLayout;
+class HabitNoteEdit;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTextEdit;
 
 /// A small frame beside a day of a habit, in which the day is checked in: done, an amount, not achieved or
 /// skipped, with a note. Enter takes what is typed, and so does a click beside it; Escape leaves the day as
@@ -40,6 +40,8 @@ public:
 Q_SIGNALS:
     /// Close it when it is stored.
     void edited(const HabitDayEdit &edit);
+    /// It went with an amount that cannot be taken; what else was typed is.
+    void refused(const QString &sentence);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -53,8 +55,9 @@ private:
     void showDay();
     void step(double steps);
     void take(HabitDayEdit::Mark mark);
-    /// Nothing of an amount that cannot be read, and the sentence is shown.
-    std::optional<HabitDayEdit> typed();
+    std::optional<QString> typedNote() const;
+    /// None when it is as it was.
+    Result<std::optional<double>> typedAmount() const;
 
     Content m_content;
     bool m_isDiscarded = false;
@@ -66,5 +69,5 @@ private:
     QPushButton *m_unAchieved;
     QPushButton *m_skip;
     QPushButton *m_save;
-    QTextEdit *m_note;
+    HabitNoteEdit *m_note;
 };

@@ -38,7 +38,7 @@ std::optional<HabitCheckInPopup::Content> HabitCheckIns::contentOf(const QString
                                       .note = note ? (*note)->content : QString{}};
 }
 
-void HabitCheckIns::check(const QString &habitID, Day day, bool takesBack)
+void HabitCheckIns::check(QString habitID, Day day, bool takesBack)
 {
     const auto content = contentOf(habitID, day);
     if (!content) return;
@@ -48,15 +48,28 @@ void HabitCheckIns::check(const QString &habitID, Day day, bool takesBack)
     report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID, day);
 }
 
-void HabitCheckIns::clickDay(const QString &habitID, Day day, const QRect &place)
+void HabitCheckIns::clickDay(QString habitID, Day day, const QRect &place)
 {
     const auto done = m_days.clickDay(habitID, DayStamp::fromDay(day), place);
     report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID, day);
 }
 
-void HabitCheckIns::apply(const QString &habitID, Day day, const HabitDayEdit &edit)
+void HabitCheckIns::apply(QString habitID, Day day, const HabitDayEdit &edit)
 {
     report(store(habitID, day, edit), habitID, day);
+}
+
+bool HabitCheckIns::setNote(QString habitID, Day day, const QString &note)
+{
+    const auto done = store(habitID, day, {.note = note});
+    const KWHabit *habit = find(habitID);
+    if (!done || !habit)
+        report(done, habitID, day);
+    else
+        tell(*done, (note.isEmpty() ? KWLocalizedString("Note on %1 removed")
+                                    : KWLocalizedString("Note on %1 changed"))
+                        .arg(HabitPhrases::quoted((*habit)->name)));
+    return bool(done);
 }
 
 void HabitCheckIns::openPopup(const QString &habitID, Day day, const QRect &anchor)
@@ -66,6 +79,7 @@ void HabitCheckIns::openPopup(const QString &habitID, Day day, const QRect &anch
     if (m_popup) m_popup->close();
     m_popup = new HabitCheckInPopup{*content, &m_window};
     connect(m_popup, &HabitCheckInPopup::edited, this, &HabitCheckIns::take);
+    connect(m_popup, &HabitCheckInPopup::refused, this, &HabitCheckIns::failed);
     m_popup->popUp(anchor);
 }
 
@@ -139,11 +153,15 @@ Result<QList<UndoToken>> HabitCheckIns::store(const QString &habitID, Day day, c
 void HabitCheckIns::report(const Result<QList<UndoToken>> &done, const QString &habitID, Day day)
 {
     if (!done) return Q_EMIT failed(done.error().sentence);
-    const auto content = contentOf(habitID, day);
-    if (!content || !HabitUndo::hasAny(*done)) return;
-    Q_EMIT changed(
-        KWLocalizedString("%1: %2").arg(HabitPhrases::quoted(content->habit.name),
-                                        HabitPhrases::state(content->day, content->habit, QLocale{})),
-        HabitUndo::undoing(*done, m_kit.manager(),
-                           [this](const QString &sentence) { Q_EMIT failed(sentence); }));
+    if (const auto content = contentOf(habitID, day))
+        tell(*done,
+             KWLocalizedString("%1: %2").arg(HabitPhrases::quoted(content->habit.name),
+                                             HabitPhrases::state(content->day, content->habit, QLocale{})));
+}
+
+void HabitCheckIns::tell(const QList<UndoToken> &done, const QString &message)
+{
+    if (!HabitUndo::hasAny(done)) return;
+    Q_EMIT changed(message, HabitUndo::undoing(done, m_kit.manager(),
+                                               [this](const QString &sentence) { Q_EMIT failed(sentence); }));
 }

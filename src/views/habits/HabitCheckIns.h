@@ -18,10 +18,13 @@ public:
     /// All outlive it. The pop-up belongs to `window`.
     HabitCheckIns(OrvaneKit &kit, KWHabitCheckHelper &checks, QWidget &window);
 
+    // Ids by value: a save may replace the rows that they stand in.
     /// A check more, or one taken back; a day that is done and has no amount is not done any more either way.
-    void check(const QString &habitID, Day day, bool takesBack);
-    void clickDay(const QString &habitID, Day day, const QRect &place);
-    void apply(const QString &habitID, Day day, const HabitDayEdit &edit);
+    void check(QString habitID, Day day, bool takesBack);
+    void clickDay(QString habitID, Day day, const QRect &place);
+    void apply(QString habitID, Day day, const HabitDayEdit &edit);
+    /// Whether it was stored.
+    bool setNote(QString habitID, Day day, const QString &note);
 
 Q_SIGNALS:
     void changed(const QString &message, const std::function<void()> &undo);
@@ -34,7 +37,9 @@ private:
     void refreshPopup();
     Result<QList<UndoToken>> store(const QString &habitID, Day day, const HabitDayEdit &edit);
     Result<UndoToken> mark(const QString &habitID, int stamp, HabitDayEdit::Mark mark);
+    /// As what the day is now.
     void report(const Result<QList<UndoToken>> &done, const QString &habitID, Day day);
+    void tell(const QList<UndoToken> &done, const QString &message);
     const KWHabit *find(const QString &habitID) const;
     std::optional<HabitCheckInPopup::Content> contentOf(const QString &habitID, Day day) const;
 

@@ -1,6 +1,7 @@
 #include "views/habits/HabitDayMark.h"
 
 #include "model/records/HabitDay.h"
+#include "views/theme/ItemColors.h"
 #include "views/theme/Theme.h"
 
 #include <QPainter>
@@ -78,6 +79,16 @@ void paintSkipped(QPainter &painter, const QRectF &circle)
     paintDash(painter, circle);
 }
 
+void paintDone(QPainter &painter, const QRectF &circle, const InkedColor &colors)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors.fill);
+    painter.drawEllipse(circle);
+    painter.setPen(pen(colors.ink, circle));
+    painter.setBrush(Qt::NoBrush);
+    paintTick(painter, circle);
+}
+
 void paintOpen(QPainter &painter, const QRectF &circle, const HabitDay &day, const QColor &color)
 {
     if (day.value > 0) return HabitDayMark::paintProgress(painter, circle, day.progress(), color);
@@ -94,12 +105,7 @@ void HabitDayMark::paint(QPainter &painter, const QRectF &circle, const HabitDay
     painter.setRenderHint(QPainter::Antialiasing);
     switch (day.state) {
     case HabitDayState::Done:
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(color);
-        painter.drawEllipse(circle);
-        painter.setPen(pen(theme.onAccent, circle));
-        painter.setBrush(Qt::NoBrush);
-        paintTick(painter, circle);
+        paintDone(painter, circle, InkedColor::of(color));
         break;
     case HabitDayState::UnAchieved:
         paintRing(painter, circle, pen(theme.control, circle));

@@ -10,13 +10,14 @@
 #include "views/habits/HabitAmountChart.h"
 #include "views/habits/HabitFigureView.h"
 #include "views/habits/HabitMonthGrid.h"
+#include "views/habits/HabitNoteList.h"
 #include "views/habits/HabitPhrases.h"
 #include "views/habits/HabitTodayCard.h"
 #include "views/habits/HabitYearMap.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Theme.h"
-#include "views/wording/DateWording.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
@@ -51,7 +52,7 @@ HabitDetailView::HabitDetailView(QWidget *parent)
     , m_chartName(makeHeading())
     , m_chart(new HabitAmountChart)
     , m_notesName(makeHeading())
-    , m_notes(new QVBoxLayout)
+    , m_notes(new HabitNoteList)
 {
     setObjectName(u"habitDetail"_s);
     setAccessibleName(KWLocalizedString("Habit"));
@@ -68,11 +69,7 @@ HabitDetailView::HabitDetailView(QWidget *parent)
     column->addWidget(m_today);
     m_focus->setObjectName(u"habitFocus"_s);
     column->addWidget(m_focus);
-    for (QWidget *each : QWidgetList{m_chartName, m_chart, m_notesName})
-        column->addWidget(each);
-    m_notes->setSpacing(Metrics::grid * 2);
-    column->addLayout(m_notes);
-    for (QWidget *each : QWidgetList{m_yearName, m_year})
+    for (QWidget *each : QWidgetList{m_chartName, m_chart, m_notesName, m_notes, m_yearName, m_year})
         column->addWidget(each);
     column->addStretch(1);
     m_page->setFrameShape(QFrame::NoFrame);
@@ -85,7 +82,6 @@ HabitDetailView::HabitDetailView(QWidget *parent)
     auto *layout = new QVBoxLayout{this};
     layout->setContentsMargins({});
     layout->addWidget(m_page);
-    setTabOrderOf(controlsInOrder(*parts));
     connectParts();
     setFocusProxy(m_month);
     m_page->hide();
@@ -166,15 +162,13 @@ void HabitDetailView::setContent(const std::optional<HabitDetailContent> &conten
     m_page->setVisible(content.has_value());
     update();
     if (!content) return;
-    const HabitDay *today = content->at(content->today);
     m_name->setText(content->habit.name);
     m_archived->setVisible(content->habit.isArchived);
     showFigures(*content);
     m_monthName->setText(locale().toString(dateOf(content->month), u"MMMM yyyy"_s));
     m_month->setMonth(*content, firstWeekday);
-    // In another year than this one the day is not read.
-    m_today->setVisible(today && !content->habit.isArchived);
-    if (today) m_today->setDay(content->habit, *today);
+    m_today->setVisible(!content->habit.isArchived);
+    m_today->setDay(content->habit, content->ofToday);
     m_yearName->setText(locale().toString(dateOf(content->month), u"yyyy"_s));
     m_year->setYear(*content, firstWeekday);
     m_chartName->setText(KWLocalizedString("Each day"));
@@ -204,22 +198,14 @@ void HabitDetailView::showFigures(const HabitDetailContent &content)
 
 void HabitDetailView::showNotes(const HabitDetailContent &content)
 {
-    while (QLayoutItem *item = m_notes->takeAt(0)) {
-        delete item->widget();
-        delete item;
-    }
+    const bool hadKeyboard = m_notes->isAncestorOf(QApplication::focusWidget());
+    m_notes->setNotes(content);
     m_notesName->setText(KWLocalizedString("Notes"));
-    m_notesName->setVisible(!content.notes.isEmpty());
-    for (const HabitNote &each : content.notes) {
-        auto *note = new QWidget;
-        auto *lines = new QVBoxLayout{note};
-        lines->setContentsMargins({});
-        lines->setSpacing(0);
-        lines->addWidget(makePlainLabel(DateWording::weekdayAndDay(each.day, content.today, locale()),
-                                        Fonts::Role::Caption, QPalette::PlaceholderText));
-        lines->addWidget(makePlainLabel(each.text, Fonts::Role::Body));
-        m_notes->addWidget(note);
-    }
+    for (QWidget *each : QWidgetList{m_notesName, m_notes})
+        each->setVisible(!content.notes.isEmpty());
+    if (hadKeyboard && !m_notes->isAncestorOf(QApplication::focusWidget()))
+        m_month->setFocus(Qt::OtherFocusReason);
+    setTabOrderOf(controlsInOrder(*m_page->widget()));
 }
 
 // Without a habit, a hint where the detail will be.

@@ -10,13 +10,13 @@
 class HabitAmountChart;
 class HabitFigureView;
 class HabitMonthGrid;
+class HabitNoteList;
 class HabitTodayCard;
 class HabitYearMap;
 class IconButton;
 class PillButton;
 class QLabel;
 class QScrollArea;
-class QVBoxLayout;
 
 /// The right column for a habit: figures, the days of a month, what is done today, the year, and the notes of
 /// the month. Without a habit it is empty.
@@ -31,6 +31,7 @@ public:
     void setFocusOfHabit(const FocusOfHabit &focus);
     /// Shows a button that closes the pane, which lies over another then.
     void setHasClose(bool hasClose);
+    HabitNoteList &notes() { return *m_notes; }
 
 Q_SIGNALS:
     void closeRequested();
@@ -71,5 +72,5 @@ private:
     QLabel *m_chartName;
     HabitAmountChart *m_chart;
     QLabel *m_notesName;
-    QVBoxLayout *m_notes;
+    HabitNoteList *m_notes;
 };

@@ -261,8 +261,8 @@ void HabitEditorDialog::applyTo(KWHabitModel &habit) const
         habit.goal = HabitWording::toAmount(m_goal->text(), locale()).valueOr(habit.goal);
         habit.step = HabitWording::toAmount(m_step->text(), locale()).valueOr(habit.step);
         habit.unit = onOneLine(m_unit->text());
-    } else if (m_habit.isRealType) {
-        habit.goal = habit.step = 1;
+    } else if (m_habit.isRealType || habit.goal <= 0 || habit.step <= 0) {
+        habit.goal = habit.step = 1; // not seen here, and from elsewhere it may be anything
     }
     habit.repeatRule = m_frequency->repeatRule();
     habit.reminders = m_reminders->reminders();

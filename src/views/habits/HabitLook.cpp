@@ -4,7 +4,6 @@
 #include "views/theme/ItemColors.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
-#include "views/theme/Theme.h"
 
 #include <algorithm>
 
@@ -15,11 +14,7 @@ Icon HabitLook::icon(const QString &iconRes)
     return found == pictures.end() ? Icon::HabitStar : found->icon;
 }
 
-QColor HabitLook::color(const QString &stored)
-{
-    const QColor named{stored};
-    return named.isValid() ? named : Theme::current().accent;
-}
+QColor HabitLook::color(const QString &stored) { return ItemColors::edgeOf(stored); }
 
 void HabitLook::paintTile(QPainter &painter, const QRect &bounds, const KWHabitModel &habit)
 {

@@ -6,6 +6,7 @@
 #include "views/habits/HabitDayMark.h"
 #include "views/habits/HabitLook.h"
 #include "views/theme/Fonts.h"
+#include "views/theme/ItemColors.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
@@ -36,12 +37,14 @@ public:
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         const QRect circle = circleIn(option.rect);
-        paintMark(*painter, circle, *day, model);
+        const InkedColor colors = InkedColor::of(HabitLook::color(model.habit().color));
+        paintMark(*painter, circle, *day, model, colors);
         painter->setFont(
             Fonts::font(day->day == model.today() ? Fonts::Role::BodyStrong : Fonts::Role::Body));
-        painter->setPen(textColor(*day, model.today()));
+        const bool isDone = day->state == HabitDayState::Done;
+        painter->setPen(isDone ? colors.ink : textColor(*day, model.today()));
         painter->drawText(circle, Qt::AlignCenter, index.data().toString());
-        if (day->hasNote) paintNoteDot(*painter, circle, *day);
+        if (day->hasNote) paintNoteDot(*painter, circle, isDone ? colors.ink : Theme::current().accentText);
         const bool isFocused =
             (option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange);
         if (isFocused) Painting::focusRing(*painter, circle.adjusted(-3, -3, 3, 3), circle.width() / 2.0 + 3);
@@ -58,12 +61,12 @@ public:
 
 private:
     static void paintMark(QPainter &painter, const QRect &circle, const HabitDay &day,
-                          const HabitMonthModel &model)
+                          const HabitMonthModel &model, const InkedColor &colors)
     {
         const QColor color = HabitLook::color(model.habit().color);
         if (day.state == HabitDayState::Done) {
             painter.setPen(Qt::NoPen);
-            painter.setBrush(color);
+            painter.setBrush(colors.fill);
             painter.drawEllipse(circle);
         } else if (day.state == HabitDayState::Skipped) {
             painter.setPen(Qt::NoPen);
@@ -79,17 +82,15 @@ private:
     static QColor textColor(const HabitDay &day, Day today)
     {
         const Theme &theme = Theme::current();
-        if (day.state == HabitDayState::Done) return theme.onAccent;
         if (day.isToCome) return theme.faintText;
         if (day.isMissed(today)) return theme.overdueText;
         return day.isDue ? theme.text : theme.faintText;
     }
 
-    static void paintNoteDot(QPainter &painter, const QRect &circle, const HabitDay &day)
+    static void paintNoteDot(QPainter &painter, const QRect &circle, const QColor &color)
     {
-        const Theme &theme = Theme::current();
         painter.setPen(Qt::NoPen);
-        painter.setBrush(day.state == HabitDayState::Done ? theme.onAccent : theme.accentText);
+        painter.setBrush(color);
         painter.drawEllipse(QPointF{circle.center().x() + 0.5, circle.bottom() - 4.0}, 1.5, 1.5);
     }
 };

@@ -7,6 +7,7 @@
 #include "views/habits/HabitListView.h"
 #include "views/theme/Metrics.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -133,4 +134,13 @@ void HabitPane::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
     Q_EMIT shownChanged();
+}
+
+void HabitPane::keyPressEvent(QKeyEvent *event)
+{
+    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
+    if (event->key() == Qt::Key_Insert && isPlain && m_shows == HabitListModel::Shows::Active)
+        Q_EMIT creationRequested();
+    else
+        QWidget::keyPressEvent(event);
 }

@@ -12,7 +12,7 @@ class QStackedWidget;
 class TextButton;
 
 /// The middle column with the habits: the head of the page, the list, and in place of an empty one what to do
-/// next. The focus that it is given goes to the list.
+/// next. The focus that it is given goes to the list. Insert makes a habit, also where there is none.
 class HabitPane : public QWidget {
     Q_OBJECT
 
@@ -38,6 +38,7 @@ Q_SIGNALS:
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     QLayout *makeHeader();

@@ -3,6 +3,7 @@
 #include "views/focus/FocusPresenter.h"
 #include "views/habits/HabitDetailView.h"
 #include "views/habits/HabitListView.h"
+#include "views/habits/HabitNoteList.h"
 #include "views/habits/HabitPane.h"
 #include "views/main/MainWindow.h"
 
@@ -39,6 +40,9 @@ void HabitColumn::connectDetail()
             [this, current](Day day, bool takesBack) { m_checkIns.check(current(), day, takesBack); });
     connect(&detail, &HabitDetailView::restoreRequested, this,
             [this, current] { m_controller.setArchived(current(), false); });
+    m_window.habitDetail().notes().setStore([this](const QString &habitID, Day day, const QString &note) {
+        return m_checkIns.setNote(habitID, day, note);
+    });
     connect(&detail, &HabitDetailView::closeRequested, &m_window, &MainWindow::closeDetailSheet);
 }
 

@@ -18,6 +18,32 @@ QString statusName(KWTaskStatus status)
     return KWLocalizedString(status == KWTaskStatusAbandoned ? "Abandoned" : "Completed");
 }
 
+// Of a section.
+QString spokenCount(const TaskListRow &row)
+{
+    struct Texts {
+        const char *one;
+        const char *several;
+    };
+    const auto texts = [&row]() -> Texts {
+        switch (row.holds) {
+        case TaskListRow::Holds::Notes:
+            return {"Section with 1 note", "Section with %1 notes"};
+        case TaskListRow::Holds::Events:
+            return {"Section with 1 event", "Section with %1 events"};
+        case TaskListRow::Holds::Habits:
+            return {"Section with 1 habit", "Section with %1 habits"};
+        case TaskListRow::Holds::Several:
+            return {"Section with 1 row", "Section with %1 rows"};
+        case TaskListRow::Holds::Tasks:
+            break;
+        }
+        return {"Section with 1 task", "Section with %1 tasks"};
+    }();
+    if (row.count == 1) return KWLocalizedString(texts.one);
+    return KWLocalizedString(texts.several).arg(row.count);
+}
+
 } // namespace
 
 TaskListModel::TaskListModel(CXClock &clock, QObject *parent) : QAbstractListModel(parent), m_clock(clock) {}
@@ -195,7 +221,7 @@ QString TaskListModel::spokenText(const TaskListRow &row) const
     case TaskListRow::Kind::LoadMore:
         return row.title.isEmpty() ? KWLocalizedString("Show more completed tasks") : row.title;
     case TaskListRow::Kind::Section:
-        parts = {row.title, KWLocalizedString("Section with %1 tasks").arg(row.count)};
+        parts = {row.title, spokenCount(row)};
         break;
     case TaskListRow::Kind::Task:
         parts = {row.task.isEvent()   ? spokenEvent(row)

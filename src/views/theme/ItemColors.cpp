@@ -36,6 +36,16 @@ QColor blended(const QColor &color, const QColor &into, double share)
             part(color.blue(), into.blue())};
 }
 
+// Where the theme's ink on the accent cannot be seen at all, the other one is taken.
+QColor inkOn(const QColor &fill)
+{
+    constexpr double faint = 3;
+    const QColor &usual = Theme::current().onAccent;
+    if (contrast(usual, fill) >= faint) return usual;
+    const bool isDark = Theme::current().scheme == ColorScheme::Dark;
+    return isDark ? Theme::light().onAccent : Theme::dark().onAccent;
+}
+
 ItemColors itemColors(const QString &color, double share)
 {
     const Theme &theme = Theme::current();
@@ -50,6 +60,15 @@ ItemColors itemColors(const QString &color, double share)
 }
 
 } // namespace
+
+InkedColor InkedColor::of(const QColor &color)
+{
+    InkedColor colors{.fill = color, .ink = inkOn(color)};
+    const QColor away = luminance(colors.ink) > 0.5 ? Qt::black : Qt::white;
+    for (double share = 0.98; contrast(colors.ink, colors.fill) < leastContrast; share -= 0.02)
+        colors.fill = blended(color, away, share);
+    return colors;
+}
 
 QColor ItemColors::edgeOf(const QString &color)
 {
