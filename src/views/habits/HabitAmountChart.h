@@ -1,11 +1,10 @@
 #pragma once
 
 #include "habits/HabitDetailContent.h"
+#include "views/habits/HabitDayPlot.h"
 
-#include <QWidget>
-
-/// The amounts of a month, a bar a day, with a line at the goal. Tool tips name the days.
-class HabitAmountChart : public QWidget {
+/// The amounts of a month, a bar a day, with a line at the goal.
+class HabitAmountChart : public HabitDayPlot {
     Q_OBJECT
 
 public:
@@ -16,13 +15,10 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    bool event(QEvent *event) override;
+    /// As wide and high as the whole column of the day.
+    QRectF placeOf(qsizetype day) const override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     double highest() const;
-    QRectF barOf(qsizetype day) const;
-
-    KWHabitModel m_habit;
-    QList<HabitDay> m_days;
 };

@@ -2,16 +2,11 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/habits/HabitLook.h"
-#include "views/habits/HabitPhrases.h"
-#include "views/theme/Fonts.h"
-#include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -24,27 +19,17 @@ constexpr double squareShare = 0.8;
 
 } // namespace
 
-HabitYearMap::HabitYearMap(QWidget *parent) : QWidget(parent)
-{
-    setObjectName(u"habitYear"_s);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-}
+HabitYearMap::HabitYearMap(QWidget *parent) : HabitDayPlot(parent) { setObjectName(u"habitYear"_s); }
 
 void HabitYearMap::setYear(const HabitDetailContent &content, std::chrono::weekday firstWeekday)
 {
-    m_content = content;
+    setDays(content.habit, content.year);
     if (!content.year.isEmpty())
         m_before = int((std::chrono::weekday{content.year.first().day} - firstWeekday).count());
     setAccessibleName(KWLocalizedString("Days of the year"));
     setAccessibleDescription(
         KWLocalizedString("%1 done, %2 due")
             .arg(locale().toString(content.ofYear.done), locale().toString(content.ofYear.due)));
-    update();
-}
-
-int HabitYearMap::monthsHeight() const
-{
-    return QFontMetrics{Fonts::font(Fonts::Role::Caption)}.height() + 2;
 }
 
 double HabitYearMap::pitch() const { return double(width()) / weeksOfYear; }
@@ -55,7 +40,7 @@ QSize HabitYearMap::sizeHint() const
     return {weeksOfYear * usualPitch, monthsHeight() + 7 * usualPitch + 2};
 }
 
-QRectF HabitYearMap::boundsOf(qsizetype day) const
+QRectF HabitYearMap::squareOf(qsizetype day) const
 {
     const qsizetype cell = day + m_before;
     const double step = std::min(pitch(), (height() - monthsHeight()) / 7.0);
@@ -68,7 +53,7 @@ QRectF HabitYearMap::boundsOf(qsizetype day) const
 QColor HabitYearMap::colorOf(const HabitDay &day) const
 {
     const Theme &theme = Theme::current();
-    QColor color = HabitLook::color(m_content.habit.color);
+    QColor color = HabitLook::color(habit().color);
     if (day.state == HabitDayState::Done) return color;
     if (day.state == HabitDayState::Skipped) return theme.control;
     if (day.value > 0) {
@@ -84,32 +69,17 @@ void HabitYearMap::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
     const int months = monthsHeight();
-    for (qsizetype i = 0; i < m_content.year.size(); ++i) {
-        const HabitDay &each = m_content.year.at(i);
-        const QRectF square = boundsOf(i);
+    for (qsizetype i = 0; i < days().size(); ++i) {
+        const HabitDay &each = days().at(i);
+        const QRectF square = squareOf(i);
         Painting::roundedBox(painter, square, 1, colorOf(each));
         const std::chrono::year_month_day date{each.day};
         if (unsigned(date.day()) != 1) continue;
-        painter.setPen(Theme::current().faintText);
         const QRect name{int(square.left()), 0, int(4.5 * pitch()), months};
-        Fonts::drawLine(painter, Fonts::Role::Caption,
-                        isRightToLeft() ? name.translated(int(square.width()) - name.width(), 0) : name,
-                        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft),
-                        locale().standaloneMonthName(int(unsigned(date.month())), QLocale::NarrowFormat));
+        paintCaption(painter, isRightToLeft() ? name.translated(int(square.width()) - name.width(), 0) : name,
+                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft),
+                     locale().standaloneMonthName(int(unsigned(date.month())), QLocale::NarrowFormat));
     }
 }
 
-bool HabitYearMap::event(QEvent *event)
-{
-    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-    const auto *help = static_cast<QHelpEvent *>(event);
-    for (qsizetype i = 0; i < m_content.year.size(); ++i)
-        if (boundsOf(i).adjusted(-1, -1, 1, 1).contains(help->pos())) {
-            QToolTip::showText(help->globalPos(),
-                               HabitPhrases::spokenDay(m_content.year.at(i), m_content.habit, locale()),
-                               this);
-            return true;
-        }
-    QToolTip::hideText();
-    return true;
-}
+QRectF HabitYearMap::placeOf(qsizetype day) const { return squareOf(day).adjusted(-1, -1, 1, 1); }

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "habits/HabitDetailContent.h"
-
-#include <QWidget>
+#include "views/habits/HabitDayPlot.h"
 
 /// A year of a habit at a glance: a small square a day, weeks beside each other, the fuller the more of the
-/// goal was reached. Tool tips name the days.
-class HabitYearMap : public QWidget {
+/// goal was reached.
+class HabitYearMap : public HabitDayPlot {
     Q_OBJECT
 
 public:
@@ -17,15 +16,14 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    bool event(QEvent *event) override;
+    QRectF placeOf(qsizetype day) const override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QRectF boundsOf(qsizetype day) const;
+    QRectF squareOf(qsizetype day) const;
     double pitch() const;
-    int monthsHeight() const;
+    static int monthsHeight() { return captionHeight() + 2; }
     QColor colorOf(const HabitDay &day) const;
 
-    HabitDetailContent m_content;
     int m_before = 0; // days of the first week before the year
 };
