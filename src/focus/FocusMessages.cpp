@@ -4,7 +4,6 @@
 #include "model/text/DisplayTitle.h"
 
 using namespace Qt::StringLiterals;
-using namespace FocusMessages;
 
 namespace {
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr minutes usualRecord{25};
 
-const CXTimeZone &zoneOf(OrvaneKit &kit) { return kit.context().clock().zone(); }
+CXTimeZone zoneOf(OrvaneKit &kit) { return kit.context().clock().zone(); }
 
 } // namespace
 

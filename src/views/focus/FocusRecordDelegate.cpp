@@ -30,8 +30,7 @@ void FocusRecordDelegate::paint(QPainter *painter, const QStyleOptionViewItem &o
     Painting::dot(*painter, QRectF{visual({row.left(), row.top(), dot, row.height()})}.center(),
                   index.data(ColorRole).toString());
     const QString note = index.data(NoteRole).toString();
-    const int noteWidth =
-        std::min(Fonts::width(Fonts::Role::Secondary, note), int(row.width() * mostOfNote));
+    const int noteWidth = std::min(Fonts::width(Fonts::Role::Secondary, note), int(row.width() * mostOfNote));
     painter->setPen(theme.faintText);
     Fonts::drawLine(*painter, Fonts::Role::Secondary,
                     visual({row.right() - noteWidth, row.top(), noteWidth, row.height()}),

@@ -123,10 +123,9 @@ void FocusSideView::showToday(const FocusPageContent &content)
 {
     const FocusDay &today = content.today();
     const QString number = locale().toString(today.pomos);
-    const QString pomos =
-        content.pomoGoal == 0
-            ? KWLocalizedString("Pomos")
-            : KWLocalizedString("Pomos, goal %1").arg(locale().toString(content.pomoGoal));
+    const QString pomos = content.pomoGoal == 0
+                              ? KWLocalizedString("Pomos")
+                              : KWLocalizedString("Pomos, goal %1").arg(locale().toString(content.pomoGoal));
     m_pomos->setFigure(number, pomos, number + u' ' + pomos);
     const QString focused =
         content.focusGoal.count() == 0
