@@ -30,6 +30,7 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
               {.alerts = m_alerts,
                .popover = m_statusItem,
                .notifications = m_notificationShares.makeShare(),
+               .sound = services.focusSound,
                .window = [this]() -> QWidget * { return m_mainWindow.window(); },
                .openWindow = [this](const QString &token) { m_application.session().showWindow(token); },
                .tellFailure = [this](const QString &sentence) { m_mainWindow.showFailure(sentence); }})

@@ -37,6 +37,7 @@ struct DesktopServices {
     DockPort &dock = absent<DockPort>();
     StatusAreaPort &statusArea = absent<StatusAreaPort>();
     FeedDownloadPort &feeds = absent<FeedDownloadPort>();
+    FocusSoundPort &focusSound = absent<FocusSoundPort>();
     /// The zone of the system is in force, and dates follow it; not one that was given for this run.
     bool followsSystemZone = true;
 };

@@ -9,9 +9,9 @@ const QString click = u"default"_s;
 
 } // namespace
 
-FocusNotifications::FocusNotifications(UserNotificationCenterPort &center,
+FocusNotifications::FocusNotifications(UserNotificationCenterPort &center, FocusSoundPort &sound,
                                        std::function<void(const QString &)> openWindow)
-    : m_center(center)
+    : m_center(center), m_sound(sound)
 {
     m_center.onResponse = [this, openWindow = std::move(openWindow)](const auto &response) {
         m_isShown = false;
@@ -30,7 +30,13 @@ void FocusNotifications::show(const FocusMessage &message)
         actions.append({.key = each.key, .label = each.label});
     m_isShown = true;
     m_center.show(
-        {.identifier = identifier, .title = message.title, .body = message.subtitle, .actions = actions});
+        {.identifier = identifier,
+         .title = message.title,
+         .body = message.subtitle,
+         .actions = actions,
+         // Heard once, not from the desktop as well.
+         .sound = m_sound.isPresent() ? UserNotification::Sound::None : UserNotification::Sound::AsUsual});
+    m_sound.play();
 }
 
 void FocusNotifications::remove()

@@ -7,12 +7,14 @@
 class FocusNotifications : public FocusMessagePort {
 public:
     /// `openWindow` brings the program to the front; it may have an activation token.
-    FocusNotifications(UserNotificationCenterPort &center, std::function<void(const QString &)> openWindow);
+    FocusNotifications(UserNotificationCenterPort &center, FocusSoundPort &sound,
+                       std::function<void(const QString &)> openWindow);
 
     void show(const FocusMessage &message) override;
     void remove() override;
 
 private:
     UserNotificationCenterPort &m_center;
+    FocusSoundPort &m_sound;
     bool m_isShown = false;
 };

@@ -4,7 +4,7 @@
 
 FocusRooms::FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings with)
     : m_questions(with.alerts, std::move(with.window))
-    , m_messages(with.notifications, std::move(with.openWindow))
+    , m_messages(with.notifications, with.sound, std::move(with.openWindow))
     , m_ports{m_messages, with.popover, m_questions}
     , m_association(kit.center())
     , m_journal(kit.defaults())

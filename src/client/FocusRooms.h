@@ -23,6 +23,7 @@ public:
         AlertPort &alerts;
         FocusPopoverPort &popover;
         UserNotificationCenterPort &notifications;
+        FocusSoundPort &sound;
         std::function<QWidget *()> window;                    ///< the main window, or none
         std::function<void(const QString &token)> openWindow; ///< with an activation token or none
         std::function<void(const QString &sentence)> tellFailure;

@@ -110,6 +110,7 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
     , m_badge(m_kit->manager(), m_kit->account(), m_kit->defaults())
     , m_statusArea(clock, olderStatusArea())
     , m_feeds(clock)
+    , m_focusSound(m_kit->defaults())
     , m_caret(clock)
     , m_rooms(*m_kit, clock,
               {.relaunch = relaunch,
@@ -119,6 +120,7 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
                .statusArea = m_statusArea,
                // What is shown to others does not depend on the network.
                .feeds = invocation.isDemo ? absent<FeedDownloadPort>() : m_feeds,
+               .focusSound = m_focusSound,
                .followsSystemZone = invocation.zone.isEmpty()})
     , m_dataCare(*m_kit, relaunch)
     , m_damage(m_alerts, m_dataCare)

@@ -11,6 +11,7 @@
 #include "platform/LoginItem.h"
 #include "platform/LogindSleepMonitor.h"
 #include "platform/OutsideChangeWatcher.h"
+#include "platform/PhaseSound.h"
 #include "platform/PortalAppearance.h"
 #include "platform/StatusNotifierArea.h"
 #include "platform/SystemTimeZoneWatch.h"
@@ -60,6 +61,7 @@ private:
     LauncherBadge m_badge;
     StatusNotifierArea m_statusArea;
     FeedDownload m_feeds;
+    PhaseSound m_focusSound;
     RestingCaret m_caret;
     DesktopRooms m_rooms;
     AlertPresenter m_alerts;

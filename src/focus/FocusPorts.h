@@ -32,6 +32,15 @@ public:
     std::function<void(const QString &key)> onAction;
 };
 
+/// What is heard when a phase ends.
+class FocusSoundPort {
+public:
+    virtual ~FocusSoundPort() = default;
+    /// Whether there is anything that could be heard.
+    virtual bool isPresent() const { return false; }
+    virtual void play() {}
+};
+
 /// The popover of the item in the status area.
 class FocusPopoverPort {
 public:
