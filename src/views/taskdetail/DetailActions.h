@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/store/KWTaskEditor.h"
+#include "views/taskdetail/TaskDetailData.h"
 #include "views/tasklist/OccurrenceActions.h"
 
 #include <QObject>
