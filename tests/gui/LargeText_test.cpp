@@ -1,6 +1,8 @@
 #include "gui/MainWindowHands.h"
 #include "support/TestMain.h"
 #include "views/controls/PlainLabel.h"
+#include "views/focus/FocusSideView.h"
+#include "views/focus/FocusWindow.h"
 #include "views/main/MainWindow.h"
 #include "views/palette/FoundRowsView.h"
 #include "views/sidebar/SidebarView.h"
@@ -90,9 +92,26 @@ private Q_SLOTS:
         QVERIFY(window.detail().isVisible());
     }
 
+    void thePageOfFocusFits()
+    {
+        m_client->openList(u"Focus"_s);
+        MainWindow &window = *m_client->window();
+        for (const double scale : {1.0, 2.0})
+            for (const QSize &size : {QSize{720, 800}, QSize{1280, 800}}) {
+                setTextScale(scale);
+                window.resize(size);
+                QCoreApplication::processEvents();
+                QCOMPARE(window.size(), size);
+                verifyControlsAreInTheWindow();
+            }
+        window.openDetail(); // a sheet
+        QVERIFY(window.focusSide().isVisible());
+    }
+
     void windowsFitASmallScreen()
     {
         setTextScale(2);
+        m_client->rooms().focusWindow().show();
         m_client->press(Qt::Key_5, Qt::ControlModifier); // the calendar
         m_client->rooms().preferences().show({});
         m_client->rooms().quickAdd().show({}, {});

@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 

@@ -9,6 +9,7 @@ class FocusPresenter;
 class IconButton;
 class QGridLayout;
 class QLabel;
+class QVBoxLayout;
 class SegmentedControl;
 
 /// The middle column with the session of focus: the head with the choice between Pomo and stopwatch, and the
@@ -54,5 +55,5 @@ private:
     IconButton *m_settings;
     QWidget *m_buttons;
     QGridLayout *m_head;
-    class QVBoxLayout *m_column;
+    QVBoxLayout *m_column;
 };

@@ -55,7 +55,7 @@ void FocusRecordController::edit(const QString &recordID)
     const FocusRecordRow *record = m_parts.side.records().record(recordID);
     if (!record) return;
     const FocusSubject &subject = record->mainSubject();
-    const CXTimeZone &zone = zoneOf(m_parts.presenter.kit());
+    const CXTimeZone zone = zoneOf(m_parts.presenter.kit());
     auto *dialog = new FocusRecordDialog{
         FocusRecordDialog::Purpose::Change,
         {.target = {.target = subject.target, .title = subject.title, .color = subject.color},
