@@ -12,9 +12,7 @@ constexpr CXLogger sessionLog{u"session"};
 }
 
 Session::Session(CXClock &clock, KWNotificationCenter &center, KWEventBus &bus, AppPorts ports)
-    : m_center(center), m_bus(bus), m_ports(ports), m_dayClock(clock, center, [this] {
-        refreshBadge();
-    })
+    : m_center(center), m_bus(bus), m_ports(ports), m_dayClock(clock, center, [this] { refreshBadge(); })
 {
 }
 
@@ -121,7 +119,8 @@ void Session::startSecondLevelTimer()
     stopSecondLevelTimer();
     for (const QString &each :
          {KWFocusRunningCountDownChanged, KWFocusRunningStateChanged, KWFocusRunningTaskChanged})
-        m_secondLevelTimer.push_back(m_center.addObserver(each, [this](const auto &) { refreshStatusItem(); }));
+        m_secondLevelTimer.push_back(
+            m_center.addObserver(each, [this](const auto &) { refreshStatusItem(); }));
 }
 
 void Session::refreshBadge()

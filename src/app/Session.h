@@ -30,8 +30,8 @@ public:
     /// Shows the window that belongs to the state of the session and brings the program to the front.
     void showWindow(const QString &activationToken);
 
-    /// Refreshes the status item with each second of a focus session and each change of its state. The session
-    /// has the seconds told: a timer of our own would wake the computer a second time.
+    /// Refreshes the status item with each second of a focus session and each change of its state. The
+    /// session has the seconds told: a timer of our own would wake the computer a second time.
     void startSecondLevelTimer();
     void stopSecondLevelTimer() { m_secondLevelTimer.clear(); }
 

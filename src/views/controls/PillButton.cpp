@@ -50,7 +50,7 @@ void PillButton::paintContent(QPainter &painter)
     const bool isFilled = m_look == Look::Filled && isEnabled();
     const QRectF pill = QRectF{rect()}.adjusted(pillRing, pillRing, -pillRing, -pillRing);
     const bool isQuiet = m_look == Look::Quiet;
-    QColor fill = isFilled ? theme.accent
+    QColor fill = isFilled                                   ? theme.accent
                   : isQuiet || (underMouse() && isEnabled()) ? theme.hover
                                                              : theme.window;
     if (isDown() || (isQuiet && underMouse())) fill = fill.darker(isDown() ? 112 : 104);

@@ -70,7 +70,8 @@ QString FocusDaysChart::nameOf(qsizetype day) const
 
 QString FocusDaysChart::spoken(const FocusDay &day) const
 {
-    const QString length = DateWording::fullDay(day.day, locale()) + u": "_s + FocusWording::spokenLength(day.focused);
+    const QString length =
+        DateWording::fullDay(day.day, locale()) + u": "_s + FocusWording::spokenLength(day.focused);
     return day.pomos == 0 ? length : length + u", "_s + FocusWording::pomos(day.pomos);
 }
 
@@ -91,7 +92,8 @@ void FocusDaysChart::paintEvent(QPaintEvent *)
         Painting::roundedBox(painter, {column.center().x() - wide / 2, base - high, wide, high},
                              std::min<double>(Metrics::grid, high / 2),
                              isToday ? theme.accent : theme.selection);
-        QRect name{0, int(base) + Metrics::grid, int(column.width() * 3), height() - int(base) - Metrics::grid};
+        QRect name{0, int(base) + Metrics::grid, int(column.width() * 3),
+                   height() - int(base) - Metrics::grid};
         name.moveLeft(int(column.center().x()) - name.width() / 2);
         painter.setPen(isToday ? theme.text : theme.faintText);
         Fonts::drawLine(painter, Fonts::Role::Caption, name, Qt::AlignHCenter, nameOf(i));

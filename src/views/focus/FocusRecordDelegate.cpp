@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int recordRow = 36;
-constexpr double mostOfNote = 0.5;
+constexpr double mostOfNote = 0.6;
 
 } // namespace
 
@@ -30,8 +30,7 @@ void FocusRecordDelegate::paint(QPainter *painter, const QStyleOptionViewItem &o
     Painting::dot(*painter, QRectF{visual({row.left(), row.top(), dot, row.height()})}.center(),
                   index.data(ColorRole).toString());
     const QString note = index.data(NoteRole).toString();
-    const int noteWidth =
-        std::min(Fonts::width(Fonts::Role::Secondary, note), int(row.width() * mostOfNote));
+    const int noteWidth = std::min(Fonts::width(Fonts::Role::Secondary, note), int(row.width() * mostOfNote));
     painter->setPen(theme.faintText);
     Fonts::drawLine(*painter, Fonts::Role::Secondary,
                     visual({row.right() - noteWidth, row.top(), noteWidth, row.height()}),

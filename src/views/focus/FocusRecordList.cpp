@@ -20,7 +20,8 @@ QString titleOfRecord(const FocusRecordRow &record)
     const QString title = record.mainSubject().title.simplified();
     const QString first = title.isEmpty() ? FocusWording::nothingInParticular() : title;
     const qsizetype others = record.subjects.size() - 1;
-    return others == 0 ? first : KWLocalizedString("%1 and %2 more").arg(first).arg(QLocale{}.toString(others));
+    return others == 0 ? first
+                       : KWLocalizedString("%1 and %2 more").arg(first).arg(QLocale{}.toString(others));
 }
 
 // The times of a Pomo, the length of what the stopwatch has timed, and the day when it is another one.

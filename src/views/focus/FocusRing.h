@@ -20,7 +20,6 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override { return true; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

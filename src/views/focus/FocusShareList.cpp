@@ -54,14 +54,16 @@ void FocusShareList::paintEvent(QPaintEvent *)
     };
     const int line = QFontMetrics{Fonts::font(Fonts::Role::Secondary)}.height();
     // The first is the largest.
-    const double most = m_shares.isEmpty() ? 1 : double(std::max<qint64>(1, m_shares.first().focused.count()));
+    const double most =
+        m_shares.isEmpty() ? 1 : double(std::max<qint64>(1, m_shares.first().focused.count()));
     for (qsizetype i = 0; i < m_shares.size(); ++i) {
         const FocusShare &each = m_shares[i];
         const int top = rowHeight() * int(i);
         const QString length = FocusWording::length(each.focused);
         const int lengthWidth = Fonts::width(Fonts::Role::Secondary, length);
         painter.setPen(theme.secondaryText);
-        Fonts::drawLine(painter, Fonts::Role::Secondary, visual({width() - lengthWidth, top, lengthWidth, line}),
+        Fonts::drawLine(painter, Fonts::Role::Secondary,
+                        visual({width() - lengthWidth, top, lengthWidth, line}),
                         QStyle::visualAlignment(layoutDirection(), Qt::AlignRight), length);
         painter.setPen(theme.text);
         Fonts::drawLine(painter, Fonts::Role::Secondary,
