@@ -13,6 +13,8 @@ using namespace std::chrono;
 namespace {
 
 constexpr minutes usualRecord{25};
+/// So few that the days below them are in view; more are asked for.
+constexpr int firstRecords = 5;
 
 CXTimeZone zoneOf(OrvaneKit &kit) { return kit.context().clock().zone(); }
 
@@ -34,6 +36,8 @@ FocusRecordController::FocusRecordController(const Parts &parts)
     connect(&records, &FocusRecordList::removalRequested, this, &FocusRecordController::remove);
     connect(&records, &FocusRecordList::targetRequested, this, &FocusRecordController::targetRequested);
 }
+
+void FocusRecordController::open() { m_loader.load({.recordLimit = firstRecords}); }
 
 // A Pomo that has just ended.
 void FocusRecordController::create()

@@ -24,7 +24,7 @@ public:
     explicit FocusRecordController(const Parts &parts);
 
     /// The page is shown, or not any more: then nothing is read.
-    void open() { m_loader.load(); }
+    void open();
     void close() { m_loader.stop(); }
 
 Q_SIGNALS:

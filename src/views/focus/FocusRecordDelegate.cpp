@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int recordRow = 36;
-constexpr double mostOfNote = 0.5;
+constexpr double mostOfNote = 0.6;
 
 } // namespace
 

@@ -49,8 +49,6 @@ QSize FocusRing::minimumSizeHint() const
     return {least, least};
 }
 
-int FocusRing::heightForWidth(int width) const { return std::min(width, sizeHint().height()); }
-
 int FocusRing::side() const { return std::min({width(), height(), sizeHint().width()}); }
 
 int FocusRing::stroke() const { return m_size == Size::Large ? 10 : 6; }

@@ -60,7 +60,10 @@ FocusSideView::FocusSideView(QWidget *parent)
     column->addLayout(cards);
     column->addLayout(makeRecordsHead());
     column->addWidget(m_noRecords);
-    column->addWidget(m_records);
+    auto *rows = new QHBoxLayout;
+    rows->setContentsMargins(-Metrics::grid * 2, 0, -Metrics::grid * 2, 0); // as rows of a list stand out
+    rows->addWidget(m_records);
+    column->addLayout(rows);
     column->addWidget(m_more, 0, Qt::AlignHCenter);
     column->addWidget(makeSideCaption(KWLocalizedString("Last 7 days")));
     column->addWidget(m_week);
