@@ -39,11 +39,10 @@ struct FocusRecordRow {
 
 /// Which part of all the focus of an account a page shows.
 struct FocusPageRequest {
-    static constexpr int firstRecords = 5; ///< so that the days below them are in sight
     static constexpr int recordsAtOnce = 30;
 
     std::optional<FocusDays> recordDays{}; ///< on which the records begin; none: any
-    int recordLimit = firstRecords;
+    int recordLimit = recordsAtOnce;
     FocusPeriod period{};
 
     bool operator==(const FocusPageRequest &) const = default;
