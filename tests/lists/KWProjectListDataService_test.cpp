@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(centerNow(), u"Lists(First House(Garden Kitchen) Stray Empty Last Archive(Closed)) "
                               "Tags(Errand Food(Leek Bread) Stray Self) Filters(No filters yet) "
                               "Subscriptions(No calendars yet)"_s);
-        QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days Calendar Habits"_s);
+        QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days Calendar Focus Habits"_s);
         QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
         const QList<KWListIdentifier> all = m_service->lists();
         QCOMPARE(all.size(), 6 + 6 + 2 + 6 + 2); // of the top, lists, folders, tags, of the bottom
