@@ -2,6 +2,7 @@
 #include "gui/WindowHelp.h"
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWPomoSettingsManager.h"
+#include "model/store/KWTaskEditor.h"
 #include "support/TestMain.h"
 #include "views/focus/FocusPane.h"
 #include "views/focus/FocusPanel.h"
