@@ -2,6 +2,7 @@
 #include "gui/WindowHelp.h"
 #include "model/records/KWSmartProject.h"
 #include "model/settings/KWPomoSettingsManager.h"
+#include "model/store/KWTaskEditor.h"
 #include "support/TestMain.h"
 #include "views/focus/FocusPane.h"
 #include "views/focus/FocusPanel.h"
@@ -102,13 +103,13 @@ private Q_SLOTS:
 
         press(u"Start"_s);
         wait(31s);
-        answerNextAlert(Qt::Key_Escape);
         press(u"Stop"_s);
+        answerNextAlert(Qt::Key_Escape);
         QTRY_VERIFY(!QApplication::activeModalWidget());
         QTRY_VERIFY(!m_client->rooms().focus().pomo().isConfirmingToExit());
         QCOMPARE(commands(), u"Pause Stop"_s);
-        answerNextAlert(Qt::Key_Return);
         press(u"Stop"_s);
+        answerNextAlert(Qt::Key_Return);
         QTRY_COMPARE(commands(), u"Start"_s);
         QCOMPARE(time(), u"25:00"_s);
     }

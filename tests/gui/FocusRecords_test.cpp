@@ -87,7 +87,7 @@ private Q_SLOTS:
         list().setFocus();
         QTest::keyClick(&list(), Qt::Key_Delete);
         QTRY_COMPARE(records(), QString{});
-        QCOMPARE(toastText(), u"Record deleted Undo"_s);
+        QCOMPARE(toastText(), u"Record deleted"_s);
         takeBack();
         QTRY_COMPARE(records(), u"Water the plants 08:10 – 08:20"_s);
     }

@@ -1,5 +1,6 @@
 #include "gui/FocusHands.h"
 #include "gui/WindowHelp.h"
+#include "model/settings/KWPomoSettingsManager.h"
 #include "support/TestMain.h"
 #include "views/focus/FocusPanel.h"
 #include "views/focus/FocusWindow.h"

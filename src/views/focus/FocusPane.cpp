@@ -58,7 +58,7 @@ void FocusPane::makeHead()
     m_head->setContentsMargins(Metrics::margin, 0, Metrics::margin, 0);
     m_head->setColumnStretch(0, 1);
     m_head->setColumnStretch(2, 1);
-    m_head->addWidget(m_title, 0, 0);
+    m_head->addWidget(m_title, 0, 0, Qt::AlignLeft | Qt::AlignVCenter); // its side is that of the layout
     m_head->addWidget(m_modes, 0, 1);
     m_head->addWidget(m_buttons, 0, 2);
     connect(m_modes, &SegmentedControl::picked, this,

@@ -25,7 +25,9 @@ namespace {
 
 QLabel *makeSideCaption(const QString &text)
 {
-    return makePlainLabel(text, Fonts::Role::CaptionStrong, QPalette::PlaceholderText);
+    QLabel *caption = makePlainLabel(text, Fonts::Role::CaptionStrong, QPalette::PlaceholderText);
+    caption->setWordWrap(false);
+    return caption;
 }
 
 } // namespace
@@ -65,10 +67,10 @@ FocusSideView::FocusSideView(QWidget *parent)
     rows->addWidget(m_records);
     column->addLayout(rows);
     column->addWidget(m_more, 0, Qt::AlignHCenter);
-    column->addWidget(makeSideCaption(KWLocalizedString("Last 7 days")));
+    column->addWidget(makeSideCaption(KWLocalizedString("Last 7 days")), 0, Qt::AlignLeft);
     column->addWidget(m_week);
     column->addSpacing(Metrics::gap);
-    column->addWidget(makeSideCaption(KWLocalizedString("Statistics")));
+    column->addWidget(makeSideCaption(KWLocalizedString("Statistics")), 0, Qt::AlignLeft);
     column->addWidget(m_statistics);
     column->addStretch(1);
     auto *page = new QScrollArea;
@@ -104,7 +106,8 @@ QLayout *FocusSideView::makeRecordsHead()
 {
     m_add->setObjectName(u"addFocusRecord"_s);
     auto *row = new QHBoxLayout;
-    row->addWidget(makeSideCaption(KWLocalizedString("Records")), 1);
+    row->addWidget(makeSideCaption(KWLocalizedString("Records")));
+    row->addStretch(1);
     row->addWidget(m_add);
     return row;
 }
