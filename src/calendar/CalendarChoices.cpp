@@ -19,6 +19,7 @@ constexpr std::pair<Kind, bool Configuration::*> switches[] = {
     {Kind::Completed, &Configuration::showsCompleted},
     {Kind::ChecklistItems, &Configuration::showsChecklistItems},
     {Kind::Repeats, &Configuration::showsRepeats},
+    {Kind::Focus, &Configuration::showsFocus},
 };
 
 QString titleOf(const KWProject &list)
@@ -47,7 +48,7 @@ CalendarChoices CalendarChoices::read(const QString &userID, ObjectContext &cont
 void CalendarChoices::addKinds()
 {
     const QString titles[] = {KWLocalizedString("Completed Tasks"), KWLocalizedString("Checklist Items"),
-                              KWLocalizedString("Later Dates of What Repeats")};
+                              KWLocalizedString("Later Dates of What Repeats"), KWLocalizedString("Focus")};
     for (std::size_t i = 0; i < std::size(switches); ++i)
         add({.kind = switches[i].first,
              .title = titles[i],
@@ -111,8 +112,9 @@ void CalendarChoices::addCalendars(const QString &userID, ObjectContext &context
 
 bool CalendarChoices::hideSomething() const
 {
-    return std::ranges::any_of(m_choices,
-                               [](const CalendarChoice &each) { return each.shown != Shown::All; });
+    return std::ranges::any_of(m_choices, [](const CalendarChoice &each) {
+        return each.kind != Kind::Focus && each.shown != Shown::All;
+    });
 }
 
 Configuration CalendarChoices::with(const CalendarChoice &choice, bool isShown) const
@@ -132,7 +134,7 @@ Configuration CalendarChoices::withAllShown() const
 {
     Configuration other = m_configuration;
     for (const auto &[kind, member] : switches)
-        other.*member = true;
+        if (kind != Kind::Focus) other.*member = true;
     for (const CalendarChoice &each : m_choices) {
         other.hiddenLists.removeAll(each.id);
         other.hiddenCalendars.removeAll(each.id);

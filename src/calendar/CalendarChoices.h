@@ -9,7 +9,7 @@ class ObjectContext;
 
 /// Something that the calendar shows or leaves out.
 struct CalendarChoice {
-    enum class Kind { Completed, ChecklistItems, Repeats, Folder, List, Calendar };
+    enum class Kind { Completed, ChecklistItems, Repeats, Focus, Folder, List, Calendar };
     enum class Shown { All, Some, None }; ///< only of a folder some of it
 
     Kind kind = Kind::List;
@@ -29,11 +29,13 @@ public:
     static CalendarChoices read(const QString &userID, ObjectContext &context);
 
     QList<CalendarChoice> all() const { return m_choices; }
-    /// Whether anything of it is left out. Hidden lists that are gone or archived do not count.
+    /// Whether anything of it is left out. Hidden lists that are gone or archived do not count, nor
+    /// does what comes hidden: focus sessions.
     bool hideSomething() const;
 
     /// The configuration with that one shown or not; a folder stands for its lists.
     KWCalendarDisplayConfigurationModel with(const CalendarChoice &choice, bool isShown) const;
+    /// With all that hideSomething() counts.
     KWCalendarDisplayConfigurationModel withAllShown() const;
 
 private:

@@ -21,6 +21,8 @@ CalendarItem::Kind kindOf(DatedThing::Kind kind)
         return CalendarItem::Kind::ChecklistItem;
     case DatedThing::Kind::Habit:
         return CalendarItem::Kind::Habit;
+    case DatedThing::Kind::Focus:
+        return CalendarItem::Kind::Focus;
     case DatedThing::Kind::Event:
         break;
     }

@@ -14,6 +14,8 @@ namespace {
 
 constexpr int minutesOfDay = 24 * 60;
 
+bool isFocus(const CalendarItem &item) { return item.kind == CalendarItem::Kind::Focus; }
+
 // It ends before it starts where the clocks were set back meanwhile.
 LocalTime endOf(const CalendarItem &item) { return std::max(item.start, item.end); }
 
@@ -46,6 +48,11 @@ TimedBox boxOn(int day, Day date, const CalendarItem &item, std::size_t index, i
     return box;
 }
 
+std::tuple<int, int, std::size_t> rankOf(const TimedBox &box)
+{
+    return {box.fromMinute, -box.toMinute, box.item};
+}
+
 /// The columns of one day: each box takes the first one that is free when it begins. So when one takes a
 /// column, all columns before that are taken, and it bounds at most the box in the one just before.
 class Columns {
@@ -54,10 +61,7 @@ public:
 
     void place()
     {
-        std::ranges::sort(m_boxes, [](const TimedBox &a, const TimedBox &b) {
-            return std::tuple{a.fromMinute, -a.toMinute, a.item} <
-                   std::tuple{b.fromMinute, -b.toMinute, b.item};
-        });
+        std::ranges::sort(m_boxes, {}, rankOf);
         for (std::size_t i = 0; i < m_boxes.size(); ++i) {
             release(m_boxes[i].fromMinute);
             if (m_taken.empty()) closeCluster(i);
@@ -116,6 +120,50 @@ private:
     std::vector<std::size_t> m_boxIn; // by column, the last one
 };
 
+// Boxes that overlap, directly or through others: sessions of focus come to stand behind the other things,
+// which keep what width they have free of them.
+void putFocusBehind(std::span<TimedBox> cluster, const std::vector<CalendarItem> &items)
+{
+    const auto ofFocus = [&items](const TimedBox &box) { return isFocus(items[box.item]); };
+    int before = 0;
+    int behind = 0;
+    for (const TimedBox &each : cluster) {
+        int &columns = ofFocus(each) ? behind : before;
+        columns = std::max(columns, each.columns);
+    }
+    if (before == 0 || behind == 0) return;
+    const auto isBesideFocus = [&](const TimedBox &box) {
+        return std::ranges::any_of(cluster, [&](const TimedBox &other) {
+            return ofFocus(other) && other.fromMinute < box.toMinute && box.fromMinute < other.toMinute;
+        });
+    };
+    for (TimedBox &each : cluster) {
+        const bool isLast = each.column + each.span == each.columns;
+        const bool staysBefore = !ofFocus(each) && isBesideFocus(each);
+        if (ofFocus(each)) each.column += before;
+        each.columns = before + behind;
+        if (isLast) each.span = (staysBefore ? before : each.columns) - each.column;
+    }
+}
+
+void placeColumns(std::vector<TimedBox> &boxes, const std::vector<CalendarItem> &items)
+{
+    const auto sessions = std::ranges::stable_partition(
+        boxes, [&items](const TimedBox &box) { return !isFocus(items[box.item]); });
+    Columns{{boxes.begin(), sessions.begin()}}.place();
+    Columns{sessions}.place();
+    if (sessions.empty()) return;
+    std::ranges::sort(boxes, {}, rankOf);
+    for (auto begin = boxes.begin(); begin != boxes.end();) {
+        auto end = begin;
+        for (int until = end->toMinute; end != boxes.end() && (end == begin || end->fromMinute < until);
+             ++end)
+            until = std::max(until, end->toMinute);
+        putFocusBehind({begin, end}, items);
+        begin = end;
+    }
+}
+
 /// The bars of one row of days, each in the first lane that is free on all of its days.
 class Lanes {
 public:
@@ -140,8 +188,9 @@ std::vector<std::size_t> longestFirst(std::vector<std::size_t> chosen, const std
 {
     const auto rank = [&items](std::size_t index) {
         const CalendarItem &item = items[index];
-        const bool isHabit = item.kind == CalendarItem::Kind::Habit;
-        return std::tuple{firstDayOf(item) - lastDayOf(item), isHabit, !item.isAllDay, item.start, index};
+        return std::tuple{isFocus(item), firstDayOf(item) - lastDayOf(item),
+                          item.rank(),   !item.isAllDay,
+                          item.start,    index};
     };
     std::ranges::sort(chosen, {}, rank);
     return chosen;
@@ -191,7 +240,7 @@ std::vector<TimedBox> timedBoxes(const std::vector<CalendarItem> &items, const C
     }
     std::vector<TimedBox> boxes;
     for (std::vector<TimedBox> &each : ofDays) {
-        Columns{each}.place();
+        placeColumns(each, items);
         boxes.insert(boxes.end(), each.begin(), each.end());
     }
     return boxes;
@@ -199,7 +248,7 @@ std::vector<TimedBox> timedBoxes(const std::vector<CalendarItem> &items, const C
 
 bool standsInAllDayLane(const CalendarItem &item)
 {
-    return item.isAllDay || item.end - item.start >= days{1};
+    return item.isAllDay || (!isFocus(item) && item.end - item.start >= days{1});
 }
 
 std::vector<LaneBar> allDayBars(const std::vector<CalendarItem> &items, const CalendarPage &page)

@@ -35,14 +35,16 @@ struct LaneBar {
 
 /// The timed items of a day or week, side by side where they overlap: no two boxes cover one another, and
 /// each is as wide as those beside it allow; day by day, from the earliest on. One that is shorter than
-/// `shortestMinutes`, which is at least 1, takes as many on the page, so that it can be read.
+/// `shortestMinutes`, which is at least 1, takes as many on the page, so that it can be read. Sessions of
+/// focus stand behind what they overlap.
 std::vector<TimedBox> timedBoxes(const std::vector<CalendarItem> &items, const CalendarPage &page,
                                  int shortestMinutes);
 
-/// Whether the item stands in the all-day lane of a day or week: all-day ones, and those of a day or longer.
+/// Whether the item stands in the all-day lane of a day or week: all-day ones, and those of a day or longer
+/// that are no session of focus.
 bool standsInAllDayLane(const CalendarItem &item);
 /// The bars of the all-day lane of a day or week: one row of all days on show.
 std::vector<LaneBar> allDayBars(const std::vector<CalendarItem> &items, const CalendarPage &page);
 /// The bars of a month: every item, in rows of a week. Longer ones stand above shorter ones, all-day ones
-/// above timed ones, and those by their time.
+/// above timed ones, those by their time, and sessions of focus behind all.
 std::vector<LaneBar> monthBars(const std::vector<CalendarItem> &items, const CalendarPage &page);

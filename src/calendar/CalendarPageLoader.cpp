@@ -64,8 +64,8 @@ CalendarPageLoader::State::State(CalendarPageLoader &itsLoader, OrvaneKit &itsKi
                                                     [this](const KWNotification &) { loader.stop(); }));
     registration = kit.bus().registerEventBus([this](const StoreChange &change) {
         using enum RecordKind;
-        constexpr std::array shownBeside{ChecklistItem, Project,      CalSubscription,
-                                         Habit,         HabitCheckin, HabitSkip};
+        constexpr std::array shownBeside{ChecklistItem, Project,   CalSubscription, Habit,
+                                         HabitCheckin,  HabitSkip, Pomodoro,        FocusSlice};
         if (change.touches(Task) || change.touches(CalSubscriptionEvent))
             refresh();
         else if (std::ranges::any_of(shownBeside, [&](RecordKind each) { return change.touches(each); }))

@@ -1,7 +1,7 @@
 #include "calendar/CalendarPageReader.h"
 
 #include "model/records/KWCalendarDisplayConfiguration.h"
-#include "model/store/DatedThings.h"
+#include "model/store/FocusThings.h"
 #include "model/store/HabitDays.h"
 #include "model/store/ObjectContext.h"
 
@@ -13,9 +13,11 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
 {
     const CXTimeZone zone = context.clock().zone();
     const auto configuration = KWCalendarDisplayConfiguration::ofUser(userID, context);
+    const Instant from = zone.startOfDay(page.firstDay);
+    const Instant to = zone.startOfDay(page.endDay());
     auto things = readDatedThings({.userID = userID,
-                                   .from = zone.startOfDay(page.firstDay),
-                                   .to = zone.startOfDay(page.endDay()),
+                                   .from = from,
+                                   .to = to,
                                    .includeCompleted = configuration.showsCompleted,
                                    .includeChecklist = configuration.showsChecklistItems,
                                    .includeRepeat = configuration.showsRepeats,
@@ -26,13 +28,22 @@ Result<CalendarPageContent> readCalendarPage(const CalendarPage &page, const QSt
 
     CalendarPageContent content{.page = page, .today = context.clock().today()};
     content.items.reserve(things->size());
+    const auto add = [&content, &zone](DatedThing &thing) {
+        content.items.push_back(CalendarItem::ofThing(std::move(thing), zone));
+    };
     for (DatedThing &each : *things)
-        if (!hiddenTasks.contains(each.taskID))
-            content.items.push_back(CalendarItem::ofThing(std::move(each), zone));
+        if (!hiddenTasks.contains(each.taskID)) add(each);
     for (DatedThing &each : readHabitThings(page.firstDay, page.endDay(), userID, context))
-        content.items.push_back(CalendarItem::ofThing(std::move(each), zone));
+        add(each);
+    if (configuration.showsFocus) {
+        auto sessions =
+            readFocusThings({.userID = userID, .from = from, .to = to}, configuration.hiddenLists, context);
+        if (!sessions) return sessions.error();
+        for (DatedThing &each : *sessions)
+            add(each);
+    }
     std::ranges::stable_sort(content.items, {}, [](const CalendarItem &item) {
-        return std::tuple{item.start, item.kind == CalendarItem::Kind::Habit, -int(item.priority)};
+        return std::tuple{item.start, item.rank(), -int(item.priority)};
     });
 
     content.layOut();

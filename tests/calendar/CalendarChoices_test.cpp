@@ -37,7 +37,7 @@ class CalendarChoices_test : public QObject {
     QString sources() const
     {
         QStringList texts;
-        for (const CalendarChoice &each : choices().all().sliced(3)) {
+        for (const CalendarChoice &each : choices().all().sliced(4)) {
             const QString mark = each.shown == CalendarChoice::Shown::All    ? u""_s
                                  : each.shown == CalendarChoice::Shown::None ? u"-"_s
                                                                              : u"~"_s;
@@ -95,6 +95,21 @@ private Q_SLOTS:
         QVERIFY(!choices().hideSomething());
         choose(u"Completed Tasks"_s, false);
         QVERIFY(choices().hideSomething() && !configurations().configuration().showsCompleted);
+    }
+
+    // Nothing is hidden by what comes hidden.
+    void offersFocus()
+    {
+        QVERIFY(named(u"Focus"_s).shown == CalendarChoice::Shown::None);
+        choose(u"Focus"_s, true);
+        QVERIFY(named(u"Focus"_s).shown == CalendarChoice::Shown::All);
+        QVERIFY(!choices().hideSomething());
+        choose(u"Work"_s, false);
+        QVERIFY(configurations().save(choices().withAllShown()));
+        QVERIFY(configurations().configuration().showsFocus);
+        choose(u"Focus"_s, false);
+        QVERIFY(configurations().save(choices().withAllShown()));
+        QVERIFY(!configurations().configuration().showsFocus && !choices().hideSomething());
     }
 
     void newListsAreShownAndDeletedOnesForgotten()

@@ -45,6 +45,7 @@ class CalendarLayout_test : public QObject {
             const QString first = match.captured(2);
             CalendarItem item{};
             item.entityID = match.captured(1);
+            if (item.entityID[0].isUpper()) item.kind = CalendarItem::Kind::Focus;
             item.isAllDay = !match.hasCaptured(4);
             item.start = timeOf(first, captured(4, u"00:00"_s));
             item.end = timeOf(captured(3, captured(5, first)), captured(6, u"24:00"_s));

@@ -1,4 +1,6 @@
+#include "focus/FocusRecordEditor.h"
 #include "gui/CalendarHands.h"
+#include "model/OrvaneKit.h"
 #include "model/settings/KWCalendarDisplayConfigurationManager.h"
 #include "support/TestMain.h"
 #include "views/calendar/CalendarPane.h"
@@ -61,6 +63,45 @@ private Q_SLOTS:
         QCOMPARE(button.accessibleName(), u"Shown"_s);
         QTest::keyClick(rows, Qt::Key_Escape);
         QVERIFY(!QApplication::activePopupWidget() && view().hasFocus());
+    }
+
+    void focusIsShownWhenWantedAndOpensItsPage()
+    {
+        const Instant start = m_client->clock.now() - std::chrono::minutes{45};
+        QVERIFY(FocusRecordEditor{m_client->kit()}.add(
+            {.startDate = start, .endDate = start + std::chrono::minutes{25}}));
+        openWeek();
+        QTRY_COMPARE(titles().size(), 7);
+        m_client->press(Qt::Key_S);
+        auto *rows = QApplication::activePopupWidget()->findChild<QListView *>(u"shownList"_s);
+        rows->setCurrentIndex(
+            rows->model()->match(rows->model()->index(0, 0), Qt::DisplayRole, u"Focus"_s)[0]);
+        QCOMPARE(rows->currentIndex().data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        QTest::keyClick(rows, Qt::Key_Space);
+        QTest::keyClick(rows, Qt::Key_Escape);
+        QTRY_VERIFY(titles().contains(u"Focus"_s));
+
+        const auto &items = view().content().items;
+        const auto index = std::size_t(
+            std::ranges::find(items, CalendarItem::Kind::Focus, &CalendarItem::kind) - items.begin());
+        view().select(index);
+        const QPoint place = view().boundsOf(index).center();
+        QTest::mousePress(view().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseMove(view().viewport(), place + QPoint{0, 100});
+        QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, place + QPoint{0, 100});
+        QVERIFY(m_client->window()->isCalendarShown()); // that was no click, and it cannot be dragged
+        QCOMPARE(items[index].start.time_since_epoch(), start.time_since_epoch());
+        QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, place);
+        QVERIFY(m_client->window()->isFocusShown());
+
+        openCalendar();
+        QTRY_VERIFY(titles().contains(u"Focus"_s));
+        view().select(index);
+        m_client->press(Qt::Key_Space);
+        m_client->press(Qt::Key_Delete);
+        QVERIFY(m_client->window()->isCalendarShown() && titles().contains(u"Focus"_s));
+        m_client->press(Qt::Key_Return);
+        QVERIFY(m_client->window()->isFocusShown());
     }
 
     void colorsAreChosenAndKept()

@@ -46,6 +46,16 @@ private Q_SLOTS:
         QFETCH(const QString, time);
         QCOMPARE(CalendarWording::time(item, QLocale{u"en_GB"_s}), time);
     }
+
+    void saysWhatWasFocusedOn()
+    {
+        CalendarItem item = timed("Weekly plan", 17, 9.5, 10);
+        item.kind = CalendarItem::Kind::Focus;
+        const QLocale locale{u"en_GB"_s};
+        QCOMPARE(CalendarWording::spoken(item, locale), u"Focus, Weekly plan, 09:30 to 10:00"_s);
+        item.title = u"Focus"_s;
+        QCOMPARE(CalendarWording::spoken(item, locale), u"Focus, 09:30 to 10:00"_s);
+    }
 };
 
 ORVANE_TEST(CalendarWording_test)

@@ -16,6 +16,7 @@ struct KWCalendarDisplayConfigurationModel : KWSynchronizableFields {
     bool showsCompleted = true;
     bool showsChecklistItems = true; ///< those with a date of their own
     bool showsRepeats = true;        ///< the later occurrences of what repeats
+    bool showsFocus = false;         ///< the completed focus sessions
     bool showsWeekends = true;
     bool showsWeekNumbers = false;
     QStringList hiddenCalendars; ///< ids of the subscribed calendars that are not shown
@@ -31,6 +32,7 @@ inline constexpr auto recordFields<KWCalendarDisplayConfigurationModel> =
                  field("showsCompleted", &KWCalendarDisplayConfigurationModel::showsCompleted),
                  field("showsChecklistItems", &KWCalendarDisplayConfigurationModel::showsChecklistItems),
                  field("showsRepeats", &KWCalendarDisplayConfigurationModel::showsRepeats),
+                 field("showsFocus", &KWCalendarDisplayConfigurationModel::showsFocus),
                  field("showsWeekends", &KWCalendarDisplayConfigurationModel::showsWeekends),
                  field("showsWeekNumbers", &KWCalendarDisplayConfigurationModel::showsWeekNumbers),
                  field("hiddenCalendars", &KWCalendarDisplayConfigurationModel::hiddenCalendars),

@@ -15,13 +15,13 @@ class Connection;
 class ObjectContext;
 
 /// Something with a date, as it is stored: a task or an event of a subscribed calendar, a later occurrence of
-/// one, an item of a checklist, a habit on a day. A plain value, read in bulk.
+/// one, an item of a checklist, a habit on a day, a focus session. A plain value, read in bulk.
 struct DatedThing {
-    enum class Kind : std::uint8_t { Task, ChecklistItem, Event, Habit };
+    enum class Kind : std::uint8_t { Task, ChecklistItem, Event, Habit, Focus };
 
     Kind kind = Kind::Task;
-    QString sid;    ///< of the task or event, also where it is an occurrence of it
-    QString taskID; ///< the task, or the one that the item is in; empty for an event or a habit
+    QString sid;    ///< of the task or event, also where it is an occurrence of it; of the session
+    QString taskID; ///< the task, or the one that the item is in; empty for all others
     std::optional<Instant> occurrence; ///< the start of a later one, and of each day of a habit
     QString listID;                    ///< of the list or calendar
     QString title;

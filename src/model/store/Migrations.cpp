@@ -32,6 +32,7 @@ std::span<const std::string> migrations()
         schemas::calendarChoices(),
         schemas::focusOfHabits(),
         schemas::focusSessions(),
+        schemas::focusOnCalendar(),
     };
     return inOrder;
 }

@@ -185,6 +185,7 @@ void CalendarController::open(const CalendarItem &item, const QRect &place)
 {
     if (item.kind == CalendarItem::Kind::Habit)
         return Q_EMIT habitOpened(item.entityID, std::chrono::floor<std::chrono::days>(item.start), place);
+    if (item.kind == CalendarItem::Kind::Focus) return Q_EMIT focusOpened();
     if (item.kind != CalendarItem::Kind::Event) return Q_EMIT opened(item.taskID);
     (new EventPopover{item, &m_pane})->popUp(place);
 }

@@ -38,6 +38,8 @@ Q_SIGNALS:
     void opened(const QString &taskID);
     /// The day of a habit, `place` is where it stands on the screen.
     void habitOpened(const QString &habitID, Day day, const QRect &place);
+    /// The page of focus is to be shown.
+    void focusOpened();
     void habitChecked(const QString &habitID, Day day, bool takesBack);
 
 private:

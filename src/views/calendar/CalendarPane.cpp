@@ -113,7 +113,7 @@ bool CalendarPane::isTrayShown() const { return !m_tray->isHidden(); }
 const CalendarItem *CalendarPane::selectedOwn() const
 {
     const CalendarItem *item = view().selectedItem();
-    return item && item->kind != CalendarItem::Kind::Event && !item->occurrence ? item : nullptr;
+    return item && !item->taskID.isEmpty() && !item->occurrence ? item : nullptr;
 }
 
 QString CalendarPane::selectedID() const

@@ -168,6 +168,7 @@ private:
     bool isOverLowerEdge(const ItemPlace &place, const QPoint &point) const;
     void drag(const QPoint &point);
     void endDrag();
+    void open(const ItemPlace &place);
     void openTitle(const CalendarItem &there);
     QRect titlePlace(const CalendarItem &there) const;
     void showCursor(const QPoint &point);
@@ -185,9 +186,10 @@ private:
     std::optional<std::size_t> m_selected;
     std::optional<Awaited> m_awaited;
     std::optional<Drag> m_drag;
-    std::optional<Held> m_held;            // dropped, and not told of yet
-    std::optional<CalendarItem> m_dropped; // where it would be
-    std::optional<CalendarItem> m_made;    // while its title is typed
+    std::optional<CalendarItem> m_pressedSession; // of focus: a click opens it
+    std::optional<Held> m_held;                   // dropped, and not told of yet
+    std::optional<CalendarItem> m_dropped;        // where it would be
+    std::optional<CalendarItem> m_made;           // while its title is typed
     TitleField *m_title = nullptr;
     QPointer<DayPopover> m_popover;
 };

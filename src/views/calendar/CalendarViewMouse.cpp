@@ -19,6 +19,7 @@ void CalendarView::mousePressEvent(QMouseEvent *event)
     const QPoint point = visual(event->pos());
     if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
     m_drag.reset();
+    m_pressedSession.reset();
     if (const MorePlace *more = moreAt(point)) return openMore(*more, std::nullopt);
     const auto spot = spotAt(point);
     if (!spot) return;
@@ -30,6 +31,7 @@ void CalendarView::mousePressEvent(QMouseEvent *event)
         m_spot.day = spot->day;
         select(place->item);
         if (item.isReadOnly) m_drag.reset();
+        if (item.kind == CalendarItem::Kind::Focus) m_pressedSession = item;
     } else {
         setSpot({.day = spot->day, .time = spot->time});
     }
@@ -78,7 +80,11 @@ void CalendarView::drag(const QPoint &point)
 
 void CalendarView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && m_drag) endDrag();
+    if (event->button() != Qt::LeftButton) return;
+    if (m_drag) return endDrag();
+    const auto session = std::exchange(m_pressedSession, std::nullopt);
+    const ItemPlace *place = session ? itemAt(visual(event->pos())) : nullptr;
+    if (place && m_content.items[place->item].isSameAs(*session)) open(*place);
 }
 
 void CalendarView::endDrag()
@@ -98,13 +104,18 @@ void CalendarView::mouseDoubleClickEvent(QMouseEvent *event)
     m_drag.reset();
     if (event->button() != Qt::LeftButton || m_columns.count() == 0) return;
     if (const ItemPlace *place = itemAt(point)) {
-        const QRect bounds = boundsOf(place->item);
-        Q_EMIT m_edits.openRequested(m_content.items[place->item],
-                                     {viewport()->mapToGlobal(bounds.topLeft()), bounds.size()});
+        open(*place);
     } else if (const auto spot = spotAt(point)) {
         setSpot(*spot);
         createHere();
     }
+}
+
+void CalendarView::open(const ItemPlace &place)
+{
+    const QRect bounds = boundsOf(place.item);
+    Q_EMIT m_edits.openRequested(m_content.items[place.item],
+                                 {viewport()->mapToGlobal(bounds.topLeft()), bounds.size()});
 }
 
 // By the menu key it opens below what is selected.

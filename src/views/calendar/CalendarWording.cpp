@@ -50,15 +50,21 @@ QString CalendarWording::time(const CalendarItem &item, const QLocale &locale)
 QString CalendarWording::spoken(const CalendarItem &item, const QLocale &locale)
 {
     const ItemDays itemDays = ItemDays::of(item);
-    QStringList parts{displayTitle(item.title), DateWording::fullDay(itemDays.first, locale)};
     const QString begin = DateWording::timeOfDay(item.start, locale);
     const QString end = DateWording::timeOfDay(item.end, locale);
+    const QString times = item.end > item.start ? KWLocalizedString("%1 to %2").arg(begin, end) : begin;
+    if (item.kind == CalendarItem::Kind::Focus) {
+        QStringList parts{KWLocalizedString("Focus"), displayTitle(item.title), times};
+        parts.removeDuplicates(); // one that was spent on nothing in particular is called so
+        return parts.join(u", "_s);
+    }
+    QStringList parts{displayTitle(item.title), DateWording::fullDay(itemDays.first, locale)};
     if (!itemDays.isOne())
         parts += KWLocalizedString("to %1").arg(DateWording::fullDay(itemDays.last, locale));
     if (item.isAllDay)
         parts += KWLocalizedString("All day").toLower();
     else
-        parts += item.end > item.start ? KWLocalizedString("%1 to %2").arg(begin, end) : begin;
+        parts += times;
     if (item.repeats) parts += KWLocalizedString("repeats");
     if (item.isClosed) parts += KWLocalizedString("completed");
     if (item.kind == CalendarItem::Kind::Habit)

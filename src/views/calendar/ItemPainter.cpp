@@ -59,6 +59,8 @@ ItemColors colorsOf(const CalendarItem &item, KWCalendarColorBy colorBy)
 {
     const bool isByPriority = colorBy == KWCalendarColorByPriority && !item.taskID.isEmpty();
     const QString color = isByPriority ? Theme::current().priority(item.priority).mark.name() : item.color;
+    if (item.kind == CalendarItem::Kind::Focus)
+        return ItemColors::ofClosed(color.isEmpty() ? Theme::current().secondaryText.name() : color);
     return item.isClosed ? ItemColors::ofClosed(color) : ItemColors::of(color);
 }
 

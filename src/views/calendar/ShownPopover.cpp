@@ -132,8 +132,8 @@ void ShownPopover::setChoices(const CalendarChoices &choices, KWCalendarColorBy 
         using enum CalendarChoice::Kind;
         const auto kind = m_choices[i].kind;
         const auto before = i == 0 ? Completed : m_choices[i - 1].kind;
-        const bool isOfList = kind == List || kind == Folder;
-        if (isOfList && before == Repeats) addHeading(KWLocalizedString("Lists"));
+        const auto isOfList = [](CalendarChoice::Kind which) { return which == List || which == Folder; };
+        if (isOfList(kind) && !isOfList(before)) addHeading(KWLocalizedString("Lists"));
         if (kind == Calendar && before != Calendar) addHeading(KWLocalizedString("Calendars"));
         addRow(m_choices[i]);
     }

@@ -24,6 +24,7 @@ CalendarColumn::CalendarColumn(const MainWindowRooms &rooms, MainWindow &window,
     connect(&m_controller, &CalendarController::failed, &m_window, &MainWindow::showMessage);
     connect(&m_tray, &CalendarTrayReader::failed, &m_window, &MainWindow::showMessage);
     connect(&m_controller, &CalendarController::habitOpened, this, &CalendarColumn::habitOpened);
+    connect(&m_controller, &CalendarController::focusOpened, this, &CalendarColumn::focusOpened);
     connect(&m_controller, &CalendarController::habitChecked, this, &CalendarColumn::habitChecked);
     connect(&m_controller, &CalendarController::opened, this, [this](const QString &taskID) {
         m_detail.task().show(taskID);

@@ -29,6 +29,7 @@ public:
 Q_SIGNALS:
     /// As CalendarController has them.
     void habitOpened(const QString &habitID, Day day, const QRect &place);
+    void focusOpened();
     void habitChecked(const QString &habitID, Day day, bool takesBack);
 
 private:

@@ -171,6 +171,8 @@ void MainWindowController::connectColumns()
     HabitCheckIns &checkIns = content.habits.checkIns();
     connect(&content.calendar, &CalendarColumn::habitOpened, &checkIns, &HabitCheckIns::clickDay);
     connect(&content.calendar, &CalendarColumn::habitChecked, &checkIns, &HabitCheckIns::check);
+    connect(&content.calendar, &CalendarColumn::focusOpened, this,
+            [this] { Q_EMIT linkRequested(QStringLiteral("orvane://list/focus")); });
     connect(&list, &TaskListView::habitChecked, &content.habits, &HabitColumn::check);
     connect(&list, &TaskListView::habitOpened, this, &MainWindowController::showHabit);
     connect(&content.search, &WindowSearch::pageOpening, &content.habits, &HabitColumn::giveWayToSearch);

@@ -43,5 +43,7 @@ std::string calendarChoices();
 std::string focusOfHabits();
 /// What finds the focus sessions that have gone on for days.
 std::string focusSessions();
+/// Whether the calendar shows focus sessions.
+std::string focusOnCalendar();
 
 } // namespace schemas
