@@ -3,6 +3,7 @@
 #include "platform/FakeNotificationServer.h"
 #include "support/TestMain.h"
 #include "views/alerts/NotificationPanel.h"
+#include "views/main/MainWindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>
