@@ -79,6 +79,7 @@ private Q_SLOTS:
         QCOMPARE(rows->currentIndex().data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
         QTest::keyClick(rows, Qt::Key_Space);
         QTest::keyClick(rows, Qt::Key_Escape);
+        activate();
         QTRY_VERIFY(titles().contains(u"Focus"_s));
 
         const auto &items = view().content().items;
