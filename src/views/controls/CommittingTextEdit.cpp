@@ -118,6 +118,19 @@ void CommittingTextEdit::commit()
     Q_EMIT committed(m_committedText);
 }
 
+// Not by itself: what hindered it is likely to be there still.
+void CommittingTextEdit::takeBackCommitted()
+{
+    if (!m_echoes.isEmpty()) m_echoes.removeLast();
+    m_committedText = m_storedText;
+}
+
+void CommittingTextEdit::retype(const QString &text)
+{
+    setPlainText(text);
+    textTyped();
+}
+
 void CommittingTextEdit::forgetCommittedText()
 {
     m_committedText.clear();

@@ -36,6 +36,10 @@ public:
     /// What was handed over last, or given from outside since.
     const QString &committedText() const { return m_committedText; }
     bool hasUncommittedText() const { return text() != m_committedText; }
+    /// What was handed over last could not be stored: it counts as typed, and is handed over once more.
+    void takeBackCommitted();
+    /// The text as if it had been typed.
+    void retype(const QString &text);
     /// The record is gone: what stands here is to be handed over as new text.
     void forgetCommittedText();
 

@@ -27,7 +27,7 @@ FocusPanel::FocusPanel(FocusPresenter &presenter, FocusRing::Size size, QWidget 
     , m_presenter(presenter)
     , m_size(size)
     , m_mode(presenter.mode())
-    , m_target(new FocusTargetButton)
+    , m_target(new FocusTargetButton{KWLocalizedString("Choose what to focus on")})
     , m_ring(new FocusRing{size})
     , m_words(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
     , m_notice(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))

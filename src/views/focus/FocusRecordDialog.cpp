@@ -36,7 +36,7 @@ FocusRecordDialog::FocusRecordDialog(Purpose purpose, const Record &record, Focu
     , m_presenter(presenter)
     , m_record(record)
     , m_day(floor<days>(record.start))
-    , m_target(new FocusTargetButton)
+    , m_target(new FocusTargetButton{KWLocalizedString("Nothing in particular")})
     , m_type(new SegmentedControl{{KWLocalizedString("Pomo"), KWLocalizedString("Stopwatch")}})
     , m_dayButton(new TextButton{{}, TextButton::Opens::Menu})
     , m_start(new TimeField)
@@ -160,7 +160,9 @@ LocalTime FocusRecordDialog::end() const
     const bool isKept = typed == minutesOf(m_record.end);
     const LocalTime end =
         LocalTime{m_day} + (isKept ? m_record.end - floor<days>(m_record.end) : milliseconds{typed});
-    return end < start() ? end + days{1} : end;
+    // Over midnight, unless that is still to come.
+    const bool endsNextDay = end < start() && end + days{1} <= m_presenter.kit().context().clock().localNow();
+    return endsNextDay ? end + days{1} : end;
 }
 
 KWFocusType FocusRecordDialog::type() const

@@ -18,7 +18,8 @@ constexpr int chevron = 12;
 
 } // namespace
 
-FocusTargetButton::FocusTargetButton(QWidget *parent) : PaintedButton(parent)
+FocusTargetButton::FocusTargetButton(const QString &whenNone, QWidget *parent)
+    : PaintedButton(parent), m_whenNone(whenNone)
 {
     setObjectName(u"focusTarget"_s);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
@@ -28,8 +29,7 @@ FocusTargetButton::FocusTargetButton(QWidget *parent) : PaintedButton(parent)
 void FocusTargetButton::setTarget(const FocusTargetChoice &target)
 {
     m_target = target;
-    setText(target.title.isEmpty() ? KWLocalizedString("Choose what to focus on")
-                                   : target.title.simplified());
+    setText(target.title.isEmpty() ? m_whenNone : target.title.simplified());
     setAccessibleName(target.title.isEmpty() ? text() : KWLocalizedString("Focusing on %1").arg(text()));
     setToolTip(target.title.isEmpty() ? QString{} : text());
     updateGeometry();

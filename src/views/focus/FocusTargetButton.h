@@ -8,7 +8,8 @@ class FocusTargetButton : public PaintedButton {
     Q_OBJECT
 
 public:
-    explicit FocusTargetButton(QWidget *parent = nullptr);
+    /// `whenNone` stands there when that is nothing in particular.
+    explicit FocusTargetButton(const QString &whenNone, QWidget *parent = nullptr);
 
     void setTarget(const FocusTargetChoice &target);
 
@@ -21,5 +22,6 @@ protected:
 private:
     int chromeWidth() const;
 
+    const QString m_whenNone;
     FocusTargetChoice m_target;
 };

@@ -43,10 +43,13 @@ void CalendarColumn::connectTray(BatchActions &actions)
     });
     connect(&list, &TaskListView::completionToggled, &actions, &BatchActions::tick);
     connect(&list, &TaskListView::deletionRequested, &actions, &BatchActions::remove);
-    connect(&list, &TaskListView::titleEdited, this, [this](const QString &taskID, const QString &title) {
-        if (const Result<void> saved = m_editor.setTitle(taskID, title); !saved)
-            m_window.showMessage(saved.error().sentence);
-    });
+    connect(&list, &TaskListView::titleEdited, this,
+            [this, &list](const QString &taskID, const QString &title) {
+                const Result<void> saved = m_editor.setTitle(taskID, title);
+                if (saved) return;
+                list.editAgain(taskID, title);
+                m_window.showMessage(saved.error().sentence);
+            });
 }
 
 void CalendarColumn::show()

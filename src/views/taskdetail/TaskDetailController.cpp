@@ -108,10 +108,16 @@ void TaskDetailController::report(const Result<void> &saving)
 
 void TaskDetailController::connectEdits()
 {
-    connect(&m_view, &TaskDetailView::titleEdited, this,
-            [this](const QString &title) { report(m_editor.setTitle(m_taskID, title)); });
-    connect(&m_view, &TaskDetailView::contentEdited, this,
-            [this](const QString &content) { report(m_editor.setContent(m_taskID, content)); });
+    connect(&m_view, &TaskDetailView::titleEdited, this, [this](const QString &title) {
+        const Result<void> saved = m_editor.setTitle(m_taskID, title);
+        if (!saved) m_view.keepUnsavedTitle();
+        report(saved);
+    });
+    connect(&m_view, &TaskDetailView::contentEdited, this, [this](const QString &content) {
+        const Result<void> saved = m_editor.setContent(m_taskID, content);
+        if (!saved) m_view.keepUnsavedContent();
+        report(saved);
+    });
     connect(&m_view, &TaskDetailView::linkOpened, this, &TaskDetailController::openLink);
     connect(&m_view, &TaskDetailView::itemToggled, this,
             [this](const QString &itemID) { report(m_editor.tickItem(itemID)); });

@@ -110,8 +110,14 @@ QScrollArea *TaskDetailView::makeScrolledPart()
 void TaskDetailView::connectParts()
 {
     connect(m_parent, &QAbstractButton::clicked, this, &TaskDetailView::parentOpened);
-    connect(m_title, &CommittingTextEdit::committed, this, &TaskDetailView::titleEdited);
-    connect(m_content, &CommittingTextEdit::committed, this, &TaskDetailView::contentEdited);
+    connect(m_title, &CommittingTextEdit::committed, this, [this](const QString &title) {
+        if (m_unsaved.contains(m_sid)) m_unsaved[m_sid].title.reset();
+        Q_EMIT titleEdited(title);
+    });
+    connect(m_content, &CommittingTextEdit::committed, this, [this](const QString &content) {
+        if (m_unsaved.contains(m_sid)) m_unsaved[m_sid].content.reset();
+        Q_EMIT contentEdited(content);
+    });
     connect(m_content, &MarkdownEdit::linkOpened, this, &TaskDetailView::linkOpened);
     connect(m_title, &CommittingTextEdit::entered, m_content, [this] { m_content->setFocus(); });
     connect(m_title, &CommittingTextEdit::leftDownwards, m_content, [this] { m_content->setFocus(); });
@@ -184,6 +190,21 @@ void TaskDetailView::startWith(const TaskDetailData &shown)
     m_content->startWith(shown.task.description());
     m_checklist->startWith(shown.items);
     m_subtasks->clearField();
+    const Unsaved unsaved = m_unsaved.take(m_sid);
+    if (unsaved.title) m_title->retype(*unsaved.title);
+    if (unsaved.content) m_content->retype(*unsaved.content);
+}
+
+void TaskDetailView::keepUnsavedTitle()
+{
+    m_unsaved[m_sid].title = m_title->text();
+    m_title->takeBackCommitted();
+}
+
+void TaskDetailView::keepUnsavedContent()
+{
+    m_unsaved[m_sid].content = m_content->text();
+    m_content->takeBackCommitted();
 }
 
 void TaskDetailView::follow(const TaskDetailData &shown)

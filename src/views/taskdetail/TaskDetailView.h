@@ -3,6 +3,7 @@
 #include "corvexkit/time/CXClock.h"
 #include "views/taskdetail/TaskDetailData.h"
 
+#include <QHash>
 #include <QScrollArea>
 #include <QWidgetList>
 
@@ -31,6 +32,10 @@ public:
     void setTask(const std::optional<TaskDetailData> &shown);
     /// Hands over what is typed and not handed over yet.
     void commitEdits();
+    /// The title or the text that was handed over last could not be stored. It stays in its field and is
+    /// handed over again; when another task is shown first, once this one comes back.
+    void keepUnsavedTitle();
+    void keepUnsavedContent();
 
     DetailHeader &header() { return *m_header; }
     ChecklistView &checklist() { return *m_checklist; }
@@ -64,7 +69,13 @@ private:
     void follow(const TaskDetailData &shown);
     void showParts(const TaskDetailData &shown);
 
-    QString m_sid; // of the task shown
+    struct Unsaved {
+        std::optional<QString> title{};
+        std::optional<QString> content{};
+    };
+
+    QString m_sid;                     // of the task shown
+    QHash<QString, Unsaved> m_unsaved; // by task
     bool m_isClosed = false;
     QWidgetList m_controls; // in the order of Tab
     QWidget *m_page;

@@ -33,15 +33,18 @@ TaskListController::TaskListController(TaskListPane &pane, KWTaskListService &se
 {
     m_service.onRowsChanged = [this] { showRows(); };
     m_service.onFailure = [this](const QString &sentence) { Q_EMIT failed(sentence); };
+    const auto keep = [this](const Result<void> &saved, const QString &id, const QString &title) {
+        if (saved) return;
+        m_pane.list().editAgain(id, title);
+        Q_EMIT failed(saved.error().sentence);
+    };
     connect(&m_pane.list(), &TaskListView::titleEdited, this,
-            [this](const QString &taskID, const QString &title) {
-                if (const Result<void> saved = m_editor.setTitle(taskID, title); !saved)
-                    Q_EMIT failed(saved.error().sentence);
+            [this, keep](const QString &taskID, const QString &title) {
+                keep(m_editor.setTitle(taskID, title), taskID, title);
             });
     connect(&m_pane.list(), &TaskListView::itemTitleEdited, this,
-            [this](const QString &itemID, const QString &title) {
-                if (const Result<void> saved = m_editor.setItemTitle(itemID, title); !saved)
-                    Q_EMIT failed(saved.error().sentence);
+            [this, keep](const QString &itemID, const QString &title) {
+                keep(m_editor.setItemTitle(itemID, title), itemID, title);
             });
     connect(&m_pane.list(), &TaskListView::currentTaskChanged, this, [this] { m_wantedTask.clear(); });
     for (const QString &name : {KWNewMinuteComesNotification, KWUserSettingsDidChangeNotification})

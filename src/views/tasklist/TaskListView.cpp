@@ -282,6 +282,22 @@ void TaskListView::handOver(const QString &id, bool isItem, const QString &title
         Q_EMIT titleEdited(id, title);
 }
 
+// From the event loop: the editor that handed the title over is closing.
+void TaskListView::editAgain(const QString &id, const QString &typedTitle)
+{
+    const auto open = [this, id, typedTitle] {
+        const QModelIndex row = m_model.indexOf(id);
+        if (!row.isValid()) return;
+        setCurrentIndex(row);
+        edit(row);
+        auto *line = qobject_cast<QLineEdit *>(indexWidget(row));
+        if (!line) return;
+        line->setText(typedTitle);
+        line->setModified(true);
+    };
+    QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
+}
+
 void TaskListView::toggle(const QStringList &sids)
 {
     if (sids.isEmpty()) return;

@@ -47,6 +47,9 @@ public:
     /// The tasks among them, and whether there is one.
     QStringList selectedTasks() const;
     bool hasSelectedTask() const;
+    /// Opens the row once more with the title that was typed and could not be stored. Nothing happens when it
+    /// is not in the list.
+    void editAgain(const QString &id, const QString &typedTitle);
     /// Selects the task and scrolls to it; nothing happens when it is not in the list.
     void selectTask(const QString &sid);
     /// Selects those that are in the list; the first becomes the current one.

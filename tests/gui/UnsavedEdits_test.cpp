@@ -1,0 +1,111 @@
+#include "gui/MainWindowHands.h"
+#include "model/records/KWTask.h"
+#include "model/store/Connection.h"
+#include "support/TestMain.h"
+#include "views/controls/CommittingTextEdit.h"
+
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+/// What is typed while nothing can be stored is there to be stored later.
+class UnsavedEdits_test : public QObject, MainWindowHands {
+    Q_OBJECT
+
+    // While a store that takes nothing is lent to whoever saves.
+    class Hindrance {
+    public:
+        explicit Hindrance(OrvaneKit &kit) : m_connection(**kit.manager().store().borrowConnection())
+        {
+            m_connection.execute("PRAGMA query_only = 1");
+        }
+        ~Hindrance() { m_connection.execute("PRAGMA query_only = 0"); }
+
+    private:
+        Connection &m_connection;
+    };
+
+    QString storedTitle(const QString &id)
+    {
+        return m_client->kit().context().find<KWTask>(id)->model().title;
+    }
+    QString storedContent(const QString &id)
+    {
+        return m_client->kit().context().find<KWTask>(id)->model().content;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        startClient();
+        for (const char *each : {"Rent", "Water"})
+            QVERIFY(m_client->rooms().newTasks().add(QString::fromLatin1(each)));
+        m_client->openList(u"Inbox"_s);
+        QTRY_COMPARE(pane().model().tasks().size(), 2);
+    }
+    void cleanup() { endClient(); }
+
+    void ofARowStandsInItsEditorAgain()
+    {
+        const QString id = idOf(u"Rent"_s);
+        goTo(taskRow(u"Rent"_s));
+        m_client->press(Qt::Key_F2);
+        auto &editor = m_client->find<QLineEdit>("taskRowTitleEditor");
+        editor.selectAll();
+        QTest::keyClicks(&editor, u"Pay the rent"_s);
+        {
+            const Hindrance hindrance{m_client->kit()};
+            QTest::keyClick(&editor, Qt::Key_Return);
+            QCOMPARE(storedTitle(id), u"Rent"_s);
+        }
+        const auto opened = [&] { return qobject_cast<QLineEdit *>(list().indexWidget(taskRow(u"Rent"_s))); };
+        QTRY_VERIFY(opened() && opened() != &editor);
+        QCOMPARE(opened()->text(), u"Pay the rent"_s);
+        QTest::keyClick(opened(), Qt::Key_Return);
+        QTRY_COMPARE(storedTitle(id), u"Pay the rent"_s);
+    }
+
+    void ofTheDetailIsStoredLater_data()
+    {
+        QTest::addColumn<bool>("isLeft");
+        QTest::newRow("with the focus") << false;
+        QTest::newRow("after another task") << true;
+    }
+    void ofTheDetailIsStoredLater()
+    {
+        QFETCH(bool, isLeft);
+        const QString id = idOf(u"Rent"_s);
+        goTo(taskRow(u"Rent"_s));
+        auto &title = m_client->find<CommittingTextEdit>("taskTitle");
+        auto &content = m_client->find<CommittingTextEdit>("taskContent");
+        {
+            const Hindrance hindrance{m_client->kit()};
+            title.setFocus();
+            title.selectAll();
+            QTest::keyClicks(&title, u"Pay the rent"_s);
+            content.setFocus();
+            QTest::keyClicks(&content, u"By transfer"_s);
+            m_client->clock.advance(2s);
+            QCOMPARE(storedTitle(id), u"Rent"_s);
+            QVERIFY(title.hasUncommittedText() && content.hasUncommittedText());
+            if (isLeft) {
+                goTo(taskRow(u"Water"_s));
+                QTRY_COMPARE(title.text(), u"Water"_s);
+            }
+        }
+        if (isLeft) {
+            goTo(taskRow(u"Rent"_s));
+            QTRY_COMPARE(title.text(), u"Pay the rent"_s);
+            m_client->clock.advance(2s);
+        } else {
+            title.setFocus();
+            list().setFocus();
+        }
+        QTRY_COMPARE(storedTitle(id), u"Pay the rent"_s);
+        QTRY_COMPARE(storedContent(id), u"By transfer"_s);
+    }
+};
+
+ORVANE_TEST(UnsavedEdits_test)
+#include "UnsavedEdits_test.moc"
