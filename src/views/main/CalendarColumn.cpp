@@ -37,7 +37,7 @@ CalendarColumn::CalendarColumn(const MainWindowRooms &rooms, MainWindow &window,
 void CalendarColumn::connectTray(BatchActions &actions)
 {
     CalendarPane &pane = m_window.calendarPane();
-    const TaskListView &list = pane.tray().list();
+    TaskListView &list = pane.tray().list();
     connect(&list, &TaskListView::opened, &pane, [&pane](const QString &taskID) {
         Q_EMIT pane.edits().scheduleRequested({taskID}, pane.view().spot());
     });
