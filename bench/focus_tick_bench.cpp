@@ -15,13 +15,16 @@ struct FocusPage : Account {
     AlertPort alerts;
     FocusPopoverPort popover;
     UserNotificationCenterPort notifications;
+    FocusSoundPort sound;
     FocusRooms rooms{*kit,
                      clock,
                      {.alerts = alerts,
                       .popover = popover,
                       .notifications = notifications,
-                      .window = [] { return nullptr; },
-                      .openWindow = [](const QString &) {}}};
+                      .sound = sound,
+                      .window = []() -> QWidget * { return nullptr; },
+                      .openWindow = [](const QString &) {},
+                      .tellFailure = [](const QString &) {}}};
     FocusPane pane;
 
     explicit FocusPage(bool isShown)
