@@ -37,7 +37,7 @@ FocusRecordDialog::FocusRecordDialog(Purpose purpose, const Record &record, Focu
     , m_record(record)
     , m_day(floor<days>(record.start))
     , m_target(new FocusTargetButton{KWLocalizedString("Nothing in particular")})
-    , m_type(new SegmentedControl{{KWLocalizedString("Pomo"), KWLocalizedString("Stopwatch")}})
+    , m_type(new SegmentedControl{{KWLocalizedString("Pomo"), KWLocalizedString("Stopwatch")}, this})
     , m_dayButton(new TextButton{{}, TextButton::Opens::Menu})
     , m_start(new TimeField)
     , m_end(new TimeField)
