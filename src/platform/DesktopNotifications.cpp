@@ -6,6 +6,8 @@
 
 #include <QDBusPendingReply>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,8 +59,8 @@ void DesktopNotifications::forgetServer()
 {
     m_capabilities.reset();
     m_tokens.clear();
-    for (uint &each : m_ids)
-        each = 0;
+    for (Shown &each : m_shown)
+        each.id = 0;
 }
 
 void DesktopNotifications::askForCapabilities()
@@ -90,9 +92,9 @@ void DesktopNotifications::send(const UserNotification &notification)
         hints.insert(u"suppress-sound"_s, true);
     else
         hints.insert(u"sound-name"_s, u"alarm-clock-elapsed"_s);
-    const uint replaced = m_ids.value(notification.identifier);
-    m_ids.insert(notification.identifier, replaced);
-    whenAnswered(m_server->asyncCall(u"Notify"_s, localizedApplicationName(), replaced,
+    Shown &shown = m_shown[notification.identifier];
+    ++shown.onTheirWay;
+    whenAnswered(m_server->asyncCall(u"Notify"_s, localizedApplicationName(), shown.id,
                                      u"org.orvane.Orvane"_s, notification.title,
                                      readsMarkup ? notification.body.toHtmlEscaped() : notification.body,
                                      actions, hints, asLongAsTheServerLikes),
@@ -102,20 +104,27 @@ void DesktopNotifications::send(const UserNotification &notification)
                      // It has gone since it was asked, or will not take this one.
                      desktopNotificationsLog.warning(reply.error().message());
                      m_capabilities.reset();
-                     if (m_ids.remove(notification.identifier)) showInPanel({notification});
+                     if (m_shown.remove(notification.identifier)) showInPanel({notification});
                  });
 }
 
 void DesktopNotifications::didSend(const UserNotification &notification, uint id)
 {
-    const auto shown = m_ids.find(notification.identifier);
-    if (shown == m_ids.end()) { // taken back on its way
+    const auto shown = m_shown.find(notification.identifier);
+    if (shown == m_shown.end()) { // taken back on its way
         m_server->asyncCall(u"CloseNotification"_s, id);
         return;
     }
     // Shown a second time before the id was known that it would have replaced.
-    if (*shown != 0 && *shown != id) m_server->asyncCall(u"CloseNotification"_s, *shown);
-    *shown = id;
+    if (shown->id != 0 && shown->id != id) m_server->asyncCall(u"CloseNotification"_s, shown->id);
+    *shown = {.id = id, .onTheirWay = std::max(0, shown->onTheirWay - 1)};
+}
+
+QString DesktopNotifications::identifierOf(uint id) const
+{
+    const auto found =
+        std::find_if(m_shown.begin(), m_shown.end(), [id](const Shown &each) { return each.id == id; });
+    return found == m_shown.end() ? QString() : found.key();
 }
 
 void DesktopNotifications::showInPanel(const QList<UserNotification> &notifications)
@@ -127,23 +136,27 @@ void DesktopNotifications::showInPanel(const QList<UserNotification> &notificati
 void DesktopNotifications::withdraw(const QString &identifier)
 {
     m_waiting.removeIf([&identifier](const auto &each) { return each.identifier == identifier; });
-    if (const uint id = m_ids.take(identifier)) m_server->asyncCall(u"CloseNotification"_s, id);
+    if (const uint id = m_shown.take(identifier).id) m_server->asyncCall(u"CloseNotification"_s, id);
     m_panel.withdraw(identifier);
 }
 
 void DesktopNotifications::actionInvoked(uint id, const QString &key)
 {
     // Servers tell everybody of everybody's messages.
-    const QString identifier = m_ids.key(id);
+    const QString identifier = identifierOf(id);
     const QString token = m_tokens.take(id);
     if (!identifier.isEmpty() && onResponse) onResponse({identifier, key, token});
 }
 
 void DesktopNotifications::closed(uint id)
 {
-    const QString identifier = m_ids.key(id);
+    const QString identifier = identifierOf(id);
     m_tokens.remove(id);
     if (identifier.isEmpty()) return;
-    m_ids.remove(identifier);
+    if (Shown &shown = m_shown[identifier]; shown.onTheirWay > 0) { // the next one stands in its place
+        shown.id = 0;
+        return;
+    }
+    m_shown.remove(identifier);
     if (onClosed) onClosed(identifier);
 }

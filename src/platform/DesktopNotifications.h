@@ -27,11 +27,17 @@ public:
     void withdraw(const QString &identifier) override;
 
 private:
+    struct Shown {
+        uint id = 0;        // 0 until the server has said it, and when that server has gone
+        int onTheirWay = 0; // messages sent that have no id yet
+    };
+
     void connectToServer();
     void forgetServer();
     void askForCapabilities();
     void send(const UserNotification &notification);
     void didSend(const UserNotification &notification, uint id);
+    QString identifierOf(uint id) const;
     void showInPanel(const QList<UserNotification> &notifications);
     void actionInvoked(uint id, const QString &key);
     void closed(uint id);
@@ -43,7 +49,6 @@ private:
     std::optional<QStringList> m_capabilities; // unknown until the server has answered
     bool m_isAsking = false;
     QList<UserNotification> m_waiting; // for the capabilities
-    QHash<QString, uint> m_ids;    // by identifier, of what is shown; 0 while it is on its way, and when the
-                                   // server that showed it has gone
-    QHash<uint, QString> m_tokens; // of the next action
+    QHash<QString, Shown> m_shown;     // by identifier
+    QHash<uint, QString> m_tokens;     // of the next action
 };

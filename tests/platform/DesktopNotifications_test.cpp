@@ -95,12 +95,23 @@ private Q_SLOTS:
         scene.show(u"Write"_s);
         QTRY_COMPARE(server.messages.size(), 4);
         QCOMPARE(server.messages.last().replaced, shown);
+        scene.heard.clear();
+        server.tell(qPrintable(server.service), "NotificationClosed", {shown, 2u});
+        scene.show(u"Write"_s); // before it is heard that the one it replaces has closed
+        QTRY_COMPARE(server.messages.size(), 5);
+        server.press(server.messages.last().id, u"complete"_s);
+        QTRY_COMPARE(scene.heard, QStringList({u"Write complete token"_s, u"Write closed"_s}));
+        QVERIFY(!server.closed.contains(shown));
+        scene.show(u"Write"_s);
+        QTRY_COMPARE(server.messages.size(), 6);
+        scene.show(u"Write"_s);
+        QTRY_COMPARE(server.messages.size(), 7);
         scene.desktop.withdraw(u"Write"_s);
-        QTRY_VERIFY(server.closed.contains(shown));
+        QTRY_VERIFY(server.closed.contains(server.messages.last().id));
 
         scene.show(u"Late"_s);
         scene.desktop.withdraw(u"Late"_s); // on its way
-        QTRY_COMPARE(server.messages.size(), 5);
+        QTRY_COMPARE(server.messages.size(), 8);
         QTRY_VERIFY(server.closed.contains(server.messages.last().id));
         QCOMPARE(scene.panel.titles, QStringList{});
     }
