@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/alerts/NotificationCard.h"
+#include "views/controls/ScrollColumn.h"
 #include "views/controls/TextButton.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
-#include <QScrollArea>
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +22,7 @@ constexpr int panelEdge = 1;
 } // namespace
 
 NotificationWindow::NotificationWindow()
-    : PopupFrame(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint)
-    , m_head(new QWidget)
-    , m_count(new QLabel)
-    , m_area(new QScrollArea)
+    : PopupFrame(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint), m_head(new QWidget), m_count(new QLabel)
 {
     setObjectName(u"notificationPanel"_s);
     setWindowTitle(KWLocalizedString("Reminders"));
@@ -46,13 +43,7 @@ NotificationWindow::NotificationWindow()
     m_cards = new QVBoxLayout{content};
     m_cards->setContentsMargins({});
     m_cards->setSpacing(0);
-    m_area->setFrameShape(QFrame::NoFrame);
-    m_area->setFocusPolicy(Qt::NoFocus);
-    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_area->setWidgetResizable(true);
-    m_area->setWidget(content);
-    m_area->viewport()->setAutoFillBackground(false);
-    content->setAutoFillBackground(false);
+    m_area = new ScrollColumn{content};
 
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(panelEdge, panelEdge, panelEdge, Metrics::grid);

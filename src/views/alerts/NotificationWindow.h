@@ -4,7 +4,7 @@
 
 class NotificationCard;
 class QLabel;
-class QScrollArea;
+class ScrollColumn;
 class QVBoxLayout;
 
 /// The window of the notification panel: the messages below each other, as high as they need and the screen
@@ -28,6 +28,6 @@ private:
 
     QWidget *m_head;
     QLabel *m_count;
-    QScrollArea *m_area;
+    ScrollColumn *m_area;
     QVBoxLayout *m_cards;
 };

@@ -38,6 +38,8 @@ void IconButton::paintContent(QPainter &painter)
         painter.translate(width(), 0);
         painter.scale(-1, 1);
     }
-    Icons::paint(painter, rect(), m_icon, Metrics::scaled(Metrics::icon),
-                 m_color.isValid() ? m_color : Theme::current().secondaryText);
+    const QColor color = !isEnabled()        ? Theme::current().faintText
+                         : m_color.isValid() ? m_color
+                                             : Theme::current().secondaryText;
+    Icons::paint(painter, rect(), m_icon, Metrics::scaled(Metrics::icon), color);
 }

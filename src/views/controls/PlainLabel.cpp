@@ -17,6 +17,14 @@ QLabel *makePlainLabel(const QString &text, Fonts::Role role, QPalette::ColorRol
     return label;
 }
 
+QLabel *makeProblemLine(const char *name)
+{
+    QLabel *line = makePlainLabel({}, Fonts::Role::Secondary, QPalette::BrightText);
+    line->setObjectName(QLatin1StringView{name});
+    line->hide();
+    return line;
+}
+
 void sayIn(QLabel &label, const QString &sentence)
 {
     label.setText(sentence);

@@ -12,5 +12,8 @@ class QLabel;
 QLabel *makePlainLabel(const QString &text, Fonts::Role role,
                        QPalette::ColorRole color = QPalette::WindowText);
 
+/// A line that says what cannot be done; hidden until sayIn() says something. `name` is its object name.
+QLabel *makeProblemLine(const char *name);
+
 /// Shows the label with this sentence, and screen readers say it.
 void sayIn(QLabel &label, const QString &sentence);

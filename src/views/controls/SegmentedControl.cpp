@@ -7,6 +7,7 @@
 #include "views/theme/Theme.h"
 
 #include <QButtonGroup>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -32,6 +33,13 @@ public:
     }
 
 protected:
+    // The Tab key comes to the chosen one, from both sides.
+    void focusInEvent(QFocusEvent *event) override
+    {
+        const bool isTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+        if (isTab && !isChecked()) return group()->checkedButton()->setFocus(event->reason());
+        PaintedButton::focusInEvent(event);
+    }
     void paintContent(QPainter &painter) override
     {
         const Theme &theme = Theme::current();

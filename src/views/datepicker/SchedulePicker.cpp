@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/PlainLabel.h"
+#include "views/controls/ScrollColumn.h"
 #include "views/controls/TabOrder.h"
 #include "views/datepicker/DayChooser.h"
 #include "views/datepicker/ReminderField.h"
@@ -68,18 +69,10 @@ SchedulePicker::SchedulePicker(const TaskSchedule &schedule, const Surroundings 
     column->addWidget(m_details);
     column->addStretch(1);
     column->addLayout(makeButtons());
-    auto *area = new QScrollArea{this};
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidgetResizable(true);
-    area->setWidget(inner);
-    area->viewport()->setAutoFillBackground(false);
-    inner->setAutoFillBackground(false);
     inner->installEventFilter(this); // a rule adds rows
     auto *frame = new QVBoxLayout{this};
     frame->setContentsMargins(1, 1, 1, 1);
-    frame->addWidget(area);
+    frame->addWidget(new ScrollColumn{inner});
 
     m_occurrences->setObjectName(u"occurrences"_s);
     connectDays();

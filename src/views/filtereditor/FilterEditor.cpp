@@ -42,7 +42,7 @@ FilterEditor::FilterEditor(const Content &content, FilterChoices choices, Day to
     , m_rowsLayout(new QVBoxLayout)
     , m_area(new QScrollArea)
     , m_countLabel(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
-    , m_message(makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link))
+    , m_message(makeProblemLine("filterMessage"))
 {
     setObjectName(u"filterEditor"_s);
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -87,8 +87,6 @@ FilterEditor::FilterEditor(const Content &content, FilterChoices choices, Day to
     column->addWidget(m_area, 1);
     column->addWidget(m_message);
     column->addLayout(makeFooter());
-    m_message->setObjectName(u"filterMessage"_s);
-    m_message->hide();
     for (const Condition &each : group.parts)
         addRow(each);
     const QSize wanted{Metrics::scaled(editorSize.width()), Metrics::scaled(editorSize.height())};

@@ -3,6 +3,7 @@
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/IconButton.h"
 #include "views/controls/PlainLabel.h"
+#include "views/controls/ScrollColumn.h"
 #include "views/controls/SegmentedControl.h"
 #include "views/controls/TabOrder.h"
 #include "views/focus/FocusPanel.h"
@@ -12,7 +13,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -77,14 +77,7 @@ void FocusPane::setPresenter(FocusPresenter &presenter)
     lines->setContentsMargins(Metrics::margin, aboveTarget, Metrics::margin, Metrics::margin);
     lines->addWidget(m_panel);
     lines->addStretch(1);
-    auto *area = new QScrollArea;
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->viewport()->setAutoFillBackground(false);
-    area->setWidget(inside);
-    inside->setAutoFillBackground(false);
-    m_column->addWidget(area, 1);
+    m_column->addWidget(new ScrollColumn{inside}, 1);
     setFocusProxy(m_panel);
     connect(m_panel, &FocusPanel::modeChanged, this, &FocusPane::showMode);
     showMode(presenter.mode());

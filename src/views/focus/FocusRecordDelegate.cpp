@@ -1,7 +1,6 @@
 #include "views/focus/FocusRecordDelegate.h"
 
 #include "views/theme/Fonts.h"
-#include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
 #include "views/theme/Theme.h"
 
@@ -24,7 +23,7 @@ void FocusRecordDelegate::paint(QPainter *painter, const QStyleOptionViewItem &o
     const bool isFocused = option.state & QStyle::State_HasFocus;
     const bool isMarked = isFocused || option.state & QStyle::State_MouseOver;
     if (isMarked) Painting::roundedBox(*painter, option.rect, Metrics::rowRadius, theme.hover);
-    const QRect row = option.rect.adjusted(Metrics::grid * 2, 0, -Metrics::grid * 2, 0);
+    const QRect row = option.rect.adjusted(inset, 0, -inset, 0);
     if (!isMarked) painter->fillRect(QRect{row.left(), option.rect.bottom(), row.width(), 1}, theme.hairline);
     const int dot = Metrics::scaled(Metrics::dot);
     Painting::dot(*painter, QRectF{visual({row.left(), row.top(), dot, row.height()})}.center(),

@@ -41,14 +41,12 @@ FocusRecordDialog::FocusRecordDialog(Purpose purpose, const Record &record, Focu
     , m_dayButton(new TextButton{{}, TextButton::Opens::Menu})
     , m_start(new TimeField)
     , m_end(new TimeField)
-    , m_problem(makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link))
+    , m_problem(makeProblemLine("focusRecordProblem"))
 {
     setObjectName(u"focusRecordDialog"_s);
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(purpose == Purpose::Add ? KWLocalizedString("Add Record")
                                            : KWLocalizedString("Edit Record"));
-    m_problem->setObjectName(u"focusRecordProblem"_s);
-    m_problem->hide();
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::margin, Metrics::margin, Metrics::margin, Metrics::gap);
     column->setSpacing(Metrics::gap);

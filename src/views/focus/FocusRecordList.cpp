@@ -24,18 +24,35 @@ QString titleOfRecord(const FocusRecordRow &record)
                        : KWLocalizedString("%1 and %2 more").arg(first).arg(QLocale{}.toString(others));
 }
 
-// The times of a Pomo, the length of what the stopwatch has timed, and the day when it is another one.
-QString noteOfRecord(const FocusRecordRow &record, Day today, const CXTimeZone &zone)
+QString timesOfRecord(const FocusRecordRow &record, const CXTimeZone &zone)
 {
     const QLocale locale;
-    QString note;
-    if (record.type == KWFocusTypeStopwatch)
-        note = KWLocalizedString("Stopwatch, %1").arg(FocusWording::length(record.focused));
-    else
-        note = DateWording::timeOfDay(zone.toLocal(record.startDate), locale) + u" – "_s +
-               DateWording::timeOfDay(zone.toLocal(record.endDate), locale);
-    const Day day = zone.dayOf(record.startDate);
-    return day == today ? note : DateWording::relativeDay(day, today, locale) + u", "_s + note;
+    return DateWording::timeOfDay(zone.toLocal(record.startDate), locale) + u" – "_s +
+           DateWording::timeOfDay(zone.toLocal(record.endDate), locale);
+}
+
+QString dayOfRecord(const FocusRecordRow &record, Day today, const CXTimeZone &zone)
+{
+    return DateWording::relativeDay(zone.dayOf(record.startDate), today, QLocale{});
+}
+
+// The times of a Pomo of today, the length of what the stopwatch has timed and of what was on another day.
+QString noteOfRecord(const FocusRecordRow &record, Day today, const CXTimeZone &zone)
+{
+    const QString length = FocusWording::length(record.focused);
+    if (zone.dayOf(record.startDate) != today) return dayOfRecord(record, today, zone) + u", "_s + length;
+    return record.type == KWFocusTypeStopwatch ? KWLocalizedString("Stopwatch, %1").arg(length)
+                                               : timesOfRecord(record, zone);
+}
+
+// All that is known of it.
+QString descriptionOfRecord(const FocusRecordRow &record, Day today, const CXTimeZone &zone)
+{
+    const QString length = FocusWording::length(record.focused);
+    return QStringList{titleOfRecord(record), dayOfRecord(record, today, zone), timesOfRecord(record, zone),
+                       record.type == KWFocusTypeStopwatch ? KWLocalizedString("Stopwatch, %1").arg(length)
+                                                           : length}
+        .join(u", "_s);
 }
 
 } // namespace
@@ -65,12 +82,12 @@ void FocusRecordList::setRecords(const QList<FocusRecordRow> &records, Day today
     m_model->clear();
     for (const FocusRecordRow &each : records) {
         auto *item = new QStandardItem{titleOfRecord(each)};
-        const QString note = noteOfRecord(each, today, zone);
+        const QString description = descriptionOfRecord(each, today, zone);
         item->setData(each.recordID, FocusRecordDelegate::RecordRole);
         item->setData(each.mainSubject().color, FocusRecordDelegate::ColorRole);
-        item->setData(note, FocusRecordDelegate::NoteRole);
-        item->setData(KWLocalizedString("%1, %2").arg(item->text(), note), Qt::AccessibleTextRole);
-        item->setToolTip(item->text());
+        item->setData(noteOfRecord(each, today, zone), FocusRecordDelegate::NoteRole);
+        item->setData(description, Qt::AccessibleTextRole);
+        item->setToolTip(description);
         m_model->appendRow(item);
         if (each.recordID == kept) setCurrentIndex(item->index());
     }

@@ -3,10 +3,12 @@
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/IconButton.h"
 #include "views/controls/PlainLabel.h"
+#include "views/controls/ScrollColumn.h"
 #include "views/controls/TabOrder.h"
 #include "views/controls/TextButton.h"
 #include "views/focus/FocusDaysChart.h"
 #include "views/focus/FocusFigureCard.h"
+#include "views/focus/FocusRecordDelegate.h"
 #include "views/focus/FocusRecordList.h"
 #include "views/focus/FocusStatisticsView.h"
 #include "views/focus/FocusWording.h"
@@ -15,7 +17,6 @@
 
 #include <QLabel>
 #include <QPainter>
-#include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -51,45 +52,52 @@ FocusSideView::FocusSideView(QWidget *parent)
     m_more->setAccessibleName(m_more->text());
     auto *parts = new QWidget;
     auto *column = new QVBoxLayout{parts};
-    column->setContentsMargins(Metrics::sideMargin, Metrics::gap + Metrics::grid, Metrics::sideMargin,
-                               Metrics::margin);
-    column->setSpacing(Metrics::gap);
-    column->addLayout(makeHead());
-    auto *cards = new QHBoxLayout;
-    cards->setSpacing(Metrics::gap);
-    cards->addWidget(m_pomos, 1);
-    cards->addWidget(m_focused, 1);
-    column->addLayout(cards);
-    column->addLayout(makeRecordsHead());
-    column->addWidget(m_noRecords);
-    auto *rows = new QHBoxLayout;
-    rows->setContentsMargins(-Metrics::grid * 2, 0, -Metrics::grid * 2, 0); // as rows of a list stand out
-    rows->addWidget(m_records);
-    column->addLayout(rows);
-    column->addWidget(m_more, 0, Qt::AlignHCenter);
-    column->addWidget(makeSideCaption(KWLocalizedString("Last 7 days")), 0, Qt::AlignLeft);
-    column->addWidget(m_week);
-    column->addSpacing(Metrics::gap);
-    column->addWidget(makeSideCaption(KWLocalizedString("Statistics")), 0, Qt::AlignLeft);
-    column->addWidget(m_statistics);
+    const int side = Metrics::sideMargin - FocusRecordDelegate::inset; // rows stand out by as much
+    column->setContentsMargins(side, Metrics::gap + Metrics::grid, side, Metrics::margin);
+    column->setSpacing(0);
+    column->addLayout(makeUpperPart());
+    column->addWidget(m_records);
+    column->addLayout(makeLowerPart());
     column->addStretch(1);
-    auto *page = new QScrollArea;
-    page->setFrameShape(QFrame::NoFrame);
-    page->setWidgetResizable(true);
-    page->setFocusPolicy(Qt::NoFocus);
-    page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    page->viewport()->setAutoFillBackground(false);
-    page->setWidget(parts);
-    parts->setAutoFillBackground(false);
     auto *layout = new QVBoxLayout{this};
     layout->setContentsMargins({});
-    layout->addWidget(page);
+    layout->addWidget(new ScrollColumn{parts});
     setTabOrderOf(controlsInOrder(*parts));
     setFocusProxy(m_add);
     connect(m_close, &QAbstractButton::clicked, this, &FocusSideView::closeRequested);
     connect(m_add, &QAbstractButton::clicked, this, &FocusSideView::creationRequested);
     connect(m_more, &QAbstractButton::clicked, this, &FocusSideView::moreRecordsRequested);
     connect(m_statistics, &FocusStatisticsView::periodRequested, this, &FocusSideView::periodRequested);
+}
+
+QLayout *FocusSideView::makeUpperPart()
+{
+    auto *cards = new QHBoxLayout;
+    cards->setSpacing(Metrics::gap);
+    cards->addWidget(m_pomos, 1);
+    cards->addWidget(m_focused, 1);
+    auto *part = new QVBoxLayout;
+    part->setContentsMargins(FocusRecordDelegate::inset, 0, FocusRecordDelegate::inset, 0);
+    part->setSpacing(Metrics::gap);
+    part->addLayout(makeHead());
+    part->addLayout(cards);
+    part->addLayout(makeRecordsHead());
+    part->addWidget(m_noRecords);
+    return part;
+}
+
+QLayout *FocusSideView::makeLowerPart()
+{
+    auto *part = new QVBoxLayout;
+    part->setContentsMargins(FocusRecordDelegate::inset, Metrics::gap, FocusRecordDelegate::inset, 0);
+    part->setSpacing(Metrics::gap);
+    part->addWidget(m_more, 0, Qt::AlignHCenter);
+    part->addWidget(makeSideCaption(KWLocalizedString("Last 7 days")), 0, Qt::AlignLeft);
+    part->addWidget(m_week);
+    part->addSpacing(Metrics::gap);
+    part->addWidget(makeSideCaption(KWLocalizedString("Statistics")), 0, Qt::AlignLeft);
+    part->addWidget(m_statistics);
+    return part;
 }
 
 QLayout *FocusSideView::makeHead()

@@ -35,6 +35,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QLayout *makeUpperPart();
+    QLayout *makeLowerPart();
     QLayout *makeHead();
     QLayout *makeRecordsHead();
     void showToday(const FocusPageContent &content);

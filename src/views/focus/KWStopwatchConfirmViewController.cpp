@@ -35,15 +35,13 @@ KWStopwatchConfirmViewController::KWStopwatchConfirmViewController(double origin
     , m_hrs(makePart("hrs", KWLocalizedString("Hours"), StopwatchLength::ofSeconds(originalDuration).hours))
     , m_mins(makePart("mins", KWLocalizedString("Minutes"),
                       StopwatchLength::ofSeconds(originalDuration).minutes))
-    , m_problem(makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link))
+    , m_problem(makeProblemLine("stopwatchConfirmProblem"))
     , m_confirm(new QPushButton{KWLocalizedString("Confirm")})
 {
     setObjectName(u"stopwatchConfirmView"_s);
     m_message->setObjectName(u"stopwatchConfirmMessage"_s);
     m_message->setFixedWidth(Metrics::scaled(confirmTextWidth));
-    m_problem->setObjectName(u"stopwatchConfirmProblem"_s);
     m_problem->setFixedWidth(m_message->width());
-    m_problem->hide();
     m_confirm->setObjectName(u"stopwatchConfirm"_s);
     m_confirm->setAccessibleName(m_confirm->text());
     m_confirm->setDefault(true);

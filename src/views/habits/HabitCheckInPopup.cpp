@@ -51,7 +51,7 @@ HabitCheckInPopup::HabitCheckInPopup(const Content &content, QWidget *parent)
     , m_amount(new QLineEdit)
     , m_unit(makePlainLabel({}, Fonts::Role::Body, QPalette::PlaceholderText))
     , m_state(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
-    , m_problem(makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link))
+    , m_problem(makeProblemLine("habitDayProblem"))
     , m_done(makePopupButton("habitDayDone"))
     , m_unAchieved(makePopupButton("habitDayUnAchieved"))
     , m_skip(makePopupButton("habitDaySkip"))
@@ -61,8 +61,6 @@ HabitCheckInPopup::HabitCheckInPopup(const Content &content, QWidget *parent)
     setObjectName(u"habitCheckIn"_s);
     const QString day = DateWording::fullDay(content.day.day, locale());
     setAccessibleName(KWLocalizedString("%1, %2").arg(content.habit.name, day));
-    m_problem->setObjectName(u"habitDayProblem"_s);
-    m_problem->hide();
     m_note->setPlainText(content.note);
     m_note->setFixedHeight(Metrics::scaled(noteHeight));
 

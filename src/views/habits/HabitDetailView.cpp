@@ -5,6 +5,7 @@
 #include "views/controls/IconButton.h"
 #include "views/controls/PillButton.h"
 #include "views/controls/PlainLabel.h"
+#include "views/controls/ScrollColumn.h"
 #include "views/controls/TabOrder.h"
 #include "views/focus/FocusWording.h"
 #include "views/habits/HabitAmountChart.h"
@@ -20,7 +21,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPainter>
-#include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -34,7 +34,6 @@ QLabel *makeHeading() { return makePlainLabel({}, Fonts::Role::BodyStrong); }
 
 HabitDetailView::HabitDetailView(QWidget *parent)
     : QWidget(parent)
-    , m_page(new QScrollArea{this})
     , m_name(makePlainLabel({}, Fonts::Role::DetailTitle))
     , m_close(new IconButton{Icon::Close, KWLocalizedString("Close")})
     , m_restore(new PillButton{KWLocalizedString("Restore"), PillButton::Look::Filled})
@@ -72,13 +71,7 @@ HabitDetailView::HabitDetailView(QWidget *parent)
     for (QWidget *each : QWidgetList{m_chartName, m_chart, m_notesName, m_notes, m_yearName, m_year})
         column->addWidget(each);
     column->addStretch(1);
-    m_page->setFrameShape(QFrame::NoFrame);
-    m_page->setWidgetResizable(true);
-    m_page->setFocusPolicy(Qt::NoFocus);
-    m_page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_page->viewport()->setAutoFillBackground(false);
-    m_page->setWidget(parts);
-    parts->setAutoFillBackground(false);
+    m_page = new ScrollColumn{parts};
     auto *layout = new QVBoxLayout{this};
     layout->setContentsMargins({});
     layout->addWidget(m_page);

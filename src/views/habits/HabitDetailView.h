@@ -16,7 +16,7 @@ class HabitYearMap;
 class IconButton;
 class PillButton;
 class QLabel;
-class QScrollArea;
+class ScrollColumn;
 
 /// The right column for a habit: figures, the days of a month, what is done today, the year, and the notes of
 /// the month. Without a habit it is empty.
@@ -53,7 +53,7 @@ private:
     void showFigures(const HabitDetailContent &content);
     void showNotes(const HabitDetailContent &content);
 
-    QScrollArea *m_page;
+    ScrollColumn *m_page;
     QLabel *m_name;
     IconButton *m_close;
     QWidget *m_archived;

@@ -40,14 +40,6 @@ QLineEdit *makeField(const char *name, const QString &what, const QString &text)
     return field;
 }
 
-QLabel *makeProblem(const char *name)
-{
-    QLabel *problem = makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link);
-    problem->setObjectName(QLatin1StringView{name});
-    problem->hide();
-    return problem;
-}
-
 QLabel *makeCaption(const char *text)
 {
     return makePlainLabel(KWLocalizedString(text), Fonts::Role::BodyStrong);
@@ -62,22 +54,22 @@ HabitEditorDialog::HabitEditorDialog(const KWHabitModel &habit, const Surroundin
     , m_today(surroundings.today)
     , m_firstWeekday(int(surroundings.firstWeekday.c_encoding()) + 1)
     , m_name(makeField("habitEditorName", KWLocalizedString("Name"), habit.name))
-    , m_nameProblem(makeProblem("habitNameWrong"))
+    , m_nameProblem(makeProblemLine("habitNameWrong"))
     , m_look(new HabitLookPicker{habit.iconRes, habit.color})
     , m_kind(new SegmentedControl{{KWLocalizedString("Yes or No"), KWLocalizedString("Amount")}})
     , m_goalPart(new QWidget)
     , m_goal(makeField("habitGoal", KWLocalizedString("Goal"), HabitWording::amount(habit.goal, locale())))
     , m_unit(makeField("habitUnit", KWLocalizedString("Unit, such as cups"), habit.unit))
     , m_step(makeField("habitStep", KWLocalizedString("Step"), HabitWording::amount(habit.step, locale())))
-    , m_goalProblem(makeProblem("habitGoalWrong"))
+    , m_goalProblem(makeProblemLine("habitGoalWrong"))
     , m_frequency(new HabitFrequencyPage{habit.repeatRule, surroundings.firstWeekday})
     , m_section(new QComboBox)
     , m_newSection(makeField("habitNewSection", KWLocalizedString("Name of the section"), {}))
-    , m_sectionProblem(makeProblem("habitSectionWrong"))
+    , m_sectionProblem(makeProblemLine("habitSectionWrong"))
     , m_reminders(new HabitReminderField{habit.reminders})
-    , m_reminderProblem(makeProblem("habitReminderWrong"))
+    , m_reminderProblem(makeProblemLine("habitReminderWrong"))
     , m_startButton(new TextButton{{}, TextButton::Opens::Menu})
-    , m_problem(makeProblem("habitEditorProblem"))
+    , m_problem(makeProblemLine("habitEditorProblem"))
 {
     setObjectName(u"habitEditor"_s);
     setAttribute(Qt::WA_QuitOnClose, false);

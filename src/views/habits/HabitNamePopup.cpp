@@ -16,17 +16,13 @@ constexpr int namePopupWidth = 260;
 } // namespace
 
 HabitNamePopup::HabitNamePopup(const QString &question, const QString &name, QWidget *parent)
-    : PopupFrame(parent)
-    , m_field(new QLineEdit{name})
-    , m_problem(makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link))
+    : PopupFrame(parent), m_field(new QLineEdit{name}), m_problem(makeProblemLine("habitNameProblem"))
 {
     setObjectName(u"habitNamePopup"_s);
     setAccessibleName(question);
     m_field->setObjectName(u"habitNameField"_s);
     m_field->setAccessibleName(question);
     m_field->setPlaceholderText(question);
-    m_problem->setObjectName(u"habitNameProblem"_s);
-    m_problem->hide();
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins(Metrics::gap, Metrics::gap, Metrics::gap, Metrics::gap);
     column->addWidget(m_field);

@@ -54,15 +54,13 @@ QuickAddWindow::QuickAddWindow()
     : PopupFrame(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint)
     , m_field(new KWNewTaskTextField)
     , m_summary(new SummaryLine)
-    , m_problem(makePlainLabel({}, Fonts::Role::Secondary, QPalette::BrightText))
+    , m_problem(makeProblemLine("quickAddProblem"))
 {
     setObjectName(u"quickAdd"_s);
     setWindowTitle(KWLocalizedString("Add Task"));
     setAccessibleName(windowTitle());
     setAttribute(Qt::WA_QuitOnClose); // as any window in which one types, though it is a tool
     m_summary->setObjectName(u"quickAddSummary"_s);
-    m_problem->setObjectName(u"quickAddProblem"_s);
-    m_problem->hide();
     m_field->setPlaceholder(KWLocalizedString("What is to be done?"));
     m_field->installEventFilter(this);
 

@@ -40,7 +40,7 @@ SubscribeDialog::SubscribeDialog(QWidget *parent)
     : QDialog(parent)
     , m_address(makeField(tr("Address, such as https://… or webcal://…"), u"calendarAddress"_s))
     , m_name(makeField(tr("Name (the calendar’s own when empty)"), u"calendarName"_s))
-    , m_message(makePlainLabel({}, Fonts::Role::Secondary, QPalette::Link))
+    , m_message(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
     , m_choose(makeButton(tr("Choose File…"), u"chooseCalendarFile"_s))
     , m_subscribe(makeButton(tr("Subscribe"), u"subscribe"_s))
 {
@@ -48,7 +48,6 @@ SubscribeDialog::SubscribeDialog(QWidget *parent)
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(tr("Subscribe to a Calendar"));
     m_message->setObjectName(u"calendarMessage"_s);
-    m_message->setWordWrap(true);
     auto *cancel = makeButton(KWLocalizedString("Cancel"), u"cancelCalendar"_s);
     m_subscribe->setDefault(true);
     connect(m_choose, &QPushButton::clicked, this, &SubscribeDialog::chooseFile);
@@ -86,13 +85,15 @@ QString SubscribeDialog::name() const { return m_name->text(); }
 void SubscribeDialog::setIsReading(bool isReading)
 {
     m_subscribe->setEnabled(!isReading);
+    m_message->setForegroundRole(QPalette::PlaceholderText);
     m_message->setText(isReading ? tr("The calendar is being read…") : QString{});
 }
 
 void SubscribeDialog::showProblem(const QString &sentence)
 {
     setIsReading(false);
-    m_message->setText(sentence);
+    m_message->setForegroundRole(QPalette::BrightText);
+    sayIn(*m_message, sentence);
     m_address->setFocus();
 }
 

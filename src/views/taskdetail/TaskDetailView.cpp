@@ -2,6 +2,7 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "views/controls/CommittingTextEdit.h"
+#include "views/controls/ScrollColumn.h"
 #include "views/controls/TabOrder.h"
 #include "views/controls/TextButton.h"
 #include "views/markdown/MarkdownEdit.h"
@@ -78,7 +79,7 @@ TaskDetailView::TaskDetailView(CXClock &clock, QWidget *parent)
 
 TaskDetailView::~TaskDetailView() { commitEdits(); }
 
-QScrollArea *TaskDetailView::makeScrolledPart()
+QWidget *TaskDetailView::makeScrolledPart()
 {
     auto *parts = new QWidget;
     auto *texts = new QVBoxLayout;
@@ -96,15 +97,7 @@ QScrollArea *TaskDetailView::makeScrolledPart()
     column->addWidget(m_attachments);
     column->addStretch(1);
 
-    auto *area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(parts);
-    area->viewport()->setAutoFillBackground(false);
-    parts->setAutoFillBackground(false);
-    return area;
+    return new ScrollColumn{parts};
 }
 
 void TaskDetailView::connectParts()

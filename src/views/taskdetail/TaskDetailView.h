@@ -4,7 +4,7 @@
 #include "views/taskdetail/TaskDetailData.h"
 
 #include <QHash>
-#include <QScrollArea>
+#include <QWidget>
 #include <QWidgetList>
 
 #include <optional>
@@ -62,7 +62,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    QScrollArea *makeScrolledPart();
+    QWidget *makeScrolledPart();
     void connectParts();
     void dress();
     void startWith(const TaskDetailData &shown);
