@@ -120,8 +120,9 @@ constexpr const char *programUsage =
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
     "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, filter:NAME, edit-filter:NAME,\n"
     "    search:TEXT, palette:TEXT, quick-add, quick-add:TEXT, detail, schedule, preferences,\n"
-    "    preferences:PAGE, calendar-day, calendar-week or calendar-month; of a calendar also with\n"
-    "    :crowded, :more, :shown or :tray.\n"
+    "    preferences:PAGE, calendar-day, calendar-week or calendar-month (of these also with :crowded,\n"
+    "    :more, :shown or :tray), calendar:NAME, habits, habit-detail, habit-day, edit-habit, focus,\n"
+    "    focus:running, focus:picker, focus:records or focus:window.\n"
     "orvane --version | --help | -h\n";
 
 const Option *optionNamed(QStringView name)

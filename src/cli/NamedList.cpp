@@ -18,7 +18,7 @@ Result<KWListIdentifier> listNamed(const QString &name, OrvaneKit &kit)
         if (const KWProject *project = KWProject::findProjectNamed(name, userID, kit.context()))
             return KWListIdentifier::project(project->sid());
         for (const KWSmartProject *each : KWSmartProject::configurable())
-            if (foldedName(each->displayName()) == foldedName(name))
+            if (each->isListOfTasks() && foldedName(each->displayName()) == foldedName(name))
                 return KWListIdentifier::smartProject(each->identifier());
     }
     return Error{commandText("There is no list “%1”.").arg(name)};

@@ -216,7 +216,8 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     delegate.applicationDidFinishLaunching(request);
     if (!client) {
         delegate.applicationWillTerminate();
-        marker.end();
+        // Nobody has looked after the store yet.
+        if (lastRun == LastRun::Ended) marker.end();
         return int(withoutClient);
     }
     client->setWindowIcon();

@@ -72,7 +72,7 @@ DesktopRooms::~DesktopRooms()
     m_reminders.applicationWillTerminate();
 }
 
-// A port that is not named here belongs to a room that does not exist yet.
+// A port that is not named here has nobody behind it on this desktop.
 AppPorts DesktopRooms::ports()
 {
     return {.account = m_account,

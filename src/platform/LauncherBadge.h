@@ -13,8 +13,8 @@ class KWUserDefaults;
 /// The number on the program's icon in docks and task bars: the signal Update of the interface
 /// com.canonical.Unity.LauncherEntry on the session bus (Launcher API), which most of them understand. It
 /// counts in the background what the preference "badgeTypeShownInDock" selects, and the habits of today that
-/// are open still, where Today shows habits; nothing to count, and
-/// nobody signed in, shows no number; a count that fails leaves the last one. Main thread.
+/// are open still, where Today shows habits. Nothing to count, and nobody signed in, shows no number; a count
+/// that fails leaves the last one. Main thread.
 class LauncherBadge final : public DockPort {
 public:
     /// `connector` connects to the bus at the first number; the session bus without one.

@@ -206,6 +206,7 @@ private Q_SLOTS:
             orvane(u"add \"Red\u001b[31m and\u202eleft\""_s).out.endsWith(u"  Red [31m and left ~Inbox\n"_s));
         QVERIFY(orvane(u"list"_s).out.contains(u"Red [31m and left\n"_s));
         QCOMPARE(orvane(u"list \u009bm"_s).err, u"There is no list “ m”.\n"_s);
+        QCOMPARE(orvane(u"list Tags"_s).err, u"There is no list “Tags”.\n"_s); // no tasks stand in it
     }
 
     void doneAndUndoTakeTheEndOfAnId()

@@ -1,6 +1,7 @@
 #include "model/records/KWHabitSectionModel.h"
 #include "model/records/KWSortOrderResetable.h"
 #include "model/records/KWTask.h"
+#include "model/records/SortOrder.h"
 #include "support/TaskBuilder.h"
 #include "support/TestMain.h"
 
@@ -50,6 +51,18 @@ private Q_SLOTS:
             QCOMPARE(reset(tasks, places), expected);
         }
         store.context().rollback();
+    }
+
+    // An import brings any number.
+    void aStepStaysWithinTheBounds()
+    {
+        using Limits = std::numeric_limits<std::int64_t>;
+        QCOMPARE(sortOrderAfter(7), 7 + KWSortOrderStep);
+        QCOMPARE(sortOrderBefore(7), 7 - KWSortOrderStep);
+        for (const std::int64_t far : {KWSortOrderMax, Limits::max()})
+            QCOMPARE(sortOrderAfter(far), KWSortOrderMax);
+        for (const std::int64_t far : {KWSortOrderMin, Limits::min()})
+            QCOMPARE(sortOrderBefore(far), KWSortOrderMin);
     }
 };
 

@@ -144,6 +144,26 @@ private Q_SLOTS:
         QTRY_COMPARE(found, QList{u"store-2030-04-29.sqlite"_s});
         QVERIFY(backups.isDue(today));
     }
+
+    // Also where no backup is due that would meet it.
+    void aRunThatBrokeOffIsFollowedByACheck()
+    {
+        StoreFixture store;
+        const DataFolders folders = store.kit().folders();
+        aTask("To be damaged").with(&KWTaskModel::content, QString{50'000, u'x'}).savedIn(store);
+        QVERIFY(StoreBackups{folders}.makeDaily(store.context().connection(), store.clock.today()));
+        store.close();
+        damage(folders.store());
+        store.reopen();
+
+        StoreCare care{store.kit().manager(), store.kit().center(), folders};
+        QStringList found;
+        care.onDamage = [&found](const std::optional<StoreBackup> &newestGood) {
+            found << (newestGood ? QFileInfo{newestGood->path}.fileName() : QString{});
+        };
+        care.start(LastRun::BrokeOff);
+        QTRY_COMPARE(found, QStringList{u"store-2030-05-01.sqlite"_s});
+    }
 };
 
 ORVANE_TEST(StoreBackups_test)

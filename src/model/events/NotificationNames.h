@@ -43,8 +43,8 @@ inline const QString KWShareProjectRemovedTeamworkerNotification =
 inline const QString KWDidReceiveRemotePushNotification =
     QStringLiteral("KWDidReceiveRemotePushNotification");
 
-// Subscribed calendars, posted by the room of the calendar: events came, one is shown or hidden, the account
-// may subscribe to them or not.
+// Subscribed calendars: events came, posted by the room of the calendar; one is shown or hidden, posted by
+// KWCalendarDisplayConfigurationManager; the account may subscribe to them or not, posted by the service.
 inline const QString KWCalSubDidPullEventsNotification = QStringLiteral("KWCalSubDidPullEventsNotification");
 inline const QString KWCalSubDisplayStatusDidChangeNotification =
     QStringLiteral("KWCalSubDisplayStatusDidChangeNotification");
@@ -81,12 +81,12 @@ inline const QString WorkspaceDidWakeNotification = QStringLiteral("WorkspaceDid
 inline const QString SystemTimeZoneDidChangeNotification =
     QStringLiteral("SystemTimeZoneDidChangeNotification");
 
-/// Another process wrote the store. Posted after the main context has read it again.
+/// The store was written from outside, or by an import. Posted after the main context has read it again.
 inline const QString KWDataDidChangeOutsideMainAppNotification =
     QStringLiteral("KWDataDidChangeOutsideMainAppNotification");
 
-// Settings, posted by whoever saves them: AccountSettings, KWListDisplayConfigurationManager (the user info
-// has the "listID"), KWTaskDefaultConfigurationManager, KWPomoSettingsManager and the room of the calendar.
+// Settings, posted by whoever saves them: the manager of that name, AccountSettings, ListSortType (the user
+// info of the display of a list has the "listID"), and Preferences for what is one switch on a page.
 inline const QString KWUserSettingsDidChangeNotification =
     QStringLiteral("KWUserSettingsDidChangeNotification");
 inline const QString KWCalendarDisplayConfigurationDidChangeNotification =

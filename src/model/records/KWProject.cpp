@@ -84,10 +84,9 @@ KWProject &KWProject::createProjectNamed(const QString &name, const QString &use
 std::int64_t KWProject::sortOrderForNewTask(ListEnd end) const
 {
     if (end == ListEnd::Bottom)
-        return context().number("SELECT max(sortOrder) FROM tasks WHERE projectID = ?", {sid()}) +
-               KWSortOrderStep;
-    return context().number("SELECT min(sortOrder) FROM tasks WHERE projectID = ?", {sid()}) -
-           KWSortOrderStep;
+        return sortOrderAfter(
+            context().number("SELECT max(sortOrder) FROM tasks WHERE projectID = ?", {sid()}));
+    return sortOrderBefore(context().number("SELECT min(sortOrder) FROM tasks WHERE projectID = ?", {sid()}));
 }
 
 QList<KWColumn *> KWProject::orderedColumns() const

@@ -70,7 +70,7 @@ public:
     bool isInbox() const { return this == &inbox(); }
     /// Whether its rows are tasks, unlike the summary and the headers of sections.
     bool isListOfTasks() const;
-    /// Whether it can be shown: the lists of tasks, the calendar and the habits.
+    /// Whether it can be shown: the lists of tasks, the calendar, habits and focus.
     bool hasPage() const
     {
         return isListOfTasks() || this == &calendar() || this == &habit() || this == &focus();

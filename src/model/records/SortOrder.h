@@ -6,6 +6,16 @@
 #include <algorithm>
 #include <string>
 
+/// One step from a position, within the bounds also where an import brought one from beyond them.
+inline std::int64_t sortOrderAfter(std::int64_t order)
+{
+    return std::clamp(order, KWSortOrderMin, KWSortOrderMax - KWSortOrderStep) + KWSortOrderStep;
+}
+inline std::int64_t sortOrderBefore(std::int64_t order)
+{
+    return std::clamp(order, KWSortOrderMin + KWSortOrderStep, KWSortOrderMax) - KWSortOrderStep;
+}
+
 /// The manual position behind all records that the user has of the kind, those not saved yet included.
 template <class Record>
 std::int64_t sortOrderBehindAll(const QString &userID, ObjectContext &context)
@@ -15,5 +25,5 @@ std::int64_t sortOrderBehindAll(const QString &userID, ObjectContext &context)
     std::int64_t last = context.number(sql.c_str(), {userID});
     for (const Record *each : context.inserted<Record>())
         if (each->model().userID == userID) last = std::max(last, each->model().sortOrder);
-    return last + KWSortOrderStep;
+    return sortOrderAfter(last);
 }

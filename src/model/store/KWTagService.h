@@ -11,9 +11,9 @@ class KWCoreDataManager;
 class ObjectContext;
 
 /// Makes, renames and deletes tags, each with everything that names them in one save: tasks, child tags,
-/// rules of filters, manual positions and the way their lists are shown. Tags are named by their key or any
-/// spelling of it. A tag that is gone, a name that cannot be one and a parent that cannot be one fail with a
-/// sentence. Main thread.
+/// manual positions, the way their lists are shown, and in renaming the rules of filters. Tags are named by
+/// their key or any spelling of it. A tag that is gone, a name that cannot be one and a parent that cannot be
+/// one fail with a sentence. Main thread.
 class KWTagService {
 public:
     KWTagService(KWCoreDataManager &manager, QString userID);
