@@ -79,6 +79,14 @@ Result<void> FocusRecordWriter::store(const FocusRecord &record)
     return written ? Result<void>{} : written.error();
 }
 
+bool FocusRecordWriter::isStored(const FocusRecord &record) const
+{
+    const SqlCondition sameStart{.where = "type = ? AND startDate = ? AND userID = ?",
+                                 .values = {std::int64_t{record.type}, storedInstant(record.startDate),
+                                            m_kit.account().currentUserID()}};
+    return !m_kit.context().models<KWPomodoro>(sameStart).isEmpty();
+}
+
 QString FocusRecordWriter::insert(const FocusRecord &record, const QString &userID, ObjectContext &context)
 {
     KWPomodoroModel session;

@@ -35,6 +35,9 @@ public:
     /// The first for a completed session that is not too short, the second for any other.
     Result<void> store(const FocusRecord &record);
 
+    /// One of the kind that began then is there: the program broke off right behind the save.
+    bool isStored(const FocusRecord &record) const;
+
     /// The same inside a save of the caller; credits nothing.
     static QString insert(const FocusRecord &record, const QString &userID, ObjectContext &context);
     /// The slices of such a session as they are stored, title, list and tags copied from what each was spent

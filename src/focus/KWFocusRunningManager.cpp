@@ -21,6 +21,8 @@ KWFocusRunningManager::KWFocusRunningManager(Collaborators with)
 {
     m_observations.push_back(
         m_kit.center().addObserver(KWUserDidSignOutNotification, [this](const auto &) { userDidSignOut(); }));
+    m_observations.push_back(m_kit.center().addObserver(KWDataDidChangeOutsideMainAppNotification,
+                                                        [this](const auto &) { clearTargetIfGone(); }));
     m_registration = m_kit.bus().registerEventBus([this](const StoreChange &change) {
         if (change.touches(RecordKind::Task) || change.touches(RecordKind::Habit)) clearTargetIfGone();
     });
@@ -38,8 +40,9 @@ void KWFocusRunningManager::askAboutLeftPomo()
     const auto left = m_journal.left();
     if (!left || left->userID != m_kit.account().currentUserID()) return;
     const FocusRecord record = left->record();
-    if (record.endDate - record.startDate < FocusLimits::minimumFocus) return m_journal.clear();
     const auto focused = record.endDate - record.startDate - pauseOf(record.stretches);
+    if (focused < FocusLimits::minimumFocus || FocusRecordWriter{m_kit}.isStored(record))
+        return m_journal.clear();
     m_ports.questions.ask(FocusMessages::leftPomo(std::chrono::round<std::chrono::minutes>(focused)),
                           [this, entry = *left](int button) {
                               if (button == 0) m_pomo.storeLeft(entry.record());
@@ -93,8 +96,9 @@ void KWFocusRunningManager::startOrAbandonPomo()
 {
     if (!m_kit.account().isSignedIn() || !m_pomo.settings().isPomoEnabled || isStopwatchBusy()) return;
     if (!m_pomo.isFocusing()) {
+        const bool goesOn = m_pomo.state() == KWPomoRunningState::paused;
         m_pomo.oc_startFocus();
-        if (!m_ports.popover.isOpen()) m_ports.popover.showStarted();
+        if (!goesOn && !m_ports.popover.isOpen()) m_ports.popover.showStarted();
         return;
     }
     stopPomo();

@@ -54,7 +54,7 @@ void KWPomoRunningManager::observe()
     on(KWUserDidSignOutNotification, &KWPomoRunningManager::userDidSignOut);
     on(WorkspaceWillSleepNotification, &KWPomoRunningManager::computerWillSleep);
     on(WorkspaceDidWakeNotification, &KWPomoRunningManager::computerDidWake);
-    // Changes from outside come this way too.
+    on(KWDataDidChangeOutsideMainAppNotification, &KWPomoRunningManager::dataDidChangeOutsideMainApp);
     m_registration =
         m_kit.bus().registerEventBus([this](const StoreChange &change) { handleTasksChanged(change); });
 }
@@ -127,6 +127,7 @@ void KWPomoRunningManager::startFocus(const std::optional<FocusTarget> &target, 
         resume();
         break;
     default:
+        saveWhatRanOut();
         m_timmer.reset();
         goIdle(length == Length::Default ? 0 : seconds);
         startFocusing();
@@ -180,6 +181,7 @@ void KWPomoRunningManager::standAside()
 {
     pause();
     if (m_state == KWPomoRunningState::paused || m_state == KWPomoRunningState::idle) return;
+    saveWhatRanOut();
     m_timmer.reset();
     m_ports.messages.remove();
     goIdle();
@@ -309,6 +311,7 @@ void KWPomoRunningManager::startRelaxing()
 {
     if (m_state != KWPomoRunningState::waitingToRelax) return;
     m_ports.messages.remove();
+    saveWhatRanOut();
     relax();
 }
 
@@ -349,9 +352,17 @@ void KWPomoRunningManager::abandonFocusing()
 void KWPomoRunningManager::restorePomoIfNeeded()
 {
     const bool ranOut = m_state == KWPomoRunningState::waitingToRelax && isConfirmingToExit();
-    if (ranOut) saveSlices(KWPomoStatusCompleted, m_pomoEndDate);
+    saveWhatRanOut();
     setConfirmingToExit(false);
     if (ranOut && isAutoBreakAllowed()) relax();
+}
+
+// A Pomo that ended while the person was asked whether to give it up, and who does something else now.
+void KWPomoRunningManager::saveWhatRanOut()
+{
+    if (m_state != KWPomoRunningState::waitingToRelax || !isConfirmingToExit()) return;
+    saveSlices(KWPomoStatusCompleted, m_pomoEndDate);
+    setConfirmingToExit(false);
 }
 
 void KWPomoRunningManager::saveSlices(KWPomoStatus status, Instant endDate)
@@ -366,9 +377,13 @@ void KWPomoRunningManager::saveSlices(KWPomoStatus status, Instant endDate)
                              .pauseDuration =
                                  std::chrono::round<std::chrono::seconds>(pauseOf(stretches)).count(),
                              .stretches = stretches};
-    m_slices.clear();
     m_records.store(record);
-    m_journal.clear();
+    // What could not be stored outlives the program.
+    if (m_records.isEmpty() || status != KWPomoStatusCompleted)
+        m_journal.clear();
+    else
+        keepInJournal();
+    m_slices.clear();
 }
 
 void KWPomoRunningManager::keepInJournal()
@@ -416,7 +431,22 @@ void KWPomoRunningManager::handleTasksChanged(const StoreChange &change)
         const KWTask *task = m_kit.context().find<KWTask>(each);
         if (!task || task->isDeleted()) gone.append(each);
     }
-    m_slices.forgetTasks(gone);
+    forgetTasks(gone);
+}
+
+// It does not say which tasks are others now.
+void KWPomoRunningManager::dataDidChangeOutsideMainApp()
+{
+    QStringList gone;
+    for (const FocusSlice &each : m_slices.all())
+        if (!each.taskID().isEmpty() && !exists(each.target, m_kit.context())) gone.append(each.taskID());
+    forgetTasks(gone);
+}
+
+void KWPomoRunningManager::forgetTasks(const QStringList &taskIDs)
+{
+    m_slices.forgetTasks(taskIDs);
+    if (m_belonging && taskIDs.contains(m_belonging->target.taskID())) m_belonging->target = {};
 }
 
 void KWPomoRunningManager::messageActionPressed(const QString &key)

@@ -109,6 +109,7 @@ private:
     bool isChainOver() const;
     bool isAutoBreakAllowed() const;
     bool isAutoPomoAllowed() const;
+    void saveWhatRanOut();
     void saveSlices(KWPomoStatus status, Instant endDate);
     void keepInJournal();
     void reset();
@@ -120,6 +121,8 @@ private:
     void fastForward(Instant phaseEnd, std::chrono::seconds remainder);
     void goOn(KWPomoRunningState state, std::chrono::seconds length, std::chrono::seconds gone);
     void handleTasksChanged(const StoreChange &change);
+    void dataDidChangeOutsideMainApp();
+    void forgetTasks(const QStringList &taskIDs);
     void messageActionPressed(const QString &key);
 
     OrvaneKit &m_kit;

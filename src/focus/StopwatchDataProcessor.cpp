@@ -36,16 +36,9 @@ FocusRecord recordOf(const Corvex::Focus::StopwatchTimeline &timeline)
 Result<void> StopwatchDataProcessor::saveStopwatch(const Corvex::Focus::StopwatchTimeline &timeline)
 {
     const FocusRecord record = recordOf(timeline);
-    if (isStored(record)) return {};
-    const Result<QString> written = FocusRecordWriter{m_kit}.write(record);
+    FocusRecordWriter writer{m_kit};
+    if (writer.isStored(record)) return {};
+    const Result<QString> written = writer.write(record);
     if (!written) return written.error();
     return {};
-}
-
-bool StopwatchDataProcessor::isStored(const FocusRecord &record) const
-{
-    const SqlCondition sameStart{.where = "type = ? AND startDate = ? AND userID = ?",
-                                 .values = {std::int64_t{record.type}, storedInstant(record.startDate),
-                                            m_kit.account().currentUserID()}};
-    return !m_kit.context().models<KWPomodoro>(sameStart).isEmpty();
 }

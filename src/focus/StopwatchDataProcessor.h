@@ -6,7 +6,6 @@ namespace Corvex::Focus {
 class StopwatchTimeline;
 }
 class OrvaneKit;
-struct FocusRecord;
 
 /// Stores what the stopwatch has timed. Main thread.
 class StopwatchDataProcessor {
@@ -20,7 +19,5 @@ public:
     Result<void> saveStopwatch(const Corvex::Focus::StopwatchTimeline &timeline);
 
 private:
-    bool isStored(const FocusRecord &record) const;
-
     OrvaneKit &m_kit;
 };

@@ -1,3 +1,4 @@
+#include "focus/FocusReader.h"
 #include "gui/FocusHands.h"
 #include "gui/WindowHelp.h"
 #include "model/records/KWSmartProject.h"
@@ -7,10 +8,14 @@
 #include "views/focus/FocusPane.h"
 #include "views/focus/FocusPanel.h"
 #include "views/main/MainWindow.h"
+#include "views/taskdetail/DetailFooter.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QMenu>
 #include <QPaintEvent>
+#include <QScreen>
+#include <QSpinBox>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -36,6 +41,24 @@ public:
 
     QRegion region;
 };
+
+/// What the window shows of it now, without painting it again.
+QImage shownOf(const QWidget &widget)
+{
+    const QWidget &window = *widget.window();
+    const QImage whole = window.screen()->grabWindow(window.winId()).toImage();
+    return whole.copy({widget.mapTo(&window, QPoint{}), widget.size()});
+}
+
+/// How many pixels are of another colour in the other picture, but for what the smoothing of edges does.
+int pixelsApart(const QImage &one, const QImage &other)
+{
+    int apart = one.size() == other.size() ? 0 : one.width() * one.height();
+    for (int y = 0; y < one.height() && y < other.height(); ++y)
+        for (int x = 0; x < one.width() && x < other.width(); ++x)
+            apart += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 6;
+    return apart;
+}
 
 } // namespace
 
@@ -83,7 +106,7 @@ private Q_SLOTS:
         wait(25min);
         QCOMPARE(commands(), u"Relax Skip Break Exit"_s);
         QTRY_COMPARE(records(), u"Water the plants 09:00 – 09:25"_s);
-        QCOMPARE(m_client->find<QWidget>("focusPomosToday").accessibleName(), u"1 Pomos"_s);
+        QCOMPARE(m_client->find<QWidget>("focusPomosToday").accessibleName(), u"1 Pomo"_s);
         press(u"Relax"_s);
         wait(10s);
         QCOMPARE(time(), u"04:50"_s);
@@ -192,6 +215,82 @@ private Q_SLOTS:
         QVERIFY(ringPaints.region.isEmpty());
         m_client->rooms().menu().action(MenuCommand::OpenFocus).trigger();
         QCOMPARE(time(), u"23:49"_s);
+    }
+
+    void aSecondLeavesWhatAWholePaintingShows()
+    {
+        for (const auto length : {1500s, 3600s}) {
+            setUp([&](KWPomoSettingsModel &settings) { settings.pomoDuration = int(length / 1min); });
+            press(u"Start"_s);
+            for (const auto gone : {1s, 9s, length / 2, length / 2 - 15s}) {
+                wait(gone);
+                QCoreApplication::processEvents();
+                const QImage ticked = shownOf(ring());
+                ring().repaint();
+                const int apart = pixelsApart(ticked, shownOf(ring()));
+                QVERIFY2(apart < 20, qPrintable(QString::number(apart)));
+            }
+            press(u"Stop"_s);
+            answerNextAlert(Qt::Key_Return);
+            QTRY_COMPARE(commands(), u"Start"_s);
+        }
+    }
+
+    void tabComesToEveryControl()
+    {
+        m_client->press(Qt::Key_Tab);
+        const QWidget *first = QApplication::focusWidget();
+        QStringList stops;
+        do {
+            stops << QApplication::focusWidget()->objectName();
+            m_client->press(Qt::Key_Tab);
+        } while (QApplication::focusWidget() != first && stops.size() < 100);
+        for (const QString &each : {u"focusTarget"_s, u"focusWindowButton"_s, u"focusSettings"_s,
+                                    u"focusCommand1"_s, u"addFocusRecord"_s})
+            QVERIFY2(stops.contains(each), qUtf8Printable(each + u" in "_s + stops.join(u' ')));
+        QStringList back;
+        for (qsizetype i = 0; i < stops.size(); ++i) {
+            m_client->press(Qt::Key_Backtab, Qt::ShiftModifier);
+            back.prepend(QApplication::focusWidget()->objectName());
+        }
+        QCOMPARE(back, stops);
+    }
+
+    void anEstimateIsTypedAndTakenBack()
+    {
+        m_client->openList(u"Today"_s);
+        goTo(taskRow(u"Water the plants"_s));
+        auto &footer = m_client->find<DetailFooter>("detailFooter");
+        const QString id = idOf(u"Water the plants"_s);
+        const auto estimate = [&] { return FocusReader::readTask(id, m_client->kit().context()).value(); };
+        Q_EMIT footer.estimateRequested({});
+        typeInto(over<QSpinBox>("focusEstimate", "estimatedPomos"), u"3"_s);
+        typeInto(over<QSpinBox>("focusEstimate", "estimatedMinutes"), u"40"_s);
+        QTest::keyClick(&over<QSpinBox>("focusEstimate", "estimatedMinutes"), Qt::Key_Return);
+        QTRY_COMPARE(estimate().estimatedPomos, 3);
+        QCOMPARE(estimate().estimated, 40min);
+        QTRY_COMPARE(m_client->find<QAbstractButton>("detailFocus").text(), u"0m of 40m, 0 of 3 Pomos"_s);
+        takeBack();
+        QTRY_COMPARE(estimate(), FocusOfTask{});
+    }
+
+    void theMenuOfAHabitStartsOnIt()
+    {
+        m_client->rooms().menu().action(MenuCommand::OpenHabit).trigger();
+        makeHabit(u"Read"_s);
+        const auto starts = [this] {
+            m_client->rooms().menu().action(MenuCommand::OpenHabit).trigger();
+            goToHabit(u"Read"_s);
+            for (const QAction *each : habitMenu().actions())
+                if (each->menu() && each->text() == u"Start Focus"_s) return each->menu()->actions();
+            return QList<QAction *>{};
+        };
+        QCOMPARE(starts().size(), 2);
+        starts().first()->trigger();
+        QCOMPARE(target(), u"Read"_s);
+        QVERIFY(m_client->rooms().focus().manager().isPomoFocusing());
+        setUp([](KWPomoSettingsModel &settings) { settings.isPomoEnabled = false; });
+        QVERIFY(starts().isEmpty());
     }
 
     void switchedOffThePageGoes()

@@ -41,3 +41,18 @@ void setTabOrderOf(const QWidgetList &controls)
     for (qsizetype i = 1; i < controls.size(); ++i)
         QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
 }
+
+bool moveFocusInTabOrder(QWidget &window, bool isForward)
+{
+    QWidget *from = window.focusWidget() ? window.focusWidget() : &window;
+    const auto beside = [isForward](const QWidget &widget) {
+        return isForward ? widget.nextInFocusChain() : widget.previousInFocusChain();
+    };
+    for (QWidget *each = beside(*from); each != from; each = beside(*each)) {
+        const bool takesTab = each->focusPolicy() & Qt::TabFocus && !each->focusProxy();
+        if (!takesTab || !each->isEnabled() || !each->isVisibleTo(&window)) continue;
+        each->setFocus(isForward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+    }
+    return false;
+}

@@ -7,3 +7,8 @@ QWidgetList controlsInOrder(const QWidget &inside);
 
 /// Makes Tab go through these one after the other.
 void setTabOrderOf(const QWidgetList &controls);
+
+/// Moves the keyboard within a window to the next or previous control that takes Tab. A pane that passes the
+/// keyboard on to one of its controls is no stop of its own, as it is for Qt: on the way to that one all
+/// that stand before it would be left out.
+bool moveFocusInTabOrder(QWidget &window, bool isForward);

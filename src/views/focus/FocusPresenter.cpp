@@ -8,6 +8,7 @@
 #include "model/settings/KWLocalizedString.h"
 
 #include <algorithm>
+#include <array>
 
 using Corvex::Focus::StopwatchState;
 
@@ -30,15 +31,12 @@ void FocusPresenter::observe()
     }));
     for (const QString &name : {KWPomoSettingsChangedNotification, KWSyncDidPullPomoSettingsNotification})
         m_observations.push_back(center.addObserver(name, [this](const auto &) { Q_EMIT changed(); }));
+    m_observations.push_back(center.addObserver(KWDataDidChangeOutsideMainAppNotification,
+                                                [this](const auto &) { readTargetAgain(); }));
     m_registration = m_rooms.kit.bus().registerEventBus([this](const StoreChange &change) {
-        if (m_target.target.isNone()) return;
-        const FocusTargetChoice before = m_target;
-        for (const RecordKind each : {RecordKind::Task, RecordKind::Habit, RecordKind::Project})
-            if (change.touches(each)) {
-                readTarget();
-                break;
-            }
-        if (m_target != before) Q_EMIT changed();
+        constexpr std::array kinds{RecordKind::Task, RecordKind::Habit, RecordKind::Project};
+        if (std::ranges::any_of(kinds, [&](RecordKind each) { return change.touches(each); }))
+            readTargetAgain();
     });
 }
 
@@ -47,6 +45,14 @@ void FocusPresenter::stateDidChange()
     const auto before = std::exchange(m_running, isRunning() ? std::optional{mode()} : std::nullopt);
     if (m_running && m_running != before) Q_EMIT modeStarted(*m_running);
     Q_EMIT changed();
+}
+
+void FocusPresenter::readTargetAgain()
+{
+    if (m_target.target.isNone()) return;
+    const FocusTargetChoice before = m_target;
+    readTarget();
+    if (m_target != before) Q_EMIT changed();
 }
 
 void FocusPresenter::readTarget() { m_target = lookOf(m_rooms.manager.target(), m_rooms.kit.context()); }
@@ -184,6 +190,7 @@ QList<FocusTargetChoice> FocusPresenter::choices() const
 
 void FocusPresenter::startOn(const FocusTarget &target, KWFocusType mode)
 {
+    if (!isEnabled()) return;
     if (mode == KWFocusTypeStopwatch) return m_rooms.manager.startStopWatch(target);
     m_rooms.pomo.startFocus(target, 0, KWPomoRunningManager::Length::Default);
 }

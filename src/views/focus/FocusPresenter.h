@@ -51,7 +51,7 @@ public:
     const FocusTargetChoice &target() const { return m_target; }
     void setTarget(const FocusTarget &target);
     QList<FocusTargetChoice> choices() const;
-    /// Begins on it, or goes on with it what runs in that mode.
+    /// Begins on it, or goes on with it what runs in that mode; nothing while focus is switched off.
     void startOn(const FocusTarget &target, KWFocusType mode);
 
 Q_SIGNALS:
@@ -66,6 +66,7 @@ private:
     void observe();
     void stateDidChange();
     void readTarget();
+    void readTargetAgain();
     FocusFace pomoFace() const;
     FocusFace stopwatchFace() const;
     QString longBreakWords() const;

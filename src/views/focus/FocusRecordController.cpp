@@ -78,11 +78,10 @@ void FocusRecordController::edit(const QString &recordID)
 void FocusRecordController::saveNew(FocusRecordDialog &dialog)
 {
     OrvaneKit &kit = m_parts.presenter.kit();
-    const auto made = FocusRecordEditor{kit}.add(
-        {.target = dialog.chosenTarget().value_or(m_parts.presenter.target().target),
-         .startDate = zoneOf(kit).toInstant(dialog.start()),
-         .endDate = zoneOf(kit).toInstant(dialog.end()),
-         .type = dialog.type()});
+    const auto made = FocusRecordEditor{kit}.add({.target = dialog.shownTarget(),
+                                                  .startDate = zoneOf(kit).toInstant(dialog.start()),
+                                                  .endDate = zoneOf(kit).toInstant(dialog.end()),
+                                                  .type = dialog.type()});
     report(made ? Result<UndoToken>{made->undo} : made.error(), KWLocalizedString("Record added"), &dialog);
 }
 

@@ -111,8 +111,7 @@ QLayout *FocusRecordDialog::makeFooter()
 
 void FocusRecordDialog::pickTarget()
 {
-    const FocusTarget current = m_chosen.value_or(m_record.target.target);
-    ChoicePopup &popup = FocusTargetPopup::open(*m_target, current, m_presenter);
+    ChoicePopup &popup = FocusTargetPopup::open(*m_target, shownTarget(), m_presenter);
     connect(&popup, &ChoicePopup::chosen, this, [this](const QString &text) {
         m_chosen = FocusTarget::fromText(text);
         m_target->setTarget(lookOf(*m_chosen, m_presenter.kit().context()));

@@ -37,6 +37,7 @@ public:
     KWFocusType type() const;
     /// None while it was not touched.
     std::optional<FocusTarget> chosenTarget() const { return m_chosen; }
+    FocusTarget shownTarget() const { return m_chosen.value_or(m_record.target.target); }
     void showProblem(const QString &sentence);
 
 Q_SIGNALS:

@@ -61,18 +61,22 @@ QRectF FocusRing::ring() const
     return ring;
 }
 
+QString FocusRing::widestTime() const
+{
+    return m_reading.seconds < 3600 ? u"00:00"_s : m_reading.seconds < 36'000 ? u"0:00:00"_s : u"00:00:00"_s;
+}
+
 // Large text in a small window leaves no room for large digits.
 Fonts::Role FocusRing::digits() const
 {
-    const QString widest = m_reading.seconds < 3600 ? u"00:00"_s : u"0:00:00"_s;
-    const bool fits = Fonts::width(Fonts::Role::Clock, widest) + 5 * stroke() < side();
+    const bool fits = Fonts::width(Fonts::Role::Clock, widestTime()) + 5 * stroke() < side();
     return m_size == Size::Large && fits ? Fonts::Role::Clock : Fonts::Role::SmallClock;
 }
 
 QRect FocusRing::digitsBounds() const
 {
     const int line = QFontMetrics{Fonts::font(digits())}.height();
-    const int wide = std::min(side() - 3 * stroke(), Fonts::width(digits(), u"00:00:00"_s));
+    const int wide = std::min(side() - 3 * stroke(), Fonts::width(digits(), widestTime()));
     QRect bounds{0, 0, wide, line};
     bounds.moveCenter(rect().center());
     bounds.translate(0, -wordsBounds().height() / 2);
@@ -87,6 +91,13 @@ QRect FocusRing::wordsBounds() const
     bounds.moveCenter(rect().center());
     bounds.translate(0, digitsLine / 2);
     return bounds;
+}
+
+// Large digits in a small ring reach into it.
+bool FocusRing::digitsTouchRing() const
+{
+    const QPointF corner = QRectF{digitsBounds()}.topLeft() - ring().center();
+    return std::hypot(corner.x(), corner.y()) > ring().width() / 2 - stroke();
 }
 
 QRect FocusRing::endOfRing(double share) const
@@ -111,8 +122,14 @@ void FocusRing::setReading(const FocusReading &reading)
         return update();
     }
     m_changedEnd |= endOfRing(before.share) | endOfRing(reading.share);
-    update(digitsBounds());
-    update(m_changedEnd);
+    const bool hasComeFar = std::max(m_changedEnd.width(), m_changedEnd.height()) > 2 * stroke();
+    if (hasComeFar) { // since it was painted last
+        m_changedEnd = {};
+        update();
+    } else {
+        update(digitsBounds());
+        update(m_changedEnd);
+    }
     if (reading.seconds % 60 == 0) describe();
 }
 
@@ -151,7 +168,7 @@ void FocusRing::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     const QRect digitsAt = digitsBounds();
     const bool isTick = event->region().subtracted(QRegion{digitsAt} | m_changedEnd).isEmpty();
-    isTick ? paintRingNear(painter, m_reading.share) : paintRing(painter);
+    isTick && !digitsTouchRing() ? paintRingNear(painter, m_reading.share) : paintRing(painter);
     m_changedEnd = {};
     painter.setPen(m_phase == FocusFace::Phase::Paused ? theme.secondaryText : theme.text);
     Fonts::drawLine(painter, digits(), digitsAt, Qt::AlignHCenter, FocusWording::clock(m_reading.seconds));
@@ -177,4 +194,6 @@ void FocusRing::paintRingNear(QPainter &painter, double share) const
     drawArc(painter, ring(), end - degreesAround, end + degreesAround);
     painter.setPen(QPen{color(), double(stroke()), Qt::SolidLine, Qt::RoundCap});
     drawArc(painter, ring(), std::max(0.0, end - degreesAround), end);
+    // A ring that is nearly whole ends beside its start.
+    if (end > degreesOfTurn - 2 * degreesAround) drawArc(painter, ring(), 0, degreesAround);
 }

@@ -25,7 +25,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QString widestTime() const;
     Fonts::Role digits() const;
+    bool digitsTouchRing() const;
     int side() const;
     int stroke() const;
     QRectF ring() const;

@@ -17,6 +17,11 @@ namespace {
 
 constexpr int shareBar = 6;
 
+QString withPomos(const QString &length, const FocusShare &share)
+{
+    return share.pomos == 0 ? length : length + u", "_s + FocusWording::pomos(share.pomos);
+}
+
 } // namespace
 
 FocusShareList::FocusShareList(const char *name, const QString &what, QWidget *parent)
@@ -31,7 +36,7 @@ void FocusShareList::setShares(const QList<FocusShare> &shares)
     m_shares = shares;
     QStringList all;
     for (const FocusShare &each : shares)
-        all << each.name + u": "_s + FocusWording::spokenLength(each.focused);
+        all << each.name + u": "_s + withPomos(FocusWording::spokenLength(each.focused), each);
     setAccessibleName(m_what);
     setAccessibleDescription(all.join(u"; "_s));
     updateGeometry();
@@ -59,7 +64,7 @@ void FocusShareList::paintEvent(QPaintEvent *)
     for (qsizetype i = 0; i < m_shares.size(); ++i) {
         const FocusShare &each = m_shares[i];
         const int top = rowHeight() * int(i);
-        const QString length = FocusWording::length(each.focused);
+        const QString length = withPomos(FocusWording::length(each.focused), each);
         const int lengthWidth = Fonts::width(Fonts::Role::Secondary, length);
         painter.setPen(theme.secondaryText);
         Fonts::drawLine(painter, Fonts::Role::Secondary,

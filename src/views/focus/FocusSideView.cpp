@@ -137,7 +137,8 @@ void FocusSideView::showToday(const FocusPageContent &content)
 {
     const FocusDay &today = content.today();
     const QString number = locale().toString(today.pomos);
-    const QString pomos = content.pomoGoal == 0
+    const QString pomos = content.pomoGoal == 0 && today.pomos == 1 ? KWLocalizedString("Pomo")
+                          : content.pomoGoal == 0
                               ? KWLocalizedString("Pomos")
                               : KWLocalizedString("Pomos, goal %1").arg(locale().toString(content.pomoGoal));
     m_pomos->setFigure(number, pomos, number + u' ' + pomos);

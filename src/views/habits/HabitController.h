@@ -47,6 +47,7 @@ private:
     void openEditor(const KWHabitModel &habit);
     void save(HabitEditorDialog &dialog, const QString &habitID);
     void fillMenu(QMenu &menu, const HabitRow &row, const HabitDay &day, const QRect &place);
+    void addFocus(QMenu &menu, const QString &id);
     void addMarks(QMenu &menu, const HabitRow &row, const HabitDay &day, const QRect &place);
     void addSections(QMenu &menu, const HabitRow &row);
     void fillSectionMenu(QMenu &menu, const HabitSection &section, const QRect &place);

@@ -1,5 +1,7 @@
 // The menus of habits, of their sections and of the page.
+#include "model/OrvaneKit.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/settings/KWPomoSettingsManager.h"
 #include "views/controls/MenuPlace.h"
 #include "views/habits/HabitCheckIns.h"
 #include "views/habits/HabitController.h"
@@ -36,13 +38,21 @@ void HabitController::fillMenu(QMenu &menu, const HabitRow &row, const HabitDay 
     menu.addSeparator();
     addEntry(menu, "Show Details", "Alt+Return", this, [this, id] { Q_EMIT opened(id); });
     addEntry(menu, "Edit…", "F2", this, [this, id] { edit(id); });
-    QMenu *starts = menu.addMenu(KWLocalizedString("Start Focus"));
-    addEntry(*starts, "Pomo", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypePomo); });
-    addEntry(*starts, "Stopwatch", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypeStopwatch); });
+    addFocus(menu, id);
     addSections(menu, row);
     addEntry(menu, "Archive", "", this, [this, id] { setArchived(id, true); });
     menu.addSeparator();
     addEntry(menu, "Delete", "Del", this, [this, id] { remove(id); });
+}
+
+void HabitController::addFocus(QMenu &menu, const QString &id)
+{
+    OrvaneKit &kit = m_parts.kit;
+    const KWPomoSettingsManager focus{kit.manager(), kit.center(), kit.account().currentUserID()};
+    if (!focus.settings().isPomoEnabled) return;
+    QMenu *starts = menu.addMenu(KWLocalizedString("Start Focus"));
+    addEntry(*starts, "Pomo", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypePomo); });
+    addEntry(*starts, "Stopwatch", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypeStopwatch); });
 }
 
 void HabitController::addMarks(QMenu &menu, const HabitRow &row, const HabitDay &day, const QRect &place)

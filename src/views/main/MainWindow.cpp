@@ -5,6 +5,7 @@
 #include "views/addfield/FieldPickers.h"
 #include "views/addfield/KWNewTaskTextField.h"
 #include "views/calendar/CalendarPane.h"
+#include "views/controls/TabOrder.h"
 #include "views/focus/FocusPane.h"
 #include "views/focus/FocusSideView.h"
 #include "views/habits/HabitDetailView.h"
@@ -265,6 +266,8 @@ void MainWindow::closeDetailSheet()
     if (m_hasSheet) setSheetShown(false);
     m_pages->currentWidget()->setFocus(Qt::OtherFocusReason);
 }
+
+bool MainWindow::focusNextPrevChild(bool isForward) { return moveFocusInTabOrder(*this, isForward); }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {

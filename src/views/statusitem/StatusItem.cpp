@@ -184,8 +184,14 @@ QString StatusItem::toolTip() const
     // What is left is never said to be less than it is.
     const QString length =
         FocusWording::length(std::chrono::minutes{isPomo ? (seconds + 59) / 60 : seconds / 60});
-    const QString time = isPomo ? KWLocalizedString("Pomo, %1 left").arg(length)
-                                : KWLocalizedString("Stopwatch, %1").arg(length);
+    const FocusFace face = focus.face(mode);
+    const bool isBreak = face.phase == FocusFace::Phase::Break || face.phase == FocusFace::Phase::Waiting;
+    const QString running = !isPomo   ? KWLocalizedString("Stopwatch, %1").arg(length)
+                            : isBreak ? KWLocalizedString("Break, %1 left").arg(length)
+                                      : KWLocalizedString("Pomo, %1 left").arg(length);
+    const QString time = face.phase == FocusFace::Phase::Paused
+                             ? KWLocalizedString("%1, %2").arg(running, face.words)
+                             : running;
     return focus.target().title.isEmpty() ? time : time + u": "_s + focus.target().title.simplified();
 }
 

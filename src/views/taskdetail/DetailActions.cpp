@@ -5,6 +5,7 @@
 #include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
+#include "model/settings/KWPomoSettingsManager.h"
 #include "model/store/TaskPermissions.h"
 #include "model/text/DayText.h"
 #include "views/controls/ChoicePopup.h"
@@ -205,6 +206,8 @@ void DetailActions::addKinds(QMenu &menu)
 
 void DetailActions::addFocus(QMenu &menu)
 {
+    const KWPomoSettingsManager focus{m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()};
+    if (!focus.settings().isPomoEnabled) return;
     QMenu *starts = menu.addMenu(tr("Start Focus"));
     for (const auto &[text, mode] :
          {std::pair{tr("Pomo"), KWFocusTypePomo}, {tr("Stopwatch"), KWFocusTypeStopwatch}})
