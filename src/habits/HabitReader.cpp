@@ -26,11 +26,37 @@ void count(const HabitDay &day, Day today, HabitFigures &figures)
     figures.doneOfDue += isDone;
 }
 
-HabitFigures figuresOf(const QList<HabitDay> &days, Day today)
+// A week asks for so many of its days. Before it is over, and where the range cuts it, it has not asked for
+// more than were done.
+void countWeeks(const QList<HabitDay> &range, const KWHabit &habit, HabitFigures &figures)
+{
+    const weekday firstWeekday = KWUserSettings::firstWeekdayOfUser(habit->userID, habit.context());
+    const Day begin = std::max(range.first().day, habit.firstDay());
+    figures.due = figures.doneOfDue = 0;
+    for (auto first = range.begin(); first != range.end();) {
+        const Day week = first->day - (weekday{first->day} - firstWeekday);
+        const Day weekEnd = week + weeks{1};
+        int done = 0, left = 0;
+        auto each = first;
+        for (; each != range.end() && each->day < weekEnd; ++each) {
+            left += each->isDue && each->state != HabitDayState::Skipped;
+            done += each->state == HabitDayState::Done;
+        }
+        first = each;
+        const bool isWhole = weekEnd <= habit.today() && weekEnd <= range.last().day + days{1} &&
+                             (week >= begin || begin == habit.firstDay());
+        const int asked = std::min(habit.frequency().timesInWeekly, isWhole ? left : done);
+        figures.due += asked;
+        figures.doneOfDue += std::min(done, asked);
+    }
+}
+
+HabitFigures figuresOf(const QList<HabitDay> &range, const KWHabit &habit)
 {
     HabitFigures figures;
-    for (const HabitDay &each : days)
-        count(each, today, figures);
+    for (const HabitDay &each : range)
+        count(each, habit.today(), figures);
+    if (range.first().isOfWeek) countWeeks(range, habit, figures);
     return figures;
 }
 
@@ -79,11 +105,11 @@ std::optional<HabitDetailContent> HabitReader::readDetail(const QString &habitID
     detail.month = Day{date.year() / date.month() / 1};
     detail.year = readHabitDays(*habit, Day{date.year() / January / 1}, Day{date.year() / December / 31});
     const QList<HabitDay> ofMonth = detail.monthDays();
-    detail.ofMonth = figuresOf(ofMonth, detail.today);
-    detail.ofYear = figuresOf(detail.year, detail.today);
+    detail.ofMonth = figuresOf(ofMonth, *habit);
+    detail.ofYear = figuresOf(detail.year, *habit);
     const QList<HabitDay> all =
         readHabitDays(*habit, std::min(habit->firstDay(), detail.today), detail.today);
-    detail.ofAll = figuresOf(all, detail.today);
+    detail.ofAll = figuresOf(all, *habit);
     detail.ofToday = all.last();
     for (const KWHabitRecordModel &each :
          context.models<KWHabitRecord>({.where = "habitID = ? AND stamp BETWEEN ? AND ? AND isDeleted = 0",

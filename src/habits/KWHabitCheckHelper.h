@@ -30,7 +30,7 @@ public:
     /// numbers are refused.
     Result<UndoToken> setValue(const QString &habitID, int stamp, double value,
                                const std::function<void(bool)> &completion = {});
-    static constexpr double greatestAmount = 1e9;
+    static constexpr double greatestAmount = KWHabitUtils::greatestAmount;
     static Result<void> checkedAmount(double amount);
 
     /// One step more or less, see KWHabitUtils::updateHabitCheckin().

@@ -25,11 +25,20 @@ KWHabitViewModel::KWHabitViewModel(OrvaneKit &kit, KWHabitCheckHelper &checks) :
 Result<UndoToken> KWHabitViewModel::clickDay(const QString &habitID, int stamp, const QRect &anchor)
 {
     const KWHabit *habit = m_kit.context().find<KWHabit>(habitID);
+    const bool isKept = habit && !habit->isDeleted() && !(*habit)->isArchived;
+    // Of a day that was skipped as well, the mark is not seen.
+    const bool isSkipped = isKept && habit->skipAtDateStamp(stamp);
+    const KWHabitCheckin *checkin = isKept && !isSkipped ? habit->checkInAtDateStamp(stamp) : nullptr;
+    if (checkin && checkin->isMarkUnAchieved()) return undoUnAchieved(habitID, stamp);
+    return openDay(habitID, stamp, anchor);
+}
+
+Result<UndoToken> KWHabitViewModel::openDay(const QString &habitID, int stamp, const QRect &anchor)
+{
+    const KWHabit *habit = m_kit.context().find<KWHabit>(habitID);
     if (!habit || habit->isDeleted() || (*habit)->isArchived) return UndoToken{};
     const std::optional<Day> day = DayStamp::toDay(stamp);
     if (day && *day > habit->today()) return Error{KWLocalizedString("This day is still to come.")};
-    const KWHabitCheckin *checkin = habit->checkInAtDateStamp(stamp);
-    if (checkin && checkin->isMarkUnAchieved()) return undoUnAchieved(habitID, stamp);
     m_checks.openCheckInPopup(habitID, stamp, anchor);
     return UndoToken{};
 }

@@ -17,6 +17,9 @@ public:
     /// undoUnAchieved(); for any other the pop-up opens beside `anchor`. A day to come fails with a sentence.
     Result<UndoToken> clickDay(const QString &habitID, int stamp, const QRect &anchor);
 
+    /// The same with the pop-up for any day.
+    Result<UndoToken> openDay(const QString &habitID, int stamp, const QRect &anchor);
+
     /// Takes back that the day was not achieved. It is without a check-in again when no amount was entered,
     /// and always where there is nothing but done or not; else the amount decides between done and not.
     Result<UndoToken> undoUnAchieved(const QString &habitID, int stamp);

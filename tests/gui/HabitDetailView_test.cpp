@@ -74,6 +74,16 @@ private Q_SLOTS:
         QTRY_COMPARE(text("habitTodayWords"), u"Not done yet"_s);
     }
 
+    void itFollowsTheHabitAlsoAfterAnotherPage()
+    {
+        show(u"Drink water"_s);
+        m_client->openList(u"Today"_s);
+        m_client->rooms().menu().action(MenuCommand::OpenHabit).trigger();
+        goToHabit(u"Drink water"_s);
+        m_client->press(Qt::Key_Space);
+        QTRY_COMPARE(text("habitTodayValue"), u"1"_s);
+    }
+
     void theMonthTurnsAndItsDaysAreOpened()
     {
         show(u"Stretch"_s);

@@ -104,6 +104,11 @@ private Q_SLOTS:
         QVERIFY(dayOf(u"Stretch"_s, 2).state == HabitDayState::Open);
         takeBack();
         QVERIFY(dayOf(u"Stretch"_s, 2).state == HabitDayState::UnAchieved);
+        // The keyboard opens it, for a note.
+        goToHabit(u"Stretch"_s, 2);
+        m_client->press(Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(isOpen("habitCheckIn"));
+        QVERIFY(dayOf(u"Stretch"_s, 2).state == HabitDayState::UnAchieved);
     }
 
     void aDayIsSkippedAndNotSkippedInTheMenu()

@@ -114,6 +114,21 @@ private Q_SLOTS:
         QVERIFY(!HabitReader::readDetail(u"none"_s, april->today, context()));
     }
 
+    // Four weeks of April, in one of them a day too few, and one that May cuts.
+    void aWeekAsksForSomeOfItsDays()
+    {
+        const QString id = m_fixture->make(named(u"Write"_s, u"FREQ=WEEKLY;X-TIMES=2"_s));
+        for (const int stamp :
+             {2030'04'02, 2030'04'04, 2030'04'09, 2030'04'11, 2030'04'16, 2030'04'23, 2030'04'24, 2030'04'25})
+            QVERIFY(m_fixture->checks.setValue(id, stamp, 1));
+        const auto april = HabitReader::readDetail(id, dayOf(u"2030-04-17"_s), context());
+        QCOMPARE(april->ofMonth.done, 8);
+        QCOMPARE(april->ofMonth.due, 8);
+        QCOMPARE(april->ofMonth.doneOfDue, 7);
+        for (const HabitDay &each : april->monthDays())
+            QVERIFY(!each.isMissed(april->today));
+    }
+
     void readsWhatIsWantedOfADay()
     {
         m_fixture->make(named(u"Daily"_s));

@@ -14,9 +14,10 @@ enum class HabitDayState {
 struct HabitDay {
     Day day{};
     HabitDayState state = HabitDayState::Open;
-    double value = 0;   ///< the amount entered
-    double goal = 1;    ///< of that day: the habit's of now when nothing was entered
-    bool isDue = false; ///< by the habit's rule
+    double value = 0;      ///< the amount entered
+    double goal = 1;       ///< of that day: the habit's of now when nothing was entered
+    bool isDue = false;    ///< by the habit's rule
+    bool isOfWeek = false; ///< a week asks for some of its days, not for this one
     bool isToCome = false;
     bool hasNote = false;
 
@@ -30,6 +31,7 @@ struct HabitDay {
     /// Whether it was to be done, is over and was not.
     bool isMissed(Day today) const
     {
-        return state == HabitDayState::UnAchieved || (state == HabitDayState::Open && isDue && day < today);
+        return state == HabitDayState::UnAchieved ||
+               (state == HabitDayState::Open && isDue && !isOfWeek && day < today);
     }
 };

@@ -84,6 +84,7 @@ QList<HabitDay> readHabitDays(const KWHabit &habit, Day first, Day last)
         read.append({.day = day,
                      .goal = habit->goal,
                      .isDue = frequency.isDueOn(day, begin),
+                     .isOfWeek = frequency.kind == HabitFrequency::Kind::Weekly,
                      .isToCome = day > today});
     for (const auto &each : modelsBetween<KWHabitCheckin>(
              habit, "habitID = ? AND checkinStamp BETWEEN ? AND ? AND isDeleted = 0", first, last))

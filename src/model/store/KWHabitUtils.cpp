@@ -16,7 +16,8 @@ double amountAfter(HabitCheck check, const KWHabit &habit, const KWHabitCheckin 
 {
     if (!habit->isRealType) return check == HabitCheck::Add ? checkin->goal : 0;
     const double step = check == HabitCheck::Add ? habit->step : -habit->step;
-    return std::max(0.0, KWHabitUtils::withoutRoundingErrors(checkin->value + step));
+    return std::clamp(KWHabitUtils::withoutRoundingErrors(checkin->value + step), 0.0,
+                      KWHabitUtils::greatestAmount);
 }
 
 bool canBeChecked(HabitCheck check, CheckedBy by, const KWHabit &habit, const KWHabitCheckin *checkin,

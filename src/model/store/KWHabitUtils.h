@@ -39,6 +39,7 @@ public:
     /// The id is taken by value: a save may replace the row that it stands in.
     Result<UndoToken> changeDay(QString habitID, int stamp, const std::function<void(KWHabit &)> &change);
 
+    static constexpr double greatestAmount = 1e9;
     /// An amount to the millionth, for ten tenths are one.
     static double withoutRoundingErrors(double amount);
 

@@ -54,6 +54,12 @@ void HabitCheckIns::clickDay(QString habitID, Day day, const QRect &place)
     report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID, day);
 }
 
+void HabitCheckIns::openDay(QString habitID, Day day, const QRect &place)
+{
+    const auto opened = m_days.openDay(habitID, DayStamp::fromDay(day), place);
+    if (!opened) Q_EMIT failed(opened.error().sentence);
+}
+
 void HabitCheckIns::apply(QString habitID, Day day, const HabitDayEdit &edit)
 {
     report(store(habitID, day, edit), habitID, day);

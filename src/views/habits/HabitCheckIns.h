@@ -22,6 +22,8 @@ public:
     /// A check more, or one taken back; a day that is done and has no amount is not done any more either way.
     void check(QString habitID, Day day, bool takesBack);
     void clickDay(QString habitID, Day day, const QRect &place);
+    /// The pop-up of the day, also where a click only takes a mark back.
+    void openDay(QString habitID, Day day, const QRect &place);
     void apply(QString habitID, Day day, const HabitDayEdit &edit);
     /// Whether it was stored.
     bool setNote(QString habitID, Day day, const QString &note);

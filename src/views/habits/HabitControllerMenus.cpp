@@ -71,7 +71,7 @@ void HabitController::addMarks(QMenu &menu, const HabitRow &row, const HabitDay 
         addEntry(menu, "One Step Less", "Shift+Space", this,
                  [&checks, id, at] { checks.check(id, at, true); });
     addEntry(menu, "Day and Note…", "Ctrl+Return", this,
-             [&checks, id, at, place] { checks.clickDay(id, at, place); });
+             [&checks, id, at, place] { checks.openDay(id, at, place); });
     if (day.state == HabitDayState::UnAchieved)
         addMark("Undo Not Achieved", UndoUnAchieved);
     else

@@ -147,6 +147,7 @@ void HabitListView::focusInEvent(QFocusEvent *event)
 void HabitListView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTreeView::currentChanged(current, previous);
+    viewport()->update(); // rows are painted wider than their cells
     if (m_model.rowAt(current)) m_column = current.column();
     if (!m_isResetting && m_model.rowAt(current) != m_model.rowAt(previous))
         Q_EMIT currentHabitChanged(currentHabit());

@@ -37,6 +37,7 @@ Q_SIGNALS:
     void currentHabitChanged(const QString &habitID);
     /// A day was clicked, or opened by the keyboard; `place` is its circle on the screen.
     void dayClicked(const QString &habitID, Day day, const QRect &place);
+    void dayOpened(const QString &habitID, Day day, const QRect &place);
     void checkRequested(const QString &habitID, Day day, bool takesBack);
     void opened(const QString &habitID);
     void editRequested(const QString &habitID);

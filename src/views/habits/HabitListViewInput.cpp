@@ -84,7 +84,7 @@ bool HabitListView::handleKeyOnHabit(const QKeyEvent &event, const QModelIndex &
     else if (is(Qt::ShiftModifier, {Qt::Key_Space}))
         Q_EMIT checkRequested(id, day, true);
     else if (is(Qt::ControlModifier, {Qt::Key_Return, Qt::Key_Enter}))
-        Q_EMIT dayClicked(id, day, placeOf(index));
+        Q_EMIT dayOpened(id, day, placeOf(index));
     else if (is(Qt::AltModifier, {Qt::Key_Return, Qt::Key_Enter}))
         Q_EMIT opened(id);
     else if (is(Qt::NoModifier, {Qt::Key_F2}) || is(Qt::ControlModifier, {Qt::Key_E}))

@@ -27,12 +27,16 @@ HabitNavigator::HabitNavigator(HabitPane &pane, HabitDetailView &detail, OrvaneK
 void HabitNavigator::open()
 {
     readFolding();
+    if (!m_habitID.isEmpty()) showDetailOf(m_habitID); // as when the page was left
     m_loader.load();
 }
 
 void HabitNavigator::takePage(const HabitPageContent &content)
 {
     m_pane.setContent(content, m_loader.firstWeekday());
+    // The month of today may be another one now.
+    if (std::exchange(m_today, content.today) != content.today && !m_habitID.isEmpty())
+        showDetailOf(m_habitID);
     if (!m_wanted.isEmpty()) {
         showHabit(std::exchange(m_wanted, {}));
     } else if (!std::exchange(m_isRead, true) && m_pane.list().currentHabit().isEmpty()) {

@@ -41,6 +41,7 @@ private:
     QString m_habitID;          // of the detail
     QString m_wanted;           // to be selected
     std::optional<Day> m_month; // the one of today without
+    Day m_today{};
     bool m_isRead = false;
     KWEventBus::Registration m_registration;
 };

@@ -16,6 +16,7 @@ HabitColumn::HabitColumn(const MainWindowRooms &rooms, MainWindow &window)
 {
     const HabitListView &list = window.habitPane().list();
     connect(&list, &HabitListView::dayClicked, &m_checkIns, &HabitCheckIns::clickDay);
+    connect(&list, &HabitListView::dayOpened, &m_checkIns, &HabitCheckIns::openDay);
     connect(&list, &HabitListView::checkRequested, &m_checkIns, &HabitCheckIns::check);
     connect(&m_navigator, &HabitNavigator::failed, &window, &MainWindow::showMessage);
     connect(&m_checkIns, &HabitCheckIns::changed, &window, &MainWindow::showUndo);
