@@ -221,6 +221,7 @@ QString TaskArranger::hindrance(const QStringList &taskIDs, const TaskDropPlace 
     const bool areAllHere = std::ranges::all_of(taskIDs, isHere);
     if (areAllHere && (section.isCompleted() || section.isLoadMore()))
         return KWLocalizedString("Completed tasks stand in the order they were completed in.");
+    if (section.isHabit()) return KWLocalizedString("Only habits stand here.");
     if (section.isCalSubscription()) return KWLocalizedString("Only events of calendars stand here.");
     if (!areAllHere && section.isOverdue()) return KWLocalizedString("A task cannot be moved into the past.");
     const auto *assignee = section.as<KWAssigneeCategorySection>();

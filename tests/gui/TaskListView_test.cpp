@@ -213,6 +213,19 @@ private Q_SLOTS:
         QCOMPARE(edited[0][1].toString(), u"Other words"_s);
     }
 
+    void anotherListSelectsNothingByItself()
+    {
+        Shown shown{rowsFrom(1, 3)};
+        shown.view.selectTask(u"task 2"_s);
+        shown.view.expectAnotherList();
+        shown.view.setRows(rowsFrom(2, 4));
+        QCOMPARE(shown.view.currentTask(), u"task 2"_s); // it is in both
+        shown.view.expectAnotherList();
+        shown.view.setRows(rowsFrom(7, 9));
+        QCOMPARE(shown.view.currentTask(), QString{});
+        QVERIFY(!shown.view.selectionModel()->hasSelection());
+    }
+
     void longTitlesAndLinesPaint()
     {
         QList<TaskListRow> rows = rowsFrom(1, 3);

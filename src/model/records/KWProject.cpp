@@ -1,6 +1,7 @@
 #include "model/records/KWProject.h"
 
 #include "model/records/KWColumn.h"
+#include "model/records/KWProjectGroup.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/records/SortOrder.h"
@@ -72,12 +73,18 @@ KWProject *KWProject::findProjectNamed(const QString &name, const QString &userI
     return nullptr;
 }
 
+std::int64_t KWProject::sortOrderBehindListsAndFolders(const QString &userID, ObjectContext &context)
+{
+    return std::max(sortOrderBehindAll<KWProjectGroup>(userID, context),
+                    sortOrderBehindAll<KWProject>(userID, context));
+}
+
 KWProject &KWProject::createProjectNamed(const QString &name, const QString &userID, ObjectContext &context)
 {
     KWProjectModel model;
     model.userID = userID;
     model.name = name;
-    model.sortOrder = sortOrderBehindAll<KWProject>(userID, context);
+    model.sortOrder = sortOrderBehindListsAndFolders(userID, context);
     return context.insert<KWProject>(std::move(model));
 }
 

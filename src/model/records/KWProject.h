@@ -40,7 +40,10 @@ public:
     /// to its displayed name too. None when there is no such list.
     static KWProject *findProjectNamed(const QString &name, const QString &userID, ObjectContext &context);
 
-    /// A list of that name after the last of the user's lists.
+    /// Both stand in one order in the sidebar.
+    static std::int64_t sortOrderBehindListsAndFolders(const QString &userID, ObjectContext &context);
+
+    /// A list of that name after the last of the user's lists and folders.
     static KWProject &createProjectNamed(const QString &name, const QString &userID, ObjectContext &context);
     /// The manual position before the list's first task, or behind its last one.
     std::int64_t sortOrderForNewTask(ListEnd end = ListEnd::Top) const;

@@ -4,7 +4,6 @@
 #include "model/records/KWProjectGroup.h"
 #include "model/records/KWUserSettings.h"
 #include "model/records/OneLine.h"
-#include "model/records/SortOrder.h"
 #include "model/store/FoldedName.h"
 #include "model/store/KWCoreDataManager.h"
 #include "model/store/ListRemoval.h"
@@ -88,9 +87,7 @@ Result<QString> ListEditor::createFolder(const QString &typed)
         folder.name = onOneLine(typed);
         const Result<void> checked = checkFolderName(folder.name, {}, context);
         if (!checked) return checked;
-        // Folders and lists share one order.
-        folder.sortOrder = std::max(sortOrderBehindAll<KWProjectGroup>(m_userID, context),
-                                    sortOrderBehindAll<KWProject>(m_userID, context));
+        folder.sortOrder = KWProject::sortOrderBehindListsAndFolders(m_userID, context);
         groupID = context.insert<KWProjectGroup>(std::move(folder)).sid();
         return {};
     };

@@ -13,16 +13,15 @@ ShownRows::ShownRows(TaskListPane &pane, KWTaskListService &service, const CXClo
 
 void ShownRows::show()
 {
-    const bool takesTasks = takesNewTasks(m_service.list()) && !m_isArchived;
     QList<SectionLook> looks;
     for (const KWTaskCategory &each : m_service.categories())
-        looks.append(sectionLookOf(each, m_clock.today(), takesTasks));
+        looks.append(sectionLookOf(each, m_clock.today(), m_takesTasks));
     m_pane.list().setRows(flatRows(m_service.categories(), m_service.folded()), std::move(looks));
 }
 
-void ShownRows::setIsArchived(bool isArchived)
+void ShownRows::setTakesTasks(bool takesTasks)
 {
-    if (std::exchange(m_isArchived, isArchived) != isArchived) show();
+    if (std::exchange(m_takesTasks, takesTasks) != takesTasks) show();
 }
 
 void ShownRows::fold(const TaskListRow &row)

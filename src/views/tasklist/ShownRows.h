@@ -19,7 +19,7 @@ public:
     /// Shows what the service has read. To be called when it has changed.
     void show();
     /// Of a list in the archive: nothing is added to its sections.
-    void setIsArchived(bool isArchived);
+    void setTakesTasks(bool takesTasks);
 
 private:
     void fold(const TaskListRow &row);
@@ -27,5 +27,5 @@ private:
     TaskListPane &m_pane;
     KWTaskListService &m_service;
     const CXClock &m_clock;
-    bool m_isArchived = false;
+    bool m_takesTasks = true;
 };

@@ -67,6 +67,7 @@ TaskListController::~TaskListController()
 void TaskListController::show(const KWListIdentifier &list)
 {
     m_wantedTask.clear();
+    m_isAnotherListComing |= list != m_service.list();
     m_service.select(list);
     showHead();
     Q_EMIT shown();
@@ -95,6 +96,7 @@ void TaskListController::selectWantedTask()
 void TaskListController::showRows()
 {
     showNames();
+    if (std::exchange(m_isAnotherListComing, false)) m_pane.list().expectAnotherList();
     m_rows.show();
     selectWantedTask();
     Q_EMIT shown();
@@ -132,8 +134,8 @@ void TaskListController::showHead()
         isDateList ? DateWording::weekdayAndDay(today + std::chrono::days{isTomorrow}, today, QLocale{})
                    : QString{});
 
-    m_rows.setIsArchived(m_sidebar.isSelectedListClosed());
     const bool takesTasks = takesNewTasks(m_service.list()) && !m_sidebar.isSelectedListReadOnly();
+    m_rows.setTakesTasks(takesTasks);
     // The keyboard stays in the pane when the field goes.
     if (!takesTasks && m_pane.window()->focusWidget() == &m_pane.addField()) m_pane.list().setFocus();
     m_pane.addField().setVisible(takesTasks);
@@ -150,6 +152,8 @@ void TaskListController::showEmptyText(const QString &title)
                           calendarState(*calendar, m_clock));
     else if (m_sidebar.isSelectedListClosed())
         list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("This list is archived."));
+    else if (m_sidebar.isSelectedListReadOnly())
+        list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("You can read this list."));
     else if (takesNewTasks(m_service.list()))
         list.setEmptyText(tr("Nothing to do in “%1”").arg(title), tr("Press Ctrl+N and type to add a task."));
     else if (smart && smart->isTrash())

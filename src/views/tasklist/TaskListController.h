@@ -40,6 +40,7 @@ private:
     TaskListPane &m_pane;
     KWTaskListService &m_service;
     ShownRows m_rows;
+    bool m_isAnotherListComing = false;
     KWProjectListPresenter &m_sidebar;
     KWTaskEditor &m_editor;
     CXClock &m_clock;

@@ -240,6 +240,7 @@ void TaskListView::rememberPlace()
 void TaskListView::returnToPlace()
 {
     const Place place = *m_place;
+    const bool isAnotherList = std::exchange(m_expectsAnotherList, false);
     const QModelIndex current = m_model.indexOf(place.currentID);
     const bool hasMoved = current.isValid() && current.row() != place.currentRow;
     const bool wasClosed =
@@ -253,6 +254,8 @@ void TaskListView::returnToPlace()
     } else if (const QModelIndex folded = current.isValid() ? QModelIndex{} : foldedAround(place);
                folded.isValid()) {
         makeCurrent(folded);
+    } else if (isAnotherList && !current.isValid()) {
+        selectionModel()->clear();
     } else if (place.currentRow >= 0 && !current.isValid() && currentIndex().isValid()) {
         makeCurrent(
             taskNear(place.currentRow)); // the task went: what took its place is selected, not current alone

@@ -31,6 +31,9 @@ public:
     /// Selection and scroll position survive, also a reset of the model.
     void setRows(QList<TaskListRow> rows, QList<SectionLook> looks = {});
 
+    /// The rows given next are those of another list: a task that is not among them has no neighbour there.
+    void expectAnotherList() { m_expectsAnotherList = true; }
+
     /// What an empty list says: what it is, and what to do next.
     void setEmptyText(const QString &text, const QString &hint);
 
@@ -164,6 +167,7 @@ private:
     Hindrance m_hindrance;
     std::optional<DropTarget> m_dropTarget;
     bool m_isDropRefused = false;
+    bool m_expectsAnotherList = false;
     bool m_waitsForFirst = false; ///< the keyboard came, and rows may follow
     QString m_emptyText;
     QString m_emptyHint;
