@@ -16,6 +16,8 @@ Error storeFailure(const SQLite::Exception &exception)
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
         return {storeText("The data folder cannot be written, so nothing was saved.")};
+    case SQLITE_IOERR:
+        return {storeText("The disk reported an error, so nothing was saved.")};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return {storeText("Another program keeps the store locked, so nothing was saved.")};
