@@ -18,7 +18,7 @@ public:
 
     /// Shows what the service has read. To be called when it has changed.
     void show();
-    /// Of a list in the archive: nothing is added to its sections.
+    /// Whether tasks can be added to its sections: not in the archive, nor where one may only read.
     void setTakesTasks(bool takesTasks);
 
 private:
