@@ -2,6 +2,7 @@
 
 #include "corvexkit/recurrence/CXRecurrenceAssistant.h"
 #include "model/store/RepeatingTask.h"
+#include "model/store/TaskSchedule.h"
 
 #include <algorithm>
 
@@ -92,6 +93,14 @@ std::chrono::milliseconds SourceModel::duration() const
     return startDate && endDate ? *endDate - *startDate : std::chrono::milliseconds{0};
 }
 
+// Of events the calendar bounds them when it is read; of tasks an import does not.
+std::optional<std::size_t> SourceModel::mostOccurrences(Instant from, Instant to) const
+{
+    if (instanceType != KWRepeatInstanceTypeTask || to < from) return std::nullopt;
+    const auto days = std::chrono::ceil<std::chrono::days>(to - from).count() + 1;
+    return std::size_t(days) * TaskSchedule::mostOccurrencesOnADay;
+}
+
 std::vector<Instant> SourceModel::laterOccurrences(Instant from, Instant to, const CXTimeZone &local,
                                                    std::chrono::weekday firstWeekday) const
 {
@@ -102,8 +111,10 @@ std::vector<Instant> SourceModel::laterOccurrences(Instant from, Instant to, con
                                    .excludedOccurrenceDates = excludedOccurrenceDatesAsRecurringObject(),
                                    .timeZone = timeZoneAsRecurringObject(local),
                                    .firstWeekday = firstWeekday};
+    const auto most = mostOccurrences(from, to);
     std::vector<Instant> dates =
-        CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(object, from, to, true);
+        CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(object, from, to, true, most);
+    if (dates.size() == most) return {};
     std::erase_if(dates, [&](Instant date) {
         return date == *startDate || object.excludedOccurrenceDates.contains(date);
     });

@@ -32,7 +32,8 @@ struct SourceModel {
     std::int64_t hashTag() const;
 
     /// The starts of the occurrences in [from, to] behind the first one, which is the source itself. None for
-    /// what repeats from its completion: it has no next one before.
+    /// what repeats from its completion: it has no next one before; none for a task that repeats more often
+    /// than one may, see TaskSchedule.
     /// `local` is the zone in force; `firstWeekday` starts the weeks of a rule that does not say.
     std::vector<Instant> laterOccurrences(Instant from, Instant to, const CXTimeZone &local,
                                           std::chrono::weekday firstWeekday) const;
@@ -41,4 +42,7 @@ struct SourceModel {
     // As the recurrence library sees it.
     CXTimeZone timeZoneAsRecurringObject(const CXTimeZone &local) const;
     std::set<Instant> excludedOccurrenceDatesAsRecurringObject() const;
+
+private:
+    std::optional<std::size_t> mostOccurrences(Instant from, Instant to) const;
 };

@@ -209,14 +209,15 @@ private Q_SLOTS:
         QVERIFY(!generate("2030-05-01", "2030-05-08"));
     }
 
-    void keepsAFlagOfWhatHasNoNextOneYet()
+    void keepsAFlagOfWhatYieldsNothing()
     {
         const QString task = add("Cut hair", "2030-05-01 08:00", "RRULE:FREQ=DAILY");
         setSaved<KWTask>(*m_store, task, &KWTaskModel::repeatFrom, CXRecurrenceFromCompletionDate);
         const QString broken = add("Odd", "2030-05-01 08:00", "RRULE:FREQ=SOMETIMES");
+        const QString often = add("Breathe", "2030-05-01 08:00", "RRULE:FREQ=SECONDLY");
         QVERIFY(!generate("2030-05-01", "2030-05-08"));
-        QCOMPARE(stored(task) + stored(broken), QString{});
-        QCOMPARE(number("SELECT count(*) FROM repeatInstanceFetchFlags"), 2);
+        QCOMPARE(stored(task) + stored(broken) + stored(often), QString{});
+        QCOMPARE(number("SELECT count(*) FROM repeatInstanceFetchFlags"), 3);
         QVERIFY(m_announced.isEmpty());
     }
 

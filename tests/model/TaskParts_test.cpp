@@ -151,14 +151,17 @@ private Q_SLOTS:
     {
         const QString id = aTask("Cake", "Europe/Berlin").startingAt("2030-05-02 10:00").savedIn(*m_store);
         const TaskSchedule shown = TaskSchedule::ofTask(task(id));
-        TaskSchedule early = shown, odd = shown, dateless;
+        TaskSchedule early = shown, odd = shown, often = shown, dateless;
         early.dates.endDateTime = shown.dates.startDateTime;
         early.dates.endDateTime->date -= std::chrono::minutes{1};
         odd.dates.repeatRule = u"FREQ=SOMETIMES"_s;
         dateless.dates.repeatRule = u"FREQ=DAILY"_s;
-        for (const TaskSchedule &each : {early, odd, dateless})
+        often.dates.repeatRule = u"FREQ=MINUTELY;INTERVAL=14"_s;
+        for (const TaskSchedule &each : {early, odd, often, dateless})
             QVERIFY(isRefused(m_editor->setSchedule(id, each, shown)));
         QCOMPARE(TaskSchedule::ofTask(task(id)), shown);
+        often.dates.repeatRule = u"FREQ=MINUTELY;INTERVAL=15"_s;
+        QVERIFY(m_editor->setSchedule(id, often, shown));
         QVERIFY(m_editor->setSchedule(id, {}, shown) && !task(id).startDate);
     }
 };

@@ -4,6 +4,9 @@
 #include "corvexkit/recurrence/RuleWords.h"
 #include "corvexkit/time/TimeText.h"
 
+#include <algorithm>
+#include <bit>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -72,4 +75,17 @@ QString CXRecurrenceRule::toIcal() const
     if (skip != Skip::Omit)
         text += u";RSCALE=GREGORIAN;SKIP="_s + latin1(RuleWords::skips[std::size_t(skip)]);
     return text;
+}
+
+std::int64_t CXRecurrenceRule::mostOccurrencesOnADay() const
+{
+    const auto times = [this](const auto &chosen, Frequency every, int all) -> std::int64_t {
+        if (!chosen.isEmpty()) return std::popcount(chosen.bits());
+        if (frequency > every) return 1;
+        // Only what the frequency itself counts is thinned by the interval.
+        return frequency == every ? (all - 1) / interval + 1 : all;
+    };
+    const std::int64_t most = times(bySecond, Frequency::Secondly, 60) *
+                              times(byMinute, Frequency::Minutely, 60) * times(byHour, Frequency::Hourly, 24);
+    return count ? std::min<std::int64_t>(most, *count) : most;
 }

@@ -37,6 +37,9 @@ public:
     /// always, lists ascending, weekdays from Monday.
     QString toIcal() const;
 
+    /// An upper bound of what it yields on one day.
+    std::int64_t mostOccurrencesOnADay() const;
+
     Frequency frequency = Frequency::Daily;
     Skip skip = Skip::Omit;
     int interval = 1;         ///< 1 to 999,999,999

@@ -4,6 +4,7 @@
 #include "calendar/ics/IcsComponent.h"
 #include "calendar/ics/IcsSeries.h"
 #include "calendar/ics/IcsZones.h"
+#include "corvexkit/recurrence/CXRecurrenceRule.h"
 #include "model/records/OneLine.h"
 #include "model/settings/KWLocalizedString.h"
 
@@ -58,7 +59,8 @@ Result<IcsCalendar> IcsReader::read(const QByteArray &text, const CXTimeZone &in
             ++calendar.leftOut;
             continue;
         }
-        occurrencesADay += mostOccurrencesOnADay(event->model.repeatRule);
+        if (const auto rule = CXRecurrenceRule::parse(event->model.repeatRule))
+            occurrencesADay += rule->mostOccurrencesOnADay();
         dates += event->additional.size() + event->exDates.size();
         if (occurrencesADay > mostOccurrencesADay || dates > std::size_t(IcsBlocks::mostEvents))
             return Error{KWLocalizedString("The events of the calendar repeat too often.")};

@@ -6,7 +6,6 @@
 #include <QMultiHash>
 
 #include <algorithm>
-#include <bit>
 
 using namespace std::chrono;
 
@@ -147,21 +146,4 @@ private:
 std::vector<Model> joinSeries(std::vector<IcsEvent> events, const CXTimeZone &inForce)
 {
     return SeriesJoiner{std::move(events), inForce}.join();
-}
-
-std::int64_t mostOccurrencesOnADay(const QString &text)
-{
-    const auto rule = CXRecurrenceRule::parse(text);
-    if (!rule) return 0;
-    using Frequency = CXRecurrenceRule::Frequency;
-    const auto times = [&rule](const auto &chosen, Frequency every, int all) -> std::int64_t {
-        if (!chosen.isEmpty()) return std::popcount(chosen.bits());
-        if (rule->frequency > every) return 1;
-        // Only what the frequency itself counts is thinned by the interval.
-        return rule->frequency == every ? std::max(1, all / std::min(rule->interval, all)) : all;
-    };
-    const std::int64_t most = times(rule->bySecond, Frequency::Secondly, 60) *
-                              times(rule->byMinute, Frequency::Minutely, 60) *
-                              times(rule->byHour, Frequency::Hourly, 24);
-    return rule->count ? std::min<std::int64_t>(most, *rule->count) : most;
 }

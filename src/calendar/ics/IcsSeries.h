@@ -5,6 +5,3 @@
 /// The events of a calendar as they are kept, in their order: what belongs together by its UID is made to
 /// stand for itself, as IcsCalendar says. Cancelled ones are gone. Any thread.
 std::vector<KWCalSubscriptionEventModel> joinSeries(std::vector<IcsEvent> events, const CXTimeZone &inForce);
-
-/// An upper bound of what a rule yields on one day; 0 for a text that is no rule.
-std::int64_t mostOccurrencesOnADay(const QString &rule);

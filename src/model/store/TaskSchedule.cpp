@@ -19,7 +19,10 @@ Result<void> TaskSchedule::check() const
         return Error{storeText("A task cannot end before it starts.")};
     if (dates.repeatRule.isEmpty()) return {};
     const auto rule = CXRecurrenceRule::parse(dates.repeatRule);
-    return rule ? Result<void>{} : rule.error();
+    if (!rule) return rule.error();
+    if (rule->mostOccurrencesOnADay() > mostOccurrencesOnADay)
+        return Error{storeText("A task cannot repeat more often than every quarter of an hour.")};
+    return {};
 }
 
 bool TaskSchedule::hasDatesOf(const TaskSchedule &other) const
