@@ -151,9 +151,9 @@ void CalendarNavigator::turn(int pages)
         return goTo(from + days{7 * pages});
     case CalendarPage::Kind::Month:
         const weekday first = m_loader.firstWeekday();
-        return goTo(CalendarPage::around(m_pane.view().content().page.begin, m_kind, first)
-                        .moved(pages, first)
-                        .begin);
+        // The day where the keyboard is may stand outside the month.
+        const Day inMonth = m_isGoing ? from : m_pane.view().content().page.begin;
+        return goTo(CalendarPage::around(inMonth, m_kind, first).moved(pages, first).begin);
     }
 }
 
