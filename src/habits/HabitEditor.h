@@ -24,7 +24,7 @@ public:
     Result<Made> create(KWHabitModel habit);
     /// Days that were checked in keep the goal they had.
     Result<UndoToken> update(const QString &habitID, const std::function<void(KWHabitModel &)> &edit);
-    /// An archived habit keeps its days and is due on none.
+    /// An archived habit keeps its days; none is due behind the last one that was entered.
     Result<UndoToken> setArchived(const QString &habitID, bool isArchived);
     /// With all its days, which come back with it.
     Result<UndoToken> remove(const QString &habitID);

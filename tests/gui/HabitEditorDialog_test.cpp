@@ -172,6 +172,10 @@ private Q_SLOTS:
         typeInto(find<QLineEdit>("habitReminderTime"), u"noonish"_s);
         press("saveHabit");
         QVERIFY(find<QLabel>("habitReminderWrong").isVisible());
+        typeInto(find<QLineEdit>("habitReminderTime"), u"noon-ish"_s);
+        QVERIFY(!find<QLabel>("habitReminderWrong").isVisible());
+        find<QAbstractButton>("habitAddReminder").click();
+        QVERIFY(find<QLabel>("habitReminderWrong").isVisible());
         typeInto(find<QLineEdit>("habitReminderTime"), u"21:30"_s);
         press("habitAddReminder");
         typeInto(find<QLineEdit>("habitReminderTime"), u"8:15"_s);

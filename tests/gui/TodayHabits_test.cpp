@@ -55,6 +55,17 @@ private Q_SLOTS:
         }
     }
 
+    void spaceTakesBackThatADayWasNotAchieved()
+    {
+        KWHabitCheckHelper checks{m_client->kit()};
+        const QString id = habitID(u"Drink"_s);
+        constexpr int today = 2026'11'21;
+        QVERIFY(checks.setValue(id, today, 1) && checks.markUnAchieved(id, today));
+        goTo(taskRow(u"Drink"_s));
+        m_client->press(Qt::Key_Space);
+        QCOMPARE(stateOf(u"Drink"_s), u"0 1"_s);
+    }
+
     void canOnlyBeCheckedAndOpened()
     {
         goTo(taskRow(u"Drink"_s));

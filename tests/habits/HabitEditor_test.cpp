@@ -2,7 +2,9 @@
 
 #include "habits/HabitFixture.h"
 #include "habits/HabitWording.h"
+#include "model/records/DayStamp.h"
 #include "model/records/KWHabitSection.h"
+#include "model/store/HabitDays.h"
 #include "support/Answers.h"
 #include "support/TestMain.h"
 
@@ -106,6 +108,28 @@ private Q_SLOTS:
         }
         QVERIFY(editor().setArchived(id, true) && editor().setArchived(id, false));
         QCOMPARE(m_fixture->habit(id)->currentStreak, 1);
+    }
+
+    void anArchivedOneIsDueUpToTheLastDayEntered()
+    {
+        const QString id = make(u"Read"_s), untouched = make(u"Draw"_s);
+        QVERIFY(m_fixture->checks.setValue(id, 2030'04'27, 1) && m_fixture->checks.skip(id, 2030'04'28));
+        const auto dueDays = [this](const QString &habitID) {
+            const Day last = *DayStamp::toDay(HabitFixture::today);
+            QStringList due;
+            for (const HabitDay &each :
+                 readHabitDays(m_fixture->habit(habitID), last - std::chrono::days{5}, last))
+                if (each.isDue) due << QString::number(DayStamp::fromDay(each.day) % 100);
+            return due.join(u' ');
+        };
+        for (const auto &[isArchived, due] : {std::pair{false, u"26 27 28 29 30 1"_s},
+                                              {true, u"26 27 28"_s},
+                                              {false, u"26 27 28 29 30 1"_s}}) {
+            QVERIFY(editor().setArchived(id, isArchived));
+            QCOMPARE(dueDays(id), due);
+        }
+        QVERIFY(editor().setArchived(untouched, true));
+        QCOMPARE(dueDays(untouched), QString{});
     }
 
     void putsHabitsInOrder()

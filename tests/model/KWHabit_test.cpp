@@ -208,6 +208,18 @@ private Q_SLOTS:
     }
 
     // It is one o'clock in the night of the 2nd of May.
+    void belongsToADay_data() { addCaseRows("model/habit-days.txt", 4); }
+    void belongsToADay()
+    {
+        QFETCH(const QStringList, cells);
+        const QByteArray zone = cells[0].toLatin1(), time = cells[1].toLatin1();
+        m_store->clock.setZone(*CXTimeZone::named(cells[0]));
+        setSaved<KWUserSettings>(*m_store, m_store->userID(), &KWUserSettingsModel::habitDayStart,
+                                 cells[2].toInt());
+        QCOMPARE(KWUserSettings::habitDayOfUser(m_store->userID(), at(time, zone), m_store->context()),
+                 dayOf(cells[3]));
+    }
+
     void theDayMayBeginLater()
     {
         const QString id = make();

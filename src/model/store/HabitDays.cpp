@@ -39,6 +39,23 @@ void atStamp(QList<HabitDay> &days, int stamp, Take &&take)
     if (day) take(days[(*day - days.first().day).count()]);
 }
 
+// Of an archived habit nothing is due behind the last day that was entered.
+Day lastDueDay(const KWHabit &habit)
+{
+    if (!habit->isArchived) return Day::max();
+    int last = 0;
+    const auto lookAt = [&habit, &last]<class Record>(const QList<Record> &latest, int Record::*stamp) {
+        if (!latest.isEmpty()) last = std::max(last, latest.first().*stamp);
+    };
+    const SqlCondition latest{.where = "habitID = ? AND isDeleted = 0", .values = {habit.sid()}, .limit = 1};
+    SqlCondition checkins = latest, skips = latest;
+    checkins.orderBy = "checkinStamp DESC";
+    skips.orderBy = "stamp DESC";
+    lookAt(habit.context().models<KWHabitCheckin>(checkins), &KWHabitCheckinModel::checkinStamp);
+    lookAt(habit.context().models<KWHabitSkip>(skips), &KWHabitSkipModel::stamp);
+    return DayStamp::toDay(last).value_or(Day::min());
+}
+
 bool standsOnCalendar(const HabitDay &day, const KWHabit &habit, Day today)
 {
     switch (day.state) {
@@ -77,13 +94,13 @@ QList<HabitDay> readHabitDays(const KWHabit &habit, Day first, Day last)
 {
     const Day today = habit.today();
     const HabitFrequency frequency = habit.frequency();
-    const Day begin = habit.firstDay();
+    const Day begin = habit.firstDay(), end = lastDueDay(habit);
     QList<HabitDay> read;
     read.reserve((last - first).count() + 1);
     for (Day day = first; day <= last; day += days{1})
         read.append({.day = day,
                      .goal = habit->goal,
-                     .isDue = frequency.isDueOn(day, begin),
+                     .isDue = frequency.isDueOn(day, begin) && day <= end,
                      .isOfWeek = frequency.kind == HabitFrequency::Kind::Weekly,
                      .isToCome = day > today});
     for (const auto &each : modelsBetween<KWHabitCheckin>(

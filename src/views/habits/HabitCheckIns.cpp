@@ -43,8 +43,11 @@ void HabitCheckIns::check(QString habitID, Day day, bool takesBack)
     const auto content = contentOf(habitID, day);
     if (!content) return;
     const bool isUnticked = !content->habit.isRealType && content->day.state == HabitDayState::Done;
-    const auto done = m_checks.check(habitID, DayStamp::fromDay(day),
-                                     takesBack || isUnticked ? HabitCheck::TakeBack : HabitCheck::Add);
+    const int stamp = DayStamp::fromDay(day);
+    const auto done = takesBack && content->day.state == HabitDayState::UnAchieved
+                          ? m_days.undoUnAchieved(habitID, stamp)
+                          : m_checks.check(habitID, stamp,
+                                           takesBack || isUnticked ? HabitCheck::TakeBack : HabitCheck::Add);
     report(done ? Result<QList<UndoToken>>{QList<UndoToken>{*done}} : done.error(), habitID, day);
 }
 

@@ -97,7 +97,7 @@ QWidget *HabitDetailView::makeArchivedLine()
     auto *line = new QWidget;
     auto *row = new QHBoxLayout{line};
     row->setContentsMargins({});
-    row->addWidget(makePlainLabel(KWLocalizedString("Archived. It keeps its days and is due on none."),
+    row->addWidget(makePlainLabel(KWLocalizedString("Archived. It keeps its days, and no more come due."),
                                   Fonts::Role::Secondary, QPalette::PlaceholderText),
                    1);
     row->addWidget(m_restore);

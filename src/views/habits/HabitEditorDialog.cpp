@@ -109,6 +109,8 @@ QWidget *HabitEditorDialog::makeForm(const Surroundings &surroundings)
                                          {m_step, m_goalProblem},
                                          {m_newSection, m_sectionProblem}})
         connect(field, &QLineEdit::textEdited, problem, &QWidget::hide);
+    connect(m_reminders, &HabitReminderField::typed, m_reminderProblem, &QWidget::hide);
+    connect(m_reminders, &HabitReminderField::refused, this, &HabitEditorDialog::refuseReminder);
 
     auto *form = new QWidget;
     auto *column = new QVBoxLayout{form};
@@ -292,11 +294,16 @@ bool HabitEditorDialog::check()
         return false;
     }
     if (!m_reminders->isReadable()) {
-        sayIn(*m_reminderProblem, KWLocalizedString("This is no time of day. Write it as 8:30."));
-        m_reminders->focusField();
+        refuseReminder();
         return false;
     }
     return true;
+}
+
+void HabitEditorDialog::refuseReminder()
+{
+    sayIn(*m_reminderProblem, KWLocalizedString("This is no time of day. Write it as 8:30."));
+    m_reminders->focusField();
 }
 
 void HabitEditorDialog::save()

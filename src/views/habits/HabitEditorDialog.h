@@ -51,6 +51,7 @@ private:
     void pickStart();
     void save();
     bool check();
+    void refuseReminder();
     /// Says it there and takes the keyboard to the field.
     void complain(QLabel &problem, QWidget &field, const QString &sentence);
 

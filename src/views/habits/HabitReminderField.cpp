@@ -56,6 +56,7 @@ HabitReminderField::HabitReminderField(const QStringList &reminders, QWidget *pa
     column->addWidget(m_times);
     column->addLayout(row);
     connect(add, &QAbstractButton::clicked, this, &HabitReminderField::addTyped);
+    connect(m_field, &QLineEdit::textEdited, this, &HabitReminderField::typed);
     showTimes();
 }
 
@@ -74,6 +75,7 @@ void HabitReminderField::focusField() { m_field->setFocus(Qt::OtherFocusReason);
 
 void HabitReminderField::addTyped()
 {
+    if (!m_field->isReadable()) Q_EMIT refused();
     if (!m_field->isReadable() || !m_field->time()) return focusField();
     m_reminders = reminders();
     m_field->setTime(std::nullopt);

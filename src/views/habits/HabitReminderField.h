@@ -21,6 +21,11 @@ public:
     bool isReadable() const;
     void focusField();
 
+Q_SIGNALS:
+    /// What is typed was to be added, and is no time.
+    void refused();
+    void typed();
+
 private:
     void addTyped();
     void showTimes();
