@@ -100,6 +100,12 @@ bool FocusRing::digitsTouchRing() const
     return std::hypot(corner.x(), corner.y()) > ring().width() / 2 - stroke();
 }
 
+double FocusRing::shareOfRing(const FocusReading &reading) const
+{
+    const double pixels = ring().width() * std::numbers::pi;
+    return std::ceil(reading.share * pixels) / pixels;
+}
+
 QRect FocusRing::endOfRing(double share) const
 {
     const double angle = share * 2 * std::numbers::pi;
@@ -121,7 +127,8 @@ void FocusRing::setReading(const FocusReading &reading)
         describe();
         return update();
     }
-    m_changedEnd |= endOfRing(before.share) | endOfRing(reading.share);
+    const double end = shareOfRing(reading), endBefore = shareOfRing(before);
+    if (end != endBefore) m_changedEnd |= endOfRing(endBefore) | endOfRing(end);
     const bool hasComeFar = std::max(m_changedEnd.width(), m_changedEnd.height()) > 2 * stroke();
     if (hasComeFar) { // since it was painted last
         m_changedEnd = {};
@@ -168,7 +175,10 @@ void FocusRing::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     const QRect digitsAt = digitsBounds();
     const bool isTick = event->region().subtracted(QRegion{digitsAt} | m_changedEnd).isEmpty();
-    isTick && !digitsTouchRing() ? paintRingNear(painter, m_reading.share) : paintRing(painter);
+    if (!isTick || digitsTouchRing())
+        paintRing(painter);
+    else if (!m_changedEnd.isEmpty())
+        paintRingNear(painter);
     m_changedEnd = {};
     painter.setPen(m_phase == FocusFace::Phase::Paused ? theme.secondaryText : theme.text);
     Fonts::drawLine(painter, digits(), digitsAt, Qt::AlignHCenter, FocusWording::clock(m_reading.seconds));
@@ -183,13 +193,13 @@ void FocusRing::paintRing(QPainter &painter) const
     painter.drawEllipse(ring());
     if (m_reading.share <= 0) return;
     painter.setPen(QPen{color(), double(stroke()), Qt::SolidLine, Qt::RoundCap});
-    drawArc(painter, ring(), 0, m_reading.share * degreesOfTurn);
+    drawArc(painter, ring(), 0, shareOfRing(m_reading) * degreesOfTurn);
 }
 
 // What lies around the end of the ring; the rest is as it was.
-void FocusRing::paintRingNear(QPainter &painter, double share) const
+void FocusRing::paintRingNear(QPainter &painter) const
 {
-    const double end = share * degreesOfTurn;
+    const double end = shareOfRing(m_reading) * degreesOfTurn;
     painter.setPen(QPen{Theme::current().hover, double(stroke()), Qt::SolidLine, Qt::FlatCap});
     drawArc(painter, ring(), end - degreesAround, end + degreesAround);
     painter.setPen(QPen{color(), double(stroke()), Qt::SolidLine, Qt::RoundCap});

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 /// The clock of a session: a ring that runs from the top clockwise, the time inside and a line below it. A
-/// second that goes by repaints the digits and the end of the ring alone.
+/// second that goes by repaints the digits alone, and the end of the ring once that came a pixel further.
 class FocusRing : public QWidget {
     Q_OBJECT
 
@@ -33,10 +33,12 @@ private:
     QRectF ring() const;
     QRect digitsBounds() const;
     QRect wordsBounds() const;
+    /// That of the reading in whole pixels of the ring.
+    double shareOfRing(const FocusReading &reading) const;
     QRect endOfRing(double share) const;
     QColor color() const;
     void paintRing(QPainter &painter) const;
-    void paintRingNear(QPainter &painter, double share) const;
+    void paintRingNear(QPainter &painter) const;
     void describe();
 
     const Size m_size;
