@@ -16,6 +16,7 @@ FocusRooms::FocusRooms(OrvaneKit &kit, CXClock &clock, Surroundings with)
     , m_terminator(kit, clock, m_stopwatch, m_confirmation)
     , m_presenter({kit, m_manager, m_pomo, m_stopwatch})
 {
+    m_pomo.setOnFailure(with.tellFailure);
     m_terminator.onFailure = std::move(with.tellFailure);
 }
 

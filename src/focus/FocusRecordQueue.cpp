@@ -3,6 +3,7 @@
 #include "corvexkit/log/CXLog.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
+#include "model/settings/KWLocalizedString.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ constexpr CXLogger queueLog{u"focus"};
 FocusRecordQueue::FocusRecordQueue(OrvaneKit &kit) : m_writer(kit)
 {
     m_observations.push_back(
-        kit.center().addObserver(KWNewMinuteComesNotification, [this](const auto &) { tryAgain(); }));
+        kit.center().addObserver(KWNewMinuteComesNotification, [this](const auto &) { (void)tryAgain(); }));
     m_observations.push_back(
         kit.center().addObserver(KWUserDidSignOutNotification, [this](const auto &) { m_waiting.clear(); }));
 }
@@ -21,14 +22,21 @@ FocusRecordQueue::FocusRecordQueue(OrvaneKit &kit) : m_writer(kit)
 void FocusRecordQueue::store(const FocusRecord &record)
 {
     m_waiting.append(record);
-    tryAgain();
+    const Result<void> stored = tryAgain();
+    if (!stored && onFailure)
+        onFailure(KWLocalizedString("The time of the Pomo is kept until it can be saved. %1")
+                      .arg(stored.error().sentence));
 }
 
-void FocusRecordQueue::tryAgain()
+Result<void> FocusRecordQueue::tryAgain()
 {
     while (!m_waiting.isEmpty()) {
         const Result<void> stored = m_writer.store(m_waiting.first());
-        if (!stored) return queueLog.warning(stored.error().sentence);
+        if (!stored) {
+            queueLog.warning(stored.error().sentence);
+            return stored;
+        }
         m_waiting.removeFirst();
     }
+    return {};
 }

@@ -116,6 +116,7 @@ void KWPomoRunningManager::startFocus(std::int64_t seconds)
 void KWPomoRunningManager::startFocus(const std::optional<FocusTarget> &target, std::int64_t seconds,
                                       Length length)
 {
+    if (!m_kit.account().isSignedIn()) return;
     m_ports.popover.showPomoPage();
     m_modes.setFocusType(KWFocusTypePomo);
     if (target) m_association.setObject(*target);

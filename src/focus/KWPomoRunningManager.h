@@ -36,7 +36,8 @@ public:
     void startFocus(std::int64_t seconds);
     enum class Length { Given, Default };
     /// On `target`, or on what is focused on already when there is none. A Pomo that runs goes on with the
-    /// target as a slice of its own, a paused one is resumed; a break is cut short.
+    /// target as a slice of its own, a paused one is resumed; a break is cut short. Nothing happens while
+    /// nobody is signed in.
     void startFocus(const std::optional<FocusTarget> &target, std::int64_t seconds, Length length);
     /// Only a Pomo that runs can be paused, only one that is paused goes on.
     void pause();
@@ -53,6 +54,8 @@ public:
     void restorePomoIfNeeded();
     /// The journal has the Pomo up to now; messages go.
     void applicationWillTerminate();
+    /// Who hears a sentence about a Pomo that could not be stored at once.
+    void setOnFailure(std::function<void(const QString &)> tell) { m_records.onFailure = std::move(tell); }
     /// Stores what an earlier run left of a Pomo.
     void storeLeft(const FocusRecord &record) { m_records.store(record); }
     /// More than 30 seconds of the phase have run.

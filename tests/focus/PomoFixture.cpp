@@ -118,6 +118,7 @@ void PomoFixture::step(const QString &word)
         {u"belongs"_s, [this] { questions.answerInWindow(0); }},
         {u"not-belongs"_s, [this] { questions.answerInWindow(1); }},
         {u"disable"_s, [this] { set(&KWPomoSettingsModel::isPomoEnabled, false); }},
+        {u"enable"_s, [this] { set(&KWPomoSettingsModel::isPomoEnabled, true); }},
         {u"auto-pomo"_s, [this] { set(&KWPomoSettingsModel::isAutoPomo, true); }},
         {u"auto-break"_s, [this] { set(&KWPomoSettingsModel::isAutoBreak, true); }},
         {u"seconds"_s, [this] { store.kit().defaults().set(Settings::pomoSettingsTimeUnitIsSecond, true); }},
@@ -135,6 +136,10 @@ void PomoFixture::step(const QString &word)
     if (const auto key = after("press-"_L1)) return messages.onAction(*key);
     if (const auto name = after("delete-"_L1))
         return saved(store, [&](ObjectContext &context) { context.find<KWTask>(idOf(*name))->markDelete(); });
+    if (const auto name = after("restore-"_L1))
+        return saved(store, [&](ObjectContext &context) {
+            context.find<KWTask>(idOf(*name))->set(&KWTaskModel::isDeleted, false);
+        });
     if (const auto name = after("target-"_L1)) return coordinator.setTarget(targetOf(*name));
     if (const auto name = after("stopwatch-"_L1)) return coordinator.startStopWatch(targetOf(*name));
     if (const auto length = after("start-length-"_L1)) return pomo.startFocus(length->toLongLong());

@@ -51,9 +51,9 @@ struct PomoFixture {
     /// Does what words say, one after the other: "start", "start-A", "start-length-90", "oc_start", "pause",
     /// "resume", "command" (that of the menu), "stop", "abandon", "relax", "stopwatch", "stopwatch-B",
     /// "target-H", "target-none", "press-POMO_RELAX", "yes" and "no" (to the question), "belongs",
-    /// "not-belongs", "disable", "sign-out", "sign-in", "25m", "31s", "sleep-10m", "clock-3h", "clock--3h",
-    /// "delete-A" and settings such as "auto-pomo", "auto-break", "cycle-3", "interval-2", "pomo-10",
-    /// "short-2", "long-20".
+    /// "not-belongs", "disable", "enable", "sign-out", "sign-in", "25m", "31s", "sleep-10m", "clock-3h",
+    /// "clock--3h", "delete-A", "restore-A" and settings such as "auto-pomo", "auto-break", "cycle-3",
+    /// "interval-2", "pomo-10", "short-2", "long-20".
     void does(const QString &words);
     /// "foucsing 1499": the state and what is left.
     QString state() const;
