@@ -80,6 +80,7 @@ private Q_SLOTS:
               {KWDataDidChangeOutsideMainAppNotification, badge + menu},
               {KWListDisplayConfigurationDidChangeNotification, badge + menu},
               {KWSyncDidPullHabitSettingsNotification, badge},
+              {KWHabitSettingsChangedNotification, badge},
               {WorkspaceDidWakeNotification, badge + theme},
               {SystemTimeZoneDidChangeNotification, badge},
               {KWSyncDidBatchPushNotification, QStringList{}}})
@@ -87,6 +88,9 @@ private Q_SLOTS:
         for (const auto &[kind, calls] : {std::pair{RecordKind::Task, badge},
                                           {RecordKind::ChecklistItem, badge},
                                           {RecordKind::Project, badge},
+                                          {RecordKind::Habit, badge},
+                                          {RecordKind::HabitCheckin, badge},
+                                          {RecordKind::HabitSkip, badge},
                                           {RecordKind::Tag, QStringList{}}}) {
             StoreChange change;
             change.of(kind).updated << u"id"_s;
