@@ -109,9 +109,15 @@ bool repeatAlone(const Match &match, Fragment &fragment);
 bool everyWeekdays(const Match &match, Fragment &fragment);
 bool weekdaysEveryDay(const Match &match, Fragment &fragment);  ///< "周一到周五每天"
 bool weekdaysEveryPart(const Match &match, Fragment &fragment); ///< "周一到周五每天早上"
+bool weekdaysEveryWeek(const Match &match, Fragment &fragment); ///< "mon and thu every week"
+bool unclearRepeat(const Match &match, Fragment &fragment);     ///< with a time
+bool dayBesideRepeat(const Match &match, Fragment &fragment);   ///< no list such as that
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment);
+bool everyNthDay(const Match &match, Fragment &fragment);       ///< "every year on the last monday of may"
+bool unclearNthWeekday(const Match &match, Fragment &fragment); ///< that of no month: "every year on the ..."
 bool pluralWeekday(const Match &match, Fragment &fragment);
 bool everyDayExcept(const Match &match, Fragment &fragment);
+bool exceptWeekdays(const Match &match, Fragment &fragment);
 bool everyWorkday(const Match &match, Fragment &fragment); ///< with a time, if one stands with it
 bool everyWeekend(const Match &match, Fragment &fragment);
 bool everyPart(const Match &match, Fragment &fragment);
