@@ -85,7 +85,7 @@ void AddFieldController::followFocus(const QWidget *before, const QWidget *now)
 void AddFieldController::leave()
 {
     if (!m_field.text().isEmpty()) return;
-    m_referees.restoreToPreset();
+    m_referees.restoreToDefault();
     endPreset();
     refresh();
 }

@@ -37,7 +37,8 @@ QString meant(const RecognizedPiece &piece, const TitleRecognition &found, Orvan
     case RecognizedPieceType::List:
         return listMeant(piece, kit);
     case RecognizedPieceType::Assignee:
-        return KWLocalizedString("Assigned to %1").arg(found.assignee ? found.assignee->name : piece.text);
+        return KWLocalizedString("Assigned to %1")
+            .arg(found.assignedTeamworker ? found.assignedTeamworker->name : piece.text);
     }
     return {};
 }
