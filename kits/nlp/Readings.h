@@ -25,6 +25,7 @@ bool decimalQuantity(const Match &match, Fragment &fragment);
 bool halfQuantity(const Match &match, Fragment &fragment);
 bool fortnight(const Match &match, Fragment &fragment);
 bool quantityAndHalf(const Match &match, Fragment &fragment);
+bool hoursAndMinutes(const Match &match, Fragment &fragment);
 bool duration(const Match &match, Fragment &fragment);
 bool uncountedDuration(const Match &match, Fragment &fragment); ///< below a day: "2小时"
 bool durationAfterTime(const Match &match, Fragment &fragment); ///< "3pm 1h"
@@ -49,6 +50,7 @@ bool eveningOfDay(const Match &match, Fragment &fragment); ///< "周五晚"
 bool dayAndHour(const Match &match, Fragment &fragment);   ///< "tonight 9"
 bool timeAndDay(const Match &match, Fragment &fragment);   ///< "6:15 tomorrow morning"
 bool dayAndHours(const Match &match, Fragment &fragment);  ///< "friday 3-5"
+bool partAndHours(const Match &match, Fragment &fragment); ///< "tonight 8-9"
 
 // Days.
 bool relativeDay(const Match &match, Fragment &fragment);

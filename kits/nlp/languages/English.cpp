@@ -72,6 +72,7 @@ constexpr Word words[] = {
     {L"a|an", Article, 1},
 
     {L"minute|minutes|min|mins|minutes'", Unit, value(nlp::Unit::Minute)},
+    {L"m|min|mins|minutes", MinuteMark},
     {L"hour|hours|hr|hrs|h|hours'|hour's time", Unit, value(nlp::Unit::Hour)},
     {L"day|days|days'|day's time", Unit, value(nlp::Unit::Day)},
     {L"week|weeks|wk|wks|weeks'|week's time", Unit, value(nlp::Unit::Week)},
