@@ -150,10 +150,17 @@ void TitleReading::readPriorities()
         const std::optional<KWTaskPriority> priority = m_labels.priorityLabelled(each.absString);
         if (!priority || m_options.blockedPriorities.contains(*priority)) continue;
         const TextRange range = withoutTrailingSpace(m_text, each.range);
-        if (!isFree(range)) continue;
+        if (!mayBeginPriorityAt(range.location) || !isFree(range)) continue;
         m_result.priority = priority;
         addPiece(RecognizedPieceType::Priority, range, QString::number(*priority));
     }
+}
+
+// "Great!none of it": behind a word the mark ends a sentence, but "~garden!high" names both.
+bool TitleReading::mayBeginPriorityAt(qsizetype location) const
+{
+    return (m_newList && m_newList->contains(location)) ||
+           KWTagTextEntity::isValidPrefix(QStringView{m_free}.first(location));
 }
 
 void TitleReading::readNewList()
