@@ -27,20 +27,35 @@ struct LargeAccount : Account {
     }
 };
 
+LargeAccount &account()
+{
+    static LargeAccount account;
+    return account;
+}
+
+// A field of that account, with the keyboard.
+struct AddField {
+    AddField()
+    {
+        field.resize(640, field.sizeHint().height());
+        field.show();
+        field.activateWindow();
+        field.setFocus();
+        QApplication::processEvents();
+    }
+
+    NewTaskService service{*account().kit};
+    AlertPort alerts;
+    const ShortcutConfiguration shortcuts{account().kit->defaults()};
+    KWNewTaskTextField field;
+    AddFieldController controller{field, {*account().kit, account().clock, service, alerts, shortcuts}};
+};
+
 // The last key of `text`.
 void press(benchmark::State &state, const QString &text)
 {
-    static LargeAccount account;
-    NewTaskService service{*account.kit};
-    AlertPort alerts;
-    const ShortcutConfiguration shortcuts{account.kit->defaults()};
-    KWNewTaskTextField field;
-    AddFieldController controller{field, {*account.kit, account.clock, service, alerts, shortcuts}};
-    field.resize(640, field.sizeHint().height());
-    field.show();
-    field.activateWindow();
-    field.setFocus();
-    QApplication::processEvents();
+    AddField add;
+    KWNewTaskTextField &field = add.field;
     const QString key = text.last(1);
     for (auto _ : state) {
         state.PauseTiming();
@@ -63,5 +78,18 @@ BENCHMARK_CAPTURE(press, hundredThousandCharacters,
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(press, sixThousandMarks, u"call #errand or "_s.repeated(100'000 / 16) + u"go"_s)
     ->Unit(benchmark::kMillisecond);
+
+// All but the kind that is meant go.
+void manyPriorities(benchmark::State &state)
+{
+    AddField add;
+    const QString text = u"!low !high "_s.repeated(state.range());
+    for (auto _ : state) {
+        add.field.setText(text);
+        QApplication::processEvents();
+    }
+    if (add.field.text().contains(u"!low"_s)) state.SkipWithError("Two priorities stand in the field.");
+}
+BENCHMARK(manyPriorities)->Arg(100)->Arg(400)->Arg(1600)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -86,6 +86,7 @@ bool DateBuilder::build(std::span<const Ranking::Candidate> chosen, Answer &answ
     for (const auto &candidate : chosen)
         date.merge(candidate.phrase->fragment);
     if ((date.slots & (DaySlot | PartSlot | ClockSlot | RepeatSlot)) == 0) return false;
+    if ((date.slots & ExceptSlot) != 0 && !date.repeat.leaveOut(date.exceptWeekdays)) return false;
 
     const auto time = startTime(date);
     const auto day = startDay(date, time);

@@ -162,7 +162,10 @@ bool nthWeekdayOfMonth(const Match &match, Fragment &fragment)
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;
     const bool namesMonth = match.has(Symbol::Next) || match.has(Symbol::This);
     setWeekday(fragment, Kind::NthWeekday, weekdayIn(match), namesMonth ? match.value(Symbol::Next) : -1);
-    fragment.day.month = std::uint8_t(match.value(Symbol::Month));
+    const bool numbersMonth = match.has(Symbol::MonthMark);
+    const int month = match.value(numbersMonth ? Symbol::Number : Symbol::Month);
+    if (month > 12 || (numbersMonth && month < 1)) return false;
+    fragment.day.month = std::uint8_t(month);
     fragment.day.nth = std::int8_t(std::clamp(nth, -1, 6));
     return nth == -1 || (nth >= 1 && nth <= 5);
 }

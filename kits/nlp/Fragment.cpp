@@ -36,6 +36,17 @@ ClockReference ClockReference::within(DayPart part) const
     return {std::uint8_t(hourWithin(part, hour)), minute, Certainty::Certain};
 }
 
+bool RepeatReference::leaveOut(std::uint8_t excepted)
+{
+    constexpr std::uint8_t everyWeekday = 0b1111111;
+    const bool isDaily = unit == Unit::Day;
+    const bool isByWeekdays = unit == Unit::Week && weekdays != 0;
+    if (!isDaily && !isByWeekdays) return false;
+    weekdays = std::uint8_t((isDaily ? everyWeekday : weekdays) & ~excepted);
+    if (isDaily && interval == 1) unit = Unit::Week;
+    return weekdays != 0;
+}
+
 void Fragment::merge(const Fragment &other)
 {
     const unsigned added = other.slots & ~slots;
@@ -49,6 +60,7 @@ void Fragment::merge(const Fragment &other)
     if (added & UntilSlot) untilDay = other.untilDay;
     if (added & RepeatSlot) repeat = other.repeat;
     if (added & CountSlot) count = other.count;
+    if (added & ExceptSlot) exceptWeekdays = other.exceptWeekdays;
     if (added & ReminderSlot) {
         leads = other.leads;
         leadCount = other.leadCount;

@@ -70,6 +70,9 @@ struct RepeatReference {
     std::uint8_t month = 0;    ///< 0 = that of the start
     bool needsCompany = false; ///< said with a word that may be an adjective
     bool isList = false;       ///< weekdays named one by one
+
+    /// Leaves these weekdays out; false when that makes no rule.
+    bool leaveOut(std::uint8_t excepted);
 };
 
 /// The parts that make up a task's date. A phrase fills some of them.
@@ -88,6 +91,7 @@ enum Slot : unsigned {
     UnclearSlot = 1 << 11,    ///< no single date is meant
     UnclearDaySlot = 1 << 12, ///< nor is it known on which day a time is
     MovedSlot = 1 << 13,      ///< the days of the text are those of another thing
+    ExceptSlot = 1 << 14,     ///< days that the repeat leaves out
     DurationSlots = LengthSlot | EndDaySlot | EndClockSlot, ///< a length leaves no other end
 };
 
@@ -102,6 +106,7 @@ struct Fragment {
     DayPart part = DayPart::None;
     Quantity length; ///< of a duration, or a bare amount
     RepeatReference repeat;
+    std::uint8_t exceptWeekdays = 0; ///< bits as in RepeatReference::weekdays
     int count = 0;                   ///< how many times it repeats
     std::array<Quantity, 3> leads{}; ///< of a reminder: how long before
     std::uint8_t leadCount = 0;

@@ -72,6 +72,14 @@ bool quantityAndHalf(const Match &match, Fragment &fragment)
     return unitOf(match) == Unit::Hour && setMinutes(fragment.length, whole * 10 + 5);
 }
 
+bool hoursAndMinutes(const Match &match, Fragment &fragment)
+{
+    if (unitOf(match) != Unit::Hour) return false;
+    const int hours = match.has(Symbol::Article) ? 1 : std::min(match.value(Symbol::Number), largestAmount);
+    const int minutes = match.value(Symbol::Number, match.has(Symbol::Article) ? 0 : 1);
+    return minutes < 60 && setQuantity(fragment.length, hours * 60 + minutes, Unit::Minute);
+}
+
 bool duration(const Match &match, Fragment &fragment)
 {
     fragment.slots = DurationSlots;

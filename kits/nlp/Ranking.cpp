@@ -63,7 +63,7 @@ int rankOf(const Phrase &phrase)
     if (fills(UnclearSlot)) return 18;
     if (fills(BygoneSlot)) return 13;
     if (fills(CountSlot | UntilSlot)) return 11;
-    const int days = fills(RepeatSlot)                     ? 7
+    const int days = fills(RepeatSlot | ExceptSlot)        ? 7
                      : fills(EndDaySlot) && fills(DaySlot) ? 6
                      : fills(DaySlot)                      ? dayRank(fragment.day)
                                                            : 0;
@@ -82,7 +82,7 @@ bool isBetter(const Ranking::Candidate &a, const Ranking::Candidate &b)
 bool isAtHome(const Fragment &fragment, unsigned filled)
 {
     if ((filled & (DaySlot | PartSlot | ClockSlot | RepeatSlot)) == 0) return false;
-    if ((fragment.slots & (CountSlot | UntilSlot)) != 0) return (filled & RepeatSlot) != 0;
+    if ((fragment.slots & (CountSlot | UntilSlot | ExceptSlot)) != 0) return (filled & RepeatSlot) != 0;
     if ((fragment.slots & LengthSlot) == 0) return true;
     return !fragment.length.isBelowOneDay() || (filled & (ClockSlot | PartSlot)) != 0;
 }

@@ -25,6 +25,7 @@ bool decimalQuantity(const Match &match, Fragment &fragment);
 bool halfQuantity(const Match &match, Fragment &fragment);
 bool fortnight(const Match &match, Fragment &fragment);
 bool quantityAndHalf(const Match &match, Fragment &fragment);
+bool hoursAndMinutes(const Match &match, Fragment &fragment);
 bool duration(const Match &match, Fragment &fragment);
 bool uncountedDuration(const Match &match, Fragment &fragment); ///< below a day: "2小时"
 bool durationAfterTime(const Match &match, Fragment &fragment); ///< "3pm 1h"
@@ -49,6 +50,7 @@ bool eveningOfDay(const Match &match, Fragment &fragment); ///< "周五晚"
 bool dayAndHour(const Match &match, Fragment &fragment);   ///< "tonight 9"
 bool timeAndDay(const Match &match, Fragment &fragment);   ///< "6:15 tomorrow morning"
 bool dayAndHours(const Match &match, Fragment &fragment);  ///< "friday 3-5"
+bool partAndHours(const Match &match, Fragment &fragment); ///< "tonight 8-9"
 
 // Days.
 bool relativeDay(const Match &match, Fragment &fragment);
@@ -109,9 +111,15 @@ bool repeatAlone(const Match &match, Fragment &fragment);
 bool everyWeekdays(const Match &match, Fragment &fragment);
 bool weekdaysEveryDay(const Match &match, Fragment &fragment);  ///< "周一到周五每天"
 bool weekdaysEveryPart(const Match &match, Fragment &fragment); ///< "周一到周五每天早上"
+bool weekdaysEveryWeek(const Match &match, Fragment &fragment); ///< "mon and thu every week"
+bool unclearRepeat(const Match &match, Fragment &fragment);     ///< with a time
+bool dayBesideRepeat(const Match &match, Fragment &fragment);   ///< no list such as that
 bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment);
+bool everyNthDay(const Match &match, Fragment &fragment);       ///< "every year on the last monday of may"
+bool unclearNthWeekday(const Match &match, Fragment &fragment); ///< that of no month: "every year on the ..."
 bool pluralWeekday(const Match &match, Fragment &fragment);
 bool everyDayExcept(const Match &match, Fragment &fragment);
+bool exceptWeekdays(const Match &match, Fragment &fragment);
 bool everyWorkday(const Match &match, Fragment &fragment); ///< with a time, if one stands with it
 bool everyWeekend(const Match &match, Fragment &fragment);
 bool everyPart(const Match &match, Fragment &fragment);

@@ -9,7 +9,6 @@ namespace nlp::readings {
 namespace {
 
 constexpr std::uint8_t mondayToFriday = 0b0111110;
-constexpr std::uint8_t everyWeekday = 0b1111111;
 constexpr std::uint8_t saturdayAndSunday = 0b1000001;
 constexpr int longestInterval = 999;
 
@@ -170,6 +169,24 @@ bool everyWeekdays(const Match &match, Fragment &fragment)
     return setRepeat(fragment, intervalOf(match), isFirstOfMonth ? Unit::Month : Unit::Week);
 }
 
+bool weekdaysEveryWeek(const Match &match, Fragment &fragment)
+{
+    const bool isWeekly = everyWeekdays(match, fragment);
+    fragment.repeat.isList = true;
+    return isWeekly && (!fragment.repeat.needsCompany || match.isClosed());
+}
+
+bool unclearRepeat(const Match &match, Fragment &fragment)
+{
+    return (match.fragment(Symbol::Combined).slots & RepeatSlot) != 0 && unclearDay(match, fragment);
+}
+
+bool dayBesideRepeat(const Match &match, Fragment &fragment)
+{
+    const Symbol repeat = match.has(Symbol::Repeat) ? Symbol::Repeat : Symbol::Combined;
+    return !match.fragment(repeat).repeat.isList && unclearDay(match, fragment);
+}
+
 bool weekdaysEveryDay(const Match &match, Fragment &fragment)
 {
     const RepeatReference &every = match.fragment(Symbol::EveryUnit).repeat;
@@ -197,6 +214,24 @@ bool everyNthWeekdayOfMonth(const Match &match, Fragment &fragment)
     return setRepeat(fragment, every.interval, Unit::Month);
 }
 
+bool everyNthDay(const Match &match, Fragment &fragment)
+{
+    const DayReference &day = match.fragment(Symbol::NthDay).day;
+    if (day.kind != DayReference::Kind::NthWeekday || day.periodsAhead > 0) return false;
+    fragment = match.fragment(Symbol::EveryUnit);
+    const Unit unit = day.month != 0 ? Unit::Year : Unit::Month;
+    if (fragment.slots == 0 && !setRepeat(fragment, 1, unit)) return false;
+    fragment.repeat.month = day.month;
+    fragment.repeat.nth = day.nth;
+    fragment.repeat.weekdays = weekdayBit(day.weekday);
+    return fragment.repeat.unit == unit;
+}
+
+bool unclearNthWeekday(const Match &match, Fragment &fragment)
+{
+    return match.fragment(Symbol::EveryUnit).repeat.unit != Unit::Month && unclearDay(match, fragment);
+}
+
 bool pluralWeekday(const Match &match, Fragment &fragment)
 {
     fragment.repeat.weekdays = std::uint8_t(weekdayBits(match.value(Symbol::PluralWeekday)) |
@@ -207,10 +242,23 @@ bool pluralWeekday(const Match &match, Fragment &fragment)
 
 bool everyDayExcept(const Match &match, Fragment &fragment)
 {
-    const RepeatReference &every = match.fragment(Symbol::EveryUnit).repeat;
-    fragment.repeat.weekdays = everyWeekday & ~match.fragment(Symbol::Weekdays).repeat.weekdays;
-    const bool isDaily = every.unit == Unit::Day && every.interval == 1;
-    return isDaily && fragment.repeat.weekdays != 0 && setRepeat(fragment, 1, Unit::Week);
+    if (match.has(Symbol::Workday)) {
+        setRepeat(fragment, 1, Unit::Week);
+        fragment.repeat.weekdays = mondayToFriday;
+    } else if (match.has(Symbol::EveryPart)) {
+        everyPart(match, fragment);
+    } else {
+        fragment = match.fragment(Symbol::EveryUnit);
+    }
+    return fragment.repeat.leaveOut(match.fragment(Symbol::Exception).exceptWeekdays);
+}
+
+bool exceptWeekdays(const Match &match, Fragment &fragment)
+{
+    fragment.slots = ExceptSlot;
+    fragment.exceptWeekdays =
+        match.has(Symbol::FreeWeekend) ? saturdayAndSunday : match.fragment(Symbol::Weekdays).repeat.weekdays;
+    return true;
 }
 
 bool everyWorkday(const Match &match, Fragment &fragment)
@@ -239,7 +287,8 @@ bool everyPart(const Match &match, Fragment &fragment)
 bool everyDayOfMonth(const Match &match, Fragment &fragment)
 {
     const int day = match.has(Symbol::Ordinal) ? match.value(Symbol::Ordinal) : match.value(Symbol::Number);
-    if (match.isSpelled(Symbol::Ordinal) && !match.has(Symbol::Unit)) return false;
+    const bool saysMonth = match.has(Symbol::Unit) || (match.has(Symbol::EveryUnit) && match.isClosed());
+    if (match.isSpelled(Symbol::Ordinal) && !saysMonth) return false;
     fragment = match.fragment(Symbol::EveryUnit);
     if (fragment.slots == 0 && !setRepeat(fragment, 1, Unit::Month)) return false;
     if (match.has(Symbol::Unit) && Unit(match.value(Symbol::Unit)) != Unit::Month) return false;

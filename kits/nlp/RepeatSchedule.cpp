@@ -1,6 +1,7 @@
 #include "nlp/RepeatSchedule.h"
 
 #include <array>
+#include <bit>
 
 namespace nlp {
 
@@ -47,6 +48,15 @@ std::optional<LocalDay> RepeatSchedule::firstDay(LocalDay earliest) const
         reference.month = m_repeat.month;
         reference.day = std::uint8_t(m_repeat.monthDay);
         reference.periodsAhead = m_repeat.month != 0 ? 0 : -1;
+        return Calendar{earliest, 1}.resolve(reference, Calendar::Today::Included);
+    }
+    if (m_repeat.month != 0) {
+        DayReference reference;
+        reference.kind = DayReference::Kind::NthWeekday;
+        reference.month = m_repeat.month;
+        reference.weekday = std::uint8_t(std::countr_zero(m_repeat.weekdays));
+        reference.nth = m_repeat.nth;
+        reference.periodsAhead = -1;
         return Calendar{earliest, 1}.resolve(reference, Calendar::Today::Included);
     }
     for (LocalDay day = earliest; day <= earliest + furthestFirstDay; day += days{1})

@@ -68,6 +68,8 @@ enum class Symbol : std::uint8_t {
     Every,
     EverySkipping,
     Except,
+    Excepted, ///< what makes an exception of the days before it ("除外")
+    Besides,  ///< what ends an exception in languages that put it around the days ("以外")
     EveryPart,
     Other,
     This,
@@ -124,6 +126,7 @@ enum class Symbol : std::uint8_t {
     Day,
     WeekdayTail,
     Weekdays,
+    Exception,
     DayRange,
     EveryUnit,
     Leads,

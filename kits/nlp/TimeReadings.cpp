@@ -201,6 +201,17 @@ bool dayAndHours(const Match &match, Fragment &fragment)
     return isHour(0) && isHour(1) && clockRange(match, fragment);
 }
 
+bool partAndHours(const Match &match, Fragment &fragment)
+{
+    Fragment hours = match.fragment(Symbol::ClockRange);
+    if (!match.has(Symbol::ClockRange) && !dayAndHours(match, hours)) return false;
+    const bool namesDay = match.has(Symbol::DayWithPart)
+                              ? dayWithPart(match, fragment)
+                              : (match.has(Symbol::This) ? thisPart : dayPart)(match, fragment);
+    fragment.merge(hours);
+    return namesDay;
+}
+
 bool dayWithPart(const Match &match, Fragment &fragment)
 {
     const int value = match.value(Symbol::DayWithPart);

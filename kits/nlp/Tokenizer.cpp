@@ -40,6 +40,7 @@ constexpr std::array<Sense, 2> meridiemSenses{{{Symbol::Meridiem, 0}, {Symbol::M
 // "2 @ 5" is a price.
 constexpr std::array<Sense, 2> atSenses{{{Symbol::AtSign}, {Symbol::At}}};
 constexpr Sense timeMarkSense{Symbol::TimeMark};
+constexpr Sense hourSense{Symbol::Unit, int(Unit::Hour)};
 constexpr std::array<Sense, 2> hyphenSenses{{{Symbol::Hyphen}, {Symbol::To}}};
 
 int ideographDigit(wchar_t character)
@@ -212,6 +213,8 @@ void Tokenizer::readWord()
     const bool standsInNumbers = m_position > 0 && isDigit(at(m_position - 1)) && isDigit(at(m_position + 1));
     if (at(m_position) == L't' && standsInNumbers)
         return append(m_position + 1, TokenKind::Sign, &timeMarkSense, 1);
+    if (at(m_position) == L'h' && standsInNumbers) // "1h30m"
+        return append(m_position + 1, TokenKind::Word, &hourSense, 1);
     if (isShortMeridiem()) {
         const bool isAfternoon = at(m_position) == L'p';
         return append(m_position + 1, TokenKind::Word, &meridiemSenses.at(isAfternoon), 1);

@@ -87,7 +87,7 @@ Candidates tagsOf(const QString &userID, ObjectContext &context)
     return all;
 }
 
-Candidates peopleOf(const QString &projectID, ObjectContext &context)
+Candidates teamworkersOf(const QString &projectID, ObjectContext &context)
 {
     const KWProject *project = context.find<KWProject>(projectID);
     if (!project || !(*project)->isShared) return {};
@@ -116,7 +116,7 @@ void NewTaskCandidates::forget()
 {
     m_tags.reset();
     m_lists.reset();
-    m_people.clear();
+    m_allTeamworkers.clear();
     if (onChange) onChange();
 }
 
@@ -137,19 +137,19 @@ QList<KWCandidateModel> NewTaskCandidates::lists(const QSet<QString> &blockedLis
 
 QList<KWCandidateModel> NewTaskCandidates::priorities(const QSet<KWTaskPriority> &blocked) const
 {
-    const PriorityLabels labels;
+    const PriorityLabels priorityDict;
     Candidates shown;
     for (const KWTaskPriority each : KWTaskPriorities)
         if (!blocked.contains(each))
-            shown.append({.title = labels.labelOf(each), .object = QString::number(each)});
+            shown.append({.title = priorityDict.labelOf(each), .object = QString::number(each)});
     return shown;
 }
 
-QList<KWCandidateModel> NewTaskCandidates::people(const QString &projectID)
+QList<KWCandidateModel> NewTaskCandidates::allTeamworkers(const QString &projectID)
 {
-    const auto known = m_people.constFind(projectID);
-    if (known != m_people.cend()) return *known;
-    return *m_people.insert(projectID, peopleOf(projectID, m_kit.context()));
+    const auto known = m_allTeamworkers.constFind(projectID);
+    if (known != m_allTeamworkers.cend()) return *known;
+    return *m_allTeamworkers.insert(projectID, teamworkersOf(projectID, m_kit.context()));
 }
 
 QList<KWCandidateModel> NewTaskCandidates::dates() const

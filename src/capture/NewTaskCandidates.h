@@ -28,7 +28,7 @@ public:
     /// From the highest on, by the labels that recognition knows.
     QList<KWCandidateModel> priorities(const QSet<KWTaskPriority> &blocked = {}) const;
     /// The members of that list by name; none of a list that is not shared.
-    QList<KWCandidateModel> people(const QString &projectID);
+    QList<KWCandidateModel> allTeamworkers(const QString &projectID);
     /// Days as recognition understands them behind a mark, the nearest weekday first.
     QList<KWCandidateModel> dates() const;
 
@@ -41,7 +41,7 @@ private:
     OrvaneKit &m_kit;
     std::optional<QList<KWCandidateModel>> m_tags;
     std::optional<QList<KWCandidateModel>> m_lists;
-    QHash<QString, QList<KWCandidateModel>> m_people; // by list
+    QHash<QString, QList<KWCandidateModel>> m_allTeamworkers; // by list
     KWEventBus::Registration m_recordsChanged;
     QList<KWNotificationCenter::Observation> m_observations;
 };

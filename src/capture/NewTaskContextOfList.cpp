@@ -20,7 +20,7 @@ NewTaskContext contextOfFilter(const QString &filterID, const QString &userID, O
     return read && frame ? newTaskContextOf(*read, *frame) : NewTaskContext{};
 }
 
-std::optional<Day> dayOf(const QString &smartListID, const CXClock &clock)
+std::optional<Day> baseDateForNewTask(const QString &smartListID, const CXClock &clock)
 {
     const KWSmartProject *smart = KWSmartProject::withIdentifier(smartListID);
     if (smart && (smart->isToday() || smart->isNext7Days())) return clock.today();
@@ -60,7 +60,7 @@ NewTaskContext newTaskContextOf(const KWListIdentifier &list, const QString &use
         preset.presetTagNames = {list.entityID};
         break;
     case KWListIdentifierType::SmartProject:
-        preset.presetDay = dayOf(list.entityID, context.clock());
+        preset.presetDay = baseDateForNewTask(list.entityID, context.clock());
         break;
     case KWListIdentifierType::Filter:
         return contextOfFilter(list.entityID, userID, context);

@@ -20,7 +20,8 @@ void NewTaskReferees::setNlp(const TitleRecognition &found, const QString &text)
 {
     date.setWithNlp(found.date.dateTimeReminderModel, text);
     priority.setNlp(found.priority);
-    project.setNlp(found.list ? std::optional{found.list->id} : std::nullopt);
+    const auto &list = found.parsedProjectResult;
+    project.setNlp(list ? std::optional{list->id} : std::nullopt);
 }
 
 void NewTaskReferees::setPreset(const NewTaskContext &view)
@@ -38,4 +39,12 @@ void NewTaskReferees::restoreToPreset()
     date.restoreToPreset();
     priority.setManual(std::nullopt);
     project.setManual(std::nullopt);
+}
+
+void NewTaskReferees::restoreToDefault()
+{
+    restoreToPreset();
+    date.restoreToDefault();
+    priority.setPreset(std::nullopt);
+    project.setPreset(std::nullopt);
 }

@@ -29,6 +29,8 @@ public:
     void setPreset(const NewTaskContext &view);
     /// Forgets what was chosen by hand.
     void restoreToPreset();
+    /// Forgets that, and what the view implies.
+    void restoreToDefault();
 
 private:
     OrvaneKit &m_kit;

@@ -153,14 +153,15 @@ NewTaskDraft NewTaskService::compose(const QString &text, const NewTaskContext &
         draft.tagLabels.append(label);
     }
 
-    const std::optional<RecognizedList> &list = draft.recognition.list;
+    const std::optional<RecognizedList> &list = draft.recognition.parsedProjectResult;
     if (list && list->isNew() && !referees.project.manual()) draft.newListName = list->name;
     draft.task.projectID = referees.projectID();
     if (!context.presetList || draft.task.projectID == *context.presetList) {
         draft.task.columnID = context.presetColumn.value_or(QString{});
         draft.task.assignee = context.presetAssignee.value_or(KWTaskAssignedToNobody);
     }
-    if (const auto &assignee = draft.recognition.assignee) draft.task.assignee = assignee->userServerID;
+    if (const auto &assignee = draft.recognition.assignedTeamworker)
+        draft.task.assignee = assignee->userServerID;
     decideKindAndPriority(draft.task, context, referees);
     referees.date.finalWithUsesDefault(true).applyTo(draft.task, m_kit.clock().zone().identifier());
     return draft;

@@ -63,8 +63,8 @@ QJsonArray piecesOf(const QList<RecognizedPiece> &pieces)
 
 QJsonObject dryRunObject(const TitleRecognition &recognition, const CXTimeZone &zone)
 {
-    const auto &list = recognition.list;
-    const auto &assignee = recognition.assignee;
+    const auto &list = recognition.parsedProjectResult;
+    const auto &assignee = recognition.assignedTeamworker;
     return {
         {u"title"_s, recognition.title},
         {u"tags"_s, QJsonArray::fromStringList(recognition.tags)},

@@ -90,7 +90,7 @@ void TitleReading::readLists()
         if (!match) {
             if (mayNameNewList(each)) m_newList = each.range;
         } else if (match->entry) {
-            m_result.list = RecognizedList{match->entry->id, match->entry->name};
+            m_result.parsedProjectResult = RecognizedList{match->entry->id, match->entry->name};
             addPiece(RecognizedPieceType::List, {each.range.location, 1 + match->length}, match->entry->id);
         }
     }
@@ -150,10 +150,17 @@ void TitleReading::readPriorities()
         const std::optional<KWTaskPriority> priority = m_labels.priorityLabelled(each.absString);
         if (!priority || m_options.blockedPriorities.contains(*priority)) continue;
         const TextRange range = withoutTrailingSpace(m_text, each.range);
-        if (!isFree(range)) continue;
+        if (!mayBeginPriorityAt(range.location) || !isFree(range)) continue;
         m_result.priority = priority;
         addPiece(RecognizedPieceType::Priority, range, QString::number(*priority));
     }
+}
+
+// "Great!none of it": behind a word the mark ends a sentence, but "~garden!high" names both.
+bool TitleReading::mayBeginPriorityAt(qsizetype location) const
+{
+    return (m_newList && m_newList->contains(location)) ||
+           KWTagTextEntity::isValidPrefix(QStringView{m_free}.first(location));
 }
 
 void TitleReading::readNewList()
@@ -184,18 +191,19 @@ void TitleReading::readAssignees()
         if (rest.isEmpty() || rest.front().isSpace()) continue;
         const auto match = members->longestAtStartOf(rest, {}, m_options.chosenTeamworker);
         if (!match) continue;
-        const TextRange range{i, 1 + match->length};
-        if (!isFree(range)) continue;
-        m_result.assignee = RecognizedPerson{match->entry->id.toLongLong(), match->entry->name};
-        addPiece(RecognizedPieceType::Assignee, range, match->entry->id);
+        const TextRange assigneeEntity{i, 1 + match->length};
+        if (!isFree(assigneeEntity)) continue;
+        m_result.assignedTeamworker = RecognizedPerson{match->entry->id.toLongLong(), match->entry->name};
+        addPiece(RecognizedPieceType::Assignee, assigneeEntity, match->entry->id);
     }
 }
 
 const NameIndex *TitleReading::membersOfList() const
 {
-    const bool isNamed = m_result.list && !m_options.isProjectManual;
+    const bool isNamed = m_result.parsedProjectResult && !m_options.isProjectManual;
     if (m_newList && !m_options.isProjectManual) return nullptr;
-    const auto found = m_settings.members.constFind(isNamed ? m_result.list->id : m_options.projectID);
+    const auto found =
+        m_settings.members.constFind(isNamed ? m_result.parsedProjectResult->id : m_options.projectID);
     return found == m_settings.members.cend() ? nullptr : &*found;
 }
 
@@ -208,7 +216,7 @@ bool TitleReading::addNewList()
 {
     const QString name = m_text.mid(m_newList->location + 1, m_newList->length - 1);
     if (m_options.blockedProjects.contains(name)) return false;
-    m_result.list = RecognizedList{{}, name};
+    m_result.parsedProjectResult = RecognizedList{{}, name};
     addPiece(RecognizedPieceType::List, *m_newList, name);
     return true;
 }

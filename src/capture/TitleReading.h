@@ -36,6 +36,7 @@ private:
     void occupy(TextRange range);
     void addPiece(RecognizedPieceType type, TextRange range, const QString &value);
     bool mayNameNewList(const KWCandidateEntity &token) const;
+    bool mayBeginPriorityAt(qsizetype location) const;
     QString textForTags() const;
     void endNewListAt(qsizetype position);
     bool addNewList();

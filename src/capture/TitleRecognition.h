@@ -27,8 +27,8 @@ struct TitleRecognition {
     QString title;    ///< one line, without the pieces that are cut
     QStringList tags; ///< as typed, without marks, each name once
     std::optional<KWTaskPriority> priority;
-    std::optional<RecognizedList> list;
-    std::optional<RecognizedPerson> assignee;
+    std::optional<RecognizedList> parsedProjectResult;
+    std::optional<RecognizedPerson> assignedTeamworker;
     /// Where a phrase touches a tag, its entity has grown over both.
     KWReminderModelFromNaturalLanguage date;
     QList<RecognizedPiece> pieces; ///< disjoint, in text order

@@ -114,12 +114,12 @@ private Q_SLOTS:
             context.insert<KWTeamworker>(gone);
         });
         NewTaskCandidates candidates{store.kit()};
-        QVERIFY(candidates.people(list).isEmpty());
+        QVERIFY(candidates.allTeamworkers(list).isEmpty());
         setSaved<KWProject>(store, list, &KWProjectModel::isShared, true);
-        QCOMPARE(titlesOf(candidates.people(list)), u"First, Second"_s);
-        QCOMPARE(candidates.people(list).first(),
+        QCOMPARE(titlesOf(candidates.allTeamworkers(list)), u"First, Second"_s);
+        QCOMPARE(candidates.allTeamworkers(list).first(),
                  (KWCandidateModel{.title = u"First"_s, .imageURL = u"file:///8.png"_s, .object = u"8"_s}));
-        QVERIFY(candidates.people(KWProject::inboxIDOfUser(store.userID())).isEmpty());
+        QVERIFY(candidates.allTeamworkers(KWProject::inboxIDOfUser(store.userID())).isEmpty());
     }
 
     void tellsOfWhatAnybodyChanged()

@@ -193,7 +193,7 @@ private Q_SLOTS:
             records.insert<KWTeamworker>(std::move(member));
             records.find<KWProject>(list)->set(&KWProjectModel::isShared, true);
         });
-        QVERIFY(!m_service->recognize(ask).assignee); // goes to the inbox
+        QVERIFY(!m_service->recognize(ask).assignedTeamworker); // goes to the inbox
         QCOMPARE(m_service->dryRun(u"ask @North ~Garden"_s)[u"assignee"_s], u"north"_s);
         const KWTaskModel task = added(ask, context);
         QCOMPARE(task.title, u"ask"_s);
@@ -317,7 +317,9 @@ private Q_SLOTS:
 
     void followsListsAndSettings()
     {
-        const auto listNamedIn = [this](const QString &text) { return m_service->recognize(text).list->id; };
+        const auto listNamedIn = [this](const QString &text) {
+            return m_service->recognize(text).parsedProjectResult->id;
+        };
         QVERIFY(listNamedIn(u"a ~Work"_s).isEmpty());
         const QString work = m_store->makeList(u"Work"_s);
         QCOMPARE(listNamedIn(u"a ~Work"_s), work);

@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(found.title, quotedText(cells[1]));
         QCOMPARE(found.tags.isEmpty() ? u"-"_s : found.tags.join(u' '), cells[2]);
         QCOMPARE(found.priority ? QString::number(*found.priority) : u"-"_s, cells[3]);
-        QCOMPARE(textOf(found.list), cells[4]);
+        QCOMPARE(textOf(found.parsedProjectResult), cells[4]);
         QCOMPARE(startOf(found), cells[5]);
         QCOMPARE(textOf(found.pieces), cells[6]);
         QVERIFY(areInOrderWithin(typed, found.pieces));
@@ -159,8 +159,9 @@ private Q_SLOTS:
         const QString typed = quotedText(cells[1]);
         const TitleRecognition found = m_recognizer.recognize(typed, chosen);
         QCOMPARE(found.title, quotedText(cells[2]));
-        QCOMPARE(found.assignee ? QString::number(found.assignee->userServerID) : u"-"_s, cells[3]);
-        QCOMPARE(found.list ? found.list->id : u"-"_s, cells[4]);
+        QCOMPARE(found.assignedTeamworker ? QString::number(found.assignedTeamworker->userServerID) : u"-"_s,
+                 cells[3]);
+        QCOMPARE(found.parsedProjectResult ? found.parsedProjectResult->id : u"-"_s, cells[4]);
         QCOMPARE(textOf(found.pieces), cells[5]);
         QVERIFY(areInOrderWithin(typed, found.pieces));
         for (const RecognizedPiece &each : found.pieces)

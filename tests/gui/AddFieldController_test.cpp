@@ -48,6 +48,33 @@ private Q_SLOTS:
         QCOMPARE(pieces(), u"!medium"_s);
     }
 
+    void undoGoesBackBeyondAReplacedPriority()
+    {
+        m_client->type(u"a !low !high"_s);
+        QTRY_COMPARE(field().text(), u"a !high"_s);
+        QStringList steps;
+        while (!field().text().isEmpty() && steps.size() < 9) {
+            m_client->press(Qt::Key_Z, Qt::ControlModifier);
+            QCoreApplication::processEvents(); // what the field takes out by itself, it takes out then
+            steps << field().text();
+        }
+        QCOMPARE(steps, QStringList({u"a !low"_s, u"a"_s, QString{}}));
+        m_client->press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(field().text(), u"a"_s);
+    }
+
+    void manyPrioritiesGoInOneStep()
+    {
+        m_client->type(u"Milk "_s);
+        int changes = 0;
+        connect(&field(), &KWNewTaskTextField::textEdited, this, [&changes] { ++changes; });
+        paste(u"!low !high !medium "_s.repeated(50) + u"!high now"_s);
+        QTRY_COMPARE(field().text(), u"Milk "_s + u"!high "_s.repeated(50) + u"!high now"_s);
+        QCOMPARE(changes, 2);
+        m_client->press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(field().text(), u"Milk "_s);
+    }
+
     void backspaceBehindAMarkTakesTheRecognitionBack()
     {
         m_client->type(u"Read tomorrow"_s);

@@ -16,6 +16,12 @@
 
 #include <algorithm>
 
+namespace {
+
+KWTaskPriority valueOf(const RecognizedPiece &piece) { return KWTaskPriority(piece.value.toInt()); }
+
+} // namespace
+
 AddFieldController::AddFieldController(KWNewTaskTextField &field, Rooms rooms)
     : m_field(field)
     , m_kit(rooms.kit)
@@ -85,7 +91,7 @@ void AddFieldController::followFocus(const QWidget *before, const QWidget *now)
 void AddFieldController::leave()
 {
     if (!m_field.text().isEmpty()) return;
-    m_referees.restoreToPreset();
+    m_referees.restoreToDefault();
     endPreset();
     refresh();
 }
@@ -175,27 +181,24 @@ void AddFieldController::keepOnePriority()
 {
     QList<RecognizedPiece> priorities = m_field.pieces();
     priorities.removeIf([](const auto &piece) { return piece.type != RecognizedPieceType::Priority; });
-    const auto valueOf = [](const RecognizedPiece &piece) { return KWTaskPriority(piece.value.toInt()); };
-    const auto isOther = [&](const auto &piece) { return valueOf(piece) != m_parsedPriorityResult; };
+    const auto isOther = [this](const auto &piece) { return valueOf(piece) != m_parsedPriorityResult; };
     const auto newest = std::ranges::find_if(priorities.rbegin(), priorities.rend(), isOther);
     if (priorities.isEmpty()) return m_parsedPriorityResult.reset();
     if (newest == priorities.rend()) return;
     m_parsedPriorityResult = valueOf(*newest);
-    for (const RecognizedPiece &each : std::as_const(priorities))
-        if (valueOf(each) != m_parsedPriorityResult)
-            QMetaObject::invokeMethod(
-                this, [this, each] { remove(each); }, Qt::QueuedConnection);
+    if (std::ranges::any_of(priorities, isOther))
+        QMetaObject::invokeMethod(this, &AddFieldController::removeOtherPriorities, Qt::QueuedConnection);
 }
 
-// With the space that ended it.
-void AddFieldController::remove(const RecognizedPiece &piece)
+// With the space that ended each.
+void AddFieldController::removeOtherPriorities()
 {
-    const auto standing = std::ranges::find_if(m_field.pieces(), [&piece](const RecognizedPiece &each) {
-        return each.type == piece.type && each.text == piece.text && each.value == piece.value;
-    });
-    if (standing == m_field.pieces().end()) return;
-    const TextRange range = TextRange{standing->location, standing->length + 1}.within(m_field.text().size());
-    m_field.remove(range, m_field.text().mid(range.location, range.length));
+    QList<TextRange> others;
+    const qsizetype length = m_field.text().size();
+    for (const RecognizedPiece &each : m_field.pieces())
+        if (each.type == RecognizedPieceType::Priority && valueOf(each) != m_parsedPriorityResult)
+            others.append(TextRange{each.location, each.length + 1}.within(length));
+    if (!others.isEmpty()) m_field.remove(others);
 }
 
 bool AddFieldController::takeBack(const QString &link, const QString &words)

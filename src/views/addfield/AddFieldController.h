@@ -70,7 +70,7 @@ private:
     void keepOnePriority();
     void showDateTip();
     void teachNext();
-    void remove(const RecognizedPiece &piece);
+    void removeOtherPriorities();
     /// Whether there was anything to take back.
     bool takeBack(const QString &link, const QString &words = {});
     bool takeBackBeforeCaret();

@@ -16,7 +16,7 @@ void KWListCandidatePopover::updateData(const Context &context)
 
 void KWMentionCandidatePopover::updateData(const Context &context)
 {
-    setOriginalDataSourceArray(m_candidates.people(context.projectID));
+    setOriginalDataSourceArray(m_candidates.allTeamworkers(context.projectID));
 }
 
 void KWDateCandidatePopover::updateData(const Context &) { setOriginalDataSourceArray(m_candidates.dates()); }

@@ -85,7 +85,7 @@ bool KWCandidatePopover::doCommandBy(Command command)
         commit(selected);
         return true;
     case Command::CancelOperation:
-        dismiss();
+        dismissWithAnimated();
         return true;
     case Command::Other:
         break;
@@ -97,11 +97,12 @@ void KWCandidatePopover::commit(int row)
 {
     if (!m_replacementRange || row < 0 || row >= m_dataSourceArray.size()) return;
     const KWCandidateModel candidate = m_dataSourceArray.at(row);
-    dismiss();
-    if (onCommit) onCommit(candidate);
+    dismissWithAnimated([this, &candidate] {
+        if (onCommit) onCommit(candidate);
+    });
 }
 
-void KWCandidatePopover::dismiss()
+void KWCandidatePopover::dismissWithAnimated(const std::function<void()> &callHandler)
 {
     if (m_candidateVC && m_replacementRange) {
         m_candidateVC->hide();
@@ -109,4 +110,5 @@ void KWCandidatePopover::dismiss()
     }
     m_replacementRange.reset();
     m_inputControl.clear();
+    if (callHandler) callHandler();
 }

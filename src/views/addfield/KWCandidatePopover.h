@@ -57,7 +57,8 @@ public:
     /// Whether the popover has used the key: the selection moved, the selected row was committed or the
     /// popover closed. Nothing is used while it is not shown.
     bool doCommandBy(Command command);
-    void dismiss();
+    /// Closes the popover, forgets the token and the control it belonged to, and calls the handler then.
+    void dismissWithAnimated(const std::function<void()> &callHandler = {});
 
     /// Called with the row that takes the place of the token; the popover is closed then.
     std::function<void(const KWCandidateModel &row)> onCommit;

@@ -93,14 +93,15 @@ void KWTagCandidateTextField::replace(TextRange range, const QString &with)
     setTextCursor(cursor);
 }
 
-void KWTagCandidateTextField::remove(TextRange range, const QString &expected)
+void KWTagCandidateTextField::remove(const QList<TextRange> &ranges)
 {
-    if (text().mid(range.location, range.length) != expected) return;
     QTextCursor cursor{document()};
-    cursor.beginEditBlock();
-    cursor.setPosition(int(range.location));
-    cursor.setPosition(int(range.end()), QTextCursor::KeepAnchor);
-    cursor.removeSelectedText();
+    cursor.joinPreviousEditBlock();
+    for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+        cursor.setPosition(int(range->location));
+        cursor.setPosition(int(range->end()), QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
     cursor.endEditBlock();
 }
 

@@ -24,8 +24,9 @@ public:
     void setText(const QString &text);
     /// Puts `with` in the place of a range of the text and the caret behind it, as one step of undo.
     void replace(TextRange range, const QString &with);
-    /// Cuts a range out, as one step of undo, if it still reads `expected`.
-    void remove(TextRange range, const QString &expected);
+    /// Cuts these ranges out, which stand in order and apart. One step of undo takes it back together with
+    /// the change before it.
+    void remove(const QList<TextRange> &ranges);
 
     /// Marks these pieces of the current text; those that reach beyond it are left out. A change of the
     /// text moves the marks behind it along and drops those it touches, until the next call.

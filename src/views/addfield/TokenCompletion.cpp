@@ -110,7 +110,7 @@ void TokenCompletion::commit(const KWCandidateModel &row)
 
 void TokenCompletion::dismiss()
 {
-    if (m_shown) m_shown->dismiss();
+    if (m_shown) m_shown->dismissWithAnimated();
     m_shown = nullptr;
 }
 
