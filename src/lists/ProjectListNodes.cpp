@@ -28,6 +28,7 @@ std::unique_ptr<Node> projectNode(const KWProjectModel &project, const ProjectLi
     const QString title = project.isInbox ? KWSmartProject::inbox().displayName() : project.name;
     auto node = make(Type::project, project.sid, title, project.color);
     node->setIconName(contents.iconNames.value(project.sid));
+    node->setTakesTasks(!project.closed && project.permission == KWProjectPermissionWrite);
     return node;
 }
 
