@@ -172,6 +172,5 @@ Nodes ProjectListNodes::subscriptions(const ProjectListContents &contents)
     Nodes nodes;
     for (const KWCalSubscriptionModel &each : contents.calendars)
         nodes.push_back(make(Type::calsub_url, each.sid, each.name, each.color));
-    if (contents.hasSubscriptions) holdEmpty(nodes, KWSmartProject::subcal(), "No calendars yet");
     return nodes;
 }
