@@ -12,7 +12,9 @@
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
