@@ -11,8 +11,7 @@
 #include "model/store/TaskPermissions.h"
 #include "model/store/UndoToken.h"
 #include "model/text/DisplayTitle.h"
-
-#include <QTextBoundaryFinder>
+#include "model/text/ShortenedText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,19 +20,10 @@ namespace {
 constexpr CXLogger deleteLog{u"delete"};
 constexpr int longestTitle = 10;
 
-// The first characters as a person counts them, never half of one.
-QString shortened(const QString &title)
-{
-    QTextBoundaryFinder characters{QTextBoundaryFinder::Grapheme, title};
-    for (int count = 0; count < longestTitle; ++count)
-        if (characters.toNextBoundary() < 0) return title;
-    const qsizetype end = characters.position();
-    return end < title.size() ? title.first(end) + u"..."_s : title;
-}
-
 QString deletedText(const QString &title)
 {
-    return KWLocalizedString("%@ deleted").replace("%@"_L1, shortened(displayTitle(title)));
+    return KWLocalizedString("%@ deleted")
+        .replace("%@"_L1, shortened(displayTitle(title), longestTitle, u"..."_s));
 }
 
 QStringList idsOf(const QList<KWTask *> &tasks)

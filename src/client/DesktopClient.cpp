@@ -11,6 +11,7 @@
 #include "client/FirstPaintReport.h"
 #include "client/OpenClient.h"
 #include "client/PageDrawing.h"
+#include "client/QuitQuestion.h"
 #include "client/RelaunchArguments.h"
 #include "corvexkit/log/RotatingFileSink.h"
 #include "corvexkit/time/SystemClock.h"
@@ -186,6 +187,12 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
 
     bool isRunning = false;
     bool isEnded = false;
+    const QuitQuestion quitQuestion{{.isSettled = [&isEnded] { return isEnded; },
+                                     .refused =
+                                         [&] {
+                                             relaunch.forget();
+                                             client->rooms().mainWindow().show();
+                                         }}};
     const TerminationSignals signals{[&] {
         isEnded = true;
         relaunch.forbid();

@@ -2,17 +2,13 @@
 
 #include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
+#include "model/text/ShortenedText.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype longestTitle = 20;
-
-QString shortened(const QString &title)
-{
-    return title.size() > longestTitle ? title.first(longestTitle) + u"..."_s : title;
-}
+constexpr int longestTitle = 20;
 
 FocusMessage::Action action(const QString &key)
 {
@@ -46,7 +42,7 @@ FocusMessage FocusMessages::breakEnd(Next next, const QString &subtitle)
 FocusQuestion FocusMessages::belonging(const QString &title)
 {
     return {.message = KWLocalizedString("Does the previous focus time belong to %1$@?")
-                           .replace("%1$@"_L1, shortened(displayTitle(title))),
+                           .replace("%1$@"_L1, shortened(displayTitle(title), longestTitle, u"..."_s)),
             .text{},
             .buttons = {KWLocalizedString("belong"), KWLocalizedString("not_belong")}};
 }

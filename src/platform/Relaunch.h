@@ -17,6 +17,8 @@ public:
 
     /// Also ends the event loop; whoever runs the program calls startIfWanted() as its last act.
     void cx_relunch() override;
+    /// The person would not have the program end.
+    void forget() { m_wanted.reset(); }
     /// The program is to end for good, whatever is asked for later: the session of the desktop ends.
     void forbid() { m_isForbidden = true; }
     /// In the present working folder and environment. Whether nothing was wanted or it could be started.

@@ -1,8 +1,16 @@
+#include "client/QuitQuestion.h"
 #include "gui/MainWindowHands.h"
+#include "gui/WindowHelp.h"
 #include "model/records/KWTask.h"
 #include "model/store/Connection.h"
+#include "model/store/KWTaskEditor.h"
+#include "support/Answers.h"
 #include "support/TestMain.h"
+#include "views/addfield/KWNewTaskTextField.h"
+#include "views/alerts/UnsavedTextAlert.h"
 #include "views/controls/CommittingTextEdit.h"
+#include "views/controls/UnsavedTexts.h"
+#include "views/main/MainWindow.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -111,6 +119,84 @@ private Q_SLOTS:
         }
         QTRY_COMPARE(storedTitle(id), u"Pay the rent"_s);
         QTRY_COMPARE(storedContent(id), u"By transfer"_s);
+    }
+
+    void ofTheChecklistAndOfASubtaskComesBackWithItsTask()
+    {
+        KWTaskEditor editor{m_client->kit().manager()};
+        QVERIFY(editor.addItem(idOf(u"Rent"_s), {}, u"Bank"_s));
+        goTo(taskRow(u"Rent"_s));
+        const auto items = [this] {
+            return joined(m_client->window()->findChildren<CommittingTextEdit *>(u"checklistItemTitle"_s),
+                          &CommittingTextEdit::text);
+        };
+        QTRY_COMPARE(items(), u"Bank"_s);
+        {
+            const Hindrance hindrance{m_client->kit()};
+            m_client->find<CommittingTextEdit>("checklistItemTitle").setFocus();
+            m_client->press(Qt::Key_End);
+            m_client->type(u"s"_s);
+            m_client->press(Qt::Key_Return);
+            m_client->type(u"Post"_s);
+            m_client->find<QLineEdit>("addSubtask").setFocus();
+            m_client->type(u"Stamps"_s);
+            goTo(taskRow(u"Water"_s));
+            QTRY_COMPARE(items(), QString{});
+            QCOMPARE(m_client->find<QLineEdit>("addSubtask").text(), QString{});
+            QCOMPARE(unsavedTexts(), QStringList({u"Stamps"_s, u"Banks"_s, u"Post"_s}));
+        }
+        goTo(taskRow(u"Rent"_s));
+        QTRY_COMPARE(items(), u"Banks Post"_s);
+        QVERIFY(unsavedTexts().isEmpty());
+        QTRY_COMPARE(shown(), u"Water Rent .Stamps"_s);
+        goTo(taskRow(u"Water"_s));
+        goTo(taskRow(u"Rent"_s));
+        QTRY_COMPARE(items(), u"Banks Post"_s);
+    }
+
+    void isAskedAboutBeforeTheEnd()
+    {
+        goTo(taskRow(u"Rent"_s));
+        int refusals = 0;
+        bool isSettled = false;
+        const QuitQuestion question{{.isSettled = [&] { return isSettled; }, .refused = [&] { ++refusals; }}};
+        const auto isHeldBack = [] {
+            QEvent quit{QEvent::Quit};
+            QCoreApplication::sendEvent(qApp, &quit);
+            return !quit.isAccepted();
+        };
+        auto &title = m_client->find<CommittingTextEdit>("taskTitle");
+        title.setFocus();
+        m_client->type(u"!"_s);
+        QVERIFY(mayLoseUnsavedTexts(u"Quit"_s)); // it can be stored
+        QCOMPARE(storedTitle(idOf(title.text())), title.text());
+        const Hindrance hindrance{m_client->kit()};
+        m_client->type(u"!"_s);
+        answerNextAlert(Qt::Key_Return);
+        QVERIFY(isHeldBack());
+        answerNextAlert(Qt::Key_Escape);
+        QVERIFY(isHeldBack());
+        QCOMPARE(refusals, 2);
+        answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
+        QVERIFY(mayLoseUnsavedTexts(u"Quit"_s));
+    }
+
+    void standsInTheAddFieldAndInARow()
+    {
+        auto &field = m_client->find<KWNewTaskTextField>("addField");
+        field.setFocus();
+        m_client->type(u"Paint the fence"_s);
+        QCOMPARE(unsavedTexts(), QStringList{u"Paint the fence"_s});
+        field.clear();
+        goTo(taskRow(u"Rent"_s));
+        m_client->press(Qt::Key_F2);
+        {
+            const Hindrance hindrance{m_client->kit()};
+            m_client->find<QLineEdit>("taskRowTitleEditor").setText(u"Pay the rent"_s);
+            QCOMPARE(unsavedTexts(), QStringList{u"Pay the rent"_s});
+        }
+        QVERIFY(unsavedTexts().isEmpty());
+        QTRY_VERIFY(!idOf(u"Pay the rent"_s).isEmpty());
     }
 };
 

@@ -283,12 +283,20 @@ private Q_SLOTS:
         QVERIFY(rows(KWListIdentifier::tag(u"日本"_s)) == QList{expected});
     }
 
+    void findsTheTopOfManyHitsAsOfFew_data()
+    {
+        QTest::addColumn<int>("othersBefore");
+        QTest::newRow("the first are hits") << 0;
+        QTest::newRow("the first are others") << 60;
+    }
     void findsTheTopOfManyHitsAsOfFew()
     {
-        saved(m_store, [this](ObjectContext &context) {
+        QFETCH(int, othersBefore);
+        saved(m_store, [this, othersBefore](ObjectContext &context) {
             KWTaskModel task = aTask("Water the garden").in(m_lists.value(u"Home"_s)).model();
             for (int i = 0; i < 4100; ++i) {
                 task.sortOrder = -i * 7 % 4099;
+                task.title = task.sortOrder < othersBefore - 4099 ? u"Sweep"_s : u"Water the garden"_s;
                 context.insert<KWTask>(task);
             }
         });

@@ -1,6 +1,7 @@
 #include "model/store/Connection.h"
 
 #include "model/store/SearchTokenizer.h"
+#include "model/store/WordsFunction.h"
 
 #include <sqlite3.h>
 
@@ -20,6 +21,7 @@ Connection::Connection(const std::string &path, Access access)
     : m_database(path, flagsFor(access) | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds)
 {
     registerSearchTokenizer(m_database.getHandle());
+    registerWordsFunction(m_database.getHandle());
 }
 
 Connection::Prepared::~Prepared()

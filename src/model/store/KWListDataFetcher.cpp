@@ -112,7 +112,8 @@ Result<QList<KWTaskListItemModel>> KWListDataFetcher::reloadDataModel(const List
                                                                       Connection &connection) const
 {
     try {
-        const auto query = queryOf(request, m_clock, ListQuery::wordHits(request, connection), connection);
+        const auto query =
+            queryOf(request, m_clock, ListQuery::wordHits(request, m_clock, connection), connection);
         if (!query) return query.error();
         if (!*query) return readEventRows(request, m_clock, connection);
         QList<KWTaskListItemModel> rows =

@@ -41,6 +41,9 @@ constexpr const char *hasTagOrChild =
     "ON "
     "g.name = c.name WHERE c.parent = ? AND c.userID = ? AND c.isDeleted = 0)";
 
+// By what the task says itself.
+constexpr const char *saysWords = "hasWords(?, t.title, t.content, t.\"desc\")";
+
 // As openTasksInOrder stands, so that the top of a list is read without sorting all of it.
 constexpr const char *byDate = "t.startDate NULLS LAST, t.priority DESC, t.sortOrder, t.id";
 constexpr const char *byManualOrder = "t.sortOrder, t.id";
@@ -143,7 +146,8 @@ ListQuery &ListQuery::also(const std::string &condition, const SqlValues &more)
     return *this;
 }
 
-ListQuery::WordHits ListQuery::wordHits(const ListDataRequest &request, Connection &connection)
+ListQuery::WordHits ListQuery::wordHits(const ListDataRequest &request, const CXClock &clock,
+                                        Connection &connection)
 {
     // To look up that many costs as much as to walk on to the twenty-fifth of them.
     constexpr std::int64_t many = 4000;
@@ -152,7 +156,20 @@ ListQuery::WordHits ListQuery::wordHits(const ListDataRequest &request, Connecti
     const std::int64_t hits = connection.number(
         "SELECT count(*) FROM (SELECT rowid FROM taskSearch WHERE taskSearch MATCH ? LIMIT ?)",
         {phrase.matchExpression(), many});
-    return hits < many ? WordHits::Few : WordHits::Many;
+    if (hits < many) return WordHits::Few;
+    constexpr int first = 24;
+    ListDataRequest withoutWords = request;
+    withoutWords.condition.text.clear();
+    const auto walk = ofRequest(withoutWords, clock);
+    if (!walk) return WordHits::Many;
+    SqlValues values = walk->values;
+    values.insert(values.begin(), request.condition.text);
+    values.push_back(std::int64_t(first));
+    const std::int64_t said = connection.number(std::string{"SELECT coalesce(sum(says), 0) FROM (SELECT "} +
+                                                    saysWords + " AS says FROM " + walk->from + " WHERE " +
+                                                    walk->where + " ORDER BY " + walk->orderBy + " LIMIT ?)",
+                                                values);
+    return said >= first / 4 ? WordHits::Most : WordHits::Many;
 }
 
 std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, const CXClock &clock,
@@ -251,6 +268,8 @@ ListQuery &ListQuery::narrow(const ListCondition &condition, const CXClock &cloc
         if (wordHits == WordHits::Few) from = anyTasks;
         if (phrase.isEmpty())
             also("0");
+        else if (wordHits == WordHits::Most)
+            also(saysWords, {condition.text});
         else
             also(wordHits == WordHits::Few ? hasWords : hasWordsOnTheWay, {phrase.matchExpression()});
     }

@@ -17,9 +17,11 @@ struct ListQuery {
     std::string orderBy;
 
     /// How many tasks have the words of the condition. Few are looked up; where they are many, the list is
-    /// walked in its order until enough of them were met.
-    enum class WordHits { Few, Many };
-    static WordHits wordHits(const ListDataRequest &request, Connection &connection); // throws
+    /// walked in its order until enough of them were met; where most of its first tasks have them, these are
+    /// read instead of the index.
+    enum class WordHits { Few, Many, Most };
+    static WordHits wordHits(const ListDataRequest &request, const CXClock &clock,
+                             Connection &connection); // throws
 
     /// Nothing for a selection that names nothing, and for a filter: see ofFilter().
     static std::optional<ListQuery> ofRequest(const ListDataRequest &request, const CXClock &clock,

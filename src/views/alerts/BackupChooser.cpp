@@ -12,6 +12,7 @@
 #include <QListWidget>
 #include <QLocale>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +37,8 @@ QListWidget *listOf(const QList<StoreBackup> &backups)
     for (const StoreBackup &each : backups)
         list->addItem(titleWithTime(each));
     list->setCurrentRow(0);
+    const int besideTheRows = 2 * list->frameWidth() + list->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    list->setMinimumWidth(list->sizeHintForColumn(0) + besideTheRows);
     return list;
 }
 

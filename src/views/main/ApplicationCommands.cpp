@@ -1,7 +1,9 @@
 #include "views/main/ApplicationCommands.h"
 
 #include "model/account/KWAccountManager.h"
+#include "model/settings/KWLocalizedString.h"
 #include "views/about/AboutWindow.h"
+#include "views/alerts/UnsavedTextAlert.h"
 
 #include <QApplication>
 
@@ -44,5 +46,6 @@ void ApplicationCommands::showAbout()
 
 void ApplicationCommands::signOut()
 {
+    if (!mayLoseUnsavedTexts(KWLocalizedString("Sign Out Without Saving"))) return;
     if (const Result<void> done = m_account.signOut(); !done) Q_EMIT failed(done.error().sentence);
 }

@@ -1,5 +1,6 @@
 #include "views/search/SearchPage.h"
 
+#include "model/text/ShortenedText.h"
 #include "views/controls/PlainLabel.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/ThemeConfigurator.h"
@@ -96,10 +97,9 @@ void SearchPage::setHasMore(bool hasMore) { m_more->setVisible(hasMore); }
 
 QString SearchPage::emptyText() const
 {
-    QString typed = text().simplified();
+    const QString typed = text().simplified();
     if (typed.isEmpty()) return tr("Type what to look for.");
-    if (typed.size() > mostOfTextQuoted) typed = typed.left(mostOfTextQuoted) + u'…';
-    return tr("No task was found for “%1”.").arg(typed);
+    return tr("No task was found for “%1”.").arg(shortened(typed, mostOfTextQuoted));
 }
 
 QString SearchPage::currentTask() const

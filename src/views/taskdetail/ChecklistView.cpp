@@ -228,6 +228,39 @@ void ChecklistView::commit()
         if (m_rows.contains(row)) row->editor().commit();
 }
 
+void ChecklistView::keepUnsaved(const QString &sid, const QString &afterSid, const QString &title)
+{
+    for (ChecklistItemRow *row : std::as_const(m_rows)) {
+        CommittingTextEdit &editor = row->editor();
+        if (row->sid() == sid && editor.committedText() == title &&
+            (!sid.isEmpty() || sidBefore(*row) == afterSid))
+            return editor.takeBackCommitted();
+    }
+}
+
+QList<ChecklistView::UnsavedItem> ChecklistView::unsavedItems() const
+{
+    QList<UnsavedItem> unsaved;
+    for (int place = 0; place < m_rows.size(); ++place) {
+        ChecklistItemRow &row = *m_rows.at(place);
+        if (row.editor().hasUncommittedText() && !row.editor().text().isEmpty())
+            unsaved.append({row.sid(), place, row.editor().text()});
+    }
+    return unsaved;
+}
+
+void ChecklistView::retype(const QList<UnsavedItem> &unsaved)
+{
+    for (const UnsavedItem &each : unsaved) {
+        const auto isItsRow = [&each](const ChecklistItemRow *row) { return row->sid() == each.sid; };
+        const auto row = each.sid.isEmpty() ? m_rows.end() : std::ranges::find_if(m_rows, isItsRow);
+        if (row != m_rows.end())
+            (*row)->editor().retype(each.title);
+        else
+            addDraft(std::min(each.place, int(m_rows.size())), each.title);
+    }
+}
+
 void ChecklistView::dress()
 {
     for (ChecklistItemRow *row : std::as_const(m_rows))

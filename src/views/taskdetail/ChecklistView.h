@@ -27,6 +27,18 @@ public:
     void setReadOnly(bool isReadOnly);
     /// Hands over what is typed and not handed over yet.
     void commit();
+    /// The item that was handed over with this title could not be stored; an empty id is a new one behind
+    /// `afterSid`. It stays in its row and is handed over again.
+    void keepUnsaved(const QString &sid, const QString &afterSid, const QString &title);
+    struct UnsavedItem {
+        QString sid; ///< empty for a new one
+        int place = 0;
+        QString title;
+    };
+    /// What stands in the rows and is not handed over, or could not be stored.
+    QList<UnsavedItem> unsavedItems() const;
+    /// As if it had been typed.
+    void retype(const QList<UnsavedItem> &unsaved);
     /// The item in whose row the keyboard is, empty for none. One that is just being typed is handed over.
     QString itemWithKeyboard();
     /// Asks for the date of that item; false where there is none.

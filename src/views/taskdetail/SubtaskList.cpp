@@ -56,10 +56,14 @@ void SubtaskList::setTakesMore(bool takesMore) { m_field->setVisible(takesMore);
 
 void SubtaskList::commit()
 {
-    if (const QString title = onOneLine(m_field->text()); !title.isEmpty()) Q_EMIT added(title);
+    if (const QString title = typedText(); !title.isEmpty()) Q_EMIT added(title);
 }
 
 void SubtaskList::clearField() { m_field->clear(); }
+
+QString SubtaskList::typedText() const { return onOneLine(m_field->text()); }
+
+void SubtaskList::retype(const QString &text) { m_field->setText(text); }
 
 void SubtaskList::dress()
 {

@@ -23,6 +23,8 @@ public:
     void commit();
     /// What was handed over is saved.
     void clearField();
+    QString typedText() const;
+    void retype(const QString &text);
     void dress();
 
 Q_SIGNALS:

@@ -123,10 +123,13 @@ void TaskDetailController::connectEdits()
             [this](const QString &itemID) { report(m_editor.tickItem(itemID)); });
     connect(&m_view, &TaskDetailView::itemTitleEdited, this,
             [this](const QString &itemID, const QString &title) {
-                report(m_editor.setItemTitle(itemID, title));
+                const Result<void> saved = m_editor.setItemTitle(itemID, title);
+                if (!saved) m_view.checklist().keepUnsaved(itemID, {}, title);
+                report(saved);
             });
     connect(&m_view, &TaskDetailView::itemAdded, this, [this](const QString &afterID, const QString &title) {
         const Result<QString> added = m_editor.addItem(m_taskID, afterID, title);
+        if (!added) m_view.checklist().keepUnsaved({}, afterID, title);
         report(added ? Result<void>{} : added.error());
     });
     connect(&m_view, &TaskDetailView::itemRemoved, this, [this](const QString &itemID) {

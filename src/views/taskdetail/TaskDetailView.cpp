@@ -7,7 +7,6 @@
 #include "views/controls/TextButton.h"
 #include "views/markdown/MarkdownEdit.h"
 #include "views/taskdetail/AttachmentList.h"
-#include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/DetailFooter.h"
 #include "views/taskdetail/DetailHeader.h"
 #include "views/taskdetail/SubtaskList.h"
@@ -103,14 +102,8 @@ QWidget *TaskDetailView::makeScrolledPart()
 void TaskDetailView::connectParts()
 {
     connect(m_parent, &QAbstractButton::clicked, this, &TaskDetailView::parentOpened);
-    connect(m_title, &CommittingTextEdit::committed, this, [this](const QString &title) {
-        if (m_unsaved.contains(m_sid)) m_unsaved[m_sid].title.reset();
-        Q_EMIT titleEdited(title);
-    });
-    connect(m_content, &CommittingTextEdit::committed, this, [this](const QString &content) {
-        if (m_unsaved.contains(m_sid)) m_unsaved[m_sid].content.reset();
-        Q_EMIT contentEdited(content);
-    });
+    connect(m_title, &CommittingTextEdit::committed, this, &TaskDetailView::titleEdited);
+    connect(m_content, &CommittingTextEdit::committed, this, &TaskDetailView::contentEdited);
     connect(m_content, &MarkdownEdit::linkOpened, this, &TaskDetailView::linkOpened);
     connect(m_title, &CommittingTextEdit::entered, m_content, [this] { m_content->setFocus(); });
     connect(m_title, &CommittingTextEdit::leftDownwards, m_content, [this] { m_content->setFocus(); });
@@ -140,6 +133,7 @@ void TaskDetailView::dress()
 void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
 {
     if (!shown) {
+        keepUnsaved();
         m_sid.clear();
         m_page->hide();
         return;
@@ -178,6 +172,7 @@ void TaskDetailView::showParts(const TaskDetailData &shown)
 
 void TaskDetailView::startWith(const TaskDetailData &shown)
 {
+    keepUnsaved();
     m_sid = shown.task.sid;
     m_title->startWith(shown.task.title);
     m_content->startWith(shown.task.description());
@@ -186,18 +181,48 @@ void TaskDetailView::startWith(const TaskDetailData &shown)
     const Unsaved unsaved = m_unsaved.take(m_sid);
     if (unsaved.title) m_title->retype(*unsaved.title);
     if (unsaved.content) m_content->retype(*unsaved.content);
+    m_checklist->retype(unsaved.items);
+    m_subtasks->retype(unsaved.subtask);
 }
 
-void TaskDetailView::keepUnsavedTitle()
+void TaskDetailView::keepUnsavedTitle() { m_title->takeBackCommitted(); }
+
+void TaskDetailView::keepUnsavedContent() { m_content->takeBackCommitted(); }
+
+TaskDetailView::Unsaved TaskDetailView::unsavedOfShown() const
 {
-    m_unsaved[m_sid].title = m_title->text();
-    m_title->takeBackCommitted();
+    Unsaved unsaved{.items = m_checklist->unsavedItems(), .subtask = m_subtasks->typedText()};
+    if (m_title->hasUncommittedText() && !m_title->text().trimmed().isEmpty())
+        unsaved.title = m_title->text();
+    if (m_content->hasUncommittedText()) unsaved.content = m_content->text();
+    return unsaved;
 }
 
-void TaskDetailView::keepUnsavedContent()
+void TaskDetailView::keepUnsaved()
 {
-    m_unsaved[m_sid].content = m_content->text();
-    m_content->takeBackCommitted();
+    if (m_sid.isEmpty()) return;
+    if (const Unsaved unsaved = unsavedOfShown(); !unsaved.isNothing()) m_unsaved[m_sid] = unsaved;
+}
+
+QStringList TaskDetailView::Unsaved::texts() const
+{
+    QStringList all{title.value_or(QString{}), content.value_or(QString{}), subtask};
+    for (const ChecklistView::UnsavedItem &each : items)
+        all.append(each.title);
+    all.removeAll(QString{});
+    return all;
+}
+
+QStringList TaskDetailView::unsavedTexts()
+{
+    QStringList all;
+    if (!m_sid.isEmpty()) {
+        commitEdits();
+        all = unsavedOfShown().texts();
+    }
+    for (const Unsaved &each : std::as_const(m_unsaved))
+        all += each.texts();
+    return all;
 }
 
 void TaskDetailView::follow(const TaskDetailData &shown)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "corvexkit/time/CXClock.h"
+#include "views/controls/UnsavedTexts.h"
+#include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/TaskDetailData.h"
 
 #include <QHash>
@@ -10,7 +12,6 @@
 #include <optional>
 
 class AttachmentList;
-class ChecklistView;
 class CommittingTextEdit;
 class DetailFooter;
 class DetailHeader;
@@ -20,7 +21,7 @@ class TextButton;
 
 /// The right column: everything about one task. What is typed is handed over when it rests and is never
 /// lost; an update from outside leaves alone what is being typed. Without a task it is empty.
-class TaskDetailView : public QWidget {
+class TaskDetailView : public QWidget, public UnsavedTextHolder {
     Q_OBJECT
 
 public:
@@ -32,10 +33,12 @@ public:
     void setTask(const std::optional<TaskDetailData> &shown);
     /// Hands over what is typed and not handed over yet.
     void commitEdits();
-    /// The title or the text that was handed over last could not be stored. It stays in its field and is
-    /// handed over again; when another task is shown first, once this one comes back.
+    /// The title or the text that was handed over last could not be stored. As with items of the checklist
+    /// and a subtask, it stays in its field and is handed over again; when another task is shown first, once
+    /// this one comes back.
     void keepUnsavedTitle();
     void keepUnsavedContent();
+    QStringList unsavedTexts() override;
 
     DetailHeader &header() { return *m_header; }
     ChecklistView &checklist() { return *m_checklist; }
@@ -72,10 +75,17 @@ private:
     struct Unsaved {
         std::optional<QString> title{};
         std::optional<QString> content{};
+        QList<ChecklistView::UnsavedItem> items{};
+        QString subtask{};
+
+        bool isNothing() const { return !title && !content && items.isEmpty() && subtask.isEmpty(); }
+        QStringList texts() const;
     };
+    Unsaved unsavedOfShown() const;
+    void keepUnsaved();
 
     QString m_sid;                     // of the task shown
-    QHash<QString, Unsaved> m_unsaved; // by task
+    QHash<QString, Unsaved> m_unsaved; // by task, of those that are not shown
     bool m_isClosed = false;
     QWidgetList m_controls; // in the order of Tab
     QWidget *m_page;

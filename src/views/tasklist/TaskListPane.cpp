@@ -36,3 +36,10 @@ TaskListPane::TaskListPane(CXClock &clock, QWidget *parent)
     connect(m_addField, &KWNewTaskTextField::steppedDown, m_list,
             [this] { m_list->setFocus(Qt::TabFocusReason); });
 }
+
+QStringList TaskListPane::unsavedTexts()
+{
+    const QString text = m_addField->text().trimmed();
+    return text.isEmpty() || text == m_addField->presetContent().trimmed() ? QStringList{}
+                                                                           : QStringList{text};
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "views/controls/UnsavedTexts.h"
 #include "views/tasklist/TaskListModel.h"
 
 #include <QWidget>
@@ -10,7 +11,7 @@ class TaskListView;
 
 /// The middle column: the head of the page, the add field, the tasks. The focus that it is given goes to the
 /// tasks, or to what stands in their place.
-class TaskListPane : public QWidget {
+class TaskListPane : public QWidget, public UnsavedTextHolder {
     Q_OBJECT
 
 public:
@@ -20,6 +21,9 @@ public:
     KWNewTaskTextField &addField() { return *m_addField; }
     TaskListView &list() { return *m_list; }
     TaskListModel &model() { return m_model; }
+
+    /// What stands in the add field is no task yet.
+    QStringList unsavedTexts() override;
 
 private:
     TaskListModel m_model;

@@ -285,9 +285,29 @@ void TaskListView::handOver(const QString &id, bool isItem, const QString &title
         Q_EMIT titleEdited(id, title);
 }
 
+void TaskListView::commitData(QWidget *editor)
+{
+    m_refusedTitle.clear();
+    QListView::commitData(editor);
+}
+
+void TaskListView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    if (hint == QAbstractItemDelegate::RevertModelCache) m_refusedTitle.clear();
+    QListView::closeEditor(editor, hint);
+}
+
+QStringList TaskListView::unsavedTexts()
+{
+    QWidget *editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (editor) commitData(editor);
+    return m_refusedTitle.isEmpty() ? QStringList{} : QStringList{m_refusedTitle};
+}
+
 // From the event loop: the editor that handed the title over is closing.
 void TaskListView::editAgain(const QString &id, const QString &typedTitle)
 {
+    m_refusedTitle = typedTitle;
     const auto open = [this, id, typedTitle] {
         const QModelIndex row = m_model.indexOf(id);
         if (!row.isValid()) return;

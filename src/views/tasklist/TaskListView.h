@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/store/TaskOccurrences.h"
+#include "views/controls/UnsavedTexts.h"
 #include "views/tasklist/CheckAnimations.h"
 #include "views/tasklist/DropTarget.h"
 #include "views/tasklist/RowPart.h"
@@ -21,7 +22,7 @@ class TaskRowDelegate;
 /// Enter opens the detail, F2 edits the title, Delete and Backspace delete, Alt+Up and Alt+Down move tasks,
 /// Ctrl+] and Ctrl+[ put them below the one above and take them out. A click on a checkbox completes without
 /// selecting.
-class TaskListView : public QListView {
+class TaskListView : public QListView, public UnsavedTextHolder {
     Q_OBJECT
 
 public:
@@ -53,6 +54,7 @@ public:
     /// Opens the row once more with the title that was typed and could not be stored. Nothing happens when it
     /// is not in the list.
     void editAgain(const QString &id, const QString &typedTitle);
+    QStringList unsavedTexts() override;
     /// Selects the task and scrolls to it; nothing happens when it is not in the list.
     void selectTask(const QString &sid);
     /// Selects those that are in the list; the first becomes the current one.
@@ -96,6 +98,8 @@ Q_SIGNALS:
     void unnestRequested(const QStringList &taskIDs);
 
 protected:
+    void commitData(QWidget *editor) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -167,6 +171,7 @@ private:
     Hindrance m_hindrance;
     std::optional<DropTarget> m_dropTarget;
     bool m_isDropRefused = false;
+    QString m_refusedTitle; ///< typed into a row, and not stored
     bool m_expectsAnotherList = false;
     bool m_waitsForFirst = false; ///< the keyboard came, and rows may follow
     QString m_emptyText;
