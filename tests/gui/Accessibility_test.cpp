@@ -121,6 +121,8 @@ class Accessibility_test : public QObject {
         write(file, "plan");
         QMimeData files;
         files.setUrls({QUrl::fromLocalFile(file)});
+        QDragEnterEvent enter{{1, 1}, Qt::CopyAction, &files, Qt::LeftButton, {}};
+        QApplication::sendEvent(&client.find<QWidget>("taskDetail"), &enter);
         QDropEvent drop{{1, 1}, Qt::CopyAction, &files, Qt::LeftButton, {}};
         QApplication::sendEvent(&client.find<QWidget>("taskDetail"), &drop);
         QTRY_VERIFY(client.window()->findChild<QWidget *>(u"attachment"_s));

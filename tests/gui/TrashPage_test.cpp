@@ -2,6 +2,7 @@
 #include "gui/WindowHelp.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
+#include "model/store/TaskBatch.h"
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
 #include "views/tasklist/TaskListPane.h"
@@ -79,7 +80,9 @@ private Q_SLOTS:
     void urgesToNothing()
     {
         m_client->openList(u"Inbox"_s);
-        QVERIFY(m_client->rooms().newTasks().add(u"Renew the card yesterday #errand"_s));
+        const auto added = m_client->rooms().newTasks().add(u"Renew the card #errand"_s);
+        QVERIFY(TaskBatch{m_client->kit().manager()}.setDay({added->sid},
+                                                            m_client->clock.today() - std::chrono::days{1}));
         goToFirstRow();
         m_client->press(Qt::Key_Delete);
         m_client->clock.advance(std::chrono::seconds{5});
