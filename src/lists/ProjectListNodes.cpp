@@ -170,6 +170,7 @@ Nodes ProjectListNodes::filters(const ProjectListContents &contents)
 Nodes ProjectListNodes::subscriptions(const ProjectListContents &contents)
 {
     Nodes nodes;
+    if (!contents.hasSubscriptions) return nodes;
     for (const KWCalSubscriptionModel &each : contents.calendars)
         nodes.push_back(make(Type::calsub_url, each.sid, each.name, each.color));
     return nodes;
