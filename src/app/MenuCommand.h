@@ -49,6 +49,7 @@ enum class MenuCommand {
     SendDiagnostics,
     ExportList,
     NewFilter,
+    NewCalendar,
     OpenPalette,
     Find,
     OpenFocus,

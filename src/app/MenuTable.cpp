@@ -23,6 +23,7 @@ constexpr MenuEntry entries[] = {
     {AddTask, File, "addTask", "Add Task", "Ctrl+N"},
     {NewList, File, "newList", "New List", "Ctrl+Shift+N"},
     {NewFilter, File, "newFilter", "New Filter…", ""},
+    {NewCalendar, File, "newCalendar", "Subscribe to Calendar…", ""},
     {Print, File, "print", "Print…", "Ctrl+P", SignedInUser},
     {ExportList, File, "exportList", "Export List…", "Ctrl+Shift+E"},
     {CloseWindow, File, "closeWindow", "Close Window", "Ctrl+W", Nothing, group},

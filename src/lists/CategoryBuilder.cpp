@@ -1,6 +1,7 @@
 #include "lists/RowOrder.h"
 #include "lists/RowTree.h"
 #include "lists/SectionPlaces.h"
+#include "model/records/KWTagModel.h"
 
 #include <QSet>
 
@@ -45,23 +46,72 @@ QList<Block> blocksOf(const Rows &rows, const ManualPositions::Positions &positi
     return blocks;
 }
 
-// Whether anything has a position.
-bool resort(KWTaskCategory &category, const ManualPositions &positions)
+void resort(KWTaskCategory &category, const ManualPositions::Positions &positions)
 {
-    const ManualPositions::Positions inside = positions.in(category);
-    if (inside.isEmpty()) return false;
-    QList<Block> blocks = blocksOf(category.models(), inside);
+    if (positions.isEmpty()) return;
+    QList<Block> blocks = blocksOf(category.models(), positions);
     const auto firstFree = std::ranges::stable_partition(blocks, [](const Block &each) {
                                return each.position.has_value();
                            }).begin();
-    if (firstFree == blocks.begin()) return false;
+    if (firstFree == blocks.begin()) return;
     std::ranges::stable_sort(blocks.begin(), firstFree, {}, &Block::position);
     Rows sorted;
     for (const Block &each : blocks)
         sorted += category.models().sliced(each.begin, each.end - each.begin);
     category.setModels(std::move(sorted));
-    return true;
 }
+
+// Whether rows that are put in order by hand have a position for a sort type, in the section where they
+// would stand.
+class ManualOrderFinder {
+public:
+    ManualOrderFinder(const QList<KWTaskCategory> &sections, const ShownList &shown)
+        : m_sections(sections), m_shown(shown)
+    {
+    }
+
+    bool finds(KWTaskSortType sortType)
+    {
+        const auto positions = m_shown.positions.of(sortType);
+        if (positions.isEmpty()) return false;
+        readRows();
+        const SectionPlaces places{m_shown, sortType, {}};
+        for (auto group = positions.begin(); group != positions.end(); ++group)
+            for (auto task = group->keyBegin(); task != group->keyEnd(); ++task)
+                if (const Row *row = m_rows.value(*task); row && standsIn(group.key(), *row, places))
+                    return true;
+        return false;
+    }
+
+private:
+    void readRows()
+    {
+        if (!m_rows.isEmpty()) return;
+        for (const KWTaskCategory &section : m_sections) {
+            if (section.isPinned() || section.isCompleted()) continue;
+            for (const Row &each : section.models())
+                m_rows.insert(each.sid, &each);
+        }
+    }
+
+    static bool standsIn(const QString &group, const Row &row, const SectionPlaces &places)
+    {
+        switch (places.sortType()) {
+        case KWTaskSortTypePriority:
+            return group == QString::number(row.priority);
+        case KWTaskSortTypeProject:
+            return group == row.projectID;
+        case KWTaskSortTypeTag:
+            return row.tags.isEmpty() ? group.isEmpty() : row.tags.contains(group);
+        default:
+            return group == positionGroup(places.sectionAt(places.of(row)));
+        }
+    }
+
+    const QList<KWTaskCategory> &m_sections;
+    const ShownList &m_shown;
+    QHash<QString, const Row *> m_rows; // by their ids
+};
 
 } // namespace
 
@@ -87,22 +137,38 @@ QList<KWTaskCategory> KWTaskCategory::buildCategories(const Rows &with, const Sh
     return categories;
 }
 
-void KWTaskCategory::resortBySortOrder(QList<KWTaskCategory> &in, const ManualPositions &positions,
-                                       KWTaskSortType sortType, ManualOrders &found)
+void KWTaskCategory::resortBySortOrder(QList<KWTaskCategory> &in, const ShownList &shown, ManualOrders &found)
 {
-    if (positions.isEmpty()) return;
-    bool hasAny = false;
     for (KWTaskCategory &each : in)
-        if (!each.isPinned() && resort(each, positions)) hasAny = true;
-    found.hasDuedateSortOrder = hasAny && sortType == KWTaskSortTypeDate;
-    found.hasPrioritySortOrder = hasAny && sortType == KWTaskSortTypePriority;
-    found.hasProjectSortOrder = hasAny && sortType == KWTaskSortTypeProject;
-    found.hasTagSortOrder = hasAny && sortType == KWTaskSortTypeTag;
+        if (!each.isPinned()) resort(each, shown.positions.in(each, shown.sortType()));
+    ManualOrderFinder orders{in, shown};
+    found.hasDuedateSortOrder = orders.finds(KWTaskSortTypeDate);
+    found.hasPrioritySortOrder = orders.finds(KWTaskSortTypePriority);
+    found.hasProjectSortOrder = orders.finds(KWTaskSortTypeProject);
+    found.hasTagSortOrder = orders.finds(KWTaskSortTypeTag);
 }
 
 void KWTaskCategory::resortPinnedIfNeeded(QList<KWTaskCategory> &in, const ManualPositions &positions)
 {
-    if (positions.isEmpty()) return;
     for (KWTaskCategory &each : in)
-        if (each.isPinned()) resort(each, positions);
+        if (each.isPinned()) resort(each, positions.in(each, KWTaskSortTypePinnedDate));
+}
+
+QList<KWTagModel> KWTaskCategory::categoriesSortedByTag(QList<KWTagModel> in, const KWListIdentifier &with)
+{
+    if (with.type == KWListIdentifierType::Tag) {
+        in.removeIf([&with](const KWTagModel &each) {
+            return each.name != with.entityID && each.parent != with.entityID;
+        });
+        std::ranges::stable_partition(in,
+                                      [&with](const KWTagModel &each) { return each.name != with.entityID; });
+        return in;
+    }
+    QHash<QString, qsizetype> places;
+    for (const KWTagModel &each : std::as_const(in))
+        places.insert(each.name, places.size());
+    std::ranges::stable_sort(in, {}, [&places](const KWTagModel &each) {
+        return std::pair{places.value(each.parent, places.value(each.name)), places.contains(each.parent)};
+    });
+    return in;
 }

@@ -48,6 +48,10 @@ public:
     const QString &iconName() const { return m_iconName; }
     void setIconName(const QString &name) { m_iconName = name; }
 
+    /// Of a list: it is open and may be written.
+    bool takesTasks() const { return m_takesTasks; }
+    void setTakesTasks(bool takesTasks) { m_takesTasks = takesTasks; }
+
     bool isExpanded() const { return m_isExpanded; }
     void setIsExpanded(bool isExpanded);
     bool isSelected() const { return m_isSelected; }
@@ -80,6 +84,7 @@ private:
     QString m_color;
     QString m_iconName;
     std::optional<int> m_count;
+    bool m_takesTasks = true;
     bool m_isExpanded = true;
     bool m_isSelected = false;
     KWProjectListNode *m_parent = nullptr;

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+struct KWListIdentifier;
+struct KWTagModel;
 struct ShownList;
 
 /// A section of a list with its rows. A value.
@@ -24,12 +26,17 @@ public:
     static QList<KWTaskCategory> buildCategories(const Rows &with, const ShownList &in,
                                                  KWTaskSortType sortType, bool inKanban,
                                                  bool showPinnedSection);
-    /// Puts rows that have a manual position in front of the others of their section, by it, and tells which
-    /// kind of such positions there are.
-    static void resortBySortOrder(QList<KWTaskCategory> &in, const ManualPositions &positions,
-                                  KWTaskSortType sortType, ManualOrders &found);
+    /// Puts rows that have a manual position in front of the others of their section, by it, and tells of
+    /// which sort types there are such positions, the others included: where one of the rows would stand by
+    /// it if the list were sorted so.
+    static void resortBySortOrder(QList<KWTaskCategory> &in, const ShownList &shown, ManualOrders &found);
     /// The same for the section of pinned rows, where there is one.
     static void resortPinnedIfNeeded(QList<KWTaskCategory> &in, const ManualPositions &positions);
+
+    /// The tags in the order of their sections in the list `with`; `in` has the order of the sidebar. A child
+    /// stands behind its parent. In the list of a parent its children part the rows, which leaves the other
+    /// tags out; what has none of them comes last, under the parent.
+    static QList<KWTagModel> categoriesSortedByTag(QList<KWTagModel> in, const KWListIdentifier &with);
 
     /// The row that loads more completed ones, as the section behind them.
     static const KWTaskCategory &loadMore();

@@ -140,7 +140,9 @@ Result<void> KWTaskListService::setSortType(KWTaskSortType sortType)
 
 Result<UndoToken> KWTaskListService::resetManualOrder()
 {
-    return removePositions(m_content.shown.positionContext(), sortType(), m_manager);
+    const auto sortType = sortMenu().resetType();
+    if (!sortType) return UndoToken{};
+    return removePositions(m_content.shown.positionContext(), *sortType, m_manager);
 }
 
 Result<void> KWTaskListService::setShowsCompleted(bool showsCompleted)

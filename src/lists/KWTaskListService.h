@@ -33,7 +33,7 @@ public:
     /// Remembered for the list.
     Result<void> setSortType(KWTaskSortType sortType);
 
-    /// The positions set by hand in the sections of the present sort type are given up.
+    /// The positions set by hand that the reset item of the menu names are given up.
     Result<UndoToken> resetManualOrder();
 
     /// Whether completed and abandoned tasks stand at the end. Remembered for the list.

@@ -29,13 +29,29 @@ QList<KWTaskSortType> KWTaskSortTypeMenu::sortTypes() const
     return types;
 }
 
+std::optional<KWTaskSortType> KWTaskSortTypeMenu::resetType() const
+{
+    if (manualOrders.hasDuedateSortOrder) return KWTaskSortTypeDate;
+    if (manualOrders.hasPrioritySortOrder) return KWTaskSortTypePriority;
+    if (manualOrders.hasProjectSortOrder) return KWTaskSortTypeProject;
+    if (manualOrders.hasTagSortOrder) return KWTaskSortTypeTag;
+    return std::nullopt;
+}
+
 std::optional<QString> KWTaskSortTypeMenu::resetTitle() const
 {
-    if (manualOrders.hasDuedateSortOrder) return KWLocalizedString("Reset to default date order");
-    if (manualOrders.hasPrioritySortOrder) return KWLocalizedString("Reset to default priority order");
-    if (manualOrders.hasProjectSortOrder) return KWLocalizedString("Reset to default project order");
-    if (manualOrders.hasTagSortOrder) return KWLocalizedString("Reset to default tag order");
-    return std::nullopt;
+    const auto sortType = resetType();
+    if (!sortType) return std::nullopt;
+    switch (*sortType) {
+    case KWTaskSortTypeDate:
+        return KWLocalizedString("Reset to default date order");
+    case KWTaskSortTypePriority:
+        return KWLocalizedString("Reset to default priority order");
+    case KWTaskSortTypeProject:
+        return KWLocalizedString("Reset to default project order");
+    default:
+        return KWLocalizedString("Reset to default tag order");
+    }
 }
 
 QString KWTaskSortTypeMenu::titleOf(KWTaskSortType type)

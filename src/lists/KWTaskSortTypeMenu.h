@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// Which positions that were changed by hand the shown list has, see KWTaskCategory.
+/// Of which sort types the shown list has positions that were set by hand, see KWTaskCategory.
 struct ManualOrders {
     bool hasDuedateSortOrder = false;
     bool hasPrioritySortOrder = false;
@@ -37,7 +37,10 @@ struct KWTaskSortTypeMenu {
 
     /// In the order of the menu.
     QList<KWTaskSortType> sortTypes() const;
-    /// The entry that gives up the positions set by hand; nothing while there are none.
+    /// The sort type whose positions, set by hand, can be given up; nothing while there are none. Of several
+    /// the first: date, priority, list, tag.
+    std::optional<KWTaskSortType> resetType() const;
+    /// The entry that does so.
     std::optional<QString> resetTitle() const;
 
     /// Empty for a type that no menu offers.

@@ -84,7 +84,7 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
     });
     rows += changes.rows;
 
-    const std::pair positionsBefore{shown.positions, shown.pinnedPositions};
+    const ManualPositions positionsBefore = shown.positions;
     const int countBefore = completedCount;
     Result<void> read = shown.readPositions(context.connection());
     const qsizetype openRows = rows.size();
@@ -95,7 +95,7 @@ Result<ListContent::Changes> ListContent::readAgain(const QStringList &taskIDs, 
     }
     if (!read) return read.error();
     changes.areInClosedTasks = closedBefore != rows.sliced(openRows) || countBefore != completedCount ||
-                               positionsBefore != std::pair{shown.positions, shown.pinnedPositions};
+                               positionsBefore != shown.positions;
     changes.areNone = !changes.areInClosedTasks && openBefore == changes.rows;
     return changes;
 }
@@ -186,9 +186,8 @@ ListContent::Sections ListContent::sections(const QSet<QString> &hiddenTasks) co
     Sections sections;
     sections.categories =
         KWTaskCategory::buildCategories(visible, shown, shown.sortType(), false, shown.partsClosedTasks());
-    KWTaskCategory::resortBySortOrder(sections.categories, shown.positions, shown.sortType(),
-                                      sections.manualOrders);
-    KWTaskCategory::resortPinnedIfNeeded(sections.categories, shown.pinnedPositions);
+    KWTaskCategory::resortBySortOrder(sections.categories, shown, sections.manualOrders);
+    KWTaskCategory::resortPinnedIfNeeded(sections.categories, shown.positions);
     noteUnloaded(sections.categories);
     return sections;
 }

@@ -24,31 +24,38 @@ int stampOf(const KWDateCategorySection &section)
 
 } // namespace
 
-ManualPositions ManualPositions::read(const QString &contextID, KWTaskSortType sortType,
-                                      Connection &connection)
+ManualPositions ManualPositions::read(const QString &contextID, Connection &connection)
 {
     ManualPositions positions;
-    visitPositionKind(sortType, [&]<class Kind>(Kind kind) {
-        auto statement =
-            connection.prepare(std::string{"SELECT "} + kind.column + ", taskID, sortOrder FROM " +
-                               Kind::Model::tableName + " WHERE contextID = ? AND isDeleted = 0 ORDER BY id");
-        statement.bind(1, contextID);
-        QString group, task;
-        std::int64_t order = 0;
-        while (statement->executeStep()) {
-            columns::read(statement->getColumn(0), group);
-            columns::read(statement->getColumn(1), task);
-            columns::read(statement->getColumn(2), order);
-            positions.m_positions[group].insert(task, order);
-        }
-    });
+    for (const KWTaskSortType sortType : {KWTaskSortTypeDate, KWTaskSortTypePriority, KWTaskSortTypeProject,
+                                          KWTaskSortTypeTag, KWTaskSortTypePinnedDate})
+        visitPositionKind(sortType, [&]<class Kind>(Kind kind) {
+            auto statement = connection.prepare(std::string{"SELECT "} + kind.column +
+                                                ", taskID, sortOrder FROM " + Kind::Model::tableName +
+                                                " WHERE contextID = ? AND isDeleted = 0 ORDER BY id");
+            statement.bind(1, contextID);
+            QString group, task;
+            std::int64_t order = 0;
+            while (statement->executeStep()) {
+                columns::read(statement->getColumn(0), group);
+                columns::read(statement->getColumn(1), task);
+                columns::read(statement->getColumn(2), order);
+                positions.m_positions[sortType][group].insert(task, order);
+            }
+        });
     return positions;
 }
 
-ManualPositions::Positions ManualPositions::in(const KWTaskCategory &section) const
+ManualPositions::Positions ManualPositions::in(const KWTaskCategory &section, KWTaskSortType sortType) const
 {
     const std::optional<QString> group = positionGroup(section);
-    return group ? m_positions.value(*group) : Positions{};
+    return group ? of(sortType).value(*group) : Positions{};
+}
+
+QHash<QString, ManualPositions::Positions> ManualPositions::of(KWTaskSortType sortType) const
+{
+    const auto found = m_positions.find(sortType);
+    return found == m_positions.end() ? QHash<QString, Positions>{} : found->second;
 }
 
 std::optional<QString> positionGroup(const KWTaskCategory &section)

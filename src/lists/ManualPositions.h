@@ -6,29 +6,31 @@
 #include <QHash>
 #include <QString>
 
+#include <map>
 #include <optional>
 
 class Connection;
 class KWTaskCategory;
 
-/// The positions that tasks were given by hand inside the sections of one list. A value.
+/// The positions that tasks were given by hand inside the sections of one list, by whatever it was sorted.
+/// A value.
 class ManualPositions {
 public:
     using Positions = QHash<QString, std::int64_t>; ///< by the tasks' ids; the smaller first
 
-    /// Those kept for the sort type in the context that `contextID` names, see SortOrderContext. Of
-    /// KWTaskSortTypePinnedDate: those of pinned tasks. None for a type without positions of its own.
-    static ManualPositions read(const QString &contextID, KWTaskSortType sortType,
+    /// Those kept in the context that `contextID` names, see SortOrderContext.
+    static ManualPositions read(const QString &contextID,
                                 Connection &connection); // throws SQLite::Exception
 
-    bool isEmpty() const { return m_positions.isEmpty(); }
-    /// Those inside the section.
-    Positions in(const KWTaskCategory &section) const;
+    /// Those inside the section of a list that is sorted so. Of pinned tasks: KWTaskSortTypePinnedDate.
+    Positions in(const KWTaskCategory &section, KWTaskSortType sortType) const;
+    /// Those of one sort type, by what names their section, see positionGroup().
+    QHash<QString, Positions> of(KWTaskSortType sortType) const;
 
     bool operator==(const ManualPositions &) const = default;
 
 private:
-    QHash<QString, Positions> m_positions; // by what the section stands for, as its column holds it
+    std::map<KWTaskSortType, QHash<QString, Positions>> m_positions;
 };
 
 /// What names the section in sort-order records: a day's stamp, a priority's number, the id of a list, the

@@ -28,6 +28,7 @@ std::unique_ptr<Node> projectNode(const KWProjectModel &project, const ProjectLi
     const QString title = project.isInbox ? KWSmartProject::inbox().displayName() : project.name;
     auto node = make(Type::project, project.sid, title, project.color);
     node->setIconName(contents.iconNames.value(project.sid));
+    node->setTakesTasks(!project.closed && project.permission == KWProjectPermissionWrite);
     return node;
 }
 
@@ -169,8 +170,8 @@ Nodes ProjectListNodes::filters(const ProjectListContents &contents)
 Nodes ProjectListNodes::subscriptions(const ProjectListContents &contents)
 {
     Nodes nodes;
+    if (!contents.hasSubscriptions) return nodes;
     for (const KWCalSubscriptionModel &each : contents.calendars)
         nodes.push_back(make(Type::calsub_url, each.sid, each.name, each.color));
-    if (contents.hasSubscriptions) holdEmpty(nodes, KWSmartProject::subcal(), "No calendars yet");
     return nodes;
 }

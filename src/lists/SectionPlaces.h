@@ -24,6 +24,7 @@ public:
 
     SectionPlaces(const ShownList &shown, KWTaskSortType sortType, Options options);
 
+    KWTaskSortType sortType() const { return m_sortType; }
     SectionPlace of(const KWTaskListItemModel &row) const;
     /// The section of that place, without rows.
     KWTaskCategory sectionAt(const SectionPlace &place) const;

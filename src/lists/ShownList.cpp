@@ -1,5 +1,6 @@
 #include "lists/ShownList.h"
 
+#include "lists/KWTaskCategory.h"
 #include "model/records/KWCalendarDisplayConfiguration.h"
 #include "model/records/KWColumn.h"
 #include "model/records/KWFilter.h"
@@ -152,26 +153,14 @@ private:
         return tags;
     }
 
-    // A child tag stands behind its parent. In the list of a parent, its children part the tasks; those
-    // that have none of them come last.
     Groups tags() const
     {
-        QList<KWTag *> tags = KWTag::findTagsOfUser(m_userID, m_context);
-        if (m_list.type == KWListIdentifierType::Tag) {
-            tags = childTags(m_list.entityID);
-            if (KWTag *own = KWTag::findTagNamed(m_list.entityID, m_userID, m_context)) tags.append(own);
-        } else {
-            QHash<QString, qsizetype> places;
-            for (const KWTag *each : tags)
-                places.insert((*each)->name, places.size());
-            std::ranges::stable_sort(tags, {}, [&places](const KWTag *each) {
-                const QString &parent = (*each)->parent;
-                return std::pair{places.value(parent, places.value((*each)->name)), places.contains(parent)};
-            });
-        }
+        QList<KWTagModel> tags;
+        for (const KWTag *each : KWTag::findTagsOfUser(m_userID, m_context))
+            tags.append(each->model());
         Groups groups;
-        for (const KWTag *each : tags)
-            groups.append({(*each)->name, (*each)->label});
+        for (const KWTagModel &each : KWTaskCategory::categoriesSortedByTag(tags, m_list))
+            groups.append({each.name, each.label});
         return groups;
     }
 
@@ -269,8 +258,7 @@ Result<ShownList> ShownList::read(const KWListIdentifier &list, const QString &u
 Result<void> ShownList::readPositions(Connection &connection)
 {
     try {
-        positions = ManualPositions::read(positionContext(), sortType(), connection);
-        pinnedPositions = ManualPositions::read(positionContext(), KWTaskSortTypePinnedDate, connection);
+        positions = ManualPositions::read(positionContext(), connection);
         return {};
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);

@@ -30,7 +30,6 @@ struct ShownList {
     /// What the sort type groups by, in the order of the sidebar or board: lists, tags, columns, members.
     QList<Group> groups{};
     ManualPositions positions{};
-    ManualPositions pinnedPositions{};
     Day today{};
     CXTimeZone zone{};
     QLocale locale{};

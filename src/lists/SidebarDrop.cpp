@@ -94,7 +94,7 @@ std::optional<SidebarDrop::Place> SidebarDrop::placeBeside(const KWProjectListNo
 SidebarDrop::TaskDrop SidebarDrop::validateTaskDrop(const KWProjectListNode &node)
 {
     if (node.entityID().isEmpty()) return TaskDrop::None;
-    if (node.type() == Type::project) return isClosed(node) ? TaskDrop::None : TaskDrop::MoveToList;
+    if (node.type() == Type::project) return node.takesTasks() ? TaskDrop::MoveToList : TaskDrop::None;
     if (node.type() == Type::tag) return TaskDrop::AddTag;
     if (isSection(node, KWSmartProject::today())) return TaskDrop::SetToday;
     if (isSection(node, KWSmartProject::tomorrow())) return TaskDrop::SetTomorrow;

@@ -139,7 +139,7 @@ Result<Done> SidebarEditor::moveToFolder(const KWProjectListNode &list, const QS
     return said({}, SidebarArranger{m_parts.manager, userID()}.moveList(id, groupID));
 }
 
-Result<Done> SidebarEditor::move(const KWProjectListNode &node, const SidebarDrop::Place &place)
+Result<Done> SidebarEditor::acceptDrop(const KWProjectListNode &node, const SidebarDrop::Place &place)
 {
     const QString id = node.entityID();
     const QString message = KWLocalizedString("“%1” moved").arg(node.title());

@@ -40,7 +40,8 @@ public:
 
     /// Empty for none.
     Result<Done> moveToFolder(const KWProjectListNode &list, const QString &groupID);
-    Result<Done> move(const KWProjectListNode &node, const SidebarDrop::Place &place);
+    /// `place` is what SidebarDrop::validateDrop() answers.
+    Result<Done> acceptDrop(const KWProjectListNode &node, const SidebarDrop::Place &place);
     /// All but those that delete, which wait for a while.
     Result<Done> dropTasks(const QStringList &taskIDs, const KWProjectListNode &node);
 

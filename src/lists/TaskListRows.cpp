@@ -25,6 +25,8 @@ Holds heldBy(const KWTaskCategory &section)
                : Holds::Several;
 }
 
+bool takesTasks(const KWTaskCategory &section) { return section.isTaskKind() || section.isNoteKind(); }
+
 void appendTasks(const KWTaskCategory &section, int index, const FoldedRows &folded, QList<TaskListRow> &rows)
 {
     const KWTaskCategory::Rows &models = section.models();
@@ -43,6 +45,7 @@ void appendTasks(const KWTaskCategory &section, int index, const FoldedRows &fol
         row.task = task;
         row.depth = depth;
         row.isUnderItsDay = section.isSingleDate();
+        row.takesTasks = takesTasks(section);
         row.hasChildren = i + 1 < models.size() && models.at(i + 1).parentId == task.sid;
         row.isFolded = row.hasChildren && folded.tasks.contains(task.sid);
         if (row.isFolded) hiddenBelow = depth;
@@ -59,13 +62,17 @@ QList<TaskListRow> flatRows(const QList<KWTaskCategory> &categories, const Folde
     for (int i = 0; i < categories.size(); ++i) {
         const KWTaskCategory &section = categories.at(i);
         if (section.isLoadMore()) {
-            if (!isFolded) rows.append({TaskListRow::Kind::LoadMore, u"loadMore"_s, i, section.title()});
+            if (isFolded) continue;
+            rows.append({TaskListRow::Kind::LoadMore, u"loadMore"_s, i, section.title()});
+            rows.last().takesTasks = false;
             continue;
         }
         isFolded = !section.hidesHeader() && folded.collapsedCategories.contains(section.name());
-        if (!section.hidesHeader())
+        if (!section.hidesHeader()) {
             rows.append({TaskListRow::Kind::Section, u"section:"_s + section.name(), i, section.title(),
                          section.count(), isFolded, heldBy(section)});
+            rows.last().takesTasks = takesTasks(section);
+        }
         if (!isFolded) appendTasks(section, i, folded, rows);
     }
     return rows;

@@ -32,6 +32,7 @@ struct TaskListRow {
     int depth = 0;              ///< below how many of the tasks above it
     bool hasChildren = false;   ///< among the rows of its section
     bool isUnderItsDay = false; ///< its section says the day
+    bool takesTasks = true;     ///< its section does: not that of events or habits
 
     bool isTask() const { return kind == Kind::Task && task.isTask(); }
     bool operator==(const TaskListRow &) const = default;

@@ -147,7 +147,7 @@ private Q_SLOTS:
         undo();
         QCOMPARE(calendars(), u"Town Sports"_s);
         const auto dropped = [this](const QString &title, const QModelIndex &onto) {
-            return dropOnList(SidebarMimeData::make(*treeModel().nodeAt(listRow(title))), onto, 0.05);
+            return dropOnList(SidebarMimeData::writeItems(*treeModel().nodeAt(listRow(title))), onto, 0.05);
         };
         QVERIFY(dropped(u"Sports"_s, firstCalendar()));
         QCOMPARE(calendars(), u"Sports Town"_s);

@@ -1,3 +1,4 @@
+#include "gui/FilterHands.h"
 #include "gui/MainWindowHands.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
@@ -17,6 +18,7 @@ class DayInTheClient_test : public QObject, MainWindowHands {
 
     QString lists() const { return rowsBelow(listSection(KWSmartProject::project())); }
     QString tags() const { return rowsBelow(listSection(KWSmartProject::tag())); }
+    QString filters() const { return rowsBelow(listSection(KWSmartProject::filter())); }
     QString titles() const { return joined(pane().model().tasks(), &KWTaskListItemModel::title); }
 
     void makeFolderListAndTags()
@@ -68,7 +70,36 @@ class DayInTheClient_test : public QObject, MainWindowHands {
         }
     }
 
-    void dragAndFilter()
+    // What is quick or due tomorrow.
+    void makeAFilter()
+    {
+        m_client->rooms().menu().action(MenuCommand::NewFilter).trigger();
+        const FilterHands filter{*m_client->window()};
+        filter.takeKeyboard();
+        m_client->type(u"Soon"_s);
+        filter.addCondition();
+        filter.choose("dateChoices", u"Tomorrow"_s);
+        filter.addCondition();
+        filter.chooseSubject(1, u"Tag"_s);
+        filter.choose("conditionChoices", u"quick"_s);
+        auto &join = filter.find<QWidget>("filterJoin");
+        join.setFocus();
+        m_client->press(Qt::Key_Down);
+        filter.find<QWidget>("filterName").setFocus();
+        m_client->press(Qt::Key_Return);
+        QTRY_VERIFY(!filter.isOpen());
+
+        m_client->openList(u"Today"_s);
+        m_client->openList(u"Soon"_s);
+        const auto sorted = [this] {
+            QStringList all = titles().split(u' ');
+            all.sort();
+            return all.join(u' ');
+        };
+        QTRY_COMPARE(sorted(), u"T11 T14 T15 T16 T17 T19 T2 T20 T3 T5 T7 T8"_s);
+    }
+
+    void drag()
     {
         sortBy(u"By Time"_s);
         drop({u"T20"_s}, sectionRow(u"Tomorrow"_s), 0.5);
@@ -122,7 +153,8 @@ private Q_SLOTS:
         m_idOfT2 = idOf(u"T2"_s);
         nestAndFold();
         sortByEachType();
-        dragAndFilter();
+        drag();
+        makeAFilter();
         completeDeleteAndUndo();
 
         m_client->openList(u"Garden"_s);
@@ -134,6 +166,7 @@ private Q_SLOTS:
         QTRY_COMPARE(shown(), left);
         QCOMPARE(lists(), u"Home(Garden)"_s);
         QCOMPARE(tags(), u"errand quick"_s);
+        QCOMPARE(filters(), u"Soon"_s);
         m_client->openList(u"Trash"_s);
         QTRY_COMPARE(titles(), u"T10"_s);
     }

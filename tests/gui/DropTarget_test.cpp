@@ -22,8 +22,12 @@ QList<TaskListRow> rowsOf(const QString &words)
             rows.append(sectionRow(each, category));
         } else if (each.startsWith(u'~')) {
             rows.append(itemRow(each, {}, {}, category));
+        } else if (each.startsWith(u'&')) {
+            rows.append(taskRow(each, {}, 0, category));
+            rows.last().takesTasks = rows[rows.size() - 2].takesTasks = false;
         } else if (each == u"more") {
             rows.append({TaskListRow::Kind::LoadMore, each, category});
+            rows.last().takesTasks = false;
         } else {
             if (!rows.isEmpty() && depth > rows.last().depth) rows.last().hasChildren = true;
             rows.append(taskRow(each.sliced(depth), {}, depth, category));

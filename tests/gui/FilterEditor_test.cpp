@@ -1,9 +1,9 @@
 #include "gui/ClientFixture.h"
+#include "gui/FilterHands.h"
 #include "gui/WindowHelp.h"
 #include "model/records/KWFilter.h"
 #include "model/store/KWFilterService.h"
 #include "support/TestMain.h"
-#include "views/filtereditor/FilterEditor.h"
 #include "views/main/MainWindow.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
-#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -21,25 +20,15 @@ class FilterEditor_test : public QObject {
 
     std::unique_ptr<ClientFixture> m_client;
 
-    FilterEditor &editor()
-    {
-        auto *found = m_client->window()->findChild<FilterEditor *>();
-        if (!found) qFatal("there is no filter editor");
-        return *found;
-    }
-    bool isOpen() { return m_client->window()->findChild<FilterEditor *>() != nullptr; }
+    FilterHands hands() { return FilterHands{*m_client->window()}; }
     template <class Widget>
     Widget &find(const char *name, int index = 0)
     {
-        QList<Widget *> found;
-        for (Widget *each : editor().findChildren<Widget *>(QString::fromLatin1(name)))
-            if (each->isVisible()) found.append(each);
-        if (found.size() <= index) qFatal("there is no %s", name);
-        return *found.at(index);
+        return hands().find<Widget>(name, index);
     }
     QString textOf(const char *label)
     {
-        const auto *found = editor().findChild<QLabel *>(QString::fromLatin1(label));
+        const auto *found = hands().editor().findChild<QLabel *>(QString::fromLatin1(label));
         return found && found->isVisible() ? found->text() : QString{};
     }
     void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
@@ -56,29 +45,10 @@ class FilterEditor_test : public QObject {
             m_client->rooms().menu().action(MenuCommand::NewFilter).trigger();
         else
             editInSidebar(filterID);
-        editor().activateWindow();
-        QTRY_COMPARE(QApplication::activeWindow(), &editor());
+        hands().takeKeyboard();
     }
-    /// Opens the menu of a condition, toggles its entry there and leaves.
-    void choose(QWidget &button, const QString &title)
-    {
-        button.setFocus();
-        press(Qt::Key_Space);
-        auto *menu = button.findChild<QMenu *>();
-        QTRY_VERIFY(menu->isVisible());
-        for (QAction *each : menu->actions())
-            if (each->text() == title) menu->setActiveAction(each);
-        QTest::keyClick(menu, Qt::Key_Return);
-        QVERIFY(menu->isVisible());
-        QTest::keyClick(menu, Qt::Key_Escape);
-    }
-    void chooseSubject(int row, const QString &subject)
-    {
-        auto &box = find<QComboBox>("conditionSubject", row);
-        box.setFocus();
-        QTest::keyClicks(&box, subject);
-        if (box.currentText() != subject) qFatal("%s was not chosen", qPrintable(box.currentText()));
-    }
+    void addCondition() { hands().addCondition(); }
+    void choose(const char *button, const QString &title) { hands().choose(button, title); }
     QList<KWFilterModel> stored() { return m_client->kit().context().models<KWFilter>({}); }
 
 private Q_SLOTS:
@@ -96,17 +66,15 @@ private Q_SLOTS:
         QTest::keyClicks(QApplication::focusWidget(), u"Shopping"_s);
         QCOMPARE(textOf("filterCount"), u"3 tasks fit"_s);
 
-        find<QWidget>("addCondition").setFocus();
-        press(Qt::Key_Space);
+        addCondition();
         QCOMPARE(QApplication::focusWidget()->objectName(), u"dateChoices"_s);
         QCOMPARE(textOf("filterCount"), QString{});
-        choose(find<QWidget>("dateChoices"), u"No Date"_s);
+        choose("dateChoices", u"No Date"_s);
         QCOMPARE(textOf("filterCount"), u"2 tasks fit"_s);
 
-        find<QWidget>("addCondition").setFocus();
-        press(Qt::Key_Space);
-        chooseSubject(1, u"Tag"_s);
-        choose(find<QWidget>("conditionChoices"), u"shop"_s);
+        addCondition();
+        hands().chooseSubject(1, u"Tag"_s);
+        choose("conditionChoices", u"shop"_s);
         QCOMPARE(textOf("filterCount"), u"1 task fits"_s);
         auto &isNot = find<QComboBox>("conditionIsNot", 1);
         isNot.setFocus();
@@ -122,7 +90,7 @@ private Q_SLOTS:
 
         find<QWidget>("filterName").setFocus();
         press(Qt::Key_Return);
-        QTRY_VERIFY(!isOpen());
+        QTRY_VERIFY(!hands().isOpen());
         QCOMPARE(stored().size(), 1);
         QCOMPARE(stored().first().name, u"Shopping"_s);
         QCOMPARE(stored().first().rule,
@@ -135,21 +103,20 @@ private Q_SLOTS:
         press(Qt::Key_Return);
         QCOMPARE(textOf("filterMessage"), u"A filter needs a name."_s);
         QTest::keyClicks(QApplication::focusWidget(), u"Soon"_s);
-        find<QWidget>("addCondition").setFocus();
-        press(Qt::Key_Space);
-        choose(find<QWidget>("dateChoices"), u"Days from Today"_s);
+        addCondition();
+        choose("dateChoices", u"Days from Today"_s);
         QTest::keyClick(&find<QWidget>("firstDay"), Qt::Key_PageUp);
         QTest::keyClick(&find<QWidget>("saveFilter"), Qt::Key_Space);
         QCOMPARE(textOf("filterMessage"), u"The first day comes after the last."_s);
         QTest::keyClick(&find<QWidget>("firstDay"), Qt::Key_Down);
-        chooseSubject(0, u"Words"_s);
+        hands().chooseSubject(0, u"Words"_s);
         QTest::keyClick(&find<QWidget>("saveFilter"), Qt::Key_Space);
         QCOMPARE(textOf("filterMessage"), u"Type the words to look for."_s);
-        verifyControlsHaveNames(editor());
+        verifyControlsHaveNames(hands().editor());
         press(Qt::Key_Escape);
-        QVERIFY(isOpen() && textOf("filterMessage").startsWith(u"This is not saved."));
+        QVERIFY(hands().isOpen() && textOf("filterMessage").startsWith(u"This is not saved."));
         press(Qt::Key_Escape);
-        QTRY_VERIFY(!isOpen());
+        QTRY_VERIFY(!hands().isOpen());
         QVERIFY(stored().isEmpty());
     }
 
@@ -166,7 +133,7 @@ private Q_SLOTS:
         press(Qt::Key_End);
         QTest::keyClicks(QApplication::focusWidget(), u"2"_s);
         press(Qt::Key_Return);
-        QTRY_VERIFY(!isOpen());
+        QTRY_VERIFY(!hands().isOpen());
         QCOMPARE(stored().first().name, u"Rest2"_s);
         QVERIFY(*CXSmartFilter::parse(stored().first().rule) ==
                 *CXSmartFilter::parse(QString{rule}.replace(uR"({"days":[9,9]},{"until":"2030-06-01"})"_s,

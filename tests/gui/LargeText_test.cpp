@@ -9,12 +9,15 @@
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/Painting.h"
 #include "views/theme/ThemeConfigurator.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyleOption>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +72,32 @@ private Q_SLOTS:
         QCOMPARE(Metrics::textScale(), 3.0);
         setTextScale(0.1);
         QCOMPARE(Metrics::textScale(), 1.0);
+    }
+
+    void marksGrowWithTheText()
+    {
+        const auto widthOfDot = [] {
+            QImage image{60, 1, QImage::Format_ARGB32};
+            image.fill(Qt::transparent);
+            QPainter painter{&image};
+            Painting::dot(painter, {30, 0}, u"#ff0000"_s);
+            int width = 0;
+            for (int x = 0; x < image.width(); ++x)
+                width += qAlpha(image.pixel(x, 0)) > 0;
+            return width;
+        };
+        const auto widthOfMark = [] {
+            QStyleOptionComboBox box;
+            box.rect = {0, 0, 200, 60};
+            return qApp->style()
+                ->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, nullptr)
+                .width();
+        };
+        const int usualDot = widthOfDot();
+        const int usualMark = widthOfMark();
+        setTextScale(2);
+        QVERIFY(widthOfDot() >= 2 * usualDot - 2);
+        QCOMPARE(widthOfMark(), 2 * usualMark);
     }
 
     void columnsGetTheRoomThatTheyNeed()

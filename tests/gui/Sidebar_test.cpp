@@ -34,7 +34,7 @@ class Sidebar_test : public QObject, MainWindowHands {
     QString selectedTitle() { return m_client->rooms().sidebar().titleOfSelectedList(); }
     bool dropRow(const QString &title, const QModelIndex &onto, double share = 0.5)
     {
-        return dropOnList(SidebarMimeData::make(*treeModel().nodeAt(listRow(title))), onto, share);
+        return dropOnList(SidebarMimeData::writeItems(*treeModel().nodeAt(listRow(title))), onto, share);
     }
     bool dropTask(const QString &taskID, const QString &title)
     {
@@ -45,6 +45,19 @@ class Sidebar_test : public QObject, MainWindowHands {
 private Q_SLOTS:
     void init() { startClient(); }
     void cleanup() { endClient(); }
+
+    void countsAreSpoken()
+    {
+        const auto spoken = [this](const QString &title) {
+            return listRow(title).data(Qt::AccessibleTextRole).toString();
+        };
+        QCOMPARE(spoken(u"Inbox"_s), u"Inbox"_s);
+        QVERIFY(m_client->rooms().newTasks().add(u"Rent today"_s));
+        QTRY_COMPARE(spoken(u"Inbox"_s), u"Inbox, 1 task"_s);
+        QVERIFY(m_client->rooms().newTasks().add(u"Bread"_s));
+        QTRY_COMPARE(spoken(u"Inbox"_s), u"Inbox, 2 tasks"_s);
+        QCOMPARE(spoken(u"Today"_s), u"Today, 1 task"_s);
+    }
 
     void namesAreTypedInPlaceAndRefusedWithTheirText()
     {

@@ -12,7 +12,9 @@
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -99,6 +101,7 @@ private Q_SLOTS:
                                           m_client->kit().context())
                 .sid();
         QVERIFY(m_client->kit().context().save());
+        QVERIFY(KWTaskEditor{m_client->kit().manager()}.addTag(m_taskID, u"errand"_s));
         QVERIFY(KWTaskMover{m_client->kit().manager()}.move({m_taskID}, plan, KWTaskMover::From::Lists));
         m_client->kit().context().find<KWProject>(plan)->set(&KWProjectModel::permission,
                                                              KWProjectPermissionRead);
@@ -111,8 +114,14 @@ private Q_SLOTS:
         content().setFocus();
         m_client->type(u"y"_s);
         QCOMPARE(title().text() + content().text(), u"Write the announcementOne page"_s);
-        QVERIFY(!m_client->find<QWidget>("addChecklistItem").isVisible());
-        QVERIFY(!m_client->find<QWidget>("addField").isVisible());
+        for (const char *each : {"addChecklistItem", "addField", "addTag", "addSubtask"})
+            QVERIFY2(!m_client->find<QWidget>(each).isVisible(), each);
+        for (const char *each : {"tagPill", "detailList", "detailDate", "detailPriority", "detailCheckbox"})
+            QVERIFY2(!m_client->find<QWidget>(each).isEnabled(), each);
+        QCOMPARE(m_client->find<QWidget>("tagPill").accessibleName(), u"Tag: errand"_s);
+        m_client->find<QAbstractButton>("detailMore").click();
+        for (const QAction *each : m_client->find<QMenu>("detailMenu").actions())
+            QVERIFY2(each->text() != u"Delete" && each->text() != u"Note", qPrintable(each->text()));
     }
 
     void enterGoesOnToTheNextItem()

@@ -106,6 +106,7 @@ private Q_SLOTS:
         task.tags = {u"home"_s};
         task.projectID = u"p"_s;
         task.attachmentCount = 1;
+        task.focusDuration = 25 * 60;
         task.pinnedDate = task.startDate;
         row.depth = 1;
         row.hasChildren = true;
@@ -114,11 +115,13 @@ private Q_SLOTS:
         model.setTagLabels({{u"home"_s, u"Home"_s}});
         QCOMPARE(model.index(0).data(Qt::AccessibleTextRole).toString(),
                  u"Pay rent, Priority: High, Overdue, Yesterday 08:00, Pinned, Repeats, 2 of 4 items done, "
-                 u"1 attachments, #Home, List: Bills, Level 2, unfolded"_s);
+                 u"1 attachments, Focused: 25 minutes, #Home, List: Bills, Level 2, unfolded"_s);
         QCOMPARE(model.index(1).data(Qt::AccessibleTextRole).toString(),
                  u"Later, Section with 3 tasks, unfolded"_s);
         QCOMPARE(model.index(2).data(Qt::AccessibleTextRole).toString(),
                  u"Stamp, Checklist item of Send the letter"_s);
+        model.setHasDueDates(false);
+        QVERIFY(!model.index(0).data(Qt::AccessibleTextRole).toString().contains(u"Overdue"_s));
         using enum TaskListRow::Holds;
         for (const auto &[holds, count, said] : {std::tuple{Events, 3, "3 events"},
                                                  {Events, 1, "1 event"},

@@ -7,14 +7,17 @@
 #include "model/store/TaskBatch.h"
 #include "support/TestMain.h"
 #include "views/addfield/KWNewTaskTextField.h"
+#include "views/controls/ChoicePopup.h"
 #include "views/controls/CommittingTextEdit.h"
 #include "views/main/MainWindow.h"
+#include "views/tasklist/TaskMimeData.h"
 #include "views/toast/Toast.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 
 #include <algorithm>
@@ -77,6 +80,40 @@ private Q_SLOTS:
         goTo(sectionRow(u"Tomorrow"_s));
         chooseInMenu(u"Fold All Sections"_s);
         QCOMPARE(shown(), u"[Overdue] [Today] [Tomorrow] [No Date]"_s);
+    }
+
+    void offersOnlyListsThatTakeTasks()
+    {
+        for (const QString &each : {u"Plans"_s, u"Errands"_s})
+            QVERIFY(m_client->rooms().newTasks().add(u"Task ^"_s + each));
+        ObjectContext &context = m_client->kit().context();
+        KWProject::findProjectNamed(u"Plans"_s, m_client->kit().account().currentUserID(), context)
+            ->set(&KWProjectModel::permission, KWProjectPermissionRead);
+        QVERIFY(context.save());
+        goTo(taskRow(u"Bread"_s));
+        chooseInMenu(u"Move to List…"_s);
+        const auto *popup = m_client->window()->findChild<ChoicePopup *>();
+        QVERIFY(popup);
+        const QAbstractItemModel *offered = popup->findChild<QListView *>()->model();
+        QStringList titles;
+        for (int row = 0; row < offered->rowCount(); ++row)
+            titles << offered->index(row, 0).data().toString();
+        QCOMPARE(titles, (QStringList{u"Inbox"_s, u"Errands"_s}));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        const auto drag = [this](const QString &onto) {
+            return dropOnList(TaskMimeData::make({idOf(u"Bread"_s)}, {}), listRow(onto), 0.5);
+        };
+        QVERIFY(!drag(u"Plans"_s));
+        QVERIFY(drag(u"Errands"_s));
+    }
+
+    void beginsInTheAddFieldOrInTheList()
+    {
+        for (const auto &[title, focus] : {std::pair{u"Inbox"_s, "addField"}, {u"Completed"_s, "taskList"}}) {
+            m_client->openList(title);
+            m_client->restart();
+            QCOMPARE(m_client->window()->focusWidget()->objectName(), QLatin1StringView{focus});
+        }
     }
 
     void postponesWhatIsOverdueAndTakesItBack()

@@ -2,8 +2,11 @@
 #include "gui/WindowHelp.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
+#include "model/store/TaskBatch.h"
 #include "support/TestMain.h"
 #include "views/main/MainWindow.h"
+#include "views/tasklist/TaskListPane.h"
+#include "views/tasklist/TaskListView.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -72,6 +75,26 @@ private Q_SLOTS:
         QVERIFY(!offer().isVisible());
         m_client->press(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(m_client->shownTitles(), QStringList{});
+    }
+
+    void urgesToNothing()
+    {
+        m_client->openList(u"Inbox"_s);
+        const auto added = m_client->rooms().newTasks().add(u"Renew the card #errand"_s);
+        QVERIFY(TaskBatch{m_client->kit().manager()}.setDay({added->sid},
+                                                            m_client->clock.today() - std::chrono::days{1}));
+        goToFirstRow();
+        m_client->press(Qt::Key_Delete);
+        m_client->clock.advance(std::chrono::seconds{5});
+        openTrash();
+        goToFirstRow();
+        const TaskListModel &rows = m_client->window()->listPane().model();
+        const TaskListRow &row = rows.rowAt(m_client->window()->listPane().list().currentIndex());
+        QCOMPARE(row.task.title, u"Renew the card"_s);
+        QVERIFY(rows.dateTextOf(row).tone == TaskDateText::Tone::Plain);
+        for (const char *each : {"addChecklistItem", "addSubtask", "addTag"})
+            QVERIFY2(!m_client->find<QWidget>(each).isVisible(), each);
+        QVERIFY(!m_client->find<QWidget>("tagPill").isEnabled());
     }
 
     void deletesForGoodOnlyWhenSure()

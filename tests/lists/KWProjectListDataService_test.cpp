@@ -121,7 +121,7 @@ private Q_SLOTS:
         const KWProjectListNode *section = &m_service->tagNode();
         QCOMPARE(centerNow(), u"Lists(First House(Garden Kitchen) Stray Empty Last Archive(Closed)) "
                               "Tags(Errand Food(Leek Bread) Stray Self) Filters(No filters yet) "
-                              "Subscriptions(No calendars yet)"_s);
+                              "Subscriptions"_s);
         QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days Calendar Focus Habits"_s);
         QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
         const QList<KWListIdentifier> all = m_service->lists();
@@ -148,12 +148,12 @@ private Q_SLOTS:
     void hiddenSectionsHaveNoNodesAndEmptyOnesSayIt()
     {
         QCOMPARE(centerNow(), u"Lists(No lists yet) Tags(No tags yet) Filters(No filters yet) "
-                              "Subscriptions(No calendars yet)"_s);
+                              "Subscriptions"_s);
         add<KWTag>({tag("Errand", 1)}, *m_store);
         add<KWFilter>({KWFilterModel{}}, *m_store);
         setVisibility(KWSmartProjectVisibilityHidden, KWSmartProject::tag());
         setVisibility(KWSmartProjectVisibilityHidden, KWSmartProject::filter());
-        QCOMPARE(centerNow(), u"Lists(No lists yet) Tags Filters Subscriptions(No calendars yet)"_s);
+        QCOMPARE(centerNow(), u"Lists(No lists yet) Tags Filters Subscriptions"_s);
         setVisibility(KWSmartProjectVisibilityShownIfNotEmpty, KWSmartProject::tag());
         QVERIFY(centerNow().contains(u"Tags(Errand) Filters Sub"_s));
         KWCalSubscriptionModel town;

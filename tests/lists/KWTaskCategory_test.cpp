@@ -1,6 +1,8 @@
 #include "lists/KWTaskCategory.h"
 
 #include "RowText.h"
+#include "model/records/KWTagModel.h"
+#include "support/Answers.h"
 #include "support/CaseTable.h"
 #include "support/TestMain.h"
 
@@ -41,6 +43,28 @@ private Q_SLOTS:
         for (const TaskListRow &each : rows)
             ids.insert(each.id);
         QCOMPARE(ids.size(), rows.size());
+    }
+
+    void ordersTagsAsTheirSectionsStand_data()
+    {
+        QTest::addColumn<KWListIdentifier>("list");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("anywhere") << KWListIdentifier::todayProject() << u"food milk bread errand late"_s;
+        QTest::newRow("in a parent") << KWListIdentifier::tag(u"food"_s) << u"milk bread food"_s;
+        QTest::newRow("in a child") << KWListIdentifier::tag(u"milk"_s) << u"milk"_s;
+    }
+    void ordersTagsAsTheirSectionsStand()
+    {
+        QFETCH(const KWListIdentifier, list);
+        QList<KWTagModel> tags;
+        for (const auto &[name, parent] :
+             {std::pair{"milk", "food"}, {"food", ""}, {"bread", "food"}, {"errand", ""}, {"late", "gone"}}) {
+            KWTagModel tag;
+            tag.name = QString::fromLatin1(name);
+            tag.parent = QString::fromLatin1(parent);
+            tags.append(tag);
+        }
+        QTEST(joined(KWTaskCategory::categoriesSortedByTag(tags, list), &KWTagModel::name), "expected");
     }
 
     void saysWhatASectionStandsFor()

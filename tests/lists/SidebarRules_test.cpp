@@ -22,9 +22,9 @@ struct Tree {
         add(lists, Type::project, u"A"_s);
         KWProjectListNode &home = add(lists, Type::group, u"Home"_s);
         add(home, Type::project, u"B"_s);
-        add(home, Type::project, u"C"_s);
+        add(home, Type::project, u"C"_s).setTakesTasks(false);
         add(lists, Type::project, u"D"_s);
-        add(add(lists, Type::archived, u"Archive"_s), Type::project, u"Old"_s);
+        add(add(lists, Type::archived, u"Archive"_s), Type::project, u"Old"_s).setTakesTasks(false);
         KWProjectListNode &tags = add(center, Type::smartProject, KWSmartProject::tag().identifier());
         add(add(tags, Type::tag, u"x"_s), Type::tag, u"y"_s);
         add(tags, Type::tag, u"z"_s);
@@ -145,6 +145,7 @@ private Q_SLOTS:
         const QList<std::pair<const char *, SidebarDrop::TaskDrop>> expected{{"Inbox", MoveToList},
                                                                              {"A", MoveToList},
                                                                              {"Old", None},
+                                                                             {"C", None},
                                                                              {"Home", None},
                                                                              {"y", AddTag},
                                                                              {"f", None},

@@ -3,6 +3,7 @@
 #include "RowText.h"
 #include "lists/KWTaskListService.h"
 #include "model/records/KWColumn.h"
+#include "model/records/KWHabit.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTag.h"
@@ -43,6 +44,11 @@ class TaskArranger_test : public QObject {
             for (const QString &each : {u"errand"_s, u"food"_s})
                 add(std::type_identity<KWTag>{}, each, [&](KWTagModel &tag) { tag.label = each; });
             for (const KWTaskListItemModel &row : RowText::rows(rows)) {
+                if (row.isHabit()) {
+                    add(std::type_identity<KWHabit>{}, row.sid,
+                        [](KWHabitModel &habit) { habit.repeatRule = u"FREQ=DAILY"_s; });
+                    continue;
+                }
                 KWTaskModel task =
                     aTask(qUtf8Printable(row.title)).ordered(row.rowID * KWSortOrderStep).model();
                 task.sid = row.sid;
@@ -64,11 +70,16 @@ class TaskArranger_test : public QObject {
         });
     }
 
-    void show(const QString &sortType)
+    // "date", "date today"
+    void show(const QString &text)
     {
+        const QString sortType = text.section(u' ', 0, 0);
+        const QString smart = text.section(u' ', 1);
         const bool isOfList = sortType == u"custom" || sortType == u"assignee";
         m_list->select(isOfList ? KWListIdentifier::project(u"home"_s)
-                                : KWListIdentifier::smartProject(KWSmartProject::all().identifier()));
+                       : smart == u"today"
+                           ? KWListIdentifier::todayProject()
+                           : KWListIdentifier::smartProject(KWSmartProject::all().identifier()));
         QVERIFY(m_list->setSortType(*valueOf<KWTaskSortType>(sortType)));
         QCOMPARE(m_list->sortType(), *valueOf<KWTaskSortType>(sortType));
     }
@@ -139,6 +150,48 @@ private Q_SLOTS:
         QVERIFY(m_list->resetManualOrder());
         QCOMPARE(shown(), u"[High 3] b c d [Low 1] a"_s);
         QVERIFY(!m_list->sortMenu().resetTitle());
+    }
+
+    void tellsOfAllOrdersByHandAndResetsTheFirst()
+    {
+        fill(u"a 05-01 !5 #food, b 05-01 !5 #food, c 05-01 !5 #food"_s);
+        TaskArranger arranger{manager()};
+        for (const auto &[sortType, section] : {std::pair{u"tag"_s, u"food"_s},
+                                                {u"project"_s, u"home"_s},
+                                                {u"priority"_s, u"High"_s},
+                                                {u"date"_s, u"Today"_s}}) {
+            show(sortType);
+            QVERIFY(arranger.drop({u"c"_s}, placeOf(section), *m_list));
+        }
+        show(u"title"_s);
+        for (const KWTaskSortType expected :
+             {KWTaskSortTypeDate, KWTaskSortTypePriority, KWTaskSortTypeProject, KWTaskSortTypeTag}) {
+            QCOMPARE(m_list->sortMenu().resetType(), std::optional{expected});
+            QVERIFY(m_list->resetManualOrder());
+        }
+        QVERIFY(!m_list->sortMenu().resetType());
+        show(u"date"_s);
+        QCOMPARE(shown(), u"[Today 3] a b c"_s);
+    }
+
+    // It would stand elsewhere by now.
+    void passesOverOrdersThatAreOutOfDate()
+    {
+        fill(u"a 05-01 !5 #food, b 05-01 !5 #food"_s);
+        TaskArranger arranger{manager()};
+        for (const auto &[sortType, section] :
+             {std::pair{u"tag"_s, u"food"_s}, {u"priority"_s, u"High"_s}, {u"date"_s, u"Today"_s}}) {
+            show(sortType);
+            QVERIFY(arranger.drop({u"b"_s}, placeOf(section), *m_list));
+        }
+        show(u"title"_s);
+        const auto resetType = [this] { return m_list->sortMenu().resetType(); };
+        setSaved<KWTask>(*m_store, u"b"_s, &KWTaskModel::startDate, std::optional{at("2030-05-02 00:00")});
+        QCOMPARE(resetType(), std::optional{KWTaskSortTypePriority});
+        setSaved<KWTask>(*m_store, u"b"_s, &KWTaskModel::priority, KWTaskPriorityLow);
+        QCOMPARE(resetType(), std::optional{KWTaskSortTypeTag});
+        setSaved<KWTask>(*m_store, u"b"_s, &KWTaskModel::tags, QStringList{});
+        QVERIFY(!resetType());
     }
 
     void leavesASubtaskWithoutItsParentInTheListBelowIt()

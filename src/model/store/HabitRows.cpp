@@ -23,7 +23,14 @@ KWTaskListItemModel rowOf(const KWHabit &habit, Day today)
     row.color = habit->color;
     row.sortOrder = habit->sortOrder;
     row.createdTime = habit->createdTime;
-    row.status = statusOf(habit.checkInAtDateStamp(DayStamp::fromDay(today)));
+    const KWHabitCheckin *checkin = habit.checkInAtDateStamp(DayStamp::fromDay(today));
+    row.status = statusOf(checkin);
+    row.habit = {.isRealType = habit->isRealType,
+                 .value = checkin ? (*checkin)->value : 0,
+                 .goal = checkin ? (*checkin)->goal : habit->goal,
+                 .unit = habit->unit,
+                 .currentStreak = habit->currentStreak,
+                 .countsWeeks = habit.frequency().kind == HabitFrequency::Kind::Weekly};
     return row;
 }
 

@@ -8,9 +8,21 @@
 
 #include <optional>
 
+/// How far a habit is on its day.
+struct HabitProgress {
+    bool isRealType = false; ///< an amount is entered
+    double value = 0;        ///< the amount of the day
+    double goal = 1;         ///< that it is done with
+    QString unit;
+    int currentStreak = 0;
+    bool countsWeeks = false; ///< the streak is one of weeks
+
+    bool operator==(const HabitProgress &) const = default;
+};
+
 /// What every row of a list has, whatever it stands for.
 struct KWBasicItemModel {
-    enum class Kind : std::uint8_t { Task, ChecklistItem, CalendarEvent, Habit, Agenda };
+    enum class Kind : std::uint8_t { Task, ChecklistItem, CalendarEvent, Habit };
 
     Kind kind = Kind::Task;
     QString sid;
@@ -45,6 +57,7 @@ struct KWTaskListItemModel : KWBasicItemModel {
     QString columnID;
     QString parentId;
     QStringList tags;
+    HabitProgress habit; ///< of a habit
     std::optional<Instant> startDate;
     std::optional<Instant> endDate;
     std::optional<Instant> occurrence; ///< of a later occurrence: when it starts

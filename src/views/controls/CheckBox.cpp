@@ -43,7 +43,7 @@ void CheckBox::paintContent(QPainter &painter)
                        {.checked = m_status == KWTaskStatusOpen ? 0.0 : 1.0,
                         .priority = m_priority,
                         .isAbandoned = m_status == KWTaskStatusAbandoned,
-                        .isHovered = underMouse()});
+                        .isHovered = isEnabled() && underMouse()});
 }
 
 PaintedButton::Ring CheckBox::ring() const { return {QRectF{rect()}, Metrics::checkboxRadius + ringSpace}; }

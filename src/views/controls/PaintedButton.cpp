@@ -19,7 +19,7 @@ PaintedButton::Ring PaintedButton::ring() const { return {QRectF{rect()}, Metric
 void PaintedButton::paintBackground(QPainter &painter) const
 {
     const Theme &theme = Theme::current();
-    if (isDown() || underMouse())
+    if (isEnabled() && (isDown() || underMouse()))
         Painting::roundedBox(painter, rect(), ring().radius, isDown() ? theme.selection : theme.hover);
 }
 

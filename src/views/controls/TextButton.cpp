@@ -36,7 +36,8 @@ void TextButton::paintContent(QPainter &painter)
 {
     const Theme &theme = Theme::current();
     paintBackground(painter);
-    const QColor color = m_opens == Opens::Menu ? theme.secondaryText : theme.accentText;
+    const bool isQuiet = m_opens == Opens::Menu || !isEnabled();
+    const QColor color = isQuiet ? theme.secondaryText : theme.accentText;
     painter.setPen(color);
     painter.drawText(visual(rect().adjusted(0, 0, -markWidth(), 0)), Qt::AlignCenter, text());
     if (m_opens == Opens::Menu) {

@@ -3,6 +3,7 @@
 #include "habits/HabitWording.h"
 #include "model/records/KWHabitModel.h"
 #include "model/settings/KWLocalizedString.h"
+#include "model/store/KWTaskListItemModel.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
 #include "views/wording/DateWording.h"
@@ -11,13 +12,26 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString amountOfGoal(double amount, double goal, const QString &unit, const QLocale &locale)
+{
+    return KWLocalizedString("%1 of %2")
+        .arg(HabitWording::amount(amount, locale), HabitWording::amountWithUnit(goal, unit, locale));
+}
+
+QString streakOf(int current, bool isOfWeeks, const QLocale &locale)
+{
+    if (current <= 0) return {};
+    return (isOfWeeks ? KWLocalizedString("%1 week streak") : KWLocalizedString("%1 day streak"))
+        .arg(locale.toString(current));
+}
+
+} // namespace
+
 QString HabitPhrases::state(const HabitDay &day, const KWHabitModel &habit, const QLocale &locale)
 {
-    const auto amounts = [&] {
-        return KWLocalizedString("%1 of %2")
-            .arg(HabitWording::amount(day.value, locale),
-                 HabitWording::amountWithUnit(day.goal, habit.unit, locale));
-    };
+    const auto amounts = [&] { return amountOfGoal(day.value, day.goal, habit.unit, locale); };
     switch (day.state) {
     case HabitDayState::Done:
         return habit.isRealType ? KWLocalizedString("done, %1").arg(amounts()) : KWLocalizedString("done");
@@ -52,9 +66,14 @@ QString HabitPhrases::summary(const KWHabitModel &habit, std::chrono::weekday fi
 
 QString HabitPhrases::streak(const KWHabitModel &habit, const QLocale &locale)
 {
-    if (habit.currentStreak <= 0) return {};
-    return (countsWeeks(habit) ? KWLocalizedString("%1 week streak") : KWLocalizedString("%1 day streak"))
-        .arg(locale.toString(habit.currentStreak));
+    return streakOf(habit.currentStreak, countsWeeks(habit), locale);
+}
+
+QString HabitPhrases::inRow(const HabitProgress &progress, bool isOpen, const QLocale &locale)
+{
+    if (progress.isRealType && isOpen)
+        return amountOfGoal(progress.value, progress.goal, progress.unit, locale);
+    return streakOf(progress.currentStreak, progress.countsWeeks, locale);
 }
 
 bool HabitPhrases::countsWeeks(const KWHabitModel &habit)

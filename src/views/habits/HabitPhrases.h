@@ -6,6 +6,7 @@
 #include <QString>
 
 struct HabitRow;
+struct HabitProgress;
 struct KWHabitModel;
 
 /// What is written and said of habits and their days. Main thread.
@@ -20,6 +21,8 @@ QString spokenDay(const HabitDay &day, const KWHabitModel &habit, const QLocale 
 QString summary(const KWHabitModel &habit, std::chrono::weekday firstWeekday, const QLocale &locale);
 /// "12 day streak", "1 week streak"; empty without one.
 QString streak(const KWHabitModel &habit, const QLocale &locale);
+/// In a list of tasks: "5 of 8 cups" while an amount is to be reached, else the streak.
+QString inRow(const HabitProgress &progress, bool isOpen, const QLocale &locale);
 /// Whether its streaks are weeks.
 bool countsWeeks(const KWHabitModel &habit);
 

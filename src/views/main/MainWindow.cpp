@@ -31,6 +31,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -114,10 +115,16 @@ void MainWindow::setMenu(MainMenu &menu)
     menu.attachTo(*this);
 }
 
+// With its title bar it fits on the screen.
+QSize MainWindow::firstSize() const
+{
+    const QSize frame{0, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this)};
+    return QSize{Metrics::windowWidth, Metrics::windowHeight}.boundedTo(screen()->availableSize() - frame);
+}
+
 void MainWindow::restoreState()
 {
-    if (!restoreGeometry(m_defaults.value(Settings::mainWindowGeometry)))
-        resize(QSize{Metrics::windowWidth, Metrics::windowHeight}.boundedTo(screen()->availableSize()));
+    if (!restoreGeometry(m_defaults.value(Settings::mainWindowGeometry))) resize(firstSize());
     if (!m_splitter->restoreState(m_defaults.value(Settings::mainWindowSplitter)))
         m_splitter->setSizes({Metrics::scaled(Metrics::sidebarWidth),
                               width() - Metrics::scaled(Metrics::sidebarWidth + Metrics::detailWidth),

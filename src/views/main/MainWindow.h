@@ -93,6 +93,7 @@ protected:
     bool focusNextPrevChild(bool isForward) override;
 
 private:
+    QSize firstSize() const;
     void restoreState();
     void saveState();
     void applySidebarWidth();

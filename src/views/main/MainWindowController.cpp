@@ -146,11 +146,11 @@ void MainWindowController::make()
     connectColumns();
     m_rooms.sidebar.build();
     new FirstPaint{*m_content->window.sidebar().tree().viewport(), [this] { m_rooms.sidebar.recount(); }};
-    if (m_content->window.isCalendarShown() || m_content->window.isHabitsShown() ||
-        m_content->window.isFocusShown())
-        takeKeyboard();
+    KWNewTaskTextField &addField = m_content->window.listPane().addField();
+    if (addField.isVisibleTo(&m_content->window))
+        addField.setFocus();
     else
-        m_content->window.listPane().addField().setFocus();
+        takeKeyboard();
 }
 
 // What leads from one column to another; each does its own part by itself.

@@ -27,4 +27,5 @@ SidebarColumn::SidebarColumn(const MainWindowRooms &rooms, MainWindow &window)
     connect(&m_filters, &FilterEditorController::failed, &window, &MainWindow::showMessage);
     rooms.menu.handle(MenuCommand::NewList, *this, [this] { m_commands.addList(); });
     rooms.menu.handle(MenuCommand::NewFilter, *this, [this] { editFilter({}); });
+    rooms.menu.handle(MenuCommand::NewCalendar, *this, [this] { m_calendars.open(); });
 }

@@ -47,10 +47,8 @@ KWProjectListView::KWProjectListView(QWidget *parent)
     setItemDelegate(m_delegate);
     setModel(&m_model);
 
-    connect(this, &QTreeView::expanded, this,
-            [this](const QModelIndex &index) { announceExpansion(index, true); });
-    connect(this, &QTreeView::collapsed, this,
-            [this](const QModelIndex &index) { announceExpansion(index, false); });
+    connect(this, &QTreeView::expanded, this, &KWProjectListView::outlineViewItemDidExpand);
+    connect(this, &QTreeView::collapsed, this, &KWProjectListView::outlineViewItemDidCollapse);
     connect(m_delegate, &ProjectRowDelegate::named, this, [this](QWidget *editor, const QString &name) {
         if (KWProjectListNode *node = endEditing(editor)) Q_EMIT named(node, name);
     });
@@ -122,9 +120,9 @@ void KWProjectListView::announceExpansion(const QModelIndex &index, bool isExpan
         Q_EMIT expansionChanged(node, isExpanded);
 }
 
-void KWProjectListView::setCountOf(ProjectRowDelegate::CountOf countOf)
+void KWProjectListView::setCountOf(ProjectListTreeModel::CountOf countOf)
 {
-    m_delegate->setCountOf(std::move(countOf));
+    m_model.setCountOf(std::move(countOf));
     viewport()->update();
 }
 

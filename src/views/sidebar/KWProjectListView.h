@@ -22,7 +22,7 @@ public:
     /// selected before stays selected when it is still there, which is not announced.
     void setRoot(KWProjectListNode *root);
 
-    void setCountOf(ProjectRowDelegate::CountOf countOf);
+    void setCountOf(ProjectListTreeModel::CountOf countOf);
 
     /// Null when nothing is selected.
     KWProjectListNode *selectedNode() const;
@@ -86,6 +86,8 @@ private:
     void installHandlers(KWProjectListNode &node);
     int spacerHeight() const;
     int heightOfRowsBelow(const QModelIndex &parent) const;
+    void outlineViewItemDidExpand(const QModelIndex &index) { announceExpansion(index, true); }
+    void outlineViewItemDidCollapse(const QModelIndex &index) { announceExpansion(index, false); }
     void announceExpansion(const QModelIndex &index, bool isExpanded);
     std::optional<SidebarDropTarget> dropTarget(const QDropEvent &event) const;
     void setDropMark(const std::optional<SidebarDropTarget> &target);

@@ -39,7 +39,7 @@ void KWProjectListView::startDrag(Qt::DropActions)
     const KWProjectListNode *node = m_model.nodeAt(index);
     if (!node || !(m_model.flags(index) & Qt::ItemIsDragEnabled)) return;
     auto *drag = new QDrag{this};
-    drag->setMimeData(SidebarMimeData::make(*node));
+    drag->setMimeData(SidebarMimeData::writeItems(*node));
     drag->setPixmap(viewport()->grab(visualRect(index)));
     drag->exec(Qt::MoveAction);
     endDrag();

@@ -1,6 +1,7 @@
 #include "views/sidebar/ProjectListTreeModel.h"
 
 #include "model/records/KWSmartProject.h"
+#include "model/settings/KWLocalizedString.h"
 
 #include <vector>
 
@@ -18,6 +19,18 @@ bool headsSection(const KWProjectListNode &node)
                                          &KWSmartProject::filter(), &KWSmartProject::subcal()})
         if (node.entityID() == header->identifier()) return true;
     return false;
+}
+
+// What the number beside a row counts.
+QString countInWords(const KWProjectListNode &node, int count)
+{
+    const bool isOfHabits =
+        node.type() == Type::smartProject && node.entityID() == KWSmartProject::habit().identifier();
+    const auto &[one, several] = isOfHabits ? std::pair{"1 habit", "%1 habits"}
+                                 : node.type() == Type::calsub_url
+                                     ? std::pair{"1 event today", "%1 events today"}
+                                     : std::pair{"1 task", "%1 tasks"};
+    return count == 1 ? KWLocalizedString(one) : KWLocalizedString(several).arg(count);
 }
 
 bool canBeNamed(Type type)
@@ -238,6 +251,21 @@ int ProjectListTreeModel::rowCount(const QModelIndex &parent) const
     return parent.column() > 0 ? 0 : int(rowAt(parent).children.size());
 }
 
+void ProjectListTreeModel::setCountOf(CountOf countOf) { m_countOf = std::move(countOf); }
+
+int ProjectListTreeModel::countOf(const QModelIndex &index) const
+{
+    const KWProjectListNode *node = nodeAt(index);
+    return m_countOf && node ? m_countOf(*node).value_or(0) : 0;
+}
+
+QString ProjectListTreeModel::spokenText(const QModelIndex &index) const
+{
+    const QString &title = rowAt(index).title;
+    const int count = countOf(index);
+    return count == 0 ? title : title + QStringLiteral(", ") + countInWords(*nodeAt(index), count);
+}
+
 QVariant ProjectListTreeModel::data(const QModelIndex &index, int role) const
 {
     const Row &row = rowAt(index);
@@ -245,8 +273,9 @@ QVariant ProjectListTreeModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::AccessibleTextRole:
         return row.title;
+    case Qt::AccessibleTextRole:
+        return spokenText(index);
     default:
         return {};
     }

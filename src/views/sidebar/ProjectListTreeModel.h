@@ -14,6 +14,8 @@ class ProjectListTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
 public:
+    using CountOf = std::function<std::optional<int>(const KWProjectListNode &)>;
+
     explicit ProjectListTreeModel(QObject *parent = nullptr);
     ~ProjectListTreeModel() override;
 
@@ -21,6 +23,11 @@ public:
     /// the tree goes. Rows of the same kind and id stay the same rows: they are moved, new ones inserted
     /// and those that are gone removed, so that indexes of the others stay good.
     void setRoot(KWProjectListNode *root);
+
+    /// Who knows the numbers that stand beside the rows, and are spoken with their titles.
+    void setCountOf(CountOf countOf);
+    /// 0 for a row without a number.
+    int countOf(const QModelIndex &index) const;
 
     /// The node of a row; null for the spacer, for an invalid index, and for a row that is about to go.
     KWProjectListNode *nodeAt(const QModelIndex &index) const;
@@ -55,7 +62,9 @@ private:
     void insert(Row &parent, qsizetype at, const Nodes &nodes);
     void move(Row &row, Row &parent, int at);
     void removeBehind(Row &parent);
+    QString spokenText(const QModelIndex &index) const;
 
+    CountOf m_countOf;
     KWProjectListNode *m_root = nullptr;
     std::unique_ptr<Row> m_rootRow;
     QHash<QString, Row *> m_rows; // by kind and id

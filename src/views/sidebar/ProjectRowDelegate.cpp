@@ -24,7 +24,7 @@ namespace {
 constexpr int outerMargin = 10; // from the sidebar's edge to a row's background
 constexpr int innerMargin = 8;  // from there to the icon
 constexpr int rowGap = 1;
-constexpr int indentationStep = 18;
+constexpr int indentationStep = 18; // of a list in a folder
 constexpr int chevronSize = 12;
 constexpr int headerDrop = 6; // a header stands closer to what it heads
 
@@ -77,15 +77,14 @@ QRect ProjectRowDelegate::titleBounds(const QRect &row, const QModelIndex &index
     const QRect bounds =
         row.adjusted(outerMargin + innerMargin, 0, -outerMargin - innerMargin - countWidth(index), 0);
     if (m_model.isSectionHeader(index)) return bounds.adjusted(0, headerDrop, 0, 0);
-    const int indentation = indentationStep * m_model.indentation(index);
+    const int indentation = Metrics::scaled(indentationStep) * m_model.indentation(index);
     return bounds.adjusted(indentation + iconWidth() + innerMargin + 1, 0, 0, -rowGap);
 }
 
 QString ProjectRowDelegate::countText(const QModelIndex &index) const
 {
-    const KWProjectListNode *node = m_model.nodeAt(index);
-    const std::optional<int> count = m_countOf && node ? m_countOf(*node) : std::nullopt;
-    return count.value_or(0) ? QLocale{}.toString(*count) : QString{};
+    const int count = m_model.countOf(index);
+    return count == 0 ? QString{} : QLocale{}.toString(count);
 }
 
 // With the space before it; a header has its button there.

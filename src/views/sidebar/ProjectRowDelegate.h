@@ -16,14 +16,11 @@ class ProjectRowDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    using CountOf = std::function<std::optional<int>(const KWProjectListNode &)>;
     using IsExpanded = std::function<bool(const QModelIndex &)>;
     using SpacerHeight = std::function<int()>;
 
     ProjectRowDelegate(const ProjectListTreeModel &model, IsExpanded isExpanded, SpacerHeight spacerHeight,
                        QObject *parent = nullptr);
-
-    void setCountOf(CountOf countOf) { m_countOf = std::move(countOf); }
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
@@ -68,6 +65,5 @@ private:
     const ProjectListTreeModel &m_model;
     IsExpanded m_isExpanded;
     SpacerHeight m_spacerHeight;
-    CountOf m_countOf;
     mutable std::optional<QString> m_typedName;
 };

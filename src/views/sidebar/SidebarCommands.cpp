@@ -26,7 +26,7 @@ SidebarCommands::SidebarCommands(const Parts &parts)
             [this](const auto *node) { Q_EMIT filterEditRequested(node->entityID()); });
     connect(&m_tree, &View::moveRequested, this, [this](const auto *node, int step) { move(*node, step); });
     connect(&m_tree, &View::nodeDropped, this,
-            [this](const auto *node, const auto &place) { report(m_editor.move(*node, place)); });
+            [this](const auto *node, const auto &place) { report(m_editor.acceptDrop(*node, place)); });
     connect(&m_tree, &View::sidebarDropedTask, this,
             [this](const QStringList &taskIDs, const auto *node) { dropTasks(taskIDs, *node); });
     connect(&m_tree, &View::menuRequested, this,
@@ -174,7 +174,7 @@ void SidebarCommands::remove(const KWProjectListNode &node)
 
 void SidebarCommands::move(const KWProjectListNode &node, int step)
 {
-    if (const auto place = SidebarDrop::placeBeside(node, step)) report(m_editor.move(node, *place));
+    if (const auto place = SidebarDrop::placeBeside(node, step)) report(m_editor.acceptDrop(node, *place));
 }
 
 void SidebarCommands::dropTasks(const QStringList &taskIDs, const KWProjectListNode &node)

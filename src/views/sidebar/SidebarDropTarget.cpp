@@ -38,7 +38,7 @@ QList<Proposal> proposals(const QPoint &position, const QModelIndex &index, cons
 
 } // namespace
 
-QMimeData *SidebarMimeData::make(const KWProjectListNode &node)
+QMimeData *SidebarMimeData::writeItems(const KWProjectListNode &node)
 {
     auto *data = new QMimeData;
     data->setData(type, (QString::number(int(node.type())) + u':' + node.entityID()).toUtf8());

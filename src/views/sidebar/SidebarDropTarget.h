@@ -14,8 +14,8 @@ namespace SidebarMimeData {
 
 inline const QString type = QStringLiteral("application/x-orvane-sidebar-row");
 
-/// The caller owns it.
-QMimeData *make(const KWProjectListNode &node);
+/// The row, for others to take. The caller owns it.
+QMimeData *writeItems(const KWProjectListNode &node);
 /// The row that is carried; null when the data holds none, or that row is gone.
 KWProjectListNode *nodeIn(const QMimeData &data, const ProjectListTreeModel &model);
 

@@ -58,7 +58,7 @@ const char *titleOf(ProjectListCommand command)
 
 QIcon iconOf(const QString &color)
 {
-    const int side = Metrics::icon;
+    const int side = Metrics::scaled(Metrics::icon);
     QPixmap pixmap{2 * side, 2 * side};
     pixmap.setDevicePixelRatio(2);
     pixmap.fill(Qt::transparent);

@@ -58,7 +58,9 @@ void ChecklistItemRow::setItem(const KWChecklistItemModel &item)
 
 void ChecklistItemRow::setReadOnly(bool isReadOnly)
 {
+    m_checkBox->setEnabled(!isReadOnly);
     m_editor->setReadOnly(isReadOnly);
+    m_date->setEnabled(!isReadOnly);
     m_date->setHidden(isReadOnly && !m_date->hasDate());
 }
 
@@ -90,6 +92,7 @@ void ChecklistItemRow::openMenu(const QPoint &position)
     QMenu *menu = m_editor->createStandardContextMenu();
     menu->setObjectName(u"checklistItemMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_editor->isReadOnly()) return menu->popup(position);
     menu->addSeparator();
     connect(menu->addAction(KWLocalizedString("Set Date…")), &QAction::triggered, this,
             &ChecklistItemRow::dateRequested);

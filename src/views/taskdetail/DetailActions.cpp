@@ -3,18 +3,16 @@
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
-#include "model/records/KWProject.h"
-#include "model/records/KWSmartProject.h"
 #include "model/settings/KWPomoSettingsManager.h"
 #include "model/store/TaskPermissions.h"
 #include "model/text/DayText.h"
-#include "views/controls/ChoicePopup.h"
 #include "views/datepicker/ScheduleSurroundings.h"
 #include "views/taskdetail/ChecklistView.h"
 #include "views/taskdetail/DetailFooter.h"
 #include "views/taskdetail/DetailHeader.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/BatchActions.h"
+#include "views/tasklist/MoveToList.h"
 #include "views/wording/DateWording.h"
 
 #include <QMenu>
@@ -47,7 +45,9 @@ void DetailActions::connectHeader()
 void DetailActions::connectFooter()
 {
     DetailFooter &footer = m_view.footer();
-    connect(&footer, &DetailFooter::listRequested, this, &DetailActions::chooseList);
+    connect(&footer, &DetailFooter::listRequested, this, [this](const QPoint &position) {
+        askForListOf({m_task.sid}, m_common, m_kit.manager(), *m_view.window(), position);
+    });
     connect(&footer, &DetailFooter::estimateRequested, this, &DetailActions::estimate);
     connect(&footer, &DetailFooter::menuAboutToShow, this, &DetailActions::fillMenu);
     connect(&footer, &DetailFooter::assigneeChosen, this, [this](std::int64_t userServerID) {
@@ -144,48 +144,39 @@ void DetailActions::scheduleItem(const QString &itemID, const std::optional<KWDa
     report(m_editor.setItemDate(itemID, date), messageOf(date));
 }
 
-void DetailActions::chooseList(const QPoint &position)
-{
-    QList<ChoicePopup::Choice> choices;
-    QHash<QString, QString> names;
-    for (const KWProject *each :
-         KWProject::orderedOpenProjects(m_kit.account().currentUserID(), m_kit.context())) {
-        if (!each->isWritable()) continue;
-        names.insert(each->sid(), each->isInbox() ? KWSmartProject::inbox().displayName() : (*each)->name);
-        choices.append(
-            {each->sid(), names.value(each->sid()), (*each)->color, each->sid() == m_task.projectID});
-    }
-    auto *popup = new ChoicePopup{tr("Move to list"), choices, m_view.window()};
-    connect(popup, &ChoicePopup::chosen, this, [this, names, id = m_task.sid](const QString &listID) {
-        m_common.moveToList({id}, listID, names.value(listID));
-    });
-    popup->popUp(position);
-}
-
 void DetailActions::fillMenu(QMenu &menu)
 {
     const auto add = [this, &menu](const QString &text, auto action) {
         connect(menu.addAction(text), &QAction::triggered, this, action);
     };
     const QStringList task{m_task.sid};
-    addKinds(menu);
-    menu.addSeparator();
-    if (OccurrenceActions::haveSome(m_task)) m_occurrences.addTo(menu, {m_task.sid, *m_task.startDate});
-    if (!m_task.isTrashed) {
-        const bool isPinned = m_task.pinnedDate.has_value();
-        const auto pinning = isPinned ? TaskBatch::Pinning::Unpin : TaskBatch::Pinning::Pin;
-        add(isPinned ? tr("Unpin") : tr("Pin"), [this, task, pinning] { m_common.setPinned(task, pinning); });
-        add(tr("Attach Files…"), &DetailActions::filesRequested);
-        add(tr("Duplicate"), [this] { duplicate(); });
-    }
+    if (m_mayChange) addChanges(menu);
     if (m_task.status == KWTaskStatusOpen && !m_task.isTrashed && m_task.kind != KWTaskKindNote)
         addFocus(menu);
     add(tr("Copy Link"), [this, task] { m_common.copyLinks(task); });
     menu.addSeparator();
-    if (m_task.status == KWTaskStatusOpen) add(tr("Abandon"), [this, task] { m_common.abandon(task); });
-    if (!m_task.isTrashed) add(tr("Delete"), [this, task] { m_common.remove(task); });
+    if (m_mayChange && m_task.status == KWTaskStatusOpen)
+        add(tr("Abandon"), [this, task] { m_common.abandon(task); });
+    if (m_mayChange && !m_task.isTrashed) add(tr("Delete"), [this, task] { m_common.remove(task); });
     menu.addSeparator();
     addFacts(menu);
+}
+
+void DetailActions::addChanges(QMenu &menu)
+{
+    addKinds(menu);
+    menu.addSeparator();
+    if (OccurrenceActions::haveSome(m_task)) m_occurrences.addTo(menu, {m_task.sid, *m_task.startDate});
+    if (m_task.isTrashed) return;
+    const auto add = [this, &menu](const QString &text, auto action) {
+        connect(menu.addAction(text), &QAction::triggered, this, action);
+    };
+    const bool isPinned = m_task.pinnedDate.has_value();
+    const auto pinning = isPinned ? TaskBatch::Pinning::Unpin : TaskBatch::Pinning::Pin;
+    add(isPinned ? tr("Unpin") : tr("Pin"),
+        [this, task = QStringList{m_task.sid}, pinning] { m_common.setPinned(task, pinning); });
+    add(tr("Attach Files…"), &DetailActions::filesRequested);
+    add(tr("Duplicate"), [this] { duplicate(); });
 }
 
 void DetailActions::addKinds(QMenu &menu)
@@ -213,6 +204,7 @@ void DetailActions::addFocus(QMenu &menu)
          {std::pair{tr("Pomo"), KWFocusTypePomo}, {tr("Stopwatch"), KWFocusTypeStopwatch}})
         connect(starts->addAction(text), &QAction::triggered, this,
                 [this, mode = mode, id = m_task.sid] { Q_EMIT focusRequested(id, mode); });
+    if (!m_mayChange) return;
     connect(menu.addAction(tr("Estimate…")), &QAction::triggered, this, [this] {
         const QWidget &footer = m_view.footer();
         estimate(footer.mapToGlobal(QPoint{}));

@@ -24,6 +24,7 @@ public:
     void setTask(const TaskDetailData &shown)
     {
         m_task = shown.task;
+        m_mayChange = shown.mayChange;
         m_focus = shown.focus;
     }
     /// Asks for dates, reminders and repeat in a frame whose corner is there.
@@ -48,8 +49,8 @@ private:
     QString messageOf(const std::optional<KWDateTime> &date) const;
     void schedule(const QString &taskID, const TaskSchedule &chosen, const TaskSchedule &shown,
                   OccurrenceScope scope);
-    void chooseList(const QPoint &position);
     void fillMenu(QMenu &menu);
+    void addChanges(QMenu &menu);
     void addKinds(QMenu &menu);
     void addFocus(QMenu &menu);
     void estimate(const QPoint &position);
@@ -64,5 +65,6 @@ private:
     OccurrenceActions m_occurrences;
     KWTaskEditor m_editor;
     KWTaskModel m_task;
+    bool m_mayChange = true;
     FocusOfTask m_focus;
 };

@@ -73,6 +73,10 @@ void DetailFooter::dress()
 void DetailFooter::setTask(const TaskDetailData &shown)
 {
     m_list->setList(shown.listName, shown.listColor);
+    for (QWidget *each : {static_cast<QWidget *>(m_list), static_cast<QWidget *>(m_assignee),
+                          static_cast<QWidget *>(m_focus)})
+        each->setEnabled(shown.mayChange);
+    m_tagField->setVisible(shown.takesMore());
     m_assignee->setVisible(!shown.members.isEmpty());
     QString assignee = KWLocalizedString("Assign");
     for (const TaskDetailData::Member &each : shown.members)
@@ -86,6 +90,8 @@ void DetailFooter::setTask(const TaskDetailData &shown)
     m_focus->updateGeometry();
     if (shown.task.sid != m_shown.task.sid) m_tagField->clear();
     setTags(shown);
+    for (TagPill *each : std::as_const(m_tags))
+        each->setEnabled(shown.takesMore());
     m_shown = shown;
     fitHeight();
 }

@@ -7,6 +7,7 @@
 #include "views/controls/IconButton.h"
 #include "views/controls/MenuPlace.h"
 #include "views/taskdetail/DateButton.h"
+#include "views/taskdetail/TaskDetailData.h"
 #include "views/tasklist/TaskDateText.h"
 #include "views/theme/Icons.h"
 #include "views/theme/Metrics.h"
@@ -76,13 +77,16 @@ void DetailHeader::dress()
 
 void DetailHeader::setHasClose(bool hasClose) { m_close->setVisible(hasClose); }
 
-void DetailHeader::setTask(const KWTaskModel &task)
+void DetailHeader::setTask(const TaskDetailData &shown)
 {
-    m_task = task;
+    const KWTaskModel &task = m_task = shown.task;
+    for (QWidget *each : {static_cast<QWidget *>(m_checkBox), static_cast<QWidget *>(m_date),
+                          static_cast<QWidget *>(m_priority)})
+        each->setEnabled(shown.mayChange);
     m_checkBox->setStatus(task.status);
     m_checkBox->setPriority(task.priority);
-    const bool isClosed = task.status != KWTaskStatusOpen;
-    m_date->setDate(detailDateText({task.startDate, task.endDate, task.isAllDay, isClosed}, m_clock.now(),
+    const bool isDone = task.status != KWTaskStatusOpen || task.isTrashed;
+    m_date->setDate(detailDateText({task.startDate, task.endDate, task.isAllDay, isDone}, m_clock.now(),
                                    m_clock.zone(), QLocale{}),
                     repeatWords(task, m_clock.zone()));
     const QString words = KWLocalizedString("Priority: %1").arg(displayName(task.priority));

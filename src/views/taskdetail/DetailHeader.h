@@ -8,6 +8,7 @@
 class CheckBox;
 class DateButton;
 class IconButton;
+struct TaskDetailData;
 
 /// The top line of the detail: checkbox, date and priority.
 class DetailHeader : public QWidget {
@@ -17,7 +18,7 @@ public:
     explicit DetailHeader(CXClock &clock, QWidget *parent = nullptr);
 
     /// The words for the date follow the clock: call it again each minute.
-    void setTask(const KWTaskModel &task);
+    void setTask(const TaskDetailData &shown);
     void dress();
     /// Shows a button that closes the pane, which lies over another then.
     void setHasClose(bool hasClose);

@@ -15,7 +15,12 @@ namespace {
 constexpr int listButtonPadding = 6;
 constexpr int dotSpace = 3; // the dot stands in the middle of where an icon would
 
-int nameLeft() { return listButtonPadding + dotSpace + Metrics::dot + Metrics::gap; }
+QRect dotBounds(int height)
+{
+    return {listButtonPadding + Metrics::scaled(dotSpace), 0, Metrics::scaled(Metrics::dot), height};
+}
+
+int nameLeft() { return dotBounds(0).right() + 1 + Metrics::gap; }
 
 } // namespace
 
@@ -44,7 +49,7 @@ void ListButton::paintContent(QPainter &painter)
 {
     const Theme &theme = Theme::current();
     paintBackground(painter);
-    const QRect dot = visual({listButtonPadding + dotSpace, 0, Metrics::dot, height()});
+    const QRect dot = visual(dotBounds(height()));
     if (!text().isEmpty()) Painting::dot(painter, QRectF{dot}.center(), m_color);
     painter.setPen(theme.secondaryText);
     Fonts::drawLine(painter, Fonts::Role::Secondary,

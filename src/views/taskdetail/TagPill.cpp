@@ -26,15 +26,31 @@ TagPill::TagPill(QString name, const QString &label, QWidget *parent)
 {
     setObjectName(u"tagPill"_s);
     setText(label);
-    const QString does = KWLocalizedString("Remove the tag “%1”").arg(label);
-    setAccessibleName(does);
-    setToolTip(does);
+    nameItself();
     connect(this, &QAbstractButton::clicked, this, &TagPill::removed);
+}
+
+// With the space before it.
+int TagPill::crossWidth() const { return isEnabled() ? crossSize() + Metrics::grid : 0; }
+
+void TagPill::nameItself()
+{
+    const QString does = KWLocalizedString("Remove the tag “%1”").arg(text());
+    setAccessibleName(isEnabled() ? does : KWLocalizedString("Tag: %1").arg(text()));
+    setToolTip(isEnabled() ? does : QString{});
+}
+
+void TagPill::changeEvent(QEvent *event)
+{
+    PaintedButton::changeEvent(event);
+    if (event->type() != QEvent::EnabledChange) return;
+    nameItself();
+    updateGeometry();
 }
 
 QSize TagPill::sizeHint() const
 {
-    return {Fonts::width(Fonts::Role::Caption, text()) + 2 * pillSide + crossSize() + Metrics::grid,
+    return {Fonts::width(Fonts::Role::Caption, text()) + 2 * pillSide + crossWidth(),
             Metrics::scaled(pillHeight)};
 }
 
@@ -43,9 +59,10 @@ void TagPill::paintContent(QPainter &painter)
     const Theme &theme = Theme::current();
     Painting::roundedBox(painter, rect(), height() / 2.0, theme.tag);
     painter.setPen(theme.secondaryText);
-    const int textWidth = width() - 2 * pillSide - crossSize() - Metrics::grid;
+    const int textWidth = width() - 2 * pillSide - crossWidth();
     Fonts::drawLine(painter, Fonts::Role::Caption, visual({pillSide, 0, textWidth, height()}), leading(),
                     text());
+    if (!isEnabled()) return;
     Icons::paint(painter, visual({width() - pillSide - crossSize(), 0, crossSize(), height()}), Icon::Close,
                  crossSize(), underMouse() || isFocusShown() ? theme.text : theme.secondaryText);
 }

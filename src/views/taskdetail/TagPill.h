@@ -2,7 +2,8 @@
 
 #include "views/controls/PaintedButton.h"
 
-/// A tag of the task in its pill. Pressing it, Delete or Backspace asks to take it away.
+/// A tag of the task in its pill. Pressing it, Delete or Backspace asks to take it away, as long as it is
+/// enabled.
 class TagPill : public PaintedButton {
     Q_OBJECT
 
@@ -20,7 +21,11 @@ protected:
     Ring ring() const override;
     void paintContent(QPainter &painter) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    int crossWidth() const;
+    void nameItself();
+
     QString m_name;
 };

@@ -29,5 +29,7 @@ struct TaskDetailData {
     QStringList tagChoices;            ///< labels of the tags that it can be given
     FocusOfTask focus{};
 
+    /// Items, subtasks and tags can be added, changed and taken away.
+    bool takesMore() const { return mayChange && !task.isTrashed; }
     bool operator==(const TaskDetailData &) const = default;
 };

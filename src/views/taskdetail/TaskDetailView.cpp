@@ -149,17 +149,17 @@ void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
 void TaskDetailView::showParts(const TaskDetailData &shown)
 {
     const KWTaskModel &task = shown.task;
-    m_header->setTask(task);
+    m_header->setTask(shown);
     m_parent->setText(KWLocalizedString("Part of “%1”").arg(shown.parentTitle));
     m_parent->setAccessibleName(m_parent->text());
     m_parent->setVisible(!shown.parentTitle.isEmpty());
     m_title->setReadOnly(!shown.mayChange);
     m_content->setReadOnly(!shown.mayChange);
-    m_checklist->setReadOnly(!shown.mayChange);
+    m_checklist->setReadOnly(!shown.takesMore());
     m_checklist->setVisible(task.kind != KWTaskKindNote);
     const bool isClosed = task.status != KWTaskStatusOpen;
     m_subtasks->setSubtasks(shown.subtasks);
-    m_subtasks->setTakesMore(shown.mayChange && task.kind != KWTaskKindNote && !isClosed && !task.isTrashed);
+    m_subtasks->setTakesMore(shown.takesMore() && task.kind != KWTaskKindNote && !isClosed);
     m_attachments->setAttachments(shown.attachments);
     m_footer->setTask(shown);
     if (std::exchange(m_isClosed, isClosed) != isClosed) dress();

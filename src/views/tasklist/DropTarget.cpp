@@ -73,7 +73,7 @@ int lastTopTask(const Rows &rows, int category)
 std::optional<TaskDropPlace> placeInSectionAbove(const Rows &rows, int category)
 {
     for (int i = int(rows.size()) - 1; i >= 0; --i)
-        if (rows.at(i).category < category && rows.at(i).kind != Kind::LoadMore)
+        if (rows.at(i).category < category && rows.at(i).takesTasks)
             return TaskDropPlace{rows.at(i).category, idAt(rows, lastTopTask(rows, rows.at(i).category)), {}};
     return std::nullopt;
 }
@@ -81,8 +81,7 @@ std::optional<TaskDropPlace> placeInSectionAbove(const Rows &rows, int category)
 std::optional<TaskDropPlace> placeInSectionBelow(const Rows &rows, int category)
 {
     for (const TaskListRow &each : rows)
-        if (each.category > category && each.kind != Kind::LoadMore)
-            return TaskDropPlace{each.category, {}, {}};
+        if (each.category > category && each.takesTasks) return TaskDropPlace{each.category, {}, {}};
     return std::nullopt;
 }
 

@@ -113,7 +113,8 @@ QSize PageHeader::sizeHint() const
 void PageHeader::paintEvent(QPaintEvent *)
 {
     QPainter painter{this};
-    const int indent = m_dot ? Metrics::dot + Metrics::gap : 0;
+    const int dot = Metrics::scaled(Metrics::dot);
+    const int indent = m_dot ? dot + Metrics::gap : 0;
     const int textWidth = width() - buttonsWidth() - indent;
     const int wantedTitle = Fonts::width(Fonts::Role::PageTitle, m_title);
     const int wantedNote = m_note.isEmpty() ? 0 : Fonts::width(Fonts::Role::Body, m_note) + Metrics::gap;
@@ -126,7 +127,7 @@ void PageHeader::paintEvent(QPaintEvent *)
     };
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
     if (m_dot)
-        Painting::dot(painter, QRectF{mirrored({0, 0, Metrics::dot, height()})}.center(),
+        Painting::dot(painter, QRectF{mirrored({0, 0, dot, height()})}.center(),
                       ItemColors::edgeOf(*m_dot).name());
     painter.setPen(Theme::current().text);
     Fonts::drawLine(painter, Fonts::Role::PageTitle, mirrored({indent, 0, titleWidth, height()}), side,

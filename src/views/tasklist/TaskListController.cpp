@@ -127,6 +127,8 @@ void TaskListController::showHead()
     const auto calendar = m_sidebar.selectedCalendar();
     m_pane.header().setDot(calendar ? std::optional{calendar->color} : std::nullopt);
 
+    const KWSmartProject *smart = KWSmartProject::withIdentifier(m_service.list().entityID);
+    m_pane.model().setHasDueDates(!smart || !smart->isTrash());
     const bool isDateList = KWSmartProject::isDateSensetiveSmartProjectID(m_service.list().entityID);
     const bool isTomorrow = m_service.list().entityID == KWSmartProject::tomorrow().identifier();
     const Day today = m_clock.today();

@@ -3,6 +3,8 @@
 #include "model/records/PriorityNames.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/text/DisplayTitle.h"
+#include "views/focus/FocusWording.h"
+#include "views/habits/HabitPhrases.h"
 #include "views/tasklist/RowPlan.h"
 #include "views/tasklist/TaskMimeData.h"
 
@@ -155,6 +157,11 @@ void TaskListModel::setTagLabels(QHash<QString, QString> labels)
     allChanged();
 }
 
+void TaskListModel::setHasDueDates(bool hasDueDates)
+{
+    if (std::exchange(m_hasDueDates, hasDueDates) != hasDueDates) allChanged();
+}
+
 void TaskListModel::refreshDates() { allChanged(); }
 
 void TaskListModel::allChanged()
@@ -166,7 +173,14 @@ TaskDateText TaskListModel::dateTextOf(const TaskListRow &row) const
 {
     if (row.task.isEvent())
         return eventDateText(row.task, row.isUnderItsDay, m_clock.now(), m_clock.zone(), QLocale{});
-    return dateText(row.task, m_clock.now(), m_clock.zone(), QLocale{});
+    TaskDateText date = dateText(row.task, m_clock.now(), m_clock.zone(), QLocale{});
+    if (!m_hasDueDates) date.tone = TaskDateText::Tone::Plain;
+    return date;
+}
+
+QString TaskListModel::progressOf(const KWTaskListItemModel &habit) const
+{
+    return HabitPhrases::inRow(habit.habit, !habit.isClosed(), QLocale{});
 }
 
 int TaskListModel::rowCount(const QModelIndex &parent) const
@@ -250,6 +264,7 @@ QString TaskListModel::spokenHabit(const KWTaskListItemModel &habit) const
     QStringList parts{displayTitle(habit.title), KWLocalizedString("Habit")};
     if (habit.status == KWTaskStatusCompleted) parts.append(KWLocalizedString("Done"));
     if (habit.status == KWTaskStatusAbandoned) parts.append(KWLocalizedString("Not achieved"));
+    if (const QString progress = progressOf(habit); !progress.isEmpty()) parts.append(progress);
     return parts.join(u", "_s);
 }
 
@@ -257,6 +272,7 @@ QString TaskListModel::spokenTask(const TaskListRow &row) const
 {
     const KWTaskListItemModel &task = row.task;
     QStringList parts{displayTitle(task.title)};
+    if (task.isNote()) parts.append(KWLocalizedString("Note"));
     if (task.isChecklistItem())
         parts.append(KWLocalizedString("Checklist item of %1").arg(displayTitle(task.ownerTitle)));
     if (task.isClosed()) parts.append(statusName(task.status));
@@ -272,6 +288,9 @@ QString TaskListModel::spokenTask(const TaskListRow &row) const
         parts.append(
             KWLocalizedString("%1 of %2 items done").arg(task.checklistDoneCount).arg(task.checklistCount));
     if (task.attachmentCount > 0) parts.append(KWLocalizedString("%1 attachments").arg(task.attachmentCount));
+    if (task.focusDuration > 0)
+        parts.append(KWLocalizedString("Focused: %1")
+                         .arg(FocusWording::spokenLength(std::chrono::seconds{task.focusDuration})));
     for (const QString &tag : task.tags)
         parts.append(u'#' + tagLabel(tag));
     if (const QString list = listName(task); !list.isEmpty())

@@ -47,6 +47,10 @@ public:
 
     /// Of a task, an item or an event.
     TaskDateText dateTextOf(const TaskListRow &row) const;
+    /// Whether a date says what is due: not in the trash, where none is overdue.
+    void setHasDueDates(bool hasDueDates);
+    /// "5 of 8 cups", "12 day streak"; empty where there is nothing to say.
+    QString progressOf(const KWTaskListItemModel &habit) const;
     /// Tells views that words for dates may read differently now: a minute has passed.
     void refreshDates();
 
@@ -79,4 +83,5 @@ private:
     QList<SectionLook> m_looks;
     QHash<QString, QString> m_listNames;
     QHash<QString, QString> m_tagLabels;
+    bool m_hasDueDates = true;
 };

@@ -1,13 +1,13 @@
 #include "views/tasklist/TaskMenu.h"
 
 #include "lists/KWProjectListPresenter.h"
-#include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/FindAll.h"
 #include "model/store/KWCoreDataManager.h"
 #include "views/controls/ChoicePopup.h"
 #include "views/menu/MainMenu.h"
 #include "views/tasklist/BatchActions.h"
+#include "views/tasklist/MoveToList.h"
 
 #include <QListView>
 #include <QMenu>
@@ -115,22 +115,7 @@ void TaskMenu::addCopies(QMenu &menu, const QStringList &taskIDs)
 
 void TaskMenu::chooseList(const QStringList &taskIDs)
 {
-    const auto &contents = m_parts.sidebar.contents();
-    if (!contents) return;
-    const QList<KWTaskModel> tasks = read(taskIDs);
-    QList<ChoicePopup::Choice> lists;
-    QHash<QString, QString> names;
-    for (const KWProjectModel &each : contents->projects) {
-        const bool holdsAll = std::ranges::all_of(
-            tasks, [&each](const KWTaskModel &task) { return task.projectID == each.sid; });
-        names.insert(each.sid, each.isInbox ? KWSmartProject::inbox().displayName() : each.name);
-        lists.append({each.sid, names.value(each.sid), each.color, holdsAll});
-    }
-    auto *popup = new ChoicePopup{tr("Move to list"), lists, m_parts.list.window()};
-    connect(popup, &ChoicePopup::chosen, this, [this, taskIDs, names](const QString &listID) {
-        m_parts.actions.moveToList(taskIDs, listID, names.value(listID));
-    });
-    popup->popUp(place());
+    askForListOf(taskIDs, m_parts.actions, m_parts.manager, *m_parts.list.window(), place());
 }
 
 void TaskMenu::chooseTag(const QStringList &taskIDs)

@@ -32,6 +32,7 @@ int widthOf(const Piece &piece)
         return std::min(Painting::pillWidth(piece.text), Metrics::scaled(140));
     case PieceKind::ListName:
     case PieceKind::TaskName:
+    case PieceKind::Habit:
         return std::min(Fonts::width(Fonts::Role::Secondary, piece.text), Metrics::scaled(140));
     default:
         return Fonts::width(Fonts::Role::Secondary, piece.text);
@@ -44,6 +45,11 @@ QList<Piece> piecesOf(const TaskListModel &model, const TaskListRow &row)
     QList<Piece> pieces;
     const auto add = [&pieces](PieceKind kind, const QString &text) { pieces.append({kind, text, {}}); };
     const QString date = model.dateTextOf(row).text;
+    if (task.isHabit()) {
+        if (const QString progress = model.progressOf(task); !progress.isEmpty())
+            add(PieceKind::Habit, progress);
+        return pieces;
+    }
     if (task.isChecklistItem()) {
         add(PieceKind::TaskName, displayTitle(task.ownerTitle.left(longestTaskName)));
         add(PieceKind::Date, date);

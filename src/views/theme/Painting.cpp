@@ -119,7 +119,7 @@ void Painting::dot(QPainter &painter, const QPointF &centre, const QString &colo
     const QColor named{color};
     painter.setPen(Qt::NoPen);
     painter.setBrush(named.isValid() ? named : Theme::current().control);
-    const double radius = Metrics::dot / 2.0;
+    const double radius = Metrics::scaled(Metrics::dot) / 2.0;
     painter.drawEllipse(centre, radius, radius);
 }
 

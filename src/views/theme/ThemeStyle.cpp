@@ -1,5 +1,6 @@
 #include "views/theme/ThemeStyle.h"
 
+#include "views/theme/Icons.h"
 #include "views/theme/MenuPainting.h"
 #include "views/theme/Metrics.h"
 #include "views/theme/Painting.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr int scrollBarExtent = 10;
 constexpr int shortestThumb = 24;
 constexpr int comboBoxPadding = 8;
+constexpr int comboBoxMark = 12;
 constexpr int buttonPadding = 6; // more than Fusion has
 constexpr int fieldInset = 4;    // within its outline
 constexpr int fieldPadding = 9;  // so that its text stands below that of a box of choices
@@ -55,6 +57,29 @@ void drawField(QPainter &painter, const QStyleOption &field)
                          theme.control);
     if (field.state & QStyle::State_HasFocus)
         Painting::focusRing(painter, field.rect, Metrics::rowRadius + 2);
+}
+
+QRect comboBoxMarkBounds(const QStyleOption &box)
+{
+    const int side = Metrics::scaled(comboBoxMark);
+    const QRect bounds{box.rect.right() + 1 - comboBoxPadding - side, box.rect.top(), side,
+                       box.rect.height()};
+    return QStyle::visualRect(box.direction, box.rect, bounds);
+}
+
+QRect comboBoxTextBounds(const QStyleOption &box)
+{
+    const int before = comboBoxPadding + 2;
+    const int behind = comboBoxPadding + Metrics::scaled(comboBoxMark) + Metrics::grid;
+    return QStyle::visualRect(box.direction, box.rect, box.rect.adjusted(before, 2, -behind, -2));
+}
+
+void drawComboBox(QPainter &painter, const QStyleOption &box)
+{
+    drawField(painter, box);
+    const bool isEnabled = box.state & QStyle::State_Enabled;
+    Icons::paint(painter, comboBoxMarkBounds(box), Icon::ChevronDown, Metrics::scaled(comboBoxMark),
+                 isEnabled ? Theme::current().secondaryText : Theme::current().faintText);
 }
 
 void drawThumb(QPainter &painter, const QStyleOptionSlider &bar, QRect thumb)
@@ -145,6 +170,7 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
     if (control == CC_SpinBox && spin && spin->buttonSymbols == QAbstractSpinBox::NoButtons)
         return drawField(*painter, *option);
+    if (control == CC_ComboBox) return drawComboBox(*painter, *option);
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control != CC_ScrollBar || !bar) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -165,9 +191,8 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
                                  SubControl subControl, const QWidget *widget) const
 {
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
-    if (control == CC_ComboBox && subControl == SC_ComboBoxEditField)
-        return QProxyStyle::subControlRect(control, option, subControl, widget)
-            .adjusted(comboBoxPadding, 0, -comboBoxPadding, 0);
+    if (control == CC_ComboBox && subControl == SC_ComboBoxEditField) return comboBoxTextBounds(*option);
+    if (control == CC_ComboBox && subControl == SC_ComboBoxArrow) return comboBoxMarkBounds(*option);
     const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
     if (spin && spin->buttonSymbols == QAbstractSpinBox::NoButtons && subControl == SC_SpinBoxEditField)
         return option->rect.adjusted(comboBoxPadding, fieldInset, -comboBoxPadding, -fieldInset);
@@ -208,7 +233,9 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption *option
         return MenuPainting::itemSize(*item, contents);
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     // Its list has marks and stands within the margins of a menu.
-    if (type == CT_ComboBox) size.rwidth() += 2 * (comboBoxPadding + MenuPainting::margin);
+    if (type == CT_ComboBox)
+        size.rwidth() +=
+            2 * (comboBoxPadding + MenuPainting::margin) + Metrics::scaled(comboBoxMark) - comboBoxMark;
     if (type == CT_PushButton) size.rwidth() += 2 * buttonPadding;
     const bool isField = type == CT_LineEdit && hasOutline(option);
     const bool isControl = isField || type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox;
