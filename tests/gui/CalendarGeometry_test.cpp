@@ -164,6 +164,19 @@ private Q_SLOTS:
         QCOMPARE(counts[november(24)], 1);
     }
 
+    void countsBesideTheNumberInALowMonth()
+    {
+        const auto content = pageOf(crowd(3), Kind::Month);
+        const MonthGeometry grid = monthGrid(content, Weekends::Shown, {900, 230});
+        const CalendarPlaces places = grid.places(content.bars, content.page);
+        QVERIFY(places.items.empty());
+        QCOMPARE(places.more.size(), std::size_t{1});
+        const QRect &row = places.more.front().bounds;
+        for (const QPoint &each : {row.topLeft(), row.bottomRight()})
+            QCOMPARE(grid.spotAt(each, content.page)->day, places.more.front().day);
+        QCOMPARE(places.more.front().count, 3);
+    }
+
     void leavesHiddenDaysOut()
     {
         const std::vector<CalendarItem> items{allDay("Over it", 20, 23), timed("On Saturday", 21, 9, 10)};

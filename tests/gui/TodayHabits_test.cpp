@@ -1,5 +1,6 @@
 #include "gui/HabitHands.h"
 #include "gui/WindowHelp.h"
+#include "habits/KWHabitCheckHelper.h"
 #include "support/TestMain.h"
 #include "views/habits/HabitListView.h"
 #include "views/habits/HabitPane.h"

@@ -56,7 +56,15 @@ QRect MonthGeometry::dayNumber(int week, int column) const
 int MonthGeometry::lanes() const
 {
     const int room = rowTop(1) - rowTop(0) - Metrics::scaled(dayNumberHeight) - barGap;
-    return std::max(1, room / Metrics::scaled(barRowHeight));
+    return std::max(0, room / Metrics::scaled(barRowHeight));
+}
+
+// The last lane of the day; without any, beside its number.
+QRect MonthGeometry::moreRow(int week, int column) const
+{
+    if (lanes() > 0) return laneRow(week, {column, column}, lanes() - 1);
+    const QRect line = dayNumber(week, column);
+    return line.adjusted(line.height(), 0, -cellPadding, -barGap);
 }
 
 QRect MonthGeometry::laneRow(int week, DayColumns::Range columns, int lane) const
@@ -98,8 +106,8 @@ CalendarPlaces MonthGeometry::places(const std::vector<LaneBar> &bars, const Cal
     for (int day = 0; day < int(hidden.size()); ++day) {
         const auto column = m_columns.columnOf(day % weekLength);
         if (!column || hidden[std::size_t(day)] == 0) continue;
-        const QRect row = laneRow(day / weekLength, {*column, *column}, lanes() - 1);
-        places.more.push_back({row, hidden[std::size_t(day)], page.firstDay + std::chrono::days{day}});
+        places.more.push_back({moreRow(day / weekLength, *column), hidden[std::size_t(day)],
+                               page.firstDay + std::chrono::days{day}});
     }
     return places;
 }

@@ -30,6 +30,7 @@ private:
     int rowTop(int week) const;
     int lanes() const; // that have room in a row
     QRect laneRow(int week, DayColumns::Range columns, int lane) const;
+    QRect moreRow(int week, int column) const;
     std::vector<int> shownLanes(const std::vector<LaneBar> &bars) const;
 
     DayColumns m_columns;
