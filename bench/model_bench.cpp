@@ -197,6 +197,7 @@ void readNarrowed(benchmark::State &state, const ListCondition &condition)
 BENCHMARK_CAPTURE(readNarrowed, priority, {.priority = KWTaskPriorityHigh})->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(readNarrowed, tag, {.tag = u"tag7"_s})->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(readNarrowed, word, {.text = Writer{}.words(1)})->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(readNarrowed, wordOfTheFirst, {.text = QChar(0x4e01)})->Unit(benchmark::kMicrosecond);
 
 void countSidebarCold(benchmark::State &state)
 {
