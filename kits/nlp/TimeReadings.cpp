@@ -209,6 +209,12 @@ bool partAndHours(const Match &match, Fragment &fragment)
                               ? dayWithPart(match, fragment)
                               : (match.has(Symbol::This) ? thisPart : dayPart)(match, fragment);
     fragment.merge(hours);
+    // An afternoon from eleven to two begins before noon.
+    const int start = hours.clock.hour;
+    if (fragment.part == DayPart::Afternoon && (start == 10 || start == 11)) {
+        fragment.clock = hours.clock;
+        fragment.clock.certainty = Certainty::Certain;
+    }
     return namesDay;
 }
 

@@ -116,7 +116,7 @@ constexpr Word words[] = {
     {L"ago", Ago},
     {L"before|beforehand|early|earlier|ahead|prior|in advance", Before},
     {L"every|each|once every|once a", Every},
-    {L"except|except on|except for|but not on", Except},
+    {L"except|except on|except for|but not on|apart from", Except},
     {L"other|second|alternate", Other},
     {L"next", Next, 1},
     {L"this|the coming|this coming", This},
@@ -203,6 +203,9 @@ constexpr Word words[] = {
     // Idioms whose parts would be read.
     {L"x daily|x weekly|twice daily|twice weekly|twice monthly|twice yearly|thrice daily|times daily|times "
      L"weekly",
+     Plain},
+    {L"every quarter of|each quarter of|every quarter hour|each quarter hour|every quarter to|every quarter "
+     L"past|every quarter in|each quarter in",
      Plain},
     {L"24/7|9/11|50/50|in a minute|in a moment|in an hour or so|in an hour or two|in a day or so|in a day or "
      L"two|in a week or so|in a week or two|in a month or two|one day|some day|day to day|good morning|good "

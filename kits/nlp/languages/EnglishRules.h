@@ -175,6 +175,8 @@ inline constexpr Rule rules[] = {
 
     // Repeats.
     {Weekdays, {PluralWeekday}, pluralWeekday},
+    {Weekdays, {PluralWeekday, And, Weekdays}, pluralWeekday},
+    {Weekdays, {PluralWeekday, Comma, maybe(And), Weekdays}, pluralWeekday},
     {Weekdays, {AnyWeekday, Weekdays}, weekdays},
     {Weekdays, {AnyWeekday, And, Weekdays}, weekdays},
     {Weekdays, {AnyWeekday, Comma, maybe(And), Weekdays}, weekdays},
@@ -327,9 +329,11 @@ inline constexpr Rule rules[] = {
     {Unclear, {Repeat, Except, Month}, unclearDay},
     {Unclear, {Repeat, Except, Holiday}, unclearDay},
     {Unclear, {Repeat, Except, Date}, unclearDay},
+    {Unclear, {Repeat, Except, RelativeDay}, unclearDay},
     {Unclear, {Combined, Except, Month}, unclearRepeat},
     {Unclear, {Combined, Except, Holiday}, unclearRepeat},
     {Unclear, {Combined, Except, Date}, unclearRepeat},
+    {Unclear, {Combined, Except, RelativeDay}, unclearRepeat},
     {Unclear, {EveryUnit, maybe(On), maybe(The), Ordinal, AnyWeekday}, unclearNthWeekday, Guard::Longest},
     {Unclear, {EveryUnit, maybe(On), maybe(The), Last, AnyWeekday}, unclearNthWeekday, Guard::Longest},
     {Unclear, {Ordinal, And, Repeat}, unclearDay},
