@@ -32,8 +32,8 @@ struct SourceModel {
     std::int64_t hashTag() const;
 
     /// The starts of the occurrences in [from, to] behind the first one, which is the source itself. None for
-    /// what repeats from its completion: it has no next one before; none for a task that repeats more often
-    /// than one may, see TaskSchedule.
+    /// what repeats from its completion: it has no next one before; none for a task that has more of them
+    /// there than one may have in so many days, see TaskSchedule.
     /// `local` is the zone in force; `firstWeekday` starts the weeks of a rule that does not say.
     std::vector<Instant> laterOccurrences(Instant from, Instant to, const CXTimeZone &local,
                                           std::chrono::weekday firstWeekday) const;

@@ -85,7 +85,10 @@ std::int64_t CXRecurrenceRule::mostOccurrencesOnADay() const
         // Only what the frequency itself counts is thinned by the interval.
         return frequency == every ? (all - 1) / interval + 1 : all;
     };
-    const std::int64_t most = times(bySecond, Frequency::Secondly, 60) *
-                              times(byMinute, Frequency::Minutely, 60) * times(byHour, Frequency::Hourly, 24);
+    std::int64_t most = times(bySecond, Frequency::Secondly, 60) * times(byMinute, Frequency::Minutely, 60) *
+                        times(byHour, Frequency::Hourly, 24);
+    if (frequency == Frequency::Secondly) most = std::min<std::int64_t>(most, (86'400 - 1) / interval + 1);
+    if (frequency == Frequency::Minutely && bySecond.isEmpty())
+        most = std::min<std::int64_t>(most, (1'440 - 1) / interval + 1);
     return count ? std::min<std::int64_t>(most, *count) : most;
 }
