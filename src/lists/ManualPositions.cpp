@@ -6,6 +6,8 @@
 #include "model/store/Connection.h"
 #include "model/store/PositionKind.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -56,6 +58,13 @@ QHash<QString, ManualPositions::Positions> ManualPositions::of(KWTaskSortType so
 {
     const auto found = m_positions.find(sortType);
     return found == m_positions.end() ? QHash<QString, Positions>{} : found->second;
+}
+
+bool ManualPositions::hasAnyInSections() const
+{
+    return std::ranges::any_of(m_positions, [](const auto &each) {
+        return each.first != KWTaskSortTypePinnedDate && !each.second.isEmpty();
+    });
 }
 
 std::optional<QString> positionGroup(const KWTaskCategory &section)

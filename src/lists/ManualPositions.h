@@ -27,6 +27,9 @@ public:
     /// Those of one sort type, by what names their section, see positionGroup().
     QHash<QString, Positions> of(KWTaskSortType sortType) const;
 
+    /// Of any sort type, those of pinned tasks left out.
+    bool hasAnyInSections() const;
+
     bool operator==(const ManualPositions &) const = default;
 
 private:

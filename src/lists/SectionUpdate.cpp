@@ -56,7 +56,7 @@ std::optional<QList<qsizetype>> sectionsFor(const QList<Row> &rows, const ShownL
 bool putIntoSections(const QList<Row> &rows, const QSet<QString> &changed, const ShownList &shown,
                      QList<KWTaskCategory> &sections)
 {
-    if (!shown.positions.of(shown.sortType()).isEmpty()) return false;
+    if (shown.positions.hasAnyInSections()) return false;
     const auto before = placesOf(changed, sections);
     const auto after = sectionsFor(rows, shown, sections);
     if (!before || !after) return false;
