@@ -191,13 +191,15 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
                                      .refused =
                                          [&] {
                                              relaunch.forget();
-                                             client->rooms().mainWindow().show();
+                                             client->stay();
                                          }}};
     const TerminationSignals signals{[&] {
         isEnded = true;
         relaunch.forbid();
-        // Before the program runs there is nothing to hand over, and only alerts to end.
-        isRunning ? QCoreApplication::quit() : QCoreApplication::exit();
+        // Before the program runs there is nothing to hand over, and only alerts to end. A dialog that would
+        // ask first does not hold it up.
+        if (isRunning) QApplication::closeAllWindows();
+        QCoreApplication::exit();
     }};
 
     const LaunchRequest request = launchRequestOf(m_invocation);

@@ -151,6 +151,17 @@ void OpenClient::followDesktopAppearance()
     afterFirstPaint([this] { m_appearance.start(); });
 }
 
+void OpenClient::stay()
+{
+    m_kit->defaults().remove(Settings::restoreAtStart);
+    m_kit->defaults().synchronise();
+    m_rooms.mainWindow().show();
+    if (MainWindow *window = m_rooms.mainWindow().window()) {
+        window->raise();
+        window->activateWindow();
+    }
+}
+
 void OpenClient::followCalendars()
 {
     afterFirstPaint([this] { m_rooms.calendars().start(); });

@@ -39,6 +39,8 @@ public:
     /// Takes from the desktop whether it is dark or light and how large text is, once the first window is
     /// painted.
     void followDesktopAppearance();
+    /// The person would rather see to what is not saved than end the program, or start it anew.
+    void stay();
     /// Reads subscribed calendars, from the first paint on.
     void followCalendars();
     /// Checks the store if the last run broke off, and keeps its backups, from the first paint on.
