@@ -1,11 +1,16 @@
 #include "views/controls/UnsavedTexts.h"
 
 #include <QApplication>
+#include <QPointer>
 
 QStringList unsavedTexts()
 {
-    QStringList texts;
+    // What is saved on the way may take widgets away.
+    QList<QPointer<QWidget>> widgets;
     for (QWidget *each : QApplication::allWidgets())
-        if (auto *holder = dynamic_cast<UnsavedTextHolder *>(each)) texts += holder->unsavedTexts();
+        widgets.append(each);
+    QStringList texts;
+    for (const QPointer<QWidget> &each : std::as_const(widgets))
+        if (auto *holder = dynamic_cast<UnsavedTextHolder *>(each.data())) texts += holder->unsavedTexts();
     return texts;
 }

@@ -244,7 +244,7 @@ QList<ChecklistView::UnsavedItem> ChecklistView::unsavedItems() const
     for (int place = 0; place < m_rows.size(); ++place) {
         ChecklistItemRow &row = *m_rows.at(place);
         if (row.editor().hasUncommittedText() && !row.editor().text().isEmpty())
-            unsaved.append({row.sid(), place, row.editor().text()});
+            unsaved.append({row.sid(), place, sidBefore(row), row.editor().text()});
     }
     return unsaved;
 }

@@ -33,6 +33,7 @@ public:
     struct UnsavedItem {
         QString sid; ///< empty for a new one
         int place = 0;
+        QString afterSid; ///< of the item before it, empty for the first place
         QString title;
     };
     /// What stands in the rows and is not handed over, or could not be stored.

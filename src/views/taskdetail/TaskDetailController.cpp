@@ -118,6 +118,9 @@ void TaskDetailController::connectEdits()
         if (!saved) m_view.keepUnsavedContent();
         report(saved);
     });
+    m_view.storeUnsaved = [this](const QString &taskID, const TaskDetailView::Unsaved &unsaved) {
+        return store(taskID, unsaved);
+    };
     connect(&m_view, &TaskDetailView::linkOpened, this, &TaskDetailController::openLink);
     connect(&m_view, &TaskDetailView::itemToggled, this,
             [this](const QString &itemID) { report(m_editor.tickItem(itemID)); });
@@ -145,6 +148,21 @@ void TaskDetailController::connectEdits()
         if (added) subtasks.clearField();
         report(added ? Result<void>{} : added.error());
     });
+}
+
+// A task that is gone has taken its texts along.
+TaskDetailView::Unsaved TaskDetailController::store(const QString &taskID, TaskDetailView::Unsaved unsaved)
+{
+    const KWTask *task = m_kit.context().find<KWTask>(taskID);
+    if (!task || !task->isNotDeleted()) return {};
+    if (unsaved.title && m_editor.setTitle(taskID, *unsaved.title)) unsaved.title.reset();
+    if (unsaved.content && m_editor.setContent(taskID, *unsaved.content)) unsaved.content.reset();
+    unsaved.items.removeIf([&](const ChecklistView::UnsavedItem &each) {
+        return each.sid.isEmpty() ? bool(m_editor.addItem(taskID, each.afterSid, each.title))
+                                  : bool(m_editor.setItemTitle(each.sid, each.title));
+    });
+    if (!unsaved.subtask.isEmpty() && m_editor.addSubtask(taskID, unsaved.subtask)) unsaved.subtask.clear();
+    return unsaved;
 }
 
 void TaskDetailController::connectActions()

@@ -5,12 +5,12 @@
 #include "model/store/KWTaskEditor.h"
 #include "views/taskdetail/AttachmentActions.h"
 #include "views/taskdetail/DetailActions.h"
+#include "views/taskdetail/TaskDetailView.h"
 
 #include <QObject>
 
 class OrvaneKit;
 class BatchActions;
-class TaskDetailView;
 
 /// Joins the detail pane with the selected task: shows it, saves what is edited, and follows changes
 /// made elsewhere. Main thread.
@@ -49,6 +49,7 @@ private:
     bool isTypedIn() const;
     void keyboardWent(const QWidget *there);
     void connectEdits();
+    TaskDetailView::Unsaved store(const QString &taskID, TaskDetailView::Unsaved unsaved);
     void connectActions();
     void openLink(const QString &address);
     void report(const Result<void> &saving);

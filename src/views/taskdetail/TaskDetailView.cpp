@@ -135,6 +135,10 @@ void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
     if (!shown) {
         keepUnsaved();
         m_sid.clear();
+        m_title->startWith({});
+        m_content->startWith({});
+        m_checklist->startWith({});
+        m_subtasks->clearField();
         m_page->hide();
         return;
     }
@@ -220,8 +224,14 @@ QStringList TaskDetailView::unsavedTexts()
         commitEdits();
         all = unsavedOfShown().texts();
     }
-    for (const Unsaved &each : std::as_const(m_unsaved))
-        all += each.texts();
+    for (const QString &taskID : m_unsaved.keys()) {
+        const Unsaved left = storeUnsaved ? storeUnsaved(taskID, m_unsaved[taskID]) : m_unsaved[taskID];
+        all += left.texts();
+        if (left.isNothing())
+            m_unsaved.remove(taskID);
+        else
+            m_unsaved[taskID] = left;
+    }
     return all;
 }
 

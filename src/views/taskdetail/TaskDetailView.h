@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <QWidgetList>
 
+#include <functional>
 #include <optional>
 
 class AttachmentList;
@@ -39,6 +40,18 @@ public:
     void keepUnsavedTitle();
     void keepUnsavedContent();
     QStringList unsavedTexts() override;
+
+    struct Unsaved {
+        std::optional<QString> title{};
+        std::optional<QString> content{};
+        QList<ChecklistView::UnsavedItem> items{};
+        QString subtask{};
+
+        bool isNothing() const { return !title && !content && items.isEmpty() && subtask.isEmpty(); }
+        QStringList texts() const;
+    };
+    /// Stores what a task that is not shown any more has unsaved; answers what is left of it.
+    std::function<Unsaved(const QString &taskID, Unsaved unsaved)> storeUnsaved;
 
     DetailHeader &header() { return *m_header; }
     ChecklistView &checklist() { return *m_checklist; }
@@ -72,15 +85,6 @@ private:
     void follow(const TaskDetailData &shown);
     void showParts(const TaskDetailData &shown);
 
-    struct Unsaved {
-        std::optional<QString> title{};
-        std::optional<QString> content{};
-        QList<ChecklistView::UnsavedItem> items{};
-        QString subtask{};
-
-        bool isNothing() const { return !title && !content && items.isEmpty() && subtask.isEmpty(); }
-        QStringList texts() const;
-    };
     Unsaved unsavedOfShown() const;
     void keepUnsaved();
 

@@ -279,6 +279,7 @@ void TaskListView::returnToPlace()
 
 void TaskListView::handOver(const QString &id, bool isItem, const QString &title)
 {
+    m_refusedTitle.clear();
     if (isItem)
         Q_EMIT itemTitleEdited(id, title);
     else
@@ -307,7 +308,7 @@ QStringList TaskListView::unsavedTexts()
 // From the event loop: the editor that handed the title over is closing.
 void TaskListView::editAgain(const QString &id, const QString &typedTitle)
 {
-    m_refusedTitle = typedTitle;
+    m_refusedTitle = typedTitle.trimmed();
     const auto open = [this, id, typedTitle] {
         const QModelIndex row = m_model.indexOf(id);
         if (!row.isValid()) return;
