@@ -24,7 +24,7 @@ void FocusRecordQueue::store(const FocusRecord &record)
     m_waiting.append(record);
     const Result<void> stored = tryAgain();
     if (!stored && onFailure)
-        onFailure(KWLocalizedString("The time of the Pomo is kept until it can be saved. %1")
+        onFailure(KWLocalizedString("The Pomo could not be saved; this is tried again each minute. %1")
                       .arg(stored.error().sentence));
 }
 

@@ -176,7 +176,7 @@ void KWPomoRunningManager_test::keepsARecordThatCannotBeStored()
     QCOMPARE(focus.state(), u"waitingToRelax 300"_s);
     QCOMPARE(focus.records(), u"-"_s);
     QCOMPARE(told.size(), 1);
-    QVERIFY(told.first().startsWith(u"The time of the Pomo is kept until it can be saved."_s));
+    QVERIFY(told.first().startsWith(u"The Pomo could not be saved; this is tried again each minute."_s));
     focus.store.kit().center().post(KWNewMinuteComesNotification);
     QCOMPARE(told.size(), 1);
     QCOMPARE(focus.records(), u"09:00-09:25 A=25:00"_s);

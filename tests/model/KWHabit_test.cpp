@@ -207,7 +207,6 @@ private Q_SLOTS:
         }
     }
 
-    // It is one o'clock in the night of the 2nd of May.
     void belongsToADay_data() { addCaseRows("model/habit-days.txt", 4); }
     void belongsToADay()
     {
@@ -220,6 +219,7 @@ private Q_SLOTS:
                  dayOf(cells[3]));
     }
 
+    // It is one o'clock in the night of the 2nd of May.
     void theDayMayBeginLater()
     {
         const QString id = make();

@@ -169,7 +169,7 @@ ListQuery::WordHits ListQuery::wordHits(const ListDataRequest &request, const CX
                                                     saysWords + " AS says FROM " + walk->from + " WHERE " +
                                                     walk->where + " ORDER BY " + walk->orderBy + " LIMIT ?)",
                                                 values);
-    return said >= first / 4 ? WordHits::Most : WordHits::Many;
+    return said >= first / 3 ? WordHits::Most : WordHits::Many;
 }
 
 std::optional<ListQuery> ListQuery::ofRequest(const ListDataRequest &request, const CXClock &clock,

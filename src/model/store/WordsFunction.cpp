@@ -30,9 +30,9 @@ void hasWords(sqlite3_context *context, int count, sqlite3_value **values)
 
 void registerWordsFunction(sqlite3 *connection)
 {
-    constexpr int anyNumber = -1;
+    constexpr int phraseAndTexts = 4;
     constexpr int kind = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    if (sqlite3_create_function(connection, "hasWords", anyNumber, kind, nullptr, hasWords, nullptr,
+    if (sqlite3_create_function(connection, "hasWords", phraseAndTexts, kind, nullptr, hasWords, nullptr,
                                 nullptr) != SQLITE_OK)
         throw SQLite::Exception{connection};
 }

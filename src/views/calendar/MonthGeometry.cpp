@@ -64,7 +64,8 @@ QRect MonthGeometry::moreRow(int week, int column) const
 {
     if (lanes() > 0) return laneRow(week, {column, column}, lanes() - 1);
     const QRect line = dayNumber(week, column);
-    return line.adjusted(line.height(), 0, -cellPadding, -barGap);
+    const QRect beside = line.adjusted(line.height(), 0, -cellPadding, -barGap);
+    return beside.width() > line.height() ? beside : line;
 }
 
 QRect MonthGeometry::laneRow(int week, DayColumns::Range columns, int lane) const

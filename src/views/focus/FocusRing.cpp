@@ -102,7 +102,7 @@ bool FocusRing::digitsTouchRing() const
 
 double FocusRing::shareOfRing(const FocusReading &reading) const
 {
-    const double pixels = ring().width() * std::numbers::pi;
+    const double pixels = std::max(1.0, ring().width() * std::numbers::pi);
     return std::ceil(reading.share * pixels) / pixels;
 }
 
