@@ -50,6 +50,9 @@ inline constexpr Setting<bool> pomoSettingsTimeUnitIsSecond{"pomoSettingsTimeUni
 /// The Pomo that runs, encoded.
 inline const Setting<QString> runningPomo{"running_pomo", DefaultsScope::Group, {}};
 
+/// Of a user: what the last summary was of, as SummaryChoice writes it.
+inline const Setting<QString> summaryChoice{"summary_choice_of_", DefaultsScope::Standard, {}};
+
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};
 
