@@ -2,10 +2,10 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "focus/FocusAssociation.h"
+#include "focus/FocusJournal.h"
 #include "focus/FocusMessages.h"
 #include "focus/FocusModePort.h"
 #include "focus/FocusTargetTitle.h"
-#include "focus/PomoJournal.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 #include "model/settings/KWPomoSettingsManager.h"
@@ -31,7 +31,7 @@ KWPomoRunningManager::KWPomoRunningManager(Collaborators with)
     , m_modes(with.modes)
     , m_journal(with.journal)
     , m_ports(with.ports)
-    , m_records(with.kit)
+    , m_records(with.records)
     , m_time(with.clock)
     , m_pomoStartDate(with.clock.now())
     , m_pomoEndDate(with.clock.now())
@@ -378,7 +378,7 @@ void KWPomoRunningManager::reset()
     m_timmer.reset();
     endQuestion();
     m_slices.clear();
-    m_journal.clear();
+    m_journal.dropRunning();
     m_pomosCountForLongBreak = 0;
     setConfirmingToExit(false);
     m_ports.messages.remove();
