@@ -2,6 +2,7 @@
 #include "focus/FocusTargetTitle.h"
 #include "focus/KWPomoRunningManager.h"
 #include "model/OrvaneKit.h"
+#include "model/records/KWTask.h"
 
 // What becomes of the slices of a Pomo: its record, the journal, and what is gone meanwhile.
 

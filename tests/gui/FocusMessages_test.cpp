@@ -75,7 +75,8 @@ private Q_SLOTS:
         ClientFixture client;
         client.useOnThisComputer();
         QVERIFY(client.rooms().newTasks().add(u"Write"_s));
-        const auto choices = client.rooms().focus().presenter().choices();
+        const auto choices =
+            focusTargetChoices(client.kit().account().currentUserID(), {}, client.kit().context());
         QVERIFY(!choices.isEmpty());
         const FocusTarget target = choices.first().target;
 

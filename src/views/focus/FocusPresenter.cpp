@@ -183,11 +183,6 @@ void FocusPresenter::performOnStopwatch(FocusCommand command)
 
 void FocusPresenter::setTarget(const FocusTarget &target) { m_rooms.manager.setTarget(target); }
 
-QList<FocusTargetChoice> FocusPresenter::choices() const
-{
-    return focusTargetChoices(m_rooms.kit.account().currentUserID(), m_rooms.kit.context());
-}
-
 void FocusPresenter::startOn(const FocusTarget &target, KWFocusType mode)
 {
     if (!isEnabled()) return;
