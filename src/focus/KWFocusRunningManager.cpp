@@ -113,7 +113,7 @@ void KWFocusRunningManager::stopStopWatch() { m_stopwatch.stop(); }
 
 void KWFocusRunningManager::startOrAbandonPomo()
 {
-    if (!m_kit.account().isSignedIn() || !m_pomo.settings().isPomoEnabled || isStopwatchBusy()) return;
+    if (!m_kit.account().isSignedIn() || !m_pomo.isEnabled() || isStopwatchBusy()) return;
     if (!m_pomo.isFocusing()) {
         const bool goesOn = m_pomo.state() == KWPomoRunningState::paused;
         m_pomo.oc_startFocus();

@@ -8,6 +8,7 @@
 #include "focus/FocusTargetTitle.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/settings/KWPomoSettingsManager.h"
 
 using namespace Qt::StringLiterals;
@@ -64,6 +65,11 @@ KWPomoSettingsModel KWPomoRunningManager::settings() const
     return KWPomoSettingsManager{m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()}.settings();
 }
 
+bool KWPomoRunningManager::isEnabled() const
+{
+    return KWPomoSettings::isFocusEnabled(m_kit.account().currentUserID(), m_kit.context());
+}
+
 std::int64_t KWPomoRunningManager::secondsOf(int setting) const
 {
     return std::int64_t(setting) * (m_kit.defaults().value(Settings::pomoSettingsTimeUnitIsSecond) ? 1 : 60);
@@ -108,7 +114,7 @@ void KWPomoRunningManager::oc_startFocus() { startFocus(std::nullopt, 0, Length:
 
 void KWPomoRunningManager::startFocus(std::int64_t seconds)
 {
-    if (!m_kit.account().isSignedIn() || !settings().isPomoEnabled) return;
+    if (!m_kit.account().isSignedIn() || !isEnabled()) return;
     if (m_modes.isStopwatchBusy() || isFocusing()) return;
     startFocus(std::nullopt, seconds, Length::Given);
 }
@@ -370,7 +376,7 @@ void KWPomoRunningManager::pomoSettingsChanged()
         setCountDownDuration(secondsOf(settings().pomoDuration));
     else if (m_state == KWPomoRunningState::waitingToRelax)
         prepareForBreaking();
-    if (!settings().isPomoEnabled) reset();
+    if (!isEnabled()) reset();
 }
 
 void KWPomoRunningManager::reset()

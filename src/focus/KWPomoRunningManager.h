@@ -79,6 +79,8 @@ public:
     /// Seconds of the settings: minutes, or seconds for trying things out.
     std::int64_t secondsOf(int setting) const;
     KWPomoSettingsModel settings() const;
+    /// Focus is not switched off.
+    bool isEnabled() const;
 
     /// One second less.
     void timerStep();

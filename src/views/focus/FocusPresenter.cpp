@@ -65,7 +65,7 @@ void FocusPresenter::chooseMode(KWFocusType mode)
     if (!isBusy && mode != this->mode()) m_rooms.manager.setFocusType(mode);
 }
 
-bool FocusPresenter::isEnabled() const { return m_rooms.pomo.settings().isPomoEnabled; }
+bool FocusPresenter::isEnabled() const { return m_rooms.pomo.isEnabled(); }
 
 bool FocusPresenter::isRunning() const { return m_rooms.manager.isRunning(); }
 
