@@ -28,6 +28,15 @@ private:
     std::uint64_t m_hash = 1;
 };
 
+// More than a task may have in the hours of one day. `dates` ascend.
+bool floodsADay(const std::vector<Instant> &dates)
+{
+    constexpr std::size_t most = TaskSchedule::mostOccurrencesOnADay;
+    for (std::size_t i = most; i < dates.size(); ++i)
+        if (dates[i] - dates[i - most] < std::chrono::days{1}) return true;
+    return false;
+}
+
 } // namespace
 
 SourceModel SourceModel::ofTask(RepeatingTask task, const QString &userID)
@@ -114,7 +123,7 @@ std::vector<Instant> SourceModel::laterOccurrences(Instant from, Instant to, con
     const auto most = mostOccurrences(from, to);
     std::vector<Instant> dates =
         CXRecurrenceAssistant::calendar_occurrenceDatesForRecurringObject(object, from, to, true, most);
-    if (dates.size() == most) return {};
+    if (most && (dates.size() == *most || floodsADay(dates))) return {};
     std::erase_if(dates, [&](Instant date) {
         return date == *startDate || object.excludedOccurrenceDates.contains(date);
     });

@@ -33,7 +33,7 @@ struct SourceModel {
 
     /// The starts of the occurrences in [from, to] behind the first one, which is the source itself. None for
     /// what repeats from its completion: it has no next one before; none for a task that has more of them
-    /// there than one may have in so many days, see TaskSchedule.
+    /// there on a day than one may have, see TaskSchedule.
     /// `local` is the zone in force; `firstWeekday` starts the weeks of a rule that does not say.
     std::vector<Instant> laterOccurrences(Instant from, Instant to, const CXTimeZone &local,
                                           std::chrono::weekday firstWeekday) const;

@@ -1,5 +1,7 @@
 #include "calendar/SourceModel.h"
 
+#include "corvexkit/time/TimeText.h"
+
 #include "support/TestMain.h"
 
 using namespace Qt::StringLiterals;
@@ -61,6 +63,41 @@ private Q_SLOTS:
         QCOMPARE(source.timeZoneAsRecurringObject(tokyo).identifier(), u"Europe/Berlin"_s);
         source.isAllDay = true;
         QCOMPARE(source.timeZoneAsRecurringObject(tokyo).identifier(), u"Asia/Tokyo"_s);
+    }
+
+    void yieldsNothingWhereADayIsFlooded_data()
+    {
+        QTest::addColumn<QString>("rule");
+        QTest::addColumn<int>("instanceType");
+        QTest::addColumn<std::size_t>("inTheMonth");
+        const auto minutes = u"RRULE:FREQ=MONTHLY;BYMONTHDAY=27;BYHOUR=%1;BYMINUTE=0,5,10,15,20,25,30,35"_s;
+        const int task = KWRepeatInstanceTypeTask;
+        QTest::addRow("96 on one day")
+            << minutes.arg(u"0,1,2,3,4,5,6,7,8,9,10,11"_s) << task << std::size_t{96};
+        QTest::addRow("104 on one day")
+            << minutes.arg(u"0,1,2,3,4,5,6,7,8,9,10,11,12"_s) << task << std::size_t{0};
+        QTest::addRow("of an event") << minutes.arg(u"0,1,2,3,4,5,6,7,8,9,10,11,12"_s)
+                                     << int(KWRepeatInstanceTypeEvent) << std::size_t{104};
+        QTest::addRow("each quarter")
+            << u"RRULE:FREQ=MINUTELY;INTERVAL=15;BYMONTHDAY=27"_s << task << std::size_t{96};
+    }
+    void yieldsNothingWhereADayIsFlooded()
+    {
+        QFETCH(const QString, rule);
+        QFETCH(const int, instanceType);
+        SourceModel source;
+        source.startDate = TimeText::toInstant(u"2030-09-30T00:00:00Z"_s);
+        source.recurrenceRule = rule;
+        source.instanceType = KWRepeatInstanceType(instanceType);
+        const CXTimeZone berlin = *CXTimeZone::named(u"Europe/Berlin"_s);
+        const auto countIn = [&](const QString &from, const QString &to) {
+            return source
+                .laterOccurrences(*TimeText::toInstant(from), *TimeText::toInstant(to), berlin, Monday)
+                .size();
+        };
+        QFETCH(const std::size_t, inTheMonth);
+        QCOMPARE(countIn(u"2030-10-01T00:00:00Z"_s, u"2030-11-01T00:00:00Z"_s), inTheMonth);
+        QCOMPARE(countIn(u"2030-10-26T22:00:00Z"_s, u"2030-10-27T22:59:59Z"_s), inTheMonth);
     }
 };
 

@@ -14,8 +14,8 @@ KWCalSubscriptionEvent::eventsWillRepeatOfUser(const QString &userID, ObjectCont
             "repeatRule, "
             "exDates FROM calSubscriptionEvents INDEXED BY repeatingCalSubscriptionEvents "
             "WHERE userID = ? AND repeatRule <> ''"
-            " AND isDeleted = 0 AND subscriptionID IN (SELECT sid FROM calSubscriptions WHERE isDeleted = 0) "
-            "ORDER BY id");
+            " AND isDeleted = 0 AND subscriptionID IN (SELECT sid FROM calSubscriptions WHERE isDeleted = "
+            "0)");
         statement.bind({userID});
         std::vector<Repeating> events;
         while (statement->executeStep()) {

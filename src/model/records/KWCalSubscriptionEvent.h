@@ -19,7 +19,7 @@ public:
         QString repeatRule;
         QList<Instant> exDates;
     };
-    /// In the order in which they were stored.
+    /// In no order.
     static Result<std::vector<Repeating>> eventsWillRepeatOfUser(const QString &userID,
                                                                  ObjectContext &context);
 };

@@ -11,7 +11,7 @@ KWRepeatInstanceFetchFlag::allFetchFlagsOfUser(const QString &userID, ObjectCont
     try {
         auto statement = context.connection().prepare(
             "SELECT referenceID, fetchBeginDate, fetchEndDate, hashTag FROM repeatInstanceFetchFlags "
-            "WHERE userID = ? AND isDeleted = 0 ORDER BY id");
+            "NOT INDEXED WHERE userID = ? AND isDeleted = 0 ORDER BY id"); // nearly all rows are this user's
         statement.bind({userID});
         std::vector<Range> found;
         while (statement->executeStep()) {

@@ -172,7 +172,7 @@ Result<std::vector<RepeatingTask>> KWTaskFinder::findAllTasksWillRepeatOfUser(co
         auto statement = context.connection().prepare(
             "SELECT sid, startDate, endDate, completionDate, isAllDay, isFloating, repeatRule, repeatFrom, "
             "exDates, timeZone FROM tasks INDEXED BY repeatingTasks WHERE " +
-            condition.where + " ORDER BY id");
+            condition.where);
         statement.bind(condition.values);
         std::vector<RepeatingTask> tasks;
         while (statement->executeStep()) {

@@ -55,7 +55,7 @@ public:
     /// list, or of all open ones when `projectID` is empty.
     static QList<KWTask *> findAllTasksWillRepeatOfUser(const TaskOwner &owner, const QString &projectID,
                                                         ObjectContext &context);
-    /// When those of all open lists occur, read at one go and without their records.
+    /// When those of all open lists occur, read at one go, without their records and in no order.
     static Result<std::vector<RepeatingTask>> findAllTasksWillRepeatOfUser(const TaskOwner &owner,
                                                                            ObjectContext &context);
     /// The occurrence of a repeating task that was completed last; none when there is none.
