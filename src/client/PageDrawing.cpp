@@ -110,7 +110,8 @@ void changeFocus(MainWindow &window, DesktopRooms &rooms, const QString &state)
     FocusRooms &focus = rooms.focus();
     constexpr int secondsRun = 558;
     if (state == u"running" || state == u"window") {
-        const QList<FocusTargetChoice> choices = focus.presenter().choices();
+        OrvaneKit &kit = focus.presenter().kit();
+        const auto choices = focusTargetChoices(kit.account().currentUserID(), {}, kit.context());
         if (!choices.isEmpty()) focus.presenter().startOn(choices.first().target, KWFocusTypePomo);
         for (int i = 0; i < secondsRun; ++i)
             focus.pomo().timerStep();
