@@ -30,12 +30,9 @@ QList<typename Record::Model> cx_MTL_modelsFromManagedObjects(const QList<Record
 template <class Twin>
 QJsonObject cx_MTL_JSONDictionaryFromModel(const Twin &model)
 {
-    QJsonObject object = toJson(model);
-    forEachField<Twin>([&object](const auto &each, std::size_t) {
-        if (std::ranges::find(scriptHiddenFields, each.name) != scriptHiddenFields.end())
-            object.remove(QLatin1StringView{each.jsonKey.data(), qsizetype(each.jsonKey.size())});
+    return toJson(model, [](std::string_view name) {
+        return std::ranges::find(scriptHiddenFields, name) == scriptHiddenFields.end();
     });
-    return object;
 }
 
 template <class Twin>
