@@ -9,6 +9,7 @@
 
 #include <QDBusArgument>
 #include <QLineEdit>
+#include <QSettings>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +76,25 @@ private Q_SLOTS:
         const auto *field = m_client->rooms().mainWindow().window()->findChild<QLineEdit *>(u"searchField"_s);
         QVERIFY(field && field->isVisible());
         QCOMPARE(field->text(), u"ven the"_s);
+    }
+
+    // The files in which desktops look for the objects.
+    void theDesktopsKnowWhereToAsk()
+    {
+        const auto valueIn = [](const char *file, const char *key) {
+            const QSettings settings{QStringLiteral(ORVANE_TEST_DATA "/../../packaging/") +
+                                         QString::fromLatin1(file),
+                                     QSettings::IniFormat};
+            return settings.value(QString::fromLatin1(key)).toString();
+        };
+        const QString name = DBusSingleInstance::busName(DataFolders::standard());
+        const char *const provider = "gnome-shell/org.orvane.Orvane.search-provider.ini";
+        QCOMPARE(valueIn(provider, "Shell Search Provider/BusName"), name);
+        QCOMPARE(valueIn(provider, "Shell Search Provider/ObjectPath"), SearchProvider::path);
+        const char *const plugin = "krunner/org.orvane.Orvane.desktop";
+        QCOMPARE(valueIn(plugin, "Desktop Entry/X-Plasma-DBusRunner-Service"), name);
+        QCOMPARE(valueIn(plugin, "Desktop Entry/X-Plasma-DBusRunner-Path"), Runner::path);
+        QCOMPARE(valueIn("dbus/org.orvane.Orvane.service.in", "D-BUS%20Service/Name"), name);
     }
 
     void aWindowThatWasClosedComesBack()
