@@ -40,12 +40,18 @@ constexpr std::array busCommands{
     BusCommand{"Search"_L1, "search"_L1, true}, BusCommand{"Projects"_L1, "projects"_L1},
     BusCommand{"Pomo"_L1, "pomo"_L1, true}};
 
+bool isMap(const QVariant &value)
+{
+    if (value.userType() != qMetaTypeId<QDBusArgument>()) return value.userType() == QMetaType::QVariantMap;
+    return qvariant_cast<QDBusArgument>(value).currentSignature() == u"a{sv}"_s;
+}
+
 // The direct parameter and the options; nothing for arguments of another shape.
 std::optional<ScriptCommandDescription> descriptionOf(const QDBusMessage &call, bool takesParameter)
 {
     const QVariantList arguments = call.arguments();
     const int parameters = takesParameter ? 1 : 0;
-    const bool hasOptions = call.signature().endsWith(u"a{sv}"_s);
+    const bool hasOptions = !arguments.isEmpty() && isMap(arguments.last());
     if (arguments.size() != parameters + (hasOptions ? 1 : 0)) return std::nullopt;
     ScriptCommandDescription description;
     if (takesParameter) description.directParameter = arguments.first();

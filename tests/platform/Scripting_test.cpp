@@ -97,6 +97,9 @@ private Q_SLOTS:
         };
         row("a text where nothing is", "Today", {u"today"_s, options});
         row("text for options", "Today", {u"from"_s});
+        row("options in a list", "Today", {QVariant::fromValue(QList<QVariantMap>{options})});
+        row("options in a list behind a text", "Search",
+            {u"x"_s, QVariant::fromValue(QList<QVariantMap>{options})});
         row("options twice", "Projects", {options, options});
         row("no text", "Search", {options});
         row("a number for a text", "Search", {7, options});

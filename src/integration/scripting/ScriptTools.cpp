@@ -8,6 +8,8 @@
 #include "model/store/FindAll.h"
 #include "model/store/KWTaskTicker.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 // The direct parameter, when the tool may run.
@@ -56,6 +58,7 @@ Result<QString> ScriptTools::list(const ScriptCommandDescription &description) c
     Result<QStringList> ids = m_tasks.tasksOfList(*name);
     if (!ids) return ids.error();
     ids->removeIf([this](const QString &each) { return m_with.lists.isHidden(each); });
+    ids->resize(std::min(ids->size(), mostTasks));
     QString tasks;
     const Result<void> read =
         KWCoreDataService{m_with.kit.manager()}.sync_perform([&](ObjectContext &context) -> Result<void> {

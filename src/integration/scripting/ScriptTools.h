@@ -8,6 +8,8 @@ class ScriptTools {
 public:
     /// Longer texts are refused.
     static constexpr qsizetype longestText = 10'000;
+    /// What a list answers, at most.
+    static constexpr qsizetype mostTasks = 1000;
 
     ScriptTools(const ScriptSurroundings &with, TaskToolsPort &tasks) : m_with(with), m_tasks(tasks) {}
 
@@ -16,7 +18,7 @@ public:
     Result<QString> add(const ScriptCommandDescription &description) const;
     /// Completes the task of that id and answers it; one that repeats is open again, at its next date.
     Result<QString> complete(const ScriptCommandDescription &description) const;
-    /// The open tasks of the list of that name or id, as `orvane list` shows them.
+    /// The first tasks of the list of that name or id, as `orvane list` shows them.
     Result<QString> list(const ScriptCommandDescription &description) const;
 
 private:
