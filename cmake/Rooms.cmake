@@ -13,6 +13,22 @@ function(orvane_room NAME)
     target_link_libraries(${NAME} PUBLIC ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS} orvane_options)
 endfunction()
 
+# A library that the program loads when it first needs it: `bin/plugins/NAME.so`, see platform/Plugins.h. Of
+# the rooms it USES it sees the headers alone.
+function(orvane_plugin NAME)
+    cmake_parse_arguments(PLUGIN "" "FOLDER" "USES;LINKS" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PLUGIN_FOLDER}/*.cpp ${PLUGIN_FOLDER}/*.h ${PLUGIN_FOLDER}/*.qrc)
+    add_library(${NAME}_plugin MODULE ${sources})
+    foreach(room IN LISTS PLUGIN_USES)
+        target_include_directories(${NAME}_plugin PRIVATE ${CMAKE_BINARY_DIR}/rooms/${room})
+    endforeach()
+    target_link_libraries(${NAME}_plugin PRIVATE ${PLUGIN_LINKS} orvane_options)
+    set_target_properties(${NAME}_plugin PROPERTIES PREFIX "" OUTPUT_NAME ${NAME}
+        LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/plugins)
+    add_dependencies(orvane ${NAME}_plugin)
+    install(TARGETS ${NAME}_plugin LIBRARY DESTINATION lib/orvane COMPONENT ${NAME})
+endfunction()
+
 # A program of test classes. Every `*_test.cpp` below FOLDERS holds one class of its own name, which
 # becomes one test of ctest. PRECOMPILES are headers that most of them include.
 function(orvane_test_program NAME)

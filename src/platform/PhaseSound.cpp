@@ -1,47 +1,38 @@
 #include "platform/PhaseSound.h"
 
 #include "model/settings/KWUserDefaults.h"
-
-#ifdef ORVANE_MULTIMEDIA
+#include "platform/PhaseSoundPlayer.h"
+#include "platform/Plugins.h"
 
 #include <QDir>
-#include <QSoundEffect>
-#include <QTemporaryFile>
-#include <QUrl>
 
-struct PhaseSound::Player {
-    Player()
-    {
-        if (!file.open()) return;
-        file.write(phaseTones());
-        file.flush();
-        effect.setSource(QUrl::fromLocalFile(file.fileName()));
-    }
-    void play() { effect.play(); }
+using namespace Qt::StringLiterals;
 
-    QTemporaryFile file{QDir::tempPath() + QStringLiteral("/orvane-XXXXXX.wav")};
-    QSoundEffect effect;
-};
+namespace {
 
-bool PhaseSound::isPresent() const { return true; }
+std::unique_ptr<QTemporaryFile> fileOfTones()
+{
+    auto file = std::make_unique<QTemporaryFile>(QDir::tempPath() + u"/orvane-XXXXXX.wav"_s);
+    if (!file->open()) return nullptr;
+    file->write(phaseTones());
+    return file->flush() ? std::move(file) : nullptr;
+}
 
-#else
-
-struct PhaseSound::Player {
-    void play() {}
-};
-
-bool PhaseSound::isPresent() const { return false; }
-
-#endif
+} // namespace
 
 PhaseSound::PhaseSound(const KWUserDefaults &defaults) : m_defaults(defaults) {}
 
 PhaseSound::~PhaseSound() = default;
 
+PhaseSoundPlayer *PhaseSound::player() const
+{
+    if (!m_player) m_player = Plugins::load<PhaseSoundPlayer>(u"sound"_s);
+    return *m_player;
+}
+
 void PhaseSound::play()
 {
-    if (!m_defaults.value(Settings::notificationSound)) return;
-    if (!m_player) m_player = std::make_unique<Player>();
-    m_player->play();
+    if (!m_defaults.value(Settings::notificationSound) || !player()) return;
+    if (!m_tones) m_tones = fileOfTones();
+    if (m_tones) player()->play(m_tones->fileName());
 }
