@@ -1,9 +1,11 @@
 #include "cli/ListSections.h"
 #include "integration/scripting/KWScriptCommand.h"
+#include "integration/scripting/ScriptJson.h"
 #include "integration/scripting/ScriptSearch.h"
 #include "model/records/KWProject.h"
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
+#include "model/records/RecordJson.h"
 #include "model/store/Connection.h"
 
 #include "support/Answers.h"
@@ -15,6 +17,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -114,6 +118,24 @@ private Q_SLOTS:
         QCOMPARE(sectionsOf(*perform("today")), QStringList{u"date Today: High, Low"_s});
         QCOMPARE(sectionsOf(*perform("next7days")),
                  QStringList({u"date High: High"_s, u"date Low: Low, Saturday"_s, u"note Notes: Idea"_s}));
+    }
+
+    void whateverIsInARecordIsReadBackAsItIs()
+    {
+        const QString odd = u"\"quoted\" \\u0041 \t\n\u0001\u0000\u2028 ümläut 牛奶 🥛 </script>"_s;
+        KWTaskModel task = aTask("").dueOn("2030-05-01").model();
+        task.sid = newRecordIdentifier(m_store->clock.now());
+        task.title = task.content = odd;
+        task.tags = {odd, u""_s};
+        task.sortOrder = -5 * KWSortOrderStep;
+        task.estimatedDuration = std::numeric_limits<std::int64_t>::max();
+        task.exDates = {at("2030-05-02 00:00"), Instant::min()};
+        QJsonObject expected = toJson(task);
+        for (const char *each : {"userID", "etag", "syncStatus", "pendingChanges", "isDeleted",
+                                 "serverStartDate", "serverEndDate"})
+            QVERIFY(!expected.take(QLatin1StringView{each}).isUndefined());
+        QCOMPARE(QJsonDocument::fromJson(cx_JSONString(task).toUtf8()).object(), expected);
+        QCOMPARE(cx_JSONString(QJsonValue{0.1}), u"0.1"_s);
     }
 
     void emptySectionsLeaveAnEmptyArray()

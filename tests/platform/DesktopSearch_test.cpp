@@ -94,7 +94,7 @@ private Q_SLOTS:
         const char *const plugin = "krunner/org.orvane.Orvane.desktop";
         QCOMPARE(valueIn(plugin, "Desktop Entry/X-Plasma-DBusRunner-Service"), name);
         QCOMPARE(valueIn(plugin, "Desktop Entry/X-Plasma-DBusRunner-Path"), Runner::path);
-        QCOMPARE(valueIn("dbus/org.orvane.Orvane.service.in", "D-BUS%20Service/Name"), name);
+        QCOMPARE(valueIn("dbus/org.orvane.Orvane.service.in", "D-BUS Service/Name"), name);
     }
 
     void aWindowThatWasClosedComesBack()

@@ -11,8 +11,8 @@ std::optional<QString> KWProjectsScriptCommand::performDefaultImplementation()
     QString lists;
     const Result<void> read =
         KWCoreDataService{kit().manager()}.sync_perform([&](ObjectContext &context) -> Result<void> {
-            lists = cx_JSONString(cx_MTL_JSONArrayFromModels(cx_MTL_modelsFromManagedObjects(
-                KWProject::orderedOpenProjects(kit().account().currentUserID(), context))));
+            lists = cx_MTL_JSONArrayFromModels(cx_MTL_modelsFromManagedObjects(
+                KWProject::orderedOpenProjects(kit().account().currentUserID(), context)));
             return {};
         });
     return KWScriptCommandUtil::answer(read ? Result<QString>{lists} : read.error());

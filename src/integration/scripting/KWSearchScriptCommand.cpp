@@ -11,5 +11,5 @@ std::optional<QString> KWSearchScriptCommand::performDefaultImplementation()
     if (text.userType() != QMetaType::QString || text.toString().isEmpty()) return std::nullopt;
     const auto found = ScriptSearch{with()}.find(text.toString(), ScriptSearch::mostTasks);
     if (!found) return KWScriptCommandUtil::answer(found.error());
-    return cx_JSONString(cx_MTL_JSONArrayFromModels(*found));
+    return cx_MTL_JSONArrayFromModels(*found);
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "model/records/RecordJson.h"
-
-#include <QJsonDocument>
+#include "model/records/JsonCodec.h"
+#include "model/records/RecordFields.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-/// Records as other programs get them: by their own JSON mapping, without the fields that only keep account
-/// of synchronization. The keys are in docs/scripting.md.
+// Records as other programs get them: by their own JSON mapping, without the fields that only keep account of
+// synchronization. The keys are in docs/scripting.md. Texts are written as they come, on one line: objects of
+// their own in between would double the time of an answer.
 
 /// The names of those fields.
 inline constexpr std::array scriptHiddenFields{
@@ -27,26 +27,43 @@ QList<typename Record::Model> cx_MTL_modelsFromManagedObjects(const QList<Record
     return models;
 }
 
+/// Appends a text, number, flag, null or an array of these as JSON (RFC 8259).
+void appendJson(QString &json, const QJsonValue &value);
+
+/// Appends the record as an object, in the order of its field table.
 template <class Twin>
-QJsonObject cx_MTL_JSONDictionaryFromModel(const Twin &model)
+void appendJson(QString &json, const Twin &model)
 {
-    return toJson(model, [](std::string_view name) {
-        return std::ranges::find(scriptHiddenFields, name) == scriptHiddenFields.end();
+    char16_t before = u'{';
+    forEachField<Twin>([&](const auto &each, std::size_t) {
+        if (std::ranges::find(scriptHiddenFields, each.name) != scriptHiddenFields.end()) return;
+        json += QChar{before};
+        json += u'"';
+        json += QLatin1StringView{each.jsonKey.data(), qsizetype(each.jsonKey.size())};
+        json += QLatin1StringView{"\":"};
+        appendJson(json, QJsonValue{json::write(each.of(model))});
+        before = u',';
     });
+    json += u'}';
 }
 
+/// A JSON text of the record or value.
+template <class Value>
+QString cx_JSONString(const Value &value)
+{
+    QString json;
+    appendJson(json, value);
+    return json;
+}
+
+/// The same of an array of them.
 template <class Twin>
-QJsonArray cx_MTL_JSONArrayFromModels(const QList<Twin> &models)
+QString cx_MTL_JSONArrayFromModels(const QList<Twin> &models)
 {
-    QJsonArray array;
-    for (const Twin &each : models)
-        array.append(cx_MTL_JSONDictionaryFromModel(each));
-    return array;
-}
-
-/// On one line.
-template <class Json>
-QString cx_JSONString(const Json &json)
-{
-    return QString::fromUtf8(QJsonDocument{json}.toJson(QJsonDocument::Compact));
+    QString json{u'['};
+    for (const Twin &each : models) {
+        if (json.size() > 1) json += u',';
+        appendJson(json, each);
+    }
+    return json + u']';
 }

@@ -31,7 +31,7 @@ Result<QString> ScriptTools::add(const ScriptCommandDescription &description) co
     if (list.userType() != QMetaType::QString) return Error{KWLocalizedString("The list is no text.")};
     const Result<KWTaskModel> task = m_tasks.addTask(*text, list.toString());
     if (!task) return task.error();
-    return cx_JSONString(cx_MTL_JSONDictionaryFromModel(*task));
+    return cx_JSONString(*task);
 }
 
 Result<QString> ScriptTools::complete(const ScriptCommandDescription &description) const
@@ -48,7 +48,7 @@ Result<QString> ScriptTools::complete(const ScriptCommandDescription &descriptio
     const auto ticked = KWTaskTicker{m_with.kit.manager()}.updateStatus(KWTaskStatusCompleted, {*id});
     if (!ticked) return ticked.error();
     const KWTask *task = find();
-    return task ? cx_JSONString(cx_MTL_JSONDictionaryFromModel(task->model())) : QString{};
+    return task ? cx_JSONString(task->model()) : QString{};
 }
 
 Result<QString> ScriptTools::list(const ScriptCommandDescription &description) const
@@ -62,8 +62,8 @@ Result<QString> ScriptTools::list(const ScriptCommandDescription &description) c
     QString tasks;
     const Result<void> read =
         KWCoreDataService{m_with.kit.manager()}.sync_perform([&](ObjectContext &context) -> Result<void> {
-            tasks = cx_JSONString(
-                cx_MTL_JSONArrayFromModels(cx_MTL_modelsFromManagedObjects(findAll<KWTask>(*ids, context))));
+            tasks =
+                cx_MTL_JSONArrayFromModels(cx_MTL_modelsFromManagedObjects(findAll<KWTask>(*ids, context)));
             return {};
         });
     if (!read) return read.error();

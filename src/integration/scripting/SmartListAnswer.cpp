@@ -11,32 +11,34 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // All at once: a query for each section would take longer.
-QHash<QString, QJsonObject> tasksOf(const QList<SmartListSection> &sections, ObjectContext &context)
+QHash<QString, QString> tasksOf(const QList<SmartListSection> &sections, ObjectContext &context)
 {
     QStringList ids;
     for (const SmartListSection &each : sections)
         ids += each.taskIDs;
-    QHash<QString, QJsonObject> tasks;
-    for (const KWTaskModel &each : cx_MTL_modelsFromManagedObjects(findAll<KWTask>(ids, context)))
-        tasks.insert(each.sid, cx_MTL_JSONDictionaryFromModel(each));
+    QHash<QString, QString> tasks;
+    for (const KWTaskModel &each : context.models<KWTask>(
+             {.where = "isDeleted = 0 AND sid IN (SELECT value FROM json_each(?))", .values = {idList(ids)}}))
+        tasks.insert(each.sid, cx_JSONString(each));
     return tasks;
 }
 
-QJsonArray jsonOf(const QList<SmartListSection> &sections, ObjectContext &context)
+QString jsonOf(const QList<SmartListSection> &sections, ObjectContext &context)
 {
-    const QHash<QString, QJsonObject> tasks = tasksOf(sections, context);
-    QJsonArray array;
+    const QHash<QString, QString> tasks = tasksOf(sections, context);
+    QStringList objects;
     for (const SmartListSection &each : sections) {
-        QJsonArray tasksOfSection;
+        QStringList tasksOfSection;
         for (const QString &id : each.taskIDs)
             if (const auto found = tasks.constFind(id); found != tasks.constEnd())
                 tasksOfSection.append(*found);
         if (tasksOfSection.isEmpty()) continue;
-        array.append(QJsonObject{{u"id"_s, each.isOfNotes ? u"note"_s : u"date"_s},
-                                 {u"name"_s, each.title},
-                                 {u"tasks"_s, tasksOfSection}});
+        const QString id = each.isOfNotes ? u"note"_s : u"date"_s;
+        objects.append(u"{\"id\":"_s + cx_JSONString(QJsonValue{id}) + u",\"name\":"_s +
+                       cx_JSONString(QJsonValue{each.title}) + u",\"tasks\":["_s + tasksOfSection.join(u',') +
+                       u"]}"_s);
     }
-    return array;
+    return u'[' + objects.join(u',') + u']';
 }
 
 } // namespace
@@ -49,7 +51,7 @@ Result<QString> smartListAnswer(const KWSmartProject &list, const ScriptSurround
             const auto sections = with.lists.sections(KWListIdentifier::smartProject(list.identifier()),
                                                       with.kit.account().currentUserID(), context);
             if (!sections) return sections.error();
-            answer = cx_JSONString(jsonOf(*sections, context));
+            answer = jsonOf(*sections, context);
             return {};
         });
     if (!read) return read.error();

@@ -5,23 +5,16 @@
 
 #include <QJsonObject>
 
-/// The record as a JSON object, by its field table; of the fields that `keeps`, told their names, wants.
-template <class Twin, class Keeps>
-QJsonObject toJson(const Twin &twin, const Keeps &keeps)
+/// The record as a JSON object, by its field table.
+template <class Twin>
+QJsonObject toJson(const Twin &twin)
 {
     QJsonObject object;
     forEachField<Twin>([&](const auto &each, std::size_t) {
-        if (!keeps(each.name)) return;
         object.insert(QLatin1StringView{each.jsonKey.data(), qsizetype(each.jsonKey.size())},
                       json::write(each.of(twin)));
     });
     return object;
-}
-
-template <class Twin>
-QJsonObject toJson(const Twin &twin)
-{
-    return toJson(twin, [](std::string_view) { return true; });
 }
 
 /// Takes the fields that `object` has; others stay as they are, and keys that no field has are passed
