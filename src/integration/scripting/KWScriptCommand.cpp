@@ -7,6 +7,7 @@
 #include "integration/scripting/KWTodayScriptCommand.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 

@@ -28,7 +28,7 @@ struct ScriptCommandDescription {
 /// A command that other programs send. One object is one call. Main thread.
 class KWScriptCommand {
 public:
-    /// What is initWithCommandDescription: elsewhere.
+    /// Takes the call; nothing runs yet. `with` outlives the command.
     KWScriptCommand(const ScriptSurroundings &with, ScriptCommandDescription description)
         : m_with(with), m_description(std::move(description))
     {

@@ -2,6 +2,8 @@
 
 #include "integration/scripting/KWScriptCommand.h"
 
+#include <functional>
+
 /// A task in a list of another program.
 struct FoundTask {
     QString id;
