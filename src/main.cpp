@@ -1,5 +1,6 @@
 #include "cli/CommandText.h"
 #include "cli/Commands.h"
+#include "cli/SummaryCommand.h"
 #include "client/DesktopClient.h"
 
 #include <QApplication>
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 
 namespace {
 
@@ -26,7 +28,9 @@ ExitStatus answer(const Invocation &invocation, CommandStreams streams)
 
 int runHeadless(const Invocation &invocation, int &argc, char **argv)
 {
-    const QCoreApplication application{argc, argv};
+    if (needsGuiApplication(invocation)) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> application{
+        needsGuiApplication(invocation) ? new QGuiApplication{argc, argv} : new QCoreApplication{argc, argv}};
     QTextStream out{stdout};
     QTextStream err{stderr};
     const ExitStatus status = answer(invocation, {std::cin, out, err});

@@ -10,6 +10,7 @@
 #include "cli/ScriptCommand.h"
 #include "cli/StatusCommand.h"
 #include "cli/StoreCommands.h"
+#include "cli/SummaryCommand.h"
 #include "cli/TimeArgument.h"
 #include "corvexkit/time/SystemClock.h"
 #include "integration/scripting/KWScriptCommand.h"
@@ -68,6 +69,7 @@ ExitStatus run(const Invocation &invocation, OrvaneKit &kit, CommandStreams stre
     const ChangeReport report{kit};
     if (invocation.command == u"add") return runAdd(invocation, kit, streams);
     if (invocation.command == u"list") return runList(invocation, kit, streams);
+    if (invocation.command == u"summary") return runSummary(invocation, kit, streams);
     if (isScriptCommand(invocation.command)) return runScriptCommand(invocation, kit, streams);
     if (invocation.command == u"backup") return runBackup(invocation, kit, streams);
     if (invocation.command == u"export") return runExport(invocation, kit, streams);

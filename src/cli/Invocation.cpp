@@ -39,8 +39,8 @@ constexpr Option options[] = {
      .flag = &Invocation::isRightToLeft,
      .commands = noCommand,
      .needsPicture = true},
-    {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
-    {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list today next7days"},
+    {.name = "--list"_L1, .value = &Invocation::list, .commands = "add summary"},
+    {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list today next7days summary"},
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
     {.name = "--start"_L1, .value = &Invocation::start, .commands = "occurrences"},
     {.name = "--rule"_L1, .value = &Invocation::rule, .commands = "occurrences"},
@@ -48,9 +48,12 @@ constexpr Option options[] = {
     {.name = "--exdate"_L1, .values = &Invocation::exdates, .commands = "occurrences"},
     {.name = "--from"_L1,
      .value = &Invocation::from,
-     .commands = "occurrences today next7days search projects pomo"},
-    {.name = "--to"_L1, .value = &Invocation::to, .commands = "occurrences"},
+     .commands = "occurrences today next7days search projects pomo summary"},
+    {.name = "--to"_L1, .value = &Invocation::to, .commands = "occurrences summary"},
     {.name = "--limit"_L1, .value = &Invocation::limit, .commands = "occurrences"},
+    {.name = "--group"_L1, .value = &Invocation::group, .commands = "summary"},
+    {.name = "--format"_L1, .value = &Invocation::format, .commands = "summary"},
+    {.name = "--out"_L1, .value = &Invocation::out, .commands = "summary"},
     {.name = "--stdin"_L1, .flag = &Invocation::readsStandardInput, .commands = "add occurrences"},
     {.name = "--json"_L1, .flag = &Invocation::answersJson, .commands = "add list"},
     {.name = "--window"_L1, .flag = &Invocation::opensWindow, .commands = "add"},
@@ -94,6 +97,15 @@ constexpr Command commands[] = {
     {"pomo"_L1, "orvane pomo [--from NAME] SECONDS\n"
                 "    Starts a Pomo of that length in the client that is open; 0 is the length of the\n"
                 "    preferences. Nothing happens while focus is switched off or under way.\n"},
+    {"summary"_L1,
+     "orvane summary [--from DAY] [--to DAY] [--list NAME] [--group day|list|status]\n"
+     "               [--format md|html|pdf] [--out FILE]\n"
+     "    Tells what was done in some days and what is planned in them, with focus and habits; without\n"
+     "    days, of this week.\n"
+     "    --from DAY, --to DAY  both included, such as 2030-05-01; one alone goes to today\n"
+     "    --list NAME           of one list only\n"
+     "    --format              Markdown, unless FILE ends in .html or .pdf\n"
+     "    --out FILE            writes the file instead of standard output\n"},
     {"occurrences"_L1,
      "orvane occurrences --start ISO --rule RULE [--zone TZID] [--all-day] [--exdate ISO]…\n"
      "                   --from ISO --to ISO [--limit N]\n"
@@ -129,14 +141,15 @@ constexpr const char *programUsage =
     "       [--send-diagnostics] [orvane://…]\n"
     "    Opens the client. --demo opens a throw-away folder with a small account; together with --home\n"
     "    it fills that folder. --send-diagnostics packs what helps to find a fault.\n"
-    "orvane add|list|occurrences|done|undo|backup|restore|export|import …\n"
+    "orvane add|list|summary|occurrences|done|undo|backup|restore|export|import …\n"
     "orvane today|next7days|search|projects|pomo …\n"
     "    See `orvane COMMAND --help`.\n"
     "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
     "       [--text-size PERCENT] [--right-to-left]\n"
     "    Renders a page of the account to a PNG: welcome, inbox, today, tomorrow, next7days, all,\n"
-    "    assigned, completed, abandoned, trash, list:NAME, tag:NAME, filter:NAME, edit-filter:NAME,\n"
-    "    search:TEXT, palette:TEXT, quick-add, quick-add:TEXT, detail, schedule, preferences,\n"
+    "    assigned, completed, abandoned, trash, summary, list:NAME, tag:NAME, filter:NAME,\n"
+    "    edit-filter:NAME, search:TEXT, palette:TEXT, quick-add, quick-add:TEXT, detail, schedule, "
+    "preferences,\n"
     "    preferences:PAGE, calendar-day, calendar-week or calendar-month (of these also with :crowded,\n"
     "    :more, :shown or :tray), calendar:NAME, habits, habit-detail, habit-day, edit-habit, focus,\n"
     "    focus:running, focus:picker, focus:records or focus:window.\n"
@@ -247,8 +260,8 @@ private:
         if (all.command == u"occurrences") return contradictionOfOccurrences();
         if (all.command == u"search" && all.arguments.isEmpty())
             return Error{commandText("What is to be found? Give its words.")};
-        const bool takesNothing =
-            all.command == u"today" || all.command == u"next7days" || all.command == u"projects";
+        const bool takesNothing = all.command == u"summary" || all.command == u"today" ||
+                                  all.command == u"next7days" || all.command == u"projects";
         if (takesNothing && !all.arguments.isEmpty())
             return Error{commandText("“%1” does not belong to this command.").arg(all.arguments.first())};
         if (all.readsStandardInput && !all.isDryRun)

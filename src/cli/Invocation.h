@@ -26,6 +26,9 @@ struct Invocation {
     QString from; ///< where occurrences begin; or the program that calls a command for scripts
     QString to;
     QString limit;
+    QString group;
+    QString format;
+    QString out;
     QStringList exdates; ///< as often as given
     QString page;
     QString theme;

@@ -5,6 +5,7 @@
 #include "model/store/OutsideChange.h"
 
 #include "support/CaseTable.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QJsonArray>
@@ -279,6 +280,25 @@ private Q_SLOTS:
             QVERIFY2(restored.out.startsWith(u"The store that was there is kept as"),
                      qUtf8Printable(restored.err));
             QCOMPARE(orvane(u"list"_s).out, before);
+        }
+    }
+
+    void summariesAreMarkdownHtmlOrPdf()
+    {
+        orvane(u"add Water the plants today"_s);
+        const Answer markdown = orvane(u"summary --group status"_s);
+        QVERIFY2(markdown.out.contains(u"\n## Open\n\n- [ ] Water the plants — Inbox"),
+                 qPrintable(markdown.out));
+        QVERIFY(!orvane(u"summary --to 2001-01-01 --from 2001-01-02"_s).out.contains(u"Water"));
+        QVERIFY(orvane(u"summary --format html"_s).out.startsWith(u"<!DOCTYPE html>"));
+        for (const char *name : {"week.md", "week.html", "week.pdf"}) {
+            const QString file = m_home->filePath(QString::fromLatin1(name));
+            const Answer written = orvane(u"summary --out "_s + file);
+            QCOMPARE(written.status, 0);
+            QCOMPARE(written.out, QString{});
+            QVERIFY(bytesOf(file).startsWith(file.endsWith(u".pdf")  ? "%PDF-"
+                                             : file.endsWith(u".md") ? "# "
+                                                                     : "<!"));
         }
     }
 
