@@ -27,7 +27,7 @@ QString LaunchRequest::userInfo() const
 {
     QStringList facts{u"cause = "_s + nameOf(cause)};
     for (const QString &link : links)
-        facts << u"link = "_s +
-                     QUrl{link}.toString(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo);
+        facts << u"link = "_s + QUrl{link}.toString(QUrl::RemoveQuery | QUrl::RemoveFragment |
+                                                    QUrl::RemoveUserInfo | QUrl::FullyEncoded);
     return facts.join(u"; "_s);
 }

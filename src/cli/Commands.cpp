@@ -120,6 +120,9 @@ ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
     if (invocation.command == u"pomo") return runPomo(invocation, home.folders(), streams);
     if (invocation.command == u"restore") return runRestore(invocation, home.folders(), clock, streams);
     const OrvaneKit::Opening opening = OrvaneKit::open(home.folders(), clock);
+    // Other programs are answered nothing where the client would answer nothing.
+    if (!opening.kit && isScriptCommand(invocation.command) && opening.problem == StoreProblem::NewerVersion)
+        return ExitStatus::Done;
     if (!opening.kit) return failWith(opening.sentence, ExitStatus::CouldNot, streams.err);
     if (const Result<void> prepared = prepareAccount(invocation, *opening.kit); !prepared)
         return failWith(prepared.error().sentence, ExitStatus::CouldNot, streams.err);

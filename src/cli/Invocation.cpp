@@ -96,7 +96,8 @@ constexpr Command commands[] = {
                     "    Answers your lists as JSON, in their order.\n"},
     {"pomo"_L1, "orvane pomo [--from NAME] SECONDS\n"
                 "    Starts a Pomo of that length in the client that is open; 0 is the length of the\n"
-                "    preferences. Nothing happens while focus is switched off or under way.\n"},
+                "    preferences. Nothing happens, and nothing is said, while focus is switched off or\n"
+                "    under way, or nobody is signed in.\n"},
     {"summary"_L1,
      "orvane summary [--from DAY] [--to DAY] [--list NAME] [--group day|list|status]\n"
      "               [--format md|html|pdf] [--out FILE]\n"

@@ -58,6 +58,8 @@ private Q_SLOTS:
         JsApiUniversal api{[&toasts](const QString &text) { toasts.append(text); }};
         QCOMPARE(api.toast(u"Done"_s), QString{});
         QCOMPARE(toasts, QStringList{u"Done"_s});
+        QCOMPARE(api.toast(QString(10'000'000, u'x')), QString{});
+        QCOMPARE(toasts.last().size(), 301); // with what tells that it goes on
         const QJsonObject device = QJsonDocument::fromJson(api.getDeviceInfo({}).toUtf8()).object();
         QCOMPARE(device[u"version"_s].toString(), QCoreApplication::applicationVersion());
         QVERIFY(!device[u"system"_s].toString().isEmpty());

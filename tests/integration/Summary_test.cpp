@@ -167,7 +167,7 @@ private Q_SLOTS:
         });
         QCOMPARE(written("{\"fields\": [\"text\", \"habits\"]}"),
                  u"# Monday 29 April – Sunday 5 May 2030\n"
-                 "\n## Wednesday 1 May\n\n- [ ] Untitled\n  - One\n  - - two\n"
+                 "\n## Wednesday 1 May\n\n- [ ] Untitled\n  - One\n  - \\- two\n"
                  "\n## Habits\n\n- Drink water — 2 days, 17 cups\n"_s);
     }
 

@@ -45,7 +45,13 @@ private Q_SLOTS:
         row("in quotation marks", u"error x: The list “Gone by now” is gone"_s,
             u"error x: The list *** is gone"_s);
         row("in straight ones", u"error x: near \"any title\": syntax"_s, u"error x: near ***: syntax"_s);
-        row("a link", u"info x: orvane://add?title=Anything and more"_s, u"info x: orvane:*** and more"_s);
+        row("a link", u"info x: orvane://add?title=Anything and more"_s, u"info x: orvane:***"_s);
+        row("a mark in a quotation", u"error x: The list “A ” b” and “c” is gone"_s,
+            u"error x: The list *** is gone"_s);
+        row("in single ones", u"error x: no 'such thing' here, it isn't"_s,
+            u"error x: no *** here, it isn't"_s);
+        row("over lines", u"2030-05-01T09:00:00.000Z error x: “one\n    two” three"_s,
+            u"2030-05-01T09:00:00.000Z error x: *** three"_s);
         row("the home folder", u"info x: "_s + QDir::homePath() + u"/file"_s, u"info x: ~/file"_s);
         row("a short word", u"info x: Gym"_s, u"info x: Gym"_s);
     }
@@ -73,11 +79,13 @@ private Q_SLOTS:
         QVERIFY(sent(u"only\n"_s).startsWith(u"oldest line\n"_s));
     }
 
-    void worksWithoutAStore()
+    void keepsTheHeadsOfLinesWhereTheStoreCannotBeRead()
     {
         m_store->close();
         write(m_folders.store(), "no store");
-        QCOMPARE(sent(u"info x: y\n"_s), u"info x: y\n"_s);
+        QCOMPARE(
+            sent(u"2030-05-01T09:00:00.000Z info x: y: z\n    w\n2030-05-02T09:00:00.000Z error a: b\n"_s),
+            u"2030-05-01T09:00:00.000Z info x: ***\n2030-05-02T09:00:00.000Z error a: ***\n"_s);
         QVERIFY(QFile::remove(m_folders.store()));
         QCOMPARE(sent(u"info x: y\n"_s), u"info x: y\n"_s);
         QVERIFY(!QFile::exists(m_folders.store()));

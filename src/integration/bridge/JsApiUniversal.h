@@ -17,7 +17,7 @@ public:
     }
 
 public Q_SLOTS: // named by pages
-    /// Shows the text for a while.
+    /// Shows the beginning of the text for a while.
     QString toast(const QString &text);
     /// KWHTTPManager::deviceInfo()
     QString getDeviceInfo(const QString &unused);

@@ -2,6 +2,8 @@
 
 #include "integration/scripting/KWScriptCommandUtil.h"
 
+#include <utility>
+
 namespace {
 
 std::optional<std::int64_t> wholeNumber(const QVariant &value)
@@ -26,7 +28,8 @@ std::optional<QString> KWPomoScriptCommand::performDefaultImplementation()
     if (!KWScriptCommandUtil::begin(name, description(), with())) return std::nullopt;
     const std::optional<std::int64_t> seconds = wholeNumber(description().directParameter);
     FocusStartPort &focus = with().focus;
-    if (!seconds || !focus.isPomoEnabled()) return std::nullopt;
+    const bool isInRange = seconds && std::in_range<std::int32_t>(*seconds);
+    if (!isInRange || !focus.isPomoEnabled()) return std::nullopt;
     if (!focus.isPomoRunning() && !focus.isStopWatchRunning()) focus.startPomo(*seconds);
     return std::nullopt;
 }

@@ -7,6 +7,7 @@
 #include "model/text/DayText.h"
 #include "model/text/MarkdownText.h"
 
+#include <cmath>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,8 @@ struct GroupKey {
     }
 };
 
+constexpr qsizetype mostTasks = 3000; // what a person can still read, and a page lay out
+
 QString fullDay(Day day, const QLocale &locale)
 {
     return locale.dayName(dateOf(day).dayOfWeek()) + u' ' + DayText::dayAndFullMonth(day, locale);
@@ -38,6 +41,14 @@ QString lengthText(seconds length, const QLocale &locale)
     if (whole < hours{1}) return inMinutes;
     const QString inHours = KWLocalizedString("%1 h").arg(locale.toString(whole.count() / 60));
     return whole % hours{1} == 0min ? inHours : inHours + u' ' + inMinutes;
+}
+
+// Two digits behind the point at most.
+QString amountText(double amount, const QLocale &locale)
+{
+    const double hundredths = std::round(amount * 100);
+    const int digits = std::fmod(hundredths, 100) == 0 ? 0 : std::fmod(hundredths, 10) == 0 ? 1 : 2;
+    return locale.toString(amount, 'f', digits);
 }
 
 class SummaryWriting {
@@ -53,14 +64,18 @@ public:
         writeTasks();
         if (m_choice.fields.testFlag(Detail::Focus)) writeFocus();
         if (m_choice.fields.testFlag(Detail::Habits)) writeHabits();
-        if (m_content.tasks.empty() && m_content.habits.empty() && m_content.focused == 0s)
+        if (!m_hasAnything)
             m_text +=
                 u'\n' + KWLocalizedString("Nothing was done in these days, and nothing is planned.") + u'\n';
         return m_text;
     }
 
 private:
-    void heading(const QString &text) { m_text += u"\n## "_s + escaped(text) + u"\n\n"_s; }
+    void heading(const QString &text)
+    {
+        m_text += u"\n## "_s + escaped(text) + u"\n\n"_s;
+        m_hasAnything = true;
+    }
 
     GroupKey keyOf(const SummaryTask &task) const
     {
@@ -85,8 +100,15 @@ private:
         for (const auto &[key, tasks] : sections) {
             heading(key.heading);
             for (const SummaryTask *each : tasks)
-                writeTask(*each);
+                if (m_written++ < mostTasks) writeTask(*each);
+            if (m_written > mostTasks) return writeRest();
         }
+    }
+
+    void writeRest()
+    {
+        const qsizetype rest = qsizetype(m_content.tasks.size()) - mostTasks;
+        m_text += u'\n' + KWLocalizedString("… and %1 more tasks").arg(m_locale.toString(rest)) + u'\n';
     }
 
     void writeTask(const SummaryTask &task)
@@ -155,7 +177,7 @@ private:
                                      : KWLocalizedString("%1 days").arg(m_locale.toString(each.doneDays));
             m_text += u"- "_s + escaped(each.name) + u" — "_s + done;
             if (each.amount > 0)
-                m_text += u", "_s + m_locale.toString(each.amount, 'g', 6) + u' ' + escaped(each.unit);
+                m_text += u", "_s + amountText(each.amount, m_locale) + u' ' + escaped(each.unit);
             m_text = m_text.trimmed() + u'\n';
         }
     }
@@ -165,6 +187,8 @@ private:
     const CXTimeZone &m_zone;
     const QLocale &m_locale;
     QString m_text;
+    bool m_hasAnything = false;
+    qsizetype m_written = 0;
 };
 
 } // namespace

@@ -4,7 +4,9 @@
 #include "integration/summary/SummaryMarkdown.h"
 #include "integration/summary/SummaryReader.h"
 #include "model/OrvaneKit.h"
+#include "model/events/NotificationNames.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
 #include "model/records/KWUserSettings.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
@@ -101,7 +103,14 @@ QString pageOf(const SummaryContent &content, const CXTimeZone &zone)
 
 } // namespace
 
-SummaryPageApi::SummaryPageApi(OrvaneKit &kit, QObject *parent) : JsApiHandleObject(parent), m_kit(kit) {}
+SummaryPageApi::SummaryPageApi(OrvaneKit &kit, QObject *parent)
+    : JsApiHandleObject(parent)
+    , m_kit(kit)
+    , m_registration(kit.bus().registerEventBus([this](const StoreChange &) { Q_EMIT summaryChanged({}); }))
+    , m_newDay(kit.center().addObserver(KWNewDayComesNotification,
+                                        [this](const auto &) { Q_EMIT summaryChanged({}); }))
+{
+}
 
 QString SummaryPageApi::openSummary(const QString &)
 {
@@ -109,7 +118,9 @@ QString SummaryPageApi::openSummary(const QString &)
     QJsonArray lists;
     for (const KWProject *each : KWProject::findProjectsOfUser(userID, ProjectScope::Open, m_kit.context()))
         if (!each->isNoteKind())
-            lists.append(QJsonObject{{u"id"_s, each->sid()}, {u"name"_s, each->model().name}});
+            lists.append(QJsonObject{
+                {u"id"_s, each->sid()},
+                {u"name"_s, each->isInbox() ? KWSmartProject::inbox().displayName() : each->model().name}});
     const QByteArray kept = m_kit.defaults().value(Settings::summaryChoice, userID).toUtf8();
     return textOf({{u"texts"_s, textsOfPage()},
                    {u"lists"_s, lists},
@@ -125,21 +136,35 @@ QString SummaryPageApi::requestSummary(const QString &text)
     if (userID.isEmpty()) return {};
     const SummaryChoice choice = choiceOf(document.object(), m_kit);
     m_kit.defaults().set(Settings::summaryChoice, textOf(choice.toJson()), userID);
+    if (m_isReading)
+        m_next = choice;
+    else
+        read(choice);
+    return {};
+}
 
+void SummaryPageApi::read(const SummaryChoice &choice)
+{
+    m_isReading = true;
     auto content = std::make_shared<SummaryContent>();
     KWCoreDataService{m_kit.manager()}.async_perform(
-        [choice, userID, content](ObjectContext &context) -> Result<void> {
-            auto read = readSummary(choice, userID, context);
-            if (!read) return read.error();
-            *content = std::move(*read);
+        [choice, userID = m_kit.account().currentUserID(), content](ObjectContext &context) -> Result<void> {
+            auto summary = readSummary(choice, userID, context);
+            if (!summary) return summary.error();
+            *content = std::move(*summary);
             return {};
         },
-        [self = QPointer{this}, content, request = ++m_requests](const Result<void> &done) {
-            if (!self || request != self->m_requests) return;
-            Q_EMIT self->summaryRead(done ? pageOf(*content, self->m_kit.clock().zone())
-                                          : textOf({{u"error"_s, done.error().sentence}}));
+        [self = QPointer{this}, content](const Result<void> &done) {
+            if (self) self->finish(*content, done);
         });
-    return {};
+}
+
+void SummaryPageApi::finish(const SummaryContent &content, const Result<void> &done)
+{
+    m_isReading = false;
+    if (const auto next = std::exchange(m_next, std::nullopt)) return read(*next);
+    Q_EMIT summaryRead(done ? pageOf(content, m_kit.clock().zone())
+                            : textOf({{u"error"_s, done.error().sentence}}));
 }
 
 QString SummaryPageApi::htmlOfMarkdown(const QString &markdown)

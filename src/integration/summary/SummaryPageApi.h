@@ -1,9 +1,12 @@
 #pragma once
 
 #include "integration/bridge/JsApiHandleObject.h"
+#include "integration/summary/SummaryChoice.h"
+#include "model/events/KWEventBus.h"
 #include "model/events/KWNotificationCenter.h"
 
 class OrvaneKit;
+struct SummaryContent;
 
 /// What our own page of the summary asks besides JsApiSummary: what there is to choose, and the summary of a
 /// choice, which is read in the background. The choice is kept for the next time. Main thread.
@@ -30,9 +33,17 @@ public Q_SLOTS: // named by pages
 Q_SIGNALS:
     /// A JSON object of texts: "title", "markdown" and "html"; or one with the sentence "error".
     void summaryRead(const QString &summary);
+    /// Another answer would come now: what it tells of has changed, or the day has. The text is empty.
+    void summaryChanged(const QString &unused);
 
 private:
+    void read(const SummaryChoice &choice);
+    void finish(const SummaryContent &content, const Result<void> &done);
+
     OrvaneKit &m_kit;
     bool m_canInsert = false;
-    int m_requests = 0;
+    bool m_isReading = false;
+    std::optional<SummaryChoice> m_next; // asked for meanwhile
+    KWEventBus::Registration m_registration;
+    KWNotificationCenter::Observation m_newDay;
 };

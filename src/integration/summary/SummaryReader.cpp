@@ -4,6 +4,7 @@
 #include "model/records/KWHabit.h"
 #include "model/records/KWHabitCheckin.h"
 #include "model/records/KWProject.h"
+#include "model/records/KWSmartProject.h"
 #include "model/records/KWTag.h"
 #include "model/records/KWTask.h"
 #include "model/store/FocusRows.h"
@@ -54,7 +55,9 @@ private:
         int place = 0;
         for (const KWProject *each :
              KWProject::findProjectsOfUser(m_userID, ProjectScope::OpenAndClosed, m_context))
-            m_lists.insert(each->sid(), {each->model().name, place++});
+            m_lists.insert(
+                each->sid(),
+                {each->isInbox() ? KWSmartProject::inbox().displayName() : each->model().name, place++});
         for (const KWTag *each : KWTag::findTagsOfUser(m_userID, m_context))
             m_tagLabels.insert(each->model().name, each->model().label);
     }
@@ -88,8 +91,7 @@ private:
                 take(*each, each->model().completionDate);
         if (m_choice.statuses.testFlag(SummaryChoice::Status::Open))
             for (const KWTask *each : KWTaskFinder::fetchAllOfUser(
-                     owner, {}, m_from, m_to,
-                     TaskInclusion::Overdue | TaskInclusion::Repeating | TaskInclusion::HiddenProjects,
+                     owner, {}, m_from, m_to, TaskInclusion::Repeating | TaskInclusion::HiddenProjects,
                      m_context))
                 take(*each, each->model().startDate);
     }

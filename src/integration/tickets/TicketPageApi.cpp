@@ -25,3 +25,10 @@ QString TicketPageApi::copyReport(const QString &report)
     m_pasteboard.setPlainText(report);
     return {};
 }
+
+QString TicketPageApi::prepareLog(const QString &)
+{
+    if (const PrepareLog prepare = std::exchange(m_prepareLog, nullptr))
+        prepare([this] { Q_EMIT logPrepared({}); });
+    return {};
+}

@@ -37,12 +37,40 @@ QByteArray newestLines(const DataFolders &folders)
     return lineEnd < 0 ? QByteArray{} : lines.mid(lineEnd + 1);
 }
 
-QString withoutQuotations(QString log)
+// A line that does not begin with a time goes on with the one before.
+QStringList entriesOf(const QString &log)
+{
+    static const QRegularExpression begin{u"^(?=\\d{4}-\\d\\d-\\d\\dT)"_s,
+                                          QRegularExpression::MultilineOption};
+    return log.split(begin, Qt::SkipEmptyParts);
+}
+
+// From the first mark of an entry to its last one: what is quoted may hold such marks itself, and lines.
+QString withoutQuotations(QString entry)
 {
     static const QRegularExpression quotations{
-        uR"(“[^”\n]*”|„[^“”\n]*[“”]|«[^»\n]*»|「[^」\n]*」|"[^"\n]*"|(?<=orvane:)[^\s\]]+)"_s};
-    static_assert(removed.size() == 3);
-    return log.replace(quotations, removed.toString());
+        u"“.*”|„.*[“”]|‘.*’|«.*»|‹.*›|「.*」|『.*』|\".*\"|(?<=[\\s(])'.*'"_s,
+        QRegularExpression::DotMatchesEverythingOption};
+    static const QRegularExpression link{u"(?<=orvane:)[^\n]+"_s};
+    return entry.replace(quotations, removed.toString()).replace(link, removed.toString());
+}
+
+QString withoutQuotations(const QStringList &entries)
+{
+    QString log;
+    for (const QString &each : entries)
+        log += withoutQuotations(each);
+    return log;
+}
+
+// Time, level and category of each entry.
+QString headsOf(const QStringList &entries)
+{
+    static const QRegularExpression head{u"^\\S+ \\w+ [\\w.]+: "_s};
+    QString log;
+    for (const QString &each : entries)
+        log += head.match(each).captured() + removed.toString() + u'\n';
+    return log;
 }
 
 /// Whether a text may stand in the log, found out in no time for most of those that do not.
@@ -56,7 +84,16 @@ public:
             begin = end;
         }
     }
-    bool mayHold(QStringView text) const { return m_words.contains(text.first(endOfWord(text, 0))); }
+    bool mayHold(QStringView text) const
+    {
+        for (qsizetype begin = 0; begin < text.size();) {
+            const qsizetype end = endOfWord(text, begin);
+            // The last one may go on there.
+            if (end < text.size() && !m_words.contains(text.sliced(begin, end - begin))) return false;
+            begin = end;
+        }
+        return m_log.contains(text);
+    }
 
 private:
     // Letters of scripts without spaces are words of their own, as is each mark.
@@ -99,16 +136,18 @@ void findOwnTexts(Connection &store, const LogWords &words, QSet<QString> &found
     }
 }
 
-QString withoutOwnTexts(QString log, const DataFolders &folders)
+// None when the store cannot be asked.
+std::optional<QString> withoutOwnTexts(QString log, const DataFolders &folders)
 {
+    if (!QFile::exists(folders.store())) return log;
     QSet<QString> found;
     try {
-        if (!QFile::exists(folders.store())) return log;
         Connection store{folders.store().toStdString(), Connection::Access::ReadWrite};
         store.leaveFileAsItIs();
         findOwnTexts(store, LogWords{log}, found);
     } catch (const SQLite::Exception &exception) {
         sentLogLog.warning(QString::fromUtf8(exception.what()));
+        return std::nullopt;
     }
     QStringList longestFirst{found.begin(), found.end()};
     std::ranges::sort(longestFirst, std::ranges::greater{}, [](const QString &each) { return each.size(); });
@@ -117,11 +156,27 @@ QString withoutOwnTexts(QString log, const DataFolders &folders)
     return log;
 }
 
+QString withoutFolders(QString log, const DataFolders &folders)
+{
+    const QString home = QDir::homePath();
+    for (const QString &each : {folders.data, folders.config, QFileInfo{home}.canonicalFilePath(), home})
+        if (each.size() > 1) log.replace(each, u"~"_s);
+    return log;
+}
+
+QString newestOf(const QString &log)
+{
+    const QByteArray bytes = log.toUtf8();
+    if (bytes.size() <= mostBytes) return log;
+    const qsizetype lineEnd = bytes.indexOf('\n', bytes.size() - mostBytes);
+    return lineEnd < 0 ? QString{} : QString::fromUtf8(bytes.mid(lineEnd + 1));
+}
+
 } // namespace
 
 QString logToSend(const DataFolders &folders)
 {
-    QString log = withoutQuotations(QString::fromUtf8(newestLines(folders)));
-    log.replace(QDir::homePath(), u"~"_s);
-    return withoutOwnTexts(std::move(log), folders);
+    const QStringList entries = entriesOf(QString::fromUtf8(newestLines(folders)));
+    const std::optional<QString> log = withoutOwnTexts(withoutQuotations(entries), folders);
+    return newestOf(log ? withoutFolders(*log, folders) : headsOf(entries));
 }

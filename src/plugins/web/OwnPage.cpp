@@ -26,8 +26,9 @@ OwnPage::OwnPage(QWebEngineProfile &profile, std::function<void(const QUrl &)> o
 
 bool OwnPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
-    if (isMainFrame && url.toString().startsWith(pagesAddress) && type != NavigationTypeFormSubmitted)
-        return true;
+    const QUrl here = this->url();
+    const bool isOwn = url.toString().startsWith(pagesAddress) && (here.isEmpty() || here == url);
+    if (isMainFrame && isOwn && type != NavigationTypeFormSubmitted) return true;
     if (isMainFrame && type == NavigationTypeLinkClicked) leadOut(url);
     return false;
 }

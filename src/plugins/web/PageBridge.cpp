@@ -32,7 +32,7 @@ PageBridge::PageBridge(const QList<QObject *> &handlers, QObject *parent) : QObj
 QString PageBridge::call(const QString &method, const QString &text)
 {
     const auto found = m_methods.constFind(method);
-    if (found == m_methods.cend()) return {};
+    if (found == m_methods.cend() || !found->handler) return {};
     QString answer;
     found->method.invoke(found->handler, Qt::DirectConnection, Q_RETURN_ARG(QString, answer),
                          Q_ARG(QString, text));

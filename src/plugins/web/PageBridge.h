@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QMetaMethod>
 #include <QObject>
+#include <QPointer>
 
 /// The one object that a page sees on the channel: passes its calls on to the handlers, by the bare names of
 /// their methods, and their signals to the page. A name that no handler has answers nothing.
@@ -28,7 +29,7 @@ private Q_SLOTS:
 
 private:
     struct Method {
-        QObject *handler;
+        QPointer<QObject> handler; // it goes before the page when the window does
         QMetaMethod method;
     };
     QHash<QString, Method> m_methods;

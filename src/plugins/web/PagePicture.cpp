@@ -15,7 +15,8 @@ constexpr int highest = 30000; // pixels; what is longer is no picture any more
 constexpr auto betweenTries = 100ms;
 constexpr int mostTries = 50;
 
-// Nothing of the page has been painted while all of it has one colour.
+// Nothing of the page has been painted while all of it has one colour. Where there is more than one, it is
+// whole when it stays as it is.
 bool isBlank(const QImage &picture)
 {
     const QRgb first = picture.pixel(0, 0);
@@ -59,15 +60,15 @@ void PagePicture::measure()
     const int height = int(m_view->page()->contentsSize().height());
     if (height > highest) return end({});
     m_view->resize(m_width, std::max(height, 1));
-    draw(mostTries);
+    draw(mostTries, {});
 }
 
-void PagePicture::draw(int tries)
+void PagePicture::draw(int tries, const QImage &before)
 {
-    QTimer::singleShot(betweenTries, this, [this, tries] {
+    QTimer::singleShot(betweenTries, this, [this, tries, before] {
         const QImage picture = m_view->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        if (!isBlank(picture)) return end(picture);
-        tries > 0 ? draw(tries - 1) : end({});
+        if (!isBlank(picture) && picture == before) return end(picture);
+        tries > 0 ? draw(tries - 1, picture) : end({});
     });
 }
 

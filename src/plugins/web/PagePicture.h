@@ -22,7 +22,7 @@ public:
 
 private:
     void measure();
-    void draw(int tries);
+    void draw(int tries, const QImage &before);
     void end(const QImage &picture);
 
     Done m_done;

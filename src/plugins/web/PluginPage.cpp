@@ -22,6 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int mostRestarts = 3;
+
 // A menu for texts alone: nothing that leads to other pages.
 class PageView final : public QWebEngineView {
 public:
@@ -88,6 +90,11 @@ PluginPage::PluginPage(const WebPageRequest &request, QWidget &parent)
     channel->registerObject(u"bridge"_s, m_bridge.get());
     m_page->setWebChannel(channel);
     m_page->setBackgroundColor(Qt::transparent);
+    // Its process may end; the page is made anew then, but not again and again.
+    QObject::connect(m_page.get(), &QWebEnginePage::renderProcessTerminated, m_view,
+                     [view = m_view, restarts = 0]() mutable {
+                         if (view && restarts++ < mostRestarts) view->reload();
+                     });
     m_view->setPage(m_page.get());
     m_view->load(QUrl{pagesAddress + request.name + u"/index.html"_s});
 }
@@ -124,17 +131,21 @@ void PluginPage::setColors(const QMap<QString, QString> &colors, bool isDark)
 
 bool PluginPage::isReady() const { return m_bridge->isPageReady(); }
 
+// While the page goes it answers what it was asked, with nothing: who asked goes with it.
 void PluginPage::printToPdf(std::function<void(const QByteArray &)> done)
 {
-    m_page->printToPdf(done, QPageLayout{QPageSize{QPageSize::A4},
-                                         QPageLayout::Portrait,
-                                         {20, 20, 20, 20},
-                                         QPageLayout::Millimeter});
+    const QPageLayout paper{
+        QPageSize{QPageSize::A4}, QPageLayout::Portrait, {20, 20, 20, 20}, QPageLayout::Millimeter};
+    m_page->printToPdf(
+        [view = m_view, done = std::move(done)](const QByteArray &pdf) {
+            if (view) done(pdf);
+        },
+        paper);
 }
 
 void PluginPage::drawPicture(int width, std::function<void(const QImage &)> done)
 {
-    m_page->toHtml([this, width, done = std::move(done)](const QString &html) {
-        new PagePicture{html, m_page->url(), *m_profile, width, *m_view, done};
+    m_page->toHtml([this, view = m_view, width, done = std::move(done)](const QString &html) {
+        if (view) new PagePicture{html, m_page->url(), *m_profile, width, *view, done};
     });
 }

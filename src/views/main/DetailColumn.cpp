@@ -25,9 +25,12 @@ DetailColumn::DetailColumn(const MainWindowRooms &rooms, MainWindow &window, Bat
                 focus.startOn(FocusTarget::task(taskID), mode);
             });
     connect(&m_task, &TaskDetailController::summaryRequested, this, [this, &rooms] {
-        KWWebViewController::chooseSummary(
-            rooms.kit, rooms.clock, rooms.web, m_window,
-            [this](const QString &markdown) { m_window.detail().insertIntoContent(markdown); });
+        TaskDetailView &view = m_window.detail();
+        KWWebViewController::chooseSummary(rooms.kit, rooms.clock, rooms.web, m_window,
+                                           [&view, task = view.shownTask()](const QString &markdown) {
+                                               return view.shownTask() == task &&
+                                                      view.insertIntoContent(markdown);
+                                           });
     });
     connect(&m_task, &TaskDetailController::linkRequested, this, &DetailColumn::linkRequested);
     connect(&m_task, &TaskDetailController::taskRequested, this, &DetailColumn::showOther);

@@ -150,14 +150,16 @@ void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
     m_page->show();
 }
 
-void TaskDetailView::insertIntoContent(const QString &text)
+bool TaskDetailView::insertIntoContent(const QString &text)
 {
+    if (m_sid.isEmpty() || m_content->isReadOnly()) return false;
     QTextCursor caret = m_content->textCursor();
     const bool isInLine = !caret.atBlockStart();
     caret.insertText((isInLine ? u"\n"_s : QString{}) + text);
     m_content->setTextCursor(caret);
     m_content->setFocus(Qt::OtherFocusReason);
     commitEdits();
+    return true;
 }
 
 void TaskDetailView::showParts(const TaskDetailData &shown)

@@ -2,7 +2,7 @@
 
 KWSummaryViewController::KWSummaryViewController(OrvaneKit &kit, const WebServices &services, WebPane &pane,
                                                  const InsertSummary &insert)
-    : m_export(pane, services.mail)
+    : m_export(pane, services.mail, kit.clock())
     , m_universal([this](const QString &text) { Q_EMIT told(text); })
     , m_summary(m_pasteboard, m_export)
     , m_page(kit)

@@ -5,6 +5,7 @@
 #include "model/settings/KWLocalizedString.h"
 
 #include <QApplication>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -12,14 +13,29 @@ namespace {
 
 // What the page for a report may call, for as long as its window is there.
 struct TicketHandlers : QObject {
-    TicketHandlers(const DataFolders &folders, PageWindow &window)
+    TicketHandlers(KWCoreDataManager &toRead, const DataFolders &folders, PageWindow &window)
         : QObject(&window)
+        , manager(toRead)
         , universal([&window](const QString &text) { window.showMessage(text); })
-        , tickets([folders] { return logToSend(folders); })
-        , page(pasteboard)
+        , tickets([this, folders] { return log.isNull() ? logToSend(folders) : log; })
+        , page(pasteboard, [this, folders](std::function<void()> done) {
+            auto read = std::make_shared<QString>();
+            KWCoreDataService{manager}.async_perform(
+                [folders, read](ObjectContext &) -> Result<void> {
+                    *read = logToSend(folders);
+                    return {};
+                },
+                [self = QPointer{this}, read, done = std::move(done)](const Result<void> &) {
+                    if (!self) return;
+                    self->log = *read;
+                    done();
+                });
+        })
     {
     }
 
+    KWCoreDataManager &manager;
+    QString log; // once it is read
     Pasteboard pasteboard;
     JsApiUniversal universal;
     JsApiTickets tickets;
@@ -28,13 +44,14 @@ struct TicketHandlers : QObject {
 
 } // namespace
 
-void KWWebViewController::showTickets(OrvaneKit &kit, CXClock &clock, const WebServices &services)
+void KWWebViewController::showTickets(OrvaneKit &kit, CXClock &clock, const WebServices &services,
+                                      QWidget *parent)
 {
     for (QWidget *each : QApplication::topLevelWidgets())
         if (each->objectName() == u"ticketsWindow") return each->activateWindow();
-    auto *window = new PageWindow{KWLocalizedString("Report a Problem"), clock, QApplication::activeWindow()};
+    auto *window = new PageWindow{KWLocalizedString("Report a Problem"), clock, parent};
     window->setObjectName(u"ticketsWindow"_s);
-    auto *handlers = new TicketHandlers{kit.folders(), *window};
+    auto *handlers = new TicketHandlers{kit.manager(), kit.folders(), *window};
     window->pane().setPage({.name = u"tickets"_s,
                             .handlers = {&handlers->universal, &handlers->tickets, &handlers->page},
                             .openLink = {}},
@@ -43,16 +60,21 @@ void KWWebViewController::showTickets(OrvaneKit &kit, CXClock &clock, const WebS
 }
 
 void KWWebViewController::chooseSummary(OrvaneKit &kit, CXClock &clock, const WebServices &services,
-                                        QWidget &window, const KWSummaryViewController::InsertSummary &insert)
+                                        QWidget &window,
+                                        const std::function<bool(const QString &markdown)> &insert)
 {
     auto *chooser = new PageWindow{KWLocalizedString("Insert Summary"), clock, &window};
     chooser->setWindowModality(Qt::WindowModal);
-    // From the event loop: the page that asked for it goes with the window.
-    const auto insertAndClose = [chooser, insert](const QString &markdown) {
-        insert(markdown);
+    const auto insertOnce = [chooser, insert, isDone = false](const QString &markdown) mutable {
+        if (isDone) return;
+        isDone = insert(markdown);
+        if (!isDone)
+            return chooser->showMessage(KWLocalizedString(
+                "Another task is shown now, or its text may not be changed. Copy the summary instead."));
+        // From the event loop: the page that asked for it goes with the window.
         QMetaObject::invokeMethod(chooser, &QWidget::close, Qt::QueuedConnection);
     };
-    auto *summary = new KWSummaryViewController{kit, services, chooser->pane(), insertAndClose};
+    auto *summary = new KWSummaryViewController{kit, services, chooser->pane(), insertOnce};
     summary->setParent(chooser);
     QObject::connect(summary, &KWSummaryViewController::told, chooser, &PageWindow::showMessage);
     chooser->show();

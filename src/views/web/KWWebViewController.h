@@ -9,11 +9,12 @@
 /// A page in a window of its own. Main thread.
 namespace KWWebViewController {
 
-/// The page for a report to the makers; the one that is open comes to the front.
-void showTickets(OrvaneKit &kit, CXClock &clock, const WebServices &services);
+/// The page for a report to the makers, which goes with `window`; the one that is open comes to the front.
+void showTickets(OrvaneKit &kit, CXClock &clock, const WebServices &services, QWidget *window);
 
-/// The summary, over `window`, with a button that hands its text to `insert` and closes.
+/// The summary, over `window`, with a button that hands its text to `insert` and closes. What `insert` does
+/// not take stays in the window, which says so.
 void chooseSummary(OrvaneKit &kit, CXClock &clock, const WebServices &services, QWidget &window,
-                   const KWSummaryViewController::InsertSummary &insert);
+                   const std::function<bool(const QString &markdown)> &insert);
 
 } // namespace KWWebViewController

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int pictureWidth = 800; // pixels
+constexpr auto betweenMails = std::chrono::seconds{2};
 
 } // namespace
 
@@ -40,7 +41,7 @@ QString SummaryExport::exportPNG()
         self->m_isBusy = false;
         if (picture.isNull())
             return Q_EMIT self->told(
-                KWLocalizedString("The summary is too long for one picture; a PDF holds it."));
+                KWLocalizedString("The picture could not be drawn; a PDF holds a summary of any length."));
         self->askWhere(name, KWLocalizedString("Picture (*.png)"),
                        [picture](QIODevice &file) { return picture.save(&file, "PNG"); });
     });
@@ -49,6 +50,9 @@ QString SummaryExport::exportPNG()
 
 QString SummaryExport::exportMail(const QString &title, const QString &summary)
 {
+    // A mail program takes its time; nobody asks for a second mail before it is there.
+    if (m_lastMail && m_clock.now() < *m_lastMail + betweenMails) return {};
+    m_lastMail = m_clock.now();
     if (m_mail.composeText(title, summary)) return {};
     const QString sentence = KWLocalizedString("No mail program could be opened for this summary.");
     Q_EMIT told(sentence);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "corvexkit/time/CXClock.h"
 #include "integration/bridge/BridgePorts.h"
 
 #include <QObject>
@@ -13,8 +14,11 @@ class SummaryExport final : public QObject, public SummaryExporterPort {
     Q_OBJECT
 
 public:
-    /// Both outlive it.
-    SummaryExport(WebPane &pane, MailPort &mail) : m_pane(pane), m_mail(mail) {}
+    /// All outlive it.
+    SummaryExport(WebPane &pane, MailPort &mail, const CXClock &clock)
+        : m_pane(pane), m_mail(mail), m_clock(clock)
+    {
+    }
 
     void exportPdf() override;
     QString exportPNG() override;
@@ -29,5 +33,7 @@ private:
 
     WebPane &m_pane;
     MailPort &m_mail;
+    const CXClock &m_clock;
+    std::optional<Instant> m_lastMail;
     bool m_isBusy = false;
 };

@@ -45,11 +45,11 @@ void WebPane::open()
 
 void WebPane::explain()
 {
-    auto *words =
-        makePlainLabel(KWLocalizedString("Pages such as this one are shown by a part of Orvane that "
-                                         "is not installed. Install the package “orvane-web” "
-                                         "and start Orvane anew."),
-                       Fonts::Role::Body, QPalette::PlaceholderText);
+    auto *words = makePlainLabel(
+        KWLocalizedString("Pages such as this one are shown by a part of Orvane that is not here, "
+                          "or does not start. Install the package “orvane-web” and start "
+                          "Orvane anew."),
+        Fonts::Role::Body, QPalette::PlaceholderText);
     words->setObjectName(u"webPaneMissing"_s);
     words->setWordWrap(true);
     words->setAlignment(Qt::AlignCenter);

@@ -11,6 +11,8 @@ let title = '';
 let written = '';       // the Markdown as the client wrote it
 let isEditing = false;
 let waitingChoice = ''; // for the answer whether an edited text may go
+let shownChoice = '';   // what the text below was written for
+let askedText = '';     // what stood in the field when the client was asked
 
 const isEdited = () => field.value !== written;
 
@@ -64,19 +66,22 @@ function showChoice() {
 
 function ask(choice) {
     byId('edited').hidden = true;
+    askedText = field.value;
+    waitingChoice = choice;
     requestSummary(choice);
+}
+
+function askWhetherToWriteAnew() {
+    byId('edited').hidden = false;
+    byId('keep').focus();
 }
 
 // What the person has written is not lost without a word.
 function choose() {
     showChoice();
     waitingChoice = JSON.stringify(choiceOfForm());
-    if (isEdited()) {
-        byId('edited').hidden = false;
-        byId('keep').focus();
-    } else {
-        ask(waitingChoice);
-    }
+    if (isEdited()) askWhetherToWriteAnew();
+    else ask(waitingChoice);
 }
 
 async function showPreview() {
@@ -117,6 +122,8 @@ async function copy(how) {
 window.addEventListener('summaryRead', event => {
     const summary = JSON.parse(event.detail);
     if (summary.error !== undefined) return toast(summary.error);
+    if (field.value !== askedText) return askWhetherToWriteAnew(); // typed meanwhile
+    shownChoice = waitingChoice;
     title = summary.title;
     written = summary.markdown;
     field.value = summary.markdown;
@@ -125,9 +132,18 @@ window.addEventListener('summaryRead', event => {
     tellReady();
 });
 
+// What it is of has changed, or the day has.
+window.addEventListener('summaryChanged', () => {
+    if (!isEdited() && shownChoice !== '') ask(shownChoice);
+});
+
 form.addEventListener('submit', event => event.preventDefault());
 form.addEventListener('change', choose);
-byId('keep').addEventListener('click', () => { byId('edited').hidden = true; (isEditing ? field : article).focus(); });
+byId('keep').addEventListener('click', () => {
+    byId('edited').hidden = true;
+    setChoice(JSON.parse(shownChoice)); // what the text is of
+    (isEditing ? field : article).focus();
+});
 byId('rewrite').addEventListener('click', () => ask(waitingChoice));
 byId('edit').addEventListener('click', () => setEditing(!isEditing));
 byId('copy').addEventListener('click', () => {

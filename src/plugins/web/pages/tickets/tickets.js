@@ -9,6 +9,9 @@ async function fill() {
     for (const element of document.querySelectorAll('[data-text]'))
         element.textContent = texts[element.dataset.text] ?? '';
     report.setAttribute('aria-label', texts.heading);
+    const prepared = new Promise(resolve => window.addEventListener('logPrepared', resolve, {once: true}));
+    await prepareLog('');
+    await prepared;
     const [device, log] = await Promise.all([getDeviceInfo(''), uploadLog('')]);
     report.value = `${device}\n\n${log}`;
     report.scrollTop = report.scrollHeight;
