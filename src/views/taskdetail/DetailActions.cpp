@@ -3,7 +3,7 @@
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
-#include "model/settings/KWPomoSettingsManager.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/store/TaskPermissions.h"
 #include "model/text/DayText.h"
 #include "views/datepicker/ScheduleSurroundings.h"
@@ -176,6 +176,7 @@ void DetailActions::addChanges(QMenu &menu)
     add(isPinned ? tr("Unpin") : tr("Pin"),
         [this, task = QStringList{m_task.sid}, pinning] { m_common.setPinned(task, pinning); });
     add(tr("Attach Files…"), &DetailActions::filesRequested);
+    add(tr("Insert Summary…"), &DetailActions::summaryRequested);
     add(tr("Duplicate"), [this] { duplicate(); });
 }
 
@@ -197,8 +198,7 @@ void DetailActions::addKinds(QMenu &menu)
 
 void DetailActions::addFocus(QMenu &menu)
 {
-    const KWPomoSettingsManager focus{m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()};
-    if (!focus.settings().isPomoEnabled) return;
+    if (!KWPomoSettings::isFocusEnabled(m_kit.account().currentUserID(), m_kit.context())) return;
     QMenu *starts = menu.addMenu(tr("Start Focus"));
     for (const auto &[text, mode] :
          {std::pair{tr("Pomo"), KWFocusTypePomo}, {tr("Stopwatch"), KWFocusTypeStopwatch}})
