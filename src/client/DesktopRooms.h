@@ -7,6 +7,7 @@
 #include "app/LinkOpener.h"
 #include "app/RunningApplication.h"
 #include "app/UserNotificationShares.h"
+#include "app/ports/DiagnosticsPorts.h"
 #include "app/ports/LoginItemPort.h"
 #include "calendar/KWRepeatInstanceService.h"
 #include "calendar/OccurrencesAhead.h"

@@ -6,6 +6,7 @@
 #include "views/theme/ThemeConfigurator.h"
 
 #include <QDesktopServices>
+#include <QLabel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
