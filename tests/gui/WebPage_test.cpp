@@ -103,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(found[u"ownFile"_s].toString(), u"TypeError"_s);
         QCOMPARE(found[u"opened"_s].toBool(), true);
         QCOMPARE(found[u"address"_s].toString(), u"qrc:/orvane/pages/test/index.html"_s);
-        QCOMPARE(links, QList<QUrl>{}); // no person followed one
+        QCOMPARE(links, QList<QUrl>{QUrl{u"https://example.org/away"_s}}); // for the desktop
     }
 
     void copiesStyledText()

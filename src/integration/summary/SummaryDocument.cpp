@@ -13,6 +13,8 @@ namespace {
 constexpr auto dialect =
     QTextDocument::MarkdownFeatures{QTextDocument::MarkdownDialectGitHub} | QTextDocument::MarkdownNoHTML;
 
+constexpr int paperPoints = 10;
+
 // Where `mark` ends; the text's end when it is not there.
 qsizetype endOf(const QString &text, QStringView mark, qsizetype from = 0)
 {
@@ -41,6 +43,7 @@ QString SummaryDocument::htmlPage(const QString &title, const QString &markdown)
 Result<void> SummaryDocument::writePdf(const QString &title, const QString &markdown, const QString &file)
 {
     QTextDocument document;
+    document.setDefaultFont({u"Inter"_s, paperPoints});
     document.setMarkdown(markdown, dialect);
     QSaveFile output{file};
     if (output.open(QIODevice::WriteOnly)) {

@@ -172,13 +172,13 @@ private:
         if (m_content.habits.empty()) return;
         heading(KWLocalizedString("Habits"));
         for (const SummaryHabit &each : m_content.habits) {
-            const QString done = each.doneDays == 1
-                                     ? KWLocalizedString("1 day")
-                                     : KWLocalizedString("%1 days").arg(m_locale.toString(each.doneDays));
-            m_text += u"- "_s + escaped(each.name) + u" — "_s + done;
+            QStringList words;
+            if (each.doneDays == 1) words.append(KWLocalizedString("1 day"));
+            if (each.doneDays > 1)
+                words.append(KWLocalizedString("%1 days").arg(m_locale.toString(each.doneDays)));
             if (each.amount > 0)
-                m_text += u", "_s + amountText(each.amount, m_locale) + u' ' + escaped(each.unit);
-            m_text = m_text.trimmed() + u'\n';
+                words.append((amountText(each.amount, m_locale) + u' ' + escaped(each.unit)).trimmed());
+            m_text += u"- "_s + escaped(each.name) + u" — "_s + words.join(u", "_s) + u'\n';
         }
     }
 

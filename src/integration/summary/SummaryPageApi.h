@@ -1,5 +1,6 @@
 #pragma once
 
+#include "corvexkit/Result.h"
 #include "integration/bridge/JsApiHandleObject.h"
 #include "integration/summary/SummaryChoice.h"
 #include "model/events/KWEventBus.h"

@@ -49,7 +49,7 @@ QStringList entriesOf(const QString &log)
 QString withoutQuotations(QString entry)
 {
     static const QRegularExpression quotations{
-        u"“.*”|„.*[“”]|‘.*’|«.*»|‹.*›|「.*」|『.*』|\".*\"|(?<=[\\s(])'.*'"_s,
+        u"“.*”|„.*[“”]|‘.*’|«.*»|‹.*›|「.*」|『.*』|\".*\"|(?<=[\\s(])'.*'(?=[\\s).,:;]|$)"_s,
         QRegularExpression::DotMatchesEverythingOption};
     static const QRegularExpression link{u"(?<=orvane:)[^\n]+"_s};
     return entry.replace(quotations, removed.toString()).replace(link, removed.toString());

@@ -36,8 +36,8 @@ public:
     void commitEdits();
     /// The id of the task on show, empty for none.
     const QString &shownTask() const { return m_sid; }
-    /// As if it were typed where the caret stands, in lines of its own; Ctrl+Z takes it back. Whether the text
-    /// of the task on show may be changed.
+    /// As if it were typed where the caret stands, in lines of its own; Ctrl+Z takes it back. Whether the
+    /// text of the task on show may be changed.
     bool insertIntoContent(const QString &text);
     /// The title or the text that was handed over last could not be stored. As with items of the checklist
     /// and a subtask, it stays in its field and is handed over again; when another task is shown first, once

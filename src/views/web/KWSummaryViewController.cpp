@@ -1,5 +1,7 @@
 #include "views/web/KWSummaryViewController.h"
 
+#include "model/OrvaneKit.h"
+
 KWSummaryViewController::KWSummaryViewController(OrvaneKit &kit, const WebServices &services, WebPane &pane,
                                                  const InsertSummary &insert)
     : m_export(pane, services.mail, kit.clock())

@@ -31,11 +31,6 @@
         '{"type": 6, "object": "bridge", "method": 9999, "args": [1, 2, 3], "id": 77}',
         '{"type": 6, "object": "nobody", "method": "x", "args": [], "id": 78}'])
         qt.webChannelTransport.send(garbage);
-    const channel = await new Promise(resolve => new QWebChannel(qt.webChannelTransport, resolve));
-    found.objects = Object.keys(channel.objects);
-    found.otherName = await new Promise(resolve => channel.objects.bridge.call('deleteLater', 'x', resolve));
-    found.otherSlot = await new Promise(resolve => channel.objects.bridge.call('setObjectName', 'x', resolve));
-
     for (let i = 0; i < 10000; ++i)
         toast(`${i}`);
     found.busy = await toast('last');
@@ -49,5 +44,10 @@
     location.href = 'https://example.org/away';
     await new Promise(resolve => setTimeout(resolve, 300));
     found.address = location.href;
-    report(JSON.stringify(found));
+    // Another channel takes the place of the first one.
+    const channel = await new Promise(resolve => new QWebChannel(qt.webChannelTransport, resolve));
+    found.objects = Object.keys(channel.objects);
+    found.otherName = await new Promise(resolve => channel.objects.bridge.call('deleteLater', 'x', resolve));
+    found.otherSlot = await new Promise(resolve => channel.objects.bridge.call('setObjectName', 'x', resolve));
+    channel.objects.bridge.call('report', JSON.stringify(found));
 })();
