@@ -22,6 +22,7 @@ function(orvane_plugin NAME)
     foreach(room IN LISTS PLUGIN_USES)
         target_include_directories(${NAME}_plugin PRIVATE ${CMAKE_BINARY_DIR}/rooms/${room})
     endforeach()
+    target_include_directories(${NAME}_plugin PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${NAME}_plugin PRIVATE ${PLUGIN_LINKS} orvane_options)
     set_target_properties(${NAME}_plugin PROPERTIES PREFIX "" OUTPUT_NAME ${NAME}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/plugins)

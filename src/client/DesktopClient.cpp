@@ -43,6 +43,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// What the engine of the plugin `web` needs to find when it is loaded later. Nothing of it is loaded here,
+// and on X11 less than without it: what this program draws needs no OpenGL.
+class WebEngineGround {
+public:
+    WebEngineGround()
+    {
+        QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+        if (m_isOurs) qputenv(integration, "none");
+    }
+    /// The application is made; programs that it starts are not to be like it.
+    void leave() const
+    {
+        if (m_isOurs) qunsetenv(integration);
+    }
+
+private:
+    static constexpr const char *integration = "QT_XCB_GL_INTEGRATION";
+    const bool m_isOurs = !qEnvironmentVariableIsSet(integration);
+};
+
 int fail(const QString &sentence, ExitStatus status)
 {
     QTextStream err{stderr};
@@ -133,7 +153,9 @@ int DesktopClient::run(int &argc, char **argv)
                                 "need none."),
                     ExitStatus::CouldNot);
     FontWarmUp fonts;
+    const WebEngineGround ground;
     const QApplication application{argc, argv};
+    ground.leave();
     QApplication::setDesktopFileName(u"org.orvane.Orvane"_s);
 
     const Result<std::optional<CXTimeZone>> zone = zoneOf(m_invocation);

@@ -25,6 +25,7 @@
 #include "views/preferences/PreferencesWindowController.h"
 #include "views/quickadd/QuickAddController.h"
 #include "views/statusitem/StatusItem.h"
+#include "views/web/KWSummaryViewController.h"
 #include "views/welcome/WelcomeWindowController.h"
 
 class OrvaneKit;
@@ -38,6 +39,8 @@ struct DesktopServices {
     StatusAreaPort &statusArea = absent<StatusAreaPort>();
     FeedDownloadPort &feeds = absent<FeedDownloadPort>();
     FocusSoundPort &focusSound = absent<FocusSoundPort>();
+    MailPort &mail = absent<MailPort>();
+    WebPane::Plugin webPages = [] { return nullptr; };
     /// The zone of the system is in force, and dates follow it; not one that was given for this run.
     bool followsSystemZone = true;
 };
@@ -124,6 +127,7 @@ private:
     UserNotificationShares m_notificationShares;
     FocusRooms m_focus;
     FocusWindowController m_focusWindow;
+    WebServices m_web;
     MainWindowController m_mainWindow;
     WelcomeWindowController m_welcomeWindow;
     KWSignificantTimeChangeObserver m_timeChanges;

@@ -1,11 +1,29 @@
 #include "client/FocusNotifications.h"
 
+#include <QDir>
+#include <QSaveFile>
+#include <QStandardPaths>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString identifier = u"focus"_s;
 const QString click = u"default"_s;
+
+// The desktop reads files. None where it cannot be written: the message comes without it.
+QString picture()
+{
+    const QDir cache{QStandardPaths::writableLocation(QStandardPaths::CacheLocation)};
+    const QString path = cache.filePath(u"pomo_notification.svg"_s);
+    QFile drawn{u":/orvane/icons/pomo_notification.svg"_s};
+    if (QFileInfo{path}.size() == drawn.size()) return path;
+    QSaveFile file{path};
+    const bool isWritten = drawn.open(QIODevice::ReadOnly) && cache.mkpath(u"."_s) &&
+                           file.open(QIODevice::WriteOnly) && file.write(drawn.readAll()) >= 0 &&
+                           file.commit();
+    return isWritten ? path : QString{};
+}
 
 } // namespace
 
@@ -35,7 +53,8 @@ void FocusNotifications::show(const FocusMessage &message)
          .body = message.subtitle,
          .actions = actions,
          // Heard once, not from the desktop as well.
-         .sound = m_sound.isPresent() ? UserNotification::Sound::None : UserNotification::Sound::AsUsual});
+         .sound = m_sound.isPresent() ? UserNotification::Sound::None : UserNotification::Sound::AsUsual,
+         .imagePath = picture()});
     m_sound.play();
 }
 

@@ -5,10 +5,10 @@
 #include "client/FocusNotifications.h"
 #include "corvexkit/stopwatch/Stopwatch.h"
 #include "focus/FocusAssociation.h"
+#include "focus/FocusRecordQueue.h"
 #include "focus/KWFocusRunningManager.h"
 #include "focus/KWPomoRunningManager.h"
 #include "focus/KWStopwatchConfirmManager.h"
-#include "focus/PomoJournal.h"
 #include "focus/StopwatchFile.h"
 #include "focus/StopwatchTerminator.h"
 #include "views/focus/FocusPresenter.h"
@@ -42,7 +42,8 @@ private:
     FocusNotifications m_messages;
     FocusPorts m_ports;
     FocusAssociation m_association;
-    PomoJournal m_journal;
+    FocusJournal m_journal;
+    FocusRecordQueue m_records;
     StopwatchFile m_file;
     Corvex::Focus::Stopwatch m_stopwatch;
     KWPomoRunningManager m_pomo;

@@ -3,6 +3,7 @@
 #include "app/DataCare.h"
 #include "cli/CommandStreams.h"
 #include "cli/DemoAccount.h"
+#include "client/WebPages.h"
 #include "corvexkit/time/SystemClock.h"
 #include "model/settings/KWLocalizedString.h"
 #include "views/alerts/Alert.h"
@@ -121,6 +122,8 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
                // What is shown to others does not depend on the network.
                .feeds = invocation.isDemo ? absent<FeedDownloadPort>() : m_feeds,
                .focusSound = m_focusSound,
+               .mail = m_mail,
+               .webPages = webPagePlugin,
                .followsSystemZone = invocation.zone.isEmpty()})
     , m_dataCare(*m_kit, relaunch)
     , m_damage(m_alerts, m_dataCare)

@@ -15,6 +15,7 @@
 #include "platform/PortalAppearance.h"
 #include "platform/StatusNotifierArea.h"
 #include "platform/SystemTimeZoneWatch.h"
+#include "platform/XdgMail.h"
 #include "views/alerts/AlertPresenter.h"
 #include "views/alerts/NotificationPanel.h"
 #include "views/controls/RestingCaret.h"
@@ -64,6 +65,7 @@ private:
     StatusNotifierArea m_statusArea;
     FeedDownload m_feeds;
     PhaseSound m_focusSound;
+    XdgMail m_mail;
     RestingCaret m_caret;
     DesktopRooms m_rooms;
     AlertPresenter m_alerts;

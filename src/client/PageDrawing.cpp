@@ -2,6 +2,7 @@
 
 #include "cli/CommandText.h"
 #include "client/DesktopRooms.h"
+#include "client/WebPages.h"
 #include "model/OrvaneKit.h"
 #include "views/calendar/CalendarPane.h"
 #include "views/focus/FocusPane.h"
@@ -37,6 +38,19 @@ void finishWork(OrvaneKit &kit)
         kit.manager().threadPool().waitForDone();
     }
     QCoreApplication::processEvents();
+}
+
+// Pages of the web engine are painted by processes of its own. Nothing tells when the last frame is here.
+void waitForPage(const WebPane &pane, const CXClock &clock)
+{
+    constexpr auto longest = std::chrono::seconds{30};
+    constexpr auto lastFrame = std::chrono::milliseconds{500};
+    const Instant end = clock.now() + longest;
+    while (pane.page() && !pane.page()->isReady() && clock.now() < end)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const Instant painted = clock.now() + lastFrame;
+    while (pane.page() && clock.now() < painted)
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
 // A picture shows the detail too: of the first task with a checklist, else of the first one.
@@ -96,7 +110,8 @@ void changeFocus(MainWindow &window, DesktopRooms &rooms, const QString &state)
     FocusRooms &focus = rooms.focus();
     constexpr int secondsRun = 558;
     if (state == u"running" || state == u"window") {
-        const QList<FocusTargetChoice> choices = focus.presenter().choices();
+        OrvaneKit &kit = focus.presenter().kit();
+        const auto choices = focusTargetChoices(kit.account().currentUserID(), {}, kit.context());
         if (!choices.isEmpty()) focus.presenter().startOn(choices.first().target, KWFocusTypePomo);
         for (int i = 0; i < secondsRun; ++i)
             focus.pomo().timerStep();
@@ -150,7 +165,7 @@ void openOver(MainWindow &window, const PicturePage &page, DesktopRooms &rooms)
 Result<void> drawPage(const PicturePage &page, const PictureRequest &request, OrvaneKit &kit, CXClock &clock)
 {
     QCursor::setPos(-1000, -1000); // no row is drawn as pointed at
-    DesktopRooms rooms{kit, clock};
+    DesktopRooms rooms{kit, clock, {.webPages = webPagePlugin}};
     rooms.menu().refreshConfiguration(); // keys are shown
     QWidget *window = nullptr;
     if (page.kind == PicturePage::Kind::Welcome) {
@@ -176,6 +191,7 @@ Result<void> drawPage(const PicturePage &page, const PictureRequest &request, Or
         finishWork(kit);
         selectHabitToShow(main->habitPane());
         openOver(*main, page, rooms);
+        waitForPage(main->summaryPane(), clock);
     }
     finishWork(kit);
     return savePicture(*window, request.file);

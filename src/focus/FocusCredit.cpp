@@ -43,6 +43,11 @@ std::chrono::milliseconds pauseOf(const QList<FocusStretch> &stretches)
     return pause;
 }
 
+std::int64_t pauseSecondsOf(const QList<FocusStretch> &stretches)
+{
+    return std::chrono::round<std::chrono::seconds>(pauseOf(stretches)).count();
+}
+
 QList<FocusCredit> creditsOf(const QList<FocusStretch> &stretches, KWFocusType type, KWPomoStatus status)
 {
     struct Sum {

@@ -1,26 +1,34 @@
 #pragma once
 
-#include "focus/FocusRecordWriter.h"
+#include "focus/FocusJournal.h"
 #include "model/events/KWNotificationCenter.h"
 
 #include <functional>
 
-/// Stores focus sessions at once; those that cannot be stored now are tried again each minute, in their
-/// order, as long as the same user is signed in. Main thread.
+/// Stores focus sessions at once. Those that cannot be stored now wait in the journal and are tried again
+/// each minute, and when their user signs in, until they are stored. Main thread.
 class FocusRecordQueue {
 public:
-    /// The kit outlives it.
-    explicit FocusRecordQueue(OrvaneKit &kit);
+    /// Both outlive it.
+    FocusRecordQueue(OrvaneKit &kit, FocusJournal &journal);
 
-    void store(const FocusRecord &record);
-    /// Hears a sentence about a session that could not be stored at once.
+    /// Of the user who is signed in. When it fails, the session is neither stored nor on disk: it waits only
+    /// as long as the program runs.
+    Result<void> store(const FocusRecord &record);
+    /// The same for any user; one who is not signed in has to sign in first.
+    Result<void> store(const FocusJournal::Session &session);
+    /// What earlier runs could not store.
+    void storeWaiting();
+    /// Hears a sentence when a session cannot be stored, but not at each further try.
     std::function<void(const QString &)> onFailure;
-    bool isEmpty() const { return m_waiting.isEmpty(); }
 
 private:
+    Result<void> tryToStore(const FocusJournal::Session &session);
     Result<void> tryAgain();
+    void tell(const Error &error) const;
 
+    OrvaneKit &m_kit;
+    FocusJournal &m_journal;
     FocusRecordWriter m_writer;
-    QList<FocusRecord> m_waiting;
     std::vector<KWNotificationCenter::Observation> m_observations;
 };

@@ -19,6 +19,7 @@ struct FocusRecord {
     {
         return {.type = type, .status = status, .startDate = startDate};
     }
+    bool operator==(const FocusRecord &) const = default;
 };
 
 /// Stores focus sessions and credits their tasks and habits, one save each. Main thread.

@@ -22,3 +22,5 @@ struct FocusStretch {
 
 /// How long the pauses among them were.
 std::chrono::milliseconds pauseOf(const QList<FocusStretch> &stretches);
+/// The same, rounded.
+std::int64_t pauseSecondsOf(const QList<FocusStretch> &stretches);

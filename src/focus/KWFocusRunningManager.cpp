@@ -3,9 +3,9 @@
 #include "corvexkit/stopwatch/Stopwatch.h"
 #include "focus/FocusAssociation.h"
 #include "focus/FocusMessages.h"
+#include "focus/FocusRecordQueue.h"
 #include "focus/FocusTargetTitle.h"
 #include "focus/KWPomoRunningManager.h"
-#include "focus/PomoJournal.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
 
@@ -17,10 +17,13 @@ KWFocusRunningManager::KWFocusRunningManager(Collaborators with)
     , m_pomo(with.pomo)
     , m_stopwatch(with.stopwatch)
     , m_journal(with.journal)
+    , m_records(with.records)
     , m_ports(with.ports)
 {
     m_observations.push_back(
         m_kit.center().addObserver(KWUserDidSignOutNotification, [this](const auto &) { userDidSignOut(); }));
+    m_observations.push_back(m_kit.center().addObserver(KWUserDidSignInNotification,
+                                                        [this](const auto &) { askAboutLeftPomo(); }));
     m_observations.push_back(m_kit.center().addObserver(KWDataDidChangeOutsideMainAppNotification,
                                                         [this](const auto &) { clearTargetIfGone(); }));
     m_registration = m_kit.bus().registerEventBus([this](const StoreChange &change) {
@@ -31,23 +34,39 @@ KWFocusRunningManager::KWFocusRunningManager(Collaborators with)
 void KWFocusRunningManager::applicationDidFinishLaunching()
 {
     if (isStopwatchBusy()) m_association.setObject(FocusTarget::fromText(m_stopwatch.object()));
+    m_records.storeWaiting();
     askAboutLeftPomo();
 }
 
-// Told apart by the user: another account is not asked.
+// One after the other. Told apart by the user: another account is not asked.
 void KWFocusRunningManager::askAboutLeftPomo()
 {
-    const auto left = m_journal.left();
-    if (!left || left->userID != m_kit.account().currentUserID()) return;
-    const FocusRecord record = left->record();
-    const auto focused = record.endDate - record.startDate - pauseOf(record.stretches);
-    if (focused < FocusLimits::minimumFocus || FocusRecordWriter{m_kit}.isStored(record))
-        return m_journal.clear();
-    m_ports.questions.ask(FocusMessages::leftPomo(std::chrono::round<std::chrono::minutes>(focused)),
-                          [this, entry = *left](int button) {
-                              if (button == 0) m_pomo.storeLeft(entry.record());
-                              if (m_journal.left() == entry) m_journal.clear();
-                          });
+    if (m_isAskingAboutLeftPomo) return;
+    const QList<FocusJournal::Session> left = m_journal.left();
+    for (const FocusJournal::Session &each : left) {
+        const FocusRecord &record = each.record;
+        if (each.userID != m_kit.account().currentUserID()) continue;
+        const auto focused = record.endDate - record.startDate - pauseOf(record.stretches);
+        if (focused < FocusLimits::minimumFocus || FocusRecordWriter{m_kit}.isStored(record)) {
+            m_journal.remove(each);
+            continue;
+        }
+        m_isAskingAboutLeftPomo = true;
+        m_ports.questions.ask(
+            FocusMessages::leftPomo(std::chrono::round<std::chrono::minutes>(focused)),
+            [this, each](int button) { settle(each, button == 0 ? LeftPomo::Keep : LeftPomo::Drop); });
+        return;
+    }
+}
+
+void KWFocusRunningManager::settle(const FocusJournal::Session &pomo, LeftPomo choice)
+{
+    m_isAskingAboutLeftPomo = false;
+    if (choice == LeftPomo::Keep)
+        (void)m_records.store(pomo);
+    else
+        m_journal.remove(pomo);
+    askAboutLeftPomo();
 }
 
 KWFocusType KWFocusRunningManager::focusType() const
@@ -94,7 +113,7 @@ void KWFocusRunningManager::stopStopWatch() { m_stopwatch.stop(); }
 
 void KWFocusRunningManager::startOrAbandonPomo()
 {
-    if (!m_kit.account().isSignedIn() || !m_pomo.settings().isPomoEnabled || isStopwatchBusy()) return;
+    if (!m_kit.account().isSignedIn() || !m_pomo.isEnabled() || isStopwatchBusy()) return;
     if (!m_pomo.isFocusing()) {
         const bool goesOn = m_pomo.state() == KWPomoRunningState::paused;
         m_pomo.oc_startFocus();

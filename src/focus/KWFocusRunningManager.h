@@ -1,5 +1,6 @@
 #pragma once
 
+#include "focus/FocusJournal.h"
 #include "focus/FocusModePort.h"
 #include "focus/FocusPorts.h"
 #include "focus/FocusTarget.h"
@@ -9,9 +10,9 @@
 #include <optional>
 
 class FocusAssociation;
+class FocusRecordQueue;
 class KWPomoRunningManager;
 class OrvaneKit;
-class PomoJournal;
 
 namespace Corvex::Focus {
 class Stopwatch;
@@ -26,12 +27,14 @@ public:
         FocusAssociation &association;
         KWPomoRunningManager &pomo;
         Corvex::Focus::Stopwatch &stopwatch;
-        PomoJournal &journal;
+        FocusJournal &journal;
+        FocusRecordQueue &records;
         FocusPorts ports;
     };
     explicit KWFocusRunningManager(Collaborators collaborators);
 
-    /// Asks what is to become of a Pomo that an earlier run took with it. The stopwatch has been restored.
+    /// Stores what earlier runs could not, and asks what is to become of a Pomo that one took with it. The
+    /// stopwatch has been restored.
     void applicationDidFinishLaunching();
 
     KWFocusType focusType() const;
@@ -71,13 +74,17 @@ private:
     void userDidSignOut();
     void clearTargetIfGone();
     void askAboutLeftPomo();
+    enum class LeftPomo { Keep, Drop };
+    void settle(const FocusJournal::Session &pomo, LeftPomo choice);
 
     OrvaneKit &m_kit;
     FocusAssociation &m_association;
     KWPomoRunningManager &m_pomo;
     Corvex::Focus::Stopwatch &m_stopwatch;
-    PomoJournal &m_journal;
+    FocusJournal &m_journal;
+    FocusRecordQueue &m_records;
     FocusPorts m_ports;
+    bool m_isAskingAboutLeftPomo = false;
     std::vector<KWNotificationCenter::Observation> m_observations;
     KWEventBus::Registration m_registration;
 };

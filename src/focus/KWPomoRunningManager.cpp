@@ -2,12 +2,13 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "focus/FocusAssociation.h"
+#include "focus/FocusJournal.h"
 #include "focus/FocusMessages.h"
 #include "focus/FocusModePort.h"
 #include "focus/FocusTargetTitle.h"
-#include "focus/PomoJournal.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/settings/KWPomoSettingsManager.h"
 
 using namespace Qt::StringLiterals;
@@ -31,7 +32,7 @@ KWPomoRunningManager::KWPomoRunningManager(Collaborators with)
     , m_modes(with.modes)
     , m_journal(with.journal)
     , m_ports(with.ports)
-    , m_records(with.kit)
+    , m_records(with.records)
     , m_time(with.clock)
     , m_pomoStartDate(with.clock.now())
     , m_pomoEndDate(with.clock.now())
@@ -62,6 +63,11 @@ void KWPomoRunningManager::observe()
 KWPomoSettingsModel KWPomoRunningManager::settings() const
 {
     return KWPomoSettingsManager{m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()}.settings();
+}
+
+bool KWPomoRunningManager::isEnabled() const
+{
+    return KWPomoSettings::isFocusEnabled(m_kit.account().currentUserID(), m_kit.context());
 }
 
 std::int64_t KWPomoRunningManager::secondsOf(int setting) const
@@ -108,7 +114,7 @@ void KWPomoRunningManager::oc_startFocus() { startFocus(std::nullopt, 0, Length:
 
 void KWPomoRunningManager::startFocus(std::int64_t seconds)
 {
-    if (!m_kit.account().isSignedIn() || !settings().isPomoEnabled) return;
+    if (!m_kit.account().isSignedIn() || !isEnabled()) return;
     if (m_modes.isStopwatchBusy() || isFocusing()) return;
     startFocus(std::nullopt, seconds, Length::Given);
 }
@@ -370,7 +376,7 @@ void KWPomoRunningManager::pomoSettingsChanged()
         setCountDownDuration(secondsOf(settings().pomoDuration));
     else if (m_state == KWPomoRunningState::waitingToRelax)
         prepareForBreaking();
-    if (!settings().isPomoEnabled) reset();
+    if (!isEnabled()) reset();
 }
 
 void KWPomoRunningManager::reset()
@@ -378,7 +384,7 @@ void KWPomoRunningManager::reset()
     m_timmer.reset();
     endQuestion();
     m_slices.clear();
-    m_journal.clear();
+    m_journal.dropRunning();
     m_pomosCountForLongBreak = 0;
     setConfirmingToExit(false);
     m_ports.messages.remove();

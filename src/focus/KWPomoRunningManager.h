@@ -2,7 +2,6 @@
 
 #include "corvexkit/time/RunningTime.h"
 #include "focus/FocusMessages.h"
-#include "focus/FocusRecordQueue.h"
 #include "focus/FocusSlices.h"
 #include "focus/SecondsTimer.h"
 #include "model/events/KWEventBus.h"
@@ -10,13 +9,14 @@
 #include "model/records/KWPomoSettingsModel.h"
 
 class FocusAssociation;
+class FocusJournal;
 class FocusModePort;
+class FocusRecordQueue;
 class OrvaneKit;
-class PomoJournal;
 
 /// Runs Pomos and breaks: one phase after the other, each counted down second by second, with what was
 /// focused on in the meantime; see docs/focus.md. Tells of itself by the notifications `KWFocusRunning…`. A
-/// Pomo that the program takes with it is in the PomoJournal. Main thread.
+/// Pomo that the program takes with it is in the FocusJournal. Main thread.
 class KWPomoRunningManager {
 public:
     struct Collaborators {
@@ -24,7 +24,8 @@ public:
         CXClock &clock;
         FocusAssociation &association;
         FocusModePort &modes;
-        PomoJournal &journal;
+        FocusJournal &journal;
+        FocusRecordQueue &records;
         FocusPorts ports;
     };
     explicit KWPomoRunningManager(Collaborators collaborators);
@@ -54,10 +55,6 @@ public:
     void restorePomoIfNeeded();
     /// The journal has the Pomo up to now; messages go.
     void applicationWillTerminate();
-    /// Who hears a sentence about a Pomo that could not be stored at once.
-    void setOnFailure(std::function<void(const QString &)> tell) { m_records.onFailure = std::move(tell); }
-    /// Stores what an earlier run left of a Pomo.
-    void storeLeft(const FocusRecord &record) { m_records.store(record); }
     /// More than 30 seconds of the phase have run.
     bool shouldConfirmWhenStop() const { return m_countDownDuration - m_currentCountDown > 30; }
     bool shouldBeLongBreaking() const;
@@ -82,6 +79,8 @@ public:
     /// Seconds of the settings: minutes, or seconds for trying things out.
     std::int64_t secondsOf(int setting) const;
     KWPomoSettingsModel settings() const;
+    /// Focus is not switched off.
+    bool isEnabled() const;
 
     /// One second less.
     void timerStep();
@@ -132,9 +131,9 @@ private:
     CXClock &m_clock;
     FocusAssociation &m_association;
     FocusModePort &m_modes;
-    PomoJournal &m_journal;
+    FocusJournal &m_journal;
     FocusPorts m_ports;
-    FocusRecordQueue m_records;
+    FocusRecordQueue &m_records;
 
     RunningTime m_time;
     KWPomoRunningState m_state = KWPomoRunningState::idle;

@@ -1,7 +1,8 @@
+#include "focus/FocusRecordQueue.h"
 #include "focus/FocusTargetTitle.h"
 #include "focus/KWPomoRunningManager.h"
-#include "focus/PomoJournal.h"
 #include "model/OrvaneKit.h"
+#include "model/records/KWTask.h"
 
 // What becomes of the slices of a Pomo: its record, the journal, and what is gone meanwhile.
 
@@ -19,27 +20,24 @@ void KWPomoRunningManager::saveSlices(KWPomoStatus status, Instant endDate)
     endQuestion();
     m_slices.closeAt(m_confirmingToExitDate.value_or(endDate));
     const QList<FocusStretch> stretches = m_slices.stretches(endDate);
-    const FocusRecord record{.startDate = m_pomoStartDate,
-                             .endDate = m_pomoEndDate,
-                             .status = status,
-                             .pauseDuration =
-                                 std::chrono::round<std::chrono::seconds>(pauseOf(stretches)).count(),
-                             .stretches = stretches};
-    m_records.store(record);
-    // What could not be stored outlives the program.
-    if (m_records.isEmpty() || status != KWPomoStatusCompleted)
-        m_journal.clear();
-    else
-        keepInJournal();
+    // It waits even if it is nowhere on disk.
+    (void)m_records.store({.startDate = m_pomoStartDate,
+                           .endDate = endDate,
+                           .status = status,
+                           .pauseDuration = pauseSecondsOf(stretches),
+                           .stretches = stretches});
     m_slices.clear();
 }
 
 void KWPomoRunningManager::keepInJournal()
 {
     if (m_slices.isEmpty()) return;
-    m_journal.keep({.userID = m_kit.account().currentUserID(),
-                    .startDate = m_pomoStartDate,
-                    .stretches = m_slices.stretches(now())});
+    const QList<FocusStretch> stretches = m_slices.stretches(now());
+    m_journal.keepRunning({.userID = m_kit.account().currentUserID(),
+                           .record = {.startDate = m_pomoStartDate,
+                                      .endDate = stretches.last().endDate,
+                                      .pauseDuration = pauseSecondsOf(stretches),
+                                      .stretches = stretches}});
 }
 
 void KWPomoRunningManager::handleTasksChanged(const StoreChange &change)

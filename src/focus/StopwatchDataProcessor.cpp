@@ -2,7 +2,7 @@
 
 #include "corvexkit/stopwatch/StopwatchTimeline.h"
 #include "focus/FocusLimits.h"
-#include "focus/FocusRecordWriter.h"
+#include "focus/FocusRecordQueue.h"
 #include "model/OrvaneKit.h"
 #include "model/records/KWPomodoro.h"
 
@@ -27,7 +27,7 @@ FocusRecord recordOf(const Corvex::Focus::StopwatchTimeline &timeline)
                                          .endDate = each.endDate.value_or(each.startDate),
                                          .target = FocusTarget::fromText(each.object),
                                          .isPause = !each.isRunning()});
-    record.pauseDuration = std::chrono::round<std::chrono::seconds>(pauseOf(record.stretches)).count();
+    record.pauseDuration = pauseSecondsOf(record.stretches);
     return record;
 }
 
@@ -36,9 +36,6 @@ FocusRecord recordOf(const Corvex::Focus::StopwatchTimeline &timeline)
 Result<void> StopwatchDataProcessor::saveStopwatch(const Corvex::Focus::StopwatchTimeline &timeline)
 {
     const FocusRecord record = recordOf(timeline);
-    FocusRecordWriter writer{m_kit};
-    if (writer.isStored(record)) return {};
-    const Result<QString> written = writer.write(record);
-    if (!written) return written.error();
-    return {};
+    if (FocusRecordWriter{m_kit}.isStored(record)) return {};
+    return m_records.store(record);
 }

@@ -23,6 +23,18 @@ Result<void> StopwatchFile::save(const QString &text)
     return {};
 }
 
+Result<void> StopwatchFile::putAside()
+{
+    const QString aside = m_path + QStringLiteral(".unreadable");
+    QString free = aside;
+    for (int number = 2; QFile::exists(free); ++number)
+        free = QStringLiteral("%1-%2").arg(aside).arg(number);
+    QFile file{m_path};
+    if (!file.rename(free))
+        return Error{KWLocalizedString("“%1” cannot be renamed: %2.").arg(m_path, file.errorString())};
+    return {};
+}
+
 Result<void> StopwatchFile::clear()
 {
     QFile file{m_path};

@@ -10,6 +10,8 @@ public:
     Result<QString> load() override;
     Result<void> save(const QString &text) override;
     Result<void> clear() override;
+    /// Beside it, with the ending ".unreadable", and with a number when there is one already.
+    Result<void> putAside() override;
 
 private:
     QString m_path;

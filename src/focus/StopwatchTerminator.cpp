@@ -6,7 +6,6 @@
 #include "focus/StopwatchDataProcessor.h"
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
-#include "model/settings/KWLocalizedString.h"
 
 #include <algorithm>
 
@@ -27,8 +26,8 @@ double inSeconds(milliseconds length) { return duration<double>{length}.count();
 } // namespace
 
 StopwatchTerminator::StopwatchTerminator(OrvaneKit &kit, CXClock &clock, Stopwatch &stopwatch,
-                                         KWStopwatchConfirmManager &confirmation)
-    : m_kit{kit}, m_clock{clock}, m_stopwatch{stopwatch}, m_confirmation{confirmation}
+                                         KWStopwatchConfirmManager &confirmation, FocusRecordQueue &records)
+    : m_kit{kit}, m_clock{clock}, m_stopwatch{stopwatch}, m_confirmation{confirmation}, m_records{records}
 {
 }
 
@@ -103,12 +102,9 @@ void StopwatchTerminator::ask(const Timeline &stopped)
 
 void StopwatchTerminator::save(const Timeline &stopped, const Timeline &confirmed)
 {
-    const Result<void> saved = StopwatchDataProcessor{m_kit}.saveStopwatch(confirmed);
+    const Result<void> saved = StopwatchDataProcessor{m_kit, m_records}.saveStopwatch(confirmed);
     if (saved) return m_stopwatch.settle(stopped);
     terminatorLog.warning(saved.error().sentence);
-    if (onFailure)
-        onFailure(KWLocalizedString("The time of the stopwatch is kept until it can be saved. %1")
-                      .arg(saved.error().sentence));
 }
 
 seconds StopwatchTerminator::threshold() const

@@ -3,28 +3,25 @@
 #include "corvexkit/stopwatch/Stopwatch.h"
 #include "model/events/KWNotificationCenter.h"
 
-#include <functional>
 #include <vector>
 
+class FocusRecordQueue;
 class KWStopwatchConfirmManager;
 class OrvaneKit;
 
 /// The program's answer to the stopwatch: tells that it ticks and what was done with it, and stores what was
-/// timed. A long timing waits until its length was confirmed. Whatever is not stored yet is kept by the
-/// stopwatch and taken up at the next start. Main thread.
+/// timed. A long timing waits until its length was confirmed: it is kept by the stopwatch and taken up at the
+/// next start. Main thread.
 class StopwatchTerminator {
 public:
     /// All of them outlive it.
     StopwatchTerminator(OrvaneKit &kit, CXClock &clock, Corvex::Focus::Stopwatch &stopwatch,
-                        KWStopwatchConfirmManager &confirmation);
+                        KWStopwatchConfirmManager &confirmation, FocusRecordQueue &records);
     ~StopwatchTerminator();
 
     /// Registers the callbacks, follows the computer's sleep, and soon takes up what was stopped and not
     /// stored before, as it does whenever somebody signs in.
     void applicationDidFinishLaunching();
-
-    /// Hears a sentence about a timing that could not be stored.
-    std::function<void(const QString &)> onFailure;
 
 private:
     using Timeline = Corvex::Focus::StopwatchTimeline;
@@ -41,6 +38,7 @@ private:
     CXClock &m_clock;
     Corvex::Focus::Stopwatch &m_stopwatch;
     KWStopwatchConfirmManager &m_confirmation;
+    FocusRecordQueue &m_records;
     std::vector<Timeline> m_asked; // those that a person need not be asked for again before the next start
     ClockCall m_takeUp;
     std::vector<KWNotificationCenter::Observation> m_observations;

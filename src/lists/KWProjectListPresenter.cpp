@@ -176,8 +176,9 @@ void KWProjectListPresenter::projectListNodeSelectionChanged(const KWProjectList
 bool KWProjectListPresenter::canShow(const KWListIdentifier &list)
 {
     const KWSmartProject *smart = KWSmartProject::withIdentifier(list.entityID);
-    return m_dataService.nodeFor(list) || (list.type == KWListIdentifierType::SmartProject && smart &&
-                                           (smart->isListOfTasks() || smart == &KWSmartProject::habit()));
+    return m_dataService.nodeFor(list) ||
+           (list.type == KWListIdentifierType::SmartProject && smart &&
+            (smart->isListOfTasks() || smart->isSummary() || smart == &KWSmartProject::habit()));
 }
 
 bool KWProjectListPresenter::isSelectedListClosed()

@@ -44,8 +44,7 @@ void ProjectListContents::readSection(ProjectListSection section, ObjectContext 
                 hiddenSmartLists.insert(each.key());
             else if (each.value() == KWSmartProjectVisibilityShownIfNotEmpty)
                 hiddenIfEmpty.insert(each.key());
-        if (const auto *focus = context.find<KWPomoSettings>(userID);
-            focus && focus->isNotDeleted() && !(*focus)->isPomoEnabled)
+        if (!KWPomoSettings::isFocusEnabled(userID, context))
             hiddenSmartLists.insert(KWSmartProject::focus().identifier());
         break;
     }

@@ -102,8 +102,9 @@ Nodes ProjectListNodes::top(const ProjectListContents &contents)
 Nodes ProjectListNodes::bottom(const ProjectListContents &contents)
 {
     Nodes nodes;
-    addShown({&KWSmartProject::completed(), &KWSmartProject::abandoned(), &KWSmartProject::trash()}, contents,
-             nodes);
+    addShown({&KWSmartProject::completed(), &KWSmartProject::abandoned(), &KWSmartProject::trash(),
+              &KWSmartProject::summary()},
+             contents, nodes);
     return nodes;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/NotificationServer.h"
 
 #include <QDBusPendingReply>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -92,6 +93,8 @@ void DesktopNotifications::send(const UserNotification &notification)
         hints.insert(u"suppress-sound"_s, true);
     else
         hints.insert(u"sound-name"_s, u"alarm-clock-elapsed"_s);
+    if (!notification.imagePath.isEmpty())
+        hints.insert(u"image-path"_s, QUrl::fromLocalFile(notification.imagePath).toString());
     Shown &shown = m_shown[notification.identifier];
     ++shown.onTheirWay;
     whenAnswered(m_server->asyncCall(u"Notify"_s, localizedApplicationName(), shown.id,

@@ -7,4 +7,6 @@
 class XdgMail final : public MailPort {
 public:
     void compose(const QString &subject, const QString &attachment) override;
+    /// A text that is too long for a command line is put into no mail.
+    bool composeText(const QString &subject, const QString &text) override;
 };

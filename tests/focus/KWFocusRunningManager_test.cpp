@@ -10,6 +10,7 @@
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 /// The coordinator over both engines.
 class KWFocusRunningManager_test : public QObject {
@@ -28,8 +29,26 @@ private Q_SLOTS:
     void signingOutEndsEverything();
     void offersWhatAnEarlierRunLeft_data();
     void offersWhatAnEarlierRunLeft();
+    void asksAboutEachPomoThatWasLeft();
 
 private:
+    /// The engines of a further run, over the same folder; it ends as in a crash.
+    struct Run {
+        explicit Run(PomoFixture &itsFocus) : focus(itsFocus) { next.applicationDidFinishLaunching(); }
+        void answer(int button) { std::exchange(questions.answer, {})(button); }
+
+        PomoFixture &focus;
+        PomoFixture::Questions questions{};
+        FocusPorts ports{focus.messages, focus.popover, questions};
+        FocusAssociation association{focus.store.kit().center()};
+        FocusJournal journal{focus.store.kit().defaults()};
+        FocusRecordQueue records{focus.store.kit(), journal};
+        KWPomoRunningManager pomo{
+            {focus.store.kit(), focus.store.clock, association, focus.coordinator, journal, records, ports}};
+        KWFocusRunningManager next{
+            {focus.store.kit(), association, pomo, focus.stopwatch, journal, records, ports}};
+    };
+
     static QString answers(const PomoFixture &focus);
 };
 
@@ -204,19 +223,43 @@ void KWFocusRunningManager_test::offersWhatAnEarlierRunLeft()
     PomoFixture focus;
     focus.does(steps);
 
-    // The engines of the next run, over the same folder.
-    PomoFixture::Questions questions;
-    const FocusPorts ports{focus.messages, focus.popover, questions};
-    FocusAssociation association{focus.store.kit().center()};
-    PomoJournal journal{focus.store.kit().defaults()};
-    KWPomoRunningManager pomo{
-        {focus.store.kit(), focus.store.clock, association, focus.coordinator, journal, ports}};
-    KWFocusRunningManager next{{focus.store.kit(), association, pomo, focus.stopwatch, journal, ports}};
-    next.applicationDidFinishLaunching();
-    QCOMPARE(questions.asked.value_or(FocusQuestion{}).text, text);
-    if (!answer.isEmpty()) questions.answer(answer == "yes"_L1 ? 0 : 1);
+    Run next{focus};
+    QCOMPARE(next.questions.asked.value_or(FocusQuestion{}).text, text);
+    if (!answer.isEmpty()) next.answer(answer == "yes"_L1 ? 0 : 1);
     QCOMPARE(focus.records(), records);
-    QVERIFY(!journal.left());
+    QVERIFY(next.journal.left().isEmpty());
+}
+
+// The next Pomo, signing out and another crash come before the answer.
+void KWFocusRunningManager_test::asksAboutEachPomoThatWasLeft()
+{
+    PomoFixture focus;
+    const auto start = [&focus](Run &run, const QString &name, std::chrono::minutes length) {
+        run.pomo.startFocus(FocusTarget::task(focus.idOf(name)), 0, KWPomoRunningManager::Length::Default);
+        focus.store.clock.advance(length);
+    };
+    {
+        Run first{focus};
+        start(first, u"A"_s, 10min);
+    }
+    {
+        Run second{focus};
+        QVERIFY(second.questions.asked);
+        start(second, u"B"_s, 5min);
+    }
+    Run third{focus};
+    const auto asked = [&third] { return third.questions.asked.value_or(FocusQuestion{}).text; };
+    QCOMPARE(asked(), u"Orvane ended during a Pomo, after 10 minutes of focus."_s);
+    focus.does(u"sign-out"_s);
+    QCOMPARE(third.journal.left().size(), 2);
+    focus.does(u"sign-in"_s);
+    third.answer(0);
+    QCOMPARE(focus.records(), u"09:00-09:10 A=10:00"_s);
+    QCOMPARE(asked(), u"Orvane ended during a Pomo, after 5 minutes of focus."_s);
+    third.answer(1);
+    QVERIFY(third.journal.left().isEmpty());
+    QVERIFY(!third.questions.answer);
+    QCOMPARE(focus.records(), u"09:00-09:10 A=10:00"_s);
 }
 
 ORVANE_TEST(KWFocusRunningManager_test)

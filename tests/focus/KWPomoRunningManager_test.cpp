@@ -164,7 +164,7 @@ void KWPomoRunningManager_test::keepsARecordThatCannotBeStored()
 {
     PomoFixture focus;
     QStringList told;
-    focus.pomo.setOnFailure([&told](const QString &sentence) { told << sentence; });
+    focus.recordQueue.onFailure = [&told](const QString &sentence) { told << sentence; };
     focus.does(u"start-A"_s);
     // Somebody else writes for as long as the store waits for them.
     const auto wait = [&](ObjectContext &context) -> Result<void> {
@@ -176,7 +176,8 @@ void KWPomoRunningManager_test::keepsARecordThatCannotBeStored()
     QCOMPARE(focus.state(), u"waitingToRelax 300"_s);
     QCOMPARE(focus.records(), u"-"_s);
     QCOMPARE(told.size(), 1);
-    QVERIFY(told.first().startsWith(u"The Pomo could not be saved; this is tried again each minute."_s));
+    QVERIFY(
+        told.first().startsWith(u"The focus time could not be saved; this is tried again each minute."_s));
     focus.store.kit().center().post(KWNewMinuteComesNotification);
     QCOMPARE(told.size(), 1);
     QCOMPARE(focus.records(), u"09:00-09:25 A=25:00"_s);

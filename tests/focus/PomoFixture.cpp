@@ -47,8 +47,15 @@ std::optional<seconds> durationOf(const QString &text)
 } // namespace
 
 PomoFixture::PomoFixture()
-    : pomo({store.kit(), store.clock, association, coordinator, journal, {messages, popover, questions}})
-    , coordinator({store.kit(), association, pomo, stopwatch, journal, {messages, popover, questions}})
+    : pomo({store.kit(),
+            store.clock,
+            association,
+            coordinator,
+            journal,
+            recordQueue,
+            {messages, popover, questions}})
+    , coordinator(
+          {store.kit(), association, pomo, stopwatch, journal, recordQueue, {messages, popover, questions}})
 {
     stopwatch.restore();
     for (const char *each : {"A", "B"})
@@ -113,8 +120,8 @@ void PomoFixture::step(const QString &word)
         {u"stopwatch"_s, [this] { coordinator.startStopWatch(); }},
         {u"stopwatch-pause"_s, [this] { coordinator.pauseStopWatch(); }},
         {u"stopwatch-stop"_s, [this] { coordinator.stopStopWatch(); }},
-        {u"yes"_s, [this] { questions.answer(0); }},
-        {u"no"_s, [this] { questions.answer(1); }},
+        {u"yes"_s, [this] { std::exchange(questions.answer, {})(0); }},
+        {u"no"_s, [this] { std::exchange(questions.answer, {})(1); }},
         {u"belongs"_s, [this] { questions.answerInWindow(0); }},
         {u"not-belongs"_s, [this] { questions.answerInWindow(1); }},
         {u"disable"_s, [this] { set(&KWPomoSettingsModel::isPomoEnabled, false); }},

@@ -2,9 +2,9 @@
 
 #include "corvexkit/stopwatch/Stopwatch.h"
 #include "focus/FocusAssociation.h"
+#include "focus/FocusRecordQueue.h"
 #include "focus/KWFocusRunningManager.h"
 #include "focus/KWPomoRunningManager.h"
-#include "focus/PomoJournal.h"
 #include "model/records/KWPomoSettingsModel.h"
 #include "support/MemoryStopwatchStore.h"
 #include "support/StoreFixture.h"
@@ -70,7 +70,8 @@ struct PomoFixture {
     MemoryStopwatchStore stopwatchStore;
     Corvex::Focus::Stopwatch stopwatch{store.clock, stopwatchStore};
     FocusAssociation association{store.kit().center()};
-    PomoJournal journal{store.kit().defaults()};
+    FocusJournal journal{store.kit().defaults()};
+    FocusRecordQueue recordQueue{store.kit(), journal};
     KWPomoRunningManager pomo;
     KWFocusRunningManager coordinator;
 

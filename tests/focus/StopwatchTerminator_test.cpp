@@ -269,21 +269,39 @@ private Q_SLOTS:
     void keepsWhatCannotBeStored_data()
     {
         QTest::addColumn<milliseconds>("length");
-        QTest::newRow("saved at once") << milliseconds{30min};
-        QTest::newRow("confirmed") << milliseconds{2h};
+        QTest::addColumn<QString>("record");
+        QTest::newRow("saved at once") << milliseconds{30min} << u"09:00:00–09:30:00, pause 0"_s;
+        QTest::newRow("confirmed") << milliseconds{2h} << u"09:00:00–10:30:00, pause 0"_s;
     }
     void keepsWhatCannotBeStored()
     {
         QFETCH(milliseconds, length);
+        QFETCH(QString, record);
         m_writes->failAt(1);
         run(length);
-        if (asked()) asked()->confirmActionHandler();
+        if (asked()) {
+            asked()->valueChangedHandler(5400.0);
+            asked()->confirmActionHandler();
+        }
         QVERIFY(m_writes->hasFailed());
         QCOMPARE(records(), QStringList{});
         QCOMPARE(m_program->failures.size(), 1);
-        QVERIFY(!asked() && isKept());
+        QCOMPARE(m_program->journal.waiting().size(), 1);
+        // What was confirmed once is not asked for again.
         restartProgram();
-        if (asked()) asked()->confirmActionHandler();
+        QVERIFY(!asked() && !isKept());
+        QCOMPARE(records(), QStringList{record});
+    }
+
+    void keepsATimingThatIsNowhereElse()
+    {
+        const QString defaults = m_store->kit().folders().config + u"/group.ini"_s;
+        QVERIFY(QDir{}.mkpath(defaults)); // in the way of the journal
+        m_writes->failAt(1);
+        run(30min);
+        QVERIFY(isKept());
+        QVERIFY(QDir{}.rmdir(defaults));
+        restartProgram();
         QCOMPARE(records().size(), 1);
         QVERIFY(!isKept());
     }
@@ -306,6 +324,20 @@ private Q_SLOTS:
         startProgram();
         QCOMPARE(records().size(), 1);
         QVERIFY(!isKept());
+    }
+
+    void putsAsideAFileThatCannotBeRead()
+    {
+        const QString path = m_store->kit().folders().stopwatch();
+        for (const QByteArray &damage :
+             {QByteArrayLiteral("{\"timeline\":"), QByteArrayLiteral("pomodoro")}) {
+            write(path, damage);
+            startProgram();
+        }
+        run(10min);
+        QCOMPARE(records().size(), 1);
+        QCOMPARE(bytesOf(path + u".unreadable"_s), "{\"timeline\":");
+        QCOMPARE(bytesOf(path + u".unreadable-2"_s), "pomodoro");
     }
 
     void saysWhichFileCannotBeWritten()

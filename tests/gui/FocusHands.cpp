@@ -72,6 +72,11 @@ void FocusHands::focusOn(const QString &typed) const
     if (!field) qFatal("no popup opened");
     QTest::keyClicks(field, typed);
     QTest::keyClick(field, Qt::Key_Return);
+    constexpr int readings = 2; // as it opens, and of the last text
+    for (int i = 0; i < readings; ++i) {
+        m_client->kit().manager().threadPool().waitForDone();
+        QCoreApplication::processEvents();
+    }
     comeBack();
 }
 

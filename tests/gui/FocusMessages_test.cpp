@@ -1,6 +1,7 @@
 #include "gui/ClientFixture.h"
 #include "platform/DesktopNotifications.h"
 #include "platform/FakeNotificationServer.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 #include "views/alerts/NotificationPanel.h"
 #include "views/main/MainWindow.h"
@@ -8,6 +9,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -40,6 +42,8 @@ private Q_SLOTS:
             QTRY_COMPARE(server.messages.size(), before + 1);
             QCOMPARE(server.messages.last().title, title);
             QVERIFY(server.messages.last().actions.contains(key));
+            const QUrl image{server.messages.last().hints.value(u"image-path"_s).toString()};
+            QVERIFY(image.isLocalFile() && bytesOf(image.toLocalFile()).startsWith("<svg"));
             server.press(server.messages.last().id, key);
         };
         press(25min, u"You've got a Pomo. Time to relax."_s, u"POMO_RELAX"_s);
@@ -75,7 +79,8 @@ private Q_SLOTS:
         ClientFixture client;
         client.useOnThisComputer();
         QVERIFY(client.rooms().newTasks().add(u"Write"_s));
-        const auto choices = client.rooms().focus().presenter().choices();
+        const auto choices =
+            focusTargetChoices(client.kit().account().currentUserID(), {}, client.kit().context());
         QVERIFY(!choices.isEmpty());
         const FocusTarget target = choices.first().target;
 

@@ -117,7 +117,9 @@ private Q_SLOTS:
         comeBack();
         m_client->find<QWidget>("focusPeriods").findChildren<QAbstractButton *>().last()->click();
         QTRY_COMPARE(range(), u"November 2026"_s);
-        m_client->find<QAbstractButton>("focusPeriodBefore").click();
+        auto &before = m_client->find<QAbstractButton>("focusPeriodBefore");
+        QCOMPARE(before.accessibleName(), u"Month before"_s);
+        before.click();
         QTRY_COMPARE(range(), u"October 2026"_s);
         QCOMPARE(total(), u"0m in all, 0 Pomos"_s);
         QVERIFY(m_client->find<QWidget>("focusPeriodAfter").isEnabled());

@@ -170,6 +170,45 @@ private Q_SLOTS:
         QCOMPARE(chosen.first().first(), u"10"_s);
     }
 
+    // What is found for a text comes a moment later.
+    void takesWhatWasSearchedFor_data()
+    {
+        QTest::addColumn<QString>("typed"); // "|" is Enter, ">" an answer with the text's rows, "v" Down
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("Enter behind the answer") << u"a>|"_s << u"a1"_s;
+        QTest::newRow("Enter before the answer") << u"a|>"_s << u"a1"_s;
+        QTest::newRow("typed on behind Enter") << u"a|b>"_s << QString{};
+        QTest::newRow("Enter before both") << u"a|b|>"_s << u"ab1"_s;
+        QTest::newRow("another row") << u"a>v|"_s << u"a2"_s;
+        QTest::newRow("nothing typed") << u"v|"_s << u"start2"_s;
+        QTest::newRow("a row from before the first answer") << u"v>|"_s << u"start2"_s;
+    }
+    void takesWhatWasSearchedFor()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, expected);
+        const auto rows = [](const QString &name) {
+            return QList<ChoicePopup::Choice>{{.id = name + u'1', .title = name},
+                                              {.id = name + u'2', .title = name}};
+        };
+        auto *popup = new ChoicePopup{u"Task"_s, rows(u"start"_s), &m_window};
+        const QSignalSpy chosen{popup, &ChoicePopup::chosen};
+        QString searched = u"start"_s;
+        popup->setSearch([&searched](const QString &text) { searched = text; });
+        popup->popUp({10, 10});
+        const QPointer field = popup->findChild<QLineEdit *>();
+        for (const QChar each : typed) {
+            if (each == u'>')
+                popup->setChoices(rows(searched));
+            else
+                QTest::keyClick(field, each == u'|'   ? Qt::Key_Return
+                                       : each == u'v' ? Qt::Key_Down
+                                                      : Qt::Key(each.toUpper().unicode()));
+        }
+        QCOMPARE(chosen.isEmpty() ? QString{} : chosen.first().first().toString(), expected);
+        popup->close();
+    }
+
     void thePaletteIsAsHighAsItsRows()
     {
         auto *palette = new CommandPalette{m_window};

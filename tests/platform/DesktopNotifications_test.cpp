@@ -81,6 +81,8 @@ private Q_SLOTS:
         const auto first = server.messages.first();
         QCOMPARE(first.title, u"Call"_s);
         QCOMPARE(first.body, u"a &lt;b&gt;"_s);
+        QCOMPARE(first.hints.value(u"desktop-entry"_s), u"org.orvane.Orvane"_s);
+        QVERIFY(!first.hints.contains(u"image-path"_s));
         QCOMPARE(first.actions, QStringList({u"default"_s, u"Open"_s, u"complete"_s, u"Complete"_s}));
         server.press(99, u"complete"_s); // somebody else's
         server.press(first.id, u"complete"_s);

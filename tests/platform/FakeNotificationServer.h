@@ -2,6 +2,7 @@
 
 #include "platform/FakeService.h"
 
+#include <QDBusArgument>
 #include <QStringList>
 
 /// A desktop's server of messages (Desktop Notifications, version 1.2) that notes what it is asked for.
@@ -14,6 +15,7 @@ struct FakeNotificationServer : FakeService {
         QString title;
         QString body;
         QStringList actions;
+        QVariantMap hints{};
     };
 
     explicit FakeNotificationServer(const QStringList &abilities = {QStringLiteral("actions"),
@@ -34,7 +36,7 @@ struct FakeNotificationServer : FakeService {
         const uint replaced = arguments.at(1).toUInt();
         const uint id = replaced != 0 ? replaced : uint(messages.size()) + 7;
         messages.append({id, replaced, arguments.at(3).toString(), arguments.at(4).toString(),
-                         arguments.at(5).toStringList()});
+                         arguments.at(5).toStringList(), qdbus_cast<QVariantMap>(arguments.at(6))});
         return id;
     }
     void press(uint id, const QString &key)

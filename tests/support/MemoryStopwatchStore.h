@@ -6,6 +6,7 @@
 class MemoryStopwatchStore final : public Corvex::Focus::StopwatchStore {
 public:
     QString text;
+    QStringList aside;
     bool isBroken = false;
     int saveCount = 0;
 
@@ -22,6 +23,11 @@ public:
         return {};
     }
     Result<void> clear() override { return save({}); }
+    Result<void> putAside() override
+    {
+        aside.append(text);
+        return clear();
+    }
 
 private:
     static Error broken() { return {QStringLiteral("The disk is gone.")}; }

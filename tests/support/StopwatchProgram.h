@@ -1,6 +1,7 @@
 #pragma once
 
 #include "corvexkit/stopwatch/Stopwatch.h"
+#include "focus/FocusRecordQueue.h"
 #include "focus/KWStopwatchConfirmManager.h"
 #include "focus/StopwatchFile.h"
 #include "focus/StopwatchTerminator.h"
@@ -24,19 +25,24 @@ public:
 struct StopwatchProgram {
     explicit StopwatchProgram(StoreFixture &store) : StopwatchProgram{store, window} {}
     StopwatchProgram(StoreFixture &store, StopwatchConfirmPort &shownIn)
-        : file{store.kit().folders().stopwatch()}
+        : journal{store.kit().defaults()}
+        , records{store.kit(), journal}
+        , file{store.kit().folders().stopwatch()}
         , stopwatch{store.clock, file}
         , confirmation{store.kit().center(), shownIn, Corvex::Focus::Stopwatch::automaticStopLength()}
-        , terminator{store.kit(), store.clock, stopwatch, confirmation}
+        , terminator{store.kit(), store.clock, stopwatch, confirmation, records}
     {
+        records.onFailure = [this](const QString &sentence) { failures << sentence; };
         stopwatch.restore();
+        records.storeWaiting();
         terminator.applicationDidFinishLaunching();
-        terminator.onFailure = [this](const QString &sentence) { failures << sentence; };
         store.clock.advance(std::chrono::milliseconds{0});
     }
 
     NotedConfirmWindow window;
     QStringList failures;
+    FocusJournal journal;
+    FocusRecordQueue records;
     StopwatchFile file;
     Corvex::Focus::Stopwatch stopwatch;
     KWStopwatchConfirmManager confirmation;

@@ -36,8 +36,9 @@ void Stopwatch::restore()
     if (text->isEmpty()) return;
     auto session = StopwatchSession::fromText(*text);
     if (!session) {
-        stopwatchLog.warning(u"What was kept of the stopwatch is damaged and dropped. "_s +
+        stopwatchLog.warning(u"What was kept of the stopwatch is damaged and put aside. "_s +
                              session.error().sentence);
+        if (const auto aside = m_store.putAside(); !aside) stopwatchLog.warning(aside.error().sentence);
         return;
     }
     m_session = *std::move(session);

@@ -39,7 +39,7 @@ public:
     void setTickCallback(std::function<void()> callback) { m_onTick = std::move(callback); }
 
     /// Takes up what was stored. A timing that has reached its length meanwhile stops there. What cannot be
-    /// read is dropped, and the log says so.
+    /// read is put aside, and the log says so.
     void restore();
 
     /// Begins to spend time on `object`, which may be empty. Only when idle.

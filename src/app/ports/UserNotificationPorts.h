@@ -21,6 +21,7 @@ struct UserNotification {
     QString body; ///< plain text, may have several lines
     QList<Action> actions;
     Sound sound = Sound::AsUsual;
+    QString imagePath{}; ///< of a picture that stands beside it, empty for none
     bool operator==(const UserNotification &) const = default;
 };
 

@@ -2,6 +2,7 @@
 
 #include "corvexkit/time/CXClock.h"
 #include "corvexkit/time/TimeText.h"
+#include "model/exchange/SentLog.h"
 #include "model/exchange/ZipWriter.h"
 #include "model/records/EveryRecord.h"
 #include "model/settings/KWLocalizedString.h"
@@ -88,12 +89,7 @@ bool writeArchive(QIODevice &device, const DataFolders &folders, const CXClock &
     ZipWriter archive{device};
     const LocalTime now = clock.localNow();
     archive.add(u"description.json"_s, QJsonDocument{describeData(folders, clock)}.toJson(), now);
-    for (const QFileInfo &each : QDir{folders.log()}.entryInfoList({u"*.log"_s}, QDir::Files, QDir::Name)) {
-        QFile log{each.filePath()};
-        if (!log.open(QIODevice::ReadOnly)) continue;
-        const Instant modified{std::chrono::milliseconds{each.lastModified().toMSecsSinceEpoch()}};
-        archive.add(u"log/"_s + each.fileName(), log.readAll(), clock.zone().toLocal(modified));
-    }
+    archive.add(u"log/orvane.log"_s, logToSend(folders).toUtf8(), now);
     return archive.finish();
 }
 

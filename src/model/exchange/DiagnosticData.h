@@ -12,6 +12,6 @@ class CXClock;
 /// preferences. A store that cannot be read is described as far as it goes, and changed in no case.
 QJsonObject describeData(const DataFolders &folders, const CXClock &clock);
 
-/// Packs that description and the log into a ".zip" file in a new temporary folder and answers its path.
+/// Packs that description and logToSend() into a ".zip" file in a new temporary folder and answers its path.
 /// Takes as long as reading the store from end to end.
 Result<QString> packDiagnosticData(const DataFolders &folders, const CXClock &clock);

@@ -96,6 +96,14 @@ KWHabitCheckin *KWHabit::checkInAtDateStamp(int stamp) const
     return ofDay == found.end() ? nullptr : *ofDay;
 }
 
+QList<KWHabitCheckin *> KWHabit::checkInsBetween(Day first, Day last) const
+{
+    return recordsOf<KWHabitCheckin>(
+        *this, {.where = "habitID = ? AND checkinStamp BETWEEN ? AND ? AND isDeleted = 0",
+                .values = {sid(), DayStamp::fromDay(first), DayStamp::fromDay(last)},
+                .orderBy = "checkinStamp"});
+}
+
 KWHabitCheckin &KWHabit::makeCheckInAtDateStamp(int stamp)
 {
     if (KWHabitCheckin *present = checkInAtDateStamp(stamp)) return *present;

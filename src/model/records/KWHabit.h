@@ -41,8 +41,10 @@ public:
 
     /// The check-in of that day; none when nothing was entered, or when it was deleted.
     KWHabitCheckin *checkInAtDateStamp(int stamp) const;
-    /// The same, or a new one with the habit's goal of now. A habit begins with the first day that is checked
-    /// in: on an earlier day than its own it begins as much earlier as its rule has it due then.
+    /// Those of the days from `first` to `last`, both included, earliest first.
+    QList<KWHabitCheckin *> checkInsBetween(Day first, Day last) const;
+    /// That of a day, or a new one with the habit's goal of now. A habit begins with the first day that is
+    /// checked in: on an earlier day than its own it begins as much earlier as its rule has it due then.
     KWHabitCheckin &makeCheckInAtDateStamp(int stamp);
     /// The note on that day, or none.
     KWHabitRecord *recordAtDateStamp(int stamp) const;

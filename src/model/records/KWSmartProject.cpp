@@ -110,7 +110,7 @@ bool KWSmartProject::isListOfTasks() const
 KWSmartProjectVisibility KWSmartProject::defaultVisibility() const
 {
     const bool isShown = isToday() || isTomorrow() || isNext7Days() || isCompleted() || isTrash() ||
-                         this == &tag() || this == &filter() || this == &habit();
+                         isSummary() || this == &tag() || this == &filter() || this == &habit();
     return isShown ? KWSmartProjectVisibilityShown : KWSmartProjectVisibilityHidden;
 }
 

@@ -70,10 +70,10 @@ public:
     bool isInbox() const { return this == &inbox(); }
     /// Whether its rows are tasks, unlike the summary and the headers of sections.
     bool isListOfTasks() const;
-    /// Whether it can be shown: the lists of tasks, the calendar, habits and focus.
+    /// Whether it can be shown: the lists of tasks, the calendar, habits, focus and the summary.
     bool hasPage() const
     {
-        return isListOfTasks() || this == &calendar() || this == &habit() || this == &focus();
+        return isListOfTasks() || this == &calendar() || this == &habit() || this == &focus() || isSummary();
     }
     /// Whether the sidebar shows it as long as nobody has chosen.
     KWSmartProjectVisibility defaultVisibility() const;

@@ -49,6 +49,15 @@ inline constexpr Setting<bool> pomoSettingsTimeUnitIsSecond{"pomoSettingsTimeUni
                                                             DefaultsScope::Standard, false};
 /// The Pomo that runs, encoded.
 inline const Setting<QString> runningPomo{"running_pomo", DefaultsScope::Group, {}};
+/// Sessions of focus that are over or were left by an earlier run, and are not in the store; encoded.
+inline const Setting<QStringList> focusSessionsNotStored{
+    "focus_sessions_not_stored", DefaultsScope::Group, {}};
+/// What stood in the two above and cannot be read.
+inline const Setting<QStringList> unreadableFocusSessions{
+    "unreadable_focus_sessions", DefaultsScope::Group, {}};
+
+/// Of a user: what the last summary was of, as SummaryChoice writes it.
+inline const Setting<QString> summaryChoice{"summary_choice_of_", DefaultsScope::Standard, {}};
 
 /// Of a user: what the command palette has opened, the latest first.
 inline const Setting<QStringList> paletteUse{"palette_use_of_", DefaultsScope::Standard, {}};

@@ -21,9 +21,10 @@ constexpr const char *takingPlace = "SELECT id FROM pomodoros INDEXED BY pomodor
                                     "SELECT id FROM pomodoros INDEXED BY longPomodoros WHERE userID = ?1 AND "
                                     "endDate > ?2 AND startDate < ?2 - "
                                     "86400000 AND endDate - startDate > 86400000 AND " IS_STORED;
-constexpr const char *latest = "SELECT id FROM pomodoros INDEXED BY pomodorosByStart WHERE userID = ?1 AND "
-                               "startDate >= ?2 AND startDate < "
-                               "?3 AND " IS_STORED " ORDER BY startDate DESC, id DESC LIMIT ?4";
+constexpr const char *latestSessions =
+    "SELECT id FROM pomodoros INDEXED BY pomodorosByStart WHERE userID = ?1 AND "
+    "startDate >= ?2 AND startDate < "
+    "?3 AND " IS_STORED " ORDER BY startDate DESC, id DESC LIMIT ?4";
 
 #undef IS_STORED
 
@@ -92,7 +93,7 @@ Result<std::vector<FocusRow>> readLatestFocusRows(const FocusRowsRequest &reques
                                                   ObjectContext &context)
 {
     return readRows(
-        rowsOf(latest, "p.startDate DESC, p.id DESC, s.startDate, s.id"),
+        rowsOf(latestSessions, "p.startDate DESC, p.id DESC, s.startDate, s.id"),
         {request.userID, storedInstant(request.from), storedInstant(request.to), std::int64_t{sessions}},
         context.connection());
 }

@@ -93,6 +93,15 @@ TaskCondition &notOverdue(TaskCondition &condition, ObjectContext &context)
                           {today, today, storedInstant(clock.now())});
 }
 
+const std::string byCompletion = std::string{completionOrder} + ", id";
+
+TaskCondition completedBetween(Instant from, Instant to)
+{
+    const std::string completion = completionOrder;
+    return TaskCondition{"status <> 0 AND status = 2 AND isDeleted = 0 AND isTrashed = 0"}.also(
+        completion + " >= ? AND " + completion + " < ?", {storedInstant(from), storedInstant(to)});
+}
+
 int countOfClosed(KWTaskStatus status, const QString &userID, ObjectContext &context)
 {
     return TaskCondition{"status <> 0 AND isDeleted = 0 AND isTrashed = 0"}
@@ -149,13 +158,20 @@ QList<KWTask *> KWTaskFinder::fetchAllOfUser(const TaskOwner &owner, const QStri
 QList<KWTask *> KWTaskFinder::fetchCompletedAndNoDateBetween(Instant from, Instant to, const TaskOwner &owner,
                                                              ObjectContext &context)
 {
-    const std::string completion = completionOrder;
-    return TaskCondition{"status <> 0 AND status = 2 AND isDeleted = 0 AND isTrashed = 0"}
-        .also(completion + " >= ? AND " + completion + " < ?", {storedInstant(from), storedInstant(to)})
+    return completedBetween(from, to)
         .also("startDate IS NULL")
         .inListsOf(owner.userID, {})
         .forOwner(owner)
-        .fetch(context, (completion + ", id").c_str(), "closedTasksInOrder");
+        .fetch(context, byCompletion.c_str(), "closedTasksInOrder");
+}
+
+QList<KWTask *> KWTaskFinder::fetchCompletedBetween(Instant from, Instant to, const TaskOwner &owner,
+                                                    TaskInclusions includes, ObjectContext &context)
+{
+    return completedBetween(from, to)
+        .inListsOf(owner.userID, includes)
+        .forOwner(owner)
+        .fetch(context, byCompletion.c_str(), "closedTasksInOrder");
 }
 
 QList<KWTask *> KWTaskFinder::findAllTasksWillRepeatOfUser(const TaskOwner &owner, const QString &projectID,

@@ -51,6 +51,10 @@ public:
     /// The tasks without a date that were completed in [from, to), by completion.
     static QList<KWTask *> fetchCompletedAndNoDateBetween(Instant from, Instant to, const TaskOwner &owner,
                                                           ObjectContext &context);
+    /// The tasks that were completed in [from, to), by completion. Hidden lists count only where that is
+    /// included, as do closed ones.
+    static QList<KWTask *> fetchCompletedBetween(Instant from, Instant to, const TaskOwner &owner,
+                                                 TaskInclusions includes, ObjectContext &context);
     /// The open tasks with a date and a recurrence rule, in the order they came into the store; of the
     /// list, or of all open ones when `projectID` is empty.
     static QList<KWTask *> findAllTasksWillRepeatOfUser(const TaskOwner &owner, const QString &projectID,

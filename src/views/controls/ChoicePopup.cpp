@@ -11,6 +11,8 @@
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -64,15 +66,32 @@ ChoicePopup::ChoicePopup(const QString &question, const QList<Choice> &choices, 
     column->addWidget(m_list);
     connect(m_field, &QLineEdit::textEdited, this, &ChoicePopup::narrow);
     connect(m_field, &QLineEdit::returnPressed, this, &ChoicePopup::takeCurrent);
-    connect(m_list, &QListView::clicked, this, &ChoicePopup::takeCurrent);
+    connect(m_list, &QListView::clicked, this, &ChoicePopup::take);
     narrow({});
 }
 
 void ChoicePopup::narrow(const QString &typed)
 {
+    if (m_search) {
+        m_answer = Answer::Awaited;
+        return m_search(typed);
+    }
     m_found->setFilterFixedString(typed.simplified());
     m_list->setCurrentIndex(m_found->index(0, 0));
     fitRows();
+}
+
+void ChoicePopup::setChoices(const QList<Choice> &choices)
+{
+    const QString current = m_list->currentIndex().data(idRole).toString();
+    QAbstractItemModel *before = m_found->sourceModel();
+    m_found->setSourceModel(modelOf(choices, m_found));
+    delete before;
+    m_list->setCurrentIndex(m_found->index(0, 0));
+    if (m_field->text().isEmpty()) setCurrent(current);
+    fitRows();
+    if (isVisible()) fitFrame();
+    if (std::exchange(m_answer, Answer::There) == Answer::AwaitedToTake) takeCurrent();
 }
 
 void ChoicePopup::setCurrent(const QString &id)
@@ -92,9 +111,17 @@ void ChoicePopup::fitRows()
 
 void ChoicePopup::takeCurrent()
 {
-    const QModelIndex current = m_list->currentIndex();
-    if (!current.isValid()) return;
-    Q_EMIT chosen(current.data(idRole).toString());
+    if (m_answer != Answer::There) {
+        m_answer = Answer::AwaitedToTake;
+        return;
+    }
+    take(m_list->currentIndex());
+}
+
+void ChoicePopup::take(const QModelIndex &row)
+{
+    if (!row.isValid()) return;
+    Q_EMIT chosen(row.data(idRole).toString());
     close();
 }
 
@@ -113,9 +140,12 @@ bool ChoicePopup::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
+void ChoicePopup::fitFrame() { place(m_position, {Metrics::scaled(choicesWidth), sizeHint().height()}); }
+
 void ChoicePopup::popUp(const QPoint &position)
 {
-    place(position, {Metrics::scaled(choicesWidth), sizeHint().height()});
+    m_position = position;
+    fitFrame();
     show();
     m_field->setFocus(Qt::PopupFocusReason);
 }

@@ -119,7 +119,7 @@ void FocusPanel::performFirst() { m_presenter.perform(m_commands.value(0), m_mod
 
 void FocusPanel::pickTarget()
 {
-    ChoicePopup &popup = FocusTargetPopup::open(*m_target, m_presenter.target().target, m_presenter);
+    ChoicePopup &popup = FocusTargetPopup::open(*m_target, m_presenter.target().target, m_presenter.kit());
     connect(&popup, &ChoicePopup::chosen, this,
             [this](const QString &target) { m_presenter.setTarget(FocusTarget::fromText(target)); });
 }

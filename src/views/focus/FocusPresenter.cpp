@@ -65,7 +65,7 @@ void FocusPresenter::chooseMode(KWFocusType mode)
     if (!isBusy && mode != this->mode()) m_rooms.manager.setFocusType(mode);
 }
 
-bool FocusPresenter::isEnabled() const { return m_rooms.pomo.settings().isPomoEnabled; }
+bool FocusPresenter::isEnabled() const { return m_rooms.pomo.isEnabled(); }
 
 bool FocusPresenter::isRunning() const { return m_rooms.manager.isRunning(); }
 
@@ -182,11 +182,6 @@ void FocusPresenter::performOnStopwatch(FocusCommand command)
 }
 
 void FocusPresenter::setTarget(const FocusTarget &target) { m_rooms.manager.setTarget(target); }
-
-QList<FocusTargetChoice> FocusPresenter::choices() const
-{
-    return focusTargetChoices(m_rooms.kit.account().currentUserID(), m_rooms.kit.context());
-}
 
 void FocusPresenter::startOn(const FocusTarget &target, KWFocusType mode)
 {

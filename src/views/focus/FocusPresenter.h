@@ -50,7 +50,6 @@ public:
 
     const FocusTargetChoice &target() const { return m_target; }
     void setTarget(const FocusTarget &target);
-    QList<FocusTargetChoice> choices() const;
     /// Begins on it, or goes on with it what runs in that mode; nothing while focus is switched off.
     void startOn(const FocusTarget &target, KWFocusType mode);
 

@@ -111,7 +111,7 @@ QLayout *FocusRecordDialog::makeFooter()
 
 void FocusRecordDialog::pickTarget()
 {
-    ChoicePopup &popup = FocusTargetPopup::open(*m_target, shownTarget(), m_presenter);
+    ChoicePopup &popup = FocusTargetPopup::open(*m_target, shownTarget(), m_presenter.kit());
     connect(&popup, &ChoicePopup::chosen, this, [this](const QString &text) {
         m_chosen = FocusTarget::fromText(text);
         m_target->setTarget(lookOf(*m_chosen, m_presenter.kit().context()));

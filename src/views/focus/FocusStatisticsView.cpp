@@ -23,6 +23,12 @@ QLabel *makeStatisticsCaption(const QString &text)
     return makePlainLabel(text, Fonts::Role::CaptionStrong, QPalette::PlaceholderText);
 }
 
+void nameButton(IconButton &button, const QString &does)
+{
+    button.setAccessibleName(does);
+    button.setToolTip(does);
+}
+
 } // namespace
 
 FocusStatisticsView::FocusStatisticsView(QWidget *parent)
@@ -30,8 +36,8 @@ FocusStatisticsView::FocusStatisticsView(QWidget *parent)
     , m_kinds(new SegmentedControl{
           {KWLocalizedString("Day"), KWLocalizedString("Week"), KWLocalizedString("Month")}})
     , m_range(makePlainLabel({}, Fonts::Role::BodyStrong))
-    , m_before(new IconButton{Icon::ChevronRight, KWLocalizedString("Before")})
-    , m_after(new IconButton{Icon::ChevronRight, KWLocalizedString("After")})
+    , m_before(new IconButton{Icon::ChevronRight, {}})
+    , m_after(new IconButton{Icon::ChevronRight, {}})
     , m_total(makePlainLabel({}, Fonts::Role::Secondary, QPalette::PlaceholderText))
     , m_days(new FocusDaysChart{"focusDays", KWLocalizedString("Days of the period")})
     , m_listsName(makeStatisticsCaption(KWLocalizedString("By list")))
@@ -84,10 +90,13 @@ QString FocusStatisticsView::nameOfRange() const
     switch (m_statistics.period.kind) {
     case FocusPeriod::Kind::OneDay:
         return DateWording::fullDay(range.first, locale());
-    case FocusPeriod::Kind::Week:
-        return KWLocalizedString("%1 – %2").arg(
-            locale().toString(dateOf(range.first), u"d MMM"_s),
-            locale().toString(dateOf(range.end - std::chrono::days{1}), u"d MMM yyyy"_s));
+    case FocusPeriod::Kind::Week: {
+        const Day last = range.end - std::chrono::days{1};
+        const bool isOfOneYear = dateOf(range.first).year() == dateOf(last).year();
+        return KWLocalizedString("%1 – %2").arg(isOfOneYear ? DayText::dayAndMonth(range.first, locale())
+                                                            : DayText::dayMonthAndYear(range.first, locale()),
+                                                DayText::dayMonthAndYear(last, locale()));
+    }
     case FocusPeriod::Kind::Month:
         return locale().toString(dateOf(range.first), u"MMMM yyyy"_s);
     }
@@ -100,6 +109,11 @@ void FocusStatisticsView::setStatistics(const FocusStatistics &statistics, Day t
     m_kinds->choose(int(statistics.period.kind));
     m_range->setText(nameOfRange());
     m_after->setEnabled(statistics.period.offset < 0);
+    const int kind = int(statistics.period.kind);
+    nameButton(*m_before, QStringList{KWLocalizedString("Day before"), KWLocalizedString("Week before"),
+                                      KWLocalizedString("Month before")}[kind]);
+    nameButton(*m_after, QStringList{KWLocalizedString("Day after"), KWLocalizedString("Week after"),
+                                     KWLocalizedString("Month after")}[kind]);
     m_total->setText(
         KWLocalizedString("%1 in all, %2")
             .arg(FocusWording::length(statistics.focused), FocusWording::pomos(statistics.pomos)));

@@ -1,7 +1,7 @@
 // The menus of habits, of their sections and of the page.
 #include "model/OrvaneKit.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/settings/KWLocalizedString.h"
-#include "model/settings/KWPomoSettingsManager.h"
 #include "views/controls/MenuPlace.h"
 #include "views/habits/HabitCheckIns.h"
 #include "views/habits/HabitController.h"
@@ -48,8 +48,7 @@ void HabitController::fillMenu(QMenu &menu, const HabitRow &row, const HabitDay 
 void HabitController::addFocus(QMenu &menu, const QString &id)
 {
     OrvaneKit &kit = m_parts.kit;
-    const KWPomoSettingsManager focus{kit.manager(), kit.center(), kit.account().currentUserID()};
-    if (!focus.settings().isPomoEnabled) return;
+    if (!KWPomoSettings::isFocusEnabled(kit.account().currentUserID(), kit.context())) return;
     QMenu *starts = menu.addMenu(KWLocalizedString("Start Focus"));
     addEntry(*starts, "Pomo", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypePomo); });
     addEntry(*starts, "Stopwatch", "", this, [this, id] { Q_EMIT focusRequested(id, KWFocusTypeStopwatch); });

@@ -25,6 +25,7 @@
 #include "views/theme/Metrics.h"
 #include "views/theme/ThemeConfigurator.h"
 #include "views/toast/Toast.h"
+#include "views/web/WebPane.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -55,6 +56,7 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     , m_calendarPane(new CalendarPane{clock})
     , m_habitPane(new HabitPane)
     , m_focusPane(new FocusPane)
+    , m_summaryPane(new WebPane)
     , m_pages(new QStackedWidget)
     , m_detail(new TaskDetailView{clock})
     , m_habitDetail(new HabitDetailView)
@@ -68,7 +70,8 @@ MainWindow::MainWindow(CXClock &clock, KWUserDefaults &defaults)
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
 
     for (QWidget *each : {static_cast<QWidget *>(m_listPane), static_cast<QWidget *>(m_calendarPane),
-                          static_cast<QWidget *>(m_habitPane), static_cast<QWidget *>(m_focusPane)})
+                          static_cast<QWidget *>(m_habitPane), static_cast<QWidget *>(m_focusPane),
+                          static_cast<QWidget *>(m_summaryPane)})
         m_pages->addWidget(each);
     for (QWidget *each : {static_cast<QWidget *>(m_detail), static_cast<QWidget *>(m_habitDetail),
                           static_cast<QWidget *>(m_focusSide)})
@@ -245,6 +248,14 @@ void MainWindow::setFocusShown(bool isShown)
     else
         showPage(*m_listPane, *m_detail);
 }
+
+void MainWindow::setSummaryShown(bool isShown)
+{
+    if (isShown == isSummaryShown()) return;
+    showPage(isShown ? static_cast<QWidget &>(*m_summaryPane) : *m_listPane, *m_detail);
+}
+
+bool MainWindow::isSummaryShown() const { return m_pages->currentWidget() == m_summaryPane; }
 
 bool MainWindow::isFocusShown() const { return m_pages->currentWidget() == m_focusPane; }
 

@@ -19,6 +19,7 @@ class QSplitter;
 class QStackedWidget;
 class SheetShadow;
 class SidebarView;
+class WebPane;
 class TaskDetailView;
 class TaskListPane;
 class Toast;
@@ -44,6 +45,7 @@ public:
     HabitDetailView &habitDetail() { return *m_habitDetail; }
     FocusPane &focusPane() { return *m_focusPane; }
     FocusSideView &focusSide() { return *m_focusSide; }
+    WebPane &summaryPane() { return *m_summaryPane; }
     /// What stands in the middle now.
     QWidget &middle() const;
     Toast &toast() { return *m_toast; }
@@ -57,6 +59,9 @@ public:
     /// The session of focus in place of the list, and its records in place of the detail.
     void setFocusShown(bool isShown);
     bool isFocusShown() const;
+    /// The summary in place of the list.
+    void setSummaryShown(bool isShown);
+    bool isSummaryShown() const;
 
     /// Brings the detail into view, and the keyboard into it.
     void openDetail();
@@ -123,6 +128,7 @@ private:
     CalendarPane *m_calendarPane;
     HabitPane *m_habitPane;
     FocusPane *m_focusPane;
+    WebPane *m_summaryPane;
     QStackedWidget *m_pages; // the middle column: one of these
     TaskDetailView *m_detail;
     HabitDetailView *m_habitDetail;

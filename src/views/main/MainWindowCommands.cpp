@@ -105,6 +105,8 @@ void MainWindowCommands::connectTaskCommands()
                 return KWLocalizedString("This is for lists, and the calendar is shown.");
             if (m_parts.window.isFocusShown())
                 return KWLocalizedString("This is for lists, and the page of focus is shown.");
+            if (m_parts.window.isSummaryShown())
+                return KWLocalizedString("This is for lists, and the summary is shown.");
             return m_parts.window.isHabitsShown()
                        ? KWLocalizedString("This is for lists, and the habits are shown.")
                        : QString{};
@@ -167,17 +169,12 @@ void MainWindowCommands::connectLists()
     opens(MenuCommand::OpenAssignedToMe, KWSmartProject::assignedToMe());
     opens(MenuCommand::OpenCompleted, KWSmartProject::completed());
     opens(MenuCommand::OpenTrash, KWSmartProject::trash());
+    opens(MenuCommand::OpenSummary, KWSmartProject::summary());
     on(MenuCommand::OpenInbox, [this] {
         m_parts.sidebar.select(
             KWListIdentifier::project(KWProject::inboxIDOfUser(m_parts.account.currentUserID())));
     });
     on(MenuCommand::GoToLists, [this] { m_parts.window.sidebar().tree().setFocus(Qt::ShortcutFocusReason); });
-
-    const auto missing = [this](MenuCommand command, const char *reason) {
-        on(command, [] {});
-        m_parts.menu.setHindrance(command, [reason] { return KWLocalizedString(reason); });
-    };
-    missing(MenuCommand::OpenSummary, "This version has no summary yet.");
 }
 
 // A checklist item is no target: its task is.

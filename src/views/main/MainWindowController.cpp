@@ -19,6 +19,7 @@
 #include "views/main/MainWindowCommands.h"
 #include "views/main/SelectedTasks.h"
 #include "views/main/SidebarColumn.h"
+#include "views/main/SummaryColumn.h"
 #include "views/main/WindowSearch.h"
 #include "views/sidebar/KWProjectListView.h"
 #include "views/sidebar/SidebarView.h"
@@ -37,6 +38,7 @@ struct MainWindowController::Content {
         , calendar{rooms, window, actions, detail}
         , habits{rooms, window}
         , focus{rooms, window}
+        , summary{rooms, window}
         , search{rooms, window, actions, detail.task()}
         , selected{window.listPane().list(), search.page(),      window.calendarPane(),
                    window.habitPane(),       window.focusPane(), detail.task()}
@@ -54,6 +56,7 @@ struct MainWindowController::Content {
     CalendarColumn calendar;
     HabitColumn habits;
     FocusColumn focus;
+    SummaryColumn summary;
     WindowSearch search;
     SelectedTasks selected;
     MainWindowCommands commands;
@@ -179,6 +182,8 @@ void MainWindowController::connectColumns()
     connect(&content.search, &WindowSearch::pageClosed, &content.habits, &HabitColumn::comeBackFromSearch);
     connect(&content.search, &WindowSearch::pageOpening, &content.focus, &FocusColumn::giveWayToSearch);
     connect(&content.search, &WindowSearch::pageClosed, &content.focus, &FocusColumn::comeBackFromSearch);
+    connect(&content.search, &WindowSearch::pageOpening, &content.summary, &SummaryColumn::giveWayToSearch);
+    connect(&content.search, &WindowSearch::pageClosed, &content.summary, &SummaryColumn::comeBackFromSearch);
     connect(&content.focus, &FocusColumn::preferencesRequested, this,
             [this] { Q_EMIT preferencesRequested(QStringLiteral("focus")); });
     connect(&content.focus, &FocusColumn::windowRequested, this, &MainWindowController::focusWindowRequested);
@@ -196,6 +201,8 @@ void MainWindowController::showSelected(const KWListIdentifier &list)
     if (!is(KWSmartProject::calendar())) m_content->calendar.hide();
     if (!is(KWSmartProject::habit())) m_content->habits.hide();
     if (!is(KWSmartProject::focus())) m_content->focus.hide();
+    if (!is(KWSmartProject::summary())) m_content->summary.hide();
+    if (is(KWSmartProject::summary())) return m_content->summary.show();
     if (is(KWSmartProject::focus())) return m_content->focus.show();
     if (is(KWSmartProject::calendar())) return m_content->calendar.show();
     if (is(KWSmartProject::habit())) return m_content->habits.show();
@@ -210,6 +217,8 @@ void MainWindowController::takeKeyboard()
         m_content->habits.takeKeyboard();
     else if (m_content->window.isFocusShown())
         m_content->window.focusPane().setFocus(Qt::OtherFocusReason);
+    else if (m_content->window.isSummaryShown())
+        m_content->window.summaryPane().setFocus(Qt::OtherFocusReason);
     else
         m_content->list.takeKeyboard();
 }

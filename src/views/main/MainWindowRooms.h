@@ -11,6 +11,7 @@ class KWTaskListService;
 class MainMenu;
 class NewTaskService;
 class OrvaneKit;
+struct WebServices;
 
 /// The rooms that the main window shows; all outlive it.
 struct MainWindowRooms {
@@ -25,4 +26,5 @@ struct MainWindowRooms {
     KWRepeatInstanceService &repeats;
     CalSubscriptionService &calendars;
     FocusPresenter &focus;
+    const WebServices &web;
 };

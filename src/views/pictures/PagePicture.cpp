@@ -36,6 +36,7 @@ const KWSmartProject *smartProjectOfPage(const QString &page)
         {"next7days"_L1, KWSmartProject::next7days()},   {"all"_L1, KWSmartProject::all()},
         {"assigned"_L1, KWSmartProject::assignedToMe()}, {"completed"_L1, KWSmartProject::completed()},
         {"abandoned"_L1, KWSmartProject::abandoned()},   {"trash"_L1, KWSmartProject::trash()},
+        {"summary"_L1, KWSmartProject::summary()},
     };
     for (const auto &[name, smart] : pages)
         if (name == page) return &smart;

@@ -256,7 +256,8 @@ SmartListsPage::SmartListsPage(Preferences &preferences)
     QList<const KWSmartProject *> shown;
     for (const KWSmartProject *each : KWSmartProject::configurable())
         if (each->isListOfTasks()) shown.append(each);
-    shown << &KWSmartProject::habit() << &KWSmartProject::tag() << &KWSmartProject::filter();
+    shown << &KWSmartProject::summary() << &KWSmartProject::habit() << &KWSmartProject::tag()
+          << &KWSmartProject::filter();
     for (const KWSmartProject *each : std::as_const(shown)) {
         addChoice<int>(
             each->identifier().toLatin1().constData(), each->displayName(),

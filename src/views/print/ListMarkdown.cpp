@@ -1,31 +1,23 @@
 #include "views/print/ListMarkdown.h"
 
+#include "model/text/MarkdownText.h"
 #include "views/print/PrintedSections.h"
 #include "views/tasklist/TaskListModel.h"
 
 using namespace Qt::StringLiterals;
+using MarkdownText::escaped;
 
 namespace {
-
-// Titles are text: what Markdown reads as marks stands as it was typed.
-QString escaped(const QString &text)
-{
-    QString result;
-    for (const QChar each : text) {
-        if (u"\\`*_[]<>#|~"_s.contains(each)) result += u'\\';
-        result += each;
-    }
-    return result;
-}
 
 QString itemOf(const TaskListRow &row, const TaskListModel &list)
 {
     const KWTaskListItemModel &task = row.task;
     QString item(row.depth * 2, u' ');
-    item += u"- "_s;
-    if (task.taskKind != KWTaskKindNote && !task.isEvent()) item += task.isClosed() ? u"[x] "_s : u"[ ] "_s;
-    const QString title = escaped(printedName(task));
-    item += task.status == KWTaskStatusAbandoned ? u"~~"_s + title + u"~~"_s : title;
+    const QString title = printedName(task);
+    if (task.taskKind == KWTaskKindNote || task.isEvent())
+        item += u"- "_s + escaped(title);
+    else
+        item += MarkdownText::taskItem(title, task.isClosed(), task.status == KWTaskStatusAbandoned);
     if (const QString date = list.dateTextOf(row).text; !date.isEmpty()) item += u" · "_s + escaped(date);
     for (const QString &tag : task.tags)
         item += u" \\#"_s + escaped(list.tagLabel(tag));

@@ -3,7 +3,7 @@
 
 #include "model/OrvaneKit.h"
 #include "model/events/NotificationNames.h"
-#include "model/settings/KWPomoSettingsManager.h"
+#include "model/records/KWPomoSettings.h"
 #include "model/store/TaskPermissions.h"
 #include "model/text/DayText.h"
 #include "views/datepicker/ScheduleSurroundings.h"
@@ -197,8 +197,7 @@ void DetailActions::addKinds(QMenu &menu)
 
 void DetailActions::addFocus(QMenu &menu)
 {
-    const KWPomoSettingsManager focus{m_kit.manager(), m_kit.center(), m_kit.account().currentUserID()};
-    if (!focus.settings().isPomoEnabled) return;
+    if (!KWPomoSettings::isFocusEnabled(m_kit.account().currentUserID(), m_kit.context())) return;
     QMenu *starts = menu.addMenu(tr("Start Focus"));
     for (const auto &[text, mode] :
          {std::pair{tr("Pomo"), KWFocusTypePomo}, {tr("Stopwatch"), KWFocusTypeStopwatch}})

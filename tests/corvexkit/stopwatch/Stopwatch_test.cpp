@@ -313,7 +313,7 @@ private Q_SLOTS:
         QCOMPARE(m_store.text, QString{});
     }
 
-    void dropsDamagedText_data()
+    void putsDamagedTextAside_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("state");
@@ -335,7 +335,7 @@ private Q_SLOTS:
             u"\"stopped\": [{\"segments\": [{\"kind\": \"running\", \"start\": \"2030-05-01T08:00:00Z\"}]}], "
             "\"timeline\""_s);
     }
-    void dropsDamagedText()
+    void putsDamagedTextAside()
     {
         QFETCH(QString, text);
         QFETCH(QString, state);
@@ -344,6 +344,7 @@ private Q_SLOTS:
         startProgram();
         QCOMPARE(nameOf(m_watch->state()), state);
         QCOMPARE(log.lines(u"stopwatch"_s).isEmpty(), state == u"running");
+        QCOMPARE(m_store.aside, state == u"running" ? QStringList{} : QStringList{text});
         m_watch->stop();
         m_watch->start({});
         m_clock->advance(1min);

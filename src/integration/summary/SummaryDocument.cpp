@@ -1,0 +1,57 @@
+#include "integration/summary/SummaryDocument.h"
+
+#include "model/settings/KWLocalizedString.h"
+
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto dialect =
+    QTextDocument::MarkdownFeatures{QTextDocument::MarkdownDialectGitHub} | QTextDocument::MarkdownNoHTML;
+
+// Where `mark` ends; the text's end when it is not there.
+qsizetype endOf(const QString &text, QStringView mark, qsizetype from = 0)
+{
+    const qsizetype at = text.indexOf(mark, from);
+    return at < 0 ? text.size() : at + mark.size();
+}
+
+} // namespace
+
+QString SummaryDocument::htmlOfMarkdown(const QString &markdown)
+{
+    QTextDocument document;
+    document.setMarkdown(markdown, dialect);
+    const QString page = document.toHtml();
+    const qsizetype begin = endOf(page, u">", endOf(page, u"<body"));
+    const qsizetype end = page.lastIndexOf(u"</body>");
+    return end < begin ? QString{} : page.sliced(begin, end - begin).trimmed();
+}
+
+QString SummaryDocument::htmlPage(const QString &title, const QString &markdown)
+{
+    return u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>%1</title>\n</head>\n"
+           "<body>\n%2\n</body>\n</html>\n"_s.arg(title.toHtmlEscaped(), htmlOfMarkdown(markdown));
+}
+
+Result<void> SummaryDocument::writePdf(const QString &title, const QString &markdown, const QString &file)
+{
+    QTextDocument document;
+    document.setMarkdown(markdown, dialect);
+    QSaveFile output{file};
+    if (output.open(QIODevice::WriteOnly)) {
+        QPdfWriter writer{&output};
+        writer.setTitle(title);
+        writer.setCreator(u"Orvane"_s);
+        writer.setPageSize(QPageSize{QPageSize::A4});
+        writer.setPageMargins({20, 20, 20, 20}, QPageLayout::Millimeter);
+        document.print(&writer);
+    }
+    if (output.isOpen() && output.commit()) return {};
+    return Error{
+        KWLocalizedString("The summary could not be written into “%1”: %2.").arg(file, output.errorString())};
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWebEnginePage>
+#include <QWebEngineUrlRequestInterceptor>
+
+#include <functional>
+
+/// Where our pages are.
+inline const QString pagesAddress = QStringLiteral("qrc:/orvane/pages/");
+
+/// Nothing but what the program brings is fetched.
+class OwnRequests final : public QWebEngineUrlRequestInterceptor {
+    Q_OBJECT
+
+public:
+    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+    void interceptRequest(QWebEngineUrlRequestInfo &request) override;
+};
+
+/// Stays on the page that it was opened on. What a person follows out of it is a link for the desktop;
+/// everything else is refused.
+class OwnPage final : public QWebEnginePage {
+    Q_OBJECT
+
+public:
+    OwnPage(QWebEngineProfile &profile, std::function<void(const QUrl &)> openLink);
+
+protected:
+    bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
+                                  const QString &source) override;
+
+private:
+    void leadOut(const QUrl &url) const;
+
+    std::function<void(const QUrl &)> m_openLink;
+};

@@ -1,0 +1,140 @@
+#include "plugins/web/PluginPage.h"
+
+#include "plugins/web/OwnPage.h"
+#include "plugins/web/PageBridge.h"
+#include "plugins/web/PagePicture.h"
+
+#include <QContextMenuEvent>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMenu>
+#include <QPageLayout>
+#include <QWebChannel>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A menu for texts alone: nothing that leads to other pages.
+class PageView final : public QWebEngineView {
+public:
+    using QWebEngineView::QWebEngineView;
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override
+    {
+        auto *menu = new QMenu{this};
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        for (const auto action :
+             {QWebEnginePage::Cut, QWebEnginePage::Copy, QWebEnginePage::Paste, QWebEnginePage::SelectAll})
+            menu->addAction(pageAction(action));
+        menu->popup(event->globalPos());
+    }
+};
+
+QString contentsOf(const QString &resource)
+{
+    QFile file{resource};
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString{};
+}
+
+// Before any script of the page: the channel, and a function for each method.
+QWebEngineScript scriptOf(const PageBridge &bridge)
+{
+    const QByteArray names =
+        QJsonDocument{QJsonArray::fromStringList(bridge.methodNames())}.toJson(QJsonDocument::Compact);
+    QWebEngineScript script;
+    script.setName(u"bridge"_s);
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::MainWorld);
+    script.setRunsOnSubFrames(false);
+    script.setSourceCode(
+        contentsOf(u":/qtwebchannel/qwebchannel.js"_s) +
+        contentsOf(u":/orvane/bridge.js"_s).replace(u"METHOD_NAMES"_s, QString::fromUtf8(names)));
+    return script;
+}
+
+void restrict(QWebEngineSettings &settings)
+{
+    for (const auto attribute :
+         {QWebEngineSettings::PluginsEnabled, QWebEngineSettings::LocalStorageEnabled,
+          QWebEngineSettings::LocalContentCanAccessRemoteUrls,
+          QWebEngineSettings::LocalContentCanAccessFileUrls, QWebEngineSettings::HyperlinkAuditingEnabled,
+          QWebEngineSettings::JavascriptCanOpenWindows, QWebEngineSettings::JavascriptCanAccessClipboard,
+          QWebEngineSettings::WebGLEnabled, QWebEngineSettings::PdfViewerEnabled,
+          QWebEngineSettings::DnsPrefetchEnabled, QWebEngineSettings::FullScreenSupportEnabled})
+        settings.setAttribute(attribute, false);
+}
+
+} // namespace
+
+PluginPage::PluginPage(const WebPageRequest &request, QWidget &parent)
+    : m_profile(std::make_unique<QWebEngineProfile>()) // keeps nothing
+    , m_bridge(std::make_unique<PageBridge>(request.handlers))
+    , m_page(std::make_unique<OwnPage>(*m_profile, request.openLink))
+    , m_view(new PageView{&parent})
+{
+    m_profile->setUrlRequestInterceptor(new OwnRequests{m_profile.get()});
+    restrict(*m_page->settings());
+    m_page->scripts().insert(scriptOf(*m_bridge));
+    auto *channel = new QWebChannel{m_page.get()};
+    channel->registerObject(u"bridge"_s, m_bridge.get());
+    m_page->setWebChannel(channel);
+    m_page->setBackgroundColor(Qt::transparent);
+    m_view->setPage(m_page.get());
+    m_view->load(QUrl{pagesAddress + request.name + u"/index.html"_s});
+}
+
+PluginPage::~PluginPage()
+{
+    delete m_view;
+    m_page.reset();
+}
+
+QWidget &PluginPage::view() { return *m_view; }
+
+void PluginPage::setColors(const QMap<QString, QString> &colors, bool isDark)
+{
+    QJsonObject values;
+    for (auto each = colors.begin(); each != colors.end(); ++each)
+        values.insert(each.key(), each.value());
+    const QString source =
+        u"(() => { const take = () => { const style = document.documentElement.style; const colors = %1;"
+        " for (const name in colors) style.setProperty(name, colors[name]); style.colorScheme = '%2'; };"
+        " document.documentElement ? take() : document.addEventListener('DOMContentLoaded', take); })()"_s
+            .arg(QString::fromUtf8(QJsonDocument{values}.toJson(QJsonDocument::Compact)),
+                 isDark ? u"dark"_s : u"light"_s);
+    QWebEngineScript script;
+    script.setName(u"colors"_s);
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setSourceCode(source);
+    for (const QWebEngineScript &each : m_page->scripts().find(u"colors"_s))
+        m_page->scripts().remove(each);
+    m_page->scripts().insert(script);
+    m_page->runJavaScript(source, QWebEngineScript::ApplicationWorld);
+}
+
+bool PluginPage::isReady() const { return m_bridge->isPageReady(); }
+
+void PluginPage::printToPdf(std::function<void(const QByteArray &)> done)
+{
+    m_page->printToPdf(done, QPageLayout{QPageSize{QPageSize::A4},
+                                         QPageLayout::Portrait,
+                                         {20, 20, 20, 20},
+                                         QPageLayout::Millimeter});
+}
+
+void PluginPage::drawPicture(int width, std::function<void(const QImage &)> done)
+{
+    m_page->toHtml([this, width, done = std::move(done)](const QString &html) {
+        new PagePicture{html, m_page->url(), *m_profile, width, *m_view, done};
+    });
+}

@@ -1,0 +1,177 @@
+// The page of the summary: a choice above, the summary below, as it looks or as Markdown to be edited.
+'use strict';
+
+const byId = id => document.getElementById(id);
+const form = byId('choice');
+const field = byId('markdown');
+const article = byId('summary');
+
+let texts = {};
+let title = '';
+let written = '';       // the Markdown as the client wrote it
+let isEditing = false;
+let waitingChoice = ''; // for the answer whether an edited text may go
+
+const isEdited = () => field.value !== written;
+
+function translate() {
+    document.title = texts.heading;
+    for (const element of document.querySelectorAll('[data-text]'))
+        element.textContent = texts[element.dataset.text] ?? '';
+    field.setAttribute('aria-label', texts.markdown);
+    article.setAttribute('aria-label', texts.heading);
+}
+
+function fillLists(lists) {
+    const place = byId('lists').querySelector('fieldset');
+    for (const {id, name} of lists) {
+        const label = document.createElement('label');
+        const box = Object.assign(document.createElement('input'), {type: 'checkbox', name: 'lists', value: id});
+        const words = document.createElement('span');
+        words.textContent = name;
+        label.append(box, words);
+        place.append(label);
+    }
+}
+
+function setChoice(choice) {
+    form.range.value = choice.range;
+    form.from.value = choice.from;
+    form.to.value = choice.to;
+    form.group.value = choice.group;
+    for (const name of ['lists', 'statuses', 'fields'])
+        for (const box of form.querySelectorAll(`input[name=${name}]`))
+            box.checked = choice[name].includes(box.value);
+    showChoice();
+}
+
+function choiceOfForm() {
+    const checked = name =>
+        [...form.querySelectorAll(`input[name=${name}]:checked`)].map(box => box.value);
+    return {
+        range: form.range.value, from: form.from.value, to: form.to.value, group: form.group.value,
+        lists: checked('lists'), statuses: checked('statuses'), fields: checked('fields')
+    };
+}
+
+function showChoice() {
+    for (const label of form.querySelectorAll('.days'))
+        label.hidden = form.range.value !== 'days';
+    const names = [...form.querySelectorAll('input[name=lists]:checked')]
+        .map(box => box.parentElement.textContent);
+    byId('chosenLists').textContent = names.length ? names.join(', ') : texts.allLists;
+}
+
+function ask(choice) {
+    byId('edited').hidden = true;
+    requestSummary(choice);
+}
+
+// What the person has written is not lost without a word.
+function choose() {
+    showChoice();
+    waitingChoice = JSON.stringify(choiceOfForm());
+    if (isEdited()) {
+        byId('edited').hidden = false;
+        byId('keep').focus();
+    } else {
+        ask(waitingChoice);
+    }
+}
+
+async function showPreview() {
+    article.innerHTML = await htmlOfMarkdown(field.value);
+}
+
+async function setEditing(edits) {
+    isEditing = edits;
+    byId('edit').setAttribute('aria-pressed', edits);
+    byId('edit').textContent = edits ? texts.preview : texts.edit;
+    if (!edits) await showPreview();
+    field.hidden = !edits;
+    article.hidden = edits;
+    (edits ? field : article).focus();
+}
+
+// Before anything leaves the page: what is printed is what was typed.
+async function brought() {
+    if (isEditing) await showPreview();
+    return field.value;
+}
+
+function closeMenu() {
+    byId('copies').hidden = true;
+    byId('copy').setAttribute('aria-expanded', 'false');
+}
+
+async function copy(how) {
+    closeMenu();
+    const markdown = await brought();
+    if (how === 'copyRichText')
+        await copyRichText(`<html><head><meta charset="utf-8"></head><body>${article.innerHTML}</body></html>`);
+    else
+        await window[how](markdown);
+    toast(texts.copied);
+}
+
+window.addEventListener('summaryRead', event => {
+    const summary = JSON.parse(event.detail);
+    if (summary.error !== undefined) return toast(summary.error);
+    title = summary.title;
+    written = summary.markdown;
+    field.value = summary.markdown;
+    article.innerHTML = summary.html;
+    byId('edited').hidden = true;
+    tellReady();
+});
+
+form.addEventListener('submit', event => event.preventDefault());
+form.addEventListener('change', choose);
+byId('keep').addEventListener('click', () => { byId('edited').hidden = true; (isEditing ? field : article).focus(); });
+byId('rewrite').addEventListener('click', () => ask(waitingChoice));
+byId('edit').addEventListener('click', () => setEditing(!isEditing));
+byId('copy').addEventListener('click', () => {
+    const opens = byId('copies').hidden;
+    byId('copies').hidden = !opens;
+    byId('copy').setAttribute('aria-expanded', opens);
+    if (opens) byId('copies').querySelector('button').focus();
+});
+for (const button of document.querySelectorAll('[data-copy]'))
+    button.addEventListener('click', () => copy(button.dataset.copy));
+byId('exportPdf').addEventListener('click', async () => exportPdf(await brought()));
+byId('exportPNG').addEventListener('click', async () => exportPNG(await brought()));
+byId('exportMail').addEventListener('click', async () =>
+    exportMail(JSON.stringify({title, summary: await brought()})));
+byId('insertSummary').addEventListener('click', async () => insertSummary(await brought()));
+document.addEventListener('click', event => {
+    if (!event.target.closest('.menu')) closeMenu();
+    for (const details of document.querySelectorAll('details[open]'))
+        if (!details.contains(event.target)) details.open = false;
+});
+document.addEventListener('keydown', event => {
+    if (event.key === 'Escape') {
+        const open = document.querySelector('details[open]');
+        if (!byId('copies').hidden) {
+            closeMenu();
+            byId('copy').focus();
+        } else if (open) {
+            open.open = false;
+            open.querySelector('summary').focus();
+        }
+    } else if (!byId('copies').hidden && (event.key === 'ArrowDown' || event.key === 'ArrowUp')) {
+        const items = [...byId('copies').querySelectorAll('button')];
+        const step = event.key === 'ArrowDown' ? 1 : items.length - 1;
+        items[(items.indexOf(document.activeElement) + step) % items.length].focus();
+        event.preventDefault();
+    }
+});
+
+openSummary('').then(text => {
+    const page = JSON.parse(text);
+    texts = page.texts;
+    translate();
+    fillLists(page.lists);
+    setChoice(page.choice);
+    byId('insertSummary').hidden = !page.canInsert;
+    ask(JSON.stringify(choiceOfForm()));
+});

@@ -1,0 +1,18 @@
+#include "views/web/Pasteboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QTextDocument>
+
+void Pasteboard::setPlainText(const QString &text) { QGuiApplication::clipboard()->setText(text); }
+
+void Pasteboard::setHtml(const QString &html)
+{
+    QTextDocument styled;
+    styled.setHtml(html);
+    auto *data = new QMimeData;
+    data->setHtml(styled.toHtml());
+    data->setText(styled.toPlainText());
+    QGuiApplication::clipboard()->setMimeData(data);
+}

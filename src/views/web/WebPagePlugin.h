@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QUrl>
+#include <QtPlugin>
+
+#include <functional>
+#include <memory>
+
+class QWidget;
+
+/// A page of ours in a web view. Main thread.
+class WebPage {
+public:
+    virtual ~WebPage() = default;
+
+    /// It takes the focus. Owned by its parent.
+    virtual QWidget &view() = 0;
+    /// Colours for the page, as CSS values by the names of their variables ("--text"), now and for as long as
+    /// the page is there.
+    virtual void setColors(const QMap<QString, QString> &colors, bool isDark) = 0;
+    /// What the page shows at first is on the screen.
+    virtual bool isReady() const = 0;
+    /// Pages of paper as the page is printed; empty when that fails.
+    virtual void printToPdf(std::function<void(const QByteArray &)> done) = 0;
+    /// The page from its top to its end as it is printed, `width` pixels wide; none when that fails.
+    virtual void drawPicture(int width, std::function<void(const QImage &)> done) = 0;
+};
+
+struct WebPageRequest {
+    QString name; ///< of the page: "summary"
+    /// What the page may call: the slots of one text that answer a text, see JsApiHandleObject. Their signals
+    /// of one text are events of its window. All outlive the page.
+    QList<QObject *> handlers;
+    /// A link that leads out of the page.
+    std::function<void(const QUrl &)> openLink;
+};
+
+/// What the plugin `web` does. It shows pages of ours alone, lets them reach nothing else, and keeps nothing
+/// of them.
+class WebPagePlugin {
+public:
+    virtual ~WebPagePlugin() = default;
+
+    virtual std::unique_ptr<WebPage> open(const WebPageRequest &request, QWidget &parent) = 0;
+};
+
+Q_DECLARE_INTERFACE(WebPagePlugin, "org.orvane.WebPagePlugin/1")
