@@ -27,7 +27,7 @@ function(orvane_plugin NAME)
     set_target_properties(${NAME}_plugin PROPERTIES PREFIX "" OUTPUT_NAME ${NAME}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/plugins)
     add_dependencies(orvane ${NAME}_plugin)
-    install(TARGETS ${NAME}_plugin LIBRARY DESTINATION lib/orvane COMPONENT ${NAME})
+    install(TARGETS ${NAME}_plugin LIBRARY DESTINATION lib/orvane/plugins COMPONENT ${NAME})
     set_property(GLOBAL APPEND PROPERTY ORVANE_PLUGINS ${NAME})
 endfunction()
 

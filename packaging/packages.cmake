@@ -50,7 +50,7 @@ foreach(plugin IN LISTS plugins)
     set(CPACK_DEBIAN_${PLUGIN}_DESCRIPTION "${${plugin}_summary}
 A part of Orvane that is loaded when it is first needed. Without it the rest
 works as it does with it.")
-    install(FILES copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/orvane-${plugin} COMPONENT ${plugin})
+    orvane_install_documents(orvane-${plugin} ${plugin})
 endforeach()
 include(CPack)
 
