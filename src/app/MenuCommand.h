@@ -47,6 +47,7 @@ enum class MenuCommand {
     ShowShortcuts,
     ShowTitleHelp,
     SendDiagnostics,
+    ReportProblem,
     ExportList,
     NewFilter,
     NewCalendar,

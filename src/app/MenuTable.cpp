@@ -73,6 +73,7 @@ constexpr MenuEntry entries[] = {
 
     {ShowShortcuts, Help, "showShortcuts", "Keyboard Shortcuts", "F1"},
     {ShowTitleHelp, Help, "showTitleHelp", "What You Can Type", "Shift+F1"},
+    {ReportProblem, Help, "reportProblem", "Report a Problem…", ""},
     {SendDiagnostics, Help, "clear_data", "Send Diagnostic Data…", "", Nothing},
 };
 

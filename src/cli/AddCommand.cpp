@@ -1,6 +1,5 @@
 #include "cli/AddCommand.h"
 
-#include "capture/NewTaskContextOfList.h"
 #include "capture/NewTaskService.h"
 #include "cli/CommandText.h"
 #include "cli/FixedClock.h"
@@ -33,17 +32,6 @@ QJsonObject savedTask(const KWTaskModel &task, OrvaneKit &kit)
     object.insert(u"repeatRule"_s, task.repeatRule);
     object.insert(u"reminders"_s, QJsonArray::fromStringList(task.reminders));
     return object;
-}
-
-Result<NewTaskContext> contextOf(const Invocation &invocation, OrvaneKit &kit)
-{
-    if (invocation.list.isEmpty()) return NewTaskContext{};
-    const Result<KWListIdentifier> list = listNamed(invocation.list, kit);
-    if (!list) return list.error();
-    if (!takesNewTasks(*list))
-        return Error{
-            commandText("Tasks come into “%1” by themselves; none is added to it.").arg(invocation.list)};
-    return newTaskContextOf(*list, kit.account().currentUserID(), kit.context());
 }
 
 // Answers an error object for a line that cannot be read; the lines after it go on.
@@ -85,7 +73,7 @@ ExitStatus runDryRunOfLines(FixedClock &clock, OrvaneKit &kit, CommandStreams st
 ExitStatus runAdd(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
 {
     const QString title = invocation.arguments.join(u' ');
-    const Result<NewTaskContext> context = contextOf(invocation, kit);
+    const Result<NewTaskContext> context = newTaskContextOfListNamed(invocation.list, kit);
     if (!context) return failWith(context.error().sentence, ExitStatus::CouldNot, streams.err);
     NewTaskService service{kit};
     if (invocation.isDryRun) {

@@ -7,10 +7,12 @@
 #include "cli/ListCommand.h"
 #include "cli/OccurrencesCommand.h"
 #include "cli/RunSettings.h"
+#include "cli/ScriptCommand.h"
 #include "cli/StatusCommand.h"
 #include "cli/StoreCommands.h"
 #include "cli/TimeArgument.h"
 #include "corvexkit/time/SystemClock.h"
+#include "integration/scripting/KWScriptCommand.h"
 #include "model/OrvaneKit.h"
 #include "model/store/OutsideChange.h"
 
@@ -66,6 +68,7 @@ ExitStatus run(const Invocation &invocation, OrvaneKit &kit, CommandStreams stre
     const ChangeReport report{kit};
     if (invocation.command == u"add") return runAdd(invocation, kit, streams);
     if (invocation.command == u"list") return runList(invocation, kit, streams);
+    if (isScriptCommand(invocation.command)) return runScriptCommand(invocation, kit, streams);
     if (invocation.command == u"backup") return runBackup(invocation, kit, streams);
     if (invocation.command == u"export") return runExport(invocation, kit, streams);
     if (invocation.command == u"import") return runImport(invocation, kit, streams);
@@ -82,10 +85,12 @@ Result<std::optional<Instant>> nowOf(const Invocation &invocation, const CXTimeZ
 }
 
 // Commands work for somebody who has signed out as well, and leave it at that. Whoever adds the first task
-// on a fresh computer gets the local account that the window would make.
+// on a fresh computer gets the local account that the window would make. What other programs are answered
+// depends on who is signed in.
 Result<void> prepareAccount(const Invocation &invocation, OrvaneKit &kit)
 {
     if (invocation.isDemo) return fillDemoAccount(kit);
+    if (isScriptCommand(invocation.command)) return {};
     if (kit.account().isSignedIn() || kit.account().workWithLocalAccount()) return {};
     if (invocation.isDryRun || invocation.command != u"add") return {};
     return kit.account().openLocalAccount(QLocale{});
@@ -110,6 +115,7 @@ ExitStatus runCommand(const Invocation &invocation, CommandStreams streams)
     const CXClock &clock = bringsTimes ? static_cast<const CXClock &>(fixedClock) : systemClock;
 
     const CommandHome home{invocation};
+    if (invocation.command == u"pomo") return runPomo(invocation, home.folders(), streams);
     if (invocation.command == u"restore") return runRestore(invocation, home.folders(), clock, streams);
     const OrvaneKit::Opening opening = OrvaneKit::open(home.folders(), clock);
     if (!opening.kit) return failWith(opening.sentence, ExitStatus::CouldNot, streams.err);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
-#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -41,13 +40,15 @@ constexpr Option options[] = {
      .commands = noCommand,
      .needsPicture = true},
     {.name = "--list"_L1, .value = &Invocation::list, .commands = "add"},
-    {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list"},
+    {.name = "--now"_L1, .value = &Invocation::now, .commands = "add list today next7days"},
     {.name = "--dry-run"_L1, .flag = &Invocation::isDryRun, .commands = "add"},
     {.name = "--start"_L1, .value = &Invocation::start, .commands = "occurrences"},
     {.name = "--rule"_L1, .value = &Invocation::rule, .commands = "occurrences"},
     {.name = "--all-day"_L1, .flag = &Invocation::isAllDay, .commands = "occurrences"},
     {.name = "--exdate"_L1, .values = &Invocation::exdates, .commands = "occurrences"},
-    {.name = "--from"_L1, .value = &Invocation::from, .commands = "occurrences"},
+    {.name = "--from"_L1,
+     .value = &Invocation::from,
+     .commands = "occurrences today next7days search projects pomo"},
     {.name = "--to"_L1, .value = &Invocation::to, .commands = "occurrences"},
     {.name = "--limit"_L1, .value = &Invocation::limit, .commands = "occurrences"},
     {.name = "--stdin"_L1, .flag = &Invocation::readsStandardInput, .commands = "add occurrences"},
@@ -78,6 +79,21 @@ constexpr Command commands[] = {
      "orvane list [--json] [NAME]\n"
      "    Shows the open tasks of a list, of Today, Tomorrow, \"Next 7 Days\" or All, or of a #tag;\n"
      "    without NAME, all of them. Each line: id, date, title.\n"},
+    {"today"_L1,
+     "orvane today [--now ISO] [--from NAME]\n"
+     "    Answers the list Today as JSON, by section, as other programs get it on the session bus.\n"
+     "    Nothing while nobody is signed in.\n"
+     "    --now ISO    as of this time\n"
+     "    --from NAME  what the program that asks calls itself\n"},
+    {"next7days"_L1, "orvane next7days [--now ISO] [--from NAME]\n"
+                     "    The same of the list Next 7 Days.\n"},
+    {"search"_L1, "orvane search [--from NAME] TEXT…\n"
+                  "    Answers the tasks that the words find as JSON, open ones first.\n"},
+    {"projects"_L1, "orvane projects [--from NAME]\n"
+                    "    Answers your lists as JSON, in their order.\n"},
+    {"pomo"_L1, "orvane pomo [--from NAME] SECONDS\n"
+                "    Starts a Pomo of that length in the client that is open; 0 is the length of the\n"
+                "    preferences. Nothing happens while focus is switched off or under way.\n"},
     {"occurrences"_L1,
      "orvane occurrences --start ISO --rule RULE [--zone TZID] [--all-day] [--exdate ISO]…\n"
      "                   --from ISO --to ISO [--limit N]\n"
@@ -114,6 +130,7 @@ constexpr const char *programUsage =
     "    Opens the client. --demo opens a throw-away folder with a small account; together with --home\n"
     "    it fills that folder. --send-diagnostics packs what helps to find a fault.\n"
     "orvane add|list|occurrences|done|undo|backup|restore|export|import …\n"
+    "orvane today|next7days|search|projects|pomo …\n"
     "    See `orvane COMMAND --help`.\n"
     "orvane --picture FILE [--page NAME] [--theme light|dark] [--size WxH] [--scale N]\n"
     "       [--text-size PERCENT] [--right-to-left]\n"
@@ -228,6 +245,12 @@ private:
             if (all.opensWindow && *each->commands && each->flag != &Invocation::opensWindow)
                 return Error{commandText("“%1” does not go with “--window”.").arg(QString{each->name})};
         if (all.command == u"occurrences") return contradictionOfOccurrences();
+        if (all.command == u"search" && all.arguments.isEmpty())
+            return Error{commandText("What is to be found? Give its words.")};
+        const bool takesNothing =
+            all.command == u"today" || all.command == u"next7days" || all.command == u"projects";
+        if (takesNothing && !all.arguments.isEmpty())
+            return Error{commandText("“%1” does not belong to this command.").arg(all.arguments.first())};
         if (all.readsStandardInput && !all.isDryRun)
             return Error{commandText("“--stdin” goes with “--dry-run”.")};
         if (all.readsStandardInput && !all.arguments.isEmpty())
@@ -252,7 +275,7 @@ private:
         if (!all.arguments.isEmpty())
             return Error{commandText("“%1” does not belong to this command.").arg(all.arguments.first())};
         for (const Option *each : m_used)
-            if (all.readsStandardInput && std::string_view{each->commands} == "occurrences")
+            if (all.readsStandardInput && *each->commands && each->flag != &Invocation::readsStandardInput)
                 return Error{commandText("“%1” does not go with “--stdin”.").arg(QString{each->name})};
         for (const auto &[name, value] : {std::pair{"--start", all.start}, std::pair{"--rule", all.rule},
                                           std::pair{"--from", all.from}, std::pair{"--to", all.to}})

@@ -23,7 +23,7 @@ struct Invocation {
     QString list;
     QString start;
     QString rule;
-    QString from;
+    QString from; ///< where occurrences begin; or the program that calls a command for scripts
     QString to;
     QString limit;
     QStringList exdates; ///< as often as given

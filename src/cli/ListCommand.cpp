@@ -4,8 +4,6 @@
 #include "cli/TaskJson.h"
 #include "cli/TaskLine.h"
 #include "model/OrvaneKit.h"
-#include "model/records/KWSmartProject.h"
-#include "model/store/KWListDataFetcher.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,13 +11,7 @@
 
 ExitStatus runList(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
 {
-    const QString name = invocation.arguments.join(u' ');
-    const Result<KWListIdentifier> list =
-        name.isEmpty() ? KWListIdentifier::smartProject(KWSmartProject::all().identifier())
-                       : listNamed(name, kit);
-    if (!list) return failWith(list.error().sentence, ExitStatus::CouldNot, streams.err);
-    const Result<QList<KWTaskListItemModel>> tasks = KWListDataFetcher{kit.clock()}.reloadDataModel(
-        {.userID = kit.account().currentUserID(), .selection = *list}, kit.context().connection());
+    const Result<QList<KWTaskListItemModel>> tasks = tasksOfListNamed(invocation.arguments.join(u' '), kit);
     if (!tasks) return failWith(tasks.error().sentence, ExitStatus::CouldNot, streams.err);
 
     if (invocation.answersJson) {

@@ -1,10 +1,22 @@
 #pragma once
 
+#include "capture/NewTaskContext.h"
 #include "corvexkit/Result.h"
 #include "model/records/KWListIdentifier.h"
+#include "model/store/KWTaskListItemModel.h"
+
+#include <QList>
 
 class OrvaneKit;
 
-/// The list that a person calls by that name on the command line: one of their own, "#tag", or a smart
-/// list by its displayed name. An error says that there is none.
+/// The list that a person calls by that name on the command line: one of their own, by its id as well,
+/// "#tag", or a smart list by its displayed name. An error says that there is none.
 Result<KWListIdentifier> listNamed(const QString &name, OrvaneKit &kit);
+
+/// What the list of that name implies for tasks made in it; nothing for an empty name. An error says that
+/// there is none, or that it takes no tasks.
+Result<NewTaskContext> newTaskContextOfListNamed(const QString &name, OrvaneKit &kit);
+
+/// The tasks that the list of that name shows, of All for an empty name; without closed ones, unless the list
+/// is one of them.
+Result<QList<KWTaskListItemModel>> tasksOfListNamed(const QString &name, OrvaneKit &kit);

@@ -18,6 +18,7 @@
 #include "platform/DBusSingleInstance.h"
 #include "platform/DesktopFileManager.h"
 #include "platform/Relaunch.h"
+#include "platform/ScriptingBus.h"
 #include "platform/TerminationSignals.h"
 #include "platform/XdgMail.h"
 #include "views/alerts/Alert.h"
@@ -186,6 +187,7 @@ Result<void> DesktopClient::applyTheme()
 
 int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
 {
+    ScriptingBus scripting;
     DBusSingleInstance channel{m_folders, clock};
     SingleInstance instance{m_folders, channel};
     KWUserDefaults defaults{m_folders.config};
@@ -203,7 +205,8 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     ExitStatus withoutClient = ExitStatus::Done; // the person quit before anything was opened
     AppDelegate delegate{clock, defaults, alert, [&]() -> RunningApplication * {
                              withoutClient = ExitStatus::CouldNot;
-                             client = OpenClient::open(m_folders, m_invocation, clock, fonts, relaunch);
+                             client =
+                                 OpenClient::open(m_folders, m_invocation, clock, fonts, relaunch, scripting);
                              return client ? &client->rooms().application() : nullptr;
                          }};
 
@@ -225,6 +228,7 @@ int DesktopClient::runWindow(SystemClock &clock, FontWarmUp &fonts)
     }};
 
     const LaunchRequest request = launchRequestOf(m_invocation);
+    scripting.appear();
     const auto role =
         instance.start(request, [&delegate](const LaunchRequest &later) { delegate.open(later); });
     if (role && *role == SingleInstance::Role::HandedOver) {

@@ -58,6 +58,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
 {
     m_tasks.onOccurrencesNeeded = [this](Instant from, Instant to) { m_repeats.generateInstances(from, to); };
     m_timeChanges.onDidAdapt = [this] { m_reminders.checkReminders(); };
+    m_menu.handle(MenuCommand::ReportProblem, m_mainWindow,
+                  [this, &kit, &clock] { KWWebViewController::showTickets(kit, clock, m_web); });
     connectStatusItem();
     connectFocus();
     decideAtTheLastWindow();

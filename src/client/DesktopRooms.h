@@ -25,7 +25,7 @@
 #include "views/preferences/PreferencesWindowController.h"
 #include "views/quickadd/QuickAddController.h"
 #include "views/statusitem/StatusItem.h"
-#include "views/web/KWSummaryViewController.h"
+#include "views/web/KWWebViewController.h"
 #include "views/welcome/WelcomeWindowController.h"
 
 class OrvaneKit;

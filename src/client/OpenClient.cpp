@@ -86,7 +86,8 @@ QWidget *firstWidgetOf(DesktopRooms &rooms)
 } // namespace
 
 std::unique_ptr<OpenClient> OpenClient::open(const DataFolders &folders, const Invocation &invocation,
-                                             SystemClock &clock, FontWarmUp &fonts, RelaunchPort &relaunch)
+                                             SystemClock &clock, FontWarmUp &fonts, RelaunchPort &relaunch,
+                                             ScriptingBus &scripting)
 {
     restoreBackupIfAsked(folders, clock);
     std::unique_ptr<OrvaneKit> kit = openAsking(folders, clock);
@@ -97,11 +98,12 @@ std::unique_ptr<OpenClient> OpenClient::open(const DataFolders &folders, const I
         return nullptr;
     }
     fonts.finish();
-    return std::unique_ptr<OpenClient>{new OpenClient{std::move(kit), invocation, clock, relaunch}};
+    return std::unique_ptr<OpenClient>{
+        new OpenClient{std::move(kit), invocation, clock, relaunch, scripting}};
 }
 
 OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocation, SystemClock &clock,
-                       RelaunchPort &relaunch)
+                       RelaunchPort &relaunch, ScriptingBus &scripting)
     : m_kit(std::move(kit))
     , m_outsideChanges(m_kit->folders(), m_kit->manager(), m_kit->center(), clock)
     , m_sleepMonitor(m_kit->center(), clock)
@@ -128,6 +130,7 @@ OpenClient::OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocat
     , m_dataCare(*m_kit, relaunch)
     , m_damage(m_alerts, m_dataCare)
     , m_storeCare(m_kit->manager(), m_kit->center(), m_kit->folders())
+    , m_scripting(*m_kit, clock, m_rooms, scripting)
 {
     m_outsideChanges.start();
     m_sleepMonitor.start();

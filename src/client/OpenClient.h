@@ -3,6 +3,7 @@
 #include "app/DamagedStoreQuestion.h"
 #include "cli/Invocation.h"
 #include "client/DesktopRooms.h"
+#include "client/ScriptingRooms.h"
 #include "model/OrvaneKit.h"
 #include "model/store/StoreCare.h"
 #include "platform/DesktopNotifications.h"
@@ -31,7 +32,8 @@ public:
     /// Opens the folder, asking the person what to do where that cannot be done. None when the answer is
     /// to quit, or when it still cannot be done; standard error has the sentence then.
     static std::unique_ptr<OpenClient> open(const DataFolders &folders, const Invocation &invocation,
-                                            SystemClock &clock, FontWarmUp &fonts, RelaunchPort &relaunch);
+                                            SystemClock &clock, FontWarmUp &fonts, RelaunchPort &relaunch,
+                                            ScriptingBus &scripting);
 
     DesktopRooms &rooms() { return m_rooms; }
 
@@ -51,7 +53,7 @@ private:
     void afterFirstPaint(std::function<void()> action);
 
     OpenClient(std::unique_ptr<OrvaneKit> kit, const Invocation &invocation, SystemClock &clock,
-               RelaunchPort &relaunch);
+               RelaunchPort &relaunch, ScriptingBus &scripting);
 
     std::unique_ptr<OrvaneKit> m_kit;
     OutsideChangeWatcher m_outsideChanges;
@@ -72,4 +74,5 @@ private:
     DataCare m_dataCare;
     DamagedStoreQuestion m_damage;
     StoreCare m_storeCare;
+    ScriptingRooms m_scripting;
 };

@@ -118,6 +118,11 @@ bool KWTaskListService::readAgain(const QStringList &taskIDs)
     return true;
 }
 
+ListExtent KWTaskListService::firstExtent(const KWListIdentifier &list)
+{
+    return {-1, pagesOf(list).first, daysOfCalendar};
+}
+
 QList<KWTaskListItemModel> KWTaskListService::rows() const
 {
     QList<KWTaskListItemModel> rows;
@@ -228,8 +233,9 @@ void KWTaskListService::select(const KWListIdentifier &list)
     if (list == m_list) return;
     m_list = list;
     m_showsOtherList = true;
-    m_countToShowOfCompleted = pagesOf(list).first;
-    m_calendarDays = daysOfCalendar;
+    const ListExtent first = firstExtent(list);
+    m_countToShowOfCompleted = int(first.countToShowOfCompleted);
+    m_calendarDays = first.calendarDays;
     m_completionLoader.emplace(m_manager, m_account.currentUserID());
     readFolding();
     askForOccurrences();

@@ -24,6 +24,8 @@ public:
     const QList<KWTaskCategory> &categories() const { return m_sections.categories; }
     /// The rows of all sections.
     QList<KWTaskListItemModel> rows() const;
+    /// What a list has when it is first shown and read to its end.
+    static ListExtent firstExtent(const KWListIdentifier &list);
 
     const ShownList &shown() const { return m_content.shown; }
     KWTaskSortType sortType() const { return shown().sortType(); }

@@ -103,8 +103,9 @@ private Q_SLOTS:
 
     void everyCommandHasAUsage()
     {
-        for (const QString &command : {u"add"_s, u"list"_s, u"occurrences"_s, u"done"_s, u"undo"_s,
-                                       u"backup"_s, u"restore"_s, u"export"_s, u"import"_s})
+        for (const QString &command :
+             {u"add"_s, u"list"_s, u"occurrences"_s, u"done"_s, u"undo"_s, u"backup"_s, u"restore"_s,
+              u"export"_s, u"import"_s, u"today"_s, u"next7days"_s, u"search"_s, u"projects"_s, u"pomo"_s})
             QVERIFY2(usageOf(command).contains(u"orvane "_s + command), qUtf8Printable(command));
         QVERIFY(usageOf({}).contains(u"--picture"_s));
     }
@@ -207,6 +208,21 @@ private Q_SLOTS:
         QVERIFY(orvane(u"list"_s).out.contains(u"Red [31m and left\n"_s));
         QCOMPARE(orvane(u"list \u009bm"_s).err, u"There is no list “ m”.\n"_s);
         QCOMPARE(orvane(u"list Tags"_s).err, u"There is no list “Tags”.\n"_s); // no tasks stand in it
+    }
+
+    void answersOtherProgramsFromTheStore()
+    {
+        for (const QString &each : {u"today"_s, u"next7days"_s, u"search rent"_s, u"projects"_s})
+            QCOMPARE(orvane(each).out, QString{}); // nobody is signed in
+        const QString id = objectOf(orvane(u"add --json Pay rent 2030-05-01"_s).out)[u"id"_s].toString();
+        QCOMPARE(orvane(u"today --now 2030-04-30"_s).out, u"[]\n"_s);
+        QVERIFY(orvane(u"next7days --now 2030-04-30"_s).out.contains(id));
+        for (const QString &each : {u"today --now 2030-05-01"_s, u"search RENT --from raycast"_s}) {
+            const Answer answer = orvane(each);
+            QCOMPARE(answer.status, 0);
+            QVERIFY2(answer.out.contains(id) && answer.out.endsWith(u"]\n"), qUtf8Printable(answer.out));
+        }
+        QVERIFY(orvane(u"projects"_s).out.contains(u"\"isInbox\":true"_s));
     }
 
     void doneAndUndoTakeTheEndOfAnId()

@@ -51,6 +51,7 @@ int main(int argc, char **argv)
 {
     const QTemporaryDir home;
     isolateEnvironment(home.path());
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // as the client does, for web pages
     QApplication application{argc, argv};
 
     QStringList options = application.arguments();

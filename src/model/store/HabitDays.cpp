@@ -31,12 +31,12 @@ HabitDayState stateOf(const KWHabitCheckinModel &checkin)
     return HabitDayState::Open;
 }
 
-// Calls `take` with the day among `days`, which follow each other, that the stamp names.
+// Calls `take` with the day among `inRow`, which follow each other, that the stamp names.
 template <class Take>
-void atStamp(QList<HabitDay> &days, int stamp, Take &&take)
+void atStamp(QList<HabitDay> &inRow, int stamp, Take &&take)
 {
     const std::optional<Day> day = DayStamp::toDay(stamp);
-    if (day) take(days[(*day - days.first().day).count()]);
+    if (day) take(inRow[(*day - inRow.first().day).count()]);
 }
 
 // Of an archived habit nothing is due behind the last day that was entered.

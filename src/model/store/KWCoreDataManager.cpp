@@ -1,6 +1,7 @@
 #include "model/store/KWCoreDataManager.h"
 
 #include "model/store/Connection.h"
+#include "model/store/Migrations.h"
 
 #include <QMetaObject>
 #include <QThread>
@@ -39,6 +40,15 @@ KWCoreDataManager::~KWCoreDataManager()
 {
     m_threads.clear();
     m_threads.waitForDone();
+}
+
+bool KWCoreDataManager::needsMigration() const
+{
+    try {
+        return m_mainContext->connection().number("PRAGMA user_version") != Migrations::currentVersion();
+    } catch (const SQLite::Exception &) {
+        return true;
+    }
 }
 
 void KWCoreDataManager::announceFromBackground(const StoreChange &change)

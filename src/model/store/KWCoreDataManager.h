@@ -21,6 +21,9 @@ public:
     Store &store() { return m_store; }
     KWEventBus &bus() { return m_bus; }
 
+    /// A later program has given the file another schema than this one reads, or the file cannot be read.
+    bool needsMigration() const;
+
     /// Reads again what another process has written.
     void refreshAll() { m_mainContext->refreshAll(); }
 

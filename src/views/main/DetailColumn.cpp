@@ -6,6 +6,7 @@
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/web/KWWebViewController.h"
 
 DetailColumn::DetailColumn(const MainWindowRooms &rooms, MainWindow &window, BatchActions &actions,
                            ToastPort &toasts)
@@ -23,6 +24,11 @@ DetailColumn::DetailColumn(const MainWindowRooms &rooms, MainWindow &window, Bat
             [&focus = rooms.focus](const QString &taskID, KWFocusType mode) {
                 focus.startOn(FocusTarget::task(taskID), mode);
             });
+    connect(&m_task, &TaskDetailController::summaryRequested, this, [this, &rooms] {
+        KWWebViewController::chooseSummary(
+            rooms.kit, rooms.clock, rooms.web, m_window,
+            [this](const QString &markdown) { m_window.detail().insertIntoContent(markdown); });
+    });
     connect(&m_task, &TaskDetailController::linkRequested, this, &DetailColumn::linkRequested);
     connect(&m_task, &TaskDetailController::taskRequested, this, &DetailColumn::showOther);
 }

@@ -136,6 +136,12 @@ void MainWindowController::showHabit(const QString &habitID)
     takeKeyboard();
 }
 
+void MainWindowController::showSearch(const QString &text)
+{
+    show();
+    m_content->search.openPage(text);
+}
+
 void MainWindowController::showMessage(const QString &sentence)
 {
     show();

@@ -37,6 +37,8 @@ public:
     void showHabit(const QString &habitID) override;
     void showMessage(const QString &sentence) override;
 
+    /// The search page with that text, in the window.
+    void showSearch(const QString &text);
     /// Opens the window of the filter; an empty id makes a new one.
     void editFilter(const QString &filterID);
     /// Shows the list, for pictures.

@@ -21,6 +21,7 @@ public:
                  TaskDetailController &detail);
 
     SearchController &page() { return m_page; }
+    void openPage(const QString &text);
     /// That list is selected: the page gives way to another one than before.
     void closePage(const KWListIdentifier &list);
 
@@ -32,8 +33,6 @@ Q_SIGNALS:
     void pageClosed();
 
 private:
-    void openPage(const QString &text);
-
     TaskHits m_hits;
     PaletteController m_palette;
     SearchController m_page;

@@ -176,6 +176,7 @@ void DetailActions::addChanges(QMenu &menu)
     add(isPinned ? tr("Unpin") : tr("Pin"),
         [this, task = QStringList{m_task.sid}, pinning] { m_common.setPinned(task, pinning); });
     add(tr("Attach Files…"), &DetailActions::filesRequested);
+    add(tr("Insert Summary…"), &DetailActions::summaryRequested);
     add(tr("Duplicate"), [this] { duplicate(); });
 }
 

@@ -37,6 +37,8 @@ Q_SIGNALS:
     void taskRequested(const QString &taskID);
     /// Files to attach are to be chosen.
     void filesRequested();
+    /// A summary is to be put into the text.
+    void summaryRequested();
     /// A session on the task is to begin.
     void focusRequested(const QString &taskID, KWFocusType mode);
 

@@ -169,6 +169,7 @@ void TaskDetailController::connectActions()
 {
     connect(&m_actions, &DetailActions::focusRequested, this, &TaskDetailController::focusRequested);
     connect(&m_actions, &DetailActions::taskRequested, this, &TaskDetailController::taskRequested);
+    connect(&m_actions, &DetailActions::summaryRequested, this, &TaskDetailController::summaryRequested);
     connect(&m_actions, &DetailActions::filesRequested, &m_attachments, &AttachmentActions::chooseFiles);
     const auto connectReports = [this](auto &actions) {
         using Actions = std::remove_reference_t<decltype(actions)>;

@@ -39,6 +39,8 @@ Q_SIGNALS:
     /// Another task is to be shown: a subtask, a parent.
     void taskRequested(const QString &taskID);
     void focusRequested(const QString &taskID, KWFocusType mode);
+    /// A summary is to be put into the text, see TaskDetailView::insertIntoContent().
+    void summaryRequested();
     /// A link in the text that leads into the program.
     void linkRequested(const QString &link);
     /// An item of the checklist is to go: `remove` takes it out of the store, `restore` puts it back.

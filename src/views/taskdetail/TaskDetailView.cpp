@@ -150,6 +150,16 @@ void TaskDetailView::setTask(const std::optional<TaskDetailData> &shown)
     m_page->show();
 }
 
+void TaskDetailView::insertIntoContent(const QString &text)
+{
+    QTextCursor caret = m_content->textCursor();
+    const bool isInLine = !caret.atBlockStart();
+    caret.insertText((isInLine ? u"\n"_s : QString{}) + text);
+    m_content->setTextCursor(caret);
+    m_content->setFocus(Qt::OtherFocusReason);
+    commitEdits();
+}
+
 void TaskDetailView::showParts(const TaskDetailData &shown)
 {
     const KWTaskModel &task = shown.task;

@@ -34,6 +34,8 @@ public:
     void setTask(const std::optional<TaskDetailData> &shown);
     /// Hands over what is typed and not handed over yet.
     void commitEdits();
+    /// As if it were typed where the caret stands, in lines of its own; Ctrl+Z takes it back.
+    void insertIntoContent(const QString &text);
     /// The title or the text that was handed over last could not be stored. As with items of the checklist
     /// and a subtask, it stays in its field and is handed over again; when another task is shown first, once
     /// this one comes back.
