@@ -14,7 +14,7 @@ function(orvane_room NAME)
 endfunction()
 
 # A library that the program loads when it first needs it: `bin/plugins/NAME.so`, see platform/Plugins.h. Of
-# the rooms it USES it sees the headers alone.
+# the rooms it USES it sees the headers alone. It becomes the package orvane-NAME, see packaging/packages.cmake.
 function(orvane_plugin NAME)
     cmake_parse_arguments(PLUGIN "" "FOLDER" "USES;LINKS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PLUGIN_FOLDER}/*.cpp ${PLUGIN_FOLDER}/*.h ${PLUGIN_FOLDER}/*.qrc)
@@ -27,7 +27,8 @@ function(orvane_plugin NAME)
     set_target_properties(${NAME}_plugin PROPERTIES PREFIX "" OUTPUT_NAME ${NAME}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/plugins)
     add_dependencies(orvane ${NAME}_plugin)
-    install(TARGETS ${NAME}_plugin LIBRARY DESTINATION lib/orvane COMPONENT ${NAME})
+    install(TARGETS ${NAME}_plugin LIBRARY DESTINATION lib/orvane/plugins COMPONENT ${NAME})
+    set_property(GLOBAL APPEND PROPERTY ORVANE_PLUGINS ${NAME})
 endfunction()
 
 # A program of test classes. Every `*_test.cpp` below FOLDERS holds one class of its own name, which

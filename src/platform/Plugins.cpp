@@ -17,7 +17,7 @@ constexpr CXLogger pluginsLog{u"plugins"};
 QString Plugins::fileOf(const QString &name)
 {
     const QString program = QCoreApplication::applicationDirPath();
-    for (const QString &folder : {program + u"/plugins/"_s, program + u"/../lib/orvane/"_s})
+    for (const QString &folder : {program + u"/plugins/"_s, program + u"/../lib/orvane/plugins/"_s})
         if (const QString file = folder + name + u".so"_s; QFile::exists(file)) return file;
     return {};
 }

@@ -4,8 +4,8 @@
 #include <QString>
 
 /// Parts of the program that are libraries of their own, so that what they link costs nothing before it is
-/// used: `plugins/NAME.so` beside the program where it is built, `../lib/orvane/NAME.so` where it is
-/// installed. Main thread.
+/// used: `plugins/NAME.so` beside the program where it is built, `../lib/orvane/plugins/NAME.so` where it
+/// is installed. Main thread.
 namespace Plugins {
 
 /// Empty where it is not installed.
