@@ -18,7 +18,7 @@ _orvane_names() {
 
 _orvane() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' i
-    local commands='add list today next7days search projects pomo done undo occurrences export import backup restore'
+    local commands='add list today next7days search projects pomo summary done undo occurrences export import backup restore'
     local folder=() everywhere='--home --locale --zone --demo --help'
     COMPREPLY=()
     for ((i = 1; i < COMP_CWORD; ++i)); do
@@ -35,6 +35,9 @@ _orvane() {
     case $before in
     --home) return ;; # folders, by the rule below
     --picture) return ;;
+    --group) COMPREPLY=($(compgen -W 'day list status' -- "$word")) && return ;;
+    --format) COMPREPLY=($(compgen -W 'md html pdf' -- "$word")) && return ;;
+    --out) return ;; # files, by the rule below
     --theme) COMPREPLY=($(compgen -W 'light dark' -- "$word")) && return ;;
     --page)
         COMPREPLY=($(compgen -W 'welcome inbox today tomorrow next7days all assigned completed abandoned trash
@@ -61,6 +64,7 @@ _orvane() {
         list) own='--json --now' ;;
         today | next7days) own='--now --from' ;;
         search | projects | pomo) own='--from' ;;
+        summary) own='--from --to --now --list --group --format --out' ;;
         occurrences) own='--start --rule --from --to --all-day --exdate --limit --stdin' ;;
         esac
         COMPREPLY=($(compgen -W "$own $everywhere" -- "$word"))

@@ -22,7 +22,7 @@ function __orvane_zones
     find /usr/share/zoneinfo -type f -name '[A-Z]*' -printf '%P\n' 2>/dev/null | string match -v -r '^posix|^right|\.'
 end
 
-set -l commands add list today next7days search projects pomo done undo occurrences export import backup restore
+set -l commands add list today next7days search projects pomo summary done undo occurrences export import backup restore
 set -l none "not __fish_seen_subcommand_from $commands"
 
 complete -c orvane -f
@@ -54,6 +54,7 @@ complete -c orvane -n $none -a next7days -d 'Answer Next 7 Days as JSON'
 complete -c orvane -n $none -a search -d 'Answer the tasks that words find as JSON'
 complete -c orvane -n $none -a projects -d 'Answer your lists as JSON'
 complete -c orvane -n $none -a pomo -d 'Start a Pomo'
+complete -c orvane -n $none -a summary -d 'Tell what was done and what is planned'
 complete -c orvane -n $none -a occurrences -d 'Show when something repeats'
 complete -c orvane -n $none -a export -d 'Write everything as JSON'
 complete -c orvane -n $none -a import -d 'Take an export in'
@@ -76,4 +77,11 @@ complete -c orvane -n '__fish_seen_subcommand_from occurrences' -l to -x -d 'Whe
 complete -c orvane -n '__fish_seen_subcommand_from occurrences' -l all-day -d 'Occurs on days'
 complete -c orvane -n '__fish_seen_subcommand_from occurrences' -l exdate -x -d 'An occurrence that is left out'
 complete -c orvane -n '__fish_seen_subcommand_from occurrences' -l limit -x -d 'The first of them'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l from -x -d 'The first day'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l to -x -d 'The last day'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l now -x -d 'As of this time'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l list -x -a '(__orvane_lists)' -d 'Of this list'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l group -x -a 'day list status' -d 'What stands together'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l format -x -a 'md html pdf' -d 'Format of the text'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l out -r -F -d 'Write this file'
 complete -c orvane -n '__fish_seen_subcommand_from export import backup restore' -F

@@ -113,9 +113,13 @@ private Q_SLOTS:
         answer(Qt::Key_Escape);
 
         paletteFor(u"summary"_s);
+        answer(Qt::Key_Return);
+        QVERIFY(m_client->window()->isSummaryShown());
+
+        paletteFor(u"print"_s);
         QTest::keyClick(palette()->findChild<QWidget *>(u"paletteField"_s), Qt::Key_Return);
-        QVERIFY(palette()); // this version has none, and the row says so
-        QCOMPARE(palette()->rows().current()->note, u"This version has no summary yet."_s);
+        QVERIFY(palette()); // there is no list, and the row says so
+        QCOMPARE(palette()->rows().current()->note, u"This is for lists, and the summary is shown."_s);
         answer(Qt::Key_Escape);
 
         paletteFor(u"habits"_s);

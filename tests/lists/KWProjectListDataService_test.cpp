@@ -123,7 +123,7 @@ private Q_SLOTS:
                               "Tags(Errand Food(Leek Bread) Stray Self) Filters(No filters yet) "
                               "Subscriptions"_s);
         QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days Calendar Focus Habits"_s);
-        QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash"_s);
+        QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash Summary"_s);
         const QList<KWListIdentifier> all = m_service->lists();
         QCOMPARE(all.size(), 7 + 6 + 2 + 6 + 2); // of the top, lists, folders, tags, of the bottom
         for (const KWListIdentifier &each : all)

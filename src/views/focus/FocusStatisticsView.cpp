@@ -57,6 +57,7 @@ FocusStatisticsView::FocusStatisticsView(QWidget *parent)
             [this](int kind) { Q_EMIT periodRequested({.kind = FocusPeriod::Kind(kind)}); });
     connect(m_before, &QAbstractButton::clicked, this, [this] { turn(-1); });
     connect(m_after, &QAbstractButton::clicked, this, [this] { turn(1); });
+    nameSteps();
 }
 
 QLayout *FocusStatisticsView::makeHead()
@@ -103,17 +104,22 @@ QString FocusStatisticsView::nameOfRange() const
     return {};
 }
 
+void FocusStatisticsView::nameSteps()
+{
+    const int kind = int(m_statistics.period.kind);
+    nameButton(*m_before, QStringList{KWLocalizedString("Day before"), KWLocalizedString("Week before"),
+                                      KWLocalizedString("Month before")}[kind]);
+    nameButton(*m_after, QStringList{KWLocalizedString("Day after"), KWLocalizedString("Week after"),
+                                     KWLocalizedString("Month after")}[kind]);
+}
+
 void FocusStatisticsView::setStatistics(const FocusStatistics &statistics, Day today)
 {
     m_statistics = statistics;
     m_kinds->choose(int(statistics.period.kind));
     m_range->setText(nameOfRange());
     m_after->setEnabled(statistics.period.offset < 0);
-    const int kind = int(statistics.period.kind);
-    nameButton(*m_before, QStringList{KWLocalizedString("Day before"), KWLocalizedString("Week before"),
-                                      KWLocalizedString("Month before")}[kind]);
-    nameButton(*m_after, QStringList{KWLocalizedString("Day after"), KWLocalizedString("Week after"),
-                                     KWLocalizedString("Month after")}[kind]);
+    nameSteps();
     m_total->setText(
         KWLocalizedString("%1 in all, %2")
             .arg(FocusWording::length(statistics.focused), FocusWording::pomos(statistics.pomos)));

@@ -26,6 +26,7 @@ private:
     QLayout *makeHead();
     void turn(int periods);
     QString nameOfRange() const;
+    void nameSteps();
 
     FocusStatistics m_statistics;
     SegmentedControl *m_kinds;
