@@ -125,7 +125,7 @@ private Q_SLOTS:
         QCOMPARE(outline(m_service->topNode()), u"Inbox Today Tomorrow Next 7 Days Calendar Focus Habits"_s);
         QCOMPARE(outline(m_service->bottomNode()), u"Completed Trash Summary"_s);
         const QList<KWListIdentifier> all = m_service->lists();
-        QCOMPARE(all.size(), 7 + 6 + 2 + 6 + 2); // of the top, lists, folders, tags, of the bottom
+        QCOMPARE(all.size(), 7 + 6 + 2 + 6 + 3); // of the top, lists, folders, tags, of the bottom
         for (const KWListIdentifier &each : all)
             QVERIFY(m_service->nodeFor(each) && m_service->nodeFor(each)->listIdentifier() == each);
         QVERIFY(!m_service->nodeFor(KWListIdentifier::project(u"House"_s)));
