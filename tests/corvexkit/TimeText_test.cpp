@@ -40,6 +40,12 @@ private Q_SLOTS:
             QVERIFY2(!TimeText::toInstant(whole.first(length)), qPrintable(whole.first(length)));
         QVERIFY(TimeText::toInstant(whole));
     }
+
+    void writesTheEndsOfTheCalendarForWhatLiesBeyond()
+    {
+        QCOMPARE(TimeText::fromInstant(Instant::min()), u"-32767-01-01T00:00:00Z"_s);
+        QCOMPARE(TimeText::fromInstant(Instant::max()), u"32767-12-31T23:59:59.999Z"_s);
+    }
 };
 
 ORVANE_TEST(TimeText_test)

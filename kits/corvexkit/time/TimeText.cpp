@@ -1,5 +1,6 @@
 #include "corvexkit/time/TimeText.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -105,6 +106,10 @@ seconds takeOffset(TextReader &reader)
     return west ? -offset : offset;
 }
 
+// The calendar has no dates before and after.
+constexpr LocalTime firstMoment{local_days{year::min() / January / 1}};
+constexpr LocalTime lastMoment{local_days{year::max() / December / 31} + 24h - 1ms};
+
 // Room for the longest of all: a sign, a year of five digits, milliseconds and "Z".
 class TextWriter {
 public:
@@ -145,8 +150,9 @@ public:
 
     void dayAndTime(LocalTime moment, TimeText::Fraction fraction)
     {
-        const Day onDay = floor<days>(moment);
-        const milliseconds time = moment - onDay;
+        const LocalTime dated = std::clamp(moment, firstMoment, lastMoment);
+        const Day onDay = floor<days>(dated);
+        const milliseconds time = dated - onDay;
         day(onDay);
         put(u'T');
         minutesOf(time);

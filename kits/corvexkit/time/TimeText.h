@@ -34,7 +34,7 @@ QString fromLocalTime(LocalTime time, Fraction fraction = Fraction::WhenNeeded);
 /// RFC 3339: a local time with seconds, up to nine places of a fraction (cut to milliseconds) and "Z"
 /// or an offset such as "+02:00".
 std::optional<Instant> toInstant(QStringView text);
-/// "2030-05-01T09:00:00Z".
+/// "2030-05-01T09:00:00Z". Outside the years of std::chrono::year its first or its last moment.
 QString fromInstant(Instant instant, Fraction fraction = Fraction::WhenNeeded);
 
 } // namespace TimeText
