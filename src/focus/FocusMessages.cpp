@@ -62,5 +62,6 @@ FocusQuestion FocusMessages::leftPomo(std::chrono::minutes focused)
                                    .replace("%n"_L1, QString::number(focused.count()));
     return {.message = KWLocalizedString("Keep the focus time of the last run?"),
             .text = text,
-            .buttons = {KWLocalizedString("Keep It"), KWLocalizedString("Drop It")}};
+            .buttons = {KWLocalizedString("Keep It"), KWLocalizedString("Drop It")},
+            .escapeButton = 0};
 }

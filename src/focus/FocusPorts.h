@@ -60,6 +60,7 @@ struct FocusQuestion {
     QString message;
     QString text;
     QStringList buttons;
+    int escapeButton = -1; ///< answers to Escape; -1: the last
     bool operator==(const FocusQuestion &) const = default;
 };
 

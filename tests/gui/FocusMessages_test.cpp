@@ -1,9 +1,13 @@
+#include "focus/FocusMessages.h"
 #include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
 #include "platform/DesktopNotifications.h"
 #include "platform/FakeNotificationServer.h"
 #include "support/Files.h"
 #include "support/TestMain.h"
+#include "views/alerts/AlertPresenter.h"
 #include "views/alerts/NotificationPanel.h"
+#include "views/focus/FocusQuestions.h"
 #include "views/main/MainWindow.h"
 
 #include <QAbstractButton>
@@ -103,6 +107,26 @@ private Q_SLOTS:
         client.clock.advance(15min); // nobody answered
         QTRY_VERIFY(!sheet());
         QCOMPARE(pomo.state(), KWPomoRunningState::waitingToRelax);
+    }
+
+    void escapeLosesNoTime_data()
+    {
+        QTest::addColumn<FocusQuestion>("question");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("it is kept") << FocusMessages::leftPomo(10min) << 0;
+        QTest::newRow("it stays where it was") << FocusMessages::belonging(u"Write"_s) << 1;
+        QTest::newRow("it goes on") << FocusMessages::abandonment() << 1;
+    }
+    void escapeLosesNoTime()
+    {
+        QFETCH(const FocusQuestion, question);
+        QFETCH(const int, expected);
+        AlertPresenter alerts;
+        FocusQuestions questions{alerts, [] { return nullptr; }};
+        int answer = -1;
+        questions.ask(question, [&answer](int button) { answer = button; });
+        answerNextAlert(Qt::Key_Escape);
+        QTRY_COMPARE(answer, expected);
     }
 };
 

@@ -14,6 +14,7 @@ struct AlertText {
     QString text;
     QStringList buttons;
     int defaultButton = 0; ///< answers to Enter
+    int escapeButton = -1; ///< answers to Escape; -1: the last
     bool operator==(const AlertText &) const = default;
 };
 

@@ -25,18 +25,20 @@ public:
             button->setObjectName(u"alertButton%1"_s.arg(m_buttons.size()));
             button->setAccessibleName(text);
             if (m_buttons.size() == alert.defaultButton) setDefaultButton(button);
-            setEscapeButton(button);
             m_buttons.append(button);
         }
+        m_escape = alert.escapeButton < 0 ? int(m_buttons.size()) - 1 : alert.escapeButton;
+        setEscapeButton(m_buttons.value(m_escape));
     }
 
     int chosen() const
     {
         const qsizetype place = m_buttons.indexOf(clickedButton());
-        return int(place < 0 ? m_buttons.size() - 1 : place);
+        return place < 0 ? m_escape : int(place);
     }
 
 private:
+    int m_escape = 0;
     QList<QAbstractButton *> m_buttons;
 };
 

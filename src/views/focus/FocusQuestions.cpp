@@ -7,7 +7,10 @@ namespace {
 
 AlertText textOf(const FocusQuestion &question)
 {
-    return {.message = question.message, .text = question.text, .buttons = question.buttons};
+    return {.message = question.message,
+            .text = question.text,
+            .buttons = question.buttons,
+            .escapeButton = question.escapeButton};
 }
 
 } // namespace
