@@ -1,5 +1,6 @@
 // Whole processes, side by side: the client's start up to its first painted list on a store of 100,000
-// tasks against an empty Qt widgets window, their proportional memory, and `orvane add` on that store.
+// tasks against an empty Qt widgets window, with and without its plugins, their proportional memory, and
+// `orvane add` on that store.
 // Usage: start_bench [RUNS]; the programs are taken from the folder it stands in.
 
 #include "corvexkit/time/SystemClock.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -83,6 +85,14 @@ double runOf(const QString &program, const QStringList &arguments)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
+// The program at another place, where no plugins are beside it.
+QString bareProgram(const QTemporaryDir &folder, const QString &program)
+{
+    QString bare = folder.filePath(u"orvane"_s);
+    std::filesystem::create_hard_link(program.toStdString(), bare.toStdString());
+    return bare;
+}
+
 double median(std::vector<double> values)
 {
     std::ranges::sort(values);
@@ -102,10 +112,13 @@ int main(int argc, char **argv)
     if (!fillHome(home.path())) return 1;
 
     const QStringList inHome{u"--home"_s, home.path()};
-    std::vector<double> emptyTimes, emptySizes, clientTimes, clientSizes, ratios, adds;
+    const QTemporaryDir bareFolder{folder + u"bare"_s};
+    const QString bare = bareProgram(bareFolder, folder + u"orvane"_s);
+    std::vector<double> emptyTimes, emptySizes, clientTimes, clientSizes, bareTimes, bareSizes, ratios, adds;
     for (int run = -1; run < runs; ++run) {
         const Start empty = startOf(folder + u"empty_window"_s, {});
         const Start client = startOf(folder + u"orvane"_s, inHome);
+        const Start withoutPlugins = startOf(bare, inHome);
         const double add =
             runOf(folder + u"orvane"_s,
                   inHome + QStringList{u"add"_s, u"Call the venue tomorrow 5pm !high #errand"_s});
@@ -114,12 +127,15 @@ int main(int argc, char **argv)
         emptySizes.push_back(empty.megabytes);
         clientTimes.push_back(client.milliseconds);
         clientSizes.push_back(client.megabytes);
+        bareTimes.push_back(withoutPlugins.milliseconds);
+        bareSizes.push_back(withoutPlugins.megabytes);
         ratios.push_back(client.milliseconds / empty.milliseconds);
         adds.push_back(add);
     }
     std::printf("medians of %d runs, in pairs\n", runs);
     std::printf("empty window     %7.1f ms  %6.1f MB\n", median(emptyTimes), median(emptySizes));
     std::printf("first list       %7.1f ms  %6.1f MB\n", median(clientTimes), median(clientSizes));
+    std::printf("without plugins  %7.1f ms  %6.1f MB\n", median(bareTimes), median(bareSizes));
     std::printf("ratio            %7.2f     +%5.1f MB\n", median(ratios),
                 median(clientSizes) - median(emptySizes));
     std::printf("orvane add       %7.1f ms\n", median(adds));
