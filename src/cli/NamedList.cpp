@@ -39,12 +39,13 @@ Result<NewTaskContext> newTaskContextOfListNamed(const QString &name, OrvaneKit 
     return newTaskContextOf(*list, kit.account().currentUserID(), kit.context());
 }
 
-Result<QList<KWTaskListItemModel>> tasksOfListNamed(const QString &name, OrvaneKit &kit)
+Result<QList<KWTaskListItemModel>> tasksOfListNamed(const QString &name, OrvaneKit &kit, std::int64_t limit)
 {
     const Result<KWListIdentifier> list =
         name.isEmpty() ? KWListIdentifier::smartProject(KWSmartProject::all().identifier())
                        : listNamed(name, kit);
     if (!list) return list.error();
     return KWListDataFetcher{kit.clock()}.reloadDataModel(
-        {.userID = kit.account().currentUserID(), .selection = *list}, kit.context().connection());
+        {.userID = kit.account().currentUserID(), .selection = *list, .limit = limit},
+        kit.context().connection());
 }

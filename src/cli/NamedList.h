@@ -18,5 +18,6 @@ Result<KWListIdentifier> listNamed(const QString &name, OrvaneKit &kit);
 Result<NewTaskContext> newTaskContextOfListNamed(const QString &name, OrvaneKit &kit);
 
 /// The tasks that the list of that name shows, of All for an empty name; without closed ones, unless the list
-/// is one of them.
-Result<QList<KWTaskListItemModel>> tasksOfListNamed(const QString &name, OrvaneKit &kit);
+/// is one of them; the first ones up to a limit that is not negative.
+Result<QList<KWTaskListItemModel>> tasksOfListNamed(const QString &name, OrvaneKit &kit,
+                                                    std::int64_t limit = -1);

@@ -2,6 +2,7 @@
 
 #include "cli/CommandText.h"
 #include "cli/ListSections.h"
+#include "corvexkit/log/RotatingFileSink.h"
 #include "integration/scripting/KWScriptCommand.h"
 #include "model/OrvaneKit.h"
 #include "platform/ScriptingClient.h"
@@ -16,7 +17,10 @@ ExitStatus runScriptCommand(const Invocation &invocation, OrvaneKit &kit, Comman
     const ScriptSurroundings with{kit, lists, noFocus, noUsage};
     ScriptCommandDescription description{.arguments = {{u"from"_s, invocation.from}}};
     if (!invocation.arguments.isEmpty()) description.directParameter = invocation.arguments.join(u' ');
+    // Who asks is noted where the client notes it.
+    const auto before = CXLog::setSink(std::make_shared<RotatingFileSink>(kit.folders().log()));
     const auto answer = performScriptCommand(invocation.command, with, std::move(description));
+    CXLog::setSink(before);
     if (answer) streams.out << *answer << '\n';
     return ExitStatus::Done;
 }

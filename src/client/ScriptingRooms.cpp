@@ -3,12 +3,13 @@
 #include "cli/NamedList.h"
 #include "client/DesktopRooms.h"
 #include "model/OrvaneKit.h"
+#include "model/records/KWPomoSettings.h"
 #include "platform/ScriptingBus.h"
 
 ScriptingRooms::ScriptingRooms(OrvaneKit &kit, CXClock &clock, DesktopRooms &rooms, ScriptingBus &bus)
     : m_bus(bus)
     , m_lists([&rooms] { return rooms.deletes().delayDeletedTaskSet(); })
-    , m_focus(rooms)
+    , m_focus(kit, rooms)
     , m_tasks(kit, rooms)
     , m_windows(rooms)
     , m_room({kit, m_lists, m_focus, m_usage}, m_tasks, m_windows)
@@ -18,7 +19,10 @@ ScriptingRooms::ScriptingRooms(OrvaneKit &kit, CXClock &clock, DesktopRooms &roo
 
 ScriptingRooms::~ScriptingRooms() { m_bus.close(); }
 
-bool ScriptingRooms::Focus::isPomoEnabled() const { return m_rooms.focus().pomo().settings().isPomoEnabled; }
+bool ScriptingRooms::Focus::isPomoEnabled() const
+{
+    return KWPomoSettings::isFocusEnabled(m_kit.account().currentUserID(), m_kit.context());
+}
 
 bool ScriptingRooms::Focus::isPomoRunning() const { return m_rooms.focus().manager().isPomoRunning(); }
 
@@ -36,9 +40,9 @@ Result<KWTaskModel> ScriptingRooms::Tasks::addTask(const QString &text, const QS
     return m_rooms.newTasks().add(text, *context);
 }
 
-Result<QStringList> ScriptingRooms::Tasks::tasksOfList(const QString &list)
+Result<QStringList> ScriptingRooms::Tasks::tasksOfList(const QString &list, qsizetype limit)
 {
-    const Result<QList<KWTaskListItemModel>> tasks = tasksOfListNamed(list, m_kit);
+    const Result<QList<KWTaskListItemModel>> tasks = tasksOfListNamed(list, m_kit, limit);
     if (!tasks) return tasks.error();
     QStringList ids;
     for (const KWTaskListItemModel &each : *tasks)

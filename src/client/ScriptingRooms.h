@@ -19,20 +19,21 @@ public:
 private:
     class Focus : public FocusStartPort {
     public:
-        explicit Focus(DesktopRooms &rooms) : m_rooms(rooms) {}
+        Focus(OrvaneKit &kit, DesktopRooms &rooms) : m_kit(kit), m_rooms(rooms) {}
         bool isPomoEnabled() const override;
         bool isPomoRunning() const override;
         bool isStopWatchRunning() const override;
         void startPomo(std::int64_t seconds) override;
 
     private:
+        OrvaneKit &m_kit;
         DesktopRooms &m_rooms;
     };
     class Tasks : public TaskToolsPort {
     public:
         Tasks(OrvaneKit &kit, DesktopRooms &rooms) : m_kit(kit), m_rooms(rooms) {}
         Result<KWTaskModel> addTask(const QString &text, const QString &list) override;
-        Result<QStringList> tasksOfList(const QString &list) override;
+        Result<QStringList> tasksOfList(const QString &list, qsizetype limit) override;
 
     private:
         OrvaneKit &m_kit;

@@ -1,8 +1,17 @@
 #include "platform/ScriptingBus.h"
 
+#include "corvexkit/log/CXLog.h"
+
+#include <QDBusError>
 #include <QDBusMessage>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr CXLogger busLog{u"script"};
+
+} // namespace
 
 ScriptingBus::ScriptingBus(BusConnector connector) : m_connector(std::move(connector)) {}
 
@@ -19,8 +28,12 @@ void ScriptingBus::appear()
     QDBusConnection bus = m_connector();
     if (!bus.isConnected()) return;
     m_isThere = bus.registerVirtualObject(ScriptingObject::path, &m_scripting);
-    bus.registerObject(SearchProvider::path, &m_searchProvider, QDBusConnection::ExportScriptableSlots);
-    bus.registerObject(Runner::path, &m_runner, QDBusConnection::ExportScriptableSlots);
+    const auto slots = QDBusConnection::ExportScriptableSlots;
+    const bool areAllThere = m_isThere &&
+                             bus.registerObject(SearchProvider::path, &m_searchProvider, slots) &&
+                             bus.registerObject(Runner::path, &m_runner, slots);
+    if (!areAllThere)
+        busLog.warning(u"Other programs cannot reach all of Orvane: "_s + bus.lastError().message());
 }
 
 void ScriptingBus::open(const ScriptingRoom &room, OrvaneKit &kit, CXClock &clock)

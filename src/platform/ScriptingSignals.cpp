@@ -14,6 +14,12 @@ ScriptingSignals::ScriptingSignals(OrvaneKit &kit, CXClock &clock, Told told)
                                 KWUserDidSignInNotification, KWUserDidSignOutNotification})
         m_observations.push_back(
             kit.center().addObserver(each, [this](const KWNotification &) { takeAnything(); }));
+    // Another day has other tasks; and what waits to be deleted is in no list any more.
+    for (const QString &each : {KWNewDayComesNotification, delayDeleteStatusChangedNotification})
+        m_observations.push_back(kit.center().addObserver(each, [this](const KWNotification &) {
+            m_isAnyTask = true;
+            tellLater();
+        }));
 }
 
 void ScriptingSignals::take(const StoreChange &change)

@@ -224,6 +224,9 @@ private Q_SLOTS:
             QVERIFY2(answer.out.contains(id) && answer.out.endsWith(u"]\n"), qUtf8Printable(answer.out));
         }
         QVERIFY(orvane(u"projects"_s).out.contains(u"\"isInbox\":true"_s));
+        const QByteArray log = bytesOf(DataFolders::locate(m_home->path()).log() + u"/orvane.log"_s);
+        QVERIFY2(log.contains("apple script: search, from: raycast\n"), log.constData());
+        QCOMPARE(log.count("apple script: "), 5);
     }
 
     void doneAndUndoTakeTheEndOfAnId()

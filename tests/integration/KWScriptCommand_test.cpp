@@ -235,8 +235,11 @@ private Q_SLOTS:
         const LogRecorder log;
         perform("next7days");
         perform("pomo", u"no number"_s, {{u"from"_s, u"a launcher"_s}});
-        QCOMPARE(log.lines(u"script"_s), QStringList({u"apple script: next7days, from:"_s,
-                                                      u"apple script: pomo, from: a launcher"_s}));
+        perform("today", {}, {{u"from"_s, u"two\nlines"_s + QString{1'000'000, u'!'}}});
+        const QString cut = u"two lines"_s + QString{191, u'!'};
+        QCOMPARE(log.lines(u"script"_s),
+                 QStringList({u"apple script: next7days, from:"_s, u"apple script: pomo, from: a launcher"_s,
+                              u"apple script: today, from: "_s + cut}));
     }
 
     void answersNothingToNobody_data()

@@ -2,12 +2,14 @@
 
 #include "corvexkit/log/CXLog.h"
 #include "model/OrvaneKit.h"
+#include "model/records/OneLine.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr CXLogger scriptLog{u"script"};
+constexpr qsizetype longestLogged = 200; // of what a caller calls itself
 
 } // namespace
 
@@ -17,7 +19,8 @@ bool KWScriptCommandUtil::begin(QLatin1StringView command, const ScriptCommandDe
     if (with.kit.manager().needsMigration() || !with.kit.account().isSignedIn()) return false;
     const QString from = description.from();
     if (from == recordedCaller) with.usage.record(usageCategory, u"action"_s, command);
-    scriptLog.info([&] { return u"apple script: "_s + command + u", from: "_s + from; });
+    scriptLog.info(
+        [&] { return u"apple script: "_s + command + u", from: "_s + onOneLine(from.left(longestLogged)); });
     return true;
 }
 

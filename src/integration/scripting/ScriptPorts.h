@@ -60,8 +60,11 @@ public:
     {
         return Error{QStringLiteral("No task can be added.")};
     }
-    /// The ids of the open tasks of the list, in display order.
-    virtual Result<QStringList> tasksOfList(const QString & /*list*/) { return QStringList{}; }
+    /// The ids of the open tasks of the list, in display order, the first ones up to the limit.
+    virtual Result<QStringList> tasksOfList(const QString & /*list*/, qsizetype /*limit*/)
+    {
+        return QStringList{};
+    }
 };
 
 /// The windows of the client.

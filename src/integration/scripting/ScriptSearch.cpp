@@ -7,7 +7,7 @@
 #include "model/records/KWSmartProject.h"
 #include "model/records/KWTask.h"
 #include "model/store/FindAll.h"
-#include "model/store/TaskSearch.h"
+#include "model/store/KWTaskFinder.h"
 #include "model/text/DayText.h"
 #include "model/text/DisplayTitle.h"
 
@@ -49,18 +49,15 @@ Result<QList<KWTaskModel>> ScriptSearch::find(const QString &text, int limit) co
 {
     QList<KWTaskModel> tasks;
     if (!isPossible() || text.size() > longestText) return tasks;
-    const TaskSearchRequest request{
-        .userID = m_with.kit.account().currentUserID(), .text = text, .limit = limit};
     const Result<void> read =
         KWCoreDataService{m_with.kit.manager()}.sync_perform([&](ObjectContext &context) -> Result<void> {
-            const auto hits = TaskSearch::find(request, context.clock(), context.connection());
-            if (!hits) return hits.error();
-            QStringList ids;
-            for (const TaskSearchHit &each : *hits)
-                if (!m_with.lists.isHidden(each.row.sid)) ids.append(each.row.sid);
-            tasks = cx_MTL_modelsFromManagedObjects(findAll<KWTask>(ids, context));
+            const auto found =
+                KWTaskFinder::fetchAllSearing(text, m_with.kit.account().currentUserID(), limit, context);
+            if (!found) return found.error();
+            tasks = cx_MTL_modelsFromManagedObjects(*found);
             return {};
         });
+    tasks.removeIf([this](const KWTaskModel &each) { return m_with.lists.isHidden(each.sid); });
     if (!read) return read.error();
     return tasks;
 }

@@ -18,9 +18,11 @@ Result<QString> ScriptTools::textOf(QLatin1StringView tool, const ScriptCommandD
     const QString text = description.directParameter.toString();
     if (text.size() > longestText)
         return Error{KWLocalizedString("The text is longer than %1 characters.").arg(longestText)};
-    if (!KWScriptCommandUtil::begin(tool, description, m_with))
-        return Error{KWLocalizedString("Nobody is signed in.")};
-    return text;
+    if (KWScriptCommandUtil::begin(tool, description, m_with)) return text;
+    return Error{m_with.kit.manager().needsMigration()
+                     ? KWLocalizedString(
+                           "A newer version of Orvane has changed the tasks; this one leaves them untouched.")
+                     : KWLocalizedString("Nobody is signed in.")};
 }
 
 Result<QString> ScriptTools::add(const ScriptCommandDescription &description) const
@@ -31,7 +33,9 @@ Result<QString> ScriptTools::add(const ScriptCommandDescription &description) co
     if (list.userType() != QMetaType::QString) return Error{KWLocalizedString("The list is no text.")};
     const Result<KWTaskModel> task = m_tasks.addTask(*text, list.toString());
     if (!task) return task.error();
-    return cx_JSONString(*task);
+    // Saving has worked out more of it: when it alerts.
+    const KWTask *saved = m_with.kit.context().find<KWTask>(task->sid);
+    return cx_JSONString(saved ? saved->model() : *task);
 }
 
 Result<QString> ScriptTools::complete(const ScriptCommandDescription &description) const
@@ -55,7 +59,7 @@ Result<QString> ScriptTools::list(const ScriptCommandDescription &description) c
 {
     const Result<QString> name = textOf("list"_L1, description);
     if (!name) return name.error();
-    Result<QStringList> ids = m_tasks.tasksOfList(*name);
+    Result<QStringList> ids = m_tasks.tasksOfList(*name, mostTasks);
     if (!ids) return ids.error();
     ids->removeIf([this](const QString &each) { return m_with.lists.isHidden(each); });
     ids->resize(std::min(ids->size(), mostTasks));

@@ -5,7 +5,9 @@
 #include "model/store/ColumnCodec.h"
 #include "model/store/CompletionOrder.h"
 #include "model/store/Connection.h"
+#include "model/store/FindAll.h"
 #include "model/store/StoreFailure.h"
+#include "model/store/TaskSearch.h"
 
 #include <string>
 
@@ -204,6 +206,18 @@ Result<std::vector<RepeatingTask>> KWTaskFinder::findAllTasksWillRepeatOfUser(co
     } catch (const SQLite::Exception &exception) {
         return storeFailure(exception);
     }
+}
+
+Result<QList<KWTask *>> KWTaskFinder::fetchAllSearing(const QString &text, const QString &userID, int limit,
+                                                      ObjectContext &context)
+{
+    const auto hits = TaskSearch::find({.userID = userID, .text = text, .limit = limit}, context.clock(),
+                                       context.connection());
+    if (!hits) return hits.error();
+    QStringList ids;
+    for (const TaskSearchHit &each : *hits)
+        ids.append(each.row.sid);
+    return findAll<KWTask>(ids, context);
 }
 
 KWTask *KWTaskFinder::findLatestCompletedTaskRepeatedByTask(const KWTask &task)

@@ -62,6 +62,9 @@ public:
     /// When those of all open lists occur, read at one go, without their records and in no order.
     static Result<std::vector<RepeatingTask>> findAllTasksWillRepeatOfUser(const TaskOwner &owner,
                                                                            ObjectContext &context);
+    /// The tasks with the words of the text, at most `limit`, found and ordered as by TaskSearch.
+    static Result<QList<KWTask *>> fetchAllSearing(const QString &text, const QString &userID, int limit,
+                                                   ObjectContext &context);
     /// The occurrence of a repeating task that was completed last; none when there is none.
     static KWTask *findLatestCompletedTaskRepeatedByTask(const KWTask &task);
 
