@@ -11,7 +11,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int highest = 30000; // pixels; what is longer is no picture any more
+constexpr int lowest = 16;     // pixels; a page is as high as its view at least
+constexpr int highest = 30000; // what is longer is no picture any more
 constexpr auto betweenTries = 100ms;
 constexpr int mostTries = 50;
 
@@ -39,7 +40,7 @@ PagePicture::PagePicture(const QString &html, const QUrl &address, QWebEnginePro
     page->settings()->setAttribute(QWebEngineSettings::ShowScrollBars, false);
     m_view->setPage(page);
     m_view->setAttribute(Qt::WA_DontShowOnScreen);
-    m_view->resize(width, width);
+    m_view->resize(width, lowest);
     m_view->show();
     connect(page, &QWebEnginePage::loadFinished, this, [this](bool isLoaded) {
         if (isLoaded)
