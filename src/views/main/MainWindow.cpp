@@ -169,7 +169,8 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 void MainWindow::arrange()
 {
     limitColumns();
-    const bool hasSheet = isCalendarShown() || width() < Metrics::scaled(Metrics::narrowWindowWidth);
+    const bool needsWidth = isCalendarShown() || isSummaryShown();
+    const bool hasSheet = needsWidth || width() < Metrics::scaled(Metrics::narrowWindowWidth);
     if (hasSheet != m_hasSheet) {
         if (hasSheet) m_defaults.set(Settings::mainWindowSplitter, m_splitter->saveState());
         m_hasSheet = hasSheet;
