@@ -117,8 +117,12 @@ int main(int argc, char **argv)
     std::vector<double> emptyTimes, emptySizes, clientTimes, clientSizes, bareTimes, bareSizes, ratios, adds;
     for (int run = -1; run < runs; ++run) {
         const Start empty = startOf(folder + u"empty_window"_s, {});
-        const Start client = startOf(folder + u"orvane"_s, inHome);
-        const Start withoutPlugins = startOf(bare, inHome);
+        // Each of the two comes first in turn: it finds what was added last.
+        const QStringList programs{folder + u"orvane"_s, bare};
+        const bool isSwapped = run % 2 != 0;
+        Start client = startOf(programs.at(isSwapped), inHome);
+        Start withoutPlugins = startOf(programs.at(!isSwapped), inHome);
+        if (isSwapped) std::swap(client, withoutPlugins);
         const double add =
             runOf(folder + u"orvane"_s,
                   inHome + QStringList{u"add"_s, u"Call the venue tomorrow 5pm !high #errand"_s});
