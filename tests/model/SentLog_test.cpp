@@ -63,6 +63,7 @@ private Q_SLOTS:
         aTask("Call the venue again").savedIn(*m_store);
         aTask("Gym").with(&KWTaskModel::content, u"By the way\n  the code is 4711\n"_s).savedIn(*m_store);
         aTask("读书").savedIn(*m_store);
+        aTask(qUtf8Printable(QDir::home().dirName())).savedIn(*m_store); // a part of a path
         QFETCH(const QString, kept);
         QCOMPARE(sent(line + u'\n'), kept + u'\n');
     }

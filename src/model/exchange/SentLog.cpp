@@ -177,6 +177,8 @@ QString newestOf(const QString &log)
 QString logToSend(const DataFolders &folders)
 {
     const QStringList entries = entriesOf(QString::fromUtf8(newestLines(folders)));
-    const std::optional<QString> log = withoutOwnTexts(withoutQuotations(entries), folders);
-    return newestOf(log ? withoutFolders(*log, folders) : headsOf(entries));
+    // Folders first: a title that is a part of their path would hide them.
+    const std::optional<QString> log =
+        withoutOwnTexts(withoutFolders(withoutQuotations(entries), folders), folders);
+    return newestOf(log ? *log : headsOf(entries));
 }
