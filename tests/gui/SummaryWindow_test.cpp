@@ -145,6 +145,17 @@ private Q_SLOTS:
         QTRY_VERIFY(!chooser());
     }
 
+    void replacesNothingThatIsSelected()
+    {
+        auto &content = m_client->find<QWidget>("taskContent");
+        content.setFocus();
+        m_client->type(u"A long note"_s);
+        m_client->press(Qt::Key_A, Qt::ControlModifier);
+        openChooser();
+        m_pages.last->call("insertSummary", u"# Week"_s);
+        QCOMPARE(contentOf(m_tasks[0]), u"A long note\n# Week"_s);
+    }
+
     void goesIntoNoOtherTask()
     {
         openChooser();

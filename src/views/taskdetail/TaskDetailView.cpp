@@ -154,6 +154,7 @@ bool TaskDetailView::insertIntoContent(const QString &text)
 {
     if (m_sid.isEmpty() || m_content->isReadOnly()) return false;
     QTextCursor caret = m_content->textCursor();
+    caret.setPosition(caret.selectionEnd()); // nothing that is selected is replaced
     const bool isInLine = !caret.atBlockStart();
     caret.insertText((isInLine ? u"\n"_s : QString{}) + text);
     m_content->setTextCursor(caret);
