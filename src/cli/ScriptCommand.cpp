@@ -7,6 +7,8 @@
 #include "model/OrvaneKit.h"
 #include "platform/ScriptingClient.h"
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 ExitStatus runScriptCommand(const Invocation &invocation, OrvaneKit &kit, CommandStreams streams)
@@ -17,8 +19,9 @@ ExitStatus runScriptCommand(const Invocation &invocation, OrvaneKit &kit, Comman
     const ScriptSurroundings with{kit, lists, noFocus, noUsage};
     ScriptCommandDescription description{.arguments = {{u"from"_s, invocation.from}}};
     if (!invocation.arguments.isEmpty()) description.directParameter = invocation.arguments.join(u' ');
-    // Who asks is noted where the client notes it.
-    const auto before = CXLog::setSink(std::make_shared<RotatingFileSink>(kit.folders().log()));
+    // Who asks is noted where the client notes it; the files change at its hand alone.
+    const RotatingFileSink::Limits endless{.bytes = std::numeric_limits<qint64>::max()};
+    const auto before = CXLog::setSink(std::make_shared<RotatingFileSink>(kit.folders().log(), endless));
     const auto answer = performScriptCommand(invocation.command, with, std::move(description));
     CXLog::setSink(before);
     if (answer) streams.out << *answer << '\n';

@@ -86,6 +86,8 @@ ExitStatus runSummary(const Invocation &invocation, OrvaneKit &kit, CommandStrea
                         ExitStatus::WrongUsage, streams.err);
     const Result<SummaryChoice> choice = choiceOf(invocation, kit);
     if (!choice) return failWith(choice.error().sentence, ExitStatus::WrongUsage, streams.err);
+    if (!kit.account().isSignedIn())
+        return failWith(commandText("Nobody is signed in."), ExitStatus::CouldNot, streams.err);
     SummaryContent content;
     const Result<void> done =
         KWCoreDataService{kit.manager()}.sync_perform([&](ObjectContext &context) -> Result<void> {

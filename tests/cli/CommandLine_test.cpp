@@ -215,6 +215,7 @@ private Q_SLOTS:
     {
         for (const QString &each : {u"today"_s, u"next7days"_s, u"search rent"_s, u"projects"_s})
             QCOMPARE(orvane(each).out, QString{}); // nobody is signed in
+        QCOMPARE(orvane(u"summary"_s).err, u"Nobody is signed in.\n"_s);
         const QString id = objectOf(orvane(u"add --json Pay rent 2030-05-01"_s).out)[u"id"_s].toString();
         QCOMPARE(orvane(u"today --now 2030-04-30"_s).out, u"[]\n"_s);
         QVERIFY(orvane(u"next7days --now 2030-04-30"_s).out.contains(id));
