@@ -92,13 +92,23 @@ SummaryChoice choiceOf(const QJsonObject &json, OrvaneKit &kit)
         KWUserSettings::firstWeekdayOfUser(kit.account().currentUserID(), kit.context()));
 }
 
+// As it looks; a text of so many lines that laying it out would hold up the client, as it stands.
+QString shownMarkdown(const QString &markdown)
+{
+    constexpr qsizetype mostLines = 3000;
+    constexpr qsizetype mostCharacters = 200'000;
+    if (markdown.size() > mostCharacters || markdown.count(u'\n') > mostLines)
+        return u"<pre>"_s + markdown.toHtmlEscaped() + u"</pre>"_s;
+    return SummaryDocument::htmlOfMarkdown(markdown);
+}
+
 QString pageOf(const SummaryContent &content, const CXTimeZone &zone)
 {
     const QLocale locale;
     const QString markdown = summaryMarkdown(content, zone, locale);
     return textOf({{u"title"_s, summaryTitle(content, locale)},
                    {u"markdown"_s, markdown},
-                   {u"html"_s, SummaryDocument::htmlOfMarkdown(markdown)}});
+                   {u"html"_s, shownMarkdown(markdown)}});
 }
 
 } // namespace
@@ -167,7 +177,4 @@ void SummaryPageApi::finish(const SummaryContent &content, const Result<void> &d
                             : textOf({{u"error"_s, done.error().sentence}}));
 }
 
-QString SummaryPageApi::htmlOfMarkdown(const QString &markdown)
-{
-    return SummaryDocument::htmlOfMarkdown(markdown);
-}
+QString SummaryPageApi::htmlOfMarkdown(const QString &markdown) { return shownMarkdown(markdown); }

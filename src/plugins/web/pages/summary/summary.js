@@ -12,7 +12,7 @@ let written = '';       // the Markdown as the client wrote it
 let isEditing = false;
 let waitingChoice = ''; // for the answer whether an edited text may go
 let shownChoice = '';   // what the text below was written for
-let askedText = '';     // what stood in the field when the client was asked
+let isStale = false;    // it has changed while nobody saw the page
 
 const isEdited = () => field.value !== written;
 
@@ -66,7 +66,6 @@ function showChoice() {
 
 function ask(choice) {
     byId('edited').hidden = true;
-    askedText = field.value;
     waitingChoice = choice;
     requestSummary(choice);
 }
@@ -122,29 +121,45 @@ async function copy(how) {
 window.addEventListener('summaryRead', event => {
     const summary = JSON.parse(event.detail);
     if (summary.error !== undefined) return toast(summary.error);
-    if (field.value !== askedText) return askWhetherToWriteAnew(); // typed meanwhile
+    if (isEdited()) return askWhetherToWriteAnew(); // typed meanwhile
     shownChoice = waitingChoice;
     title = summary.title;
     written = summary.markdown;
+    const {selectionStart, selectionEnd, scrollTop} = field;
     field.value = summary.markdown;
+    if (isEditing) {
+        field.setSelectionRange(selectionStart, selectionEnd);
+        field.scrollTop = scrollTop;
+    }
     article.innerHTML = summary.html;
     byId('edited').hidden = true;
     tellReady();
 });
 
 // What it is of has changed, or the day has.
-window.addEventListener('summaryChanged', () => {
-    if (!isEdited() && shownChoice !== '') ask(shownChoice);
+function refresh() {
+    if (isEdited() || waitingChoice === '') return;
+    isStale = document.hidden;
+    if (!isStale) ask(waitingChoice);
+}
+
+window.addEventListener('summaryChanged', refresh);
+document.addEventListener('visibilitychange', () => {
+    if (isStale) refresh();
 });
 
 form.addEventListener('submit', event => event.preventDefault());
 form.addEventListener('change', choose);
 byId('keep').addEventListener('click', () => {
     byId('edited').hidden = true;
-    setChoice(JSON.parse(shownChoice)); // what the text is of
+    waitingChoice = shownChoice; // what the text is of
+    setChoice(JSON.parse(shownChoice));
     (isEditing ? field : article).focus();
 });
-byId('rewrite').addEventListener('click', () => ask(waitingChoice));
+byId('rewrite').addEventListener('click', () => {
+    written = field.value; // it may go
+    ask(waitingChoice);
+});
 byId('edit').addEventListener('click', () => setEditing(!isEditing));
 byId('copy').addEventListener('click', () => {
     const opens = byId('copies').hidden;
