@@ -90,7 +90,10 @@ bool ScriptingObject::handleMessage(const QDBusMessage &call, const QDBusConnect
     if (toolNamed(member)) return answer(tool(member, call));
     const auto found =
         std::ranges::find_if(busCommands, [&](const BusCommand &each) { return each.member == member; });
-    return found != busCommands.end() && answer(call.createReply(answerOf(*found, call, m_room)));
+    if (found == busCommands.end())
+        return answer(call.createErrorReply(QDBusError::UnknownMethod,
+                                            KWLocalizedString("There is no method “%1”.").arg(member)));
+    return answer(call.createReply(answerOf(*found, call, m_room)));
 }
 
 QDBusMessage ScriptingObject::tool(const QString &name, const QDBusMessage &call) const

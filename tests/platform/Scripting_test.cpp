@@ -190,6 +190,8 @@ private Q_SLOTS:
                        {ScriptingObject::interface, u"Version"_s});
         for (const char *unknown : {"today", "TODAY", "Yesterday", ""})
             QCOMPARE(m_client->scripting(unknown, {options}).type(), QDBusMessage::ErrorMessage);
+        QCOMPARE(m_client->scripting("Yesterday", {options}).errorMessage(),
+                 u"There is no method “Yesterday”."_s);
         QCOMPARE(answer("Today"), u"[]"_s);
     }
 
