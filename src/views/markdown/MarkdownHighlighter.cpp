@@ -1,5 +1,6 @@
 #include "views/markdown/MarkdownHighlighter.h"
 
+#include "model/text/MarkdownText.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Theme.h"
 
@@ -57,8 +58,8 @@ QTextCharFormat heading(qsizetype level)
 
 const QRegularExpression &linkPattern()
 {
-    static const QRegularExpression pattern{
-        uR"(\[([^\[\]]*)\]\(([^()\s]+)\)|\b(?:https?|mailto|orvane):[^\s<>"]*[^\s<>".,;:!?)\]'])"_s};
+    static const QRegularExpression pattern{uR"(\[([^\[\]]*)\]\(([^()\s]+)\)|)"_s +
+                                            MarkdownText::addressPattern()};
     return pattern;
 }
 
