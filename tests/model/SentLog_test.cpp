@@ -38,6 +38,11 @@ private Q_SLOTS:
         };
         row("of ours", u"info app: New Day: 2030-05-01"_s, u"info app: New Day: 2030-05-01"_s);
         row("a title", u"info x: Call the venue failed"_s, u"info x: *** failed"_s);
+        row("a title in a word", u"info x: Networks at work, work_2 and homework"_s,
+            u"info x: Networks at ***, ***_2 and homework"_s);
+        row("a title in a head", u"2030-05-01T09:00:00.000Z work work.work: work"_s,
+            u"2030-05-01T09:00:00.000Z work work.work: ***"_s);
+        row("a title again and again", u"work, work work; workwork."_s, u"***, *** ***; workwork."_s);
         row("a title in a title", u"info x: Call the venue again failed"_s, u"info x: *** failed"_s);
         row("a line of a note", u"info x: the code is 4711."_s, u"info x: ***."_s);
         row("the name of a list", u"info x: (Client launch)"_s, u"info x: (***)"_s);
@@ -63,6 +68,7 @@ private Q_SLOTS:
         aTask("Call the venue again").savedIn(*m_store);
         aTask("Gym").with(&KWTaskModel::content, u"By the way\n  the code is 4711\n"_s).savedIn(*m_store);
         aTask("读书").savedIn(*m_store);
+        aTask("work").savedIn(*m_store);
         aTask(qUtf8Printable(QDir::home().dirName())).savedIn(*m_store); // a part of a path
         QFETCH(const QString, kept);
         QCOMPARE(sent(line + u'\n'), kept + u'\n');

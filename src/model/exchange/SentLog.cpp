@@ -37,13 +37,51 @@ QByteArray newestLines(const DataFolders &folders)
     return lineEnd < 0 ? QByteArray{} : lines.mid(lineEnd + 1);
 }
 
-// A line that does not begin with a time goes on with the one before.
-QStringList entriesOf(const QString &log)
-{
-    static const QRegularExpression begin{u"^(?=\\d{4}-\\d\\d-\\d\\dT)"_s,
-                                          QRegularExpression::MultilineOption};
-    return log.split(begin, Qt::SkipEmptyParts);
-}
+/// A log entry by entry. The heads (time, level, category) tell nothing of the person and stay as they are.
+class LogEntries {
+public:
+    // A line that does not begin with a time goes on with the one before.
+    explicit LogEntries(QString log)
+    {
+        static const QRegularExpression begin{u"^(?=\\d{4}-\\d\\d-\\d\\dT)"_s,
+                                              QRegularExpression::MultilineOption};
+        static const QRegularExpression head{u"^\\d{4}-\\S+ \\w+ [\\w.]+: "_s};
+        for (const QString &each : log.remove(betweenBodies).split(begin, Qt::SkipEmptyParts)) {
+            const qsizetype length = head.match(each).capturedLength();
+            m_heads.append(each.first(length));
+            m_bodies.append(each.sliced(length));
+        }
+    }
+
+    template <class Change>
+    void changeEach(Change change)
+    {
+        for (QString &each : m_bodies)
+            each = change(each);
+    }
+    /// All at once, as one text of which the lines keep their places.
+    template <class Change>
+    void changeAll(Change change)
+    {
+        QString all = m_bodies.join(betweenBodies);
+        change(all);
+        m_bodies = all.split(betweenBodies);
+    }
+
+    QString text() const
+    {
+        QString log;
+        for (qsizetype i = 0; i < m_heads.size(); ++i)
+            log += m_heads[i] + m_bodies[i];
+        return log;
+    }
+
+private:
+    static constexpr QChar betweenBodies{0x1e}; // the record separator of ASCII
+
+    QStringList m_heads;
+    QStringList m_bodies;
+};
 
 // From the first mark of an entry to its last one: what is quoted may hold such marks itself, and lines.
 QString withoutQuotations(QString entry)
@@ -55,23 +93,8 @@ QString withoutQuotations(QString entry)
     return entry.replace(quotations, removed.toString()).replace(link, removed.toString());
 }
 
-QString withoutQuotations(const QStringList &entries)
-{
-    QString log;
-    for (const QString &each : entries)
-        log += withoutQuotations(each);
-    return log;
-}
-
-// Time, level and category of each entry.
-QString headsOf(const QStringList &entries)
-{
-    static const QRegularExpression head{u"^\\S+ \\w+ [\\w.]+: "_s};
-    QString log;
-    for (const QString &each : entries)
-        log += head.match(each).captured() + removed.toString() + u'\n';
-    return log;
-}
+// A letter or digit of a script with spaces between words.
+bool isOfWord(QChar unit) { return unit.unicode() < 0x250 && unit.isLetterOrNumber(); }
 
 /// Whether a text may stand in the log, found out in no time for most of those that do not.
 class LogWords {
@@ -99,7 +122,6 @@ private:
     // Letters of scripts without spaces are words of their own, as is each mark.
     static qsizetype endOfWord(QStringView text, qsizetype begin)
     {
-        const auto isOfWord = [](QChar unit) { return unit.unicode() < 0x250 && unit.isLetterOrNumber(); };
         qsizetype end = begin;
         while (end < text.size() && isOfWord(text[end]))
             ++end;
@@ -136,10 +158,31 @@ void findOwnTexts(Connection &store, const LogWords &words, QSet<QString> &found
     }
 }
 
-// None when the store cannot be asked.
-std::optional<QString> withoutOwnTexts(QString log, const DataFolders &folders)
+// A text that is a part of a longer word there is another one.
+void removeText(QString &log, const QString &text)
 {
-    if (!QFile::exists(folders.store())) return log;
+    const bool isOpenInFront = !isOfWord(text.front());
+    const bool isOpenBehind = !isOfWord(text.back());
+    QString kept;
+    qsizetype keptEnd = 0;
+    for (qsizetype at = log.indexOf(text); at >= 0;) {
+        const qsizetype end = at + text.size();
+        const bool isWhole = (isOpenInFront || at == 0 || !isOfWord(log[at - 1])) &&
+                             (isOpenBehind || end == log.size() || !isOfWord(log[end]));
+        if (isWhole) {
+            kept += QStringView{log}.sliced(keptEnd, at - keptEnd);
+            kept += removed;
+            keptEnd = end;
+        }
+        at = log.indexOf(text, isWhole ? end : at + 1);
+    }
+    if (keptEnd > 0) log = kept.append(QStringView{log}.sliced(keptEnd));
+}
+
+// False when the store cannot be asked.
+bool removeOwnTexts(QString &log, const DataFolders &folders)
+{
+    if (!QFile::exists(folders.store())) return true;
     QSet<QString> found;
     try {
         Connection store{folders.store().toStdString(), Connection::Access::ReadWrite};
@@ -147,21 +190,20 @@ std::optional<QString> withoutOwnTexts(QString log, const DataFolders &folders)
         findOwnTexts(store, LogWords{log}, found);
     } catch (const SQLite::Exception &exception) {
         sentLogLog.warning(QString::fromUtf8(exception.what()));
-        return std::nullopt;
+        return false;
     }
     QStringList longestFirst{found.begin(), found.end()};
     std::ranges::sort(longestFirst, std::ranges::greater{}, [](const QString &each) { return each.size(); });
     for (const QString &each : std::as_const(longestFirst))
-        log.replace(each, removed.toString());
-    return log;
+        removeText(log, each);
+    return true;
 }
 
-QString withoutFolders(QString log, const DataFolders &folders)
+void removeFolders(QString &log, const DataFolders &folders)
 {
     const QString home = QDir::homePath();
     for (const QString &each : {folders.data, folders.config, QFileInfo{home}.canonicalFilePath(), home})
         if (each.size() > 1) log.replace(each, u"~"_s);
-    return log;
 }
 
 QString newestOf(const QString &log)
@@ -176,9 +218,14 @@ QString newestOf(const QString &log)
 
 QString logToSend(const DataFolders &folders)
 {
-    const QStringList entries = entriesOf(QString::fromUtf8(newestLines(folders)));
-    // Folders first: a title that is a part of their path would hide them.
-    const std::optional<QString> log =
-        withoutOwnTexts(withoutFolders(withoutQuotations(entries), folders), folders);
-    return newestOf(log ? *log : headsOf(entries));
+    LogEntries entries{QString::fromUtf8(newestLines(folders))};
+    entries.changeEach(withoutQuotations);
+    bool isStoreAsked = false;
+    entries.changeAll([&](QString &log) {
+        // Folders first: a title that is a part of their path would hide them.
+        removeFolders(log, folders);
+        isStoreAsked = removeOwnTexts(log, folders);
+    });
+    if (!isStoreAsked) entries.changeEach([](const QString &) { return removed.toString() + u'\n'; });
+    return newestOf(entries.text());
 }
