@@ -3,23 +3,33 @@
 
 # The lists of the account that the line works on, one a line.
 _orvane_lists() {
-    printf '%s\n' Today Tomorrow 'Next 7 Days' All
     orvane "$@" projects 2>/dev/null | grep -oP '"name":"\K(\\.|[^"\\])*' | sed 's/\\\(.\)/\1/g'
 }
 
-# Names may hold spaces and quotes: what is typed is compared without its quoting, what fits is quoted.
+# Names may hold spaces and quotes: what is typed is compared without its quoting, what fits is quoted as the
+# word has begun.
 _orvane_names() {
-    local typed=${1#[\"\']} name
+    local typed=${1#[\"\']} begin=${1:0:1} name mark
     typed=${typed//\\/}
     while IFS= read -r name; do
-        [[ ${name,,} == "${typed,,}"* ]] && COMPREPLY+=("$(printf '%q' "$name")")
+        [[ -n $name && ${name,,} == "${typed,,}"* ]] || continue
+        case $begin in
+        \")
+            for mark in \\ \" \$ \`; do
+                name=${name//"$mark"/\\$mark}
+            done
+            ;;
+        \') name=${name//\'/\'\\\'\'} ;;
+        *) name=$(printf '%q' "$name") ;;
+        esac
+        COMPREPLY+=("$name")
     done
 }
 
 _orvane() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' i
     local commands='add list today next7days search projects pomo summary done undo occurrences export import backup restore'
-    local folder=() everywhere='--home --locale --zone --demo --help'
+    local folder=() smart=(Today Tomorrow 'Next 7 Days' All) everywhere='--home --locale --zone --demo --help'
     COMPREPLY=()
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
@@ -33,11 +43,9 @@ _orvane() {
     done
 
     case $before in
-    --home) return ;; # folders, by the rule below
-    --picture) return ;;
+    --home | --picture | --out) compopt -o default && return ;; # files
     --group) COMPREPLY=($(compgen -W 'day list status' -- "$word")) && return ;;
     --format) COMPREPLY=($(compgen -W 'md html pdf' -- "$word")) && return ;;
-    --out) return ;; # files, by the rule below
     --theme) COMPREPLY=($(compgen -W 'light dark' -- "$word")) && return ;;
     --page)
         COMPREPLY=($(compgen -W 'welcome inbox today tomorrow next7days all assigned completed abandoned trash
@@ -51,7 +59,11 @@ _orvane() {
         )" -- "$word"))
         return
         ;;
-    --list) _orvane_names "$word" < <(_orvane_lists "${folder[@]}") && return ;;
+    --list)
+        [[ $command == summary ]] && smart=()
+        _orvane_names "$word" < <(printf '%s\n' "${smart[@]}"; _orvane_lists "${folder[@]}")
+        return
+        ;;
     --now | --start | --from | --to | --exdate | --rule | --limit | --locale | --size | --scale | --text-size) return ;;
     esac
 
@@ -71,9 +83,11 @@ _orvane() {
     elif [[ -z $command ]]; then
         COMPREPLY=($(compgen -W "$commands" -- "$word"))
     elif [[ $command == list ]]; then
-        _orvane_names "$word" < <(_orvane_lists "${folder[@]}")
-    elif [[ $command == "done" && -z $word ]]; then
-        COMPREPLY=($(orvane "${folder[@]}" list Today 2>/dev/null | cut -d' ' -f1))
+        _orvane_names "$word" < <(printf '%s\n' "${smart[@]}"; _orvane_lists "${folder[@]}")
+    elif [[ $command == "done" ]]; then
+        COMPREPLY=($(compgen -W "$(orvane "${folder[@]}" list Today 2>/dev/null | cut -d' ' -f1)" -- "$word"))
+    elif [[ " export import backup restore " == *" $command "* ]]; then
+        compopt -o default
     fi
 }
-complete -o default -F _orvane orvane
+complete -F _orvane orvane

@@ -8,10 +8,14 @@ function __orvane_folder
     end
 end
 
-function __orvane_lists
-    printf '%s\n' Today Tomorrow 'Next 7 Days' All
+function __orvane_projects
     orvane (__orvane_folder) projects 2>/dev/null | string match -rag '"name":"((?:\\\\.|[^"\\\\])*)"' |
         string replace -ra '\\\\(.)' '$1'
+end
+
+function __orvane_lists
+    printf '%s\n' Today Tomorrow 'Next 7 Days' All
+    __orvane_projects
 end
 
 function __orvane_tasks
@@ -80,7 +84,7 @@ complete -c orvane -n '__fish_seen_subcommand_from occurrences' -l limit -x -d '
 complete -c orvane -n '__fish_seen_subcommand_from summary' -l from -x -d 'The first day'
 complete -c orvane -n '__fish_seen_subcommand_from summary' -l to -x -d 'The last day'
 complete -c orvane -n '__fish_seen_subcommand_from summary' -l now -x -d 'As of this time'
-complete -c orvane -n '__fish_seen_subcommand_from summary' -l list -x -a '(__orvane_lists)' -d 'Of this list'
+complete -c orvane -n '__fish_seen_subcommand_from summary' -l list -x -a '(__orvane_projects)' -d 'Of this list'
 complete -c orvane -n '__fish_seen_subcommand_from summary' -l group -x -a 'day list status' -d 'What stands together'
 complete -c orvane -n '__fish_seen_subcommand_from summary' -l format -x -a 'md html pdf' -d 'Format of the text'
 complete -c orvane -n '__fish_seen_subcommand_from summary' -l out -r -F -d 'Write this file'

@@ -99,11 +99,13 @@ constexpr Command commands[] = {
                 "    preferences. Nothing happens, and nothing is said, while focus is switched off or\n"
                 "    under way, or nobody is signed in.\n"},
     {"summary"_L1,
-     "orvane summary [--from DAY] [--to DAY] [--list NAME] [--group day|list|status]\n"
+     "orvane summary [--from DAY] [--to DAY] [--now ISO] [--list NAME] [--group day|list|status]\n"
      "               [--format md|html|pdf] [--out FILE]\n"
      "    Tells what was done in some days and what is planned in them, with focus and habits; without\n"
      "    days, of this week.\n"
-     "    --from DAY, --to DAY  both included, such as 2030-05-01; one alone goes to today\n"
+     "    --from DAY, --to DAY  both included, such as 2030-05-01; one alone goes to today; ten years\n"
+     "                          at most\n"
+     "    --now ISO             as if it were this time\n"
      "    --list NAME           of one list only\n"
      "    --format              Markdown, unless FILE ends in .html or .pdf\n"
      "    --out FILE            writes the file instead of standard output\n"},

@@ -55,8 +55,12 @@ Result<SummaryChoice> choiceOf(const Invocation &invocation, OrvaneKit &kit)
         if (!list) return Error{commandText("There is no list “%1”.").arg(invocation.list)};
         json.insert(u"lists"_s, QJsonArray{list->sid()});
     }
-    return SummaryChoice::fromJson(json, kit.clock().today(),
-                                   KWUserSettings::firstWeekdayOfUser(user, kit.context()));
+    const auto choice = SummaryChoice::fromJson(json, kit.clock().today(),
+                                                KWUserSettings::firstWeekdayOfUser(user, kit.context()));
+    for (const QString &day : {invocation.from, invocation.to})
+        if (!day.isEmpty() && QDate::fromString(day, Qt::ISODate) < dateOf(choice.first))
+            return Error{commandText("A summary is of ten years at most.")};
+    return choice;
 }
 
 Result<void> writeText(const QString &text, const QString &file)
