@@ -86,6 +86,9 @@ bool ScriptingObject::handleMessage(const QDBusMessage &call, const QDBusConnect
     const QString member = call.member();
     if (call.interface() == u"org.freedesktop.DBus.Introspectable"_s && member == u"Introspect")
         return answer(call.createReply(introspection()));
+    if (call.interface() == u"org.freedesktop.DBus.Properties"_s && member == u"GetAll" &&
+        call.arguments() == QVariantList{QString{interface}})
+        return answer(call.createReply(QVariantMap{})); // it has none
     if (!call.interface().isEmpty() && call.interface() != interface) return false;
     if (toolNamed(member)) return answer(tool(member, call));
     const auto found =

@@ -185,7 +185,9 @@ private Q_SLOTS:
         const auto told = m_client->call(path, u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s, {});
         QCOMPARE(told.arguments().value(0).toString(), definition);
         // What bindings ask beside it.
-        m_client->call(path, u"org.freedesktop.DBus.Properties"_s, u"GetAll"_s, {ScriptingObject::interface});
+        const auto properties = m_client->call(path, u"org.freedesktop.DBus.Properties"_s, u"GetAll"_s,
+                                               {ScriptingObject::interface});
+        QCOMPARE(properties.signature(), u"a{sv}"_s);
         m_client->call(path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
                        {ScriptingObject::interface, u"Version"_s});
         for (const char *unknown : {"today", "TODAY", "Yesterday", ""})
