@@ -1,8 +1,10 @@
 #include "app/ports/DiagnosticsPorts.h"
 #include "gui/ClientFixture.h"
+#include "gui/WindowHelp.h"
 #include "model/records/KWTask.h"
 #include "support/Files.h"
 #include "support/TestMain.h"
+#include "views/controls/UnsavedTexts.h"
 #include "views/main/MainWindow.h"
 #include "views/taskdetail/TaskDetailView.h"
 #include "views/tasklist/TaskListView.h"
@@ -11,10 +13,12 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -30,7 +34,7 @@ public:
     }
 
     QWidget &view() override { return *m_view; }
-    void setColors(const QMap<QString, QString> &, bool) override {}
+    void setLook(const WebPageLook &) override {}
     bool isReady() const override { return true; }
     void printToPdf(std::function<void(const QByteArray &)> done) override
     {
@@ -103,6 +107,12 @@ class SummaryWindow_test : public QObject {
         const auto *toast = window.findChild<QWidget *>(u"toast"_s);
         return toast && toast->isVisible() ? toast->accessibleName() : QString{};
     }
+    void closeByMouse()
+    {
+        QCloseEvent close;
+        QSpontaneKeyEvent::setSpontaneous(&close); // it comes from the desktop
+        qApp->notify(chooser(), &close);
+    }
     QFileDialog *dialog() { return m_client->window()->findChild<QFileDialog *>(u"exportSummary"_s); }
 
     void openChooser()
@@ -169,6 +179,32 @@ private Q_SLOTS:
         // Copying it is left.
         m_pages.last->call("copyMarkdown", u"**Week**"_s);
         QCOMPARE(QGuiApplication::clipboard()->text(), u"**Week**"_s);
+    }
+
+    void asksBeforeTypedTextGoesWithTheWindow()
+    {
+        openChooser();
+        m_pages.last->call("tellUnsaved", u"# My week"_s);
+        answerNextAlert(Qt::Key_Escape);
+        closeByMouse();
+        QVERIFY(chooser()->isVisible());
+        QCOMPARE(unsavedTexts(), QStringList{u"# My week"_s}); // for quitting too
+        m_pages.last->call("closeWindow", {});
+        answerNextAlert(Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        QVERIFY(chooser()->isVisible());
+        m_pages.last->call("closeWindow", {});
+        answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
+        QTRY_VERIFY(!chooser());
+    }
+
+    void asksNothingAboutTextThatWasTakenAlong()
+    {
+        openChooser();
+        m_pages.last->call("tellUnsaved", u"# My week"_s);
+        m_pages.last->call("tellUnsaved", {});
+        closeByMouse();
+        QTRY_VERIFY(!chooser());
     }
 
     void isNotPrintedIntoAWindowThatWent()

@@ -4,6 +4,7 @@
 #include "integration/summary/SummaryReader.h"
 
 #include "corvexkit/time/TimeText.h"
+#include "model/events/NotificationNames.h"
 #include "model/records/KWHabit.h"
 #include "model/records/KWHabitCheckin.h"
 #include "model/records/KWPomodoro.h"
@@ -42,6 +43,11 @@ class Summary_test : public QObject {
                 return Result<void>{};
             });
         return read ? text : read.error().sentence;
+    }
+    // Leaves one task out.
+    SummaryPageApi pageApi(const QString &hiddenTask = {})
+    {
+        return {m_store->kit(), m_store->clock, [hiddenTask] { return QSet<QString>{hiddenTask}; }};
     }
     void focusOn(const QString &taskID, const char *from, std::chrono::minutes length)
     {
@@ -171,6 +177,36 @@ private Q_SLOTS:
                  "\n## Habits\n\n- Drink water — 2 days, 17 cups\n"_s);
     }
 
+    void writesAddressesThatWork()
+    {
+        aTask("Read https://example.org/a_b?x=1&y=2").dueOn("2030-05-01").savedIn(*m_store);
+        const QString markdown = written("{\"range\": \"today\", \"fields\": []}");
+        QVERIFY2(markdown.contains(u"- [ ] Read <https://example.org/a_b?x=1&y=2>\n"), qPrintable(markdown));
+        const QString html = SummaryDocument::htmlOfMarkdown(markdown);
+        QVERIFY2(html.contains(u"href=\"https://example.org/a_b?x=1&amp;y=2\""), qPrintable(html));
+    }
+
+    void namesItsDaysAsTheLocaleDoes_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("one") << u"en_US"_s << u"2030-05-01"_s << u"Wednesday May 1, 2030"_s;
+        QTest::newRow("one year") << u"en_US"_s << u"2030-01-31"_s
+                                  << u"Thursday January 31 – Wednesday May 1, 2030"_s;
+        QTest::newRow("two years") << u"de_DE"_s << u"2029-12-31"_s
+                                   << u"Montag 31. Dezember 2029 – Mittwoch 1. Mai 2030"_s;
+        QTest::newRow("units") << u"zh_CN"_s << u"2030-05-01"_s << u"星期三 2030年5月1日"_s;
+    }
+    void namesItsDaysAsTheLocaleDoes()
+    {
+        QFETCH(const QString, locale);
+        QFETCH(const QString, from);
+        SummaryContent content;
+        content.choice = choiceOf("{\"range\": \"days\", \"from\": \"" + from.toUtf8() + "\"}");
+        QTEST(summaryTitle(content, QLocale{locale}), "title");
+    }
+
     void saysThatThereIsNothing()
     {
         QCOMPARE(written("{\"range\": \"today\"}"),
@@ -183,7 +219,10 @@ private Q_SLOTS:
         const QString html = SummaryDocument::htmlOfMarkdown(markdown);
         QVERIFY2(html.contains(u"checked") && html.contains(u"unchecked"), qPrintable(html));
         QVERIFY2(!html.contains(u"<script") && !html.contains(u"<img"), qPrintable(html));
-        QVERIFY(SummaryDocument::htmlPage(u"a < b"_s, markdown).contains(u"<title>a &lt; b</title>"));
+        const QString page = SummaryDocument::htmlPage(u"a < b"_s, markdown);
+        QVERIFY(page.contains(u"<title>a &lt; b</title>"));
+        QVERIFY2(page.contains(u">☑ ") && page.contains(u">☐ "), qPrintable(page));
+        QCOMPARE(page.count(u"list-style-type:none"), 2);
 
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"week.pdf"_s);
@@ -197,9 +236,9 @@ private Q_SLOTS:
     void answersThePageForTheLastChoice()
     {
         m_store->makeList(u"Garden"_s);
-        SummaryPageApi api{m_store->kit()};
+        SummaryPageApi api = pageApi();
         const QJsonObject page = QJsonDocument::fromJson(api.openSummary({}).toUtf8()).object();
-        QCOMPARE(page[u"lists"_s].toArray().size(), 2);
+        QVERIFY(api.summaryLists({}).contains(u"Garden"));
         QCOMPARE(page[u"choice"_s][u"range"_s].toString(), u"thisWeek"_s);
         QVERIFY(page[u"texts"_s].toObject().size() > 30);
         QCOMPARE(page[u"canInsert"_s].toBool(), false);
@@ -216,9 +255,58 @@ private Q_SLOTS:
         QCOMPARE(again[u"choice"_s][u"range"_s].toString(), u"today"_s);
     }
 
+    void tellsThePageWhatIsThereNow()
+    {
+        const QString waiting = aTask("Waits to be deleted").dueOn("2030-05-01").savedIn(*m_store);
+        aTask("Water the plants").dueOn("2030-05-01").savedIn(*m_store);
+        SummaryPageApi api = pageApi(waiting);
+        QSignalSpy changes{&api, &SummaryPageApi::summaryChanged};
+        const QString list = m_store->makeList(u"Garden"_s);
+        m_store->makeList(u"Attic"_s);
+        QVERIFY(changes.isEmpty());
+        m_store->clock.advance(300ms);
+        QCOMPARE(changes.size(), 1); // many changes are one
+        QVERIFY(api.summaryLists({}).contains(list));
+        m_store->kit().center().post(delayDeleteStatusChangedNotification);
+        m_store->clock.advance(300ms);
+        QCOMPARE(changes.size(), 2);
+
+        QSignalSpy read{&api, &SummaryPageApi::summaryRead};
+        api.requestSummary(u"{\"range\": \"days\", \"from\": \"2000-01-01\"}"_s);
+        QTRY_COMPARE(read.size(), 1);
+        const QJsonObject summary = QJsonDocument::fromJson(read.at(0).at(0).toString().toUtf8()).object();
+        QVERIFY(summary[u"html"_s].toString().contains(u"Water the plants"));
+        QVERIFY(!summary[u"markdown"_s].toString().contains(u"deleted"));
+        QCOMPARE(summary[u"from"_s].toString(), u"2020-04-24"_s); // it is of ten years
+    }
+
+    void laysOutWhatIsNotTooLong_data()
+    {
+        QTest::addColumn<QString>("markdown");
+        QTest::addColumn<bool>("isLaidOut");
+        const QString line = u"- <b>\n"_s;
+        QTest::newRow("nothing") << QString{} << true;
+        QTest::newRow("as many lines as there may be") << line.repeated(3000) << true;
+        QTest::newRow("a line more") << line.repeated(3001) << false;
+        QTest::newRow("as many characters as there may be") << u"- "_s + QString(199'998, u'x') << true;
+        QTest::newRow("a character more") << u"- "_s + QString(199'999, u'x') << false;
+    }
+    void laysOutWhatIsNotTooLong()
+    {
+        QFETCH(const QString, markdown);
+        SummaryPageApi api = pageApi();
+        QSignalSpy made{&api, &SummaryPageApi::previewMade};
+        QCOMPARE(api.requestPreview(markdown), QString{});
+        QTRY_COMPARE(made.size(), 1);
+        const QString html = made.at(0).at(0).toString();
+        QTEST(!html.startsWith(u"<pre>- "), "isLaidOut");
+        QVERIFY(!html.contains(u"<b>"));
+    }
+
     void tellsWhatItCannotReadAndOutlivesNothing()
     {
-        auto api = std::make_unique<SummaryPageApi>(m_store->kit());
+        auto api =
+            std::make_unique<SummaryPageApi>(m_store->kit(), m_store->clock, [] { return QSet<QString>{}; });
         QSignalSpy read{api.get(), &SummaryPageApi::summaryRead};
         m_store->context().connection().execute("ALTER TABLE pomodoros RENAME TO elsewhere");
         api->requestSummary(u"{}"_s);

@@ -3,7 +3,10 @@
 #include "model/settings/KWLocalizedString.h"
 
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QSaveFile>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -22,22 +25,41 @@ qsizetype endOf(const QString &text, QStringView mark, qsizetype from = 0)
     return at < 0 ? text.size() : at + mark.size();
 }
 
+QString bodyOf(const QString &page)
+{
+    const qsizetype begin = endOf(page, u">", endOf(page, u"<body"));
+    const qsizetype end = page.lastIndexOf(u"</body>");
+    return end < begin ? QString{} : page.sliced(begin, end - begin).trimmed();
+}
+
 } // namespace
 
 QString SummaryDocument::htmlOfMarkdown(const QString &markdown)
 {
     QTextDocument document;
     document.setMarkdown(markdown, dialect);
-    const QString page = document.toHtml();
-    const qsizetype begin = endOf(page, u">", endOf(page, u"<body"));
-    const qsizetype end = page.lastIndexOf(u"</body>");
-    return end < begin ? QString{} : page.sliced(begin, end - begin).trimmed();
+    return bodyOf(document.toHtml());
+}
+
+QString SummaryDocument::htmlWithTaskSigns(QTextDocument &document)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const auto marker = block.blockFormat().marker();
+        if (marker == QTextBlockFormat::MarkerType::NoMarker) continue;
+        const bool isChecked = marker == QTextBlockFormat::MarkerType::Checked;
+        QTextCursor{block}.insertText(isChecked ? u"☑ "_s : u"☐ "_s, QTextCharFormat{});
+    }
+    // The sign stands in the place of a bullet.
+    static const QRegularExpression item{u"(<li class=\"(?:un)?checked\" style=\")"_s};
+    return document.toHtml().replace(item, u"\\1list-style-type:none;"_s);
 }
 
 QString SummaryDocument::htmlPage(const QString &title, const QString &markdown)
 {
+    QTextDocument document;
+    document.setMarkdown(markdown, dialect);
     return u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>%1</title>\n</head>\n"
-           "<body>\n%2\n</body>\n</html>\n"_s.arg(title.toHtmlEscaped(), htmlOfMarkdown(markdown));
+           "<body>\n%2\n</body>\n</html>\n"_s.arg(title.toHtmlEscaped(), bodyOf(htmlWithTaskSigns(document)));
 }
 
 Result<void> SummaryDocument::writePdf(const QString &title, const QString &markdown, const QString &file)

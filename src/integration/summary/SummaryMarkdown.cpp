@@ -29,9 +29,14 @@ struct GroupKey {
 
 constexpr qsizetype mostTasks = 3000; // what a person can still read, and a page lay out
 
+QString withDayName(Day day, const QString &date, const QLocale &locale)
+{
+    return locale.dayName(dateOf(day).dayOfWeek()) + u' ' + date;
+}
+
 QString fullDay(Day day, const QLocale &locale)
 {
-    return locale.dayName(dateOf(day).dayOfWeek()) + u' ' + DayText::dayAndFullMonth(day, locale);
+    return withDayName(day, DayText::dayAndFullMonth(day, locale), locale);
 }
 
 QString lengthText(seconds length, const QLocale &locale)
@@ -195,13 +200,13 @@ private:
 
 QString summaryTitle(const SummaryContent &content, const QLocale &locale)
 {
-    const QString last =
-        fullDay(content.choice.last, locale) + u' ' + QString::number(dateOf(content.choice.last).year());
-    if (content.choice.first == content.choice.last) return last;
-    const int year = dateOf(content.choice.first).year();
-    const QString first = fullDay(content.choice.first, locale);
-    return (year == dateOf(content.choice.last).year() ? first : first + u' ' + QString::number(year)) +
-           u" – "_s + last;
+    const auto [first, last] = std::pair{content.choice.first, content.choice.last};
+    const auto withYear = [&locale](Day day) {
+        return withDayName(day, DayText::dayFullMonthAndYear(day, locale), locale);
+    };
+    if (first == last) return withYear(last);
+    const bool isOneYear = dateOf(first).year() == dateOf(last).year();
+    return (isOneYear ? fullDay(first, locale) : withYear(first)) + u" – "_s + withYear(last);
 }
 
 QString summaryMarkdown(const SummaryContent &content, const CXTimeZone &zone, const QLocale &locale)

@@ -10,5 +10,5 @@ struct SummaryContent;
 QString summaryTitle(const SummaryContent &content, const QLocale &locale);
 
 /// The summary as Markdown with task lists: the title, the tasks in their groups, focus, habits. What a
-/// person wrote stands as text. Main thread.
+/// person wrote stands as text. Any thread.
 QString summaryMarkdown(const SummaryContent &content, const CXTimeZone &zone, const QLocale &locale);

@@ -10,6 +10,7 @@
 #include "model/records/KWUserSettings.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
+#include "model/text/DayText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -17,8 +18,11 @@
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
+
+constexpr auto changesAreJoined = 300ms;
 
 struct PageText {
     const char *key;
@@ -26,6 +30,7 @@ struct PageText {
 };
 
 constexpr PageText pageTexts[] = {
+    {"language", "en"}, // of these texts, by BCP 47
     {"heading", "Summary"},
     {"range", "Days"},
     {"today", "Today"},
@@ -70,11 +75,14 @@ constexpr PageText pageTexts[] = {
     {"edited", "You have changed this text. Another choice writes it anew."},
     {"rewrite", "Write Anew"},
     {"keep", "Keep My Text"},
+    {"cancel", "Cancel"},
+    {"shortened", "A summary is of ten years at most. This one begins later than was chosen."},
 };
 
-QString textOf(const QJsonObject &object)
+template <class Json>
+QString textOf(const Json &json)
 {
-    return QString::fromUtf8(QJsonDocument{object}.toJson(QJsonDocument::Compact));
+    return QString::fromUtf8(QJsonDocument{json}.toJson(QJsonDocument::Compact));
 }
 
 QJsonObject textsOfPage()
@@ -92,50 +100,66 @@ SummaryChoice choiceOf(const QJsonObject &json, OrvaneKit &kit)
         KWUserSettings::firstWeekdayOfUser(kit.account().currentUserID(), kit.context()));
 }
 
-// As it looks; a text of so many lines that laying it out would hold up the client, as it stands.
+QString asItStands(const QString &markdown) { return u"<pre>"_s + markdown.toHtmlEscaped() + u"</pre>"_s; }
+
+// As it looks; a text of so many lines that nobody would wait for it to be laid out, as it stands.
 QString shownMarkdown(const QString &markdown)
 {
     constexpr qsizetype mostLines = 3000;
     constexpr qsizetype mostCharacters = 200'000;
-    if (markdown.size() > mostCharacters || markdown.count(u'\n') > mostLines)
-        return u"<pre>"_s + markdown.toHtmlEscaped() + u"</pre>"_s;
-    return SummaryDocument::htmlOfMarkdown(markdown);
+    const bool isLong = markdown.size() > mostCharacters || markdown.count(u'\n') > mostLines;
+    return isLong ? asItStands(markdown) : SummaryDocument::htmlOfMarkdown(markdown);
 }
 
 QString pageOf(const SummaryContent &content, const CXTimeZone &zone)
 {
     const QLocale locale;
     const QString markdown = summaryMarkdown(content, zone, locale);
-    return textOf({{u"title"_s, summaryTitle(content, locale)},
-                   {u"markdown"_s, markdown},
-                   {u"html"_s, shownMarkdown(markdown)}});
+    return textOf(QJsonObject{{u"title"_s, summaryTitle(content, locale)},
+                              {u"markdown"_s, markdown},
+                              {u"html"_s, shownMarkdown(markdown)},
+                              {u"from"_s, dateOf(content.choice.first).toString(Qt::ISODate)}});
 }
 
 } // namespace
 
-SummaryPageApi::SummaryPageApi(OrvaneKit &kit, QObject *parent)
+SummaryPageApi::SummaryPageApi(OrvaneKit &kit, CXClock &clock, HiddenTasks hiddenTasks, QObject *parent)
     : JsApiHandleObject(parent)
     , m_kit(kit)
-    , m_registration(kit.bus().registerEventBus([this](const StoreChange &) { Q_EMIT summaryChanged({}); }))
-    , m_newDay(kit.center().addObserver(KWNewDayComesNotification,
-                                        [this](const auto &) { Q_EMIT summaryChanged({}); }))
+    , m_clock(clock)
+    , m_hiddenTasks(std::move(hiddenTasks))
+    , m_registration(kit.bus().registerEventBus([this](const StoreChange &) { tellChange(); }))
+    , m_newDay(kit.center().addObserver(KWNewDayComesNotification, [this](const auto &) { tellChange(); }))
+    , m_deletes(kit.center().addObserver(delayDeleteStatusChangedNotification,
+                                         [this](const auto &) { tellChange(); }))
 {
+}
+
+void SummaryPageApi::tellChange()
+{
+    if (!m_telling.isPending())
+        m_telling = m_clock.callAfter(changesAreJoined, [this] { Q_EMIT summaryChanged({}); });
 }
 
 QString SummaryPageApi::openSummary(const QString &)
 {
     const QString userID = m_kit.account().currentUserID();
+    const QByteArray kept = m_kit.defaults().value(Settings::summaryChoice, userID).toUtf8();
+    return textOf(QJsonObject{{u"texts"_s, textsOfPage()},
+                              {u"choice"_s, choiceOf(QJsonDocument::fromJson(kept).object(), m_kit).toJson()},
+                              {u"canInsert"_s, m_canInsert}});
+}
+
+QString SummaryPageApi::summaryLists(const QString &)
+{
     QJsonArray lists;
-    for (const KWProject *each : KWProject::findProjectsOfUser(userID, ProjectScope::Open, m_kit.context()))
+    for (const KWProject *each :
+         KWProject::findProjectsOfUser(m_kit.account().currentUserID(), ProjectScope::Open, m_kit.context()))
         if (!each->isNoteKind())
             lists.append(QJsonObject{
                 {u"id"_s, each->sid()},
                 {u"name"_s, each->isInbox() ? KWSmartProject::inbox().displayName() : each->model().name}});
-    const QByteArray kept = m_kit.defaults().value(Settings::summaryChoice, userID).toUtf8();
-    return textOf({{u"texts"_s, textsOfPage()},
-                   {u"lists"_s, lists},
-                   {u"choice"_s, choiceOf(QJsonDocument::fromJson(kept).object(), m_kit).toJson()},
-                   {u"canInsert"_s, m_canInsert}});
+    return textOf(lists);
 }
 
 QString SummaryPageApi::requestSummary(const QString &text)
@@ -156,25 +180,43 @@ QString SummaryPageApi::requestSummary(const QString &text)
 void SummaryPageApi::read(const SummaryChoice &choice)
 {
     m_isReading = true;
-    auto content = std::make_shared<SummaryContent>();
+    auto page = std::make_shared<QString>();
     KWCoreDataService{m_kit.manager()}.async_perform(
-        [choice, userID = m_kit.account().currentUserID(), content](ObjectContext &context) -> Result<void> {
-            auto summary = readSummary(choice, userID, context);
-            if (!summary) return summary.error();
-            *content = std::move(*summary);
+        [choice, userID = m_kit.account().currentUserID(), hidden = m_hiddenTasks(),
+         page](ObjectContext &context) -> Result<void> {
+            const auto content = readSummary(choice, userID, context, hidden);
+            if (!content) return content.error();
+            *page = pageOf(*content, context.clock().zone());
             return {};
         },
-        [self = QPointer{this}, content](const Result<void> &done) {
-            if (self) self->finish(*content, done);
+        [self = QPointer{this}, page](const Result<void> &done) {
+            if (self) self->finish(*page, done);
         });
 }
 
-void SummaryPageApi::finish(const SummaryContent &content, const Result<void> &done)
+void SummaryPageApi::finish(const QString &page, const Result<void> &done)
 {
     m_isReading = false;
     if (const auto next = std::exchange(m_next, std::nullopt)) return read(*next);
-    Q_EMIT summaryRead(done ? pageOf(content, m_kit.clock().zone())
-                            : textOf({{u"error"_s, done.error().sentence}}));
+    Q_EMIT summaryRead(done ? page : textOf(QJsonObject{{u"error"_s, done.error().sentence}}));
 }
 
-QString SummaryPageApi::htmlOfMarkdown(const QString &markdown) { return shownMarkdown(markdown); }
+QString SummaryPageApi::requestPreview(const QString &markdown)
+{
+    auto html = std::make_shared<QString>(asItStands(markdown));
+    KWCoreDataService{m_kit.manager()}.async_perform(
+        [markdown, html](ObjectContext &) -> Result<void> {
+            *html = shownMarkdown(markdown);
+            return {};
+        },
+        [self = QPointer{this}, html](const Result<void> &) {
+            if (self) Q_EMIT self->previewMade(*html);
+        });
+    return {};
+}
+
+QString SummaryPageApi::tellUnsaved(const QString &beginning)
+{
+    m_unsavedText = beginning;
+    return {};
+}

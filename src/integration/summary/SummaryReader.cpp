@@ -22,7 +22,8 @@ namespace {
 
 class SummaryReading {
 public:
-    SummaryReading(const SummaryChoice &choice, const QString &userID, ObjectContext &context)
+    SummaryReading(const SummaryChoice &choice, const QString &userID, ObjectContext &context,
+                   const QSet<QString> &hiddenTasks)
         : m_choice(choice)
         , m_userID(userID)
         , m_context(context)
@@ -30,6 +31,7 @@ public:
         , m_from(m_zone.startOfDay(choice.first))
         , m_to(m_zone.startOfDay(choice.last + days{1}))
         , m_wantedLists(choice.listIDs.begin(), choice.listIDs.end())
+        , m_hiddenTasks(hiddenTasks)
     {
     }
 
@@ -99,7 +101,7 @@ private:
     void take(const KWTask &task, const std::optional<Instant> &date)
     {
         const KWTaskModel &model = task.model();
-        if (task.isNoteKind() || !isWanted(model.projectID)) return;
+        if (task.isNoteKind() || !isWanted(model.projectID) || m_hiddenTasks.contains(model.sid)) return;
         const List list = m_lists.value(model.projectID);
         SummaryTask &taken = m_content.tasks.emplace_back();
         taken.task = model;
@@ -137,6 +139,7 @@ private:
     const Instant m_from;
     const Instant m_to;
     const QSet<QString> m_wantedLists;
+    const QSet<QString> &m_hiddenTasks;
     QHash<QString, List> m_lists;
     QHash<QString, QString> m_tagLabels;
     QHash<QString, milliseconds> m_focused; // by task
@@ -145,7 +148,8 @@ private:
 
 } // namespace
 
-Result<SummaryContent> readSummary(const SummaryChoice &choice, const QString &userID, ObjectContext &context)
+Result<SummaryContent> readSummary(const SummaryChoice &choice, const QString &userID, ObjectContext &context,
+                                   const QSet<QString> &hiddenTasks)
 {
-    return SummaryReading{choice, userID, context}.read();
+    return SummaryReading{choice, userID, context, hiddenTasks}.read();
 }

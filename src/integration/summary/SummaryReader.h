@@ -4,6 +4,8 @@
 #include "integration/summary/SummaryChoice.h"
 #include "model/records/KWTaskModel.h"
 
+#include <QSet>
+
 #include <vector>
 
 class ObjectContext;
@@ -38,7 +40,7 @@ struct SummaryContent {
     std::vector<SummaryHabit> habits; ///< those with a day done, in their order
 };
 
-/// Lists narrow the tasks and their focus; habits stand in no list, and are left out then. On the thread of
-/// the context.
-Result<SummaryContent> readSummary(const SummaryChoice &choice, const QString &userID,
-                                   ObjectContext &context);
+/// Lists narrow the tasks and their focus; habits stand in no list, and are left out then. `hiddenTasks` are
+/// left out. On the thread of the context.
+Result<SummaryContent> readSummary(const SummaryChoice &choice, const QString &userID, ObjectContext &context,
+                                   const QSet<QString> &hiddenTasks = {});

@@ -15,7 +15,9 @@ QString TicketPageApi::ticketTexts(const QString &)
         {u"explanation"_s,
          KWLocalizedString("This is all that a report holds: the program and the system, and the log without "
                            "titles and notes. Nothing is sent; copy it where you report the problem.")},
+        {u"language"_s, KWLocalizedString("en")},
         {u"copy"_s, KWLocalizedString("Copy")},
+        {u"close"_s, KWLocalizedString("Close")},
         {u"copied"_s, KWLocalizedString("The report is on the clipboard.")}};
     return QString::fromUtf8(QJsonDocument{texts}.toJson(QJsonDocument::Compact));
 }

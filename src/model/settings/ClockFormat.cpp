@@ -2,13 +2,17 @@
 
 #include <QTime>
 
+#include <atomic>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::optional<bool> &choice()
+using Choice = std::optional<bool>;
+
+std::atomic<Choice> &choice()
 {
-    static std::optional<bool> is24Hour;
+    static std::atomic<Choice> is24Hour;
     return is24Hour;
 }
 
@@ -16,17 +20,18 @@ std::optional<bool> &choice()
 
 void ClockFormat::choose(const QString &format)
 {
-    choice() = format == u"24" ? std::optional{true} : format == u"12" ? std::optional{false} : std::nullopt;
+    choice() = format == u"24" ? Choice{true} : format == u"12" ? Choice{false} : Choice{};
 }
 
-std::optional<bool> ClockFormat::chosen24Hour() { return choice(); }
+std::optional<bool> ClockFormat::chosen24Hour() { return choice().load(); }
 
 QString ClockFormat::pattern(const QLocale &locale)
 {
     // The plain locale's own format has seconds.
     const bool isPlain = locale.language() == QLocale::C;
-    if (!choice() && !isPlain) return locale.timeFormat(QLocale::ShortFormat);
-    return choice().value_or(true) ? u"HH:mm"_s : u"h:mm AP"_s;
+    const Choice chosen = chosen24Hour();
+    if (!chosen && !isPlain) return locale.timeFormat(QLocale::ShortFormat);
+    return chosen.value_or(true) ? u"HH:mm"_s : u"h:mm AP"_s;
 }
 
 QString ClockFormat::timeOfDay(std::chrono::milliseconds sinceMidnight, const QLocale &locale)

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <optional>
 
-/// How times of day are written and read: as the person chose, else in the locale's short format. Main
+/// How times of day are written and read: as the person chose, else in the locale's short format. Any
 /// thread.
 namespace ClockFormat {
 

@@ -72,3 +72,8 @@ QString DayText::dayMonthAndYear(Day day, const QLocale &locale)
 {
     return locale.toString(dateOf(day), pattern(locale, u"dMy"));
 }
+
+QString DayText::dayFullMonthAndYear(Day day, const QLocale &locale)
+{
+    return locale.toString(dateOf(day), pattern(locale, u"dMy", u"MMMM"_s));
+}

@@ -22,5 +22,7 @@ QString dayAndMonth(Day day, const QLocale &locale);
 QString dayAndFullMonth(Day day, const QLocale &locale);
 /// "24 Nov 2031".
 QString dayMonthAndYear(Day day, const QLocale &locale);
+/// "24 November 2031".
+QString dayFullMonthAndYear(Day day, const QLocale &locale);
 
 } // namespace DayText

@@ -107,23 +107,24 @@ PluginPage::~PluginPage()
 
 QWidget &PluginPage::view() { return *m_view; }
 
-void PluginPage::setColors(const QMap<QString, QString> &colors, bool isDark)
+void PluginPage::setLook(const WebPageLook &look)
 {
     QJsonObject values;
-    for (auto each = colors.begin(); each != colors.end(); ++each)
+    for (auto each = look.values.begin(); each != look.values.end(); ++each)
         values.insert(each.key(), each.value());
     const QString source =
-        u"(() => { const take = () => { const style = document.documentElement.style; const colors = %1;"
-        " for (const name in colors) style.setProperty(name, colors[name]); style.colorScheme = '%2'; };"
+        u"(() => { const take = () => { const root = document.documentElement; const values = %1;"
+        " for (const name in values) root.style.setProperty(name, values[name]);"
+        " root.style.colorScheme = '%2'; root.dir = '%3'; };"
         " document.documentElement ? take() : document.addEventListener('DOMContentLoaded', take); })()"_s
             .arg(QString::fromUtf8(QJsonDocument{values}.toJson(QJsonDocument::Compact)),
-                 isDark ? u"dark"_s : u"light"_s);
+                 look.isDark ? u"dark"_s : u"light"_s, look.isRightToLeft ? u"rtl"_s : u"ltr"_s);
     QWebEngineScript script;
-    script.setName(u"colors"_s);
+    script.setName(u"look"_s);
     script.setInjectionPoint(QWebEngineScript::DocumentReady);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setSourceCode(source);
-    for (const QWebEngineScript &each : m_page->scripts().find(u"colors"_s))
+    for (const QWebEngineScript &each : m_page->scripts().find(u"look"_s))
         m_page->scripts().remove(each);
     m_page->scripts().insert(script);
     m_page->runJavaScript(source, QWebEngineScript::ApplicationWorld);

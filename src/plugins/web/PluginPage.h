@@ -16,7 +16,7 @@ public:
     ~PluginPage() override;
 
     QWidget &view() override;
-    void setColors(const QMap<QString, QString> &colors, bool isDark) override;
+    void setLook(const WebPageLook &look) override;
     bool isReady() const override;
     void printToPdf(std::function<void(const QByteArray &)> done) override;
     void drawPicture(int width, std::function<void(const QImage &)> done) override;

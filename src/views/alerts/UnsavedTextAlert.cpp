@@ -29,12 +29,16 @@ QString listed(const QStringList &texts)
 
 bool mayLoseUnsavedTexts(const QString &goOn)
 {
-    const QStringList texts = unsavedTexts();
+    return mayLoseTexts(unsavedTexts(), goOn, QApplication::activeWindow());
+}
+
+bool mayLoseTexts(const QStringList &texts, const QString &goOn, QWidget *window)
+{
     if (texts.isEmpty()) return true;
     const AlertText alert{.message = KWLocalizedString("Some text is not saved"),
                           .text = KWLocalizedString("This is typed and not saved yet; it would be lost:") +
                                   u"\n\n"_s + listed(texts),
                           .buttons = {goOn, KWLocalizedString("Go Back")},
                           .defaultButton = 1};
-    return Alert::run(alert, QApplication::activeWindow()) == 0;
+    return Alert::run(alert, window) == 0;
 }

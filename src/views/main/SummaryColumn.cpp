@@ -5,7 +5,7 @@
 #include <utility>
 
 SummaryColumn::SummaryColumn(const MainWindowRooms &rooms, MainWindow &window)
-    : m_window(window), m_summary{rooms.kit, rooms.web, window.summaryPane()}
+    : m_window(window), m_summary{rooms.kit, rooms.clock, rooms.web, window.summaryPane()}
 {
     connect(&m_summary, &KWSummaryViewController::told, &window, &MainWindow::showMessage);
 }

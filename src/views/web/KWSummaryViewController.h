@@ -13,6 +13,7 @@ class OrvaneKit;
 struct WebServices {
     WebPane::Plugin plugin;
     MailPort &mail;
+    SummaryPageApi::HiddenTasks hiddenTasks;
 };
 
 /// The page of the summary at work in its pane. Main thread.
@@ -22,9 +23,9 @@ class KWSummaryViewController : public QObject {
 public:
     using InsertSummary = std::function<void(const QString &markdown)>;
 
-    /// The kit and the pane outlive it. With `insert` the page offers to put its text where it was opened
+    /// All outlive it. With `insert` the page offers to put its text where it was opened
     /// from.
-    KWSummaryViewController(OrvaneKit &kit, const WebServices &services, WebPane &pane,
+    KWSummaryViewController(OrvaneKit &kit, CXClock &clock, const WebServices &services, WebPane &pane,
                             const InsertSummary &insert = {});
 
 Q_SIGNALS:

@@ -74,7 +74,7 @@ void KWWebViewController::chooseSummary(OrvaneKit &kit, CXClock &clock, const We
         // From the event loop: the page that asked for it goes with the window.
         QMetaObject::invokeMethod(chooser, &QWidget::close, Qt::QueuedConnection);
     };
-    auto *summary = new KWSummaryViewController{kit, services, chooser->pane(), insertOnce};
+    auto *summary = new KWSummaryViewController{kit, clock, services, chooser->pane(), insertOnce};
     summary->setParent(chooser);
     QObject::connect(summary, &KWSummaryViewController::told, chooser, &PageWindow::showMessage);
     chooser->show();

@@ -1,9 +1,13 @@
 #include "views/web/PageWindow.h"
 
+#include "model/settings/KWLocalizedString.h"
+#include "views/alerts/UnsavedTextAlert.h"
 #include "views/theme/Metrics.h"
 #include "views/toast/Toast.h"
 #include "views/web/WebPane.h"
 
+#include <QCloseEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -17,7 +21,20 @@ constexpr QSize usualSize{720, 640};
 } // namespace
 
 PageWindow::PageWindow(const QString &title, CXClock &clock, QWidget *parent)
-    : QDialog(parent), m_clock(clock), m_pane(new WebPane), m_toast(new Toast{*this})
+    : QDialog(parent)
+    , m_clock(clock)
+    , m_pane(new WebPane)
+    , m_toast(new Toast{*this})
+    // From the event loop: the page that asks for it goes with the window.
+    , m_api([this] {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                const QPointer self{this};
+                if (mayGo() && self) close();
+            },
+            Qt::QueuedConnection);
+    })
 {
     setObjectName(QStringLiteral("pageWindow"));
     setWindowTitle(title);
@@ -25,6 +42,7 @@ PageWindow::PageWindow(const QString &title, CXClock &clock, QWidget *parent)
     auto *column = new QVBoxLayout{this};
     column->setContentsMargins({});
     column->addWidget(m_pane);
+    m_pane->addHandler(m_api);
     resize((usualSize * Metrics::textScale()).boundedTo(screen()->availableSize()));
 }
 
@@ -32,4 +50,17 @@ void PageWindow::showMessage(const QString &message)
 {
     m_toast->showMessage(message);
     m_toastEnd = m_clock.callAfter(messageTime, [this] { m_toast->dismiss(); });
+}
+
+bool PageWindow::mayGo()
+{
+    return mayLoseTexts(m_pane->unsavedTexts(), KWLocalizedString("Close Without Saving"), this);
+}
+
+// While the program ends it was asked about all texts at once.
+void PageWindow::closeEvent(QCloseEvent *event)
+{
+    const QPointer self{this};
+    if (event->spontaneous() && !mayGo()) return event->ignore();
+    if (self) QDialog::closeEvent(event);
 }

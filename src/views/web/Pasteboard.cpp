@@ -1,5 +1,7 @@
 #include "views/web/Pasteboard.h"
 
+#include "integration/summary/SummaryDocument.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -12,7 +14,7 @@ void Pasteboard::setHtml(const QString &html)
     QTextDocument styled;
     styled.setHtml(html);
     auto *data = new QMimeData;
-    data->setHtml(styled.toHtml());
+    data->setHtml(SummaryDocument::htmlWithTaskSigns(styled));
     data->setText(styled.toPlainText());
     QGuiApplication::clipboard()->setMimeData(data);
 }

@@ -10,6 +10,13 @@
 
 class QWidget;
 
+/// How a page looks like the rest of the client.
+struct WebPageLook {
+    QMap<QString, QString> values; ///< of CSS, by the names of their variables ("--text")
+    bool isDark = false;
+    bool isRightToLeft = false;
+};
+
 /// A page of ours in a web view. Main thread.
 class WebPage {
 public:
@@ -17,9 +24,8 @@ public:
 
     /// It takes the focus. Owned by its parent.
     virtual QWidget &view() = 0;
-    /// Colours for the page, as CSS values by the names of their variables ("--text"), now and for as long as
-    /// the page is there.
-    virtual void setColors(const QMap<QString, QString> &colors, bool isDark) = 0;
+    /// From now on, for as long as the page is there.
+    virtual void setLook(const WebPageLook &look) = 0;
     /// What the page shows at first is on the screen.
     virtual bool isReady() const = 0;
     /// Pages of paper as the page is printed; empty when that fails.
@@ -46,4 +52,4 @@ public:
     virtual std::unique_ptr<WebPage> open(const WebPageRequest &request, QWidget &parent) = 0;
 };
 
-Q_DECLARE_INTERFACE(WebPagePlugin, "org.orvane.WebPagePlugin/1")
+Q_DECLARE_INTERFACE(WebPagePlugin, "org.orvane.WebPagePlugin/2")

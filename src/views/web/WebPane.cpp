@@ -22,6 +22,7 @@ WebPane::~WebPane() = default;
 
 void WebPane::setPage(WebPageRequest request, Plugin plugin)
 {
+    request.handlers += m_request.handlers;
     m_request = std::move(request);
     if (!m_request.openLink) m_request.openLink = [](const QUrl &url) { QDesktopServices::openUrl(url); };
     m_plugin = std::move(plugin);
@@ -65,15 +66,16 @@ void WebPane::dress()
     if (!m_page) return;
     const Theme &theme = Theme::current();
     const QFont font = Fonts::font(Fonts::Role::Body);
-    m_page->setColors({{u"--window"_s, theme.window.name()},
-                       {u"--text"_s, theme.text.name()},
-                       {u"--secondary"_s, theme.secondaryText.name()},
-                       {u"--hairline"_s, theme.hairline.name()},
-                       {u"--hover"_s, theme.hover.name()},
-                       {u"--accent"_s, theme.accent.name()},
-                       {u"--soft-accent"_s, theme.softAccent.name()},
-                       {u"--accent-text"_s, theme.onAccent.name()},
-                       {u"--font"_s, u"\"%1\", sans-serif"_s.arg(font.family())},
-                       {u"--font-size"_s, u"%1px"_s.arg(QFontInfo{font}.pixelSize())}},
-                      theme.scheme == ColorScheme::Dark);
+    m_page->setLook({.values = {{u"--window"_s, theme.window.name()},
+                                {u"--text"_s, theme.text.name()},
+                                {u"--secondary"_s, theme.secondaryText.name()},
+                                {u"--hairline"_s, theme.hairline.name()},
+                                {u"--hover"_s, theme.hover.name()},
+                                {u"--accent"_s, theme.accent.name()},
+                                {u"--soft-accent"_s, theme.softAccent.name()},
+                                {u"--accent-text"_s, theme.onAccent.name()},
+                                {u"--font"_s, u"\"%1\", sans-serif"_s.arg(font.family())},
+                                {u"--font-size"_s, u"%1px"_s.arg(QFontInfo{font}.pixelSize())}},
+                     .isDark = theme.scheme == ColorScheme::Dark,
+                     .isRightToLeft = isRightToLeft()});
 }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "views/controls/UnsavedTexts.h"
 #include "views/web/WebPagePlugin.h"
 
 #include <QWidget>
 
 /// The place of a page of ours: loaded when it is first shown, in the colours of the theme, or the sentence
 /// how to get what shows pages. The focus that it is given goes to the page.
-class WebPane : public QWidget {
+class WebPane : public QWidget, public UnsavedTextHolder {
     Q_OBJECT
 
 public:
@@ -14,6 +15,12 @@ public:
 
     explicit WebPane(QWidget *parent = nullptr);
     ~WebPane() override;
+
+    /// Another handler for the page to come. It outlives the page.
+    void addHandler(QObject &handler) { m_request.handlers.append(&handler); }
+    /// What the person has typed into the page and would lose with it.
+    void setUnsavedTexts(std::function<QStringList()> texts) { m_unsavedTexts = std::move(texts); }
+    QStringList unsavedTexts() override { return m_unsavedTexts ? m_unsavedTexts() : QStringList{}; }
 
     /// Once. `plugin` is asked when the page is first shown; it answers null where there is none.
     void setPage(WebPageRequest request, Plugin plugin);
@@ -30,5 +37,6 @@ private:
 
     WebPageRequest m_request;
     Plugin m_plugin;
+    std::function<QStringList()> m_unsavedTexts;
     std::unique_ptr<WebPage> m_page;
 };

@@ -13,10 +13,23 @@ let isEditing = false;
 let waitingChoice = ''; // for the answer whether an edited text may go
 let shownChoice = '';   // what the text below was written for
 let isStale = false;    // it has changed while nobody saw the page
+let shownLists = '';    // as the client told them
+let taken = '';         // the Markdown that was last copied, mailed or inserted
+let toldUnsaved = '';
+let preview = Promise.resolve(); // the last one that was asked for
 
 const isEdited = () => field.value !== written;
 
+// What would be lost with the page; its beginning will do to recognise it.
+function tellWhatIsUnsaved() {
+    const unsaved = isEdited() && field.value !== taken ? field.value.slice(0, 200) : '';
+    if (unsaved === toldUnsaved) return;
+    toldUnsaved = unsaved;
+    tellUnsaved(unsaved);
+}
+
 function translate() {
+    document.documentElement.lang = texts.language;
     document.title = texts.heading;
     for (const element of document.querySelectorAll('[data-text]'))
         element.textContent = texts[element.dataset.text] ?? '';
@@ -24,16 +37,26 @@ function translate() {
     article.setAttribute('aria-label', texts.heading);
 }
 
-function fillLists(lists) {
+// Those that are checked stay so, as long as they are there.
+async function fillLists() {
+    const lists = await summaryLists('');
+    if (lists === shownLists) return;
+    shownLists = lists;
     const place = byId('lists').querySelector('fieldset');
-    for (const {id, name} of lists) {
+    const checked = choiceOfForm().lists;
+    const focused = place.contains(document.activeElement) ? document.activeElement.value : null;
+    place.replaceChildren();
+    for (const {id, name} of JSON.parse(lists)) {
         const label = document.createElement('label');
         const box = Object.assign(document.createElement('input'), {type: 'checkbox', name: 'lists', value: id});
         const words = document.createElement('span');
         words.textContent = name;
+        box.checked = checked.includes(id);
         label.append(box, words);
         place.append(label);
+        if (id === focused) box.focus();
     }
+    showChoice();
 }
 
 function setChoice(choice) {
@@ -83,8 +106,14 @@ function choose() {
     else ask(waitingChoice);
 }
 
-async function showPreview() {
-    article.innerHTML = await htmlOfMarkdown(field.value);
+// One after the other: the client answers each, but does not say which.
+function showPreview() {
+    preview = preview.then(async () => {
+        const made = new Promise(resolve => window.addEventListener('previewMade', resolve, {once: true}));
+        requestPreview(field.value);
+        article.innerHTML = (await made).detail;
+    });
+    return preview;
 }
 
 async function setEditing(edits) {
@@ -115,7 +144,13 @@ async function copy(how) {
         await copyRichText(`<html><head><meta charset="utf-8"></head><body>${article.innerHTML}</body></html>`);
     else
         await window[how](markdown);
+    take(markdown);
     toast(texts.copied);
+}
+
+function take(markdown) {
+    taken = markdown;
+    tellWhatIsUnsaved();
 }
 
 window.addEventListener('summaryRead', event => {
@@ -133,14 +168,20 @@ window.addEventListener('summaryRead', event => {
     }
     article.innerHTML = summary.html;
     byId('edited').hidden = true;
+    const {range, from, to} = JSON.parse(shownChoice);
+    const [first] = [from, to].filter(Boolean).sort();
+    byId('shortened').hidden = range !== 'days' || !first || summary.from <= first;
+    tellWhatIsUnsaved();
     tellReady();
 });
 
 // What it is of has changed, or the day has.
-function refresh() {
-    if (isEdited() || waitingChoice === '') return;
+async function refresh() {
+    if (waitingChoice === '') return;
     isStale = document.hidden;
-    if (!isStale) ask(waitingChoice);
+    if (isStale) return;
+    await fillLists();
+    if (!isEdited()) ask(JSON.stringify(choiceOfForm()));
 }
 
 window.addEventListener('summaryChanged', refresh);
@@ -148,6 +189,7 @@ document.addEventListener('visibilitychange', () => {
     if (isStale) refresh();
 });
 
+field.addEventListener('input', tellWhatIsUnsaved);
 form.addEventListener('submit', event => event.preventDefault());
 form.addEventListener('change', choose);
 byId('keep').addEventListener('click', () => {
@@ -171,16 +213,19 @@ for (const button of document.querySelectorAll('[data-copy]'))
     button.addEventListener('click', () => copy(button.dataset.copy));
 byId('exportPdf').addEventListener('click', async () => exportPdf(await brought()));
 byId('exportPNG').addEventListener('click', async () => exportPNG(await brought()));
-byId('exportMail').addEventListener('click', async () =>
-    exportMail(JSON.stringify({title, summary: await brought()})));
+byId('exportMail').addEventListener('click', async () => {
+    const summary = await brought();
+    if (await exportMail(JSON.stringify({title, summary})) === '') take(summary);
+});
 byId('insertSummary').addEventListener('click', async () => insertSummary(await brought()));
+byId('cancel').addEventListener('click', () => closeWindow(''));
 document.addEventListener('click', event => {
     if (!event.target.closest('.menu')) closeMenu();
     for (const details of document.querySelectorAll('details[open]'))
         if (!details.contains(event.target)) details.open = false;
 });
 document.addEventListener('keydown', event => {
-    if (event.key === 'Escape') {
+    if (event.key === 'Escape' && !event.isComposing) {
         const open = document.querySelector('details[open]');
         if (!byId('copies').hidden) {
             closeMenu();
@@ -188,6 +233,8 @@ document.addEventListener('keydown', event => {
         } else if (open) {
             open.open = false;
             open.querySelector('summary').focus();
+        } else if (window.closeWindow) {
+            closeWindow('');
         }
     } else if (!byId('copies').hidden && (event.key === 'ArrowDown' || event.key === 'ArrowUp')) {
         const items = [...byId('copies').querySelectorAll('button')];
@@ -197,12 +244,13 @@ document.addEventListener('keydown', event => {
     }
 });
 
-openSummary('').then(text => {
+openSummary('').then(async text => {
     const page = JSON.parse(text);
     texts = page.texts;
     translate();
-    fillLists(page.lists);
+    await fillLists();
     setChoice(page.choice);
     byId('insertSummary').hidden = !page.canInsert;
+    byId('cancel').hidden = !window.closeWindow;
     ask(JSON.stringify(choiceOfForm()));
 });

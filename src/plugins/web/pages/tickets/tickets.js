@@ -1,11 +1,17 @@
 // The page for a report to the makers: exactly what a report would hold, to be read and taken along by hand.
 'use strict';
 
+document.getElementById('close').addEventListener('click', () => closeWindow(''));
+document.addEventListener('keydown', event => {
+    if (event.key === 'Escape') closeWindow('');
+});
+
 const report = document.getElementById('report');
 
 async function fill() {
     const texts = JSON.parse(await ticketTexts(''));
     document.title = texts.heading;
+    document.documentElement.lang = texts.language;
     for (const element of document.querySelectorAll('[data-text]'))
         element.textContent = texts[element.dataset.text] ?? '';
     report.setAttribute('aria-label', texts.heading);
