@@ -177,6 +177,18 @@ private Q_SLOTS:
                  "\n## Habits\n\n- Drink water — 2 days, 17 cups\n"_s);
     }
 
+    void namesTheYearsOfDaysInOthers()
+    {
+        aTask("Sow").completedAt("2029-12-31 10:00").savedIn(*m_store);
+        aTask("Reap").completedAt("2030-01-01 10:00").savedIn(*m_store);
+        const QByteArray days = "\"range\": \"days\", \"from\": \"2029-12-31\", \"fields\": [\"completion\"]";
+        const QString byDay = written("{" + days + "}");
+        QVERIFY(byDay.contains(u"## Monday 31 December 2029\n") && byDay.contains(u"## Tuesday 1 January\n"));
+        const QString byStatus = written("{\"group\": \"status\", " + days + "}");
+        QVERIFY2(byStatus.contains(u"- [x] Sow — 31 Dec 2029 ") && byStatus.contains(u"- [x] Reap — 1 Jan "),
+                 qPrintable(byStatus));
+    }
+
     void writesAddressesThatWork()
     {
         aTask("Read https://example.org/a_b?x=1&y=2").dueOn("2030-05-01").savedIn(*m_store);

@@ -39,6 +39,11 @@ QString fullDay(Day day, const QLocale &locale)
     return withDayName(day, DayText::dayAndFullMonth(day, locale), locale);
 }
 
+QString fullDayAndYear(Day day, const QLocale &locale)
+{
+    return withDayName(day, DayText::dayFullMonthAndYear(day, locale), locale);
+}
+
 QString lengthText(seconds length, const QLocale &locale)
 {
     const minutes whole = round<minutes>(length);
@@ -82,6 +87,9 @@ private:
         m_hasAnything = true;
     }
 
+    // It goes without saying.
+    bool isOfLastYear(Day day) const { return dateOf(day).year() == dateOf(m_choice.last).year(); }
+
     GroupKey keyOf(const SummaryTask &task) const
     {
         switch (m_choice.group) {
@@ -94,7 +102,8 @@ private:
             break;
         }
         const Day day = task.day.value_or(m_choice.last);
-        return {day.time_since_epoch().count(), fullDay(day, m_locale)};
+        return {day.time_since_epoch().count(),
+                isOfLastYear(day) ? fullDay(day, m_locale) : fullDayAndYear(day, m_locale)};
     }
 
     void writeTasks()
@@ -156,7 +165,9 @@ private:
         const Day day{floor<days>(local)};
         const bool hasDayAbove = m_choice.group == SummaryChoice::Group::ByDay && day >= m_choice.first;
         QStringList words;
-        if (!hasDayAbove) words.append(DayText::dayAndMonth(day, m_locale));
+        if (!hasDayAbove)
+            words.append(isOfLastYear(day) ? DayText::dayAndMonth(day, m_locale)
+                                           : DayText::dayMonthAndYear(day, m_locale));
         if (!isAllDay) words.append(ClockFormat::timeOfDay(local - floor<days>(local), m_locale));
         return words.join(u' ');
     }
@@ -201,12 +212,10 @@ private:
 QString summaryTitle(const SummaryContent &content, const QLocale &locale)
 {
     const auto [first, last] = std::pair{content.choice.first, content.choice.last};
-    const auto withYear = [&locale](Day day) {
-        return withDayName(day, DayText::dayFullMonthAndYear(day, locale), locale);
-    };
-    if (first == last) return withYear(last);
+    const QString end = fullDayAndYear(last, locale);
+    if (first == last) return end;
     const bool isOneYear = dateOf(first).year() == dateOf(last).year();
-    return (isOneYear ? fullDay(first, locale) : withYear(first)) + u" – "_s + withYear(last);
+    return (isOneYear ? fullDay(first, locale) : fullDayAndYear(first, locale)) + u" – "_s + end;
 }
 
 QString summaryMarkdown(const SummaryContent &content, const CXTimeZone &zone, const QLocale &locale)
