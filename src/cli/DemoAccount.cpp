@@ -94,6 +94,13 @@ private:
         return time ? m_zone.toInstant(LocalTime{date} + *time) : m_zone.startOfDay(date);
     }
 
+    // Without a time, in the evening.
+    Instant completionOf(const Demo::When &when) const
+    {
+        return std::min(instantOf(when.day, when.from.value_or(std::chrono::minutes{18 * 60 + 30})),
+                        m_context.clock().now());
+    }
+
     KWTask &writeTask(const Demo::Task &task, const QString &projectID)
     {
         KWTaskModel model;
@@ -110,7 +117,7 @@ private:
         if (task.when) setDates(model, *task.when);
         if (task.state == Demo::State::Done) {
             model.status = KWTaskStatusCompleted;
-            model.completionDate = model.startDate;
+            model.completionDate = completionOf(task.when.value_or(Demo::When{0}));
         }
         model.isTrashed = task.state == Demo::State::Trashed;
         KWTask &written = m_context.insert<KWTask>(std::move(model));
