@@ -17,12 +17,29 @@ constexpr auto dialect =
     QTextDocument::MarkdownFeatures{QTextDocument::MarkdownDialectGitHub} | QTextDocument::MarkdownNoHTML;
 
 constexpr int paperPoints = 10;
+constexpr int headingSpace = 14; // pixels above
 
 // Where `mark` ends; the text's end when it is not there.
 qsizetype endOf(const QString &text, QStringView mark, qsizetype from = 0)
 {
     const qsizetype at = text.indexOf(mark, from);
     return at < 0 ? text.size() : at + mark.size();
+}
+
+// Smaller than in a browser, with room above.
+void dressHeadings(QTextDocument &document)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        if (format.headingLevel() == 0) continue;
+        QTextCharFormat letters;
+        letters.setProperty(QTextFormat::FontSizeAdjustment, format.headingLevel() == 1 ? 2 : 1);
+        QTextCursor cursor{block};
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        cursor.mergeCharFormat(letters);
+        if (format.headingLevel() > 1) format.setTopMargin(headingSpace);
+        cursor.setBlockFormat(format);
+    }
 }
 
 QString bodyOf(const QString &page)
@@ -67,13 +84,14 @@ Result<void> SummaryDocument::writePdf(const QString &title, const QString &mark
     QTextDocument document;
     document.setDefaultFont({u"Inter"_s, paperPoints});
     document.setMarkdown(markdown, dialect);
+    dressHeadings(document);
     QSaveFile output{file};
     if (output.open(QIODevice::WriteOnly)) {
         QPdfWriter writer{&output};
         writer.setTitle(title);
         writer.setCreator(u"Orvane"_s);
         writer.setPageSize(QPageSize{QPageSize::A4});
-        writer.setPageMargins({20, 20, 20, 20}, QPageLayout::Millimeter);
+        writer.setPageMargins({}); // the document brings its own
         document.print(&writer);
     }
     if (output.isOpen() && output.commit()) return {};
