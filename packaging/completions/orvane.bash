@@ -1,9 +1,15 @@
 # bash completion for orvane
 # shellcheck disable=SC2207 # words without spaces
 
-# The lists of the account that the line works on, one a line.
+# Asks about the account that the line works on, of which the caller keeps the folder in home; makes none.
+_orvane_ask() {
+    local place=${home:-${ORVANE_HOME:-${XDG_DATA_HOME:-$HOME/.local/share}/orvane}}
+    [[ -e $place/store.sqlite ]] && orvane ${home:+--home "$home"} "$@" 2>/dev/null
+}
+
+# Your lists, one a line, but those with control characters.
 _orvane_lists() {
-    orvane "$@" projects 2>/dev/null | grep -oP '"name":"\K(\\.|[^"\\])*' | sed 's/\\\(.\)/\1/g'
+    _orvane_ask projects | grep -oP '"name":"\K(\\.|[^"\\])*' | grep -v '\\u' | sed 's/\\\(.\)/\1/g'
 }
 
 # Names may hold spaces and quotes: what is typed is compared without its quoting, what fits is quoted as the
@@ -29,18 +35,27 @@ _orvane_names() {
 _orvane() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' i
     local commands='add list today next7days search projects pomo summary done undo occurrences export import backup restore'
-    local folder=() smart=(Today Tomorrow 'Next 7 Days' All) everywhere='--home --locale --zone --demo --help'
+    local home='' smart=(Today Tomorrow 'Next 7 Days' All) everywhere='--home --locale --zone --demo --help'
     COMPREPLY=()
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
         --home)
             i=$((i + 1))
-            folder=(--home "${COMP_WORDS[i]/#\~/$HOME}")
+            [[ ${COMP_WORDS[i]} == = ]] && i=$((i + 1))
+            home=${COMP_WORDS[i]//[\\\"\']/}
+            home=${home/#\~/$HOME}
             ;;
         --*) ;;
         *) [[ -z $command && " $commands " == *" ${COMP_WORDS[i]} "* ]] && command=${COMP_WORDS[i]} ;;
         esac
     done
+
+    # "=" is a word of its own.
+    if [[ $word == = ]]; then
+        word=''
+    elif [[ $before == = && $COMP_CWORD -gt 1 ]]; then
+        before=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
 
     case $before in
     --home | --picture | --out) compopt -o default && return ;; # files
@@ -61,7 +76,7 @@ _orvane() {
         ;;
     --list)
         [[ $command == summary ]] && smart=()
-        _orvane_names "$word" < <(printf '%s\n' "${smart[@]}"; _orvane_lists "${folder[@]}")
+        _orvane_names "$word" < <(printf '%s\n' "${smart[@]}"; _orvane_lists)
         return
         ;;
     --now | --start | --from | --to | --exdate | --rule | --limit | --locale | --size | --scale | --text-size) return ;;
@@ -83,9 +98,9 @@ _orvane() {
     elif [[ -z $command ]]; then
         COMPREPLY=($(compgen -W "$commands" -- "$word"))
     elif [[ $command == list ]]; then
-        _orvane_names "$word" < <(printf '%s\n' "${smart[@]}"; _orvane_lists "${folder[@]}")
+        _orvane_names "$word" < <(printf '%s\n' "${smart[@]}"; _orvane_lists)
     elif [[ $command == "done" ]]; then
-        COMPREPLY=($(compgen -W "$(orvane "${folder[@]}" list Today 2>/dev/null | cut -d' ' -f1)" -- "$word"))
+        COMPREPLY=($(compgen -W "$(_orvane_ask list Today | cut -d' ' -f1)" -- "$word"))
     elif [[ " export import backup restore " == *" $command "* ]]; then
         compopt -o default
     fi

@@ -1,15 +1,24 @@
 # fish completion for orvane
 
-# What the line says about the folder of the account.
-function __orvane_folder
+# Asks about the account that the line works on; makes none.
+function __orvane_ask
     set -l words (commandline -opc)
+    set -l home (string replace -f -- --home= '' $words)[1]
     if set -l place (contains -i -- --home $words); and test (count $words) -gt $place
-        printf '%s\n' --home (string replace -r '^~' $HOME $words[(math $place + 1)])
+        set home $words[(math $place + 1)]
     end
+    set -l folder $ORVANE_HOME
+    if test -n "$home"
+        set folder (string replace -r '^~' $HOME -- $home)
+        set -- argv --home $folder $argv
+    else if test -z "$folder"
+        set folder (test -n "$XDG_DATA_HOME"; and echo $XDG_DATA_HOME; or echo $HOME/.local/share)/orvane
+    end
+    test -e "$folder/store.sqlite"; and orvane $argv 2>/dev/null
 end
 
 function __orvane_projects
-    orvane (__orvane_folder) projects 2>/dev/null | string match -rag '"name":"((?:\\\\.|[^"\\\\])*)"' |
+    __orvane_ask projects | string match -rag '"name":"((?:\\\\.|[^"\\\\])*)"' | string match -v '*\\u*' |
         string replace -ra '\\\\(.)' '$1'
 end
 
@@ -19,7 +28,7 @@ function __orvane_lists
 end
 
 function __orvane_tasks
-    orvane (__orvane_folder) list Today 2>/dev/null | string replace -r ' +' \t
+    __orvane_ask list Today | string replace -r ' +' \t
 end
 
 function __orvane_zones
