@@ -74,6 +74,15 @@ private Q_SLOTS:
         QCOMPARE(sent(line + u'\n'), kept + u'\n');
     }
 
+    void survivesAnyTitle()
+    {
+        for (const QString &each : {u"\x1e"_s + u"wash up"_s, u"wash up\x1e"_s, u"\x1e\x1e\x1e\x1e"_s})
+            aTask(qUtf8Printable(each)).savedIn(*m_store);
+        const QString line = u"2030-05-01T09:00:00.000Z info x: "_s;
+        QCOMPARE(sent(line + u"\x1e"_s + u"wash up\n"_s + line + u"wash up\n"_s + line + u"end\n"_s),
+                 line + u"***\n"_s + line + u"wash up\n"_s + line + u"end\n"_s);
+    }
+
     void isTheNewestMegabyteInWholeLines()
     {
         const QString line = QString(99, u'x') + u'\n';

@@ -41,31 +41,24 @@ QByteArray newestLines(const DataFolders &folders)
 class LogEntries {
 public:
     // A line that does not begin with a time goes on with the one before.
-    explicit LogEntries(QString log)
+    explicit LogEntries(const QString &log)
     {
         static const QRegularExpression begin{u"^(?=\\d{4}-\\d\\d-\\d\\dT)"_s,
                                               QRegularExpression::MultilineOption};
         static const QRegularExpression head{u"^\\d{4}-\\S+ \\w+ [\\w.]+: "_s};
-        for (const QString &each : log.remove(betweenBodies).split(begin, Qt::SkipEmptyParts)) {
+        for (const QString &each : log.split(begin, Qt::SkipEmptyParts)) {
             const qsizetype length = head.match(each).capturedLength();
             m_heads.append(each.first(length));
             m_bodies.append(each.sliced(length));
         }
     }
 
+    const QStringList &bodies() const { return m_bodies; }
     template <class Change>
-    void changeEach(Change change)
+    void changeBodies(Change change)
     {
         for (QString &each : m_bodies)
             each = change(each);
-    }
-    /// All at once, as one text of which the lines keep their places.
-    template <class Change>
-    void changeAll(Change change)
-    {
-        QString all = m_bodies.join(betweenBodies);
-        change(all);
-        m_bodies = all.split(betweenBodies);
     }
 
     QString text() const
@@ -77,8 +70,6 @@ public:
     }
 
 private:
-    static constexpr QChar betweenBodies{0x1e}; // the record separator of ASCII
-
     QStringList m_heads;
     QStringList m_bodies;
 };
@@ -158,31 +149,10 @@ void findOwnTexts(Connection &store, const LogWords &words, QSet<QString> &found
     }
 }
 
-// A text that is a part of a longer word there is another one.
-void removeText(QString &log, const QString &text)
+// The longest of them first; none when the store cannot be asked.
+std::optional<QStringList> ownTextsIn(const QString &log, const DataFolders &folders)
 {
-    const bool isOpenInFront = !isOfWord(text.front());
-    const bool isOpenBehind = !isOfWord(text.back());
-    QString kept;
-    qsizetype keptEnd = 0;
-    for (qsizetype at = log.indexOf(text); at >= 0;) {
-        const qsizetype end = at + text.size();
-        const bool isWhole = (isOpenInFront || at == 0 || !isOfWord(log[at - 1])) &&
-                             (isOpenBehind || end == log.size() || !isOfWord(log[end]));
-        if (isWhole) {
-            kept += QStringView{log}.sliced(keptEnd, at - keptEnd);
-            kept += removed;
-            keptEnd = end;
-        }
-        at = log.indexOf(text, isWhole ? end : at + 1);
-    }
-    if (keptEnd > 0) log = kept.append(QStringView{log}.sliced(keptEnd));
-}
-
-// False when the store cannot be asked.
-bool removeOwnTexts(QString &log, const DataFolders &folders)
-{
-    if (!QFile::exists(folders.store())) return true;
+    if (!QFile::exists(folders.store())) return QStringList{};
     QSet<QString> found;
     try {
         Connection store{folders.store().toStdString(), Connection::Access::ReadWrite};
@@ -190,20 +160,40 @@ bool removeOwnTexts(QString &log, const DataFolders &folders)
         findOwnTexts(store, LogWords{log}, found);
     } catch (const SQLite::Exception &exception) {
         sentLogLog.warning(QString::fromUtf8(exception.what()));
-        return false;
+        return std::nullopt;
     }
     QStringList longestFirst{found.begin(), found.end()};
     std::ranges::sort(longestFirst, std::ranges::greater{}, [](const QString &each) { return each.size(); });
-    for (const QString &each : std::as_const(longestFirst))
-        removeText(log, each);
-    return true;
+    return longestFirst;
 }
 
-void removeFolders(QString &log, const DataFolders &folders)
+// A text that is a part of a longer word there is another one.
+QString withoutText(const QString &body, const QString &text)
+{
+    const bool isOpenInFront = !isOfWord(text.front());
+    const bool isOpenBehind = !isOfWord(text.back());
+    QString kept;
+    qsizetype keptEnd = 0;
+    for (qsizetype at = body.indexOf(text); at >= 0;) {
+        const qsizetype end = at + text.size();
+        const bool isWhole = (isOpenInFront || at == 0 || !isOfWord(body[at - 1])) &&
+                             (isOpenBehind || end == body.size() || !isOfWord(body[end]));
+        if (isWhole) {
+            kept += QStringView{body}.sliced(keptEnd, at - keptEnd);
+            kept += removed;
+            keptEnd = end;
+        }
+        at = body.indexOf(text, isWhole ? end : at + 1);
+    }
+    return keptEnd == 0 ? body : kept.append(QStringView{body}.sliced(keptEnd));
+}
+
+QStringList foldersOf(const DataFolders &folders)
 {
     const QString home = QDir::homePath();
-    for (const QString &each : {folders.data, folders.config, QFileInfo{home}.canonicalFilePath(), home})
-        if (each.size() > 1) log.replace(each, u"~"_s);
+    QStringList all{folders.data, folders.config, QFileInfo{home}.canonicalFilePath(), home};
+    all.removeIf([](const QString &each) { return each.size() <= 1; });
+    return all;
 }
 
 QString newestOf(const QString &log)
@@ -219,13 +209,20 @@ QString newestOf(const QString &log)
 QString logToSend(const DataFolders &folders)
 {
     LogEntries entries{QString::fromUtf8(newestLines(folders))};
-    entries.changeEach(withoutQuotations);
-    bool isStoreAsked = false;
-    entries.changeAll([&](QString &log) {
-        // Folders first: a title that is a part of their path would hide them.
-        removeFolders(log, folders);
-        isStoreAsked = removeOwnTexts(log, folders);
+    // Folders before titles: one that is a part of their path would hide them.
+    entries.changeBodies([paths = foldersOf(folders)](const QString &body) {
+        QString changed = withoutQuotations(body);
+        for (const QString &each : paths)
+            changed.replace(each, u"~"_s);
+        return changed;
     });
-    if (!isStoreAsked) entries.changeEach([](const QString &) { return removed.toString() + u'\n'; });
+    const std::optional<QStringList> own = ownTextsIn(entries.bodies().join(QString{}), folders);
+    entries.changeBodies([&own](const QString &body) {
+        if (!own) return removed.toString() + u'\n';
+        QString changed = body;
+        for (const QString &each : *own)
+            changed = withoutText(changed, each);
+        return changed;
+    });
     return newestOf(entries.text());
 }
