@@ -3,11 +3,17 @@
 #include "views/theme/Icons.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+int escapeButtonOf(const AlertText &alert)
+{
+    return alert.escapeButton < 0 ? int(alert.buttons.size()) - 1 : alert.escapeButton;
+}
 
 class AlertBox : public QMessageBox {
 public:
@@ -27,7 +33,7 @@ public:
             if (m_buttons.size() == alert.defaultButton) setDefaultButton(button);
             m_buttons.append(button);
         }
-        m_escape = alert.escapeButton < 0 ? int(m_buttons.size()) - 1 : alert.escapeButton;
+        m_escape = escapeButtonOf(alert);
         setEscapeButton(m_buttons.value(m_escape));
     }
 
@@ -46,9 +52,11 @@ private:
 
 int Alert::run(const AlertText &alert, QWidget *parent)
 {
-    AlertBox box{alert, parent};
-    box.exec();
-    return box.chosen();
+    const QPointer box = new AlertBox{alert, parent};
+    box->exec();
+    if (!box) return escapeButtonOf(alert); // it went with its parent
+    box->deleteLater();
+    return box->chosen();
 }
 
 QWidget *Alert::open(const AlertText &alert, QWidget *window, std::function<void(int)> answered)
