@@ -57,9 +57,7 @@ Result<SummaryChoice> choiceOf(const Invocation &invocation, OrvaneKit &kit)
     }
     const auto choice = SummaryChoice::fromJson(json, kit.clock().today(),
                                                 KWUserSettings::firstWeekdayOfUser(user, kit.context()));
-    for (const QString &day : {invocation.from, invocation.to})
-        if (!day.isEmpty() && QDate::fromString(day, Qt::ISODate) < dateOf(choice.first))
-            return Error{commandText("A summary is of ten years at most.")};
+    if (choice.isShortened) return Error{commandText("A summary is of ten years at most.")};
     return choice;
 }
 

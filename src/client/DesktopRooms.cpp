@@ -35,7 +35,8 @@ DesktopRooms::DesktopRooms(OrvaneKit &kit, CXClock &clock, DesktopServices servi
                .openWindow = [this](const QString &token) { m_application.session().showWindow(token); },
                .tellFailure = [this](const QString &sentence) { m_mainWindow.showFailure(sentence); }})
     , m_focusWindow({m_focus.presenter(), m_menu, kit.defaults()})
-    , m_web{services.webPages, services.mail, [this] { return m_deletes.delayDeletedTaskSet(); }}
+    , m_web{services.webPages, services.mail, [this] { return m_deletes.delayDeletedTaskSet(); },
+            [this](const QString &link) { m_links.open(link); }}
     , m_mainWindow({kit, clock, m_sidebar, m_tasks, m_newTasks, m_menu, m_deletes, m_alerts, m_repeats,
                     m_calendars, m_focus.presenter(), m_web})
     , m_welcomeWindow(kit.account())

@@ -295,8 +295,8 @@ private Q_SLOTS:
                  qPrintable(markdown.out));
         QVERIFY(!orvane(u"summary --to 2001-01-01 --from 2001-01-02"_s).out.contains(u"Water"));
         QVERIFY(orvane(u"summary --format html"_s).out.startsWith(u"<!DOCTYPE html>"));
-        for (const QString &days :
-             {u"--from 2001-01-01"_s, u"--to 2001-01-01"_s, u"--from 2001-01-01 --to 2011-01-09"_s})
+        for (const QString &days : {u"--from 2001-01-01"_s, u"--to 2001-01-01"_s, u"--to 2050-01-01"_s,
+                                    u"--from 2001-01-01 --to 2011-01-09"_s})
             QCOMPARE(orvane(u"summary "_s + days).err, u"A summary is of ten years at most.\n"_s);
         QCOMPARE(orvane(u"summary --from 2001-01-02 --to 2011-01-09"_s).status, 0);
         for (const char *name : {"week.md", "week.html", "week.pdf"}) {

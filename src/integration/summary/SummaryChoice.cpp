@@ -107,7 +107,9 @@ void setDays(SummaryChoice &choice, Day today, weekday firstWeekday, const QJson
         break;
     }
     const auto [first, last] = std::minmax({dayOr(json[u"from"_s], today), dayOr(json[u"to"_s], today)});
-    take(std::max(first, last - days{SummaryChoice::mostDays - 1}), last);
+    const Day earliest = last - days{SummaryChoice::mostDays - 1};
+    choice.isShortened = first < earliest;
+    take(std::max(first, earliest), last);
 }
 
 } // namespace

@@ -25,9 +25,10 @@ struct SummaryChoice {
     Q_DECLARE_FLAGS(Details, Detail)
 
     Range range = Range::ThisWeek;
-    Day first{};         ///< of the range, worked out when it is read
-    Day last{};          ///< included
-    QStringList listIDs; ///< every list when empty
+    Day first{};              ///< of the range, worked out when it is read
+    Day last{};               ///< included
+    bool isShortened = false; ///< to mostDays, it would begin earlier
+    QStringList listIDs;      ///< every list when empty
     Statuses statuses{Status::Completed, Status::Open};
     Details fields{Detail::List,       Detail::Tags,  Detail::Date,
                    Detail::Completion, Detail::Focus, Detail::Habits};

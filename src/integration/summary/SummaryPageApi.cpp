@@ -10,7 +10,6 @@
 #include "model/records/KWUserSettings.h"
 #include "model/settings/KWLocalizedString.h"
 #include "model/settings/KWUserDefaults.h"
-#include "model/text/DayText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -118,7 +117,7 @@ QString pageOf(const SummaryContent &content, const CXTimeZone &zone)
     return textOf(QJsonObject{{u"title"_s, summaryTitle(content, locale)},
                               {u"markdown"_s, markdown},
                               {u"html"_s, shownMarkdown(markdown)},
-                              {u"from"_s, dateOf(content.choice.first).toString(Qt::ISODate)}});
+                              {u"isShortened"_s, content.choice.isShortened}});
 }
 
 } // namespace
@@ -129,10 +128,11 @@ SummaryPageApi::SummaryPageApi(OrvaneKit &kit, CXClock &clock, HiddenTasks hidde
     , m_clock(clock)
     , m_hiddenTasks(std::move(hiddenTasks))
     , m_registration(kit.bus().registerEventBus([this](const StoreChange &) { tellChange(); }))
-    , m_newDay(kit.center().addObserver(KWNewDayComesNotification, [this](const auto &) { tellChange(); }))
-    , m_deletes(kit.center().addObserver(delayDeleteStatusChangedNotification,
-                                         [this](const auto &) { tellChange(); }))
 {
+    for (const QString &each : {KWDataDidChangeOutsideMainAppNotification, KWSyncDidBatchPullNotification,
+                                KWNewDayComesNotification, SystemTimeZoneDidChangeNotification,
+                                delayDeleteStatusChangedNotification})
+        m_observations.push_back(kit.center().addObserver(each, [this](const auto &) { tellChange(); }));
 }
 
 void SummaryPageApi::tellChange()
@@ -144,6 +144,7 @@ void SummaryPageApi::tellChange()
 QString SummaryPageApi::openSummary(const QString &)
 {
     const QString userID = m_kit.account().currentUserID();
+    m_unsavedText.clear(); // of a page that was there before
     const QByteArray kept = m_kit.defaults().value(Settings::summaryChoice, userID).toUtf8();
     return textOf(QJsonObject{{u"texts"_s, textsOfPage()},
                               {u"choice"_s, choiceOf(QJsonDocument::fromJson(kept).object(), m_kit).toJson()},

@@ -9,6 +9,8 @@
 
 #include <QSet>
 
+#include <vector>
+
 class OrvaneKit;
 
 /// What our own page of the summary asks besides JsApiSummary: what there is to choose, and the summary of a
@@ -42,8 +44,8 @@ public Q_SLOTS: // named by pages
     QString tellUnsaved(const QString &beginning);
 
 Q_SIGNALS:
-    /// A JSON object of texts: "title", "markdown", "html" and "from", the first day; or one with the
-    /// sentence "error".
+    /// A JSON object: the texts "title", "markdown" and "html", and "isShortened", see SummaryChoice; or one
+    /// with the sentence "error".
     void summaryRead(const QString &summary);
     /// SummaryDocument::htmlOfMarkdown(); a text of more than 3,000 lines or 200,000 characters as it stands.
     void previewMade(const QString &html);
@@ -62,8 +64,7 @@ private:
     bool m_isReading = false;
     std::optional<SummaryChoice> m_next; // asked for meanwhile
     KWEventBus::Registration m_registration;
-    KWNotificationCenter::Observation m_newDay;
-    KWNotificationCenter::Observation m_deletes;
+    std::vector<KWNotificationCenter::Observation> m_observations;
     ClockCall m_telling; // of what has changed
     QString m_unsavedText;
 };

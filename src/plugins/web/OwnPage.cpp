@@ -35,7 +35,7 @@ bool OwnPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool
 
 void OwnPage::leadOut(const QUrl &url) const
 {
-    const bool isLink = QStringList{u"http"_s, u"https"_s, u"mailto"_s}.contains(url.scheme());
+    const bool isLink = QStringList{u"http"_s, u"https"_s, u"mailto"_s, u"orvane"_s}.contains(url.scheme());
     if (isLink && m_openLink) m_openLink(url);
 }
 

@@ -17,8 +17,8 @@ public:
     void interceptRequest(QWebEngineUrlRequestInfo &request) override;
 };
 
-/// Stays on the page that it was opened on. What leads out of it is a link for the desktop, if it is one to
-/// the web or a mail; windows, frames and everything else are refused.
+/// Stays on the page that it was opened on. What leads out of it is a link for others to open, if it is one
+/// to the web, a mail or a task; windows, frames and everything else are refused.
 class OwnPage final : public QWebEnginePage {
     Q_OBJECT
 

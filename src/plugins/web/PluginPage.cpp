@@ -34,8 +34,8 @@ protected:
     {
         auto *menu = new QMenu{this};
         menu->setAttribute(Qt::WA_DeleteOnClose);
-        for (const auto action :
-             {QWebEnginePage::Cut, QWebEnginePage::Copy, QWebEnginePage::Paste, QWebEnginePage::SelectAll})
+        for (const auto action : {QWebEnginePage::Undo, QWebEnginePage::Redo, QWebEnginePage::Cut,
+                                  QWebEnginePage::Copy, QWebEnginePage::Paste, QWebEnginePage::SelectAll})
             menu->addAction(pageAction(action));
         menu->popup(event->globalPos());
     }
@@ -128,6 +128,15 @@ void PluginPage::setLook(const WebPageLook &look)
         m_page->scripts().remove(each);
     m_page->scripts().insert(script);
     m_page->runJavaScript(source, QWebEngineScript::ApplicationWorld);
+}
+
+void PluginPage::edit(WebPageEdit action)
+{
+    static const QHash<WebPageEdit, QWebEnginePage::WebAction> actions{
+        {WebPageEdit::Undo, QWebEnginePage::Undo},   {WebPageEdit::Redo, QWebEnginePage::Redo},
+        {WebPageEdit::Cut, QWebEnginePage::Cut},     {WebPageEdit::Copy, QWebEnginePage::Copy},
+        {WebPageEdit::Paste, QWebEnginePage::Paste}, {WebPageEdit::SelectAll, QWebEnginePage::SelectAll}};
+    m_page->triggerAction(actions[action]);
 }
 
 bool PluginPage::isReady() const { return m_bridge->isPageReady(); }

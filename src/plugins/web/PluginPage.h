@@ -17,6 +17,7 @@ public:
 
     QWidget &view() override;
     void setLook(const WebPageLook &look) override;
+    void edit(WebPageEdit action) override;
     bool isReady() const override;
     void printToPdf(std::function<void(const QByteArray &)> done) override;
     void drawPicture(int width, std::function<void(const QImage &)> done) override;

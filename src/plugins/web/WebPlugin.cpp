@@ -6,7 +6,7 @@
 
 class WebPlugin : public QObject, public WebPagePlugin {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "org.orvane.WebPagePlugin/1")
+    Q_PLUGIN_METADATA(IID WebPagePlugin_iid)
     Q_INTERFACES(WebPagePlugin)
 
 public:

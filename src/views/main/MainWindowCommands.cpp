@@ -21,6 +21,7 @@
 #include "views/tasklist/BatchActions.h"
 #include "views/tasklist/TaskListPane.h"
 #include "views/tasklist/TaskListView.h"
+#include "views/web/WebPane.h"
 #include "views/wording/CalendarDay.h"
 
 #include <QApplication>
@@ -31,8 +32,17 @@
 
 namespace {
 
+const WebPane *pageAround(const QWidget *widget)
+{
+    for (; widget; widget = widget->parentWidget())
+        if (const auto *pane = qobject_cast<const WebPane *>(widget)) return pane;
+    return nullptr;
+}
+
+// A page does not say whether there is something.
 bool hasTextToUndo(const QWidget *widget)
 {
+    if (const WebPane *pane = pageAround(widget)) return pane->isTyping();
     if (const auto *line = qobject_cast<const QLineEdit *>(widget)) return line->isUndoAvailable();
     const auto *edit = qobject_cast<const QTextEdit *>(widget);
     return edit && edit->document()->isUndoAvailable();
@@ -40,12 +50,14 @@ bool hasTextToUndo(const QWidget *widget)
 
 // A command of the Edit menu goes to the text that has the focus.
 template <class LineEdit, class TextEdit>
-void giveToText(QWidget *focused, LineEdit line, TextEdit text)
+void giveToText(QWidget *focused, LineEdit line, TextEdit text, WebPageEdit page)
 {
     if (auto *lineEdit = qobject_cast<QLineEdit *>(focused))
         std::invoke(line, lineEdit);
     else if (auto *textEdit = qobject_cast<QTextEdit *>(focused))
         std::invoke(text, textEdit);
+    else if (auto *pane = const_cast<WebPane *>(pageAround(focused)))
+        pane->edit(page);
 }
 
 } // namespace
@@ -115,27 +127,28 @@ void MainWindowCommands::connectTaskCommands()
 
 void MainWindowCommands::connectEditing()
 {
-    const auto give = [this](MenuCommand command, auto line, auto text) {
-        on(command, [this, line, text] { giveToText(m_parts.window.focusWidget(), line, text); });
+    const auto give = [this](MenuCommand command, auto line, auto text, WebPageEdit page) {
+        on(command, [this, line, text, page] { giveToText(m_parts.window.focusWidget(), line, text, page); });
     };
-    give(MenuCommand::Redo, &QLineEdit::redo, &QTextEdit::redo);
-    give(MenuCommand::Cut, &QLineEdit::cut, &QTextEdit::cut);
+    give(MenuCommand::Redo, &QLineEdit::redo, &QTextEdit::redo, WebPageEdit::Redo);
+    give(MenuCommand::Cut, &QLineEdit::cut, &QTextEdit::cut, WebPageEdit::Cut);
     on(MenuCommand::Copy, [this] {
         if (m_parts.selected.haveFocus()) return m_parts.tasks.copyTitles(m_parts.selected.ids());
-        giveToText(m_parts.window.focusWidget(), &QLineEdit::copy, &QTextEdit::copy);
+        giveToText(m_parts.window.focusWidget(), &QLineEdit::copy, &QTextEdit::copy, WebPageEdit::Copy);
     });
-    give(MenuCommand::Paste, &QLineEdit::paste, &QTextEdit::paste);
+    give(MenuCommand::Paste, &QLineEdit::paste, &QTextEdit::paste, WebPageEdit::Paste);
     on(MenuCommand::SelectAll, [this] {
         TaskListView &list = m_parts.window.listPane().list();
         if (list.hasFocus()) return list.selectAll();
-        giveToText(m_parts.window.focusWidget(), &QLineEdit::selectAll, &QTextEdit::selectAll);
+        giveToText(m_parts.window.focusWidget(), &QLineEdit::selectAll, &QTextEdit::selectAll,
+                   WebPageEdit::SelectAll);
     });
     on(MenuCommand::Undo, [this] {
         QWidget *focused = m_parts.window.focusWidget();
         // A field that is searched with keeps its words when what was found is brought back.
         if (qobject_cast<QLineEdit *>(focused) && m_parts.window.takeBackShown()) return;
         if (hasTextToUndo(focused) || !m_parts.window.takeBack())
-            giveToText(focused, &QLineEdit::undo, &QTextEdit::undo);
+            giveToText(focused, &QLineEdit::undo, &QTextEdit::undo, WebPageEdit::Undo);
     });
     qApp->installEventFilter(this);
 }

@@ -2,6 +2,7 @@
 
 #include "model/OrvaneKit.h"
 
+#include <QDesktopServices>
 #include <QPointer>
 
 KWSummaryViewController::KWSummaryViewController(OrvaneKit &kit, CXClock &clock, const WebServices &services,
@@ -18,7 +19,12 @@ KWSummaryViewController::KWSummaryViewController(OrvaneKit &kit, CXClock &clock,
         const bool isThere = self && !self->m_page.unsavedText().isEmpty();
         return isThere ? QStringList{self->m_page.unsavedText()} : QStringList{};
     });
-    pane.setPage(
-        {.name = QStringLiteral("summary"), .handlers = {&m_universal, &m_summary, &m_page}, .openLink = {}},
-        services.plugin);
+    pane.setPage({.name = QStringLiteral("summary"),
+                  .handlers = {&m_universal, &m_summary, &m_page},
+                  .openLink =
+                      [open = services.openOwnLink](const QUrl &url) {
+                          url.scheme() == u"orvane" ? open(url.toString())
+                                                    : void(QDesktopServices::openUrl(url));
+                      }},
+                 services.plugin);
 }

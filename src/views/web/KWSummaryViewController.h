@@ -14,6 +14,7 @@ struct WebServices {
     WebPane::Plugin plugin;
     MailPort &mail;
     SummaryPageApi::HiddenTasks hiddenTasks;
+    std::function<void(const QString &)> openOwnLink; ///< to a task, such as "orvane://task/…"
 };
 
 /// The page of the summary at work in its pane. Main thread.

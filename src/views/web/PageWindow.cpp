@@ -54,7 +54,12 @@ void PageWindow::showMessage(const QString &message)
 
 bool PageWindow::mayGo()
 {
-    return mayLoseTexts(m_pane->unsavedTexts(), KWLocalizedString("Close Without Saving"), this);
+    if (m_isAsking) return false;
+    m_isAsking = true;
+    const QPointer self{this};
+    const bool may = mayLoseTexts(m_pane->unsavedTexts(), KWLocalizedString("Close Without Saving"), this);
+    if (self) m_isAsking = false;
+    return may;
 }
 
 // While the program ends it was asked about all texts at once.

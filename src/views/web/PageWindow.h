@@ -31,4 +31,5 @@ private:
     Toast *m_toast;
     ClockCall m_toastEnd;
     JsApiWindow m_api;
+    bool m_isAsking = false;
 };

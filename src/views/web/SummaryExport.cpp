@@ -51,9 +51,12 @@ QString SummaryExport::exportPNG()
 QString SummaryExport::exportMail(const QString &title, const QString &summary)
 {
     // A mail program takes its time; nobody asks for a second mail before it is there.
-    if (m_lastMail && m_clock.now() < *m_lastMail + betweenMails) return {};
-    m_lastMail = m_clock.now();
-    if (m_mail.composeText(title, summary)) return {};
+    if (m_lastMail && m_clock.now() < *m_lastMail + betweenMails)
+        return KWLocalizedString("A mail is being opened.");
+    if (m_mail.composeText(title, summary)) {
+        m_lastMail = m_clock.now();
+        return {};
+    }
     const QString sentence = KWLocalizedString("No mail program could be opened for this summary.");
     Q_EMIT told(sentence);
     return sentence;

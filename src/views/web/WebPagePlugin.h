@@ -17,6 +17,9 @@ struct WebPageLook {
     bool isRightToLeft = false;
 };
 
+/// What the Edit menu does with a text that has the focus.
+enum class WebPageEdit { Undo, Redo, Cut, Copy, Paste, SelectAll };
+
 /// A page of ours in a web view. Main thread.
 class WebPage {
 public:
@@ -26,6 +29,7 @@ public:
     virtual QWidget &view() = 0;
     /// From now on, for as long as the page is there.
     virtual void setLook(const WebPageLook &look) = 0;
+    virtual void edit(WebPageEdit action) = 0;
     /// What the page shows at first is on the screen.
     virtual bool isReady() const = 0;
     /// Pages of paper as the page is printed; empty when that fails.
@@ -52,4 +56,5 @@ public:
     virtual std::unique_ptr<WebPage> open(const WebPageRequest &request, QWidget &parent) = 0;
 };
 
-Q_DECLARE_INTERFACE(WebPagePlugin, "org.orvane.WebPagePlugin/2")
+#define WebPagePlugin_iid "org.orvane.WebPagePlugin/2"
+Q_DECLARE_INTERFACE(WebPagePlugin, WebPagePlugin_iid)

@@ -5,7 +5,9 @@
 #include "views/theme/Metrics.h"
 #include "views/theme/ThemeConfigurator.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
+#include <QInputMethodQueryEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -43,6 +45,15 @@ void WebPane::open()
     layout()->addWidget(&m_page->view());
     setFocusProxy(&m_page->view());
     dress();
+}
+
+bool WebPane::isTyping() const
+{
+    QWidget *focused = focusWidget();
+    if (!focused) return false;
+    QInputMethodQueryEvent query{Qt::ImEnabled};
+    QCoreApplication::sendEvent(focused, &query);
+    return query.value(Qt::ImEnabled).toBool();
 }
 
 void WebPane::explain()

@@ -24,6 +24,12 @@ public:
 
     /// Once. `plugin` is asked when the page is first shown; it answers null where there is none.
     void setPage(WebPageRequest request, Plugin plugin);
+    /// Whether a text is typed into that has the focus.
+    bool isTyping() const;
+    void edit(WebPageEdit action)
+    {
+        if (m_page) m_page->edit(action);
+    }
     /// None before it was shown, and where there is no plugin.
     WebPage *page() const { return m_page.get(); }
 

@@ -12,7 +12,8 @@ let written = '';       // the Markdown as the client wrote it
 let isEditing = false;
 let waitingChoice = ''; // for the answer whether an edited text may go
 let shownChoice = '';   // what the text below was written for
-let isStale = false;    // it has changed while nobody saw the page
+let isStale = false;    // it has changed while nobody saw the page, or its text was edited
+let shownHtml = '';
 let shownLists = '';    // as the client told them
 let taken = '';         // the Markdown that was last copied, mailed or inserted
 let toldUnsaved = '';
@@ -93,9 +94,10 @@ function ask(choice) {
     requestSummary(choice);
 }
 
+// Who is typing a date goes on with it.
 function askWhetherToWriteAnew() {
     byId('edited').hidden = false;
-    byId('keep').focus();
+    if (document.activeElement.type !== 'date') byId('keep').focus();
 }
 
 // What the person has written is not lost without a word.
@@ -111,7 +113,7 @@ function showPreview() {
     preview = preview.then(async () => {
         const made = new Promise(resolve => window.addEventListener('previewMade', resolve, {once: true}));
         requestPreview(field.value);
-        article.innerHTML = (await made).detail;
+        showHtml((await made).detail);
     });
     return preview;
 }
@@ -153,24 +155,38 @@ function take(markdown) {
     tellWhatIsUnsaved();
 }
 
+// Where a person is in the text stays, above all where it is the same.
+function writeField(markdown) {
+    if (field.value === markdown) return;
+    const {selectionStart, selectionEnd, scrollTop} = field;
+    field.value = markdown;
+    if (!isEditing) return;
+    field.setSelectionRange(selectionStart, selectionEnd);
+    field.scrollTop = scrollTop;
+}
+
+function showHtml(html) {
+    if (html === shownHtml) return;
+    shownHtml = html;
+    article.innerHTML = html;
+}
+
 window.addEventListener('summaryRead', event => {
     const summary = JSON.parse(event.detail);
     if (summary.error !== undefined) return toast(summary.error);
-    if (isEdited()) return askWhetherToWriteAnew(); // typed meanwhile
+    if (isEdited()) { // typed meanwhile
+        isStale = waitingChoice === shownChoice; // nobody has chosen anything else
+        if (!isStale) askWhetherToWriteAnew();
+        return;
+    }
+    isStale = false;
     shownChoice = waitingChoice;
     title = summary.title;
     written = summary.markdown;
-    const {selectionStart, selectionEnd, scrollTop} = field;
-    field.value = summary.markdown;
-    if (isEditing) {
-        field.setSelectionRange(selectionStart, selectionEnd);
-        field.scrollTop = scrollTop;
-    }
-    article.innerHTML = summary.html;
+    writeField(written);
+    showHtml(summary.html);
     byId('edited').hidden = true;
-    const {range, from, to} = JSON.parse(shownChoice);
-    const [first] = [from, to].filter(Boolean).sort();
-    byId('shortened').hidden = range !== 'days' || !first || summary.from <= first;
+    byId('shortened').hidden = !summary.isShortened;
     tellWhatIsUnsaved();
     tellReady();
 });
@@ -178,10 +194,11 @@ window.addEventListener('summaryRead', event => {
 // What it is of has changed, or the day has.
 async function refresh() {
     if (waitingChoice === '') return;
-    isStale = document.hidden;
-    if (isStale) return;
+    isStale = document.hidden || isEdited();
+    if (document.hidden) return;
     await fillLists();
-    if (!isEdited()) ask(JSON.stringify(choiceOfForm()));
+    if (isEdited()) return;
+    ask(JSON.stringify(choiceOfForm()));
 }
 
 window.addEventListener('summaryChanged', refresh);
@@ -189,7 +206,10 @@ document.addEventListener('visibilitychange', () => {
     if (isStale) refresh();
 });
 
-field.addEventListener('input', tellWhatIsUnsaved);
+field.addEventListener('input', () => {
+    tellWhatIsUnsaved();
+    if (isStale && !isEdited()) refresh();
+});
 form.addEventListener('submit', event => event.preventDefault());
 form.addEventListener('change', choose);
 byId('keep').addEventListener('click', () => {
@@ -225,7 +245,7 @@ document.addEventListener('click', event => {
         if (!details.contains(event.target)) details.open = false;
 });
 document.addEventListener('keydown', event => {
-    if (event.key === 'Escape' && !event.isComposing) {
+    if (event.key === 'Escape' && !event.isComposing && !event.repeat) {
         const open = document.querySelector('details[open]');
         if (!byId('copies').hidden) {
             closeMenu();

@@ -3,7 +3,7 @@
 
 document.getElementById('close').addEventListener('click', () => closeWindow(''));
 document.addEventListener('keydown', event => {
-    if (event.key === 'Escape') closeWindow('');
+    if (event.key === 'Escape' && !event.repeat) closeWindow('');
 });
 
 const report = document.getElementById('report');
