@@ -55,8 +55,9 @@ int Alert::run(const AlertText &alert, QWidget *parent)
     const QPointer box = new AlertBox{alert, parent};
     box->exec();
     if (!box) return escapeButtonOf(alert); // it went with its parent
-    box->deleteLater();
-    return box->chosen();
+    const int chosen = box->chosen();
+    delete box;
+    return chosen;
 }
 
 QWidget *Alert::open(const AlertText &alert, QWidget *window, std::function<void(int)> answered)
