@@ -32,15 +32,15 @@
 
 namespace {
 
-const WebPane *pageAround(const QWidget *widget)
+WebPane *pageAround(QWidget *widget)
 {
     for (; widget; widget = widget->parentWidget())
-        if (const auto *pane = qobject_cast<const WebPane *>(widget)) return pane;
+        if (auto *pane = qobject_cast<WebPane *>(widget)) return pane;
     return nullptr;
 }
 
 // A page does not say whether there is something.
-bool hasTextToUndo(const QWidget *widget)
+bool hasTextToUndo(QWidget *widget)
 {
     if (const WebPane *pane = pageAround(widget)) return pane->isTyping();
     if (const auto *line = qobject_cast<const QLineEdit *>(widget)) return line->isUndoAvailable();
@@ -56,7 +56,7 @@ void giveToText(QWidget *focused, LineEdit line, TextEdit text, WebPageEdit page
         std::invoke(line, lineEdit);
     else if (auto *textEdit = qobject_cast<QTextEdit *>(focused))
         std::invoke(text, textEdit);
-    else if (auto *pane = const_cast<WebPane *>(pageAround(focused)))
+    else if (WebPane *pane = pageAround(focused))
         pane->edit(page);
 }
 
@@ -158,7 +158,7 @@ bool MainWindowCommands::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isUndo = event->type() == QEvent::ShortcutOverride &&
                         static_cast<QKeyEvent *>(event)->matches(QKeySequence::Undo);
-    const auto *widget = isUndo ? qobject_cast<QWidget *>(watched) : nullptr;
+    auto *widget = isUndo ? qobject_cast<QWidget *>(watched) : nullptr;
     if (!widget || widget->window() != &m_parts.window || hasTextToUndo(widget))
         return QObject::eventFilter(watched, event);
     event->ignore();
