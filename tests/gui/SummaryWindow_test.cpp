@@ -58,6 +58,8 @@ public:
         return u"no method of that name"_s;
     }
 
+    void follow(const QUrl &link) { m_request.openLink(link); }
+
     QList<WebPageEdit> edits;
     QList<std::function<void(const QByteArray &)>> printed;
     QList<std::function<void(const QImage &)>> drawn;
@@ -199,6 +201,20 @@ private Q_SLOTS:
         m_pages.last->call("closeWindow", {}); // pressed twice
         answerNextAlert(Qt::Key_Space, u"alertButton0"_s);
         QTRY_VERIFY(!chooser());
+    }
+
+    void leadsToATaskWhereNoOtherWaitsForIt()
+    {
+        const QUrl link{u"orvane://task/"_s + m_tasks[1]};
+        openChooser();
+        m_pages.last->follow(link);
+        QVERIFY(toastOf(*chooser()).startsWith(u"This link leads to another task."));
+        QCOMPARE(m_client->window()->detail().shownTask(), m_tasks[0]);
+        closeByMouse();
+        QTRY_VERIFY(!chooser());
+        m_client->openList(u"Summary"_s);
+        m_pages.last->follow(link);
+        QTRY_COMPARE(m_client->window()->detail().shownTask(), m_tasks[1]);
     }
 
     void takesTheEditMenu()

@@ -1,6 +1,7 @@
 #include "views/web/KWSummaryViewController.h"
 
 #include "model/OrvaneKit.h"
+#include "model/settings/KWLocalizedString.h"
 
 #include <QDesktopServices>
 #include <QPointer>
@@ -22,9 +23,14 @@ KWSummaryViewController::KWSummaryViewController(OrvaneKit &kit, CXClock &clock,
     pane.setPage({.name = QStringLiteral("summary"),
                   .handlers = {&m_universal, &m_summary, &m_page},
                   .openLink =
-                      [open = services.openOwnLink](const QUrl &url) {
-                          url.scheme() == u"orvane" ? open(url.toString())
-                                                    : void(QDesktopServices::openUrl(url));
+                      [this, open = services.openOwnLink, isForTask = bool(insert)](const QUrl &url) {
+                          if (url.scheme() != u"orvane")
+                              QDesktopServices::openUrl(url);
+                          else if (isForTask)
+                              Q_EMIT told(KWLocalizedString(
+                                  "This link leads to another task. Close this window to follow it."));
+                          else
+                              open(url.toString());
                       }},
                  services.plugin);
 }

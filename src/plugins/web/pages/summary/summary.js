@@ -3,7 +3,7 @@
 
 const byId = id => document.getElementById(id);
 const form = byId('choice');
-const field = byId('markdown');
+let field = byId('markdown');
 const article = byId('summary');
 
 let texts = {};
@@ -95,16 +95,16 @@ function ask(choice) {
 }
 
 // Who is typing a date goes on with it.
-function askWhetherToWriteAnew() {
+function askWhetherToWriteAnew(place = document.activeElement) {
     byId('edited').hidden = false;
-    if (document.activeElement.type !== 'date') byId('keep').focus();
+    if (place?.type !== 'date') byId('keep').focus();
 }
 
 // What the person has written is not lost without a word.
-function choose() {
+function choose(event) {
     showChoice();
     waitingChoice = JSON.stringify(choiceOfForm());
-    if (isEdited()) askWhetherToWriteAnew();
+    if (isEdited()) askWhetherToWriteAnew(event.target);
     else ask(waitingChoice);
 }
 
@@ -155,12 +155,18 @@ function take(markdown) {
     tellWhatIsUnsaved();
 }
 
-// Where a person is in the text stays, above all where it is the same.
+// Where a person is in the text stays, above all where it is the same. The field is a new one: the steps of
+// Undo of the old one would make something else of the other text.
 function writeField(markdown) {
     if (field.value === markdown) return;
     const {selectionStart, selectionEnd, scrollTop} = field;
-    field.value = markdown;
+    const hasFocus = document.activeElement === field;
+    const fresh = field.cloneNode();
+    fresh.value = markdown;
+    field.replaceWith(fresh);
+    field = fresh;
     if (!isEditing) return;
+    if (hasFocus) field.focus({preventScroll: true});
     field.setSelectionRange(selectionStart, selectionEnd);
     field.scrollTop = scrollTop;
 }
@@ -185,6 +191,7 @@ window.addEventListener('summaryRead', event => {
     written = summary.markdown;
     writeField(written);
     showHtml(summary.html);
+    byId('edit').disabled = false;
     byId('edited').hidden = true;
     byId('shortened').hidden = !summary.isShortened;
     tellWhatIsUnsaved();
@@ -206,9 +213,11 @@ document.addEventListener('visibilitychange', () => {
     if (isStale) refresh();
 });
 
-field.addEventListener('input', () => {
+document.addEventListener('input', event => {
+    if (event.target !== field) return;
     tellWhatIsUnsaved();
-    if (isStale && !isEdited()) refresh();
+    // The edits were taken back: the question, and what has changed since, can be answered now.
+    if (!isEdited() && (isStale || !byId('edited').hidden)) refresh();
 });
 form.addEventListener('submit', event => event.preventDefault());
 form.addEventListener('change', choose);
@@ -221,6 +230,7 @@ byId('keep').addEventListener('click', () => {
 byId('rewrite').addEventListener('click', () => {
     written = field.value; // it may go
     ask(waitingChoice);
+    (isEditing ? field : article).focus();
 });
 byId('edit').addEventListener('click', () => setEditing(!isEditing));
 byId('copy').addEventListener('click', () => {
