@@ -16,6 +16,14 @@ _orvane_lists() {
 # word has begun.
 _orvane_names() {
     local typed=${1#[\"\']} begin=${1:0:1} name mark
+    # Outside quotation marks ":" and "=" end a word: what stands before them on the line is not offered again.
+    local ended=''
+    if [[ $begin != [\"\'] && ${COMP_LINE:0:COMP_POINT} =~ (([^[:space:]\\]|\\.)*)$ ]]; then
+        ended=${BASH_REMATCH[1]}
+        [[ $ended == --*=* ]] && ended=${ended#*=}
+        [[ $ended == *[:=]* ]] && typed=$ended
+        ended=${ended%"${ended##*[:=]}"}
+    fi
     typed=${typed//\\/}
     while IFS= read -r name; do
         [[ -n $name && ${name,,} == "${typed,,}"* ]] || continue
@@ -26,7 +34,10 @@ _orvane_names() {
             done
             ;;
         \') name=${name//\'/\'\\\'\'} ;;
-        *) name=$(printf '%q' "$name") ;;
+        *)
+            name=$(printf '%q' "$name")
+            name=${name:${#ended}}
+            ;;
         esac
         COMPREPLY+=("$name")
     done
