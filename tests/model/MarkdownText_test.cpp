@@ -33,11 +33,20 @@ private Q_SLOTS:
         row("看 https://example.org/a_b。然后", "看 <https://example.org/a_b>。然后");
         row("https: //a_b xhttps://a_b", "https: //a\\_b xhttps://a\\_b");
         row("https://a_b(((", "<https://a_b>(((");
+        row("https://a_b!?... mailto:...", "<https://a_b>!?... mailto:...");
     }
     void standsAsItWasTyped()
     {
         QFETCH(const QString, text);
         QTEST(MarkdownText::escaped(text), "markdown");
+    }
+
+    void takesAddressesOfAnyLength()
+    {
+        for (const QString &each : {u"a"_s, u"a."_s, u"a(b)"_s}) {
+            const QString address = u"https://"_s + each.repeated(300'000) + u'z';
+            QVERIFY2(MarkdownText::escaped(address) == u'<' + address + u'>', qPrintable(each));
+        }
     }
 
     void isAnItemForATask()

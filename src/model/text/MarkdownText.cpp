@@ -18,14 +18,14 @@ QString withEscapedMarks(QStringView text)
 
 } // namespace
 
-// Brackets belong to an address in pairs, marks at its end to the sentence around it.
+// Brackets belong to an address in pairs, marks at its end to the sentence around it. What is taken is never
+// tried again, however long it is.
 const QString &MarkdownText::addressPattern()
 {
     static const QString pattern = [] {
-        const QString outside = uR"(\s\x00-\x1f<>"\x{3000}-\x{303f}\x{ff01}-\x{ff0f}\x{ff1a}-\x{ff1f})"_s;
-        const QString inBrackets = uR"(\([^%1()]*\))"_s.arg(outside);
-        return uR"(\b(?:https?|mailto|orvane):(?:[^%1()]|%2)*(?:[^%1().,;:!?\]']|%2))"_s.arg(outside,
-                                                                                             inBrackets);
+        const QString outside = uR"(\s\x00-\x1f<>"\x{3000}-\x{303f}\x{ff01}-\x{ff0f}\x{ff1a}-\x{ff1f}())"_s;
+        const QString marks = uR"(.,;:!?\]')"_s;
+        return uR"(\b(?:https?|mailto|orvane):(?:[%2]*+(?:[^%1%2]++|\([^%1]*+\)))++)"_s.arg(outside, marks);
     }();
     return pattern;
 }

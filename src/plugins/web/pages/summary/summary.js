@@ -112,8 +112,10 @@ function choose(event) {
 function showPreview() {
     preview = preview.then(async () => {
         const made = new Promise(resolve => window.addEventListener('previewMade', resolve, {once: true}));
-        requestPreview(field.value);
-        showHtml((await made).detail);
+        const markdown = field.value;
+        requestPreview(markdown);
+        const html = (await made).detail;
+        if (isEdited() || field.value === markdown) showHtml(html); // else another summary is there already
     });
     return preview;
 }
